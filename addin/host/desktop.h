@@ -1,0 +1,92 @@
+// What is not automation: the narrow interface to the system, at the level of the platform's own calls.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "host/object.h"
+#include "host/text.h"
+
+namespace host {
+
+/// A registry key as the platform names it: a predefined root (sign-extended from 32 bits) or an open key.
+using KeyHandle = std::intptr_t;
+
+inline constexpr KeyHandle no_key = 0;
+inline constexpr std::int32_t current_user = static_cast<std::int32_t>(0x80000001);  // HKEY_CURRENT_USER
+
+/// Status codes of the registry calls. Values: the platform's winerror.h.
+namespace registry_status {
+inline constexpr std::int32_t success = 0;
+inline constexpr std::int32_t file_not_found = 2;
+inline constexpr std::int32_t invalid_handle = 6;
+inline constexpr std::int32_t more_data = 234;
+}  // namespace registry_status
+
+/// Types of registry values.
+namespace registry_type {
+inline constexpr std::uint32_t text = 1;    // REG_SZ
+inline constexpr std::uint32_t binary = 3;  // REG_BINARY
+inline constexpr std::uint32_t dword = 4;   // REG_DWORD
+}  // namespace registry_type
+
+/// The registry through its 8-bit interface. Sizes are in bytes and terminators count where they were stored.
+class Registry {
+  public:
+    virtual ~Registry() = default;
+
+    virtual std::int32_t open_key(KeyHandle root, const std::string& path, KeyHandle& key) = 0;
+    virtual std::int32_t create_key(KeyHandle root, const std::string& path, KeyHandle& key) = 0;
+
+    /// With null `data` only type and size are told. `size` is the buffer's size going in.
+    virtual std::int32_t query_value(KeyHandle key, const std::string& name, std::uint32_t& type, void* data,
+                                     std::uint32_t& size) = 0;
+    virtual std::int32_t set_value(KeyHandle key, const std::string& name, std::uint32_t type, const void* data,
+                                   std::uint32_t size) = 0;
+    virtual std::int32_t close_key(KeyHandle key) = 0;
+};
+
+/// Styles and answers of message boxes. Values: the platform's winuser.h.
+namespace box {
+inline constexpr std::uint32_t ok = 0, yes_no_cancel = 3, yes_no = 4, information = 64;
+inline constexpr int answer_ok = 1, answer_cancel = 2, answer_yes = 6, answer_no = 7;
+}  // namespace box
+
+/// Mouse pointers by the numbers of the windows' own `MousePointer`.
+enum class Pointer { standard = 0, hourglass = 11 };
+
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+
+    virtual Registry& registry() = 0;
+
+    /// Makes an automation object. Throws `Failure` with `result::bad_prog_id` for an unknown name.
+    virtual Object create(TextView prog_id) = 0;
+
+    /// The host's process-wide application object.
+    virtual Object application() = 0;
+
+    virtual int message_box(TextView text, TextView title, std::uint32_t style) = 0;
+
+    /// Gives way to the host's message queue until it is empty.
+    virtual void yield() = 0;
+    virtual void sleep(std::uint32_t milliseconds) = 0;
+    virtual void pointer(Pointer pointer) = 0;
+
+    /// Dots per inch across, by the device capabilities of the desktop window.
+    virtual int dots_per_inch() = 0;
+
+    /// The first file of that name or pattern, as the system's `Dir` with default attributes; empty if none.
+    virtual Text find_file(TextView path) = 0;
+    virtual void delete_file(TextView path) = 0;  ///< throws `Failure` if the file can't be deleted
+
+    /// The folder that the add-in's own file lies in, without a backslash at its end.
+    virtual Text own_folder() = 0;
+
+    /// The 8-bit form that the registry and ini interfaces take, and back.
+    virtual std::string narrow(TextView text) = 0;
+    virtual Text widen(const std::string& bytes) = 0;
+};
+
+}  // namespace host
