@@ -1,0 +1,71 @@
+// The faces of the sibling objects of the family.
+#pragma once
+
+#include "host/face.h"
+
+namespace host::family {
+
+/// The names by which sibling objects are made.
+namespace prog_id {
+inline constexpr TextView main_add_in = u"Tarnwell.connect";
+inline constexpr TextView reports = u"TarnwellReports.Reports";
+inline constexpr TextView safe_mail_item = u"TarnwellOMG.SafeMailItem";
+}  // namespace prog_id
+
+/// The add-in that owns the database's location. It is made for each use and never kept.
+class MainAddIn : public Face<MainAddIn> {
+  public:
+    static constexpr Kind kind{"MainAddIn"};
+    using Face::Face;
+
+    Text GetFolderId(TextView name) const { return call(u"GetFolderId", {Value(name)}).to_text(); }
+    Text GetStoreId() const { return call(u"GetStoreId").to_text(); }
+    Text getcurrentusername() const { return call(u"getcurrentusername").to_text(); }
+    Text getEmailAutoFile() const { return call(u"getEmailAutoFile").to_text(); }
+    Text getspecialfolderlocation() const { return call(u"getspecialfolderlocation").to_text(); }
+    Text GetDLLPath() const { return call(u"GetDLLPath").to_text(); }
+    void reloadtoolbar(TextView what) const { call(u"reloadtoolbar", {Value(what)}); }
+};
+
+class ReportsHost : public Face<ReportsHost> {
+  public:
+    static constexpr Kind kind{"ReportsHost"};
+    using Face::Face;
+
+    void Initiate() const { call(u"Initiate"); }
+};
+
+/// Tags of MAPI properties.
+namespace tag {
+inline constexpr std::int32_t sender_address = 0x0C1F001E;       // PR_SENDER_EMAIL_ADDRESS
+inline constexpr std::int32_t sender_address_type = 0x0C1E001E;  // PR_SENDER_ADDRTYPE
+inline constexpr std::int32_t smtp_address = 0x39FE001E;         // PR_SMTP_ADDRESS
+inline constexpr std::int32_t address_type = 0x3002001E;         // PR_ADDRTYPE
+inline constexpr std::int32_t address = 0x3003001E;              // PR_EMAIL_ADDRESS
+}  // namespace tag
+
+/// The sender of a wrapped mail.
+class SafeAddressEntry : public Face<SafeAddressEntry> {
+  public:
+    static constexpr Kind kind{"SafeAddressEntry"};
+    using Face::Face;
+
+    Text Fields(std::int32_t tag) const { return get(u"Fields", {tag}).to_text(); }
+};
+
+/// A mail's protected properties without the host's security prompt. Made for each use.
+class SafeMailItem : public Face<SafeMailItem> {
+  public:
+    static constexpr Kind kind{"SafeMailItem"};
+    using Face::Face;
+
+    void Item(const Object& item) const { put(u"Item", item); }
+    Text Fields(std::int32_t tag) const { return get(u"Fields", {tag}).to_text(); }
+    SafeAddressEntry sender() const { return SafeAddressEntry(object(u"sender")); }
+    Text To() const { return text(u"To"); }
+    Text Subject() const { return text(u"Subject"); }
+    Text Body() const { return text(u"Body"); }
+    Value SentOn() const { return get(u"SentOn"); }
+};
+
+}  // namespace host::family
