@@ -22,29 +22,40 @@ class Window {
     virtual void hide() = 0;
 };
 
-/// The place of a shared window: it comes up on first use. As long as nothing makes windows for a place, showing it
-/// does nothing.
+/// The small window that shows the progress of long operations.
+class StatusWindow : public Window {
+  public:
+    virtual void caption(host::TextView text) = 0;
+};
+
+/// The place of a shared window: it comes up on first use. As long as nothing makes windows for a place,
+/// showing it does nothing.
+template <class Kind = Window>
 class WindowPlace {
   public:
-    using Maker = std::function<std::unique_ptr<Window>()>;
+    using Maker = std::function<std::unique_ptr<Kind>()>;
 
     void made_by(Maker maker) { maker_ = std::move(maker); }
     [[nodiscard]] bool loaded() const { return window_ != nullptr; }
 
-    void show() {
+    /// The window, made if it isn't there; null if nothing makes it.
+    Kind* window() {
         if (!window_ && maker_) window_ = maker_();
-        if (window_) window_->show();
+        return window_.get();
+    }
+    void show() {
+        if (Kind* const shown = window()) shown->show();
     }
     void hide() {
         if (window_) window_->hide();
     }
     void unload() {
-        const std::unique_ptr<Window> going = std::move(window_);  // its end may come back here
+        const std::unique_ptr<Kind> going = std::move(window_);  // its end may come back here
     }
 
   private:
     Maker maker_;
-    std::unique_ptr<Window> window_;
+    std::unique_ptr<Kind> window_;
 };
 
 struct Session {
@@ -62,12 +73,19 @@ struct Session {
     host::Text gSelectedStoreID;
     host::Text gSelectedClass;
 
-    bool wasProtected = false;  ///< whether the context menu's bar was protected when it was opened for changes
+    bool wasProtected =
+        false;  ///< whether the context menu's bar was protected when it was opened for changes
 
-    WindowPlace search_panel;  ///< the default instance
-    WindowPlace gPanelMenu;
-    WindowPlace gPanelMenu2;
-    WindowPlace quick_view;
+    WindowPlace<StatusWindow> SearchForm;
+    WindowPlace<> search_panel;  ///< the default instance of `ShowItems`
+    WindowPlace<> gPanelMenu;
+    WindowPlace<> gPanelMenu2;
+    WindowPlace<> QuickView;
+
+    /// Work of rooms that open windows of their own; an empty one does nothing.
+    std::function<void(const host::Object& mail)> AutomaticCreateNoteSend;
+    std::function<void(host::Value& selection)> ShowQuickView;
+    std::function<void(host::Value& selection)> ShowTarnwell;
 };
 
 }  // namespace addin

@@ -67,8 +67,8 @@ std::int32_t Settings::SetValueEx(host::KeyHandle hKey, TextView sValueName, std
     return host::registry_status::success;
 }
 
-bool Settings::SetKeyValue(std::int32_t lKey, TextView sKeyName, TextView sValueName, const Value& vValueSetting,
-                           std::uint32_t lValueType) {
+bool Settings::SetKeyValue(std::int32_t lKey, TextView sKeyName, TextView sValueName,
+                           const Value& vValueSetting, std::uint32_t lValueType) {
     if (sKeyName.starts_with(u'\\')) {
         sKeyName.remove_prefix(1);  // what is left may be empty: that is the root itself
     } else if (sKeyName.empty()) {

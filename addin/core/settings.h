@@ -1,4 +1,5 @@
-// The user's options: one registry key, read anew at each use, so that a change takes effect at the next event.
+// The user's options: one registry key, read anew at each use, so that a change takes effect at the next
+// event.
 #pragma once
 
 #include "host/desktop.h"
@@ -25,23 +26,25 @@ inline constexpr host::TextView folder_name = u"AccountProfileFolderName";
 inline constexpr host::TextView user_name = u"UserName";
 }  // namespace setting
 
-/// The registry as the add-in and its siblings use it. The "9.0" stays in the key's path on every host version.
+/// The registry as the add-in and its siblings use it. The "9.0" stays in the key's path on every host
+/// version.
 class Settings {
   public:
-    static constexpr host::TextView key_name = u"Software\\Microsoft\\Office\\9.0\\Outlook\\Options\\Tarnwell";
+    static constexpr host::TextView key_name =
+        u"Software\\Microsoft\\Office\\9.0\\Outlook\\Options\\Tarnwell";
 
     explicit Settings(host::Desktop& desktop) : desktop_(desktop) {}
 
-    /// Reads a value of an open key into `vValue`: a text with its terminator, if one is stored, or an integer.
-    /// Answers 0, the registry's status, or -1 for a type that isn't supported; on failure `vValue` stays as it was,
-    /// or becomes empty when only the second reading of a text failed.
+    /// Reads a value of an open key into `vValue`: a text with its terminator, if one is stored, or an
+    /// integer. Answers 0, the registry's status, or -1 for a type that isn't supported; on failure `vValue`
+    /// stays as it was, or becomes empty when only the second reading of a text failed.
     std::int32_t QueryValueEx(host::KeyHandle lhKey, host::TextView szValueName, host::Value& vValue);
 
     /// A value without its terminator: a text, an integer, or empty if it can't be read for whatever reason.
     host::Value GetKeyValueEx(std::int32_t lKey, host::TextView sKeyName, host::TextView sValueName);
 
-    /// Writes a text (without terminator) or an integer to an open key. Answers the registry's status; 0 for any
-    /// other type, of which nothing is written.
+    /// Writes a text (without terminator) or an integer to an open key. Answers the registry's status; 0 for
+    /// any other type, of which nothing is written.
     std::int32_t SetValueEx(host::KeyHandle hKey, host::TextView sValueName, std::uint32_t lType,
                             const host::Value& vValue);
 

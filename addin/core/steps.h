@@ -7,8 +7,8 @@
 
 namespace addin {
 
-/// One routine's error state. One statement of the routine is one step: a whole routine in one `run` would skip its
-/// rest where only one statement failed.
+/// One routine's error state. One statement of the routine is one step: a whole routine in one `run` would
+/// skip its rest where only one statement failed.
 class Steps {
   public:
     /// Runs a statement. A failure is remembered and ends only this statement.

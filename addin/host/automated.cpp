@@ -7,13 +7,20 @@ namespace {
 
 Value converted(const Value& value, Takes takes) {
     switch (takes) {
-        case Takes::value: return value;
-        case Takes::text: return value.is(Value::Type::text) ? value : Value(value.to_text());
-        case Takes::integer: return value.to_integer();
-        case Takes::boolean: return value.to_boolean();
-        case Takes::number: return value.to_number();
-        case Takes::date: return value.to_date();
-        case Takes::object: return value.to_object();
+        case Takes::value:
+            return value;
+        case Takes::text:
+            return value.is(Value::Type::text) ? value : Value(value.to_text());
+        case Takes::integer:
+            return value.to_integer();
+        case Takes::boolean:
+            return value.to_boolean();
+        case Takes::number:
+            return value.to_number();
+        case Takes::date:
+            return value.to_date();
+        case Takes::object:
+            return value.to_object();
     }
     return value;
 }
@@ -60,7 +67,8 @@ std::vector<Value> arrange(const MemberFacts& facts, Request& request) {
         given.clear();
     }
     given.resize(count, Missing{});
-    for (NamedArgument& argument : request.named) given[place_of(facts, argument.name)] = std::move(argument.value);
+    for (NamedArgument& argument : request.named)
+        given[place_of(facts, argument.name)] = std::move(argument.value);
     request.named.clear();
 
     for (std::size_t i = 0; i < count; ++i) {
@@ -77,7 +85,8 @@ std::vector<Value> arrange(const MemberFacts& facts, Request& request) {
 
 Value ask_default_member(const Value& answer, std::vector<Value> arguments) {
     if (!answer.is(Value::Type::object)) throw Failure(result::bad_count);
-    Request request{.access = Access::get, .member = {}, .id = default_member, .arguments = std::move(arguments)};
+    Request request{
+        .access = Access::get, .member = {}, .id = default_member, .arguments = std::move(arguments)};
     return answer.to_object().invoke(request);
 }
 

@@ -9,7 +9,8 @@
 
 namespace host {
 
-/// What a parameter takes. A value of another type is converted, and `result::type_mismatch` says that it can't be.
+/// What a parameter takes. A value of another type is converted, and `result::type_mismatch` says that it
+/// can't be.
 enum class Takes { value, text, integer, boolean, number, date, object };
 
 struct Parameter {
@@ -18,8 +19,8 @@ struct Parameter {
     bool optional = false;
 };
 
-/// The arguments of one call, in the order of the parameters, those left out as `Missing`. The first ones stand in
-/// the caller's own request, so that a change of them is seen there.
+/// The arguments of one call, in the order of the parameters, those left out as `Missing`. The first ones
+/// stand in the caller's own request, so that a change of them is seen there.
 class Arguments {
   public:
     Arguments(std::span<Value> values, Access access) : values_(values), access_(access) {}
@@ -69,7 +70,8 @@ class Members {
     /// The row that a request names, by its id if it has one; null if there is none.
     const Row<T>* find(const Request& request) const {
         for (const Row<T>& row : rows_) {
-            if (request.member.empty() ? row.id == request.id : same_ignoring_case(row.name, request.member)) return &row;
+            if (request.member.empty() ? row.id == request.id : same_ignoring_case(row.name, request.member))
+                return &row;
         }
         return nullptr;
     }
@@ -84,8 +86,8 @@ class Members {
 /// Throws `result::unknown_name` for a name that is no parameter.
 Value identify(const MemberFacts& facts, Request& request);
 
-/// Brings a request's arguments into the order of the parameters, converts them and checks their number. Afterwards
-/// the request has as many arguments as the member has parameters, and one more for a put.
+/// Brings a request's arguments into the order of the parameters, converts them and checks their number.
+/// Afterwards the request has as many arguments as the member has parameters, and one more for a put.
 /// Arguments beyond those of a property without parameters are returned: they are meant for the default
 /// member of what the property holds.
 std::vector<Value> arrange(const MemberFacts& facts, Request& request);
@@ -109,7 +111,8 @@ template <class T>
 class Automated : public Invocable, public std::enable_shared_from_this<T> {
   public:
     Value invoke(Request& request) override {
-        if (const Row<T>* row = T::members().find(request)) return dispatch(static_cast<T&>(*this), *row, request);
+        if (const Row<T>* row = T::members().find(request))
+            return dispatch(static_cast<T&>(*this), *row, request);
         throw_no_member(request);
     }
 };

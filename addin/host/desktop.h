@@ -41,8 +41,8 @@ class Registry {
     /// With null `data` only type and size are told. `size` is the buffer's size going in.
     virtual std::int32_t query_value(KeyHandle key, const std::string& name, std::uint32_t& type, void* data,
                                      std::uint32_t& size) = 0;
-    virtual std::int32_t set_value(KeyHandle key, const std::string& name, std::uint32_t type, const void* data,
-                                   std::uint32_t size) = 0;
+    virtual std::int32_t set_value(KeyHandle key, const std::string& name, std::uint32_t type,
+                                   const void* data, std::uint32_t size) = 0;
     virtual std::int32_t close_key(KeyHandle key) = 0;
 };
 
@@ -83,6 +83,11 @@ class Desktop {
 
     /// The folder that the add-in's own file lies in, without a backslash at its end.
     virtual Text own_folder() = 0;
+
+    /// A value's text in one of the system's named formats ("Currency", "Short Date", "Percent"), by the
+    /// user's regional settings, first day of the week and first week of the year given as 1 (the platform's
+    /// VarFormat). Throws `Failure` for a text that can't be read as a number or date.
+    virtual Text format(TextView value, TextView named_format) = 0;
 
     /// The 8-bit form that the registry and ini interfaces take, and back.
     virtual std::string narrow(TextView text) = 0;

@@ -44,7 +44,8 @@ void Sink::connect(const EventInterface& interface, Object source, std::vector<H
     if (!source_) return;
     interface_ = &interface;
     receiver_ = std::make_shared<Receiver>(interface, std::move(handlers));
-    Request request{.access = Access::advise, .member = {}, .interface = interface.id, .sink = Value(receiver_)};
+    Request request{
+        .access = Access::advise, .member = {}, .interface = interface.id, .sink = Value(receiver_)};
     try {
         cookie_ = source_.invoke(request);
     } catch (...) {
@@ -57,8 +58,10 @@ void Sink::clear() noexcept {
     if (receiver_) {
         static_cast<Receiver&>(*receiver_).cut_off();
         try {
-            Request request{
-                .access = Access::unadvise, .member = {}, .arguments = {cookie_}, .interface = interface_->id};
+            Request request{.access = Access::unadvise,
+                            .member = {},
+                            .arguments = {cookie_},
+                            .interface = interface_->id};
             source_.invoke(request);
         } catch (...) {
             // a source that is gone has no subscription left to end

@@ -31,7 +31,8 @@ struct Handler {
     std::function<void(std::span<Value>)> run;
 };
 
-/// An event subscription. Assigning another source, or clearing, ends the earlier one; so does the end of the sink.
+/// An event subscription. Assigning another source, or clearing, ends the earlier one; so does the end of the
+/// sink.
 class Sink {
   public:
     Sink() = default;
@@ -39,8 +40,8 @@ class Sink {
     Sink(const Sink&) = delete;
     Sink& operator=(const Sink&) = delete;
 
-    /// Holds the source and receives its events. Throws what the source throws when it refuses; the source is held
-    /// then all the same, as a member that was assigned is.
+    /// Holds the source and receives its events. Throws what the source throws when it refuses; the source is
+    /// held then all the same, as a member that was assigned is.
     void connect(const EventInterface& interface, Object source, std::vector<Handler> handlers);
 
     /// Ends the subscription and lets go of the source. A source that fails meanwhile is let go of.

@@ -32,7 +32,7 @@ enum class Access {
     unadvise   ///< ends the subscription whose cookie is the first argument
 };
 
-inline constexpr std::int32_t no_id = -1;        ///< the dispatch id that stands for "not known"
+inline constexpr std::int32_t no_id = -1;          ///< the dispatch id that stands for "not known"
 inline constexpr std::int32_t default_member = 0;  ///< the dispatch id of an object's default member
 
 struct NamedArgument {
@@ -40,8 +40,8 @@ struct NamedArgument {
     Value value;
 };
 
-/// One call to an object. The arguments belong to the callee while it runs: it may change those whose bit is set
-/// in `by_reference`, and the caller finds the changed value there afterwards.
+/// One call to an object. The arguments belong to the callee while it runs: it may change those whose bit is
+/// set in `by_reference`, and the caller finds the changed value there afterwards.
 struct Request {
     Access access = Access::call;
     TextView member;                     ///< compared without regard to case; empty if only `id` is known
@@ -72,7 +72,8 @@ class Object {
   public:
     Object() = default;
     Object(std::nullptr_t) {}
-    Object(std::shared_ptr<Invocable> target, const Kind* kind = nullptr) : target_(std::move(target)), kind_(kind) {}
+    Object(std::shared_ptr<Invocable> target, const Kind* kind = nullptr)
+        : target_(std::move(target)), kind_(kind) {}
 
     explicit operator bool() const { return target_ != nullptr; }
     void reset() { target_.reset(); }

@@ -5,8 +5,8 @@
 
 namespace host::office {
 
-inline constexpr std::int32_t control_button = 1;       // MsoControlType
-inline constexpr std::int32_t bar_no_customize = 1;     // MsoBarProtection, one bit
+inline constexpr std::int32_t control_button = 1;    // MsoControlType
+inline constexpr std::int32_t bar_no_customize = 1;  // MsoBarProtection, one bit
 
 class ComAddIn : public Face<ComAddIn> {
   public:

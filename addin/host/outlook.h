@@ -18,8 +18,8 @@ namespace object_class {
 inline constexpr std::int32_t folder = 2, appointment = 26, mail = 43, note = 44;
 }
 
-inline constexpr std::int32_t flag_complete = 1;         // OlFlagStatus
-inline constexpr std::int32_t sensitivity_normal = 0;    // OlSensitivity
+inline constexpr std::int32_t flag_complete = 1;       // OlFlagStatus
+inline constexpr std::int32_t sensitivity_normal = 0;  // OlSensitivity
 
 class UserProperty : public Face<UserProperty> {
   public:
@@ -77,7 +77,9 @@ class Item : public Face<Item> {
     void FlagRequest(TextView value) const { put(u"FlagRequest", value); }
     Text CompanyName() const { return text(u"CompanyName"); }
     Text FullName() const { return text(u"FullName"); }
-    outlook::UserProperties UserProperties() const { return outlook::UserProperties(object(u"UserProperties")); }
+    outlook::UserProperties UserProperties() const {
+        return outlook::UserProperties(object(u"UserProperties"));
+    }
     outlook::Attachments Attachments() const { return outlook::Attachments(object(u"Attachments")); }
 
     void Save() const { call(u"Save"); }
@@ -93,7 +95,9 @@ class Items : public CollectionFace<Items, Item> {
         return outlook::Item(call(u"Add", {Value(message_class)}).to_object());
     }
     /// The first item that matches, or Nothing.
-    outlook::Item Find(TextView filter) const { return outlook::Item(call(u"Find", {Value(filter)}).to_object()); }
+    outlook::Item Find(TextView filter) const {
+        return outlook::Item(call(u"Find", {Value(filter)}).to_object());
+    }
 };
 
 class Folders;
@@ -159,7 +163,9 @@ class Application : public Face<Application> {
     Explorer ActiveExplorer() const { return Explorer(call(u"ActiveExplorer").to_object()); }
     Object Explorers() const { return object(u"Explorers"); }
     outlook::Inspectors Inspectors() const { return outlook::Inspectors(object(u"Inspectors")); }
-    NameSpace GetNamespace(TextView type) const { return NameSpace(call(u"GetNamespace", {Value(type)}).to_object()); }
+    NameSpace GetNamespace(TextView type) const {
+        return NameSpace(call(u"GetNamespace", {Value(type)}).to_object());
+    }
     office::ComAddIns COMAddIns() const { return office::ComAddIns(object(u"COMAddIns")); }
 };
 

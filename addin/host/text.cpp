@@ -9,13 +9,13 @@ namespace {
 /// blocks that names are written in.
 struct CaseRange {
     char16_t first, last;  ///< of the upper case
-    int step;              ///< distance to the lower case; 1: pairs, upper case at the even places from `first`
+    int step;  ///< distance to the lower case; 1: pairs, upper case at the even places from `first`
 };
 constexpr CaseRange case_ranges[] = {
-    {u'A', u'Z', 32},        {0x00C0, 0x00D6, 32},    {0x00D8, 0x00DE, 32},   {0x0100, 0x012F, 1},
-    {0x0132, 0x0137, 1},     {0x0139, 0x0148, 1},     {0x014A, 0x0177, 1},    {0x0179, 0x017E, 1},
-    {0x0386, 0x0386, 38},    {0x0388, 0x038A, 37},    {0x0391, 0x03A1, 32},   {0x03A3, 0x03AB, 32},
-    {0x0400, 0x040F, 80},    {0x0410, 0x042F, 32},    {0x0460, 0x0481, 1},    {0x048A, 0x04BF, 1},
+    {u'A', u'Z', 32},     {0x00C0, 0x00D6, 32}, {0x00D8, 0x00DE, 32}, {0x0100, 0x012F, 1},
+    {0x0132, 0x0137, 1},  {0x0139, 0x0148, 1},  {0x014A, 0x0177, 1},  {0x0179, 0x017E, 1},
+    {0x0386, 0x0386, 38}, {0x0388, 0x038A, 37}, {0x0391, 0x03A1, 32}, {0x03A3, 0x03AB, 32},
+    {0x0400, 0x040F, 80}, {0x0410, 0x042F, 32}, {0x0460, 0x0481, 1},  {0x048A, 0x04BF, 1},
     {0x1E00, 0x1E95, 1},
 };
 
@@ -50,7 +50,8 @@ std::string to_utf8(TextView text) {
         const bool high = unit >= 0xD800 && unit <= 0xDBFF;
         const bool pair = high && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF;
         if (pair) {
-            append_utf8(bytes, 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (char32_t{text[i + 1]} - 0xDC00));
+            append_utf8(bytes,
+                        0x10000 + ((char32_t{unit} - 0xD800) << 10) + (char32_t{text[i + 1]} - 0xDC00));
             ++i;
         } else {
             append_utf8(bytes, unit >= 0xD800 && unit <= 0xDFFF ? replacement : unit);
@@ -64,7 +65,10 @@ Text from_utf8(std::string_view bytes) {
     text.reserve(bytes.size());
     for (std::size_t i = 0; i < bytes.size();) {
         const auto first = static_cast<unsigned char>(bytes[i]);
-        const std::size_t length = first < 0x80 ? 1 : (first & 0xE0) == 0xC0 ? 2 : (first & 0xF0) == 0xE0 ? 3 : 4;
+        const std::size_t length = first < 0x80             ? 1
+                                   : (first & 0xE0) == 0xC0 ? 2
+                                   : (first & 0xF0) == 0xE0 ? 3
+                                                            : 4;
         constexpr unsigned first_bits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
         constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
         bool good = length == 1 || (first >= 0xC2 && first <= 0xF4 && i + length <= bytes.size());
@@ -126,8 +130,9 @@ Text folded(TextView text) {
 }
 
 bool same_ignoring_case(TextView left, TextView right) {
-    return left.size() == right.size() &&
-           std::ranges::equal(left, right, [](char16_t a, char16_t b) { return a == b || lower(a) == lower(b); });
+    return left.size() == right.size() && std::ranges::equal(left, right, [](char16_t a, char16_t b) {
+               return a == b || lower(a) == lower(b);
+           });
 }
 
 int compare_ignoring_case(TextView left, TextView right) { return folded(left).compare(folded(right)); }

@@ -46,7 +46,8 @@ Date to_date(const ClockTime& clock) {
                        std::chrono::day{static_cast<unsigned>(clock.day)}};
     const double whole = static_cast<double>((day - epoch).count());
     const double part = (clock.hour * 3600.0 + clock.minute * 60.0 + clock.second) / seconds_per_day;
-    return Date{whole < 0 ? whole - part : whole + part};  // before the epoch the fraction counts away from it
+    return Date{whole < 0 ? whole - part
+                          : whole + part};  // before the epoch the fraction counts away from it
 }
 
 ClockTime to_clock(Date date) {
@@ -58,15 +59,19 @@ ClockTime to_clock(Date date) {
         whole += 1;
     }
     const year_month_day day{epoch + days{static_cast<int>(whole)}};
-    return {static_cast<int>(day.year()), static_cast<int>(static_cast<unsigned>(day.month())),
-            static_cast<int>(static_cast<unsigned>(day.day())), seconds / 3600, seconds / 60 % 60, seconds % 60};
+    return {static_cast<int>(day.year()),
+            static_cast<int>(static_cast<unsigned>(day.month())),
+            static_cast<int>(static_cast<unsigned>(day.day())),
+            seconds / 3600,
+            seconds / 60 % 60,
+            seconds % 60};
 }
 
 Text to_text(Date date) {
     const ClockTime clock = to_clock(date);
     std::array<char, 64> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), "%04d-%02d-%02d %02d:%02d:%02d", clock.year, clock.month, clock.day,
-                  clock.hour, clock.minute, clock.second);
+    std::snprintf(buffer.data(), buffer.size(), "%04d-%02d-%02d %02d:%02d:%02d", clock.year, clock.month,
+                  clock.day, clock.hour, clock.minute, clock.second);
     return from_utf8(buffer.data());
 }
 
@@ -82,10 +87,12 @@ std::optional<Date> read_date(TextView text) {
     if (!rest.empty()) {
         int time_used = 0;
         const std::string time(rest.front() == 'T' ? rest.substr(1) : rest);
-        if (std::sscanf(time.c_str(), "%2d:%2d:%2d%n", &clock.hour, &clock.minute, &clock.second, &time_used) != 3) {
+        if (std::sscanf(time.c_str(), "%2d:%2d:%2d%n", &clock.hour, &clock.minute, &clock.second,
+                        &time_used) != 3) {
             time_used = 0;
             clock.second = 0;
-            if (std::sscanf(time.c_str(), " %2d:%2d%n", &clock.hour, &clock.minute, &time_used) != 2) return std::nullopt;
+            if (std::sscanf(time.c_str(), " %2d:%2d%n", &clock.hour, &clock.minute, &time_used) != 2)
+                return std::nullopt;
         }
         const std::string half = time.substr(static_cast<std::size_t>(time_used));
         const bool morning = half == " AM", evening = half == " PM";
@@ -97,8 +104,8 @@ std::optional<Date> read_date(TextView text) {
     const std::chrono::year_month_day day{std::chrono::year{clock.year},
                                           std::chrono::month{static_cast<unsigned>(clock.month)},
                                           std::chrono::day{static_cast<unsigned>(clock.day)}};
-    const bool good = day.ok() && clock.year >= 100 && clock.hour >= 0 && clock.hour < 24 && clock.minute >= 0 &&
-                      clock.minute < 60 && clock.second >= 0 && clock.second < 60;
+    const bool good = day.ok() && clock.year >= 100 && clock.hour >= 0 && clock.hour < 24 &&
+                      clock.minute >= 0 && clock.minute < 60 && clock.second >= 0 && clock.second < 60;
     if (!good) return std::nullopt;
     return to_date(clock);
 }
@@ -118,7 +125,8 @@ bool Value::to_boolean() const {
 std::int32_t Value::to_integer() const {
     if (const auto* integer = std::get_if<std::int32_t>(&data_)) return *integer;
     const double rounded = std::nearbyint(to_number());
-    if (!(rounded >= std::numeric_limits<std::int32_t>::min() && rounded <= std::numeric_limits<std::int32_t>::max())) {
+    if (!(rounded >= std::numeric_limits<std::int32_t>::min() &&
+          rounded <= std::numeric_limits<std::int32_t>::max())) {
         throw Failure(result::overflow, u"Overflow");
     }
     return static_cast<std::int32_t>(rounded);
@@ -126,15 +134,21 @@ std::int32_t Value::to_integer() const {
 
 double Value::to_number() const {
     switch (type()) {
-        case Type::empty: return 0;
-        case Type::boolean: return std::get<bool>(data_) ? -1 : 0;
-        case Type::integer: return std::get<std::int32_t>(data_);
-        case Type::number: return std::get<double>(data_);
-        case Type::date: return std::get<Date>(data_).days;
+        case Type::empty:
+            return 0;
+        case Type::boolean:
+            return std::get<bool>(data_) ? -1 : 0;
+        case Type::integer:
+            return std::get<std::int32_t>(data_);
+        case Type::number:
+            return std::get<double>(data_);
+        case Type::date:
+            return std::get<Date>(data_).days;
         case Type::text:
             if (const std::optional<double> number = read_number(std::get<Text>(data_))) return *number;
             mismatch();
-        default: mismatch();
+        default:
+            mismatch();
     }
 }
 
@@ -148,13 +162,20 @@ Date Value::to_date() const {
 
 Text Value::to_text() const {
     switch (type()) {
-        case Type::empty: return {};
-        case Type::boolean: return std::get<bool>(data_) ? u"True" : u"False";
-        case Type::integer: return host::to_text(static_cast<long long>(std::get<std::int32_t>(data_)));
-        case Type::number: return number_text(std::get<double>(data_));
-        case Type::date: return host::to_text(std::get<Date>(data_));
-        case Type::text: return std::get<Text>(data_);
-        default: mismatch();
+        case Type::empty:
+            return {};
+        case Type::boolean:
+            return std::get<bool>(data_) ? u"True" : u"False";
+        case Type::integer:
+            return host::to_text(static_cast<long long>(std::get<std::int32_t>(data_)));
+        case Type::number:
+            return number_text(std::get<double>(data_));
+        case Type::date:
+            return host::to_text(std::get<Date>(data_));
+        case Type::text:
+            return std::get<Text>(data_);
+        default:
+            mismatch();
     }
 }
 
@@ -170,7 +191,8 @@ const Array& Value::to_array() const {
 }
 
 bool operator==(const Value& left, const Value& right) {
-    if (left.is(Value::Type::array) && right.is(Value::Type::array)) return left.to_array() == right.to_array();
+    if (left.is(Value::Type::array) && right.is(Value::Type::array))
+        return left.to_array() == right.to_array();
     return left.data_ == right.data_;
 }
 

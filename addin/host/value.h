@@ -42,8 +42,8 @@ ClockTime to_clock(Date date);  ///< rounded to whole seconds
 /// A date as "2026-03-03 09:15:00".
 Text to_text(Date date);
 
-/// Reads "2026-03-03", "2026-03-03 09:15", "2026-03-03 09:15:00", "3/3/2026 9:15 AM" and "3/3/2026"; nothing for
-/// any other text.
+/// Reads "2026-03-03", "2026-03-03 09:15", "2026-03-03 09:15:00", "3/3/2026 9:15 AM" and "3/3/2026"; nothing
+/// for any other text.
 std::optional<Date> read_date(TextView text);
 
 /// A value of one of Automation's types. Conversions follow Automation's rules and throw
@@ -71,7 +71,7 @@ class Value {
     bool is(Type type) const { return this->type() == type; }
     bool is_missing() const { return is(Type::missing); }
 
-    bool to_boolean() const;          ///< a 16-bit boolean; numbers but 0 are true, "True" and "-1" read as true
+    bool to_boolean() const;  ///< a 16-bit boolean; numbers but 0 are true, "True" and "-1" read as true
     std::int32_t to_integer() const;  ///< 32 bits, rounded half to even; `result::overflow` beyond
     double to_number() const;
     Date to_date() const;
@@ -83,8 +83,8 @@ class Value {
     friend bool operator==(const Value& left, const Value& right);
 
   private:
-    std::variant<std::monostate, Null, Missing, bool, std::int32_t, double, Date, Text, std::shared_ptr<Invocable>,
-                 std::shared_ptr<const Array>>
+    std::variant<std::monostate, Null, Missing, bool, std::int32_t, double, Date, Text,
+                 std::shared_ptr<Invocable>, std::shared_ptr<const Array>>
         data_;
 };
 
@@ -114,7 +114,9 @@ class Array {
     friend bool operator==(const Array& left, const Array& right);
 
   private:
-    static std::size_t size(Bounds bounds) { return static_cast<std::size_t>(bounds.count > 0 ? bounds.count : 0); }
+    static std::size_t size(Bounds bounds) {
+        return static_cast<std::size_t>(bounds.count > 0 ? bounds.count : 0);
+    }
     std::size_t place(std::int32_t index) const;
     std::size_t place(std::int32_t first, std::int32_t second) const;
 

@@ -13,8 +13,8 @@ inline host::family::MainAddIn make_main_add_in(host::Desktop& desktop) {
     return host::family::MainAddIn(desktop.create(host::family::prog_id::main_add_in));
 }
 
-/// Opens a folder of the database by its name, "Account Profiles" or "System Folder". Throws `Failure` if anything on
-/// the way fails.
+/// Opens a folder of the database by its name, "Account Profiles" or "System Folder". Throws `Failure` if
+/// anything on the way fails.
 inline host::outlook::Folder open_folder(host::Desktop& desktop, const host::family::MainAddIn& main_add_in,
                                          host::TextView name) {
     const host::Text folder_id = main_add_in.GetFolderId(name);

@@ -1,5 +1,5 @@
-// What records are called: message classes, folders and user properties. The names are compared as they stand here,
-// odd spellings included; nothing else in the add-in spells one.
+// What records are called: message classes, folders and user properties. The names are compared as they stand
+// here, odd spellings included; nothing else in the add-in spells one.
 #pragma once
 
 #include "host/text.h"
@@ -9,7 +9,8 @@ namespace addin::records {
 using Name = host::TextView;
 
 namespace folder {
-inline constexpr Name account_profiles = u"Account Profiles";  ///< the anchor; its parent is the database's root
+inline constexpr Name account_profiles =
+    u"Account Profiles";  ///< the anchor; its parent is the database's root
 inline constexpr Name account_contacts = u"Account Contacts";  ///< below the anchor
 inline constexpr Name leads = u"Leads";                        ///< beside the anchor
 inline constexpr Name email = u"Email";                        ///< below the anchor
@@ -19,8 +20,9 @@ inline constexpr Name customer_service = u"Customer Service";  ///< below the an
 inline constexpr Name actions = u"Actions";                    ///< below `customer_service`
 inline constexpr Name drop_downs = u"Drop Downs";              ///< below the anchor
 inline constexpr Name system = u"System Folder";               ///< beside the anchor
-inline constexpr Name global_calendar = u"Global Calendar";    ///< beside the anchor, unless an option names another
-inline constexpr Name global_tasks = u"Global Tasks";          ///< beside the anchor, unless an option names another
+inline constexpr Name global_calendar =
+    u"Global Calendar";                                ///< beside the anchor, unless an option names another
+inline constexpr Name global_tasks = u"Global Tasks";  ///< beside the anchor, unless an option names another
 }  // namespace folder
 
 namespace message_class {
@@ -48,7 +50,8 @@ namespace property {
 inline constexpr Name account_id = u"AccountID";
 inline constexpr Name contact_id = u"ContactID";
 inline constexpr Name opportunity_id = u"OppID";
-inline constexpr Name opportunity_id_as_written = u"OPPID";  ///< the spelling that Quick View's new record writes
+inline constexpr Name opportunity_id_as_written =
+    u"OPPID";  ///< the spelling that Quick View's new record writes
 inline constexpr Name inquiry_id = u"Inquiry ID";
 inline constexpr Name inquiry_type = u"Inquiry Type";
 inline constexpr Name note_id = u"NoteID";
@@ -57,8 +60,8 @@ inline constexpr Name task_id = u"TaskID";
 inline constexpr Name account_name = u"Account Name";
 inline constexpr Name contact_name = u"Contact Name";
 inline constexpr Name opportunity_name = u"Opportunity Name";
-inline constexpr Name name = u"Name";           ///< of an opportunity
-inline constexpr Name contact1 = u"Contact1";   ///< of an opportunity
+inline constexpr Name name = u"Name";          ///< of an opportunity
+inline constexpr Name contact1 = u"Contact1";  ///< of an opportunity
 inline constexpr Name account_manager = u"Account Manager";
 inline constexpr Name team = u"Team";
 inline constexpr Name alignment = u"Alignment";
@@ -69,7 +72,7 @@ inline constexpr Name account_city = u"AccountCity";
 inline constexpr Name account_state = u"AccountState";
 inline constexpr Name account_zip = u"Accountzip";
 inline constexpr Name account_phone = u"AccountPhone";
-inline constexpr Name account_fax = u"Account Fax";           ///< with a blank, as most places read it
+inline constexpr Name account_fax = u"Account Fax";            ///< with a blank, as most places read it
 inline constexpr Name account_fax_of_results = u"AccountFax";  ///< without, as the panel's results read it
 inline constexpr Name account_web = u"Account Web";
 inline constexpr Name account_location = u"Account LocationID";
@@ -86,7 +89,8 @@ inline constexpr Name email2 = u"Email2Address";
 inline constexpr Name email3 = u"Email3Address";
 inline constexpr Name full_name = u"FullName";
 inline constexpr Name subject = u"Subject";
-inline constexpr Name files_as = u"FilesAs";  ///< no field of the host bears this name; Create note asks for it so
+inline constexpr Name files_as =
+    u"FilesAs";  ///< no field of the host bears this name; Create note asks for it so
 }  // namespace field
 
 /// Texts of a note's `Type`.
@@ -95,7 +99,8 @@ inline constexpr Name received = u"Email (Received)";
 inline constexpr Name sent = u"Email (Sent)";
 }  // namespace note_type
 
-/// How a new contact's fields come from its account: each pair is copied when a contact is made under an account.
+/// How a new contact's fields come from its account: each pair is copied when a contact is made under an
+/// account.
 struct AccountToContact {
     Name account_property;
     Name contact_field;

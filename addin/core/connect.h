@@ -1,0 +1,82 @@
+// The add-in object that the host loads. It holds every long-lived link to the host; what an event does
+// stands in the room that owns the work.
+#pragma once
+
+#include "core/discovery.h"
+#include "core/session.h"
+#include "core/steps.h"
+#include "host/automated.h"
+#include "host/events.h"
+#include "host/family.h"
+#include "host/office.h"
+#include "host/outlook.h"
+
+namespace addin {
+
+/// The name under which the class is registered and published.
+inline constexpr host::TextView connect_prog_id = u"CreateNote.Connect";
+
+class Connect : public host::Automated<Connect> {
+  public:
+    explicit Connect(Session& session) : session_(session) {}
+
+    /// The operations that are published to the family, and the members that may be read and written from
+    /// outside.
+    static const host::Members<Connect>& members();
+
+    /// The host connects the add-in. A failure leaves it unconnected, silently.
+    void IDTExtensibility2_OnConnection(const host::Object& Application, std::int32_t ConnectMode,
+                                        const host::Object& AddInInst);
+    void IDTExtensibility2_OnDisconnection(std::int32_t RemoveMode);
+    void IDTExtensibility2_OnAddInsUpdate();
+    void IDTExtensibility2_OnStartupComplete();
+    void IDTExtensibility2_OnBeginShutdown();
+
+    /// Lets go of everything, in a fixed order. Safe to run again.
+    void StopAddIn();
+
+    void FindFolder();
+    void FindNextFolder(const host::outlook::Folders& ofolders);
+
+    /// Opens the Search Panel on an item, or on none: the first makes a new panel, the second brings up its
+    /// own.
+    void ShowItemsMenu(const host::outlook::Item& Myitem);
+    void ShowItemsMenu2(const host::outlook::Item& Myitem);
+
+    Session& session() { return session_; }
+
+    // event sinks: each holds an object of the host and receives its events
+    host::Sink goOutlook, goExplorers, goExplorer, goInspectors, goInspector;
+    host::Sink goInbox, goCalendar, goTask, goContacts;
+    host::Sink ActiveExplorerCBars;
+    host::Sink goButton, OpenButton, OpenContactButton, ConvertContactButton, ConvertLeadButton;
+    host::Sink EmailTemplateButton, DocumentTemplateButton, ExcelTemplateButton, SaveAsTemplateButton;
+    host::Sink ApptButton1, ApptButton2, ApptButton3;
+    host::Sink ContextButton, CreateNoteButton;
+
+    // plain members
+    host::office::CommandBarControl Control;  ///< last found or added in the "Context Menu" bar
+    host::office::CommandBar bar;             ///< the "Context Menu" bar while it is worked on
+    host::outlook::NameSpace goNameSpace;     ///< never assigned: code reaches the namespace anew
+    bool gExiting = false;                    ///< shutdown through the last window has run; never reset
+    bool GlobalCalendar = false;              ///< guard of the calendar's replicas
+    bool GlobalTask = false;                  ///< guard of the tasks' replicas
+    bool bFinished = false;                   ///< published; nothing here reads or writes it
+    DatabaseSearch search;                    ///< `SetDatabase` and `whoami`
+
+  private:
+    void StartAddIn(const host::Object& Application, host::TextView ProgId);
+    void wire_folder(host::Sink& sink, std::int32_t number, std::vector<host::Handler> handlers);
+    void watch(host::Sink& sink, const host::EventInterface& events, const host::Object& source,
+               std::vector<host::Handler> handlers = {});
+    void first_run(Steps& steps, const host::family::MainAddIn& main_add_in);
+    void take_application();
+    void select_item(const host::outlook::Item& Myitem);
+
+    void goExplorer_Close();
+    void goOutlook_Quit();
+
+    Session& session_;
+};
+
+}  // namespace addin

@@ -1,0 +1,279 @@
+// Start and stop of the add-in: the order of the steps is binding, and a failing one is skipped.
+#include "commands/context_menu.h"
+#include "core/connect.h"
+#include "core/settings.h"
+#include "core/status.h"
+#include "core/steps.h"
+#include "filing/received_mail.h"
+#include "host/host_events.h"
+#include "host/shell.h"
+#include "records/database.h"
+
+namespace addin {
+
+using host::Handler;
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::office::CommandBar;
+using host::office::CommandBarControl;
+using host::office::CommandBars;
+namespace default_folder = host::outlook::default_folder;
+namespace events = host::events;
+
+namespace {
+
+constexpr TextView option_on = u"1";
+constexpr TextView first_run_marker = u"\\initial.txt";
+constexpr TextView store_program = u"TWstore.exe /s";
+constexpr TextView utility_program = u"TarnwellUtility.exe Help";
+constexpr TextView update_program = u"TarnwellUpdate.exe Help";
+
+host::outlook::Item item_of(std::span<Value> arguments) {
+    return host::outlook::Item(arguments.empty() ? Object() : arguments[0].to_object());
+}
+
+void delete_control(const host::Sink& button) { CommandBarControl(button.source()).Delete(); }
+
+}  // namespace
+
+void Connect::IDTExtensibility2_OnConnection(const Object& Application, std::int32_t,
+                                             const Object& AddInInst) {
+    Text prog_id;
+    try {
+        prog_id = host::office::ComAddIn(AddInInst).ProgId();
+    } catch (const host::Failure&) {
+        return;
+    }
+    StartAddIn(Application, prog_id);
+}
+
+void Connect::IDTExtensibility2_OnDisconnection(std::int32_t) { StopAddIn(); }
+
+void Connect::IDTExtensibility2_OnAddInsUpdate() {}
+
+void Connect::IDTExtensibility2_OnStartupComplete() {}
+
+void Connect::watch(host::Sink& sink, const host::EventInterface& interface, const Object& source,
+                    std::vector<Handler> handlers) {
+    sink.connect(interface, source, std::move(handlers));
+}
+
+void Connect::wire_folder(host::Sink& sink, std::int32_t number, std::vector<Handler> handlers) {
+    const host::outlook::Application application(session_.desktop.application());
+    watch(sink, events::items, application.GetNamespace(u"Mapi").GetDefaultFolder(number).Items(),
+          std::move(handlers));
+}
+
+void Connect::StartAddIn(const Object& Application, TextView ProgId) {
+    Session& session = session_;
+    Steps steps;
+    session.gNoteFromExplorer = false;
+    GlobalCalendar = false;
+    steps.run([&] {
+        host::outlook::Application(Application)
+            .COMAddIns()
+            .Item(connect_prog_id)
+            .object(Object(shared_from_this()));
+    });
+    host::outlook::Application application;
+    steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
+    steps.run([&] {
+        watch(ActiveExplorerCBars, events::command_bars, application.ActiveExplorer().CommandBars());
+    });
+    steps.run([&] {
+        watch(goOutlook, events::application, application, {{u"Quit", [this](auto) { goOutlook_Quit(); }}});
+    });
+    session.gOutlookApp = host::outlook::Application(goOutlook.source());
+    steps.run([&] { watch(goInspectors, events::inspectors, application.Inspectors()); });
+    steps.run([&] { watch(goExplorers, events::explorers, application.Explorers()); });
+    steps.run([&] {
+        watch(goExplorer, events::explorer, application.ActiveExplorer(),
+              {{u"Close", [this](auto) { goExplorer_Close(); }}});
+    });
+    steps.run([&] {
+        wire_folder(
+            goInbox, default_folder::inbox,
+            {{u"ItemAdd", [&session](auto a) { filing::goInbox_ItemAdd(session, item_of(a)); }},
+             {u"ItemChange", [&session](auto a) { filing::goInbox_ItemChange(session, item_of(a)); }}});
+    });
+    steps.run([&] { wire_folder(goCalendar, default_folder::calendar, {}); });
+    steps.run([&] { wire_folder(goTask, default_folder::tasks, {}); });
+
+    host::family::MainAddIn main_add_in;
+    host::outlook::Folder folder;
+    Text user;  // asked for, though the value serves nothing here
+    steps.set(main_add_in, [&] { return records::make_main_add_in(session.desktop); });
+    steps.set(folder, [&] {
+        return records::open_folder(session.desktop, main_add_in, records::folder::account_profiles);
+    });
+    steps.set(user, [&] { return main_add_in.getcurrentusername(); });
+    steps.run([&] {
+        watch(goContacts, events::items, folder.Folders().Item(records::folder::account_contacts).Items());
+    });
+    if (steps.holds(
+            [&] { return Settings(session.desktop).option(setting::enable_power_panel) == option_on; })) {
+        steps.run([&] { session.search_panel.show(); });
+    }
+    Text store_id;
+    steps.set(store_id, [&] { return main_add_in.GetStoreId(); });
+    if (store_id.empty()) first_run(steps, main_add_in);
+    session.gProgId = ProgId;
+}
+
+void Connect::first_run(Steps& steps, const host::family::MainAddIn& main_add_in) {
+    host::Desktop& desktop = session_.desktop;
+    Text marker;
+    bool marked = false;
+    steps.set(marker, [&] { return desktop.own_folder() + Text(first_run_marker); });
+    steps.set(marked, [&] { return FileExists(desktop, marker); });
+    if (marked) {
+        steps.run([&] { desktop.delete_file(marker); });
+        return;  // the marker stands for one start without the programs
+    }
+    steps.clear();
+
+    host::WshShell shell;
+    steps.set(shell, [&] { return host::WshShell(desktop.create(host::WshShell::prog_id)); });
+    steps.run([&] { shell.CurrentDirectory(main_add_in.getspecialfolderlocation()); });
+    steps.run([&] { shell.Run(store_program, host::WshShell::normal_window, true); });
+    steps.run([&] { shell.CurrentDirectory(main_add_in.GetDLLPath()); });
+    steps.run([&] { shell.Run(utility_program); });
+    if (steps.failed()) steps.run([&] { shell.Run(update_program); });
+}
+
+void Connect::goExplorer_Close() {
+    Steps steps;
+    steps.set(bar,
+              [&] { return CommandBars(ActiveExplorerCBars.source()).Item(commands::context_menu_bar); });
+    steps.run([&] { commands::SetBarProtection(session_, bar, false); });
+    steps.set(Control,
+              [&] { return bar.FindControl(host::office::control_button, commands::quick_view_tag); });
+    // on the Outlook 2000 host the close of the last window ends the work by itself; what is counted is the
+    // inspectors
+    constexpr std::int32_t several = 2;
+    if (steps.holds([&] {
+            const bool version_nine =
+                host::outlook::Application(session_.desktop.application()).Version().starts_with(u'9');
+            const bool few = session_.gOutlookApp.Inspectors().Count() < several;
+            return version_nine && few;
+        })) {
+        steps.run([&] { StopAddIn(); });
+        gExiting = true;
+    }
+}
+
+void Connect::goOutlook_Quit() {
+    session_.search_panel.hide();
+    session_.search_panel.unload();
+    StopAddIn();
+}
+
+void Connect::IDTExtensibility2_OnBeginShutdown() {
+    Steps steps;
+    steps.run([&] { delete_control(goButton); });
+    steps.run([&] { delete_control(OpenButton); });
+    // the sinks don't wait for the host's later calls
+    goExplorers.clear();
+    goExplorer.clear();
+    goInspectors.clear();
+    goInspector.clear();
+    goNameSpace.reset();
+    goOutlook.clear();
+    session_.gOutlookApp.reset();
+    bar.reset();
+    ActiveExplorerCBars.clear();
+    for (host::Sink* sink : {&goExplorers, &goExplorer, &goInspectors, &goInspector, &goButton, &OpenButton,
+                             &goInbox, &goCalendar, &goContacts, &goOutlook}) {
+        sink->clear();
+    }
+    session_.gOutlookApp.reset();
+    StopAddIn();
+}
+
+void Connect::StopAddIn() {
+    if (gExiting) return;
+    const std::shared_ptr<Connect> alive = shared_from_this();
+    Steps steps;
+    session_.QuickView.unload();
+    for (WindowPlace<>* panel : {&session_.search_panel, &session_.gPanelMenu, &session_.gPanelMenu2}) {
+        steps.run([&] { panel->hide(); });
+        panel->unload();
+    }
+    steps.run([&] { delete_control(goButton); });
+    steps.set(bar,
+              [&] { return CommandBars(ActiveExplorerCBars.source()).Item(commands::context_menu_bar); });
+    steps.run([&] { bar.Delete(); });  // the host refuses this for its own bar
+    steps.run([&] { Control.Priority(0); });
+    steps.run([&] { delete_control(ContextButton); });
+    steps.run([&] { CommandBarControl(ContextButton.source()).Reset(); });
+    steps.run([&] { delete_control(OpenButton); });
+    ContextButton.clear();
+    Control.reset();
+    bar.reset();
+    ActiveExplorerCBars.clear();
+    goExplorers.clear();
+    goExplorer.clear();
+    goInspectors.clear();
+    goInspector.clear();
+    goNameSpace.reset();
+    goButton.clear();
+    OpenButton.clear();
+    goInbox.clear();
+    goCalendar.clear();
+    goTask.clear();
+    goContacts.clear();
+    goOutlook.clear();
+    session_.gOutlookApp.reset();
+    EmailTemplateButton.clear();
+    SaveAsTemplateButton.clear();
+    ConvertContactButton.clear();
+    ConvertLeadButton.clear();
+    ExcelTemplateButton.clear();
+    DocumentTemplateButton.clear();
+    OpenContactButton.clear();
+    ApptButton1.clear();
+    ApptButton2.clear();
+    ApptButton3.clear();
+}
+
+void Connect::FindFolder() {
+    addin::FindFolder(session_, search, [this] { take_application(); });
+}
+
+void Connect::FindNextFolder(const host::outlook::Folders& ofolders) {
+    addin::FindNextFolder(session_, search, ofolders, [this] { take_application(); });
+}
+
+void Connect::take_application() {
+    if (goOutlook.source()) return;
+    watch(goOutlook, events::application, session_.desktop.application(),
+          {{u"Quit", [this](auto) { goOutlook_Quit(); }}});
+}
+
+void Connect::select_item(const host::outlook::Item& Myitem) {
+    Steps steps;
+    if (!Myitem) {
+        session_.gSelectedEntryID.clear();
+        session_.gSelectedStoreID.clear();
+        session_.gSelectedClass.clear();
+        return;
+    }
+    steps.set(session_.gSelectedEntryID, [&] { return Myitem.EntryID(); });
+    steps.set(session_.gSelectedStoreID, [&] { return host::outlook::Folder(Myitem.Parent()).StoreID(); });
+    steps.set(session_.gSelectedClass, [&] { return Myitem.MessageClass(); });
+}
+
+void Connect::ShowItemsMenu(const host::outlook::Item& Myitem) {
+    select_item(Myitem);
+    session_.gPanelMenu.unload();
+    session_.gPanelMenu.show();
+}
+
+void Connect::ShowItemsMenu2(const host::outlook::Item& Myitem) {
+    select_item(Myitem);
+    session_.gPanelMenu2.show();
+}
+
+}  // namespace addin

@@ -1,0 +1,19 @@
+// The status window, as long operations drive it, and the test for a file.
+#pragma once
+
+#include "core/session.h"
+
+namespace addin {
+
+/// Shows a text for one second. A failure travels to the caller.
+void ShowMessage(Session& session, host::TextView MyText);
+
+/// Shows a text that stays, with the hourglass, and waits; the empty text closes the window and restores the
+/// pointer.
+void ShowImportMessage(Session& session, host::TextView MyText, std::int32_t SleepTime);
+
+/// Whether a file of that name is there; False without a look for an empty name and one that ends in a
+/// backslash.
+bool FileExists(host::Desktop& desktop, host::TextView Fname);
+
+}  // namespace addin

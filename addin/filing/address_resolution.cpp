@@ -1,0 +1,127 @@
+#include "filing/address_resolution.h"
+
+#include "core/settings.h"
+#include "records/filters.h"
+
+namespace addin::filing {
+
+using host::Text;
+using host::TextView;
+namespace field = records::field;
+namespace property = records::property;
+namespace tag = host::family::tag;
+
+namespace {
+
+constexpr TextView type_smtp = u"SMTP";
+constexpr TextView type_exchange = u"EX";
+constexpr TextView option_on = u"1";
+
+constexpr Term native_addresses[] = {
+    {field::email1, Address::native}, {field::email2, Address::native}, {field::email3, Address::native}};
+constexpr Term smtp_then_native_if_any[] = {
+    {field::email1, Address::smtp},         {field::email2, Address::smtp},
+    {field::email3, Address::smtp},         {field::email1, Address::native, true},
+    {field::email2, Address::native, true}, {field::email3, Address::native, true}};
+constexpr Term smtp_then_native[] = {{field::email1, Address::smtp},   {field::email2, Address::smtp},
+                                     {field::email3, Address::smtp},   {field::email1, Address::native},
+                                     {field::email2, Address::native}, {field::email3, Address::native}};
+constexpr Term native_then_names[] = {
+    {field::email1, Address::native},       {field::email2, Address::native},
+    {field::email3, Address::native},       {field::full_name, Address::sender_name},
+    {field::subject, Address::sender_name}, {property::email_search_string, Address::native}};
+/// The third address stands twice.
+constexpr Term smtp_then_names[] = {
+    {field::email1, Address::smtp},         {field::email2, Address::smtp},
+    {field::email3, Address::smtp},         {field::full_name, Address::sender_name},
+    {field::subject, Address::sender_name}, {field::email1, Address::native},
+    {field::email2, Address::native},       {field::email3, Address::native},
+    {field::email3, Address::native},       {property::email_search_string, Address::native}};
+
+// clang-format off
+constexpr VariantRow variant_rows[] = {
+    // variant                  terms                   for an Internet address  for any other type       gate                                   empty stops  trimmed  no To line                                  folders
+    {Variant::received,          TermKind::equality,     native_addresses,        smtp_then_native_if_any, Gate::sender_is_exchange,              true,        false,   NoToLine::stop,                             Folders::account_contacts},
+    {Variant::sent,              TermKind::equality,     native_addresses,        smtp_then_native_if_any, Gate::sender_or_recipient_is_exchange, true,        false,   NoToLine::leave_the_loop,                   Folders::account_contacts},
+    {Variant::quick_view_launch, TermKind::equality,     native_addresses,        smtp_then_native,        Gate::none,                            false,       true,    NoToLine::stop_if_no_native_address_either, Folders::leads_then_account_contacts},
+    {Variant::tarnwell_launch,   TermKind::equality,     native_then_names,       smtp_then_names,         Gate::none,                            false,       false,   NoToLine::stop,                             Folders::account_contacts},
+    {Variant::open_contact,      TermKind::prefix_range, native_then_names,       smtp_then_names,         Gate::none,                            false,       true,    NoToLine::stop,                             Folders::account_contacts},
+    {Variant::create_note,       TermKind::from_dialog,  {},                      {},                      Gate::none,                            false,       false,   NoToLine::message,                          Folders::by_dialog_level},
+};
+// clang-format on
+
+Text& value_of(Addresses& addresses, Address which) {
+    switch (which) {
+        case Address::smtp:
+            return addresses.smtp;
+        case Address::sender_name:
+            return addresses.sender_name;
+        case Address::native:
+            break;
+    }
+    return addresses.native;
+}
+
+}  // namespace
+
+std::span<const VariantRow> variants() { return variant_rows; }
+
+const VariantRow& row(Variant variant) { return variant_rows[static_cast<std::size_t>(variant)]; }
+
+Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addresses) {
+    Text filter;
+    for (const Term& term : terms) {
+        Text& value = value_of(addresses, term.value);
+        if (term.only_if_any && value.empty()) continue;
+        if (!filter.empty()) filter += records::or_between_terms;
+        filter += kind == TermKind::prefix_range ? records::RangeTerm(value, term.field)
+                                                 : records::EqualTerm(value, term.field);
+    }
+    return filter;
+}
+
+std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
+                                     const host::outlook::Item& mail) {
+    Steps steps;
+    Sender sender;
+    steps.set(sender.mail, [&] {
+        return host::family::SafeMailItem(session.desktop.create(host::family::prog_id::safe_mail_item));
+    });
+    steps.run([&] { sender.mail.Item(mail); });
+
+    Addresses addresses;
+    steps.set(addresses.native, [&] { return sender.mail.Fields(tag::sender_address); });
+    if (row.empty_native_address_stops && addresses.native.empty()) return std::nullopt;
+    Text type;
+    steps.set(type, [&] { return host::upper(sender.mail.Fields(tag::sender_address_type)); });
+
+    if (type == type_smtp) {
+        sender.filter = contact_filter(row.terms, row.for_smtp, addresses);
+    } else {
+        const bool gated = row.gate != Gate::none;
+        const Text option =
+            gated ? Settings(session.desktop).option(setting::save_exchange_email) : Text(option_on);
+        if (gated && (option != option_on || type != type_exchange)) return std::nullopt;
+        host::family::SafeAddressEntry entry;
+        steps.set(entry, [&] { return sender.mail.sender(); });
+        steps.set(addresses.smtp, [&] { return host::trimmed(entry.Fields(tag::smtp_address)); });
+        steps.set(addresses.native, [&] { return host::trimmed(sender.mail.Fields(tag::sender_address)); });
+        sender.filter = contact_filter(row.terms, row.for_other, addresses);
+    }
+    if (steps.holds([&] { return sender.mail.To().empty(); })) return std::nullopt;
+    return sender;
+}
+
+host::outlook::Item find_contact(Steps& steps, Session& session,
+                                 const host::outlook::Folder& account_profiles, TextView filter) {
+    host::outlook::Items contacts;
+    steps.set(contacts,
+              [&] { return account_profiles.Folders().Item(records::folder::account_contacts).Items(); });
+    steps.run([&] { session.desktop.yield(); });
+    host::outlook::Item contact;
+    steps.set(contact, [&] { return contacts.Find(filter); });
+    steps.run([&] { session.desktop.yield(); });
+    return contact;
+}
+
+}  // namespace addin::filing

@@ -1,0 +1,76 @@
+// Turning a mail's people into a contact record: the way is one, what differs between the paths is a table.
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "core/session.h"
+#include "core/steps.h"
+#include "host/family.h"
+#include "host/outlook.h"
+#include "records/names.h"
+
+namespace addin::filing {
+
+/// What a term of the contact filter is compared with.
+enum class Address { native, smtp, sender_name };
+
+struct Term {
+    records::Name field;
+    Address value;
+    bool only_if_any = false;  ///< left out when the value is empty
+};
+
+enum class TermKind { equality, prefix_range, from_dialog };
+
+/// Whether addresses that are not Internet addresses are looked up only with the option "SaveExchangeEmail"
+/// on.
+enum class Gate { none, sender_is_exchange, sender_or_recipient_is_exchange };
+
+enum class NoToLine { stop, stop_if_no_native_address_either, leave_the_loop, message };
+
+enum class Folders { account_contacts, leads_then_account_contacts, by_dialog_level };
+
+enum class Variant { received, sent, quick_view_launch, tarnwell_launch, open_contact, create_note };
+
+struct VariantRow {
+    Variant variant;
+    TermKind terms;
+    std::span<const Term> for_smtp;   ///< the filter for an Internet address
+    std::span<const Term> for_other;  ///< the filter for any other type of address
+    Gate gate;
+    bool empty_native_address_stops;
+    bool native_is_trimmed;
+    NoToLine no_to_line;
+    Folders folders;
+};
+
+std::span<const VariantRow> variants();
+const VariantRow& row(Variant variant);
+
+/// The addresses of one person.
+struct Addresses {
+    host::Text native;
+    host::Text smtp;
+    host::Text sender_name;
+};
+
+/// The contact filter: the terms joined by " Or ".
+host::Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addresses);
+
+/// A sender who can be searched for.
+struct Sender {
+    host::family::SafeMailItem mail;  ///< the wrapper that the addresses were read through
+    host::Text filter;
+};
+
+/// Works out whom to search for, up to and including the test of the To line; nothing if the path stops on
+/// the way.
+std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
+                                     const host::outlook::Item& mail);
+
+/// The first contact that matches, or Nothing. Several matches are no failure: the host's order decides.
+host::outlook::Item find_contact(Steps& steps, Session& session,
+                                 const host::outlook::Folder& account_profiles, host::TextView filter);
+
+}  // namespace addin::filing

@@ -1,0 +1,59 @@
+#include "filing/received_mail.h"
+
+#include "core/steps.h"
+#include "filing/address_resolution.h"
+#include "records/database.h"
+#include "records/stamp.h"
+
+namespace addin::filing {
+
+void goInbox_ItemAdd(Session&, const host::outlook::Item&) {}
+
+void goInbox_ItemChange(Session& session, const host::outlook::Item& item) {
+    Steps steps;
+    // both halves of a test are always asked, and one that can't be answered counts as passed
+    if (!steps.holds([&] {
+            const bool is_mail = item.MessageClass() == records::message_class::mail;
+            const bool is_read = !item.UnRead();
+            return is_mail && is_read;
+        })) {
+        return;
+    }
+    steps.run([&] { session.desktop.yield(); });
+    if (steps.holds([&] {
+            const bool unmarked = item.BillingInformation() != records::auto_filed;
+            const bool open_to_all = item.Sensitivity() == host::outlook::sensitivity_normal;
+            return unmarked && open_to_all;
+        })) {
+        steps.run([&] { AutomaticCreateNote(session, item); });
+    }
+}
+
+void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
+    Steps steps;
+    steps.run([&] { session.desktop.yield(); });
+    if (!steps.holds([&] { return item.Sensitivity() == host::outlook::sensitivity_normal; })) return;
+    host::family::MainAddIn main_add_in;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(session.desktop); });
+    if (!steps.holds([&] { return main_add_in.getEmailAutoFile() == u"1"; })) return;
+
+    const std::optional<Sender> sender = resolve_sender(session, row(Variant::received), item);
+    if (!sender) return;
+
+    const records::PathRow& path = records::row(records::Path::automatic_received);
+    host::outlook::Folder account_profiles;
+    steps.set(account_profiles, [&] {
+        return records::open_folder(session.desktop, main_add_in, records::folder::account_profiles);
+    });
+    const host::outlook::Folder folder =
+        records::choose_folder(steps, session.desktop, account_profiles, path.place);
+    const host::outlook::Item contact = find_contact(steps, session, account_profiles, sender->filter);
+    if (!contact) return;
+
+    steps.run([&] { session.desktop.yield(); });
+    records::post_note(steps, path, folder, contact, sender->mail);
+    records::mark_mail(steps, path, item);
+    steps.run([&] { session.desktop.yield(); });
+}
+
+}  // namespace addin::filing

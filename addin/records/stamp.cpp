@@ -1,0 +1,159 @@
+#include "records/stamp.h"
+
+#include "core/settings.h"
+
+namespace addin::records {
+
+using host::Text;
+using host::TextView;
+
+namespace {
+
+constexpr std::int32_t attachment_position = 1;
+
+constexpr TextView two_line_breaks = u"\r\n\r\n";
+constexpr TextView carriage_return = u"\r";
+
+constexpr TextView flag_received = u"TW-Received eMail Auto Filed";
+constexpr TextView flag_sent = u"TW-Sent Email Auto Filed";
+constexpr TextView flag_user = u"TW User Filed";
+
+constexpr Key from_contact[] = {{property::account_id, From::contact},
+                                {property::contact_id, From::contact},
+                                {property::account_manager, From::contact},
+                                {property::team, From::contact},
+                                {property::alignment, From::contact}};
+constexpr Key from_chosen_account[] = {{property::account_id, From::chosen_account},
+                                       {property::contact_id, From::new_id},
+                                       {property::account_manager, From::chosen_account},
+                                       {property::team, From::chosen_account},
+                                       {property::alignment, From::chosen_account}};
+constexpr Key from_account[] = {{property::account_id, From::account},
+                                {property::account_manager, From::account},
+                                {property::team, From::account},
+                                {property::alignment, From::account}};
+constexpr Key from_record[] = {
+    {property::account_id, From::record},      {property::contact_id, From::record},
+    {property::opportunity_id, From::record},  {property::inquiry_id, From::record},
+    {property::account_manager, From::record}, {property::team, From::record},
+    {property::alignment, From::record},       {property::note_id, From::record},
+    {property::appointment_id, From::record},  {property::task_id, From::record}};
+constexpr Key from_quick_view[] = {{property::account_id, From::quick_view},
+                                   {property::contact_id, From::quick_view},
+                                   {property::account_manager, From::quick_view},
+                                   {property::team, From::quick_view},
+                                   {property::alignment, From::quick_view}};
+constexpr Key for_new_opportunity[] = {
+    {property::account_id, From::quick_view}, {property::contact_id, From::quick_view},
+    {property::opportunity_id, From::new_id}, {property::account_manager, From::quick_view},
+    {property::team, From::quick_view},       {property::alignment, From::quick_view}};
+constexpr Key for_new_inquiry[] = {{property::account_id, From::quick_view},
+                                   {property::contact_id, From::quick_view},
+                                   {property::inquiry_id, From::new_id},
+                                   {property::account_manager, From::quick_view},
+                                   {property::team, From::quick_view}};  // the alignment stays unset here
+constexpr Key dropped_on_opportunity[] = {
+    {property::account_id, From::quick_view}, {property::contact_id, From::quick_view},
+    {property::opportunity_id, From::target}, {property::account_manager, From::target},
+    {property::team, From::target},           {property::alignment, From::target}};
+constexpr Key dropped_on_inquiry[] = {
+    {property::account_id, From::quick_view}, {property::contact_id, From::quick_view},
+    {property::inquiry_id, From::target},     {property::account_manager, From::target},
+    {property::team, From::target},           {property::alignment, From::target}};
+
+// clang-format off
+constexpr PathRow path_rows[] = {
+    // path                          place                      class                   keys                    account name          contact name      type            subject       body starts with  date   ends                      marks                           flag           billing
+    {Path::automatic_received,       Place::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::received, From::mail,   two_line_breaks, true,  Ends::post,               Marks::the_mail,                flag_received, true},
+    {Path::automatic_sent,           Place::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::sent,     From::mail,   two_line_breaks, true,  Ends::post,               Marks::the_mail,                flag_sent,     false},
+    {Path::quick_view_new_contact,   Place::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::nothing,                 u"",           false},
+    {Path::open_contact_new_contact, Place::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::nothing,                 u"",           false},
+    {Path::create_contact_level,     Place::mail_folder_twice,  message_class::note,    from_contact,           From::contact,        From::contact,    From::dialog,   From::dialog, two_line_breaks, true,  Ends::post,               Marks::inspector_and_selection, flag_user,     true},
+    {Path::create_account_level,     Place::mail_folder_twice,  message_class::note,    from_account,           From::account_name,   From::none,       From::dialog,   From::dialog, two_line_breaks, false, Ends::post,               Marks::inspector_and_selection, flag_user,     true},
+    {Path::create_new_contact,       Place::mail_folder_twice,  message_class::note,    from_contact,           From::contact,        From::contact,    From::dialog,   From::dialog, two_line_breaks, false, Ends::post,               Marks::nothing,                 u"",           false},
+    {Path::create_from_record,       Place::mail_folder,        message_class::note,    from_record,            From::record,         From::record,     From::dialog,   From::dialog, two_line_breaks, true,  Ends::post,               Marks::inspector_and_selection, flag_user,     true},
+    {Path::quick_view_note,          Place::mail_folder,        message_class::note,    from_quick_view,        From::quick_view,     From::quick_view, From::received, From::mail,   carriage_return, false, Ends::display,            Marks::the_wrapper,             flag_user,     true},
+    {Path::quick_view_opportunity,   Place::notes_unless_named, message_class::note,    for_new_opportunity,    From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::display_then_post,  Marks::the_wrapper,             flag_user,     true},
+    {Path::quick_view_inquiry,       Place::actions,            message_class::action,  for_new_inquiry,        From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::the_wrapper,             flag_user,     true},
+    {Path::drop_on_opportunity,      Place::notes_unless_named, message_class::note,    dropped_on_opportunity, From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::the_wrapper,             flag_user,     true},
+    {Path::drop_on_inquiry,          Place::actions,            message_class::action,  dropped_on_inquiry,     From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::the_wrapper,             flag_user,     true},
+};
+// clang-format on
+
+/// The folder's name by the option, or the default.
+Text named_folder(host::Desktop& desktop, TextView otherwise) {
+    const Text named = Settings(desktop).option(setting::saved_email_folder);
+    return named.empty() ? Text(otherwise) : named;
+}
+
+void copy_property(const host::outlook::Item& from, const host::outlook::Item& to, Name name) {
+    to.UserProperties().Item(name).value(from.UserProperties().Item(name).value());
+}
+
+void set_property(const host::outlook::Item& item, Name name, const host::Value& value) {
+    item.UserProperties().Item(name).value(value);
+}
+
+}  // namespace
+
+std::span<const PathRow> paths() { return path_rows; }
+
+const PathRow& row(Path path) { return path_rows[static_cast<std::size_t>(path)]; }
+
+host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
+                                    const host::outlook::Folder& account_profiles, Place place) {
+    host::outlook::Folder chosen;
+    const auto take = [&](TextView name) {
+        steps.set(chosen, [&] { return account_profiles.Folders().Item(name); });
+    };
+    switch (place) {
+        case Place::mail_folder:
+        case Place::mail_folder_twice: {
+            const Text name = named_folder(desktop, folder::email);
+            take(name);
+            if (!chosen) take(folder::notes);
+            if (place == Place::mail_folder_twice) take(name);
+            break;
+        }
+        case Place::notes_unless_named:
+            take(named_folder(desktop, folder::notes));
+            break;
+        case Place::actions:
+            steps.set(chosen, [&] {
+                return account_profiles.Folders()
+                    .Item(folder::customer_service)
+                    .Folders()
+                    .Item(folder::actions);
+            });
+            break;
+    }
+    return chosen;
+}
+
+void post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+               const host::outlook::Item& contact, const host::family::SafeMailItem& mail) {
+    host::outlook::Item note;
+    steps.set(note, [&] { return folder.Items().Add(row.message_class); });
+    for (const Key& key : row.keys) {
+        steps.run([&] { copy_property(contact, note, key.property); });
+    }
+    steps.run([&] { set_property(note, property::account_name, contact.CompanyName()); });
+    steps.run([&] { set_property(note, property::contact_name, contact.FullName()); });
+    steps.run([&] {
+        set_property(note, property::type, row.type == From::sent ? note_type::sent : note_type::received);
+    });
+    steps.run([&] { note.Subject(mail.Subject()); });
+    steps.run([&] { note.Body(Text(row.body_start) + mail.Body()); });
+    if (row.activity_date) steps.run([&] { set_property(note, property::activity_date, mail.SentOn()); });
+    steps.run([&] { note.Attachments().Add(mail, attachment_position); });
+    steps.run([&] { note.Post(); });
+}
+
+void mark_mail(Steps& steps, const PathRow& row, const host::outlook::Item& mail) {
+    steps.run([&] { mail.FlagStatus(host::outlook::flag_complete); });
+    steps.run([&] { mail.FlagRequest(row.flag_request); });
+    if (row.billing_information) steps.run([&] { mail.BillingInformation(auto_filed); });
+    steps.run([&] { mail.Save(); });
+}
+
+}  // namespace addin::records
