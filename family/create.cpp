@@ -1,0 +1,40 @@
+#include "family/create.h"
+
+#include <algorithm>
+
+#include "family/list_picker.h"
+#include "family/main_add_in.h"
+#include "family/reports_host.h"
+#include "family/safe_item.h"
+#include "family/safe_mail_item.h"
+
+namespace family {
+namespace {
+
+using host::guid;
+
+template <class T>
+host::Object make(std::shared_ptr<Surroundings> surroundings) {
+    return host::Object(std::make_shared<T>(std::move(surroundings)));
+}
+
+constexpr ClassEntry table[] = {
+    {u"Tarnwell.connect", guid("{AF16E176-8FD4-418C-9D4A-576005E63CEE}"), make<MainAddIn>},
+    {u"ContactList.List", guid("{59E3AF82-5E41-4766-9B1D-B943977DB692}"), make<ListPicker>},
+    {u"TarnwellReports.Reports", guid("{B1E370C1-DC09-46BD-AC16-9675E8B7961C}"), make<ReportsHost>},
+    {u"TarnwellOMG.SafeMailItem", guid("{B602D312-7ADC-400C-ACF8-C1FA20D26596}"), make<SafeMailItem>},
+    {u"TarnwellOMG.SafeContactItem", guid("{E027519C-3EE7-4AD5-A208-78576B565C33}"), make<SafeContactItem>},
+    {u"TarnwellOMG.SafePostItem", guid("{81D9D862-2BBF-47D9-B389-14F4F5FA7E79}"), make<SafePostItem>},
+};
+
+}  // namespace
+
+std::span<const ClassEntry> classes() { return table; }
+
+host::Object create(host::TextView prog_id, std::shared_ptr<Surroundings> surroundings) {
+    const auto found = std::ranges::find_if(
+        table, [&](const ClassEntry& entry) { return host::same_ignoring_case(entry.prog_id, prog_id); });
+    return found == std::end(table) ? host::Object() : found->make(std::move(surroundings));
+}
+
+}  // namespace family

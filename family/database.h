@@ -1,0 +1,35 @@
+// Finds the database's folders in the profile's message stores.
+#pragma once
+
+#include "family/surroundings.h"
+#include "host/outlook.h"
+
+namespace family {
+
+class Database {
+  public:
+    explicit Database(Surroundings& surroundings);
+
+    /// The database folder of exactly that name, or Nothing. "Account Profiles" is the first one, depth
+    /// first; any other one is looked for beside "Account Profiles", then below it and its neighbours, then
+    /// everywhere. The store of the setting `StoreID` comes before the others.
+    host::outlook::Folder folder(host::TextView name);
+
+    /// The folder at the end of a chain of names from a store's root, "\\Store\Folder\Folder" with as many
+    /// backslashes at its ends as one likes; Nothing if it leads nowhere. Throws
+    /// `Failure(result::invalid_argument)` if no name is in it.
+    host::outlook::Folder folder_at(host::TextView path);
+
+    /// The subjects of the drop-down records of a list, in the order of their folder.
+    std::vector<host::Value> drop_downs(host::TextView list);
+
+  private:
+    host::outlook::Folder remembered(const host::Text& key, host::TextView name);
+    host::outlook::Folder search(host::TextView name);
+    std::vector<host::outlook::Folder> stores();
+
+    Surroundings& surroundings_;
+    host::outlook::NameSpace session_;
+};
+
+}  // namespace family

@@ -1,0 +1,105 @@
+#include "family/main_add_in.h"
+
+#include "family/database.h"
+#include "family/new_id.h"
+#include "records/names.h"
+
+namespace family {
+
+using host::Arguments;
+using host::no_id;
+using host::Takes;
+using host::Text;
+using host::TextView;
+using host::Use;
+using host::Value;
+
+namespace {
+
+constexpr TextView no_store = u"-";  ///< as the setting `StoreID`: the answer is empty
+
+/// A member whose answer is a setting.
+template <const TextView& setting>
+Value read(MainAddIn& self, const Arguments&) {
+    return self.surroundings().setting(setting);
+}
+
+/// A member without arguments that is only recorded, and one with a text.
+template <const TextView& member>
+Value record(MainAddIn& self, const Arguments&) {
+    self.record_call(member);
+    return {};
+}
+template <const TextView& member>
+Value record_text(MainAddIn& self, const Arguments& arguments) {
+    self.record_call(member, {arguments[0].to_text()});
+    return {};
+}
+
+constexpr TextView show_mailer = u"ShowMailer";
+constexpr TextView show_list = u"Showlist";
+constexpr TextView reload_toolbar = u"reloadtoolbar";
+constexpr TextView message_id = u"messageid";
+
+}  // namespace
+
+const host::Members<MainAddIn>& MainAddIn::members() {
+    static const host::Members<MainAddIn> table{
+        {u"GetFolderId",
+         no_id,
+         Use::method,
+         {{u"FolderName", Takes::text}},
+         [](MainAddIn& self, const Arguments& arguments) -> Value {
+             return self.folder_id(arguments[0].to_text());
+         }},
+        {u"GetStoreId", no_id, Use::method,
+         [](MainAddIn& self, const Arguments&) -> Value { return self.store_id(); }},
+        {u"generateid", no_id, Use::method,
+         [](MainAddIn& self, const Arguments&) -> Value { return new_id(self.surroundings()); }},
+        {u"GetUserName", no_id, Use::method, read<setting::user_name>},
+        {u"getcurrentusername", no_id, Use::method, read<setting::current_user_name>},
+        {u"GetAlignment", no_id, Use::method, read<setting::alignment>},
+        {u"getEmailAutoFile", no_id, Use::method, read<setting::email_auto_file>},
+        {u"GetDropDownsCache",
+         no_id,
+         Use::method,
+         {{u"ListName", Takes::text}},
+         [](MainAddIn& self, const Arguments& arguments) -> Value {
+             return host::Array::of(Database(self.surroundings()).drop_downs(arguments[0].to_text()));
+         }},
+        {u"ReturnFolderFromPath",
+         no_id,
+         Use::method,
+         {{u"FolderPath", Takes::text}},
+         [](MainAddIn& self, const Arguments& arguments) -> Value {
+             return Database(self.surroundings()).folder_at(arguments[0].to_text());
+         }},
+        {u"getspecialfolderlocation", no_id, Use::method, read<setting::special_folder>},
+        {u"GetDLLPath", no_id, Use::method, read<setting::program_folder>},
+        {message_id, no_id, Use::put,
+         [](MainAddIn& self, const Arguments& arguments) -> Value {
+             self.record_put(message_id, arguments.assigned().to_text());
+             return {};
+         }},
+        {show_mailer, no_id, Use::method, record<show_mailer>},
+        {show_list, no_id, Use::method, {{u"Kind", Takes::text}}, record_text<show_list>},
+        {reload_toolbar, no_id, Use::method, {{u"Action", Takes::text}}, record_text<reload_toolbar>},
+    };
+    return table;
+}
+
+Text MainAddIn::folder_id(TextView folder) const {
+    const host::outlook::Folder found = Database(surroundings()).folder(folder);
+    return found ? found.EntryID() : Text();
+}
+
+Text MainAddIn::store_id() const {
+    const Text chosen = surroundings().setting(setting::store_id);
+    if (chosen == no_store) return {};
+    if (!chosen.empty()) return chosen;
+    const host::outlook::Folder profiles =
+        Database(surroundings()).folder(addin::records::folder::account_profiles);
+    return profiles ? profiles.StoreID() : Text();
+}
+
+}  // namespace family

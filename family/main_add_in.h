@@ -1,0 +1,23 @@
+// Stands in for the add-in that owns the database's location.
+#pragma once
+
+#include "family/sibling.h"
+
+namespace family {
+
+/// Answers from the settings and from the profile's folders. What would open a window is recorded.
+class MainAddIn : public Sibling<MainAddIn> {
+  public:
+    static constexpr host::TextView name = u"MainAddIn";
+    static const host::Members<MainAddIn>& members();
+
+    using Sibling::Sibling;
+
+    /// The database folder's entry id; empty if there is no folder of that name.
+    host::Text folder_id(host::TextView folder) const;
+
+    /// The database's store; empty if there is none.
+    host::Text store_id() const;
+};
+
+}  // namespace family

@@ -1,0 +1,17 @@
+// Stands in for the reports object.
+#pragma once
+
+#include "family/sibling.h"
+
+namespace family {
+
+/// `Initiate` is recorded.
+class ReportsHost : public Sibling<ReportsHost> {
+  public:
+    static constexpr host::TextView name = u"ReportsHost";
+    static const host::Members<ReportsHost>& members();
+
+    using Sibling::Sibling;
+};
+
+}  // namespace family

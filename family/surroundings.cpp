@@ -1,0 +1,30 @@
+#include "family/surroundings.h"
+
+#include <random>
+
+namespace family {
+
+using host::Text;
+using host::TextView;
+
+void Surroundings::random_bytes(std::span<std::uint8_t> bytes) {
+    std::random_device source;
+    std::uniform_int_distribution<unsigned> byte(0, 255);
+    for (std::uint8_t& place : bytes) place = static_cast<std::uint8_t>(byte(source));
+}
+
+void Surroundings::check(TextView object, TextView member) {
+    const Text list = setting(setting::fail);
+    if (list.empty()) return;
+    const Text full = Text(object) + u"." + Text(member);
+    for (TextView rest = list; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(u';'), rest.size());
+        const Text listed = host::trimmed(rest.substr(0, end));
+        if (host::same_ignoring_case(listed, member) || host::same_ignoring_case(listed, full)) {
+            throw host::Failure(host::result::fail, full + u" is among the members that fail");
+        }
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+}
+
+}  // namespace family
