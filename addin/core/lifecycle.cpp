@@ -8,6 +8,7 @@
 #include "host/host_events.h"
 #include "host/shell.h"
 #include "records/database.h"
+#include "records/names.h"
 
 namespace addin {
 
