@@ -1,0 +1,119 @@
+#include "desk/tools/desk_fields.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "desk/mail/item_json.h"
+
+namespace desk::mail {
+namespace {
+
+using host::Text;
+using host::TextView;
+
+constexpr TextView prefix = u"X-Desk-";
+
+/// Takes the first word off a text; an empty text if there is none.
+Text take_word(TextView& rest) {
+    constexpr TextView blanks = u" \t";
+    rest.remove_prefix(std::min(rest.find_first_not_of(blanks), rest.size()));
+    const Text word(rest.substr(0, rest.find_first_of(blanks)));
+    rest.remove_prefix(word.size());
+    rest.remove_prefix(std::min(rest.find_first_not_of(blanks), rest.size()));
+    return word;
+}
+
+/// `-` stands for an empty value.
+Text value_of(Text written) { return written == u"-" ? Text() : written; }
+
+struct NativeAddress {
+    Text type;
+    Text address;
+};
+
+/// Reads "TYPE ADDRESS"; the address may have blanks inside.
+std::optional<NativeAddress> read_native(TextView rest) {
+    const Text type = take_word(rest);
+    const Text address = host::trimmed(rest);
+    if (type.empty() || address.empty()) return std::nullopt;
+    return NativeAddress{value_of(type), value_of(address)};
+}
+
+bool set_sender(TextView value, ItemData& mail) {
+    const auto native = read_native(value);
+    if (!native) return false;
+    mail.fields[u"SenderEmailType"] = native->type;
+    mail.fields[u"SenderEmailAddress"] = native->address;
+    return true;
+}
+
+bool set_recipient(TextView value, ItemData& mail) {
+    const Text smtp = take_word(value);
+    const auto native = read_native(value);
+    if (!native) return false;
+    bool found = false;
+    for (Person& person : mail.recipients) {
+        if (!host::same_ignoring_case(person.smtp_address, smtp)) continue;
+        person.address_type = native->type;
+        person.address = native->address;
+        found = true;
+    }
+    return found;
+}
+
+bool set_sensitivity(TextView value, ItemData& mail) {
+    if (value.size() != 1 || value[0] < u'0' || value[0] > u'3') return false;
+    mail.fields[u"Sensitivity"] = static_cast<std::int32_t>(value[0] - u'0');
+    return true;
+}
+
+bool set_class(TextView value, ItemData& mail) {
+    const auto fits = [](char16_t c) {
+        return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
+               c == u'.' || c == u'_' || c == u'-' || c == u' ';
+    };
+    if (value.empty() || !std::ranges::all_of(value, fits)) return false;
+    mail.message_class = value;
+    return true;
+}
+
+struct FieldRow {
+    TextView name;
+    bool repeats;
+    bool (*apply)(TextView value, ItemData& mail);  ///< tells whether the value was well-formed
+    std::string_view expected;
+};
+constexpr std::array<FieldRow, 4> rows = {{
+    {u"X-Desk-Sender", false, set_sender, "an address type and an address"},
+    {u"X-Desk-Recipient", true, set_recipient,
+     "the address of one of the mail's recipients, an address type and an address"},
+    {u"X-Desk-Sensitivity", false, set_sensitivity, "a number from 0 to 3"},
+    {u"X-Desk-Class", false, set_class, "a message class"},
+}};
+
+}  // namespace
+
+bool is_desk_field(std::string_view name) {
+    return host::same_ignoring_case(host::from_utf8(name).substr(0, prefix.size()), prefix);
+}
+
+void apply_desk_fields(const std::vector<HeaderField>& fields, ItemData& mail) {
+    std::array<int, rows.size()> seen{};
+    for (const HeaderField& field : fields) {
+        const Text name = host::from_utf8(field.name);
+        const auto row = std::ranges::find_if(
+            rows, [&](const FieldRow& each) { return host::same_ignoring_case(each.name, name); });
+        if (row == rows.end())
+            refuse("The mail has the field " + field.name + ", which the desk does not know.");
+        if (seen[static_cast<std::size_t>(row - rows.begin())]++ > 0 && !row->repeats) {
+            refuse("The mail has the field " + field.name + " twice.");
+        }
+        if (!row->apply(host::trimmed(field.value), mail)) {
+            refuse("The field " + field.name + " of the mail is malformed: it takes " +
+                   std::string(row->expected) + ".");
+        }
+    }
+}
+
+}  // namespace desk::mail

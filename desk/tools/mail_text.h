@@ -1,0 +1,20 @@
+// Text out of a mail's bytes: character sets and line ends.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/text.h"
+
+namespace desk::mail {
+
+bool is_utf8(std::string_view bytes);
+
+/// The text of bytes in a character set as a mail names it. Without a name, or with one that nobody knows:
+/// UTF-8 if they are UTF-8, else Windows' western set. What the set does not know becomes U+FFFD.
+host::Text decode(std::string_view bytes, std::string_view charset);
+
+/// A text whose lines all end in CR LF.
+host::Text with_crlf(host::TextView text);
+
+}  // namespace desk::mail
