@@ -1,0 +1,34 @@
+// Objects of COM, asked by name.
+#pragma once
+
+#include "windows/com/apartment.h"
+
+namespace windows {
+
+/// Offers an IDispatch to the inside. A member access is one call of the object's Invoke once the id is
+/// known: from the table of the request's kind, or else from the object's own.
+class Adapter final : public host::Invocable {
+  public:
+    Adapter(std::shared_ptr<Apartment> apartment, ComPtr<IDispatch> dispatch)
+        : apartment_(std::move(apartment)), dispatch_(std::move(dispatch)) {}
+    ~Adapter() override { apartment_->remove(*this); }
+
+    host::Value invoke(host::Request& request) override;
+
+    const ComPtr<IDispatch>& dispatch() const { return dispatch_; }
+
+  private:
+    host::Value identify(host::Request& request);
+    host::Value access(host::Request& request);
+    host::Value advise(const host::Request& request);
+    host::Value unadvise(const host::Request& request);
+
+    std::vector<DISPID> ask_ids(const host::Request& request);
+    ComPtr<IConnectionPoint> connection_point(const host::Guid& interface_id);
+
+    std::shared_ptr<Apartment> apartment_;
+    ComPtr<IDispatch> dispatch_;
+    MemberTable own_members_;
+};
+
+}  // namespace windows

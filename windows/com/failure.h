@@ -1,0 +1,52 @@
+// Failures on their way across the border: exceptions inside, result codes outside.
+#pragma once
+
+#include <new>
+
+#include "host/failure.h"
+#include "windows/com/platform.h"
+
+namespace windows {
+
+/// Throws `Failure` for a failed result; its description is the system's text, or `name` for a member that is
+/// missing.
+void check(HRESULT result, host::TextView name = {});
+[[noreturn]] void throw_result(HRESULT result, host::TextView name = {});
+
+/// Throws the failure that a late-bound call reported, and frees the texts in `details`.
+[[noreturn]] void throw_reported(HRESULT result, EXCEPINFO& details, host::TextView name);
+
+/// The result code of a failure as a late-bound call answers it: the codes of IDispatch itself as they are,
+/// any other as DISP_E_EXCEPTION with number, description and source in `details`, if there is a place for
+/// them.
+HRESULT report(const host::Failure& failure, EXCEPINFO* details, host::TextView source) noexcept;
+
+/// Runs an action and makes a result code of whatever it throws.
+template <class Action>
+HRESULT guarded(Action&& action) noexcept {
+    try {
+        return action();
+    } catch (const host::Failure& failure) {
+        return failure.number() < 0 ? failure.number() : E_FAIL;
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (...) {
+        return E_UNEXPECTED;
+    }
+}
+
+/// The same for a late-bound call.
+template <class Action>
+HRESULT guarded(EXCEPINFO* details, host::TextView source, Action&& action) noexcept {
+    try {
+        return action();
+    } catch (const host::Failure& failure) {
+        return report(failure, details, source);
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    } catch (...) {
+        return E_UNEXPECTED;
+    }
+}
+
+}  // namespace windows
