@@ -1,6 +1,7 @@
 // The two filter languages of `Find` and `Restrict`: bracketed fields, and the @SQL form.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -23,11 +24,11 @@ class Record {
   public:
     virtual ~Record() = default;
 
-    /// A field by its bracketed name; the field's default value if the item has it unset, nothing if it has no such
-    /// field.
+    /// A field by its bracketed name; the field's default value if the item has it unset. Nothing, for an
+    /// item that has no such field, compares as an empty value: as "" with a text, as 0 with a number.
     virtual std::optional<host::Value> field(host::TextView name) const = 0;
 
-    /// A property by its schema address; nothing if the item lacks it.
+    /// A property by its schema address; nothing if the item lacks it. Then `Is Null` holds and nothing else.
     virtual std::optional<host::Value> property(host::TextView address) const = 0;
 };
 
@@ -43,19 +44,26 @@ struct Equality {
 
 class Filter {
   public:
-    /// Reads a filter. Throws `host::Failure` with `result::invalid_argument` and a text that says what is wrong:
-    /// an unknown field, an unbalanced quote, a word that the store does not support, an empty filter.
+    /// Reads a filter. Throws `host::Failure` with `result::invalid_argument` and a text that says what is
+    /// wrong: an unknown field, an unbalanced quote, a word that the store does not support, an empty filter.
+    /// The text names the character at which it stopped. Nesting beyond 200 levels is refused too.
     static Filter parse(host::TextView text, const Names& names, Words words);
 
     Filter(Filter&&) noexcept;
     Filter& operator=(Filter&&) noexcept;
     ~Filter();
 
+    /// Whether an item passes. Text compares without regard to case; a literal is turned into the type of the
+    /// value that it is compared with, and where that can't be done the comparison does not hold.
     bool matches(const Record& record) const;
 
-    /// Equalities of which each item that matches fulfils at least one, so that the candidates can be looked up instead
-    /// of walked through; nothing if the filter has no such set.
-    std::optional<std::vector<Equality>> candidates() const;
+    /// Whether an equality can be looked up.
+    using Usable = std::function<bool(const Equality&)>;
+
+    /// Equalities, all of them usable, of which each item that matches fulfils at least one, so that the
+    /// candidates can be looked up instead of walked through; nothing if the filter has no such set. Without
+    /// `usable` all are. Only text values are given: an equality is a promise for fields that hold text.
+    std::optional<std::vector<Equality>> candidates(const Usable& usable = {}) const;
 
     struct Node;
 

@@ -1,0 +1,161 @@
+#include <algorithm>
+#include <cmath>
+#include <compare>
+
+#include "desk/filter/patterns.h"
+#include "desk/filter/tree.h"
+
+namespace desk::filter {
+namespace {
+
+using host::Value;
+
+/// Dates are compared by whole seconds: their fractions of a day are seldom exact.
+double seconds_of(host::Date date) { return std::round(date.days * 86400.0); }
+
+std::partial_ordering compare_texts(host::TextView left, host::TextView right) {
+    return host::compare_ignoring_case(left, right) <=> 0;
+}
+
+/// A literal as a boolean: beside Automation's words, the host's "Yes" and "No".
+bool boolean_of(const Literal& literal) {
+    if (host::same_ignoring_case(literal.spelling, u"Yes")) return true;
+    if (host::same_ignoring_case(literal.spelling, u"No")) return false;
+    return literal.value.to_boolean();
+}
+
+/// Compares a value with a literal that is turned into the value's type. An empty value takes the literal's
+/// type. Throws `host::Failure` if the literal has no such form.
+std::partial_ordering compare(const Value& value, const Literal& literal) {
+    switch (value.type()) {
+        case Value::Type::empty:
+        case Value::Type::null:
+            if (literal.quoted) return compare_texts(u"", literal.spelling);
+            return 0.0 <=> literal.value.to_number();
+        case Value::Type::boolean:
+            return static_cast<int>(value.to_boolean()) <=> static_cast<int>(boolean_of(literal));
+        case Value::Type::integer:
+        case Value::Type::number:
+            return value.to_number() <=> literal.value.to_number();
+        case Value::Type::date:
+            return seconds_of(value.to_date()) <=> seconds_of(literal.value.to_date());
+        case Value::Type::text:
+            return compare_texts(value.to_text(), literal.spelling);
+        default:
+            return std::partial_ordering::unordered;
+    }
+}
+
+/// Nothing, not an order, is what a value that can't be compared answers: no operator holds for it, `<>`
+/// neither.
+bool holds(Operator op, std::partial_ordering order) {
+    if (order == std::partial_ordering::unordered) return false;
+    switch (op) {
+        case Operator::equal:
+            return order == 0;
+        case Operator::unequal:
+            return order != 0;
+        case Operator::less:
+            return order < 0;
+        case Operator::greater:
+            return order > 0;
+        case Operator::at_most:
+            return order <= 0;
+        case Operator::at_least:
+            return order >= 0;
+        default:
+            return false;
+    }
+}
+
+bool holds(const Test& test, const Value& value) {
+    try {
+        switch (test.op) {
+            case Operator::like:
+                return is_like(value.to_text(), test.literal.parts);
+            case Operator::phrase:
+                return has_phrase(value.to_text(), test.literal.parts);
+            case Operator::start:
+                return has_start(value.to_text(), test.literal.parts);
+            default:
+                return holds(test.op, compare(value, test.literal));
+        }
+    } catch (const host::Failure&) {
+        return false;  // the literal has no form in the value's type, so nothing equals it
+    }
+}
+
+bool matches_test(const Test& test, const Record& record) {
+    if (!test.is_address) return holds(test, record.field(test.name).value_or(Value()));
+
+    const std::optional<Value> value = record.property(test.name);
+    const bool lacking = !value || value->is(Value::Type::empty) || value->is(Value::Type::null);
+    if (test.op == Operator::null) return lacking;
+    if (test.op == Operator::not_null) return !lacking;
+    return !lacking && holds(test, *value);
+}
+
+bool matches_node(const Filter::Node& node, const Record& record) {
+    if (const auto* test = std::get_if<Test>(&node.content)) return matches_test(*test, record);
+    if (const auto* negation = std::get_if<Filter::Node::Negation>(&node.content)) {
+        return !matches_node(*negation->child, record);
+    }
+    const auto& group = std::get<Filter::Node::Group>(node.content);
+    auto child_matches = [&](const Filter::Node& child) { return matches_node(child, record); };
+    return group.all ? std::ranges::all_of(group.children, child_matches)
+                     : std::ranges::any_of(group.children, child_matches);
+}
+
+using Candidates = std::optional<std::vector<Equality>>;
+
+Candidates candidates_of(const Filter::Node& node, const Filter::Usable& usable);
+
+Candidates candidates_of_test(const Test& test, const Filter::Usable& usable) {
+    const bool is_equality = test.op == Operator::equal && test.literal.quoted;
+    const bool is_plain_like = test.op == Operator::like && test.literal.parts.size() == 1;
+    if (!is_equality && !is_plain_like) return std::nullopt;
+    Equality equality{test.name, test.is_address, test.literal.spelling};
+    if (usable && !usable(equality)) return std::nullopt;
+    return std::vector{std::move(equality)};
+}
+
+/// All of them must hold, so the candidates of any one serve; the shortest list is the cheapest.
+Candidates candidates_of_all(const std::vector<Filter::Node>& children, const Filter::Usable& usable) {
+    Candidates best;
+    for (const Filter::Node& child : children) {
+        Candidates candidates = candidates_of(child, usable);
+        if (candidates && (!best || candidates->size() < best->size())) best = std::move(candidates);
+    }
+    return best;
+}
+
+Candidates candidates_of_any(const std::vector<Filter::Node>& children, const Filter::Usable& usable) {
+    std::vector<Equality> all;
+    for (const Filter::Node& child : children) {
+        Candidates candidates = candidates_of(child, usable);
+        if (!candidates) return std::nullopt;
+        std::ranges::move(*candidates, std::back_inserter(all));
+    }
+    return all;
+}
+
+Candidates candidates_of(const Filter::Node& node, const Filter::Usable& usable) {
+    if (const auto* test = std::get_if<Test>(&node.content)) return candidates_of_test(*test, usable);
+    const auto* group = std::get_if<Filter::Node::Group>(&node.content);
+    if (!group) return std::nullopt;
+    return group->all ? candidates_of_all(group->children, usable)
+                      : candidates_of_any(group->children, usable);
+}
+
+}  // namespace
+
+Filter::Filter(std::unique_ptr<Node> root) : root_(std::move(root)) {}
+Filter::Filter(Filter&&) noexcept = default;
+Filter& Filter::operator=(Filter&&) noexcept = default;
+Filter::~Filter() = default;
+
+bool Filter::matches(const Record& record) const { return matches_node(*root_, record); }
+
+Candidates Filter::candidates(const Usable& usable) const { return candidates_of(*root_, usable); }
+
+}  // namespace desk::filter

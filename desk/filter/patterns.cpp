@@ -1,0 +1,86 @@
+#include "desk/filter/patterns.h"
+
+#include <algorithm>
+
+namespace desk::filter {
+namespace {
+
+/// Beyond ASCII all is taken for a letter but the blocks of controls, signs and punctuation.
+bool is_letter_or_digit(char16_t unit) {
+    if (unit < 0x80) {
+        return (unit >= u'0' && unit <= u'9') || (unit >= u'A' && unit <= u'Z') ||
+               (unit >= u'a' && unit <= u'z');
+    }
+    constexpr char16_t ordinals_and_micro[] = {0x00AA, 0x00B5, 0x00BA};
+    if (unit < 0x00C0) return std::ranges::find(ordinals_and_micro, unit) != std::end(ordinals_and_micro);
+    const bool arithmetic = unit == 0x00D7 || unit == 0x00F7;
+    const bool punctuation = (unit >= 0x2000 && unit <= 0x206F) || (unit >= 0x3000 && unit <= 0x3003);
+    return !arithmetic && !punctuation;
+}
+
+bool is_phrase(host::TextView text, const std::vector<host::Text>& words, bool last_is_start) {
+    if (words.empty()) return false;
+    const std::vector<host::Text> here = words_of(text);
+    const std::size_t whole = words.size() - 1;
+    for (std::size_t first = 0; first + words.size() <= here.size(); ++first) {
+        const auto begin = here.begin() + static_cast<std::ptrdiff_t>(first);
+        if (!std::equal(words.begin(), words.end() - 1, begin)) continue;
+        const host::Text& last = here[first + whole];
+        if (last_is_start ? last.starts_with(words.back()) : last == words.back()) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+std::vector<host::Text> pieces_of(host::TextView pattern) {
+    const host::Text folded = host::folded(pattern);
+    std::vector<host::Text> pieces;
+    for (std::size_t from = 0;;) {
+        const std::size_t end = folded.find(u'%', from);
+        pieces.push_back(folded.substr(from, end - from));
+        if (end == host::Text::npos) return pieces;
+        from = end + 1;
+    }
+}
+
+bool is_like(host::TextView text, const std::vector<host::Text>& pieces) {
+    const host::Text folded = host::folded(text);
+    if (pieces.size() == 1) return folded == pieces.front();
+
+    host::TextView rest = folded;
+    const host::Text &first = pieces.front(), &last = pieces.back();
+    if (rest.size() < first.size() + last.size()) return false;
+    if (!rest.starts_with(first) || !rest.ends_with(last)) return false;
+    rest.remove_prefix(first.size());
+    rest.remove_suffix(last.size());
+    // The leftmost place of each piece leaves the most room for those behind it.
+    for (auto piece = pieces.begin() + 1; piece != pieces.end() - 1; ++piece) {
+        const std::size_t found = rest.find(*piece);
+        if (found == host::TextView::npos) return false;
+        rest.remove_prefix(found + piece->size());
+    }
+    return true;
+}
+
+std::vector<host::Text> words_of(host::TextView text) {
+    const host::Text folded = host::folded(text);
+    std::vector<host::Text> words;
+    for (auto begin = folded.begin();;) {
+        begin = std::find_if(begin, folded.end(), is_letter_or_digit);
+        if (begin == folded.end()) return words;
+        const auto end = std::find_if_not(begin, folded.end(), is_letter_or_digit);
+        words.emplace_back(begin, end);
+        begin = end;
+    }
+}
+
+bool has_phrase(host::TextView text, const std::vector<host::Text>& words) {
+    return is_phrase(text, words, false);
+}
+
+bool has_start(host::TextView text, const std::vector<host::Text>& words) {
+    return is_phrase(text, words, true);
+}
+
+}  // namespace desk::filter

@@ -1,0 +1,25 @@
+// How @SQL filters look into a text: `Like` with its wildcard, and the search for words.
+#pragma once
+
+#include <vector>
+
+#include "host/text.h"
+
+namespace desk::filter {
+
+/// The pieces of a `Like` pattern between its `%`, without regard to case; one piece if it has no `%`.
+std::vector<host::Text> pieces_of(host::TextView pattern);
+
+/// Whether a text consists of the pieces with anything between them.
+bool is_like(host::TextView text, const std::vector<host::Text>& pieces);
+
+/// The words of a text without regard to case: its runs of letters and digits.
+std::vector<host::Text> words_of(host::TextView text);
+
+/// Whether a text holds the words as a phrase: whole words, one behind the other. No words are in no text.
+bool has_phrase(host::TextView text, const std::vector<host::Text>& words);
+
+/// The same, but of the last word only the start must be there.
+bool has_start(host::TextView text, const std::vector<host::Text>& words);
+
+}  // namespace desk::filter
