@@ -102,18 +102,18 @@ INSTANTIATE_TEST_SUITE_P(Precedence, FilterMatches, testing::ValuesIn(precedence
 const Case sql[] = {
     {u"@SQL=\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" = 'IPM.Contact'", true},
     {u"@sql=(\"HTTP://schemas.microsoft.com/mapi/proptag/0x001A001E\" = 'ipm.contact')", true},
-    {
-        u"@SQL=(\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" = 'IPM.Contact' AND "
-        u"\"urn:schemas:httpmail:subject\" = \'x\')",
-        {u"@SQL=\"size\" > 60 And \"size\" <= 512", true},
-        {u"@SQL=\"size\" Like '5%'", true},
-        {u"@SQL=\"blank\" Like ''", true},
-        {u"@SQL=\"blank\" Like '%'", true},
-        {u"@SQL=\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" Like 'IPM.contact'", true},
-        {u"@SQL=\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" Like 'IPM.Contact%.Contact'", false},
-        {u"@SQL=\"unknown\" ci_phrasematch 'jane'", false},
-        {u"@SQL=\"size\" ci_phrasematch '512'", true},
-    };
+    {u"@SQL=(\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" = 'IPM.Contact' AND "
+     u"\"urn:schemas:httpmail:subject\" = 'x')",
+     false},
+    {u"@SQL=\"size\" > 60 And \"size\" <= 512", true},
+    {u"@SQL=\"size\" Like '5%'", true},
+    {u"@SQL=\"blank\" Like ''", true},
+    {u"@SQL=\"blank\" Like '%'", true},
+    {u"@SQL=\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" Like 'IPM.contact'", true},
+    {u"@SQL=\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" Like 'IPM.Contact%.Contact'", false},
+    {u"@SQL=\"unknown\" ci_phrasematch 'jane'", false},
+    {u"@SQL=\"size\" ci_phrasematch '512'", true},
+};
 INSTANTIATE_TEST_SUITE_P(Sql, FilterMatches, testing::ValuesIn(sql));
 
 const Case lacking[] = {
