@@ -113,13 +113,13 @@ NamedProperty read_named_property(TextView set, const Value& id_or_name) {
 }
 
 Tag NamedProperties::tag(const NamedProperty& property) {
-    auto place = std::ranges::find(given_, property);
-    if (place == given_.end()) {
-        if (first_id + given_.size() > last_id)
-            throw Failure(result::fail, u"All named properties are given out");
-        place = given_.insert(given_.end(), property);
+    const auto [place, is_new] = places_.try_emplace(property, given_.size());
+    if (is_new && first_id + given_.size() > last_id) {
+        places_.erase(place);
+        throw Failure(result::fail, u"All named properties are given out");
     }
-    return (first_id + static_cast<Tag>(place - given_.begin())) << 16;
+    if (is_new) given_.push_back(property);
+    return (first_id + static_cast<Tag>(place->second)) << 16;
 }
 
 Text NamedProperties::address(Tag tag) const {

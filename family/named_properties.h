@@ -1,7 +1,9 @@
 // Property tags and schema addresses.
 #pragma once
 
+#include <compare>
 #include <cstdint>
+#include <map>
 #include <variant>
 #include <vector>
 
@@ -23,7 +25,7 @@ Tag read_tag(const host::Value& value);
 struct NamedProperty {
     host::Text set;  ///< "{00062004-0000-0000-C000-000000000046}", in upper case
     std::variant<std::uint32_t, host::Text> id;
-    friend bool operator==(const NamedProperty&, const NamedProperty&) = default;
+    friend auto operator<=>(const NamedProperty&, const NamedProperty&) = default;
 };
 
 /// A named property by a set and a number or a text; a number of 16 bits may come with its sign. Throws
@@ -42,7 +44,8 @@ class NamedProperties {
     host::Text address(Tag tag) const;
 
   private:
-    std::vector<NamedProperty> given_;  ///< the place of each tells its tag
+    std::vector<NamedProperty> given_;             ///< the place of each tells its tag
+    std::map<NamedProperty, std::size_t> places_;  ///< in `given_`
 };
 
 }  // namespace family

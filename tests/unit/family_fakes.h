@@ -1,0 +1,207 @@
+// Small stand-ins for the host, so that the family can be asked without one.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <set>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "family/surroundings.h"
+#include "host/automated.h"
+
+namespace family_test {
+
+using host::Access;
+using host::Failure;
+using host::Object;
+using host::Request;
+using host::Text;
+using host::TextView;
+using host::Value;
+
+/// An object whose members are properties and functions that a test puts in. It counts what it is asked.
+class Fake : public host::Invocable {
+  public:
+    using Code = std::function<Value(std::vector<Value>&)>;
+
+    std::map<Text, Value> properties;
+    std::map<Text, Code> functions;
+    std::vector<Text> asked;  ///< members, in order, as "name" or "name=" for a put
+
+    Value invoke(Request& request) override {
+        const Text member = request.member.empty()
+                                ? names_.at(static_cast<std::size_t>(request.id - first_id))
+                                : Text(request.member);
+        if (request.access == Access::identify) return identify(member, request);
+        asked.push_back(request.access == Access::put ? member + u"=" : member);
+        if (request.access == Access::put) {
+            properties[member] = request.arguments.back();
+            return {};
+        }
+        if (const auto function = functions.find(member); function != functions.end()) {
+            return function->second(request.arguments);
+        }
+        if (const auto property = properties.find(member); property != properties.end())
+            return property->second;
+        throw Failure(host::result::unknown_name, member);
+    }
+
+  private:
+    static constexpr std::int32_t first_id =
+        0x60000;  // where the ids of classes without a platform's ids begin
+
+    Value identify(const Text& member, Request& request) {
+        if (!functions.contains(member) && !properties.contains(member)) {
+            throw Failure(host::result::unknown_name, member);
+        }
+        names_.push_back(member);
+        request.id = first_id + static_cast<std::int32_t>(names_.size()) - 1;
+        return host::Array::of({});
+    }
+
+    std::vector<Text> names_;
+};
+
+inline std::shared_ptr<Fake> fake(std::map<Text, Value> properties = {}) {
+    auto made = std::make_shared<Fake>();
+    made->properties = std::move(properties);
+    return made;
+}
+
+/// A collection, counted from 1.
+inline std::shared_ptr<Fake> collection(std::vector<Object> elements) {
+    auto made = fake({{u"Count", static_cast<std::int32_t>(elements.size())}});
+    made->functions[u"Item"] = [elements](std::vector<Value>& arguments) -> Value {
+        const std::int32_t index = arguments.at(0).to_integer();
+        if (index < 1 || index > static_cast<std::int32_t>(elements.size()))
+            throw Failure(host::result::bad_index);
+        return elements[static_cast<std::size_t>(index) - 1];
+    };
+    return made;
+}
+
+/// Offers MAPI properties by their schema addresses, under `PropertyAccessor`.
+inline void offer_fields(Fake& owner, std::map<Text, Value> values) {
+    auto accessor = fake();
+    Fake* raw = accessor.get();
+    raw->functions[u"GetProperty"] = [values](std::vector<Value>& arguments) -> Value {
+        const auto found = values.find(arguments.at(0).to_text());
+        if (found == values.end()) throw Failure(host::result::not_found, u"The property is unknown");
+        return found->second;
+    };
+    raw->functions[u"SetProperty"] = [raw](std::vector<Value>& arguments) -> Value {
+        raw->properties[arguments.at(0).to_text()] = arguments.at(1);
+        return {};
+    };
+    owner.properties[u"PropertyAccessor"] = Object(accessor);
+}
+
+/// A profile: message stores with their trees of folders.
+class Profile {
+  public:
+    struct Node {
+        Text name;
+        std::vector<Node> children{};
+        std::vector<Object> items{};
+    };
+
+    explicit Profile(std::vector<Node> stores) : stores_(std::move(stores)) {}
+
+    /// The application object of this profile as it is now.
+    Object application() {
+        folders_.clear();
+        std::vector<Object> roots;
+        for (std::size_t i = 0; i < stores_.size(); ++i) {
+            roots.push_back(
+                make(stores_[i], u"STORE" + host::to_text(static_cast<long long>(i) + 1), Text(), Object()));
+        }
+        auto session = fake({{u"Folders", Object(collection(roots))}});
+        session->functions[u"GetFolderFromID"] = [this](std::vector<Value>& arguments) -> Value {
+            ++opened;
+            const auto found = folders_.find({arguments.at(0).to_text(), arguments.at(1).to_text()});
+            if (found == folders_.end()) throw Failure(host::result::not_found);
+            return found->second;
+        };
+        auto application = fake();
+        application->functions[u"GetNamespace"] = [session](std::vector<Value>& arguments) -> Value {
+            EXPECT_EQ(arguments.at(0), Value(u"MAPI"));
+            return Object(session);
+        };
+        return Object(application);
+    }
+
+    std::vector<Node>& stores() { return stores_; }
+
+    int opened = 0;            ///< how often a folder was opened by its id
+    int listed = 0;            ///< how often a folder's subfolders were read
+    std::set<Text> offline{};  ///< folders whose subfolders can't be read
+
+  private:
+    Object make(const Node& node, const Text& store, const Text& above, const Object& parent) {
+        const Text path = above + u"/" + node.name;
+        auto folder = fake({{u"Name", node.name}, {u"EntryID", u"ID:" + path}, {u"StoreID", store}});
+        folder->functions[u"Parent"] = [above_it =
+                                            std::weak_ptr(parent.target())](std::vector<Value>&) -> Value {
+            const auto target = above_it.lock();
+            if (!target) throw Failure(host::result::fail, u"Nothing is above a store");
+            return Object(target);
+        };
+        std::vector<Object> children;
+        for (const Node& child : node.children) children.push_back(make(child, store, path, Object(folder)));
+        folder->functions[u"Folders"] = [this, children, name = node.name](std::vector<Value>&) -> Value {
+            ++listed;
+            if (offline.contains(name)) throw Failure(host::result::fail, u"The store is offline");
+            return Object(collection(children));
+        };
+        folder->properties[u"Items"] = Object(collection(node.items));
+        folders_[{u"ID:" + path, store}] = Object(folder);
+        return Object(folder);
+    }
+
+    std::vector<Node> stores_;
+    std::map<std::pair<Text, Text>, Object> folders_;
+};
+
+/// Settings in a map, calls in a list, a profile in memory.
+class Surroundings : public family::Surroundings {
+  public:
+    explicit Surroundings(std::vector<Profile::Node> stores = {}) : profile(std::move(stores)) {}
+
+    std::optional<Text> read_setting(TextView name) override {
+        const auto found = settings.find(Text(name));
+        return found == settings.end() ? std::nullopt : std::optional(found->second);
+    }
+    Object application() override {
+        if (!with_application) throw Failure(host::result::bad_prog_id, u"No host");
+        return profile.application();
+    }
+    void record(Text call) override { calls.push_back(std::move(call)); }
+
+    std::map<Text, Text> settings;
+    std::vector<Text> calls;
+    Profile profile;
+    bool with_application = true;
+};
+
+/// The number of the failure that an action ends with; 0 if it does not fail.
+template <class Action>
+std::int32_t failure_of(Action action) {
+    try {
+        action();
+        return 0;
+    } catch (const Failure& failure) {
+        return failure.number();
+    }
+}
+
+/// Texts of a failed comparison, readable.
+inline std::vector<std::string> readable(const std::vector<Text>& texts) {
+    std::vector<std::string> all;
+    for (const Text& text : texts) all.push_back(host::to_utf8(text));
+    return all;
+}
+inline std::string readable(const Value& value) { return host::to_utf8(value.to_text()); }
+
+}  // namespace family_test
