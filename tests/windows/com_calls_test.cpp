@@ -1,0 +1,169 @@
+#include "com_sample.h"
+
+namespace windows::testing {
+namespace {
+
+using Calls = Border;
+
+TEST_F(Calls, ReachMembersByNameInAnyCase) {
+    const Object sample = seen(std::make_shared<Sample>());
+    sample.put(u"value", 5);
+    EXPECT_EQ(sample.get(u"VALUE"), Value(5));
+    EXPECT_EQ(sample.call(u"double", {21}), Value(42));
+    EXPECT_EQ(sample.get(u"Double", {4}), Value(8)) << "a method may be read";
+    EXPECT_EQ(sample.call(u"Value"), Value(5)) << "a property may be called";
+}
+
+TEST_F(Calls, ArgumentsKeepTheirOrder) {
+    const Object sample = seen(std::make_shared<Sample>());
+    EXPECT_EQ(sample.call(u"Join", {u"a", u"b", u"c"}), Value(u"a;b;c;"));
+    EXPECT_EQ(sample.call(u"Join", {u"a"}), Value(u"a;-;-;"));
+    EXPECT_EQ(sample.call(u"Join", {u"a", host::Missing{}, u"c"}), Value(u"a;-;c;"));
+}
+
+TEST_F(Calls, NamedArgumentsFindTheirPlaces) {
+    const Object sample = seen(std::make_shared<Sample>());
+    Request request{.access = Access::call,
+                    .member = u"Join",
+                    .arguments = {u"a"},
+                    .named = {{u"Third", Value(u"c")}, {u"second", Value(u"b")}}};
+    EXPECT_EQ(sample.invoke(request), Value(u"a;b;c;"));
+
+    Request unknown{
+        .access = Access::call, .member = u"Join", .arguments = {u"a"}, .named = {{u"Fourth", Value(1)}}};
+    EXPECT_EQ(failure_number([&] { sample.invoke(unknown); }), host::result::unknown_name);
+}
+
+TEST_F(Calls, ArgumentsByReferenceComeBackChanged) {
+    const Object sample = seen(std::make_shared<Sample>());
+    Request both{
+        .access = Access::call, .member = u"Swap", .arguments = {u"left", true}, .by_reference = 0b11};
+    EXPECT_EQ(failure_number([&] { sample.invoke(both); }), host::result::type_mismatch)
+        << "a boolean's place takes no text";
+
+    Request texts{.access = Access::call, .member = u"Swap", .arguments = {u"left", 2}, .by_reference = 0b11};
+    sample.invoke(texts);
+    EXPECT_EQ(texts.arguments, (std::vector<Value>{2, u"left"}));
+
+    Request one{.access = Access::call, .member = u"Swap", .arguments = {u"left", 2}, .by_reference = 0b01};
+    sample.invoke(one);
+    EXPECT_EQ(one.arguments, (std::vector<Value>{2, 2})) << "what goes by value stays";
+}
+
+TEST_F(Calls, TheDefaultMemberIsReachedByItsId) {
+    auto target = std::make_shared<Sample>();
+    target->value = u"the value";
+    const Object sample = seen(target);
+    Request plain{.access = Access::get, .member = {}, .id = host::default_member};
+    EXPECT_EQ(sample.invoke(plain), Value(u"the value"));
+    Request indexed{.access = Access::get, .member = {}, .id = host::default_member, .arguments = {3}};
+    EXPECT_EQ(sample.invoke(indexed), Value(u"at 3"));
+}
+
+TEST_F(Calls, FailuresArriveWithNumberAndText) {
+    const Object sample = seen(std::make_shared<Sample>());
+    for (const std::int32_t number :
+         {host::result::fail, host::result::not_found, host::result::access_denied}) {
+        try {
+            sample.call(u"Fail", {number});
+            ADD_FAILURE() << "no failure";
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.number(), number);
+            EXPECT_EQ(failure.description(), u"Refused on purpose");
+        }
+    }
+}
+
+TEST_F(Calls, TheCodesOfLateBindingArriveAsTheyAre) {
+    const Object sample = seen(std::make_shared<Sample>());
+    const std::pair<std::function<void()>, std::int32_t> cases[] = {
+        {[&] { sample.call(u"Nowhere"); }, host::result::unknown_name},
+        {[&] { sample.put(u"Count", 1); }, host::result::member_not_found},
+        {[&] { sample.call(u"Join"); }, host::result::bad_count},
+        {[&] {
+             sample.call(u"Double", {1, 2});
+         },
+         host::result::bad_count},
+        {[&] { sample.call(u"Double", {u"x"}); }, host::result::type_mismatch},
+        {[&] { sample.call(u"Item", {1}); }, host::result::bad_index},
+        {[&] { sample.call(u"Fail", {host::result::overflow}); }, host::result::overflow},
+        {[&] { sample.call(u"Break", {u"memory"}); }, E_OUTOFMEMORY},
+        {[&] { sample.call(u"Break", {u"anything"}); }, E_UNEXPECTED},
+    };
+    for (const auto& [action, number] : cases) EXPECT_EQ(failure_number(action), number);
+}
+
+TEST_F(Calls, AMissingMemberIsNamedInTheFailure) {
+    const Object sample = seen(std::make_shared<Sample>());
+    try {
+        sample.get(u"Nowhere");
+        ADD_FAILURE() << "no failure";
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.description(), u"Nowhere");
+    }
+}
+
+TEST_F(Calls, ObjectsAreAssigned) {
+    auto target = std::make_shared<Sample>();
+    auto other = std::make_shared<Sample>();
+    const Object sample = seen(target);
+    sample.put(u"Value", Value(seen(other)));
+    EXPECT_EQ(target->value.to_object().target(), other) << "what comes home is the object itself";
+    sample.put(u"Value", Value(Object()));
+    EXPECT_FALSE(target->value.to_object());
+}
+
+TEST_F(Calls, AskForAnIdOnceForAllObjectsOfAKind) {
+    static constexpr host::Kind kind{"sample"};
+    for (int i = 0; i < 5; ++i) {
+        const Object sample(seen(std::make_shared<Sample>()).target(), &kind);
+        EXPECT_EQ(sample.call(u"Double", {i}), Value(2 * i));
+        EXPECT_EQ(sample.call(u"DOUBLE", {i}), Value(2 * i));
+    }
+    EXPECT_EQ(counter->calls(u"Double").identified, 1U);
+    EXPECT_EQ(counter->calls(u"Double").invoked, 10U);
+    EXPECT_EQ(counter->calls_in_all().identified, 1U);
+}
+
+TEST_F(Calls, AskForAnIdOncePerObjectWithoutAKind) {
+    for (int i = 0; i < 3; ++i) {
+        const Object sample = seen(std::make_shared<Sample>());
+        sample.call(u"Double", {1});
+        sample.call(u"Double", {2});
+    }
+    EXPECT_EQ(counter->calls(u"Double").identified, 3U);
+    EXPECT_EQ(counter->calls(u"Double").invoked, 6U);
+    counter->reset_calls();
+    EXPECT_EQ(counter->calls_in_all().invoked, 0U);
+}
+
+TEST_F(Calls, AnObjectWithIdsOfItsOwnIsAskedOnce) {
+    static constexpr host::Kind kind{"echo"};
+    const Object first(seen(std::make_shared<Sample>()).target(), &kind);
+    const Object later(seen(std::make_shared<LaterSample>()).target(), &kind);
+    EXPECT_EQ(first.call(u"Echo", {u"x"}), Value(u"x"));
+    EXPECT_EQ(later.call(u"Echo", {u"x"}), Value(u"later x"));
+    counter->reset_calls();
+    EXPECT_EQ(later.call(u"Echo", {u"y"}), Value(u"later y"));
+    EXPECT_EQ(first.call(u"Echo", {u"y"}), Value(u"y"));
+    EXPECT_EQ(counter->calls_in_all().identified, 0U) << "each is known now";
+    EXPECT_EQ(counter->calls_in_all().invoked, 2U);
+}
+
+TEST_F(Calls, AMemberThatAnObjectOfTheKindLacksIsUnknown) {
+    static constexpr host::Kind kind{"double"};
+    const Object first(seen(std::make_shared<Sample>()).target(), &kind);
+    const Object later(seen(std::make_shared<LaterSample>()).target(), &kind);
+    first.call(u"Double", {1});
+    EXPECT_EQ(failure_number([&] { later.call(u"Double", {1}); }), host::result::unknown_name);
+}
+
+TEST_F(Calls, IdsOfMembersAndParametersCanBeAskedFor) {
+    const Object sample = seen(std::make_shared<Sample>());
+    Request request{.access = Access::identify, .member = u"Join", .named = {{u"Third", {}}, {u"First", {}}}};
+    EXPECT_EQ(sample.invoke(request), Value(host::Array::of({2, 0})));
+    EXPECT_NE(request.id, host::no_id);
+}
+
+}  // namespace
+}  // namespace windows::testing

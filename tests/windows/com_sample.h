@@ -1,0 +1,80 @@
+// A small class of our own and two apartments: what one of them bridges, the other adapts, as two programs
+// would.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "host/automated.h"
+#include "host/events.h"
+#include "windows/com/apartment.h"
+#include "windows/com/named.h"
+
+namespace windows::testing {
+
+using host::Access;
+using host::Failure;
+using host::Object;
+using host::Request;
+using host::Text;
+using host::TextView;
+using host::Value;
+
+inline constexpr host::Event sample_events[] = {{u"Opened", 1}, {u"Sending", 2, 0b10}, {u"Closed", 3}};
+inline constexpr host::EventInterface sample_interface{
+    "SampleEvents", host::guid("{8A4C1E52-6F0B-4D7A-9E35-1B2C3D4E5F60}"), sample_events};
+
+/// Knows a value, answers calls of every shape and raises events.
+class Sample : public host::Automated<Sample>, public Named {
+  public:
+    static const host::Members<Sample>& members();
+    [[nodiscard]] std::string_view class_name() const override { return "Sample"; }
+    Value invoke(Request& request) override;
+
+    /// Raises an event to every sink; the arguments come back as the sinks have changed them.
+    void raise(std::int32_t id, std::vector<Value>& arguments, std::uint32_t by_reference = 0);
+
+    Value value;
+    std::vector<Value> items;
+    std::map<std::int32_t, Object> sinks;
+
+  private:
+    std::int32_t last_cookie_ = 0;
+};
+
+/// The same members under ids of their own, as an object of another version would have.
+class LaterSample : public host::Automated<LaterSample> {
+  public:
+    static const host::Members<LaterSample>& members();
+};
+
+/// COM, and the two sides of the border.
+class Border : public ::testing::Test {
+  protected:
+    Border() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~Border() override { CoUninitialize(); }
+
+    /// An object as the other side sees it.
+    Object seen(const std::shared_ptr<host::Invocable>& object) {
+        return Object(outside->adapt(inside->bridge(object).get()));
+    }
+
+    Module module;
+    std::shared_ptr<BridgeCounter> counter = std::make_shared<BridgeCounter>();
+    std::shared_ptr<Apartment> inside = Apartment::create(module, u"Sample program", counter);
+    std::shared_ptr<Apartment> outside = Apartment::create(module, u"Client");
+};
+
+/// The number of the failure that an action throws; 0 if it throws none.
+template <class Action>
+std::int32_t failure_number(Action&& action) {
+    try {
+        action();
+    } catch (const Failure& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+}  // namespace windows::testing
