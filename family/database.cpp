@@ -149,7 +149,7 @@ std::vector<Value> Database::drop_downs(TextView list) {
     const std::int32_t count = items.Count();
     for (std::int32_t i = 1; i <= count; ++i) {
         const host::outlook::Item record = items.Item(i);
-        if (is_of_list(record, list)) subjects.emplace_back(record.Subject());
+        if (is_of_list(record, list)) subjects.push_back(record.get(u"Subject"));
     }
     return subjects;
 }

@@ -1,0 +1,17 @@
+// Entries of the server's classes in the registry.
+#pragma once
+
+#include <span>
+
+#include "family/create.h"
+#include "windows/com/platform.h"
+
+namespace family {
+
+/// Enters the classes of a server file, machine-wide. What was entered stays when a later entry is refused.
+HRESULT register_classes(std::span<const ClassEntry> classes, const host::Text& file);
+
+/// Removes the entries. Those that are not there are passed over.
+HRESULT unregister_classes(std::span<const ClassEntry> classes);
+
+}  // namespace family

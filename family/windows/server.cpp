@@ -1,0 +1,33 @@
+#include "family/windows/server.h"
+
+#include <algorithm>
+
+#include "family/windows/windows_surroundings.h"
+#include "windows/com/class_factory.h"
+
+namespace family {
+
+HRESULT Server::class_object(REFCLSID id, REFIID iid, void** answer) {
+    const auto known = classes();
+    const auto entry = std::ranges::find(known, windows::from_guid(id), &ClassEntry::id);
+    if (entry == known.end()) return CLASS_E_CLASSNOTAVAILABLE;
+    return windows::ClassFactory::create(module_, [this, made = *entry] { return make(made); })
+        ->QueryInterface(iid, answer);
+}
+
+Server::Room Server::room_of_this_thread() {
+    const std::lock_guard lock(mutex_);
+    Room& room = rooms_[GetCurrentThreadId()];
+    if (!room.apartment) {
+        room.apartment = windows::Apartment::create(module_, u"TarnwellFamily");
+        room.surroundings = std::make_shared<WindowsSurroundings>(room.apartment);
+    }
+    return room;
+}
+
+windows::ComPtr<IUnknown> Server::make(const ClassEntry& entry) {
+    const Room room = room_of_this_thread();
+    return room.apartment->bridge(entry.make(room.surroundings).target()).as<IUnknown>(IID_IUnknown);
+}
+
+}  // namespace family

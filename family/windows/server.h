@@ -1,0 +1,34 @@
+// The in-process server of the family's classes.
+#pragma once
+
+#include <map>
+#include <mutex>
+
+#include "family/create.h"
+#include "windows/com/apartment.h"
+
+namespace family {
+
+/// What the server holds while it is loaded: for each thread that uses it, its side of the border to COM and
+/// the surroundings of the objects there.
+class Server {
+  public:
+    /// The class object of a class; CLASS_E_CLASSNOTAVAILABLE for one that is not the family's.
+    HRESULT class_object(REFCLSID id, REFIID iid, void** answer);
+
+    bool may_unload() const { return module_.idle(); }
+
+  private:
+    struct Room {
+        std::shared_ptr<windows::Apartment> apartment;
+        std::shared_ptr<Surroundings> surroundings;
+    };
+    Room room_of_this_thread();
+    windows::ComPtr<IUnknown> make(const ClassEntry& entry);
+
+    windows::Module module_;
+    std::mutex mutex_;
+    std::map<DWORD, Room> rooms_;  ///< by thread id
+};
+
+}  // namespace family

@@ -1,0 +1,42 @@
+#include "family/windows/windows_surroundings.h"
+
+#include "family/windows/registry_list.h"
+#include "windows/com/failure.h"
+
+namespace family {
+
+using host::Text;
+using host::TextView;
+
+std::optional<Text> WindowsSurroundings::read_setting(TextView name) {
+    const std::wstring key(family_key);
+    const Text value(name);
+    Text text;
+    DWORD bytes = 256;
+    LSTATUS status = ERROR_MORE_DATA;
+    while (status == ERROR_MORE_DATA) {  // somebody may write a longer text meanwhile
+        text.resize(bytes / sizeof(char16_t));
+        status = RegGetValueW(HKEY_CURRENT_USER, key.c_str(), windows::wide(value), RRF_RT_REG_SZ, nullptr,
+                              text.data(), &bytes);
+    }
+    if (status != ERROR_SUCCESS) return std::nullopt;
+    text.resize(text.find(u'\0'));
+    return text;
+}
+
+host::Object WindowsSurroundings::application() {
+    CLSID id{};
+    windows::check(CLSIDFromProgID(L"Outlook.Application", &id), u"Outlook.Application");
+    windows::ComPtr<IDispatch> application;
+    windows::check(CoCreateInstance(id, nullptr, CLSCTX_SERVER, IID_IDispatch, application.put_void()),
+                   u"Outlook.Application");
+    return host::Object(apartment_->adapt(application.get()));
+}
+
+void WindowsSurroundings::record(Text call) {
+    if (!append_to_list(L"Calls", windows::wide(call))) {
+        throw host::Failure(host::result::fail, u"The family's list of calls can't be written");
+    }
+}
+
+}  // namespace family

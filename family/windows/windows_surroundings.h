@@ -1,0 +1,23 @@
+// The surroundings of the stand-ins in a real process: the registry and the host's application object.
+#pragma once
+
+#include "family/surroundings.h"
+#include "windows/com/apartment.h"
+
+namespace family {
+
+/// Settings are texts under the family's registry key. Calls are recorded in the list "Calls" below it.
+class WindowsSurroundings : public Surroundings {
+  public:
+    explicit WindowsSurroundings(std::shared_ptr<windows::Apartment> apartment)
+        : apartment_(std::move(apartment)) {}
+
+    std::optional<host::Text> read_setting(host::TextView name) override;
+    host::Object application() override;
+    void record(host::Text call) override;
+
+  private:
+    std::shared_ptr<windows::Apartment> apartment_;
+};
+
+}  // namespace family
