@@ -1,7 +1,9 @@
 // The family's programs, as far as the add-in sees them: each notes that it was started, and ends.
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "family/windows/registry_list.h"
 
@@ -13,9 +15,21 @@ std::wstring working_folder() {
     return folder;
 }
 
+/// The command line as its writer had it: the shell puts the whole path, between quotes, where he wrote the
+/// program's name.
+std::wstring written(std::wstring_view command_line) {
+    const bool quoted = command_line.starts_with(L'"');
+    if (quoted) command_line.remove_prefix(1);
+    const std::size_t end = std::min(command_line.find(quoted ? L'"' : L' '), command_line.size());
+    const std::wstring_view program = command_line.substr(0, end);
+    const std::wstring_view rest = command_line.substr(std::min(end + quoted, command_line.size()));
+    const std::size_t folder = program.find_last_of(L"\\/:");
+    return std::wstring(program.substr(folder == program.npos ? 0 : folder + 1)) + std::wstring(rest);
+}
+
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-    const std::wstring start = working_folder() + L"|" + GetCommandLineW();
+    const std::wstring start = working_folder() + L"|" + written(GetCommandLineW());
     return family::append_to_list(L"Programs", start) ? 0 : 1;
 }
