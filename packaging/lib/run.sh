@@ -1,0 +1,114 @@
+# shellcheck shell=bash
+# `./tarnwell run` opens the desk for a person; `./tarnwell deliver` hands it mails.
+
+run_folder=$BUILD/run
+
+display_usable() { [[ -n ${DISPLAY:-} ]] && timeout 10 xdotool getdisplaygeometry >/dev/null 2>&1; }
+
+# friendly_rows: what a person would have switched on in the add-in's options.
+friendly_rows() {
+    local key='HKEY_CURRENT_USER\Software\Microsoft\Office\9.0\Outlook\Options\Tarnwell'
+    row "$key" AutoFileSentEmails 1
+    row "$key" EnableQuickView 1
+}
+
+run_command() {
+    local fresh=
+    while (($# > 0)); do
+        case $1 in
+            --fresh) fresh=1 ;;
+            *) fail "'run' knows only the option --fresh, not '$1'" 2 ;;
+        esac
+        shift
+    done
+    prepare desk
+    if display_usable; then open_desk "$fresh"; else show_tour; fi
+}
+
+# The desk in the foreground, on a working copy of the sample company that stays from one run to the next.
+open_desk() {
+    local fresh=$1 code=0 unattended=0 folder=$run_folder
+    try_lock "$BUILD/run.lock" ||
+        fail "the desk is open already; './tarnwell deliver FILE...' hands it mails"
+    mkdir -p "$folder"
+    use_prefix run
+    install_programs "$folder/program"
+    rm -rf "$folder/state"
+    mkdir -p "$folder/state"
+    if [[ -n $fresh || ! -f $folder/database/tarnwell.db ]]; then
+        say "a fresh copy of the sample company: $folder/database"
+        copy_database sample "$folder/database"
+        fresh=1
+    fi
+    register_servers "$folder/program" "$fresh"
+    { desk_rows "$folder/program" "$folder/database" "$folder/state" &&
+        { [[ -z $fresh ]] || friendly_rows; }; } | import_rows "$folder/desk.reg"
+    start_desk "$folder/program" "$folder/state"
+    say "the desk is open; closing its window ends it"
+    say "in another terminal, './tarnwell deliver FILE...' hands it mails, for example data/sample/mails/*.eml"
+    wait "$desk_pid" || code=$?
+    if ((code != 0)); then
+        show_desk_log "$folder/state"
+        fail "the desk died (exit code $code)"
+    fi
+    say "the desk was closed; its data stay in $folder/database ('./tarnwell run --fresh' starts anew)"
+}
+
+# Without a display: the sample mails, delivered and read, and what the add-in made of each.
+show_tour() {
+    local folder=$BUILD/script file mails=()
+    say "there is no display, so this is a tour of the sample mails on a virtual one (with DISPLAY set, the desk opens)"
+    lock "$BUILD/script.lock" "a script runs; waiting for it"
+    start_display
+    use_prefix script
+    prepare_desk "$folder" sample
+    for file in "$ROOT"/data/sample/mails/*.eml; do mails+=("$(windows_path "$file")"); done
+    start_desk "$folder/program" "$folder/state"
+    run_script 300 "$folder" "$ROOT/desk/scripts/tour.js" "${mails[@]}"
+    watch_end "$folder"
+    stop_wine
+    rm -rf "$folder"
+    exit "$script_status"
+}
+
+# deliver_command FILE...: one line for each file; one that fails does not keep the others back.
+deliver_command() {
+    (($# > 0)) || fail "'deliver' needs at least one mail file" 2
+    local folder=$run_folder/deliver file path given=() names=() failed=0 i
+    if try_lock "$BUILD/run.lock"; then
+        unlock
+        fail "no desk is open; './tarnwell run' opens one"
+    fi
+    [[ -e $run_folder/state/ready ]] || fail "the desk is not ready yet; try again in a moment"
+    lock "$BUILD/deliver.lock" "another delivery is under way; waiting for it"
+    find_wine
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    at_end "rm -rf '$folder'"
+    for file in "$@"; do
+        if [[ ! -e $file ]]; then
+            printf '%s: not delivered: there is no such file\n' "$file"
+        elif [[ ! -f $file ]]; then
+            printf '%s: not delivered: it is not a file\n' "$file"
+        elif [[ ! -r $file ]]; then
+            printf '%s: not delivered: it can not be read\n' "$file"
+        else
+            path=$(realpath -s -- "$file")
+            # Windows has no such names; the desk gets a copy.
+            if [[ $path == *[\\:*?\"\<\>\|[:cntrl:]]* ]] || ! iconv -f UTF-8 -t UTF-8 <<<"$path" >/dev/null 2>&1; then
+                path=$folder/${#given[@]}.eml
+                cp -- "$file" "$path"
+            fi
+            given+=("$(windows_path "$path")")
+            names+=("$file")
+            continue
+        fi
+        failed=1
+    done
+    ((${#given[@]} > 0)) || exit 1
+
+    wine_environment "$BUILD/prefix-run" shared
+    for ((i = 0; i < ${#given[@]}; i++)); do given[i]+="|${names[i]}"; done
+    run_script $((60 + 10 * ${#given[@]})) "$folder" "$ROOT/desk/scripts/deliver.js" "${given[@]}"
+    ((script_status == 0 && failed == 0)) || exit 1
+}

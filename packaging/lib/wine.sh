@@ -1,0 +1,228 @@
+# shellcheck shell=bash
+# Wine: prefixes of our own, a virtual display, and what stands in the registry before the desk starts.
+
+# The loader of 64-bit programs. Debian's wrapper `wine` would first tell about a 32-bit one that nobody needs.
+find_wine() {
+    local candidate
+    for candidate in /usr/lib/wine/wine64 wine64 wine64-stable; do
+        wine_loader=$(command -v "$candidate") && break
+    done
+    for candidate in /usr/lib/wine/wineserver wineserver wineserver-stable; do
+        wine_server=$(command -v "$candidate") && break
+    done
+    [[ -n $wine_loader && -n $wine_server ]] ||
+        fail "Wine's 64-bit loader is not to be found; install it by: apt-get install wine64"
+}
+
+owned_prefix=
+
+# wine_environment PREFIX [shared]: the surroundings of every Wine program from here on. What runs in the prefix is ended
+# with us, unless it is shared with another ./tarnwell. The home is below build/, so that nothing touches the user's own folders.
+wine_environment() {
+    mkdir -p "$BUILD/home"
+    export XAUTHORITY=${XAUTHORITY:-${HOME:-/root}/.Xauthority}
+    export WINEPREFIX=$1 WINEARCH=win64 WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe=' WINEDEBUG=-all
+    export HOME=$BUILD/home TARNWELL_WINE=$wine_loader
+    if [[ ${2:-} != shared ]]; then
+        [[ -n $owned_prefix ]] || at_end stop_wine
+        owned_prefix=$1
+    fi
+}
+
+# stop_wine: ends every program of the prefix that is ours to end, and only of it.
+stop_wine() {
+    [[ -d $owned_prefix ]] || return 0
+    (export WINEPREFIX=$owned_prefix && unlocked timeout 20 "$wine_server" -k) >/dev/null 2>&1 || true
+    (export WINEPREFIX=$owned_prefix && unlocked timeout 20 "$wine_server" -w) >/dev/null 2>&1 || true
+}
+
+# in_wine SECONDS PROGRAM ARGUMENT...: runs a program to its end, without output.
+in_wine() {
+    local seconds=$1
+    shift
+    (unlocked timeout --kill-after=5 "$seconds" "$wine_loader" "$@") >/dev/null 2>&1 </dev/null
+}
+
+# windows_path PATH: as the programs below Wine see it.
+windows_path() {
+    local path
+    path=$(realpath -m -s -- "$1")
+    printf 'Z:%s' "${path//\//\\}"
+}
+
+# start_display: a virtual screen with a small window manager, without which windows have no frame.
+start_display() {
+    local pipe=$BUILD/display.$$ number= manager i
+    rm -f "$pipe"
+    mkfifo "$pipe"
+    (unlocked setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset) \
+        3>"$pipe" >"$BUILD/logs/display.log" 2>&1 </dev/null &
+    at_end "end_process $!"
+    read -r -t 20 number <"$pipe" || true
+    rm -f "$pipe"
+    [[ -n $number ]] || {
+        show_tail "$BUILD/logs/display.log"
+        fail "the virtual display (Xvfb) did not start"
+    }
+    export DISPLAY=:$number
+    (unlocked setpriv --pdeathsig TERM openbox --sm-disable) >>"$BUILD/logs/display.log" 2>&1 </dev/null &
+    manager=$!
+    at_end "end_process $manager"
+    for ((i = 0; i < 100; i++)); do
+        xdotool get_num_desktops >/dev/null 2>&1 && return 0
+        kill -0 "$manager" 2>/dev/null || break
+        sleep 0.1
+    done
+    fail "the window manager (openbox) did not start on the virtual display; $BUILD/logs/display.log tells more"
+}
+
+# use_prefix NAME: makes build/prefix-NAME if need be. Needs a display. Its registry, as Wine made it, is put aside.
+use_prefix() {
+    local prefix=$BUILD/prefix-$1 version
+    find_wine
+    wine_environment "$prefix"
+    version=$(dpkg-query --show --showformat='${Package} ${Version}\n' wine64 fonts-wine)
+    if [[ ! -f $prefix/.made || $(<"$prefix/.made") != "$version" ]]; then
+        stop_wine
+        rm -rf "$prefix"
+        mkdir -p "$prefix"
+        with_progress "making the Wine prefix '$1'" "$BUILD/logs/prefix-$1.log" \
+            timeout 300 "$wine_loader" wineboot.exe --init || {
+            show_tail "$BUILD/logs/prefix-$1.log"
+            fail "the Wine prefix $prefix could not be made"
+        }
+        (unlocked timeout 120 "$wine_server" -w) || true # the first start goes on behind wineboot
+        stop_wine
+        mkdir "$prefix/pristine"
+        cp "$prefix"/*.reg "$prefix/pristine/"
+        printf '%s\n' "$version" >"$prefix/.made"
+    fi
+    stop_wine # what a killed run may have left
+}
+
+# The registry, as rows of key, name and text, tab-separated. `@` is a key's default value; a key that begins with `-`
+# is removed, a name alone (no third field) as well.
+desk_rows() { # $1: folder of programs, $2: folder of the database, $3: folder for the state
+    local program class='HKEY_CLASSES_ROOT\CLSID\{0006F03A-0000-0000-C000-000000000046}' id
+    program=$(windows_path "$1")
+    for id in Outlook.Application Outlook.Application.9; do
+        row "HKEY_CLASSES_ROOT\\$id" @ 'Microsoft Outlook'
+        row "HKEY_CLASSES_ROOT\\$id\\CLSID" @ '{0006F03A-0000-0000-C000-000000000046}'
+    done
+    row 'HKEY_CLASSES_ROOT\Outlook.Application\CurVer' @ Outlook.Application.9
+    row "$class" @ 'Microsoft Outlook'
+    row "$class\\LocalServer32" @ "\"$program\\desk.exe\""
+    row "$class\\ProgID" @ Outlook.Application.9
+    row "$class\\VersionIndependentProgID" @ Outlook.Application
+
+    id='HKEY_CURRENT_USER\Software\Tarnwell\Desk'
+    row "-$id"
+    row "$id" Database "$(windows_path "$2/tarnwell.db")"
+    row "$id" HostVersion "${host_version:-16.0.0.0}"
+    row "$id" InstantSearch "${instant_search:-0}"
+    row "$id" Language "${language:-1033}"
+    row "$id" EventOrder "${event_order:-host}"
+    row "$id" Unattended "${unattended:-1}"
+    row "$id" MailReader "$BUILD/native/bin/tarnwell-mail"
+    row "$id" LogFile "$(windows_path "$3/desk.log")"
+    row "$id" State "$(windows_path "$3")"
+
+    id='HKEY_CURRENT_USER\Software\Tarnwell\Family'
+    row "-$id"
+    row "$id" UserName 'Pat Example'
+    row "$id" CurrentUserName 'Pat Example'
+    row "$id" Alignment Left
+    row "$id" EmailAutoFile 1
+    row "$id" SpecialFolder "$(windows_path "$2")"
+    row "$id" ProgramFolder "$program"
+}
+
+# A crashed program ends at once, without a box that waits for somebody.
+crash_rows() { row 'HKEY_CURRENT_USER\Software\Wine\WineDbg' ShowCrashDialog 0 dword; }
+
+row() { # a row's fields hold no tabs
+    local IFS=$'\t'
+    printf '%s\n' "$*"
+}
+
+# import_rows FILE: reads rows, writes them as a registry file and hands it to the prefix in use.
+import_rows() {
+    local file=$1 text
+    text=$(awk -F '\t' '
+        function quoted(s) { gsub(/[\\"]/, "\\\\&", s); return "\"" s "\"" }
+        BEGIN { print "Windows Registry Editor Version 5.00" }
+        { print ""; print "[" $1 "]" }
+        NF < 2 { next }
+        { name = $2 == "@" ? "@" : quoted($2) }
+        NF == 2 { print name "=-"; next }
+        $4 == "dword" { printf "%s=dword:%08x\n", name, $3; next }
+        { print name "=" quoted($3) }' | sed 's/$/\r/')
+    { printf '\xff\xfe' && printf '%s\r\n' "$text" | iconv -f UTF-8 -t UTF-16LE; } >"$file"
+    in_wine 60 regedit.exe /S "$(windows_path "$file")" || fail "the registry of $WINEPREFIX could not be written"
+}
+
+# install_programs FOLDER [LEFT_OUT...]: the programs as they stand on a machine, in one folder of their own, so that
+# one can be left out and what they write beside themselves does not outlive the run.
+install_programs() {
+    local folder=$1 file name
+    shift
+    rm -rf "$folder"
+    mkdir -p "$folder"
+    for file in desk.exe TarnwellNote.dll TarnwellFamily.dll "${desk_programs[@]}"; do
+        for name in "$@"; do [[ ${name,,} != "${file,,}" ]] || continue 2; done
+        [[ -f $BUILD/x64/bin/$file ]] || fail "$BUILD/x64/bin/$file is not there; the build is not complete"
+        cp "$BUILD/x64/bin/$file" "$folder/"
+    done
+}
+
+# register_servers FOLDER [fresh]: lets the libraries of a folder register themselves. What comes of it is put aside and
+# taken from there as long as the libraries are the same. With `fresh`, the registry is otherwise as Wine made it.
+register_servers() {
+    local folder=$1 fresh=${2:-} library hash saved=$WINEPREFIX/registered
+    hash=$(cd "$folder" && sha256sum ./*.dll && printf '%s' "$folder")
+    if [[ -f $saved/hash && $(<"$saved/hash") == "$hash" ]]; then
+        [[ -z $fresh ]] || cp "$saved"/*.reg "$WINEPREFIX/"
+        return 0
+    fi
+    [[ -z $fresh ]] || cp "$WINEPREFIX"/pristine/*.reg "$WINEPREFIX/"
+    for library in "$folder"/*.dll; do
+        say "registering ${library##*/}"
+        in_wine 60 regsvr32.exe /s "$(windows_path "$library")" ||
+            fail "${library##*/} could not register itself in $WINEPREFIX"
+    done
+    crash_rows | import_rows "$folder/crash.reg"
+    rm -f "$folder/crash.reg"
+    stop_wine # writes the registry to its files
+    rm -rf "$saved"
+    mkdir "$saved"
+    cp "$WINEPREFIX"/*.reg "$saved/"
+    printf '%s\n' "$hash" >"$saved/hash"
+}
+
+# start_desk FOLDER STATE: starts the desk and waits until others can reach it and the add-in is loaded. Sets desk_pid.
+start_desk() {
+    local i
+    mkdir -p "$2"
+    rm -f "$2/ready"
+    (unlocked setpriv --pdeathsig TERM "$wine_loader" "$(windows_path "$1/desk.exe")") >>"$2/output.log" 2>&1 \
+        </dev/null &
+    desk_pid=$!
+    at_end 'end_process $desk_pid'
+    for ((i = 0; i < 1200; i++)); do
+        [[ ! -e $2/ready ]] || return 0
+        kill -0 "$desk_pid" 2>/dev/null || break
+        sleep 0.05
+    done
+    show_desk_log "$2"
+    if kill -0 "$desk_pid" 2>/dev/null; then
+        fail "the desk is not ready after 60 seconds"
+    fi
+    fail "the desk ended before it was ready"
+}
+
+show_desk_log() {
+    local log
+    for log in "$1/output.log" "$1/desk.log"; do
+        [[ ! -s $log ]] || tail -n 20 "$log" | tr -d '\r' >&2
+    done
+}
