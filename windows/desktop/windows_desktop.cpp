@@ -1,0 +1,131 @@
+#include "windows/desktop/windows_desktop.h"
+
+#include "windows/com/failure.h"
+#include "windows/desktop/module_file.h"
+
+namespace windows {
+namespace {
+
+constexpr host::TextView application_prog_id = u"Outlook.Application";
+
+/// Attributes of what a plain search of files passes over.
+constexpr DWORD passed_over = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY;
+
+constexpr int first_day = 1, first_week = 1;  // of named formats; the ones in use don't depend on them
+
+class FoundFile {
+  public:
+    explicit FoundFile(const host::Text& path) : search_(FindFirstFileW(wide(path), &data_)) {}
+    FoundFile(const FoundFile&) = delete;
+    FoundFile& operator=(const FoundFile&) = delete;
+    ~FoundFile() {
+        if (search_ != INVALID_HANDLE_VALUE) FindClose(search_);
+    }
+
+    explicit operator bool() const { return search_ != INVALID_HANDLE_VALUE; }
+    const WIN32_FIND_DATAW& operator*() const { return data_; }
+    bool next() { return FindNextFileW(search_, &data_) != FALSE; }
+
+  private:
+    WIN32_FIND_DATAW data_{};
+    HANDLE search_;
+};
+
+}  // namespace
+
+host::Object WindowsDesktop::create(host::TextView prog_id) {
+    CLSID id{};
+    if (FAILED(CLSIDFromProgID(wide(host::Text(prog_id)), &id))) {
+        throw host::Failure(host::result::bad_prog_id, host::Text(prog_id));
+    }
+    ComPtr<IDispatch> object;
+    check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_IDispatch,
+                           object.put_void()));
+    return apartment_->adapt(object.get());
+}
+
+host::Object WindowsDesktop::application() {
+    if (!application_) application_ = create(application_prog_id);
+    return application_;
+}
+
+int WindowsDesktop::message_box(host::TextView text, host::TextView title, std::uint32_t style) {
+    return MessageBoxW(GetActiveWindow(), wide(host::Text(text)), wide(host::Text(title)), style);
+}
+
+void WindowsDesktop::yield() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));  // for the host's own loop
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void WindowsDesktop::sleep(std::uint32_t milliseconds) { Sleep(milliseconds); }
+
+void WindowsDesktop::pointer(host::Pointer pointer) {
+    SetCursor(LoadCursorW(nullptr, pointer == host::Pointer::hourglass ? IDC_WAIT : IDC_ARROW));
+}
+
+int WindowsDesktop::dots_per_inch() {
+    const HWND window = GetDesktopWindow();
+    const HDC context = GetDC(window);
+    const int dots = GetDeviceCaps(context, LOGPIXELSX);
+    ReleaseDC(window, context);
+    return dots;
+}
+
+host::Text WindowsDesktop::find_file(host::TextView path) {
+    FoundFile file{host::Text(path)};
+    if (!file) return {};
+    do {
+        if (((*file).dwFileAttributes & passed_over) == 0) {
+            return host::Text(from_wide((*file).cFileName, wcslen((*file).cFileName)));
+        }
+    } while (file.next());
+    return {};
+}
+
+void WindowsDesktop::delete_file(host::TextView path) {
+    if (!DeleteFileW(wide(host::Text(path)))) check(HRESULT_FROM_WIN32(GetLastError()));
+}
+
+host::Text WindowsDesktop::own_folder() {
+    const host::Text file = module_file();
+    return file.substr(0, file.find_last_of(u'\\'));
+}
+
+host::Text WindowsDesktop::format(host::TextView value, host::TextView named_format) {
+    Variant text;
+    text.bstrVal = Bstr(value).detach();
+    text.vt = VT_BSTR;
+    host::Text name(named_format);
+    Bstr formatted;
+    check(VarFormat(&text, const_cast<wchar_t*>(wide(name)), first_day, first_week, 0, formatted.put()));
+    return host::Text(formatted.view());
+}
+
+std::string WindowsDesktop::narrow(host::TextView text) {
+    if (text.empty()) return {};
+    const host::Text units(text);
+    const int length = static_cast<int>(units.size());
+    const int size = WideCharToMultiByte(CP_ACP, 0, wide(units), length, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, wide(units), length, bytes.data(), size, nullptr, nullptr);
+    return bytes;
+}
+
+host::Text WindowsDesktop::widen(const std::string& bytes) {
+    if (bytes.empty()) return {};
+    const int length = static_cast<int>(bytes.size());
+    const int size = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
+    host::Text text(static_cast<std::size_t>(size), u'\0');
+    MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, reinterpret_cast<wchar_t*>(text.data()), size);
+    return text;
+}
+
+}  // namespace windows

@@ -1,0 +1,39 @@
+// The system as the add-in's logic sees it, on Windows.
+#pragma once
+
+#include "windows/com/apartment.h"
+#include "windows/desktop/registry.h"
+
+namespace windows {
+
+/// Belongs to the thread of its apartment.
+class WindowsDesktop final : public host::Desktop {
+  public:
+    explicit WindowsDesktop(std::shared_ptr<Apartment> apartment) : apartment_(std::move(apartment)) {}
+
+    host::Registry& registry() override { return registry_; }
+    host::Object create(host::TextView prog_id) override;
+    host::Object application() override;  ///< made on first use and kept until `release_application`
+    void release_application() { application_.reset(); }
+
+    int message_box(host::TextView text, host::TextView title, std::uint32_t style) override;
+    void yield() override;  ///< a message to quit is left in the queue
+    void sleep(std::uint32_t milliseconds) override;
+    void pointer(host::Pointer pointer) override;
+    int dots_per_inch() override;
+
+    host::Text find_file(host::TextView path) override;  ///< its name, without the folder
+    void delete_file(host::TextView path) override;
+    host::Text own_folder() override;
+
+    host::Text format(host::TextView value, host::TextView named_format) override;
+    std::string narrow(host::TextView text) override;
+    host::Text widen(const std::string& bytes) override;
+
+  private:
+    std::shared_ptr<Apartment> apartment_;
+    SystemRegistry registry_;
+    host::Object application_;
+};
+
+}  // namespace windows
