@@ -100,25 +100,25 @@ class Lines {
         }
     }
     void tab() {
-        if (at_line_start()) return;
+        if (!at_line_start()) tab_ = true;
         blank_ = false;
-        text_ += u'\t';
     }
     Text take() { return std::move(text_); }
 
   private:
     bool at_line_start() const { return text_.empty() || wanted_ > 0 || text_.back() == u'\n'; }
     void put(char16_t unit) {
-        const bool start = at_line_start() || text_.back() == u'\t';
+        const bool start = at_line_start();
         for (; wanted_ > 0; --wanted_) text_ += u"\r\n";
-        if (blank_ && !start) text_ += u' ';
-        blank_ = false;
+        if (!start && (tab_ || blank_)) text_ += tab_ ? u'\t' : u' ';
+        blank_ = tab_ = false;
         text_ += unit;
     }
 
     Text text_;
     int wanted_ = 0;
     bool blank_ = false;
+    bool tab_ = false;
 };
 
 class Reader {

@@ -77,4 +77,14 @@ std::string_view checked_message(std::string_view bytes) {
     refuse("The mail is cut off: the file ends inside the header.");
 }
 
+std::string_view header_of(std::string_view message) {
+    bool ended = true;
+    std::string_view rest = message;
+    while (!rest.empty()) {
+        const std::size_t start = message.size() - rest.size();
+        if (take_line(rest, ended).empty()) return message.substr(0, start);
+    }
+    return message;
+}
+
 }  // namespace desk::mail

@@ -10,4 +10,7 @@ namespace desk::mail {
 /// complete.
 std::string_view checked_message(std::string_view bytes);
 
+/// The header of a checked message, the last line's end included.
+std::string_view header_of(std::string_view message);
+
 }  // namespace desk::mail

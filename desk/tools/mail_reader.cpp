@@ -8,6 +8,7 @@
 
 #include "desk/mail/item_json.h"
 #include "desk/tools/desk_fields.h"
+#include "desk/tools/encoded_words.h"
 #include "desk/tools/gmime_ownership.h"
 #include "desk/tools/mail_header.h"
 #include "desk/tools/mail_parts.h"
@@ -25,6 +26,10 @@ Text one_line(const char* utf8) {
     Text text = host::from_utf8(to_string(utf8));
     for (char16_t& unit : text) {
         if (unit < u' ') unit = u' ';
+        // What ISO 8859-1 has here nobody writes; what Windows' western set has here mailers write under its
+        // name.
+        if (unit >= 0x80 && unit < 0xA0)
+            unit = decode(std::string(1, static_cast<char>(unit)), "iso-8859-1").front();
     }
     return host::trimmed(text);
 }
@@ -89,8 +94,9 @@ Text without_prefixes(Text subject) {
 /// Reads one message, that of the file or one inside another.
 class MessageReader {
   public:
-    MessageReader(GMimeMessage* message, GMimeParserOptions* options, int depth)
-        : message_(message), options_(options), depth_(depth) {}
+    /// `header_text` is the header as it came, or empty if only GMime's form of it is at hand.
+    MessageReader(GMimeMessage* message, std::string_view header_text, int depth)
+        : message_(message), header_text_(header_text), depth_(depth) {}
 
     ItemData read() {
         mail_.message_class = u"IPM.Note";
@@ -109,8 +115,9 @@ class MessageReader {
     std::string header(const char* name) const { return to_string(g_mime_object_get_header(object(), name)); }
 
     void read_headers() {
-        const CString block(g_mime_object_get_headers(object(), nullptr));
-        mail_.fields[u"InternetHeaders"] = with_crlf(decode(to_string(block.get()), ""));
+        if (header_text_.empty())
+            header_text_ = to_string(CString(g_mime_object_get_headers(object(), nullptr)).get());
+        mail_.fields[u"InternetHeaders"] = with_crlf(decode(header_text_, ""));
         const Text subject = one_line(g_mime_message_get_subject(message_));
         const Text topic = one_line(header("Thread-Topic").c_str());
         mail_.fields[u"Subject"] = subject;
@@ -225,7 +232,7 @@ class MessageReader {
         Content content = read_parts(root, [this](GMimeMessage* embedded) {
             if (depth_ + 1 >= nesting_limit)
                 refuse("The mail has messages inside messages, nested too deeply.");
-            return MessageReader(embedded, options_, depth_ + 1).read();
+            return MessageReader(embedded, {}, depth_ + 1).read();
         });
         mail_.fields[u"Body"] = std::move(content.text);
         if (!content.html.empty()) mail_.fields[u"HTMLBody"] = std::move(content.html);
@@ -245,7 +252,7 @@ class MessageReader {
     }
 
     GMimeMessage* message_;
-    GMimeParserOptions* options_;
+    std::string header_text_;
     int depth_;
     ItemData mail_;
 };
@@ -260,22 +267,22 @@ void start_library() {
 ItemData read_message(std::string_view bytes) {
     start_library();
     bytes = checked_message(bytes);
+    const std::string message_bytes = with_joined_words(bytes);
     Complaints complaints;
     ParserOptions options = make_options("", complaints);
-    ObjectOf<GMimeMessage> message = parse(bytes, options.get());
+    ObjectOf<GMimeMessage> message = parse(message_bytes, options.get());
     if (!message) refuse("The file is not a mail: it can't be parsed.");
     if (!is_utf8(bytes)) {
         // Mailers that write headers in bare 8-bit letters use the character set of their text.
         GMimeObject* root = g_mime_message_get_mime_part(message.get());
-        const std::string charset = root ? first_charset(root) : "";
-        options = make_options(charset, complaints);
-        message = parse(bytes, options.get());
+        options = make_options(root ? first_charset(root) : "", complaints);
+        message = parse(message_bytes, options.get());
     }
     if (complaints.too_deep) refuse("The parts of the mail are nested too deeply.");
     if (complaints.without_boundary)
         refuse("The mail has several parts but does not say what separates them.");
     if (complaints.truncated) refuse("The mail is cut off: its last part has no closing boundary.");
-    return MessageReader(message.get(), options.get(), 0).read();
+    return MessageReader(message.get(), header_of(bytes), 0).read();
 }
 
 ItemData read_message_file(const std::filesystem::path& file) {
