@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/text.h"
@@ -21,8 +22,8 @@ struct IgnoringCase {
     }
 };
 
-/// A user property: its type is one of the host's user-property types (1 text, 3 number, 5 date, 6 yes/no ...).
-/// An empty value is one that was never set.
+/// A user property: its type is one of the host's user-property types (1 text, 3 number, 5 date, 6 yes/no
+/// ...). An empty value is one that was never set.
 struct UserPropertyData {
     host::Text name;
     std::int32_t type = 1;
@@ -30,8 +31,8 @@ struct UserPropertyData {
     friend bool operator==(const UserPropertyData&, const UserPropertyData&) = default;
 };
 
-/// A recipient, or a sender. `address` is what the host shows as the address: the Internet address, or the native one
-/// of a directory entry.
+/// A recipient, or a sender. `address` is what the host shows as the address: the Internet address, or the
+/// native one of a directory entry.
 struct Person {
     host::Text name;
     host::Text address;       ///< native address
@@ -57,7 +58,8 @@ struct AttachmentData {
 
 struct ItemData {
     host::Text message_class;
-    std::map<host::Text, host::Value, IgnoringCase> fields;  ///< built-in fields that were set, by their English names
+    std::map<host::Text, host::Value, IgnoringCase>
+        fields;  ///< built-in fields that were set, by their English names
     std::vector<UserPropertyData> user_properties;
     std::vector<Person> recipients;
     std::vector<AttachmentData> attachments;
@@ -71,7 +73,8 @@ inline bool operator==(const AttachmentData& left, const AttachmentData& right) 
 }
 
 /// Bytes of an item, its attachments and what is embedded in them included, and the item of such bytes.
-/// `read_item` throws `host::Failure` for bytes that are no such item, however they are broken.
+/// `write_item` throws `host::Failure` for values that are objects and for embedding deeper than 50 levels,
+/// `read_item` for bytes that are no such item, however they are broken.
 std::string write_item(const ItemData& item);
 ItemData read_item(std::string_view bytes);
 

@@ -1,4 +1,5 @@
-// The desk's memory: folders and items in an SQLite file. What was committed survives the death of the process.
+// The desk's memory: folders and items in an SQLite file. What was committed survives the death of the
+// process.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +25,8 @@ struct FolderRow {
     RowId id = 0;
     RowId parent = 0;  ///< 0: the root of a message store
     host::Text name;
-    std::int32_t item_type = 0;       ///< what it holds: 0 mail, 1 appointments, 2 contacts, 3 tasks, 5 notes, 6 posts
+    std::int32_t item_type =
+        0;  ///< what it holds: 0 mail, 1 appointments, 2 contacts, 3 tasks, 5 notes, 6 posts
     std::int32_t default_number = 0;  ///< its number as a default folder of the profile, 0 if it is none
     host::Text default_class;         ///< message class of a new item
     host::Text description;
@@ -43,53 +45,74 @@ struct ItemRow {
 /// The fields, built-in or user properties, that `Store::lookup` finds without a scan.
 bool is_indexed(host::TextView field);
 
+/// What is asked of a folder or an item that is not there finds nothing; what is to change it fails with
+/// `result::not_found`. A failure of the database is a `host::Failure` with the database's own message, and
+/// the call that failed has changed nothing. Identities of what was removed are never given again.
 class Store {
   public:
-    /// Opens a database, or makes a new one. Throws `host::Failure`, whose text names the file, if it is not one of ours
-    /// or can't be opened.
+    /// Opens a database, or makes a new one (":memory:" makes one that is never written). Throws
+    /// `host::Failure`, whose text names the file, if it is not one of ours, is in use by another process, or
+    /// can't be opened.
     static std::unique_ptr<Store> open(const std::filesystem::path& file);
     virtual ~Store() = default;
 
-    virtual std::vector<FolderRow> folders() = 0;          ///< all of them, in the order of their making
+    virtual std::vector<FolderRow> folders() = 0;           ///< all of them, in the order of their making
     virtual RowId add_folder(const FolderRow& folder) = 0;  ///< the given id is not looked at
     virtual void update_folder(const FolderRow& folder) = 0;
     virtual void remove_folder(RowId folder) = 0;  ///< with everything below it
 
     virtual RowId add_item(RowId folder, const ItemData& data) = 0;
 
-    /// Writes an item anew. `with_attachments` tells whether `data.attachments` are meant, or those stored stay.
+    /// Writes an item anew. `with_attachments` tells whether `data.attachments` are meant, or those stored
+    /// stay.
     virtual void update_item(RowId item, const ItemData& data, bool with_attachments) = 0;
+
+    /// Moves an item to the end of a folder; it keeps its identity.
     virtual void move_item(RowId item, RowId folder) = 0;
     virtual void remove_item(RowId item) = 0;
 
     virtual std::optional<ItemRow> load(RowId item) = 0;
     virtual std::vector<AttachmentData> attachments(RowId item) = 0;
 
-    virtual std::vector<RowId> items(RowId folder) = 0;  ///< in the order of their making
+    virtual std::vector<RowId> items(RowId folder) = 0;  ///< in the order of their making or arrival
     virtual std::int64_t count(RowId folder) = 0;
     virtual std::int64_t unread(RowId folder) = 0;  ///< items whose field "UnRead" is true
 
-    /// The items of a folder whose indexed text field equals a value without regard to case, in the order of their
-    /// making. By the index, never by a scan.
+    /// The items of a folder whose indexed field equals a value without regard to case, in the order of
+    /// `items`. By the index, never by a scan, but for an empty value, which takes a pass over the folder's
+    /// identities and finds the items that have the field empty or unset. A value counts by its first 255
+    /// characters, so one who looks up a longer one checks what was found; a value that is no text counts by
+    /// its text. An item that bears the name twice, as a field and as a user property, is found by either.
+    /// Nothing for a field that is not indexed.
     virtual std::vector<RowId> lookup(RowId folder, host::TextView field, host::TextView value) = 0;
 
-    /// Everything between is written together, or not at all. Transactions may stand inside each other.
+    /// Everything between its making and `keep` is written together, or not at all. Transactions may stand
+    /// inside each other; what an inner one kept is undone with the outer one.
     class Transaction {
       public:
         explicit Transaction(Store& store) : store_(store) { store_.begin(); }
-        ~Transaction() { store_.end(kept_); }
+        ~Transaction() {
+            if (open_) store_.rollback();
+        }
         Transaction(const Transaction&) = delete;
         Transaction& operator=(const Transaction&) = delete;
-        void keep() { kept_ = true; }
+
+        /// Ends the transaction, the last step of it. Of an outermost one all is then in the file. Throws
+        /// `host::Failure` if that can't be done, and nothing is kept.
+        void keep() {
+            store_.commit();
+            open_ = false;
+        }
 
       private:
         Store& store_;
-        bool kept_ = false;
+        bool open_ = true;
     };
 
   protected:
     virtual void begin() = 0;
-    virtual void end(bool keep) noexcept = 0;
+    virtual void commit() = 0;
+    virtual void rollback() noexcept = 0;
 };
 
 }  // namespace desk

@@ -1,0 +1,75 @@
+#include "desk/store/item_codec.h"
+#include "desk/store/sqlite_store.h"
+
+namespace desk {
+namespace {
+
+[[noreturn]] void fail_as_missing() {
+    throw host::Failure(host::result::not_found, u"The folder, or the one to hold it, is not there.");
+}
+
+}  // namespace
+
+std::vector<FolderRow> SqliteStore::folders() {
+    std::vector<FolderRow> folders;
+    for (auto rows = folders_.rows(); rows.next();) {
+        folders.push_back({.id = rows.integer(0),
+                           .parent = rows.integer(1),
+                           .name = read_text(rows.bytes(4)),
+                           .item_type = static_cast<std::int32_t>(rows.integer(2)),
+                           .default_number = static_cast<std::int32_t>(rows.integer(3)),
+                           .default_class = read_text(rows.bytes(5)),
+                           .description = read_text(rows.bytes(6)),
+                           .store_uid = read_text(rows.bytes(7)),
+                           .fields = read_fields(rows.bytes(8))});
+    }
+    return folders;
+}
+
+RowId SqliteStore::add_folder(const FolderRow& folder) {
+    Transaction transaction(*this);
+    const int added =
+        add_folder_.run(folder.parent, folder.item_type, folder.default_number, write_text(folder.name),
+                        write_text(folder.default_class), write_text(folder.description),
+                        write_text(folder.store_uid), write_fields(folder.fields));
+    if (added == 0) fail_as_missing();
+    const RowId id = database_.last_id();
+    transaction.keep();
+    return id;
+}
+
+void SqliteStore::update_folder(const FolderRow& folder) {
+    Transaction transaction(*this);
+    const int changed =
+        update_folder_.run(folder.parent, folder.item_type, folder.default_number, write_text(folder.name),
+                           write_text(folder.default_class), write_text(folder.description),
+                           write_text(folder.store_uid), write_fields(folder.fields), folder.id);
+    if (changed == 0) fail_as_missing();
+    transaction.keep();
+}
+
+void SqliteStore::remove_folder(RowId folder) {
+    Transaction transaction(*this);
+    std::vector<RowId> tree;
+    for (auto rows = folders_below_.rows(folder); rows.next();) tree.push_back(rows.integer(0));
+    if (tree.empty()) fail_as_missing();
+    for (const RowId one : tree) {
+        remove_folder_attachments_.run(one);
+        remove_folder_keys_.run(one);
+        remove_folder_.run(one);
+        remove_folder_items_.run(one);
+    }
+    transaction.keep();
+}
+
+std::int64_t SqliteStore::count(RowId folder) {
+    auto rows = counts_.rows(folder);
+    return rows.next() ? rows.integer(0) : 0;
+}
+
+std::int64_t SqliteStore::unread(RowId folder) {
+    auto rows = counts_.rows(folder);
+    return rows.next() ? rows.integer(1) : 0;
+}
+
+}  // namespace desk

@@ -1,0 +1,96 @@
+// Files and items for the tests of the store.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+
+#include "desk/store/store.h"
+
+namespace store_tests {
+
+/// A folder of files that goes with the test.
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        static std::random_device random;
+        path_ = std::filesystem::temp_directory_path() / ("desk_store_" + std::to_string(random()));
+        std::filesystem::create_directory(path_);
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::filesystem::path operator/(const char* name) const { return path_ / name; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+inline desk::FolderRow folder_named(const char16_t* name, desk::RowId parent = 0) {
+    desk::FolderRow folder;
+    folder.parent = parent;
+    folder.name = name;
+    return folder;
+}
+
+inline desk::ItemData item_with_subject(host::TextView subject) {
+    desk::ItemData item;
+    item.message_class = u"IPM.Note";
+    item.fields[u"Subject"] = subject;
+    return item;
+}
+
+inline desk::AttachmentData file_attachment(std::string content) {
+    desk::AttachmentData attachment;
+    attachment.file_name = u"file.txt";
+    attachment.content = std::move(content);
+    return attachment;
+}
+
+/// An item that has something of everything.
+inline desk::ItemData rich_item() {
+    host::Array grid({1, 2}, {-1, 3});
+    grid.at(2, 1) = host::Value(u"corner");
+    desk::ItemData inner = item_with_subject(u"inner");
+    inner.attachments.push_back(file_attachment(std::string("\0\xFF binary", 9)));
+
+    desk::ItemData item;
+    item.message_class = u"IPM.Contact.Person";
+    item.fields = {
+        {u"Empty", host::Value()},
+        {u"Null", host::Null{}},
+        {u"Missing", host::Missing{}},
+        {u"True", true},
+        {u"False", false},
+        {u"Small", std::int32_t{-1}},
+        {u"Lowest", std::numeric_limits<std::int32_t>::min()},
+        {u"Highest", std::numeric_limits<std::int32_t>::max()},
+        {u"Number", -0.1},
+        {u"Huge", std::numeric_limits<double>::infinity()},
+        {u"Date", host::Date{46084.385}},
+        {u"Nothing", u""},
+        {u"Latin", u"caf\u00E9"},
+        {u"Wide", u"\u0416\u4E2D\xD800 lone, \xFEFF mark"},
+        {u"Mark first", u"\xFEFF"},
+        {u"Zero within", host::Text(u"a\0b", 3)},
+        {u"Array", host::Array::of({host::Value(u"x"), host::Value(true), host::Array::of({}), 1.5})},
+        {u"Grid", std::move(grid)},
+    };
+    item.user_properties = {
+        {u"Account Name", 1, u"Acme"}, {u"Amount", 3, 12.5}, {u"Never set", 5, host::Value()}};
+    item.recipients = {{u"Ann", u"/o=Example/cn=ann", u"EX", u"ann@one.example", 2, false}, {}};
+    desk::AttachmentData embedded;
+    embedded.display_name = u"inner";
+    embedded.type = 5;
+    embedded.position = -1;
+    embedded.item = std::make_shared<const desk::ItemData>(std::move(inner));
+    item.attachments = {file_attachment("plain"), embedded, {}};
+    return item;
+}
+
+}  // namespace store_tests
