@@ -1,65 +1,19 @@
 #include "windows/com/bridge.h"
 
-#include <algorithm>
-#include <cwchar>
-#include <typeinfo>
-
 #include "windows/com/connection_point.h"
-#include "windows/com/enumerator.h"
 #include "windows/com/failure.h"
-#include "windows/com/incoming.h"
-#include "windows/com/named.h"
-#include "windows/com/variant.h"
 
 namespace windows {
-namespace {
-
-using host::Access;
-using host::Request;
-
-constexpr host::TextView enumerator_name = u"_NewEnum";
-constexpr WORD puts = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
-constexpr WORD reads = DISPATCH_PROPERTYGET | DISPATCH_METHOD;
-
-std::string class_name_of(const host::Invocable& object) {
-    if (const auto* named = dynamic_cast<const Named*>(&object)) return std::string(named->class_name());
-    return typeid(object).name();
-}
-
-host::TextView view(const wchar_t* name) { return from_wide(name, std::wcslen(name)); }
-
-/// The places of a member's parameters by their names: each alone, so that one that is unknown spoils no
-/// other.
-bool find_parameters(host::Invocable& object, host::TextView member, std::span<const LPOLESTR> names,
-                     DISPID* ids) {
-    bool all = true;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        Request request{
-            .access = Access::identify, .member = member, .named = {{host::Text(view(names[i])), {}}}};
-        try {
-            ids[i] = static_cast<DISPID>(object.invoke(request).to_array().at(0).to_integer());
-        } catch (const host::Failure&) {
-            ids[i] = DISPID_UNKNOWN;
-            all = false;
-        }
-    }
-    return all;
-}
-
-}  // namespace
 
 Bridge::Bridge(std::shared_ptr<Apartment> apartment, std::shared_ptr<host::Invocable> object)
-    : ComObject(apartment->module()),
-      apartment_(std::move(apartment)),
-      object_(std::move(object)),
-      class_name_(class_name_of(*object_)) {
-    apartment_->add(*this);
-    if (BridgeCounter* const counter = apartment_->counter()) counter->made(class_name_);
+    : ComObject(apartment->module()), members_(std::move(apartment), std::move(object)) {
+    this->apartment().add(*this);
+    if (BridgeCounter* const counter = this->apartment().counter()) counter->made(members_.class_name());
 }
 
 Bridge::~Bridge() {
-    apartment_->remove(*this);
-    if (BridgeCounter* const counter = apartment_->counter()) counter->gone(class_name_);
+    apartment().remove(*this);
+    if (BridgeCounter* const counter = apartment().counter()) counter->gone(members_.class_name());
 }
 
 void* Bridge::query(REFIID iid) noexcept {
@@ -81,68 +35,14 @@ HRESULT Bridge::GetTypeInfo(UINT, LCID, ITypeInfo** info) noexcept {
 }
 
 HRESULT Bridge::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) noexcept {
-    if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (count == 0) return E_INVALIDARG;
-    if (!names || !ids) return E_POINTER;
-    std::fill_n(ids, count, DISPID_UNKNOWN);
-    for (UINT i = 0; i < count; ++i) {
-        if (!names[i]) return E_INVALIDARG;
-    }
     const ComPtr<IDispatch> alive(this);
-    return guarded([&] {
-        const host::TextView member = view(names[0]);
-        if (host::same_ignoring_case(member, enumerator_name)) {
-            ids[0] = DISPID_NEWENUM;
-            return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
-        }
-        Request request{.access = Access::identify, .member = member};
-        object_->invoke(request);
-        ids[0] = static_cast<DISPID>(request.id);
-        if (BridgeCounter* const counter = apartment_->counter())
-            counter->identified(class_name_, member, request.id);
-        return find_parameters(*object_, member, {names + 1, count - 1}, ids + 1) ? S_OK : DISP_E_UNKNOWNNAME;
-    });
-}
-
-HRESULT Bridge::enumerate(VARIANT* answer) {
-    ComPtr<IEnumVARIANT> enumerator = Enumerator::create(apartment_, object_);
-    if (!enumerator) return DISP_E_MEMBERNOTFOUND;
-    if (answer) {
-        answer->punkVal = enumerator.detach();
-        answer->vt = VT_UNKNOWN;
-    }
-    return S_OK;
-}
-
-HRESULT Bridge::run(DISPID id, WORD flags, const DISPPARAMS& parameters, VARIANT* answer) {
-    Request request{.access = Access::call, .member = {}, .id = static_cast<std::int32_t>(id)};
-    if ((flags & puts) != 0) request.access = Access::put;
-    if (flags == DISPATCH_PROPERTYGET) request.access = Access::get;
-
-    IncomingArguments incoming(parameters);
-    incoming.bring_into(request, *apartment_);
-    const host::Value value = object_->invoke(request);
-    incoming.write_back(request, *apartment_);
-    if (answer && request.access != Access::put) *answer = to_variant(value, *apartment_).detach();
-    return S_OK;
+    return members_.identify(iid, names, count, ids);
 }
 
 HRESULT Bridge::Invoke(DISPID id, REFIID iid, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* answer,
                        EXCEPINFO* details, UINT* wrong_argument) noexcept {
-    if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-    if (!parameters) return E_POINTER;
-    if ((flags & (reads | puts)) == 0) return E_INVALIDARG;
-    if (answer) VariantInit(answer);
-    if (wrong_argument) *wrong_argument = 0;
-    if (const HRESULT wrong = IncomingArguments(*parameters).validate(); FAILED(wrong)) return wrong;
-    if (id == DISPID_UNKNOWN) return DISP_E_MEMBERNOTFOUND;
-
     const ComPtr<IDispatch> alive(this);  // the call may let go of the last reference from outside
-    return guarded(details, apartment_->source(), [&] {
-        if (BridgeCounter* const counter = apartment_->counter()) counter->invoked(class_name_, id);
-        const bool enumerates = id == DISPID_NEWENUM && (flags & reads) != 0;
-        return enumerates ? enumerate(answer) : run(id, flags, *parameters, answer);
-    });
+    return members_.invoke(id, iid, flags, parameters, answer, details, wrong_argument);
 }
 
 HRESULT Bridge::EnumConnectionPoints(IEnumConnectionPoints** points) noexcept {
@@ -155,7 +55,8 @@ HRESULT Bridge::FindConnectionPoint(REFIID iid, IConnectionPoint** point) noexce
     if (!point) return E_POINTER;
     *point = nullptr;
     return guarded([&] {
-        *point = ConnectionPoint::create(apartment_, object_, ComPtr<IDispatch>(this), iid).detach();
+        *point =
+            ConnectionPoint::create(members_.apartment(), object(), ComPtr<IDispatch>(this), iid).detach();
         return *point ? S_OK : CONNECT_E_NOCONNECTION;
     });
 }

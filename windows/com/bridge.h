@@ -1,8 +1,8 @@
 // Objects of our own, offered to COM.
 #pragma once
 
-#include "windows/com/apartment.h"
 #include "windows/com/com_object.h"
+#include "windows/com/late_binding.h"
 
 namespace windows {
 
@@ -13,14 +13,13 @@ class Bridge : public ComObject<IDispatch, IConnectionPointContainer> {
     /// Enters itself as the one bridge of the object.
     Bridge(std::shared_ptr<Apartment> apartment, std::shared_ptr<host::Invocable> object);
 
-    const std::shared_ptr<host::Invocable>& object() const { return object_; }
+    const std::shared_ptr<host::Invocable>& object() const { return members_.object(); }
     IUnknown* identity() { return static_cast<IDispatch*>(this); }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept override;
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
                                             DISPID* ids) noexcept override;
-    /// Failures come as DISP_E_EXCEPTION with their number and text; IDispatch's own codes as they are.
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* answer, EXCEPINFO* details,
                                      UINT* wrong_argument) noexcept override;
@@ -33,15 +32,10 @@ class Bridge : public ComObject<IDispatch, IConnectionPointContainer> {
     ~Bridge() override;
     void* query(REFIID iid) noexcept override;
 
-    Apartment& apartment() const { return *apartment_; }
+    Apartment& apartment() const { return *members_.apartment(); }
 
   private:
-    HRESULT enumerate(VARIANT* answer);
-    HRESULT run(DISPID id, WORD flags, const DISPPARAMS& parameters, VARIANT* answer);
-
-    std::shared_ptr<Apartment> apartment_;
-    std::shared_ptr<host::Invocable> object_;
-    std::string class_name_;  ///< under which it is counted
+    LateBinding members_;
 };
 
 }  // namespace windows
