@@ -1,0 +1,33 @@
+#include "desk/model/base.h"
+
+#include "desk/model/application.h"
+#include "desk/model/desk.h"
+#include "desk/model/name_space.h"
+
+namespace desk {
+
+using host::Arguments;
+using host::Use;
+using host::Value;
+
+void ModelBase::raise(host::TextView event, std::vector<Value> arguments) {
+    subscriptions_.raise(event, arguments);
+}
+
+void ModelBase::observe(const host::Request& request, host::TextView member) const {
+    if (request.access != host::Access::identify) desk_.check_faults(class_name(), member);
+}
+
+const host::Members<ModelBase>& ModelBase::common_members() {
+    static const host::Members<ModelBase> table{
+        {u"Application", 0xF000, Use::get,
+         [](ModelBase& self, const Arguments&) { return Value(self.desk().application()->self()); }},
+        {u"Class", 0xF00A, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.number()); }},
+        {u"Session", 0xF00B, Use::get,
+         [](ModelBase& self, const Arguments&) { return Value(self.desk().name_space()->self()); }},
+        {u"Parent", 0xF001, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.parent()); }},
+    };
+    return table;
+}
+
+}  // namespace desk

@@ -1,0 +1,90 @@
+// The base of the desk's objects: what they all answer, and the one point that each call passes.
+#pragma once
+
+#include <string_view>
+
+#include "desk/model/events.h"
+#include "host/automated.h"
+
+namespace desk {
+
+class Desk;
+
+/// What an object of the desk is called when it is counted.
+class ClassNamed {
+  public:
+    virtual std::string_view class_name() const = 0;
+
+  protected:
+    ~ClassNamed() = default;
+};
+
+/// Numbers of object classes (OlObjectClass).
+namespace object_class {
+inline constexpr std::int32_t application = 0, name_space = 1, folder = 2, recipient = 4, attachment = 5,
+                              address_entry = 8, folders = 15, items = 16, recipients = 17, attachments = 18,
+                              appointment = 26, explorer = 34, inspector = 35, user_properties = 38,
+                              user_property = 39, contact = 40, journal = 42, mail = 43, note = 44, post = 45,
+                              task = 48, explorers = 60, inspectors = 61, selection = 74,
+                              item_properties = 98, item_property = 99, property_accessor = 112, none = -1;
+}  // namespace object_class
+
+/// The desk outlives every object that it hands out.
+class ModelBase : public host::Invocable, public ClassNamed {
+  public:
+    explicit ModelBase(Desk& desk) : desk_(desk) {}
+
+    Desk& desk() const { return desk_; }
+
+    virtual std::int32_t number() const = 0;  ///< its OlObjectClass
+    virtual host::Object parent() const = 0;
+    virtual EventInterfaces event_interfaces() const { return {}; }
+
+    Subscriptions& subscriptions() { return subscriptions_; }
+    void raise(host::TextView event, std::vector<host::Value> arguments = {});
+
+  protected:
+    /// What every call passes before it is carried out: it may be made to fail.
+    void observe(const host::Request& request, host::TextView member) const;
+
+    /// `Application`, `Class`, `Session` and `Parent`.
+    static const host::Members<ModelBase>& common_members();
+
+  private:
+    Desk& desk_;
+    Subscriptions subscriptions_;
+};
+
+/// Base of a class whose members stand in a table: `static const host::Members<T>& T::members()`, its name
+/// `T::name` and the member that is meant when none is named, `T::default_name`.
+template <class T>
+class ModelObject : public ModelBase, public std::enable_shared_from_this<T> {
+  public:
+    using ModelBase::ModelBase;
+
+    std::string_view class_name() const override { return T::name; }
+
+    host::Value invoke(host::Request& request) override {
+        if (request.access == host::Access::advise || request.access == host::Access::unadvise) {
+            return subscriptions().answer(request, event_interfaces());
+        }
+        if (request.member.empty() && request.id == host::default_member) request.member = T::default_name;
+        if (const host::Row<T>* row = T::members().find(request)) {
+            observe(request, row->name);
+            return host::dispatch(static_cast<T&>(*this), *row, request);
+        }
+        if (const host::Row<ModelBase>* row = common_members().find(request)) {
+            observe(request, row->name);
+            return host::dispatch(static_cast<ModelBase&>(*this), *row, request);
+        }
+        return other_member(request);
+    }
+
+    host::Object self() { return host::Object(this->shared_from_this()); }
+
+  protected:
+    /// A member that stands in no table of the class.
+    virtual host::Value other_member(host::Request& request) { host::throw_no_member(request); }
+};
+
+}  // namespace desk

@@ -1,0 +1,166 @@
+// The desk as a whole: its store, its options, its windows and the events that wait.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "desk/model/surroundings.h"
+#include "desk/store/store.h"
+#include "host/object.h"
+
+namespace desk {
+
+class AddIns;
+class Application;
+class Explorer;
+class Explorers;
+class Folder;
+class FoldersCollection;
+class Inspectors;
+class Item;
+class Items;
+class NameSpace;
+
+/// When the events of folders and items come.
+enum class EventOrder {
+    host,      ///< as the real host: `ItemChange` during `Save`, adds and removals at the next yield
+    deferred,  ///< everything at the next yield
+    at_once    ///< everything at once
+};
+
+struct Options {
+    host::Text host_version = u"16.0.0.0";
+    bool instant_search = false;
+    std::int32_t language = 1033;  ///< LCID of the user interface
+    EventOrder event_order = EventOrder::host;
+    bool unattended = true;
+};
+
+/// A message box that was shown.
+struct ShownMessage {
+    host::Text title;
+    host::Text text;
+    std::uint32_t style = 0;
+    int answer = 0;  ///< 0: the desk closed an unexpected one
+};
+
+/// An answer that waits for its message box.
+struct QueuedAnswer {
+    host::Text title;
+    host::Text fragment;
+    int button = 0;
+};
+
+/// A call that is made to fail, so that others can be watched failing with it.
+struct PlannedFault {
+    host::Text member;       ///< "Items.Find", by class and member, without regard to case
+    std::int32_t after = 0;  ///< how many calls of it still succeed
+    std::int32_t times = 1;  ///< how many fail then; below 0: all
+    std::int32_t number = 0;
+};
+
+class Desk {
+  public:
+    Desk(Surroundings& surroundings, std::unique_ptr<Store> store, Options options);
+    ~Desk();
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+
+    Surroundings& surroundings() { return surroundings_; }
+    Store& store() { return *store_; }
+    Options& options() { return options_; }
+
+    const std::shared_ptr<Application>& application() { return application_; }
+    const std::shared_ptr<NameSpace>& name_space() { return name_space_; }
+    const std::shared_ptr<Explorers>& explorers() { return explorers_; }
+    const std::shared_ptr<Inspectors>& inspectors() { return inspectors_; }
+    const std::shared_ptr<AddIns>& add_ins() { return add_ins_; }
+
+    // folders
+    const std::vector<FolderRow>& folder_rows() const { return folders_; }
+    const FolderRow* folder_row(RowId id) const;
+    FolderRow& changeable_folder_row(RowId id);
+    RowId root_of(RowId folder) const;                ///< the root of the store that a folder lies in
+    host::Text store_uid(RowId folder) const;         ///< of the store that a folder lies in
+    RowId default_folder(std::int32_t number) const;  ///< 0 if the profile has none
+    std::vector<RowId> folders_below(RowId parent) const;
+    RowId add_folder(FolderRow row);
+    void save_folder(RowId id);
+    void remove_folder(RowId id);
+    void refresh_folders();
+
+    // items
+    const std::vector<RowId>& contents(RowId folder);
+    void item_added(RowId folder, RowId item);
+    void item_removed(RowId folder, RowId item);
+    bool holds(RowId folder, RowId item);
+
+    /// The one object for an item while anybody holds it.
+    std::shared_ptr<Item> open_item(RowId item);
+    void remember_open(RowId item, const std::shared_ptr<Item>& object);
+    void forget_open(RowId item);
+
+    // ids: "00000000", 32 digits of the store, a kind of 4 digits, 16 digits of the row, all upper-case
+    // hexadecimal
+    host::Text item_entry_id(RowId item, RowId folder) const;
+    host::Text folder_entry_id(RowId folder) const;
+    static std::optional<RowId> item_of_entry_id(host::TextView id);
+    std::optional<RowId> folder_of_entry_id(host::TextView id) const;
+
+    // events
+    void watch(RowId folder, const std::shared_ptr<Items>& items);
+    void watch_folders(RowId parent, const std::shared_ptr<FoldersCollection>& folders);
+    void tell_item_added(RowId folder, RowId item);
+    void tell_item_changed(RowId folder, const std::shared_ptr<Item>& item);
+    void tell_item_removed(RowId folder);
+    void tell_folders(RowId parent, host::TextView event, RowId folder);
+
+    /// Runs what waits, until nothing does.
+    void yield();
+    [[nodiscard]] bool anything_waits() const { return !waiting_.empty(); }
+
+    /// Has a delivered mail lie in the Inbox, unread, and tells of it.
+    std::shared_ptr<Item> deliver(host::TextView path);
+
+    // what a person or a script watches
+    std::vector<ShownMessage> messages;
+    std::deque<QueuedAnswer> answers;
+    std::vector<host::Text> statuses;
+    std::vector<host::Text> opened;
+    std::vector<host::Object> displayed;
+    std::vector<PlannedFault> faults;
+
+    /// The button that a waiting answer gives to a message box, and the answer is used up; 0 if none waits.
+    int take_answer(host::TextView title, host::TextView text);
+
+    /// Throws if the call is one that is planned to fail.
+    void check_faults(std::string_view class_name, host::TextView member);
+
+  private:
+    void later(std::function<void()> what);
+    void now_or_later(bool now, std::function<void()> what);
+    void load_folders();
+
+    Surroundings& surroundings_;
+    std::unique_ptr<Store> store_;
+    Options options_;
+    std::vector<FolderRow> folders_;
+    std::unordered_map<RowId, std::size_t> folder_places_;
+    std::unordered_map<RowId, std::vector<RowId>> contents_;
+    std::unordered_map<RowId, std::unordered_set<RowId>> members_;
+    std::unordered_map<RowId, std::weak_ptr<Item>> open_items_;
+    std::unordered_map<RowId, std::vector<std::weak_ptr<Items>>> watchers_;
+    std::unordered_map<RowId, std::vector<std::weak_ptr<FoldersCollection>>> folder_watchers_;
+    std::deque<std::function<void()>> waiting_;
+    std::shared_ptr<Application> application_;
+    std::shared_ptr<NameSpace> name_space_;
+    std::shared_ptr<Explorers> explorers_;
+    std::shared_ptr<Inspectors> inspectors_;
+    std::shared_ptr<AddIns> add_ins_;
+};
+
+}  // namespace desk

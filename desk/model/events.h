@@ -1,0 +1,36 @@
+// The sending end of events: who subscribed to an object, by the event interface.
+#pragma once
+
+#include <vector>
+
+#include "host/events.h"
+#include "host/object.h"
+
+namespace desk {
+
+/// The event interfaces that a class has.
+using EventInterfaces = std::span<const host::EventInterface* const>;
+
+class Subscriptions {
+  public:
+    /// Answers a subscription's cookie, or ends one. Throws `result::no_connection` for an interface that
+    /// isn't among those given and for an unknown cookie, `result::invalid_argument` for an empty sink.
+    host::Value answer(host::Request& request, EventInterfaces interfaces);
+
+    /// Tells an event to all who subscribed to an interface that has it. What a sink throws is its own
+    /// affair: the others are told all the same. The arguments come back changed where the event lets them.
+    void raise(host::TextView event, std::vector<host::Value>& arguments);
+
+    [[nodiscard]] bool any() const { return !entries_.empty(); }
+
+  private:
+    struct Entry {
+        std::int32_t cookie;
+        const host::EventInterface* interface;
+        host::Object sink;
+    };
+    std::vector<Entry> entries_;
+    std::int32_t last_cookie_ = 0;
+};
+
+}  // namespace desk

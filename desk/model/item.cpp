@@ -1,0 +1,357 @@
+#include "desk/model/item.h"
+
+#include <algorithm>
+
+#include "desk/model/application.h"
+#include "desk/model/desk.h"
+#include "desk/model/folder.h"
+#include "desk/model/host_event_tables.h"
+#include "desk/model/inspectors.h"
+#include "desk/model/name_space.h"
+
+namespace desk {
+
+using host::Failure;
+using host::Request;
+using host::Text;
+using host::TextView;
+using host::Value;
+using tables::FieldRow;
+using tables::FieldType;
+namespace result = host::result;
+
+namespace {
+
+constexpr std::int32_t deleted_items = 3, sent_items = 5;
+
+Value converted(const Value& value, FieldType type) {
+    switch (type) {
+        case FieldType::text:
+            return value.to_text();
+        case FieldType::integer:
+            return value.to_integer();
+        case FieldType::boolean:
+            return value.to_boolean();
+        case FieldType::date:
+            return value.to_date();
+        case FieldType::number:
+            break;
+    }
+    return value.to_number();
+}
+
+/// The lines of a mail that name its recipients.
+struct PeopleLine {
+    TextView field;
+    std::int32_t kind;
+};
+constexpr PeopleLine mail_lines[] = {{u"To", 1}, {u"CC", 2}, {u"BCC", 3}};
+constexpr PeopleLine appointment_lines[] = {
+    {u"RequiredAttendees", 1}, {u"OptionalAttendees", 2}, {u"Resources", 3}};
+
+std::span<const PeopleLine> lines_of(const ItemKind& kind) {
+    if (kind.number == object_class::mail) return mail_lines;
+    if (kind.number == object_class::appointment) return appointment_lines;
+    return {};
+}
+
+}  // namespace
+
+Item::Item(Desk& desk, RowId folder, ItemData data)
+    : ModelObject(desk), folder_(folder), data_(std::move(data)), changed_(true) {
+    apply_form(data_);
+}
+
+Item::Item(Desk& desk, ItemRow row)
+    : ModelObject(desk),
+      id_(row.id),
+      folder_(row.folder),
+      data_(std::move(row.data)),
+      size_(row.size),
+      attachments_loaded_(false) {}
+
+host::Object Item::parent() const {
+    return folder_ == 0 ? host::Object() : host::Object(std::make_shared<Folder>(desk(), folder_));
+}
+
+EventInterfaces Item::event_interfaces() const { return events::item; }
+
+void Item::check_there() const {
+    if (gone_) throw Failure(result::object_deleted, u"The item has been moved or deleted.");
+}
+
+Value Item::invoke(Request& request) {
+    check_there();
+    return ModelObject::invoke(request);
+}
+
+Text Item::entry_id() const { return id_ == 0 ? Text() : desk().item_entry_id(id_, folder_); }
+
+Text Item::subject() const { return field(u"Subject").to_text(); }
+
+void Item::load_attachments() {
+    if (attachments_loaded_) return;
+    data_.attachments = desk().store().attachments(id_);
+    attachments_loaded_ = true;
+}
+
+const ItemData& Item::whole() {
+    load_attachments();
+    return data_;
+}
+
+ItemData& Item::change() {
+    changed_ = true;
+    return data_;
+}
+
+ItemData& Item::change_attachments() {
+    load_attachments();
+    attachments_changed_ = true;
+    return change();
+}
+
+Value Item::field(TextView field_name) const { return field_value(data_, field_name).value_or(Value()); }
+
+Value Item::other_member(Request& request) {
+    const FieldRow* const field =
+        request.member.empty() ? find_field(kind(), request.id) : find_field(kind(), request.member);
+    if (!field) host::throw_no_member(request);
+    const host::MemberFacts facts{
+        field->name, field->id, field->writable ? host::Use::get_put : host::Use::get, {}};
+    if (request.access == host::Access::identify) return host::identify(facts, request);
+    observe(request, field->name);
+    const std::vector<Value> rest = host::arrange(facts, request);
+    if (!rest.empty()) throw Failure(result::bad_count, Text(field->name));
+    if (request.access == host::Access::put) {
+        set_field(*field, request.arguments.back());
+        return {};
+    }
+    return this->field(field->name);
+}
+
+void Item::set_field(const FieldRow& field, const Value& value) {
+    Value stored = converted(value, field.type);
+    const auto& lines = lines_of(kind());
+    const auto line = std::ranges::find(lines, field.name, &PeopleLine::field);
+    if (line != lines.end()) return set_people_line(field.name, stored.to_text());
+    change().fields[Text(field.name)] = std::move(stored);
+    apply_rules(field.name);
+    raise(u"PropertyChange", {Value(field.name)});
+}
+
+void Item::set_message_class(const Text& message_class) {
+    change().message_class = message_class;
+    apply_form(data_);
+}
+
+void Item::apply_rules(TextView changed_field) {
+    follow_change(data_, changed_field, desk().surroundings().now());
+}
+
+void Item::set_people_line(TextView line, TextView names) {
+    const auto& lines = lines_of(kind());
+    const std::int32_t person_kind = std::ranges::find(lines, line, &PeopleLine::field)->kind;
+    std::vector<Person>& people = change().recipients;
+    std::erase_if(people, [&](const Person& person) { return person.kind == person_kind; });
+    while (!names.empty()) {
+        const std::size_t end = names.find(u';');
+        const Text one = host::trimmed(names.substr(0, end));
+        if (!one.empty()) people.push_back(desk().name_space()->person(one, person_kind));
+        names = end == TextView::npos ? TextView() : names.substr(end + 1);
+    }
+    people_changed();
+}
+
+void Item::people_changed() {
+    for (const PeopleLine& line : lines_of(kind())) {
+        Text names;
+        for (const Person& person : data_.recipients) {
+            if (person.kind != line.kind) continue;
+            if (!names.empty()) names += u"; ";
+            names += person.name;
+        }
+        change().fields[Text(line.field)] = names;
+    }
+}
+
+void Item::mark_read(bool read) { change().fields[u"UnRead"] = !read; }
+
+void Item::save() {
+    check_there();
+    if (id_ != 0 && !changed_) return;
+    std::vector<Value> cancel{false};
+    subscriptions().raise(u"Write", cancel);
+    if (cancel[0].to_boolean()) return;
+
+    const host::Date now = desk().surroundings().now();
+    complete_for_saving(data_);
+    data_.fields[u"LastModificationTime"] = now;
+    if (!data_.fields.contains(u"CreationTime")) data_.fields[u"CreationTime"] = now;
+    const bool is_new = id_ == 0;
+    if (folder_ == 0) folder_ = desk().default_folder(kind().default_folder);
+    {
+        Store::Transaction transaction(desk().store());
+        if (is_new) {
+            id_ = desk().store().add_item(folder_, data_);
+        } else {
+            desk().store().update_item(id_, data_, attachments_changed_);
+        }
+        transaction.keep();
+    }
+    changed_ = false;
+    attachments_changed_ = false;
+    if (is_new) {
+        desk().remember_open(id_, shared_from_this());
+        desk().item_added(folder_, id_);
+        desk().tell_item_added(folder_, id_);
+    } else {
+        desk().tell_item_changed(folder_, shared_from_this());
+    }
+}
+
+void Item::revert() {
+    if (id_ == 0 || !changed_) return;
+    if (std::optional<ItemRow> row = desk().store().load(id_)) {
+        data_ = std::move(row->data);
+        attachments_loaded_ = false;
+        attachments_changed_ = false;
+        changed_ = false;
+    }
+}
+
+void Item::post() {
+    const host::Date now = desk().surroundings().now();
+    change().fields[u"SentOn"] = now;
+    data_.fields[u"ReceivedTime"] = now;
+    data_.fields[u"SenderName"] = desk().name_space()->user_name();
+    save();
+    if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
+}
+
+void Item::send() {
+    if (data_.recipients.empty()) {
+        throw Failure(result::fail, u"There must be at least one name in the To, Cc, or Bcc box.");
+    }
+    std::vector<Value> own_cancel{false};
+    subscriptions().raise(u"Send", own_cancel);
+    if (own_cancel[0].to_boolean()) return;
+    std::vector<Value> arguments{Value(self()), false};
+    desk().application()->subscriptions().raise(u"ItemSend", arguments);
+    if (arguments[1].to_boolean()) return;
+
+    const host::Date now = desk().surroundings().now();
+    ItemData& sent = change();
+    sent.fields[u"Sent"] = true;
+    sent.fields[u"Submitted"] = true;
+    sent.fields[u"SentOn"] = now;
+    sent.fields[u"ReceivedTime"] = now;
+    sent.fields[u"SenderName"] = desk().name_space()->user_name();
+    sent.fields[u"UnRead"] = false;
+    if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
+    const bool kept =
+        !data_.fields.contains(u"DeleteAfterSubmit") || !field(u"DeleteAfterSubmit").to_boolean();
+    const RowId target = desk().default_folder(sent_items);
+    if (!kept) return remove_for_good();
+    if (id_ == 0) {
+        folder_ = target;
+        save();
+    } else {
+        save();
+        move_to(target);
+    }
+}
+
+std::shared_ptr<Item> Item::copy() {
+    ItemData data = whole();
+    auto twin = std::make_shared<Item>(desk(), folder_, std::move(data));
+    twin->data_.fields.erase(u"CreationTime");
+    twin->save();
+    return twin;
+}
+
+void Item::leave_folder() {
+    gone_ = true;
+    desk().forget_open(id_);
+    desk().item_removed(folder_, id_);
+    desk().tell_item_removed(folder_);
+    if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
+}
+
+std::shared_ptr<Item> Item::move_to(RowId target) {
+    check_there();
+    if (id_ == 0) {
+        folder_ = target;
+        save();
+        return shared_from_this();
+    }
+    if (changed_) save();
+    desk().store().move_item(id_, target);
+    leave_folder();
+    desk().item_added(target, id_);
+    desk().tell_item_added(target, id_);
+    return desk().open_item(id_);
+}
+
+void Item::remove_for_good() {
+    check_there();
+    if (id_ != 0) {
+        desk().store().remove_item(id_);
+        leave_folder();
+    }
+    gone_ = true;
+}
+
+void Item::remove() {
+    check_there();
+    // the mailbox has a place for what is deleted; shared folders have none
+    const RowId bin = desk().default_folder(deleted_items);
+    const bool recoverable =
+        id_ != 0 && bin != 0 && folder_ != bin && desk().root_of(folder_) == desk().root_of(bin);
+    if (recoverable) {
+        move_to(bin);
+    } else {
+        remove_for_good();
+    }
+}
+
+std::shared_ptr<Item> Item::reply(bool to_all) {
+    const Text subject = this->subject();
+    ItemData data;
+    data.message_class = u"IPM.Note";
+    data.fields[u"Subject"] = subject.starts_with(u"RE: ") ? subject : u"RE: " + subject;
+    data.fields[u"Body"] = u"\r\n\r\n" + field(u"Body").to_text();
+    Person sender;
+    sender.name = field(u"SenderName").to_text();
+    sender.address = field(u"SenderEmailAddress").to_text();
+    sender.address_type = field(u"SenderEmailType").to_text();
+    sender.smtp_address =
+        data_.fields.contains(u"SenderSmtpAddress") ? field(u"SenderSmtpAddress").to_text() : Text();
+    data.recipients.push_back(sender);
+    if (to_all)
+        data.recipients.insert(data.recipients.end(), data_.recipients.begin(), data_.recipients.end());
+    auto answer = std::make_shared<Item>(desk(), desk().default_folder(kind_of_type(0).default_folder),
+                                         std::move(data));
+    answer->people_changed();
+    return answer;
+}
+
+std::shared_ptr<Item> Item::forward() {
+    const Text subject = this->subject();
+    ItemData data;
+    data.message_class = u"IPM.Note";
+    data.fields[u"Subject"] = subject.starts_with(u"FW: ") ? subject : u"FW: " + subject;
+    data.fields[u"Body"] = u"\r\n\r\n" + field(u"Body").to_text();
+    data.attachments = whole().attachments;
+    return std::make_shared<Item>(desk(), desk().default_folder(kind_of_type(0).default_folder),
+                                  std::move(data));
+}
+
+std::shared_ptr<Inspector> Item::inspector() {
+    if (std::shared_ptr<Inspector> shown = shown_by.lock()) return shown;
+    auto fresh = std::make_shared<Inspector>(desk(), shared_from_this());
+    shown_by = fresh;
+    return fresh;
+}
+
+}  // namespace desk

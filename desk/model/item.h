@@ -1,0 +1,101 @@
+// An item of any class: a mail, a post, a contact, an appointment, a task, a sticky note.
+#pragma once
+
+#include "desk/model/base.h"
+#include "desk/model/item_kinds.h"
+#include "desk/store/store.h"
+
+namespace desk {
+
+class Inspector;
+
+class Item : public ModelObject<Item> {
+  public:
+    static constexpr std::string_view name = "Item";
+    static constexpr host::TextView default_name = u"Subject";
+
+    /// A new item that will be saved to a folder.
+    Item(Desk& desk, RowId folder, ItemData data);
+    /// A stored item.
+    Item(Desk& desk, ItemRow row);
+
+    static const host::Members<Item>& members();
+
+    std::string_view class_name() const override { return kind().name; }
+    std::int32_t number() const override { return kind().number; }
+    host::Object parent() const override;
+    EventInterfaces event_interfaces() const override;
+    host::Value invoke(host::Request& request) override;
+
+    const ItemKind& kind() const { return kind_of(data_.message_class); }
+    RowId id() const { return id_; }
+    RowId folder() const { return folder_; }
+    std::int64_t size() const { return size_; }  ///< bytes at the last load
+    bool is_saved() const { return id_ != 0 && !changed_; }
+    host::Text entry_id() const;
+    host::Text subject() const;
+
+    const ItemData& data() const { return data_; }
+    const ItemData& whole();  ///< with its attachments
+
+    /// Gives the data out to be changed.
+    ItemData& change();
+    ItemData& change_attachments();
+
+    host::Value field(host::TextView field_name) const;
+    void set_field(const tables::FieldRow& field, const host::Value& value);
+    void set_message_class(const host::Text& message_class);
+
+    void save();
+    void post();
+    void send();
+    std::shared_ptr<Item> copy();
+    std::shared_ptr<Item> move_to(RowId folder);
+    void remove();
+    void remove_for_good();
+    std::shared_ptr<Item> reply(bool to_all);
+    std::shared_ptr<Item> forward();
+
+    /// Throws `result::object_deleted` for an item that was moved or deleted.
+    void check_there() const;
+
+    /// Forgets what was changed since the last save.
+    void revert();
+
+    /// The inspector that shows the item, made if there is none.
+    std::shared_ptr<Inspector> inspector();
+    std::weak_ptr<Inspector> shown_by;
+
+    /// Recipients changed: the lines that name them follow.
+    void people_changed();
+
+    /// What is marked unread or read by the host itself counts as a change of the item.
+    void mark_read(bool read);
+
+  protected:
+    host::Value other_member(host::Request& request) override;
+
+  private:
+    void load_attachments();
+    void apply_rules(host::TextView changed_field);
+    void set_people_line(host::TextView line, host::TextView names);
+    void leave_folder();
+
+    RowId id_ = 0;
+    RowId folder_ = 0;
+    ItemData data_;
+    std::int64_t size_ = 0;
+    bool changed_ = false;
+    bool attachments_loaded_ = true;
+    bool attachments_changed_ = false;
+    bool gone_ = false;
+};
+
+/// Has fields that depend on each other follow a change: names of a contact, times of an appointment, state
+/// of a task.
+void follow_change(ItemData& item, host::TextView changed_field, host::Date now);
+
+/// Fills in what the host fills in when an item is saved.
+void complete_for_saving(ItemData& item);
+
+}  // namespace desk

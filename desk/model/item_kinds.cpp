@@ -1,0 +1,135 @@
+#include "desk/model/item_kinds.h"
+
+#include <algorithm>
+#include <array>
+
+#include "desk/model/base.h"
+
+namespace desk {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using tables::FieldRow;
+using tables::FieldType;
+
+namespace {
+
+constexpr std::span<const FieldRow> no_fields() { return {}; }
+
+// clang-format off
+constexpr ItemKind kinds[] = {
+    {u"IPM.Note",        "MailItem",        object_class::mail,        0, 16, true,  false, tables::mail_fields},
+    {u"IPM.Appointment", "AppointmentItem", object_class::appointment, 1, 9,  true,  false, tables::appointment_fields},
+    {u"IPM.Contact",     "ContactItem",     object_class::contact,     2, 10, false, false, tables::contact_fields},
+    {u"IPM.Task",        "TaskItem",        object_class::task,        3, 13, true,  false, tables::task_fields},
+    {u"IPM.Activity",    "JournalItem",     object_class::journal,     4, 11, false, false, no_fields},
+    {u"IPM.StickyNote",  "NoteItem",        object_class::note,        5, 12, false, true,  tables::note_fields},
+    {u"IPM.Post",        "PostItem",        object_class::post,        6, 6,  false, false, tables::post_fields},
+};
+
+/// Fields whose value, when unset, is not the empty one of their type.
+struct FieldDefault {
+    TextView base_class, field;
+    std::int32_t value;
+};
+constexpr FieldDefault field_defaults[] = {
+    {u"", u"Importance", 1},                  {u"IPM.Appointment", u"Duration", 30},
+    {u"IPM.Appointment", u"BusyStatus", 2},   {u"IPM.Appointment", u"ReminderMinutesBeforeStart", 15},
+    {u"IPM.StickyNote", u"Color", 3},         {u"IPM.StickyNote", u"Width", 200},
+    {u"IPM.StickyNote", u"Height", 166},      {u"IPM.StickyNote", u"Left", 80},
+    {u"IPM.StickyNote", u"Top", 80},
+};
+// clang-format on
+
+bool is_class(TextView message_class, TextView base) {
+    if (message_class.size() < base.size() ||
+        !host::same_ignoring_case(message_class.substr(0, base.size()), base)) {
+        return false;
+    }
+    return message_class.size() == base.size() || message_class[base.size()] == u'.';
+}
+
+template <class Test>
+const FieldRow* find_row(const ItemKind& kind, Test test) {
+    const auto in = [&](std::span<const FieldRow> rows) -> const FieldRow* {
+        const auto found = std::ranges::find_if(rows, test);
+        return found == rows.end() ? nullptr : &*found;
+    };
+    if (const FieldRow* row = in(kind.own_fields())) return row;
+    return kind.is_note ? nullptr : in(tables::common_fields());
+}
+
+}  // namespace
+
+const ItemKind& kind_of(TextView message_class) {
+    const auto found = std::ranges::find_if(
+        kinds, [&](const ItemKind& kind) { return is_class(message_class, kind.base_class); });
+    return found == std::end(kinds) ? kinds[0] : *found;
+}
+
+const ItemKind& kind_of_type(std::int32_t item_type) {
+    const auto found = std::ranges::find(kinds, item_type, &ItemKind::item_type);
+    if (found == std::end(kinds)) {
+        throw host::Failure(host::result::invalid_argument, u"There is no type of item with that number.");
+    }
+    return *found;
+}
+
+const FieldRow* find_field(const ItemKind& kind, TextView name) {
+    return find_row(kind, [&](const FieldRow& row) { return host::same_ignoring_case(row.name, name); });
+}
+
+const FieldRow* find_field(const ItemKind& kind, std::int32_t id) {
+    return find_row(kind, [&](const FieldRow& row) { return row.id == id; });
+}
+
+bool is_built_in_field(TextView name) {
+    constexpr TextView computed[] = {u"MessageClass", u"Size", u"EntryID", u"Parent", u"Class"};
+    return std::ranges::any_of(kinds,
+                               [&](const ItemKind& kind) { return find_field(kind, name) != nullptr; }) ||
+           std::ranges::any_of(computed,
+                               [&](TextView field) { return host::same_ignoring_case(field, name); });
+}
+
+Value default_value(const ItemKind& kind, const FieldRow& field) {
+    for (const FieldDefault& row : field_defaults) {
+        if (row.field == field.name && (row.base_class.empty() || row.base_class == kind.base_class))
+            return row.value;
+    }
+    switch (field.type) {
+        case FieldType::text:
+            return u"";
+        case FieldType::integer:
+            return 0;
+        case FieldType::boolean:
+            return false;
+        case FieldType::number:
+            return 0.0;
+        case FieldType::date:
+            break;
+    }
+    return no_date;
+}
+
+void apply_form(ItemData& item) {
+    for (const FormProperty& property : form_of(item.message_class)) {
+        const bool there = std::ranges::any_of(item.user_properties, [&](const UserPropertyData& p) {
+            return host::same_ignoring_case(p.name, property.name);
+        });
+        if (!there) item.user_properties.push_back({Text(property.name), property.type, {}});
+    }
+}
+
+std::optional<Value> field_value(const ItemData& item, TextView name) {
+    const ItemKind& kind = kind_of(item.message_class);
+    if (const auto set = item.fields.find(name); set != item.fields.end()) return set->second;
+    for (const UserPropertyData& property : item.user_properties) {
+        if (host::same_ignoring_case(property.name, name)) return property.value;
+    }
+    if (host::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
+    if (const FieldRow* field = find_field(kind, name)) return default_value(kind, *field);
+    return std::nullopt;
+}
+
+}  // namespace desk

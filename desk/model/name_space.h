@@ -1,0 +1,32 @@
+// The session: stores, default folders, ids, and who people are.
+#pragma once
+
+#include "desk/model/base.h"
+#include "desk/store/item_data.h"
+
+namespace desk {
+
+class NameSpace : public ModelObject<NameSpace> {
+  public:
+    static constexpr std::string_view name = "NameSpace";
+    static constexpr host::TextView default_name = u"Type";
+
+    using ModelObject::ModelObject;
+    static const host::Members<NameSpace>& members();
+    std::int32_t number() const override { return object_class::name_space; }
+    host::Object parent() const override;
+
+    host::Object default_folder(std::int32_t folder_number) const;
+    host::Object folder_from_id(const host::Text& id, const host::Value& store) const;
+    host::Object item_from_id(const host::Text& id, const host::Value& store) const;
+    host::Object open_message_file(const host::Text& path) const;
+
+    /// A person by what was typed: an Internet address, or the full name or address of a contact. One who is
+    /// not known comes back unresolved.
+    Person person(const host::Text& typed, std::int32_t kind) const;
+
+    static host::Text person_id(const Person& person);  ///< hexadecimal
+    host::Text user_name() const { return u"Tarnwell User"; }
+};
+
+}  // namespace desk

@@ -1,0 +1,80 @@
+#include "desk/model/property_accessor.h"
+
+#include <functional>
+
+#include "desk/model/recipients.h"
+#include "desk/model/user_properties.h"
+
+namespace desk {
+
+using host::Arguments;
+using host::Failure;
+using host::Takes;
+using host::Text;
+using host::TextView;
+using host::Use;
+using host::Value;
+namespace result = host::result;
+
+namespace {
+
+void write_property(const std::shared_ptr<Item>& item, TextView address, const Value& value) {
+    const Text name = field_of_address(address);
+    if (const tables::FieldRow* field = find_field(item->kind(), name)) return item->set_field(*field, value);
+    if (name.empty())
+        throw Failure(result::not_found, u"The property \"" + Text(address) + u"\" is unknown.");
+    constexpr std::int32_t text = 1;
+    UserProperties properties(item->desk(), item);
+    const host::Object property = properties.add(name, text, false);
+    property.put(u"Value", value);
+}
+
+}  // namespace
+
+std::shared_ptr<PropertyAccessor> PropertyAccessor::of_item(const std::shared_ptr<Item>& item) {
+    return std::make_shared<PropertyAccessor>(
+        item->desk(), item->self(),
+        [item](TextView address) {
+            item->check_there();
+            return schema_property(item->data(), address);
+        },
+        [item](TextView address, const Value& value) { write_property(item, address, value); });
+}
+
+std::shared_ptr<PropertyAccessor> PropertyAccessor::of_person(Desk& desk, const Person& person,
+                                                              host::Object owner) {
+    return std::make_shared<PropertyAccessor>(
+        desk, std::move(owner), [person](TextView address) { return person_property(person, address); },
+        nullptr);
+}
+
+Value PropertyAccessor::value(const Text& address) const {
+    if (std::optional<Value> found = reader_(address)) return *found;
+    throw Failure(result::not_found, u"The property \"" + address + u"\" is unknown or cannot be found.");
+}
+
+void PropertyAccessor::value(const Text& address, const Value& value) const {
+    if (!writer_) throw Failure(result::access_denied, u"The property \"" + address + u"\" can't be set.");
+    writer_(address, value);
+}
+
+const host::Members<PropertyAccessor>& PropertyAccessor::members() {
+    static const host::Members<PropertyAccessor> table{
+        {u"GetProperty",
+         0xFAFE,
+         Use::method,
+         {{u"SchemaName", Takes::text}},
+         [](PropertyAccessor& self, const Arguments& a) { return self.value(a[0].to_text()); }},
+        {u"SetProperty",
+         0xFAFF,
+         Use::method,
+         {{u"SchemaName", Takes::text}, {u"Value"}},
+         [](PropertyAccessor& self, const Arguments& a) {
+             self.value(a[0].to_text(), a[1]);
+             return Value();
+         }},
+    };
+    return table;
+}
+
+}  // namespace desk

@@ -1,0 +1,343 @@
+#include "desk/model/surface.h"
+
+#include <algorithm>
+
+#include "desk/model/application.h"
+#include "desk/model/command_bars.h"
+#include "desk/model/desk.h"
+#include "desk/model/explorers.h"
+#include "desk/model/item.h"
+
+namespace desk {
+
+using host::Arguments;
+using host::Failure;
+using host::Object;
+using host::Takes;
+using host::Text;
+using host::Use;
+using host::Value;
+namespace result = host::result;
+
+namespace {
+
+/// Most items that `Select` takes in one call.
+constexpr std::size_t most_selected = 20;
+
+Value as_text(const Value& value) {
+    if (value.is(Value::Type::array) || value.is(Value::Type::object)) {
+        throw Failure(result::type_mismatch, u"The value can't be shown as text.");
+    }
+    return value.is(Value::Type::null) ? Value(u"") : Value(value.to_text());
+}
+
+/// The options that the desk can be asked for, as the outside spells them.
+struct OptionRow {
+    host::TextView name;
+    Value (*read)(const Options&);
+    void (*write)(Options&, const Value&);
+    bool from_next_start;
+};
+
+template <EventOrder order>
+Value is_order(const Options& options) {
+    return options.event_order == order;
+}
+template <EventOrder order>
+void set_order(Options& options, const Value& value) {
+    if (value.to_boolean()) {
+        options.event_order = order;
+    } else if (options.event_order == order) {
+        options.event_order = EventOrder::host;
+    }
+}
+
+constexpr OptionRow option_rows[] = {
+    {u"InstantSearch", [](const Options& o) { return Value(o.instant_search); },
+     [](Options& o, const Value& v) { o.instant_search = v.to_boolean(); }, false},
+    {u"Language", [](const Options& o) { return Value(o.language); },
+     [](Options& o, const Value& v) { o.language = v.to_integer(); }, false},
+    {u"DeferredEvents", is_order<EventOrder::deferred>, set_order<EventOrder::deferred>, false},
+    {u"EventsAtOnce", is_order<EventOrder::at_once>, set_order<EventOrder::at_once>, false},
+    {u"HostVersion", [](const Options& o) { return Value(o.host_version); }, nullptr, true},
+};
+
+const OptionRow& option_row(const Text& name) {
+    const auto found = std::ranges::find_if(
+        option_rows, [&](const OptionRow& row) { return host::same_ignoring_case(row.name, name); });
+    if (found == std::end(option_rows)) {
+        throw Failure(result::invalid_argument, u"The desk has no option \"" + name + u"\".");
+    }
+    return *found;
+}
+
+}  // namespace
+
+Object Listing::parent() const { return desk().application()->surface(); }
+
+Value Listing::at(std::int32_t place) const {
+    if (place < 1 || static_cast<std::size_t>(place) > count_()) {
+        throw Failure(result::bad_index, u"Array index out of bounds.");
+    }
+    return element_(static_cast<std::size_t>(place - 1));
+}
+
+const host::Members<Listing>& Listing::members() {
+    static const host::Members<Listing> table{
+        {u"Count", host::no_id, Use::get,
+         [](Listing& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.count())); }},
+        {u"Item",
+         host::no_id,
+         Use::method,
+         {{u"Index", Takes::integer}},
+         [](Listing& self, const Arguments& a) { return self.at(a[0].to_integer()); }},
+    };
+    return table;
+}
+
+Object Entry::parent() const { return desk().application()->surface(); }
+
+const host::Members<Entry>& Entry::members() {
+    static const host::Members<Entry> none{};
+    return none;
+}
+
+Value Entry::other_member(host::Request& request) {
+    constexpr std::int32_t first = 1;
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const std::int32_t id = first + static_cast<std::int32_t>(i);
+        const bool meant = request.id == host::default_member && request.member.empty() ? i == 0
+                           : request.member.empty()
+                               ? request.id == id
+                               : host::same_ignoring_case(fields_[i].first, request.member);
+        if (!meant) continue;
+        const host::MemberFacts facts{fields_[i].first, id, Use::get, {}};
+        if (request.access == host::Access::identify) return host::identify(facts, request);
+        const std::vector<Value> rest = host::arrange(facts, request);
+        return rest.empty() ? fields_[i].second : host::ask_default_member(fields_[i].second, rest);
+    }
+    host::throw_no_member(request);
+}
+
+Object Surface::parent() const { return desk().application()->self(); }
+
+Object Surface::messages() {
+    Desk& all = desk();
+    return std::make_shared<Listing>(
+               all, [&all] { return all.messages.size(); },
+               [&all](std::size_t i) {
+                   const ShownMessage& message = all.messages.at(i);
+                   return Value(std::make_shared<Entry>(
+                                    all, Entry::Fields{{u"Text", message.text},
+                                                       {u"Title", message.title},
+                                                       {u"Style", static_cast<std::int32_t>(message.style)},
+                                                       {u"Answer", std::int32_t{message.answer}}})
+                                    ->self());
+               })
+        ->self();
+}
+
+Object Surface::programs() {
+    Desk& all = desk();
+    return std::make_shared<Listing>(
+               all, [&all] { return all.surroundings().programs().size(); },
+               [&all](std::size_t i) {
+                   const StartedProgram program = all.surroundings().programs().at(i);
+                   return Value(
+                       std::make_shared<Entry>(all, Entry::Fields{{u"CommandLine", program.command_line},
+                                                                  {u"Folder", program.folder}})
+                           ->self());
+               })
+        ->self();
+}
+
+Object Surface::calls() {
+    const auto taken = std::make_shared<const std::vector<CallCount>>(desk().surroundings().calls());
+    Desk& all = desk();
+    return std::make_shared<Listing>(
+               all, [taken] { return taken->size(); },
+               [&all, taken](std::size_t i) {
+                   const CallCount& call = taken->at(i);
+                   return Value(
+                       std::make_shared<Entry>(
+                           all, Entry::Fields{{u"Member", host::from_utf8(call.member)},
+                                              {u"Invocations", static_cast<std::int32_t>(call.invocations)},
+                                              {u"NameLookups", static_cast<std::int32_t>(call.name_lookups)}})
+                           ->self());
+               })
+        ->self();
+}
+
+Object Surface::texts(std::vector<Text> Desk::*list) {
+    Desk& all = desk();
+    return std::make_shared<Listing>(
+               all, [&all, list] { return (all.*list).size(); },
+               [&all, list](std::size_t i) { return Value((all.*list).at(i)); })
+        ->self();
+}
+
+Value Surface::live(const Value& kind) {
+    const auto counts = std::make_shared<const std::vector<LiveCount>>(desk().surroundings().live());
+    std::int32_t all = 0;
+    for (const LiveCount& count : *counts) all += count.count;
+    if (!kind.is_missing()) {
+        const Text wanted = kind.to_text();
+        for (const LiveCount& count : *counts) {
+            if (host::same_ignoring_case(host::from_utf8(count.kind), wanted)) return count.count;
+        }
+        return 0;
+    }
+    Desk& owner = desk();
+    const Object kinds = std::make_shared<Listing>(
+                             owner, [counts] { return counts->size(); },
+                             [&owner, counts](std::size_t i) {
+                                 const LiveCount& count = counts->at(i);
+                                 return Value(std::make_shared<Entry>(
+                                                  owner, Entry::Fields{{u"Kind", host::from_utf8(count.kind)},
+                                                                       {u"Count", count.count}})
+                                                  ->self());
+                             })
+                             ->self();
+    return Value(
+        std::make_shared<Entry>(owner, Entry::Fields{{u"Total", all},
+                                                     {u"Count", static_cast<std::int32_t>(counts->size())},
+                                                     {u"Item", Value(kinds)},
+                                                     {u"Kinds", Value(kinds)}})
+            ->self());
+}
+
+Value Surface::option(const Text& option_name) const {
+    return option_row(option_name).read(desk().options());
+}
+
+void Surface::option(const Text& option_name, const Value& value) {
+    const OptionRow& row = option_row(option_name);
+    if (row.from_next_start) {
+        desk().surroundings().remember_option(row.name, value.to_text());
+    } else {
+        row.write(desk().options(), value);
+    }
+}
+
+void Surface::select(const std::vector<Value>& items) {
+    std::vector<Object> selected;
+    RowId folder = 0;
+    for (const Value& value : items) {
+        const Object object = value.to_object();
+        const auto item = std::dynamic_pointer_cast<desk::Item>(object.target());
+        if (!item) throw Failure(result::type_mismatch, u"Only items can be selected.");
+        folder = item->folder();
+        selected.push_back(object);
+    }
+    const auto& open = desk().explorers()->open;
+    if (open.empty()) throw Failure(result::fail, u"There is no explorer to select items in.");
+    const std::shared_ptr<Explorer> explorer = open.back();
+    if (folder != 0) explorer->show_folder(folder);  // one can only click what is shown
+    explorer->select(std::move(selected));
+}
+
+const host::Members<Surface>& Surface::members() {
+    static const auto select_parameters = [] {
+        std::vector<host::Parameter> parameters;
+        for (std::size_t i = 0; i < most_selected; ++i) parameters.push_back({u"Item", Takes::value, true});
+        return parameters;
+    }();
+    static const host::Members<Surface> table{
+        {u"Deliver",
+         host::no_id,
+         Use::method,
+         {{u"Path", Takes::text}},
+         [](Surface& self, const Arguments& a) {
+             return Value(self.desk().deliver(a[0].to_text())->self());
+         }},
+        {u"Answer",
+         host::no_id,
+         Use::method,
+         {{u"Title", Takes::text}, {u"Fragment", Takes::text}, {u"Button", Takes::integer}},
+         [](Surface& self, const Arguments& a) {
+             self.desk().answers.push_back({a[0].to_text(), a[1].to_text(), a[2].to_integer()});
+             return Value();
+         }},
+        {u"Messages", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) { return Value(self.messages()); }},
+        {u"Statuses", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) { return Value(self.texts(&Desk::statuses)); }},
+        {u"Opened", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) { return Value(self.texts(&Desk::opened)); }},
+        {u"Programs", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) { return Value(self.programs()); }},
+        {u"Displayed", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) {
+             Desk& desk = self.desk();
+             return Value(std::make_shared<Listing>(
+                              desk, [&desk] { return desk.displayed.size(); },
+                              [&desk](std::size_t i) { return Value(desk.displayed.at(i)); })
+                              ->self());
+         }},
+        {u"Pump",
+         host::no_id,
+         Use::method,
+         {{u"Milliseconds", Takes::integer}},
+         [](Surface& self, const Arguments& a) {
+             self.desk().surroundings().pump(a[0].to_integer());
+             return Value();
+         }},
+        {u"Select", host::no_id, Use::method, select_parameters,
+         [](Surface& self, const Arguments& a) {
+             std::vector<Value> items;
+             for (std::size_t i = 0; i < most_selected && a.has(i); ++i) items.push_back(a[i]);
+             self.select(items);
+             return Value();
+         }},
+        {u"Options",
+         host::no_id,
+         Use::get_put,
+         {{u"Name", Takes::text}},
+         [](Surface& self, const Arguments& a) {
+             if (a.is_put()) self.option(a[0].to_text(), a.assigned());
+             return a.is_put() ? Value() : self.option(a[0].to_text());
+         }},
+        {u"Live",
+         host::no_id,
+         Use::get,
+         {{u"Kind", Takes::text, true}},
+         [](Surface& self, const Arguments& a) { return self.live(a[0]); }},
+        {u"Text",
+         host::no_id,
+         Use::method,
+         {{u"Object", Takes::object}, {u"Member", Takes::text}},
+         [](Surface&, const Arguments& a) { return as_text(a[0].to_object().get(a[1].to_text())); }},
+        {u"Snapshot",
+         host::no_id,
+         Use::method,
+         {{u"Path", Takes::text}},
+         [](Surface& self, const Arguments& a) {
+             self.desk().surroundings().snapshot(a[0].to_text());
+             return Value();
+         }},
+        // beyond the contract: for the desk's own tests and benchmarks
+        {u"Fail",
+         host::no_id,
+         Use::method,
+         {{u"Member", Takes::text},
+          {u"After", Takes::integer, true},
+          {u"Times", Takes::integer, true},
+          {u"Number", Takes::integer, true}},
+         [](Surface& self, const Arguments& a) {
+             self.desk().faults.push_back({a[0].to_text(), a.has(1) ? a[1].to_integer() : 0,
+                                           a.has(2) ? a[2].to_integer() : 1,
+                                           a.has(3) ? a[3].to_integer() : result::fail});
+             return Value();
+         }},
+        {u"Calls", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) { return Value(self.calls()); }},
+        {u"ResetCalls", host::no_id, Use::method,
+         [](Surface& self, const Arguments&) {
+             self.desk().surroundings().reset_calls();
+             return Value();
+         }},
+    };
+    return table;
+}
+
+}  // namespace desk

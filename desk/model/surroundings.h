@@ -1,0 +1,74 @@
+// What the desk's model needs from where it runs: the real desk under Wine, or a native test.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "desk/store/item_data.h"
+#include "host/object.h"
+
+namespace desk {
+
+/// A program that was started: its command line and the folder that it started in.
+struct StartedProgram {
+    host::Text command_line;
+    host::Text folder;
+};
+
+/// How many of the desk's objects of one kind are held from outside.
+struct LiveCount {
+    std::string kind;
+    std::int32_t count = 0;
+};
+
+/// How often one member was asked for from outside, and how often its name had to be resolved.
+struct CallCount {
+    std::string member;
+    std::int64_t invocations = 0;
+    std::int64_t name_lookups = 0;
+};
+
+class Surroundings {
+  public:
+    virtual ~Surroundings() = default;
+
+    virtual host::Date now() = 0;  ///< local time
+
+    /// Random bytes for ids that are unique over processes and machines.
+    virtual std::string random_bytes(std::size_t count) = 0;
+
+    /// Reads a mail file. Throws `host::Failure` with one clear sentence.
+    virtual ItemData read_mail(host::TextView path) = 0;
+
+    /// Events wait for the next turn of the message loop.
+    virtual void wake() = 0;
+
+    /// Lets the message loop run for that time.
+    virtual void pump(std::int32_t milliseconds) = 0;
+
+    /// Makes an automation object by its name.
+    virtual host::Object create_object(host::TextView prog_id) = 0;
+
+    virtual std::vector<StartedProgram> programs() = 0;
+    virtual std::vector<LiveCount> live() = 0;
+    virtual std::vector<CallCount> calls() = 0;
+    virtual void reset_calls() = 0;
+
+    /// Writes a picture of the screen, PNG.
+    virtual void snapshot(host::TextView path) = 0;
+
+    /// Connects or disconnects the add-in of that name.
+    virtual void connect_add_in(host::TextView prog_id, bool connect) = 0;
+
+    /// The host is told to end.
+    virtual void quit() = 0;
+
+    /// The windows follow the model: something that they show has changed.
+    virtual void changed() = 0;
+
+    /// An option that holds from the next start on is remembered.
+    virtual void remember_option(host::TextView name, host::TextView value) = 0;
+};
+
+}  // namespace desk
