@@ -42,7 +42,7 @@ run_script() {
         script_status=1
         say_script_error "$script" "$wrapped" "$folder/trace" "$outcome"
     elif [[ -z $outcome ]]; then
-        say_script_stop "$script" "$folder/trace" "$script_status"
+        say_script_stop "$script" "$wrapped" "$folder/trace" "$script_status"
         script_status=1
     fi
 }
@@ -65,17 +65,25 @@ say_script_error() {
 
 # An end that the prelude has not seen: a script that is no JScript, or a script host that crashed.
 say_script_stop() {
-    local script=$1 trace=$2 status=$3 found line
-    found=$(sed -n 's/.*script_parse parser failed around .* in line L"\(.*\)"$/\1/p' "$trace" | tail -n 1)
-    if grep -q 'script_parse parser failed' "$trace"; then
-        line=$(perl -0777 -e '
-            my ($text, $file) = @ARGV;
-            $text =~ s/\\t/\t/g; $text =~ s/\\(["\\])/$1/g;
-            open my $in, "<", $file or exit;
-            my @found = grep { index($_->[1], $text) == 0 } do {
-                my $n = 0; map { s/\r$//; [++$n, $_] } split /\n/, <$in> };
-            print $found[0][0] if length $text && @found == 1;' "$found" "$script")
-        say "the script failed with error 0x800A03EA (-2146827286)${line:+ in line $line}: Syntax error${found:+ in: $found} ($script)"
+    local script=$1 wrapped=$2 trace=$3 status=$4 found
+    # The engine's warning quotes the line at which it gave up; here it is found again in what the engine was given.
+    found=$(perl -e '
+        my ($wrapped, $trace) = @ARGV;
+        my $text;
+        open my $in, "<", $trace or exit;
+        while (<$in>) { $text = $1 if /script_parse parser failed around .* in line L"(.*)"(?:\.\.\.)?$/ }
+        exit unless defined $text;
+        $text =~ s/\\t/\t/g;
+        $text =~ s/\\(["\\])/$1/g;
+        open $in, "<", $wrapped or exit;
+        my @lines = map { chomp; $_ } <$in>;
+        my ($before) = $lines[0] =~ /: (\d+)$/;
+        my @at = grep { index($lines[$_], $text) == 0 } $before .. $#lines;
+        if ($text =~ /tarnwell_script_host/) { print ": Syntax error: the script ends too early" }
+        else { printf "%s: Syntax error: %s", @at == 1 ? " in line " . ($at[0] + 1 - $before) : "", $text }
+        ' "$wrapped" "$trace")
+    if [[ -n $found ]]; then
+        say "the script failed with error 0x800A03EA (-2146827286)$found ($script)"
     else
         say "the script failed: the script host ended with code $status before the end of the script ($script)"
     fi
@@ -134,7 +142,8 @@ check_left_out() {
             [[ ${name,,} != "${file,,}" ]] || continue 2
         done
         [[ ${name,,} != outlook.application && $name == *.* && $name != *[][\\/]* ]] &&
-            grep -qiF "[Software\\\\Classes\\\\$name]" "$WINEPREFIX/system.reg" ||
+            grep -qiF -e "[Software\\\\Classes\\\\$name]" -e "[Software\\\\Classes\\\\$name\\\\" \
+                "$WINEPREFIX/system.reg" ||
             fail "there is no object or program '$name' that could be left out" 2
     done
 }

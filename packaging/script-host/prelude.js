@@ -17,7 +17,7 @@ var tarnwell_script_host = (function (global, real) {
             prepared.push(typeof values[i] == "string" ? encoded(values[i]) : values[i]);
             list.push("prepared[" + i + "]");
         }
-        eval("real.Echo(" + list.join(", ") + ")");
+        eval("real.Echo(" + (list.join(", ") || '""') + ")");
     }
     function stream(mark) {
         return {
