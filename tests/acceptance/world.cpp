@@ -1,0 +1,81 @@
+#include "tests/acceptance/world.h"
+
+#include "core/settings.h"
+
+namespace acceptance {
+
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Folder;
+using host::outlook::Item;
+
+namespace {
+
+constexpr TextView family_key = u"Software\\Tarnwell\\Family";
+
+/// The folder of a name at or below one, depth first; Nothing if there is none.
+Folder find_folder(const host::outlook::Folders& folders, TextView name) {
+    const std::int32_t count = folders.Count();
+    for (std::int32_t i = 1; i <= count; ++i) {
+        const Folder folder = folders.Item(i);
+        if (folder.Name() == name) return folder;
+        if (const Folder found = find_folder(folder.Folders(), name)) return found;
+    }
+    return {};
+}
+
+}  // namespace
+
+Object World::connect() {
+    return application().COMAddIns().Item(u"CreateNote.Connect").get(u"Object").to_object();
+}
+
+Folder World::account_profiles() { return find_folder(session().Folders(), u"Account Profiles"); }
+
+void World::option(TextView name, TextView value) { addin::Settings(desktop()).store(name, value); }
+
+void World::option(TextView name, std::int32_t value) {
+    addin::Settings(desktop()).SetKeyValue(host::current_user, addin::Settings::key_name, name, value,
+                                           host::registry_type::dword);
+}
+
+void World::family(TextView name, TextView value) {
+    addin::Settings(desktop()).SetKeyValue(host::current_user, family_key, name, Value(value),
+                                           host::registry_type::text);
+}
+
+Item World::deliver(const std::string& message) {
+    std::string bytes;
+    for (const char c : message) {
+        if (c == '\n') bytes += '\r';
+        bytes += c;
+    }
+    return Item(desk().call(u"Deliver", {Value(write_file("delivered.eml", bytes))}).to_object());
+}
+
+void World::read(const Item& mail) {
+    mail.put(u"UnRead", false);
+    mail.Save();
+}
+
+Text World::text(const Object& object, TextView member) {
+    return desk().call(u"Text", {Value(object), Value(member)}).to_text();
+}
+
+Text World::property(const Item& item, TextView name) {
+    return item.UserProperties().Item(name).value().to_text();
+}
+
+bool World::wait_until(const std::function<bool()>& condition) {
+    constexpr int rounds = 200;
+    constexpr std::int32_t round = 25;  // milliseconds
+    for (int i = 0; i < rounds; ++i) {
+        if (condition()) return true;
+        desk().call(u"Pump", {round});
+    }
+    return condition();
+}
+
+}  // namespace acceptance

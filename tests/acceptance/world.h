@@ -1,0 +1,104 @@
+// The world that an acceptance test acts in: a desk with a database, the family, and the add-in loaded into
+// it.
+//
+// Each test is written once against this and runs twice: natively, with add-in and desk in one process, and
+// under Wine, with the real DLL in the real desk, driven by automation from another process.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/desktop.h"
+#include "host/outlook.h"
+
+namespace acceptance {
+
+/// How the world is to be before the desk starts.
+struct WorldSetup {
+    std::string database = "empty";  ///< "empty" or "sample"
+    host::Text host_version = u"16.0.0.0";
+    bool instant_search = false;
+    std::string event_order = "host";    ///< "host", "deferred" or "at-once"
+    std::vector<std::string> without{};  ///< siblings by ProgID, or programs by file name, that are not there
+    bool add_in = true;                  ///< the add-in is registered
+    bool started = true;                 ///< the desk is started at once; else by `start`
+};
+
+class World {
+  public:
+    virtual ~World() = default;
+
+    /// Starts the desk on the database, as it is. Settings and the family's values stay.
+    virtual void start() = 0;
+    /// Ends it as a user would, and waits until it has gone.
+    virtual void quit() = 0;
+
+    virtual host::outlook::Application application() = 0;
+
+    /// The system's registry, or what stands for it.
+    virtual host::Registry& registry() = 0;
+    virtual host::Desktop& desktop() = 0;
+
+    /// The folder that the add-in's file lies in.
+    virtual host::Text add_in_folder() = 0;
+
+    /// A file's name, for `Deliver` and its like, in a folder that is empty at first; `bytes` are written to
+    /// it.
+    virtual host::Text write_file(const std::string& name, const std::string& bytes) = 0;
+    virtual bool file_exists(host::TextView path) = 0;
+    virtual void remove_file(host::TextView path) = 0;
+
+    // what every test needs, the same for both
+
+    host::Object desk() { return application().get(u"Desk").to_object(); }
+    host::Object connect();  ///< the add-in's published object
+    host::outlook::NameSpace session() { return application().GetNamespace(u"MAPI"); }
+    host::outlook::Folder inbox() { return session().GetDefaultFolder(host::outlook::default_folder::inbox); }
+    host::outlook::Folder account_profiles();
+    host::outlook::Folder below(host::TextView name) { return account_profiles().Folders().Item(name); }
+
+    /// An option of the user, as text or as a number.
+    void option(host::TextView name, host::TextView value);
+    void option(host::TextView name, std::int32_t value);
+    /// A value that the family's stand-ins answer.
+    void family(host::TextView name, host::TextView value);
+
+    /// Delivers a mail of these lines; "From", "To" and so on are given as in the file.
+    host::outlook::Item deliver(const std::string& message);
+
+    /// What the user does who reads a mail.
+    static void read(const host::outlook::Item& mail);
+
+    /// A member's value as text.
+    host::Text text(const host::Object& object, host::TextView member);
+    static host::Text property(const host::outlook::Item& item, host::TextView name);
+
+    /// Lets waiting events come, until the condition holds or a generous time has passed.
+    bool wait_until(const std::function<bool()>& condition);
+};
+
+/// Made by whichever build the test runs in.
+std::unique_ptr<World> make_world(const WorldSetup& setup);
+
+class Acceptance : public testing::Test {
+  protected:
+    /// Another world than the usual one; the first thing that a test does.
+    World& with(const WorldSetup& setup) {
+        world_.reset();
+        world_ = make_world(setup);
+        return *world_;
+    }
+    World& world() {
+        if (!world_) world_ = make_world({});
+        return *world_;
+    }
+
+  private:
+    std::unique_ptr<World> world_;
+};
+
+}  // namespace acceptance
