@@ -130,7 +130,7 @@ Text NamedProperties::address(Tag tag) const {
         append_hexadecimal(text, tag, 8);
         return text;
     }
-    if (id < first_id || id - first_id >= given_.size()) {
+    if (id - first_id >= given_.size()) {
         throw Failure(result::not_found, u"This named property is not known");
     }
     const NamedProperty& property = given_[id - first_id];

@@ -105,6 +105,7 @@ class Profile {
         Text name;
         std::vector<Node> children{};
         std::vector<Object> items{};
+        Text id{};  ///< entry id; made of the path if empty
     };
 
     explicit Profile(std::vector<Node> stores) : stores_(std::move(stores)) {}
@@ -141,7 +142,8 @@ class Profile {
   private:
     Object make(const Node& node, const Text& store, const Text& above, const Object& parent) {
         const Text path = above + u"/" + node.name;
-        auto folder = fake({{u"Name", node.name}, {u"EntryID", u"ID:" + path}, {u"StoreID", store}});
+        const Text id = node.id.empty() ? u"ID:" + path : node.id;
+        auto folder = fake({{u"Name", node.name}, {u"EntryID", id}, {u"StoreID", store}});
         folder->functions[u"Parent"] = [above_it =
                                             std::weak_ptr(parent.target())](std::vector<Value>&) -> Value {
             const auto target = above_it.lock();
@@ -156,7 +158,7 @@ class Profile {
             return Object(collection(children));
         };
         folder->properties[u"Items"] = Object(collection(node.items));
-        folders_[{u"ID:" + path, store}] = Object(folder);
+        folders_[{id, store}] = Object(folder);
         return Object(folder);
     }
 

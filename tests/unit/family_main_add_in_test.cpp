@@ -120,6 +120,15 @@ TEST_F(MainAddInTest, LooksAnewForAFolderThatIsNoLongerWhereItWas) {
     EXPECT_EQ(ask(u"GetFolderId", {u"Leads"}), u"ID:/Mailbox/Leads");
 }
 
+TEST_F(MainAddInTest, LooksAnewForAFolderThatWasRenamed) {
+    Profile::Node& leads = around->profile.stores().back().children.at(1);
+    leads.id = u"00A1";
+    EXPECT_EQ(ask(u"GetFolderId", {u"Leads"}), u"00A1");
+    leads.name = u"Old Leads";
+    EXPECT_EQ(ask(u"GetFolderId", {u"Leads"}), u"");
+    EXPECT_EQ(ask(u"GetFolderId", {u"Old Leads"}), u"00A1");
+}
+
 TEST_F(MainAddInTest, AnswersTheStoreThatHoldsTheDatabase) {
     EXPECT_EQ(ask(u"GetStoreId"), u"STORE2");
     around->settings[u"StoreID"] = u"";

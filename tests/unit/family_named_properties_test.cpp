@@ -77,6 +77,15 @@ TEST(NamedProperties, GiveATagWithoutATypeForEachName) {
     EXPECT_NE(named.tag(read_named_property(string_set, 0x8083)), by_number);
 }
 
+TEST(NamedProperties, KeepTheirAddressesWhenOneIsAskedForAgain) {
+    NamedProperties named;
+    const family::Tag first = named.tag(read_named_property(string_set, u"First"));
+    EXPECT_EQ(named.tag(read_named_property(string_set, u"First")), first);
+    const family::Tag second = named.tag(read_named_property(string_set, u"Second"));
+    EXPECT_TRUE(named.address(first).ends_with(u"/First"));
+    EXPECT_TRUE(named.address(second).ends_with(u"/Second"));
+}
+
 TEST(NamedProperties, HaveAddressesByNumberAndByName) {
     NamedProperties named;
     const family::Tag by_number = named.tag(read_named_property(contact_set, 0x8083));
