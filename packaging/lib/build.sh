@@ -27,14 +27,13 @@ native_tools=(tarnwell-mail tarnwell-database)
 desk_programs=(TWstore.exe TarnwellUtility.exe TarnwellUpdate.exe)
 desk_targets=(desk TarnwellNote TarnwellFamily "${desk_programs[@]%.exe}")
 
-# make_databases: build/databases/<name>/ with tarnwell.db and the system folder's file, anew when their data changed.
+# make_databases: build/databases/<name>/ with tarnwell.db and the system folder's file, anew when data or maker changed.
 make_databases() {
     local name folder maker=$BUILD/native/bin/tarnwell-database hash log
+    hash=$({ find "$ROOT/data" -type f -print0 | sort -z | xargs -0 sha256sum && sha256sum "$maker"; } | sha256sum)
     for name in sample empty; do
         folder=$BUILD/databases/$name
         log=$BUILD/logs/database-$name.log
-        hash=$({ find "$ROOT/data/$name" -type f -print0 | sort -z | xargs -0 sha256sum && sha256sum "$maker"; } |
-            sha256sum)
         [[ ! -f $folder/.made || $(<"$folder/.made") != "$hash" ]] || continue
         rm -rf "$folder"
         mkdir -p "$folder"
@@ -43,6 +42,7 @@ make_databases() {
             show_tail "$log"
             fail "the database '$name' could not be made"
         }
+        cp "$ROOT/data/$name/twsystemfolder.ini" "$folder/"
         printf '%s\n' "$hash" >"$folder/.made"
     done
 }

@@ -79,7 +79,7 @@ deliver_command() {
         unlock
         fail "no desk is open; './tarnwell run' opens one"
     fi
-    [[ -e $run_folder/state/ready ]] || fail "the desk is not ready yet; try again in a moment"
+    desk_is_on "$run_folder/state" || fail "the desk is not ready yet; try again in a moment"
     lock "$BUILD/deliver.lock" "another delivery is under way; waiting for it"
     find_wine
     rm -rf "$folder"

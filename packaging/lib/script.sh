@@ -184,8 +184,7 @@ watch_end() {
     if ! kill -0 "$desk_pid" 2>/dev/null; then
         wait "$desk_pid" 2>/dev/null || code=$?
     fi
-    # An orderly end takes its mark away, so a mark without a desk is left by one that died.
-    if ((code != 0)) || { [[ -e $folder/state/ready ]] && ! desk_lives "$folder"; }; then
+    if ((code != 0)) || { desk_is_on "$folder/state" && ! desk_lives "$folder"; }; then
         show_desk_log "$folder/state"
         say "the desk died while the script ran$( ((code == 0)) || echo " (exit code $code)")"
         ((script_status != 0)) || script_status=1

@@ -203,13 +203,13 @@ register_servers() {
 start_desk() {
     local i
     mkdir -p "$2"
-    rm -f "$2/ready"
+    rm -f "$2/desk.log"
     (unlocked setpriv --pdeathsig TERM "$wine_loader" "$(windows_path "$1/desk.exe")") >>"$2/output.log" 2>&1 \
         </dev/null &
     desk_pid=$!
     at_end 'end_process $desk_pid'
     for ((i = 0; i < 1200; i++)); do
-        [[ ! -e $2/ready ]] || return 0
+        ! desk_is_on "$2" || return 0
         kill -0 "$desk_pid" 2>/dev/null || break
         sleep 0.05
     done
@@ -218,6 +218,11 @@ start_desk() {
         fail "the desk is not ready after 60 seconds"
     fi
     fail "the desk ended before it was ready"
+}
+
+# desk_is_on STATE: whether the desk's log tells that it is ready and has not ended since. One that died is still on.
+desk_is_on() {
+    [[ -f $1/desk.log ]] && (($(grep -cx ready "$1/desk.log") > $(grep -cx ended "$1/desk.log")))
 }
 
 show_desk_log() {
