@@ -33,6 +33,7 @@ class Bridge : public ComObject<IDispatch, IConnectionPointContainer> {
     void* query(REFIID iid) noexcept override;
 
     Apartment& apartment() const { return *members_.apartment(); }
+    const std::shared_ptr<Apartment>& shared_apartment() const { return members_.apartment(); }
 
   private:
     LateBinding members_;

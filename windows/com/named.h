@@ -1,15 +1,11 @@
-// A class that tells its name. Portable: the classes that are offered over COM need no Windows header for it.
+// What a bridged object is counted under.
 #pragma once
 
-#include <string_view>
+#include "host/named.h"
 
 namespace windows {
 
 /// Implemented by an `host::Invocable` whose bridges are to be counted under a name.
-class Named {
-  public:
-    virtual ~Named() = default;
-    [[nodiscard]] virtual std::string_view class_name() const = 0;
-};
+using host::Named;
 
 }  // namespace windows

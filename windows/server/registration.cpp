@@ -1,0 +1,149 @@
+#include "windows/server/registration.h"
+
+#include <array>
+#include <variant>
+#include <vector>
+
+#include "core/connect.h"
+#include "windows/server/class_id.h"
+
+namespace windows {
+namespace {
+
+using host::Text;
+
+/// One value, and the key that holds it. Without a name it is the key's own.
+struct Entry {
+    Text key;
+    const wchar_t* name;
+    std::variant<Text, DWORD> value;
+};
+
+/// A place that holds a set of entries.
+struct Place {
+    HKEY root;
+    Text path;  ///< what comes before the entries' keys
+};
+
+constexpr DWORD connected_at_start = 3;
+
+Text class_key() { return u"CLSID\\" + host::from_utf8(connect_class_spelling); }
+Text prog_id() { return Text(addin::connect_prog_id); }
+Place machine_classes() { return {HKEY_LOCAL_MACHINE, u"Software\\Classes\\"}; }
+Place user_classes() { return {HKEY_CURRENT_USER, u"Software\\Classes\\"}; }
+Place add_ins() { return {HKEY_CURRENT_USER, u"Software\\Microsoft\\Office\\Outlook\\Addins\\"}; }
+
+std::vector<Entry> class_entries(const Text& file) {
+    return {
+        {prog_id(), nullptr, prog_id()},
+        {prog_id() + u"\\CLSID", nullptr, host::from_utf8(connect_class_spelling)},
+        {class_key(), nullptr, prog_id()},
+        {class_key() + u"\\InprocServer32", nullptr, file},
+        {class_key() + u"\\InprocServer32", L"ThreadingModel", u"Apartment"},
+        {class_key() + u"\\ProgID", nullptr, prog_id()},
+    };
+}
+
+std::vector<Entry> add_in_entries() {
+    return {
+        {prog_id(), L"FriendlyName", u"Create Tarnwell Note"},
+        {prog_id(), L"Description", u"Tarnwell Note Add-in"},
+        {prog_id(), L"LoadBehavior", connected_at_start},
+    };
+}
+
+class OpenKey {
+  public:
+    OpenKey() = default;
+    OpenKey(const OpenKey&) = delete;
+    OpenKey& operator=(const OpenKey&) = delete;
+    ~OpenKey() {
+        if (key_) RegCloseKey(key_);
+    }
+    HKEY get() const { return key_; }
+    HKEY* put() { return &key_; }
+
+  private:
+    HKEY key_ = nullptr;
+};
+
+bool write(const Place& place, const Entry& entry) {
+    OpenKey key;
+    const Text path = place.path + entry.key;
+    if (RegCreateKeyExW(place.root, wide(path), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_SET_VALUE, nullptr,
+                        key.put(), nullptr) != ERROR_SUCCESS) {
+        return false;
+    }
+    const auto set = [&](DWORD type, const void* data, std::size_t size) {
+        return RegSetValueExW(key.get(), entry.name, 0, type, static_cast<const BYTE*>(data),
+                              static_cast<DWORD>(size)) == ERROR_SUCCESS;
+    };
+    if (const auto* number = std::get_if<DWORD>(&entry.value)) return set(REG_DWORD, number, sizeof *number);
+    const Text& text = std::get<Text>(entry.value);
+    return set(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(char16_t));
+}
+
+bool write(const Place& place, const std::vector<Entry>& entries) {
+    for (const Entry& entry : entries) {
+        if (!write(place, entry)) return false;
+    }
+    return true;
+}
+
+/// Deletes a key and all below it.
+bool remove(const Place& place, const Text& key) {
+    const LSTATUS status = RegDeleteTreeW(place.root, wide(place.path + key));
+    return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND;
+}
+
+bool remove_class(const Place& place) {
+    const bool class_gone = remove(place, class_key());
+    const bool name_gone = remove(place, prog_id());
+    return class_gone && name_gone;
+}
+
+bool is_empty(HKEY root, const Text& path) {
+    OpenKey key;
+    DWORD keys = 1, values = 1;
+    return RegOpenKeyExW(root, wide(path), 0, KEY_QUERY_VALUE, key.put()) == ERROR_SUCCESS &&
+           RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
+                            nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
+           keys == 0 && values == 0;
+}
+
+bool remove_add_in() {
+    if (!remove(add_ins(), prog_id())) return false;
+    // On a machine without the host, the keys above it came with the entry.
+    for (Text path = add_ins().path; path.ends_with(u'\\') && path != u"Software\\Microsoft\\";) {
+        path.pop_back();
+        if (!is_empty(HKEY_CURRENT_USER, path)) break;
+        RegDeleteKeyW(HKEY_CURRENT_USER, wide(path));
+        path.resize(path.find_last_of(u'\\') + 1);
+    }
+    return true;
+}
+
+bool register_class(const Place& place, const Text& file) {
+    if (write(place, class_entries(file))) return true;
+    remove_class(place);
+    return false;
+}
+
+}  // namespace
+
+HRESULT register_server(const Text& file) {
+    const bool for_machine = register_class(machine_classes(), file);
+    const bool for_user = register_class(user_classes(), file);
+    if ((for_machine || for_user) && write(add_ins(), add_in_entries())) return S_OK;
+    unregister_server();
+    return SELFREG_E_CLASS;
+}
+
+HRESULT unregister_server() {
+    const bool machine_gone = remove_class(machine_classes());
+    const bool user_gone = remove_class(user_classes());
+    const bool add_in_gone = remove_add_in();
+    return machine_gone && user_gone && add_in_gone ? S_OK : SELFREG_E_CLASS;
+}
+
+}  // namespace windows

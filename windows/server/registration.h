@@ -1,0 +1,16 @@
+// What the registry says of the add-in: the class for COM, and the entry by which the host finds it.
+#pragma once
+
+#include "windows/com/com_ptr.h"
+
+namespace windows {
+
+/// Registers the class for a server file, for the machine and for the user, or for the user alone where the
+/// machine's classes are refused, and enters the add-in for the user. SELFREG_E_CLASS if either can't be
+/// done; what was written is taken back then.
+HRESULT register_server(const host::Text& file);
+
+/// Takes back all that `register_server` writes. Nothing to take back is no failure.
+HRESULT unregister_server();
+
+}  // namespace windows

@@ -1,0 +1,35 @@
+// One load of the add-in's DLL.
+#pragma once
+
+#include "core/session.h"
+#include "windows/com/apartment.h"
+#include "windows/com/class_factory.h"
+#include "windows/desktop/windows_desktop.h"
+
+namespace windows {
+
+/// What all add-in objects of a load share. It begins with the first of them and ends when the last has gone.
+struct Load {
+    explicit Load(Module& module);
+
+    std::shared_ptr<Apartment> apartment;
+    WindowsDesktop desktop;
+    addin::Session session;
+};
+
+/// The server behind the DLL's entry points.
+class Server {
+  public:
+    /// CLASS_E_CLASSNOTAVAILABLE for any class but the add-in's.
+    HRESULT class_object(REFCLSID class_id, REFIID iid, void** answer) noexcept;
+
+    bool may_unload() const noexcept { return module_.idle(); }
+
+  private:
+    ComPtr<IUnknown> make_connect();
+
+    Module module_;
+    std::weak_ptr<Load> load_;
+};
+
+}  // namespace windows
