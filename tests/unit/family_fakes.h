@@ -28,12 +28,14 @@ class Fake : public host::Invocable {
 
     std::map<Text, Value> properties;
     std::map<Text, Code> functions;
-    std::vector<Text> asked;  ///< members, in order, as "name" or "name=" for a put
+    std::vector<Text> asked;           ///< members, in order, as "name" or "name=" for a put
+    const host::Kind* kind = nullptr;  ///< that the last request named
 
     Value invoke(Request& request) override {
         const Text member = request.member.empty()
                                 ? names_.at(static_cast<std::size_t>(request.id - first_id))
                                 : Text(request.member);
+        kind = request.kind;
         if (request.access == Access::identify) return identify(member, request);
         asked.push_back(request.access == Access::put ? member + u"=" : member);
         if (request.access == Access::put) {

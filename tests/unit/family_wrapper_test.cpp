@@ -217,6 +217,13 @@ TEST_F(BoundSafeMailTest, AnswersByDispatchIdsToo) {
     EXPECT_EQ(failure_of([&] { ask_by_id(safe, u"Nonsense", Access::get); }), host::result::unknown_name);
 }
 
+TEST_F(BoundSafeMailTest, DoesNotPassItsOwnKindOnToTheItem) {
+    static constexpr host::Kind kind{"SafeMailItem"};
+    Request request{.access = Access::get, .member = u"Subject", .kind = &kind};
+    EXPECT_EQ(safe.invoke(request), Value(u"Hello"));
+    EXPECT_EQ(mail->kind, nullptr);
+}
+
 TEST_F(BoundSafeMailTest, TheIdsOfTheItemAreItsOwn) {
     Request through{.access = Access::identify, .member = u"Subject"},
         own{.access = Access::identify, .member = u"Item"};
