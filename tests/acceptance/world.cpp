@@ -32,7 +32,16 @@ Object World::connect() {
     return application().COMAddIns().Item(u"CreateNote.Connect").get(u"Object").to_object();
 }
 
-Folder World::account_profiles() { return find_folder(session().Folders(), u"Account Profiles"); }
+Folder World::account_profiles() {
+    const host::outlook::NameSpace session = this->session();
+    if (anchor_id_.empty()) {
+        const Folder found = find_folder(session.Folders(), u"Account Profiles");
+        if (!found) return {};
+        anchor_id_ = found.EntryID();
+        anchor_store_ = found.StoreID();
+    }
+    return session.GetFolderFromID(anchor_id_, anchor_store_);
+}
 
 void World::option(TextView name, TextView value) { addin::Settings(desktop()).store(name, value); }
 
@@ -44,6 +53,23 @@ void World::option(TextView name, std::int32_t value) {
 void World::family(TextView name, TextView value) {
     addin::Settings(desktop()).SetKeyValue(host::current_user, family_key, name, Value(value),
                                            host::registry_type::text);
+}
+
+Text World::family(TextView name) {
+    return addin::Settings(desktop()).GetKeyValueEx(host::current_user, family_key, name).to_text();
+}
+
+std::vector<Text> World::family_calls() {
+    std::vector<Text> calls;
+    for (unsigned number = 1;; ++number) {
+        Text digits = host::to_text(static_cast<long long>(number));
+        digits.insert(0, 4 - digits.size(), u'0');
+        const Text call = addin::Settings(desktop())
+                              .GetKeyValueEx(host::current_user, Text(family_key) + u"\\Calls", digits)
+                              .to_text();
+        if (call.empty()) return calls;
+        calls.push_back(call);
+    }
 }
 
 Item World::deliver(const std::string& message) {
@@ -66,6 +92,15 @@ Text World::text(const Object& object, TextView member) {
 
 Text World::property(const Item& item, TextView name) {
     return item.UserProperties().Item(name).value().to_text();
+}
+
+void World::fail(TextView member, std::int32_t after, std::int32_t times) {
+    desk().call(u"Fail", {Value(member), after, times});
+}
+
+void World::settle() {
+    constexpr std::int32_t moment = 50;  // milliseconds
+    desk().call(u"Pump", {moment});
 }
 
 bool World::wait_until(const std::function<bool()>& condition) {

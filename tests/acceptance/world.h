@@ -32,6 +32,10 @@ class World {
   public:
     virtual ~World() = default;
 
+    // A new world has its database, and no option. Of the family's values only `SpecialFolder` and
+    // `ProgramFolder` are stored, two folders in which the family's programs can be started; its lists are
+    // empty.
+
     /// Starts the desk on the database, as it is. Settings and the family's values stay.
     virtual void start() = 0;
     /// Ends it as a user would, and waits until it has gone.
@@ -66,6 +70,9 @@ class World {
     void option(host::TextView name, std::int32_t value);
     /// A value that the family's stand-ins answer.
     void family(host::TextView name, host::TextView value);
+    host::Text family(host::TextView name);
+    /// What the family's stand-ins were told and only noted, in order, as "MainAddIn.reloadtoolbar(UNLOAD)".
+    std::vector<host::Text> family_calls();
 
     /// Delivers a mail of these lines; "From", "To" and so on are given as in the file.
     host::outlook::Item deliver(const std::string& message);
@@ -77,8 +84,16 @@ class World {
     host::Text text(const host::Object& object, host::TextView member);
     static host::Text property(const host::outlook::Item& item, host::TextView name);
 
+    /// Makes the calls of a member fail: the next one, or `times` calls after as many as `after` more.
+    void fail(host::TextView member, std::int32_t after = 0, std::int32_t times = 1);
+
     /// Lets waiting events come, until the condition holds or a generous time has passed.
     bool wait_until(const std::function<bool()>& condition);
+    /// Lets the events come that wait.
+    void settle();
+
+  private:
+    host::Text anchor_id_, anchor_store_;  ///< of "Account Profiles", once it was found
 };
 
 /// Made by whichever build the test runs in.

@@ -1,0 +1,76 @@
+#include "tests/acceptance/people.h"
+
+namespace acceptance {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Folder;
+using host::outlook::Item;
+using host::outlook::Items;
+
+Item add_contact(World& world, const ContactPlan& plan) {
+    const Item contact = world.below(u"Account Contacts").Items().Add(u"IPM.Contact.Account Contact");
+    contact.put(u"FullName", plan.full_name);
+    contact.put(u"CompanyName", plan.company);
+    for (const auto& [name, value] : plan.fields) contact.put(name, value);
+    const host::outlook::UserProperties properties = contact.UserProperties();
+    for (const auto& [name, value] : plan.properties) properties.Item(name).value(value);
+    contact.Save();
+    return contact;
+}
+
+Item add_contact(World& world, TextView full_name, TextView address) {
+    return add_contact(world, {.full_name = Text(full_name), .fields = {{u"Email1Address", Text(address)}}});
+}
+
+std::string message(const MailPlan& plan) {
+    std::string text = "From: " + plan.from + "\n";
+    if (!plan.to.empty()) text += "To: " + plan.to + "\n";
+    text += "Subject: " + plan.subject + "\n" + plan.more;
+    text +=
+        "Date: Tue, 3 Mar 2026 09:15:00 +0000\nMessage-ID: <1@northmill.example>\nMIME-Version: 1.0\n"
+        "Content-Type: text/plain; charset=us-ascii\n\n";
+    return text + plan.body;
+}
+
+Item read_mail(World& world, const MailPlan& plan) {
+    const Item mail = world.deliver(message(plan));
+    World::read(mail);
+    return mail;
+}
+
+std::int32_t count_in(World& world, TextView folder) { return world.below(folder).Items().Count(); }
+
+Item only_item(World& world, TextView folder) {
+    const Items items = world.below(folder).Items();
+    const std::int32_t count = items.Count();
+    EXPECT_EQ(count, 1) << "in the folder " << shown(folder);
+    return count == 1 ? items.Item(1) : Item();
+}
+
+bool is_marked(const Item& mail) {
+    return mail.get(u"FlagStatus").to_integer() == 1 &&
+           mail.get(u"FlagRequest").to_text() == u"TW-Received eMail Auto Filed" &&
+           mail.BillingInformation() == u"TW Auto Filed";
+}
+
+void Filing::expect_left_alone(World& world, const Item& mail) {
+    world.settle();
+    EXPECT_EQ(count_in(world, u"Email"), 0);
+    EXPECT_EQ(count_in(world, u"Notes"), 0);
+    EXPECT_EQ(mail.get(u"FlagStatus").to_integer(), 0);
+    EXPECT_EQ(mail.get(u"FlagRequest").to_text(), u"");
+    EXPECT_EQ(mail.BillingInformation(), u"");
+}
+
+std::int32_t failure_of(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const host::Failure& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+}  // namespace acceptance

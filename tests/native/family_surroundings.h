@@ -1,0 +1,32 @@
+// Where the family's stand-ins live in a native test: settings and records in the registry's keys, as on
+// Windows.
+#pragma once
+
+#include <functional>
+
+#include "family/surroundings.h"
+#include "host/desktop.h"
+
+namespace native {
+
+/// The key, of the current user, below which the family keeps its settings and what it records.
+inline constexpr host::TextView family_key = u"Software\\Tarnwell\\Family";
+
+class FamilySurroundings final : public family::Surroundings {
+  public:
+    FamilySurroundings(host::Registry& registry, std::function<host::Object()> application)
+        : registry_(registry), application_(std::move(application)) {}
+
+    std::optional<host::Text> read_setting(host::TextView name) override;
+    host::Object application() override { return application_(); }
+    void record(host::Text call) override;
+
+  private:
+    host::Registry& registry_;
+    std::function<host::Object()> application_;
+};
+
+/// Appends a text to the list under a key of the family's: values named "0001", "0002" and so on.
+void append_to_family_list(host::Registry& registry, host::TextView list, host::TextView text);
+
+}  // namespace native

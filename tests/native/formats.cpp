@@ -1,0 +1,62 @@
+#include "tests/native/formats.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+#include "host/failure.h"
+#include "host/value.h"
+
+namespace native {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+
+namespace {
+
+/// Two decimals, and commas between the thousands if they are wanted.
+std::string decimal(double number, bool grouped) {
+    std::array<char, 64> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), "%.2f", number);
+    std::string digits = buffer.data();
+    if (!grouped) return digits;
+    constexpr std::size_t group = 3, decimals = 3;  // the point is one of the decimals' places
+    for (std::size_t end = digits.size() - decimals; end > group; end -= group)
+        digits.insert(end - group, 1, ',');
+    return digits;
+}
+
+Text currency(TextView value) {
+    const double number = Value(value).to_number();
+    const std::string amount = "$" + decimal(std::fabs(number), true);
+    return host::from_utf8(number < 0 ? "(" + amount + ")" : amount);
+}
+
+Text percent(TextView value) { return host::from_utf8(decimal(Value(value).to_number() * 100, false) + "%"); }
+
+/// A time alone is one of the day 0.
+host::Date date_or_time(TextView value) {
+    if (value.find(u':') != TextView::npos && value.find_first_of(u"/-") == TextView::npos) {
+        if (const auto date = host::read_date(u"1899-12-30 " + host::trimmed(value))) return *date;
+    }
+    return Value(value).to_date();
+}
+
+Text short_date(TextView value) {
+    const host::ClockTime clock = host::to_clock(date_or_time(value));
+    std::array<char, 40> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), "%d/%d/%04d", clock.month, clock.day, clock.year);
+    return host::from_utf8(buffer.data());
+}
+
+}  // namespace
+
+Text formatted(TextView value, TextView named_format) {
+    if (named_format == u"Currency") return currency(value);
+    if (named_format == u"Percent") return percent(value);
+    if (named_format == u"Short Date") return short_date(value);
+    throw host::Failure(host::result::invalid_argument, Text(named_format));
+}
+
+}  // namespace native

@@ -1,0 +1,13 @@
+// The system's named formats as a machine with United States settings shows them.
+#pragma once
+
+#include "host/text.h"
+
+namespace native {
+
+/// A value's text in "Currency", "Short Date" or "Percent". Throws `host::Failure` with
+/// `result::type_mismatch` for a text that can't be read as a number or date, and with
+/// `result::invalid_argument` for another format.
+host::Text formatted(host::TextView value, host::TextView named_format);
+
+}  // namespace native

@@ -1,0 +1,45 @@
+#include "tests/native/native_surroundings.h"
+
+#include <ctime>
+#include <map>
+#include <random>
+
+#include "desk/tools/mail_reader.h"
+#include "tests/native/temporary_folder.h"
+
+namespace native {
+
+host::Date NativeSurroundings::now() {
+    const std::time_t seconds = std::time(nullptr);
+    std::tm clock{};
+    localtime_r(&seconds, &clock);
+    constexpr int first_year = 1900;
+    return host::to_date({first_year + clock.tm_year, clock.tm_mon + 1, clock.tm_mday, clock.tm_hour,
+                          clock.tm_min, clock.tm_sec});
+}
+
+std::string NativeSurroundings::random_bytes(std::size_t count) {
+    std::random_device source;
+    std::uniform_int_distribution<int> byte(0, 255);
+    std::string bytes(count, '\0');
+    for (char& place : bytes) place = static_cast<char>(byte(source));
+    return bytes;
+}
+
+desk::ItemData NativeSurroundings::read_mail(host::TextView path) {
+    return desk::mail::read_message_file(local_path(path));
+}
+
+std::vector<desk::CallCount> NativeSurroundings::calls() {
+    std::map<std::string, std::int64_t> counts;
+    for (const std::string& member : boundary_.calls()) ++counts[member];
+    std::vector<desk::CallCount> all;
+    for (const auto& [member, count] : counts) all.push_back({member, count, 0});
+    return all;
+}
+
+void NativeSurroundings::snapshot(host::TextView) {
+    throw host::Failure(host::result::not_implemented, u"There is no screen here.");
+}
+
+}  // namespace native

@@ -1,0 +1,179 @@
+#include "tests/native/native_world.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "core/settings.h"
+#include "desk/model/add_ins.h"
+#include "desk/model/application.h"
+#include "desk/tools/sample_data.h"
+
+namespace native {
+
+using host::Failure;
+using host::Object;
+using host::Text;
+using host::TextView;
+namespace result = host::result;
+
+namespace {
+
+constexpr std::int32_t mode_after_startup = 0, mode_startup = 1;      // ext_ConnectMode
+constexpr std::int32_t mode_host_shutdown = 0, mode_user_closed = 1;  // ext_DisconnectMode
+
+constexpr TextView family_programs[] = {u"TWstore.exe", u"TarnwellUtility.exe", u"TarnwellUpdate.exe"};
+
+/// What the family answers from the start on: its folders, so that programs can be started in them.
+struct FamilyValue {
+    TextView name, value;
+};
+constexpr FamilyValue family_values[] = {{u"SpecialFolder", u"C:\\family\\data"},
+                                         {u"ProgramFolder", u"C:\\family\\programs"}};
+
+/// A database's file, written once for all worlds of the process.
+const std::filesystem::path& database_file(const std::string& name) {
+    static const TemporaryFolder folder;
+    static std::map<std::string, std::filesystem::path> files;
+    auto [entry, fresh] = files.try_emplace(name, folder.path() / (name + ".desk"));
+    if (fresh) {
+        const std::filesystem::path data = std::filesystem::path(TARNWELL_DATA_FOLDER) / name;
+        const std::unique_ptr<desk::Store> store = desk::Store::open(entry->second);
+        desk::sample::write_database(desk::sample::read_database(data), *store);
+    }
+    return entry->second;
+}
+
+std::vector<Text> texts(const std::vector<std::string>& names) {
+    std::vector<Text> all;
+    for (const std::string& name : names) all.push_back(host::from_utf8(name));
+    return all;
+}
+
+desk::EventOrder event_order(const std::string& name) {
+    if (name == "deferred") return desk::EventOrder::deferred;
+    return name == "at-once" ? desk::EventOrder::at_once : desk::EventOrder::host;
+}
+
+}  // namespace
+
+/// The desk while it runs.
+struct NativeWorld::Host {
+    NativeSurroundings surroundings;
+    desk::Desk desk;
+
+    Host(Boundary& boundary, const Programs& programs, const std::filesystem::path& database,
+         desk::Options options)
+        : surroundings(boundary, programs),
+          desk(surroundings, desk::Store::open(database), std::move(options)) {
+        surroundings.run_message_loop = [this] { desk.yield(); };
+    }
+};
+
+NativeWorld::NativeWorld(const acceptance::WorldSetup& setup)
+    : setup_(setup), desktop_(boundary_, registry_, programs_, add_in_folder(), texts(setup.without)) {
+    std::filesystem::create_directory(folder_ / "addin");
+    std::filesystem::create_directory(folder_ / "files");
+    std::filesystem::copy_file(database_file(setup.database), folder_ / "database.desk");
+    for (const TextView program : family_programs) {
+        const bool left_out = std::ranges::any_of(
+            texts(setup.without), [&](const Text& name) { return host::same_ignoring_case(name, program); });
+        if (!left_out) programs_.there.emplace_back(program);
+    }
+    for (const FamilyValue& value : family_values) family(value.name, value.value);
+    if (setup.started) start();
+}
+
+NativeWorld::~NativeWorld() {
+    if (host_) quit();
+}
+
+void NativeWorld::start() {
+    desk::Options options;
+    options.host_version = setup_.host_version;
+    options.instant_search = setup_.instant_search;
+    options.event_order = event_order(setup_.event_order);
+    host_ = std::make_unique<Host>(*boundary_, programs_, folder_ / "database.desk", std::move(options));
+    desktop_.attach(&host_->desk);
+    NativeSurroundings& surroundings = host_->surroundings;
+    surroundings.make_object = [this](TextView prog_id) { return desktop_.make(prog_id); };
+    surroundings.connect = [this](TextView, bool connect) {
+        if (connect && !loaded_) load_add_in(mode_after_startup);
+        if (!connect) unload_add_in(mode_user_closed);
+    };
+    surroundings.remember = [this](TextView name, TextView value) {
+        if (host::same_ignoring_case(name, u"HostVersion")) setup_.host_version = Text(value);
+    };
+    if (!setup_.add_in) return;
+    host_->desk.add_ins()->all.push_back(std::make_shared<desk::AddIn>(
+        host_->desk, Text(addin::connect_prog_id), u"Tarnwell Note Add-in", u""));
+    load_add_in(mode_startup);
+}
+
+void NativeWorld::quit() {
+    if (loaded_) loaded_->connect->IDTExtensibility2_OnBeginShutdown();
+    running().desk.application()->raise(u"Quit");
+    unload_add_in(mode_host_shutdown);
+    end_host();
+}
+
+void NativeWorld::end_host() {
+    for (const auto& entry : host_->desk.add_ins()->all) entry->published.reset();
+    desktop_.attach(nullptr);
+    host_.reset();
+}
+
+void NativeWorld::load_add_in(std::int32_t connect_mode) {
+    loaded_ = std::make_unique<Loaded>(desktop_);
+    const std::shared_ptr<addin::Connect> connect = loaded_->connect;
+    connect->IDTExtensibility2_OnConnection(application_for_add_in(), connect_mode, entry_for_add_in());
+    host_->desk.add_ins()->all.front()->connected = true;
+    connect->IDTExtensibility2_OnAddInsUpdate();
+    if (connect_mode == mode_startup) connect->IDTExtensibility2_OnStartupComplete();
+}
+
+void NativeWorld::unload_add_in(std::int32_t remove_mode) {
+    if (!loaded_) return;
+    loaded_->connect->IDTExtensibility2_OnDisconnection(remove_mode);
+    const auto& entry = host_->desk.add_ins()->all.front();
+    entry->connected = false;
+    entry->published.reset();
+    loaded_.reset();
+}
+
+NativeWorld::Host& NativeWorld::running() {
+    if (!host_) throw Failure(result::no_such_class, u"The host does not run.");
+    return *host_;
+}
+
+host::outlook::Application NativeWorld::application() {
+    return host::outlook::Application(running().desk.application()->self());
+}
+
+desk::Desk& NativeWorld::model() { return running().desk; }
+
+addin::Connect* NativeWorld::add_in() { return loaded_ ? loaded_->connect.get() : nullptr; }
+
+Object NativeWorld::application_for_add_in() { return boundary_->to_add_in(application()); }
+
+Object NativeWorld::entry_for_add_in() {
+    return boundary_->to_add_in(running().desk.add_ins()->all.front()->self());
+}
+
+Text NativeWorld::add_in_folder() { return (folder_ / "addin").u16string(); }
+
+Text NativeWorld::write_file(const std::string& name, const std::string& bytes) {
+    const std::filesystem::path path = folder_ / "files" / name;
+    std::ofstream file(path, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return path.u16string();
+}
+
+bool NativeWorld::file_exists(TextView path) { return std::filesystem::exists(local_path(path)); }
+
+void NativeWorld::remove_file(TextView path) { std::filesystem::remove(local_path(path)); }
+
+}  // namespace native
+
+std::unique_ptr<acceptance::World> acceptance::make_world(const WorldSetup& setup) {
+    return std::make_unique<native::NativeWorld>(setup);
+}

@@ -1,0 +1,68 @@
+// The world of the acceptance tests with everything in one process: the desk's model on a database file, the
+// family's stand-ins, and the add-in across a boundary.
+#pragma once
+
+#include "core/connect.h"
+#include "tests/acceptance/world.h"
+#include "tests/native/native_desktop.h"
+#include "tests/native/native_surroundings.h"
+#include "tests/native/temporary_folder.h"
+
+namespace native {
+
+class NativeWorld final : public acceptance::World {
+  public:
+    explicit NativeWorld(const acceptance::WorldSetup& setup);
+    ~NativeWorld() override;
+
+    void start() override;
+    void quit() override;
+    host::outlook::Application application() override;
+    host::Registry& registry() override { return registry_; }
+    host::Desktop& desktop() override { return desktop_; }
+    host::Text add_in_folder() override;
+    host::Text write_file(const std::string& name, const std::string& bytes) override;
+    bool file_exists(host::TextView path) override;
+    void remove_file(host::TextView path) override;
+
+    // what only the tests of this build look at
+
+    desk::Desk& model();  ///< the desk that runs
+    NativeDesktop& system() { return desktop_; }
+    MemoryRegistry& memory_registry() { return registry_; }
+    Boundary& boundary() { return *boundary_; }
+    addin::Connect* add_in();  ///< the add-in as it is loaded; null if it isn't
+
+    /// Loads the add-in as the host does, or lets go of it.
+    void load_add_in(std::int32_t connect_mode);
+    void unload_add_in(std::int32_t remove_mode);
+
+    /// What is given to the add-in to connect: the application and the host's entry of it, as it sees them.
+    host::Object application_for_add_in();
+    host::Object entry_for_add_in();
+
+  private:
+    struct Host;
+
+    /// The add-in in memory, with the session that it shares.
+    struct Loaded {
+        addin::Session session;
+        std::shared_ptr<addin::Connect> connect;
+        explicit Loaded(host::Desktop& desktop)
+            : session(desktop), connect(std::make_shared<addin::Connect>(session)) {}
+    };
+
+    Host& running();
+    void end_host();
+
+    acceptance::WorldSetup setup_;
+    TemporaryFolder folder_;
+    MemoryRegistry registry_;
+    Programs programs_;
+    std::shared_ptr<Boundary> boundary_ = std::make_shared<Boundary>();
+    NativeDesktop desktop_;
+    std::unique_ptr<Host> host_;
+    std::unique_ptr<Loaded> loaded_;
+};
+
+}  // namespace native

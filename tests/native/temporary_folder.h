@@ -1,0 +1,35 @@
+// A folder of files that goes with its owner.
+#pragma once
+
+#include <filesystem>
+#include <random>
+
+#include "host/text.h"
+
+namespace native {
+
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        std::random_device random;
+        path_ = std::filesystem::temp_directory_path() / ("tarnwell_" + std::to_string(random()));
+        std::filesystem::create_directory(path_);
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(const char* name) const { return path_ / name; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+/// A path of the add-in's or the desk's own, whose folders may stand apart by backslashes.
+inline std::filesystem::path local_path(host::TextView path) { return {host::replaced(path, u"\\", u"/")}; }
+
+}  // namespace native
