@@ -25,7 +25,7 @@ install_packages() {
         apt=(sudo "${apt[@]}")
         sudo -v || fail "sudo refused, so these packages can't be installed: ${missing[*]}"
     fi
-    say "installing ${#missing[@]} packages: ${missing[*]}"
+    say "installing packages: ${missing[*]}"
     with_progress "fetching the package lists" "$log" "${apt[@]}" update ||
         say "the package lists could not be fetched; trying with those that are here"
     with_progress "installing packages" "$log" "${apt[@]}" install -y --no-install-recommends \
