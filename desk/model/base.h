@@ -1,23 +1,13 @@
 // The base of the desk's objects: what they all answer, and the one point that each call passes.
 #pragma once
 
-#include <string_view>
-
 #include "desk/model/events.h"
 #include "host/automated.h"
+#include "host/named.h"
 
 namespace desk {
 
 class Desk;
-
-/// What an object of the desk is called when it is counted.
-class ClassNamed {
-  public:
-    virtual std::string_view class_name() const = 0;
-
-  protected:
-    ~ClassNamed() = default;
-};
 
 /// Numbers of object classes (OlObjectClass).
 namespace object_class {
@@ -30,7 +20,7 @@ inline constexpr std::int32_t application = 0, name_space = 1, folder = 2, recip
 }  // namespace object_class
 
 /// The desk outlives every object that it hands out.
-class ModelBase : public host::Invocable, public ClassNamed {
+class ModelBase : public host::Invocable, public host::Named {
   public:
     explicit ModelBase(Desk& desk) : desk_(desk) {}
 

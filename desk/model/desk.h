@@ -127,7 +127,7 @@ class Desk {
     std::shared_ptr<Item> deliver(host::TextView path);
 
     // what a person or a script watches
-    std::vector<ShownMessage> messages;
+    std::deque<ShownMessage> messages;  ///< its elements stay where they are while it grows
     std::deque<QueuedAnswer> answers;
     std::vector<host::Text> statuses;
     std::vector<host::Text> opened;

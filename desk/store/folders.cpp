@@ -2,14 +2,6 @@
 #include "desk/store/sqlite_store.h"
 
 namespace desk {
-namespace {
-
-[[noreturn]] void fail_as_missing() {
-    throw host::Failure(host::result::not_found, u"The folder, or the one to hold it, is not there.");
-}
-
-}  // namespace
-
 std::vector<FolderRow> SqliteStore::folders() {
     std::vector<FolderRow> folders;
     for (auto rows = folders_.rows(); rows.next();) {
@@ -27,39 +19,44 @@ std::vector<FolderRow> SqliteStore::folders() {
 }
 
 RowId SqliteStore::add_folder(const FolderRow& folder) {
-    Transaction transaction(*this);
-    const int added =
-        add_folder_.run(folder.parent, folder.item_type, folder.default_number, write_text(folder.name),
-                        write_text(folder.default_class), write_text(folder.description),
-                        write_text(folder.store_uid), write_fields(folder.fields));
-    if (added == 0) fail_as_missing();
+    if (folder.parent != 0) require_folder(folder.parent);
+    Step step(*this);
+    add_folder_.run(folder.parent, folder.item_type, folder.default_number, write_text(folder.name),
+                    write_text(folder.default_class), write_text(folder.description),
+                    write_text(folder.store_uid), write_fields(folder.fields));
     const RowId id = database_.last_id();
-    transaction.keep();
+    step.done();
     return id;
 }
 
 void SqliteStore::update_folder(const FolderRow& folder) {
-    Transaction transaction(*this);
-    const int changed =
-        update_folder_.run(folder.parent, folder.item_type, folder.default_number, write_text(folder.name),
-                           write_text(folder.default_class), write_text(folder.description),
-                           write_text(folder.store_uid), write_fields(folder.fields), folder.id);
-    if (changed == 0) fail_as_missing();
-    transaction.keep();
+    require_folder(folder.id);
+    if (folder.parent != 0) require_folder(folder.parent);
+    Step step(*this);
+    update_folder_.run(folder.parent, folder.item_type, folder.default_number, write_text(folder.name),
+                       write_text(folder.default_class), write_text(folder.description),
+                       write_text(folder.store_uid), write_fields(folder.fields), folder.id);
+    step.done();
 }
 
 void SqliteStore::remove_folder(RowId folder) {
-    Transaction transaction(*this);
+    require_folder(folder);
+    Step step(*this);
+    write_pending();
     std::vector<RowId> tree;
     for (auto rows = folders_below_.rows(folder); rows.next();) tree.push_back(rows.integer(0));
-    if (tree.empty()) fail_as_missing();
     for (const RowId one : tree) {
         remove_folder_attachments_.run(one);
         remove_folder_keys_.run(one);
         remove_folder_.run(one);
         remove_folder_items_.run(one);
     }
-    transaction.keep();
+    step.done();
+}
+
+void SqliteStore::require_folder(RowId folder) {
+    if (!counts_.rows(folder).next())
+        throw host::Failure(host::result::not_found, u"The folder is not there.");
 }
 
 std::int64_t SqliteStore::count(RowId folder) {

@@ -8,9 +8,8 @@
 namespace desk {
 namespace {
 
-[[noreturn]] void fail_as_missing() {
-    throw host::Failure(host::result::not_found, u"The item, or the folder to hold it, is not there.");
-}
+/// Entries kept in memory before they are written: some 50 megabytes.
+constexpr std::size_t most_pending = 500000;
 
 std::int64_t length(std::string_view bytes) { return static_cast<std::int64_t>(bytes.size()); }
 
@@ -41,62 +40,63 @@ std::set<IndexEntry> without(const std::set<IndexEntry>& left, const std::set<In
 }  // namespace
 
 RowId SqliteStore::add_item(RowId folder, const ItemData& data) {
-    Transaction transaction(*this);
+    require_folder(folder);
     const std::string bytes = write_bare_item(data);
     const std::vector<std::string> attachments = write_attachments(data.attachments);
-    RowId item = 0;
-    std::int64_t position = 0;
-    {
+
+    Step step(*this);
+    const auto [item, position] = [&] {
         auto rows = add_item_.rows(folder, is_unread(data), length(bytes) + length(attachments), bytes);
-        if (!rows.next()) fail_as_missing();
-        item = rows.integer(0);
-        position = rows.integer(1);
-    }
+        rows.next();
+        return std::pair(rows.integer(0), rows.integer(1));
+    }();
     add_attachments(item, attachments);
     add_entries(item, folder, position, index_entries(data));
-    transaction.keep();
+    step.done();
     return item;
 }
 
 void SqliteStore::update_item(RowId item, const ItemData& data, bool with_attachments) {
-    Transaction transaction(*this);
     const StoredItem old = stored(item);
     const std::string bytes = write_bare_item(data);
-    std::int64_t attachment_bytes = old.attachment_bytes;
+    const std::vector<std::string> attachments =
+        with_attachments ? write_attachments(data.attachments) : std::vector<std::string>();
+    const std::int64_t attachment_bytes = with_attachments ? length(attachments) : old.attachment_bytes;
+
+    Step step(*this);
+    update_item_.run(item, is_unread(data), length(bytes) + attachment_bytes, bytes);
     if (with_attachments) {
-        const std::vector<std::string> attachments = write_attachments(data.attachments);
-        attachment_bytes = length(attachments);
         remove_attachments_.run(item);
         add_attachments(item, attachments);
     }
-    update_item_.run(item, is_unread(data), length(bytes) + attachment_bytes, bytes);
     const std::set<IndexEntry> entries = index_entries(data);
     remove_entries(old.folder, old.position, without(old.entries, entries));
     add_entries(item, old.folder, old.position, without(entries, old.entries));
-    transaction.keep();
+    step.done();
 }
 
 void SqliteStore::move_item(RowId item, RowId folder) {
-    Transaction transaction(*this);
+    require_folder(folder);
     const StoredItem old = stored(item);
+
+    Step step(*this);
     remove_entries(old.folder, old.position, old.entries);
-    std::int64_t position = 0;
-    {
+    const std::int64_t position = [&] {
         auto rows = move_item_.rows(item, folder);
-        if (!rows.next()) fail_as_missing();
-        position = rows.integer(0);
-    }
+        rows.next();
+        return rows.integer(0);
+    }();
     add_entries(item, folder, position, old.entries);
-    transaction.keep();
+    step.done();
 }
 
 void SqliteStore::remove_item(RowId item) {
-    Transaction transaction(*this);
     const StoredItem old = stored(item);
+    Step step(*this);
     remove_entries(old.folder, old.position, old.entries);
     remove_attachments_.run(item);
     remove_item_.run(item);
-    transaction.keep();
+    step.done();
 }
 
 std::optional<ItemRow> SqliteStore::load(RowId item) {
@@ -122,6 +122,7 @@ std::vector<RowId> SqliteStore::lookup(RowId folder, host::TextView field, host:
     std::vector<RowId> items;
     const std::optional<std::int64_t> number = index_number(field);
     if (!number) return items;
+    write_pending();
     const std::string key = index_key(value);
     for (auto rows = (value.empty() ? lookup_empty_ : lookup_).rows(folder, *number, key); rows.next();) {
         items.push_back(rows.integer(0));
@@ -131,7 +132,7 @@ std::vector<RowId> SqliteStore::lookup(RowId folder, host::TextView field, host:
 
 SqliteStore::StoredItem SqliteStore::stored(RowId item) {
     auto rows = item_.rows(item);
-    if (!rows.next()) fail_as_missing();
+    if (!rows.next()) throw host::Failure(host::result::not_found, u"The item is not there.");
     const std::string_view bytes = rows.bytes(3);
     return {rows.integer(0), rows.integer(1), rows.integer(2) - length(bytes),
             index_entries(read_item(bytes))};
@@ -144,10 +145,12 @@ void SqliteStore::add_attachments(RowId item, const std::vector<std::string>& at
 
 void SqliteStore::add_entries(RowId item, RowId folder, std::int64_t position,
                               const std::set<IndexEntry>& entries) {
-    for (const auto& [field, key] : entries) add_key_.run(folder, field, key, position, item);
+    for (const IndexEntry& entry : entries) pending_.push_back({folder, entry, position, item});
+    if (pending_.size() >= most_pending) write_pending();
 }
 
 void SqliteStore::remove_entries(RowId folder, std::int64_t position, const std::set<IndexEntry>& entries) {
+    write_pending();
     for (const auto& [field, key] : entries) remove_key_.run(folder, field, key, position);
 }
 

@@ -1,5 +1,7 @@
 #include "desk/store/sqlite_store.h"
 
+#include <algorithm>
+
 #include "desk/store/schema.h"
 
 namespace desk {
@@ -10,12 +12,40 @@ std::unique_ptr<Store> Store::open(const std::filesystem::path& file) {
 
 SqliteStore::SqliteStore(const std::filesystem::path& file) : database_(open_database(file)) {}
 
+SqliteStore::Step::Step(SqliteStore& store) : store_(store) {
+    if (store.depth_ == 0) {
+        own_.emplace(store);
+    } else {
+        store.require_transaction();
+    }
+}
+
+SqliteStore::Step::~Step() {
+    if (!done_ && !own_) store_.broken_ = true;
+}
+
+void SqliteStore::Step::done() {
+    if (own_) own_->keep();
+    done_ = true;
+}
+
 /// Some failures, a full disk for one, make SQLite undo the whole transaction. What comes behind must not be
 /// written then as if it stood alone.
 void SqliteStore::require_transaction() {
     if (broken_ || !database_.in_transaction()) {
-        database_.fail(u"the transaction was undone by an earlier failure");
+        database_.fail(u"the transaction was spoilt by an earlier failure");
     }
+}
+
+void SqliteStore::write_pending() {
+    if (pending_.empty()) return;
+    Step step(*this);
+    std::ranges::sort(pending_);
+    for (const PendingEntry& one : pending_) {
+        add_key_.run(one.folder, one.entry.first, one.entry.second, one.position, one.item);
+    }
+    pending_.clear();
+    step.done();
 }
 
 void SqliteStore::begin() {
@@ -24,6 +54,7 @@ void SqliteStore::begin() {
         begin_.run();
     } else {
         require_transaction();
+        write_pending();
         begin_inner_.run();
     }
     ++depth_;
@@ -31,18 +62,17 @@ void SqliteStore::begin() {
 
 void SqliteStore::commit() {
     require_transaction();
+    write_pending();
     (depth_ == 1 ? commit_ : commit_inner_).run();
     --depth_;
 }
 
 void SqliteStore::rollback() noexcept {
     --depth_;
+    pending_.clear();
     if (!database_.in_transaction()) return;
-    if (depth_ == 0) {
-        rollback_.try_run();
-    } else if (!rollback_inner_.try_run() || !commit_inner_.try_run()) {
-        broken_ = true;
-    }
+    // The state before the transaction is whole again, unless not even that succeeds.
+    broken_ = depth_ == 0 ? !rollback_.try_run() : !(rollback_inner_.try_run() && commit_inner_.try_run());
 }
 
 }  // namespace desk

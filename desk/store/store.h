@@ -46,8 +46,9 @@ struct ItemRow {
 bool is_indexed(host::TextView field);
 
 /// What is asked of a folder or an item that is not there finds nothing; what is to change it fails with
-/// `result::not_found`. A failure of the database is a `host::Failure` with the database's own message, and
-/// the call that failed has changed nothing. Identities of what was removed are never given again.
+/// `result::not_found`, and has changed nothing. A failure of the database itself is a `host::Failure` with
+/// its own message: a call that stands alone has then changed nothing, and a transaction around it can't be
+/// kept any more. Identities of what was removed are never given again.
 class Store {
   public:
     /// Opens a database, or makes a new one (":memory:" makes one that is never written). Throws

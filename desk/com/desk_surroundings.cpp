@@ -1,0 +1,117 @@
+#include "desk/com/desk_surroundings.h"
+
+#include <ntsecapi.h>
+
+#include <algorithm>
+#include <array>
+
+#include "desk/com/mail_process.h"
+#include "desk/windows/screen_picture.h"
+#include "windows/com/failure.h"
+
+namespace desk {
+
+using host::Failure;
+using host::Text;
+using host::TextView;
+using windows::ComPtr;
+
+namespace {
+
+constexpr const wchar_t* programs_key = L"Software\\Tarnwell\\Family\\Programs";
+
+/// Objects of the surface itself are not counted as held: whoever looks at the counts holds them.
+constexpr std::string_view uncounted[] = {"Entry", "Listing"};
+
+}  // namespace
+
+host::Date DeskSurroundings::now() {
+    SYSTEMTIME time{};
+    GetLocalTime(&time);
+    return host::to_date({time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond});
+}
+
+std::string DeskSurroundings::random_bytes(std::size_t count) {
+    std::string bytes(count, '\0');
+    if (!RtlGenRandom(bytes.data(), static_cast<ULONG>(bytes.size()))) {
+        throw Failure(host::result::fail, u"The system gives no random numbers.");
+    }
+    return bytes;
+}
+
+ItemData DeskSurroundings::read_mail(TextView path) {
+    return read_mail_with(settings_.mail_reader, settings_.state, Text(path));
+}
+
+void DeskSurroundings::wake() {
+    if (hooks.wake) hooks.wake();
+}
+
+void DeskSurroundings::pump(std::int32_t milliseconds) {
+    if (hooks.pump) hooks.pump(milliseconds);
+}
+
+host::Object DeskSurroundings::create_object(TextView prog_id) {
+    CLSID class_id{};
+    windows::check(CLSIDFromProgID(windows::wide(Text(prog_id)), &class_id), prog_id);
+    ComPtr<IDispatch> object;
+    windows::check(CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                    IID_IDispatch, object.put_void()),
+                   prog_id);
+    return host::Object(apartment_->adapt(object.get()));
+}
+
+std::vector<StartedProgram> DeskSurroundings::programs() {
+    std::vector<StartedProgram> started;
+    for (int number = 1;; ++number) {
+        std::array<wchar_t, 16> name{};
+        swprintf(name.data(), name.size(), L"%04d", number);
+        std::array<wchar_t, 4096> text{};
+        DWORD size = sizeof text;
+        if (RegGetValueW(HKEY_CURRENT_USER, programs_key, name.data(), RRF_RT_REG_SZ, nullptr, text.data(),
+                         &size) != ERROR_SUCCESS) {
+            return started;
+        }
+        const Text entry(reinterpret_cast<const char16_t*>(text.data()));
+        const std::size_t bar = entry.find(u'|');
+        started.push_back({bar == Text::npos ? Text() : entry.substr(bar + 1), entry.substr(0, bar)});
+    }
+}
+
+std::vector<LiveCount> DeskSurroundings::live() {
+    std::vector<LiveCount> counts;
+    for (const auto& [kind, count] : apartment_->counter()->live()) {
+        if (std::ranges::find(uncounted, std::string_view(kind)) != std::end(uncounted)) continue;
+        counts.push_back({kind, static_cast<std::int32_t>(count)});
+    }
+    return counts;
+}
+
+std::vector<CallCount> DeskSurroundings::calls() {
+    std::vector<CallCount> counts;
+    for (const auto& [member, calls] : apartment_->counter()->calls()) {
+        counts.push_back({host::to_utf8(member), static_cast<std::int64_t>(calls.invoked),
+                          static_cast<std::int64_t>(calls.identified)});
+    }
+    return counts;
+}
+
+void DeskSurroundings::reset_calls() { apartment_->counter()->reset_calls(); }
+
+void DeskSurroundings::snapshot(TextView path) { save_screen_picture(Text(path)); }
+
+void DeskSurroundings::connect_add_in(TextView prog_id, bool connect) {
+    if (hooks.connect_add_in) hooks.connect_add_in(prog_id, connect);
+}
+
+void DeskSurroundings::quit() {
+    if (hooks.quit) hooks.quit();
+}
+
+void DeskSurroundings::changed() {
+    if (hooks.changed) hooks.changed();
+}
+
+void DeskSurroundings::remember_option(TextView name, TextView value) { store_setting(name, value); }
+
+}  // namespace desk

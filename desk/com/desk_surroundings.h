@@ -1,0 +1,48 @@
+// The desk's surroundings under Wine.
+#pragma once
+
+#include <functional>
+
+#include "desk/com/desk_settings.h"
+#include "windows/com/apartment.h"
+
+namespace desk {
+
+/// What only the windows and the main program can do, told to them.
+struct DeskHooks {
+    std::function<void()> wake;
+    std::function<void(std::int32_t milliseconds)> pump;
+    std::function<void()> changed;
+    std::function<void()> quit;
+    std::function<void(host::TextView prog_id, bool connect)> connect_add_in;
+};
+
+class DeskSurroundings : public Surroundings {
+  public:
+    DeskSurroundings(const DeskSettings& settings, std::shared_ptr<windows::Apartment> apartment)
+        : settings_(settings), apartment_(std::move(apartment)) {}
+
+    DeskHooks hooks;
+
+    host::Date now() override;
+    std::string random_bytes(std::size_t count) override;
+    ItemData read_mail(host::TextView path) override;
+    void wake() override;
+    void pump(std::int32_t milliseconds) override;
+    host::Object create_object(host::TextView prog_id) override;
+    std::vector<StartedProgram> programs() override;
+    std::vector<LiveCount> live() override;
+    std::vector<CallCount> calls() override;
+    void reset_calls() override;
+    void snapshot(host::TextView path) override;
+    void connect_add_in(host::TextView prog_id, bool connect) override;
+    void quit() override;
+    void changed() override;
+    void remember_option(host::TextView name, host::TextView value) override;
+
+  private:
+    const DeskSettings& settings_;
+    std::shared_ptr<windows::Apartment> apartment_;
+};
+
+}  // namespace desk

@@ -1,0 +1,215 @@
+#include "desk/windows/explorer_window.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "desk/model/desk.h"
+#include "desk/model/item.h"
+
+namespace desk {
+
+using host::Text;
+using host::TextView;
+
+namespace {
+
+constexpr int tree_id = 1, list_id = 2, status_id = 3;
+constexpr int tree_width = 240;  // pixels
+
+struct Column {
+    TextView title, field;
+    int width;
+};
+constexpr Column mail_columns[] = {{u"From", u"SenderName", 170},
+                                   {u"Subject", u"Subject", 320},
+                                   {u"Received", u"ReceivedTime", 130},
+                                   {u"Flag", u"FlagRequest", 190}};
+constexpr Column post_columns[] = {{u"Subject", u"Subject", 320},
+                                   {u"Account", u"Account Name", 190},
+                                   {u"Contact", u"Contact Name", 160},
+                                   {u"Type", u"Type", 110}};
+constexpr Column contact_columns[] = {{u"Name", u"FullName", 180},
+                                      {u"Company", u"CompanyName", 200},
+                                      {u"E-mail", u"Email1Address", 220},
+                                      {u"Telephone", u"BusinessTelephoneNumber", 130}};
+constexpr Column appointment_columns[] = {{u"Subject", u"Subject", 320},
+                                          {u"Start", u"Start", 130},
+                                          {u"End", u"End", 130},
+                                          {u"Contact", u"Contact Name", 160}};
+constexpr Column task_columns[] = {
+    {u"Subject", u"Subject", 320}, {u"Due", u"DueDate", 130}, {u"Contact", u"Contact Name", 160}};
+
+std::span<const Column> columns_of(const FolderRow& folder) {
+    constexpr std::int32_t appointments = 1, contacts = 2, tasks = 3;
+    if (folder.item_type == appointments) return appointment_columns;
+    if (folder.item_type == contacts) return contact_columns;
+    if (folder.item_type == tasks) return task_columns;
+    if (folder.default_class == u"IPM.Note") return mail_columns;
+    return post_columns;
+}
+
+Text shown_value(const ItemData& item, TextView field) {
+    const std::optional<host::Value> value = field_value(item, field);
+    if (!value) return {};
+    if (value->is(host::Value::Type::date)) {
+        if (value->to_date() == no_date) return {};
+        constexpr std::size_t without_seconds = 16;
+        return value->to_text().substr(0, without_seconds);
+    }
+    return value->to_text();
+}
+
+}  // namespace
+
+ExplorerWindow::ExplorerWindow(Desk& desk, std::shared_ptr<Explorer> explorer)
+    : DeskWindow(L"TarnwellDeskExplorer", explorer->caption(),
+                 {explorer->left, explorer->top, explorer->left + explorer->width,
+                  explorer->top + explorer->height}),
+      desk_(desk),
+      explorer_(std::move(explorer)) {
+    tree_ = add_control(WC_TREEVIEWW,
+                        WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
+                        WS_EX_CLIENTEDGE, tree_id, L"Folders");
+    list_ = add_control(WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS,
+                        WS_EX_CLIENTEDGE, list_id, L"Items");
+    ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT);
+    status_ = add_control(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0, status_id);
+    RECT client{};
+    GetClientRect(handle(), &client);
+    on_size(client.right, client.bottom);
+    show();
+}
+
+void ExplorerWindow::on_size(int width, int height) {
+    SendMessageW(status_, WM_SIZE, 0, 0);
+    RECT bar{};
+    GetWindowRect(status_, &bar);
+    const int below = height - (bar.bottom - bar.top);
+    MoveWindow(tree_, 0, 0, tree_width, below, TRUE);
+    MoveWindow(list_, tree_width, 0, width - tree_width, below, TRUE);
+}
+
+void ExplorerWindow::on_close() { explorer_->close_window(); }
+
+void ExplorerWindow::add_folders(HTREEITEM above, RowId parent) {
+    for (const RowId id : desk_.folders_below(parent)) {
+        Text name = desk_.folder_row(id)->name;
+        TVINSERTSTRUCTW insert{};
+        insert.hParent = above;
+        insert.hInsertAfter = TVI_LAST;
+        insert.item.mask = TVIF_TEXT | TVIF_PARAM;
+        insert.item.pszText = reinterpret_cast<wchar_t*>(name.data());
+        insert.item.lParam = static_cast<LPARAM>(id);
+        places_[id] = TreeView_InsertItem(tree_, &insert);
+        add_folders(places_[id], id);
+        TreeView_Expand(tree_, places_[id], TVE_EXPAND);
+    }
+}
+
+void ExplorerWindow::show_folders() {
+    std::vector<std::pair<RowId, Text>> now;
+    for (const FolderRow& row : desk_.folder_rows()) now.emplace_back(row.id, row.name);
+    if (now == shown_folders_) return;
+    shown_folders_ = std::move(now);
+    TreeView_DeleteAllItems(tree_);
+    places_.clear();
+    add_folders(TVI_ROOT, 0);
+}
+
+void ExplorerWindow::show_columns() {
+    while (ListView_DeleteColumn(list_, 0)) {
+    }
+    const FolderRow* const row = desk_.folder_row(shown_folder_);
+    if (!row) return;
+    int place = 0;
+    for (const Column& column : columns_of(*row)) {
+        Text title(column.title);
+        LVCOLUMNW header{};
+        header.mask = LVCF_TEXT | LVCF_WIDTH;
+        header.cx = column.width;
+        header.pszText = reinterpret_cast<wchar_t*>(title.data());
+        SendMessageW(list_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(place++),
+                     reinterpret_cast<LPARAM>(&header));
+    }
+}
+
+void ExplorerWindow::refresh() {
+    refreshing_ = true;
+    caption(explorer_->caption());
+    show_folders();
+    if (shown_folder_ != explorer_->folder()) {
+        shown_folder_ = explorer_->folder();
+        show_columns();
+        const auto place = places_.find(shown_folder_);
+        if (place != places_.end()) TreeView_SelectItem(tree_, place->second);
+    }
+    shown_items_.clear();
+    if (desk_.folder_row(shown_folder_)) {
+        const std::vector<RowId>& all = desk_.contents(shown_folder_);
+        shown_items_.assign(all.rbegin(), all.rend());
+    }
+    SendMessageW(list_, LVM_SETITEMCOUNT, shown_items_.size(), LVSICF_NOSCROLL);
+    InvalidateRect(list_, nullptr, FALSE);
+    const Text status = host::to_text(static_cast<long long>(shown_items_.size())) + u" items, " +
+                        host::to_text(static_cast<long long>(desk_.store().unread(shown_folder_))) +
+                        u" unread";
+    SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(windows::wide(status)));
+    refreshing_ = false;
+}
+
+void ExplorerWindow::show_cell(LVITEMW& cell) {
+    if (!(cell.mask & LVIF_TEXT) || cell.cchTextMax <= 0) return;
+    cell.pszText[0] = L'\0';
+    const auto line = static_cast<std::size_t>(cell.iItem);
+    const FolderRow* const folder = desk_.folder_row(shown_folder_);
+    if (line >= shown_items_.size() || !folder) return;
+    const auto columns = columns_of(*folder);
+    const auto row = desk_.store().load(shown_items_[line]);
+    if (!row || static_cast<std::size_t>(cell.iSubItem) >= columns.size()) return;
+    const Text text = shown_value(row->data, columns[static_cast<std::size_t>(cell.iSubItem)].field);
+    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(cell.cchTextMax - 1));
+    std::copy_n(windows::wide(text), length, cell.pszText);
+    cell.pszText[length] = L'\0';
+}
+
+void ExplorerWindow::take_selection() {
+    std::vector<host::Object> selected;
+    for (int line = -1; (line = ListView_GetNextItem(list_, line, LVNI_SELECTED)) >= 0;) {
+        const auto place = static_cast<std::size_t>(line);
+        const auto item = place < shown_items_.size() ? desk_.open_item(shown_items_[place]) : nullptr;
+        if (item) selected.push_back(item->self());
+    }
+    if (selected != explorer_->selected()) explorer_->select(std::move(selected));
+}
+
+void ExplorerWindow::open_selected() {
+    take_selection();
+    const std::vector<host::Object> selected = explorer_->selected();
+    for (const host::Object& object : selected) {
+        const auto item = std::dynamic_pointer_cast<Item>(object.target());
+        if (item->kind().number == object_class::mail && item->field(u"UnRead").to_boolean()) {
+            item->mark_read(true);  // a mail that is opened has been read
+            item->save();
+        }
+        object.call(u"Display");
+    }
+}
+
+LRESULT ExplorerWindow::on_notify(NMHDR& notice) {
+    if (refreshing_ && notice.code != LVN_GETDISPINFOW) return 0;
+    if (notice.hwndFrom == tree_ && notice.code == TVN_SELCHANGEDW) {
+        const auto& change = reinterpret_cast<NMTREEVIEWW&>(notice);
+        explorer_->show_folder(static_cast<RowId>(change.itemNew.lParam));
+    } else if (notice.hwndFrom == list_ && notice.code == LVN_GETDISPINFOW) {
+        show_cell(reinterpret_cast<NMLVDISPINFOW&>(notice).item);
+    } else if (notice.hwndFrom == list_ && notice.code == LVN_ITEMCHANGED) {
+        const auto& change = reinterpret_cast<NMLISTVIEW&>(notice);
+        if ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) take_selection();
+    } else if (notice.hwndFrom == list_ && notice.code == LVN_ITEMACTIVATE) {
+        open_selected();
+    }
+    return 0;
+}
+
+}  // namespace desk

@@ -1,0 +1,154 @@
+// desk.exe: a host with Outlook's object model, as a local server and as windows for a person.
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <utility>
+
+#include "desk/com/add_in_loader.h"
+#include "desk/com/desk_settings.h"
+#include "desk/com/desk_surroundings.h"
+#include "desk/model/application.h"
+#include "desk/windows/desk_windows.h"
+#include "desk/windows/main_loop.h"
+#include "desk/windows/message_watch.h"
+#include "windows/com/class_factory.h"
+#include "windows/com/failure.h"
+
+namespace {
+
+using host::Text;
+using host::TextView;
+using windows::ComPtr;
+
+constexpr host::Guid application_class =
+    host::guid("{0006F03A-0000-0000-C000-000000000046}");           // Outlook.Application
+constexpr DWORD longest_wait_for_database = 15000, wait_step = 50;  // milliseconds
+
+/// Lines for whoever wants to know what the desk does; each is written at once.
+class LogFile {
+  public:
+    explicit LogFile(const Text& path)
+        : file_(path.empty() ? nullptr : _wfopen(windows::wide(path), L"ab")) {}
+    ~LogFile() {
+        if (file_) std::fclose(file_);
+    }
+    LogFile(const LogFile&) = delete;
+    LogFile& operator=(const LogFile&) = delete;
+
+    void line(TextView text) {
+        if (!file_) return;
+        const std::string bytes = host::to_utf8(text) + "\n";
+        std::fwrite(bytes.data(), 1, bytes.size(), file_);
+        std::fflush(file_);
+    }
+
+  private:
+    FILE* file_;
+};
+
+/// COM for this thread.
+class Com {
+  public:
+    Com() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~Com() { CoUninitialize(); }
+    Com(const Com&) = delete;
+    Com& operator=(const Com&) = delete;
+};
+
+/// Opens the database. A desk that is just ending may hold it for a moment.
+std::unique_ptr<desk::Store> open_store(const Text& path) {
+    for (DWORD waited = 0;; waited += wait_step) {
+        try {
+            return desk::Store::open(std::filesystem::path(path));
+        } catch (const host::Failure&) {
+            if (waited >= longest_wait_for_database) throw;
+        }
+        Sleep(wait_step);
+    }
+}
+
+/// The class object while the desk takes callers.
+class ServedClass {
+  public:
+    ServedClass(windows::Module& module, desk::Desk& desk, std::shared_ptr<windows::Apartment> apartment) {
+        factory_ = windows::ClassFactory::create(module, [&desk, apartment] {
+            return ComPtr<IUnknown>(apartment->bridge(desk.application()).get());
+        });
+        windows::check(CoRegisterClassObject(windows::to_guid(application_class), factory_.get(),
+                                             CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
+    }
+    ~ServedClass() { revoke(); }
+    ServedClass(const ServedClass&) = delete;
+    ServedClass& operator=(const ServedClass&) = delete;
+
+    void revoke() {
+        if (cookie_ != 0) CoRevokeClassObject(std::exchange(cookie_, 0));
+    }
+
+  private:
+    ComPtr<IClassFactory> factory_;
+    DWORD cookie_ = 0;
+};
+
+void run(const desk::DeskSettings& settings, LogFile& log) {
+    windows::Module module;  // outlives what clients still hold when COM is left
+    const Com com;
+    const auto apartment =
+        windows::Apartment::create(module, u"Outlook", std::make_shared<windows::BridgeCounter>());
+    desk::DeskSurroundings surroundings(settings, apartment);
+    desk::Desk desk(surroundings, open_store(settings.database), settings.options);
+    desk::MainLoop loop;
+    desk::MessageWatch messages(desk);
+    desk::DeskWindows desk_windows(desk);
+    desk::AddInLoader add_ins(desk, apartment, [&log](TextView text) { log.line(text); });
+
+    surroundings.hooks.wake = [&loop] { loop.wake(); };
+    surroundings.hooks.pump = [&loop](std::int32_t time) {
+        loop.pump(static_cast<DWORD>(std::max(time, 0)));
+    };
+    surroundings.hooks.changed = [&loop] { loop.change(); };
+    surroundings.hooks.quit = [&loop] { loop.ask_to_quit(); };
+    surroundings.hooks.connect_add_in = [&add_ins](TextView name, bool connect) {
+        add_ins.connect(name, connect);
+    };
+    loop.on_wake = [&desk] { desk.yield(); };
+    loop.on_change = [&desk_windows] { desk_windows.follow(); };
+    loop.on_tick = [&messages] { messages.look(); };
+
+    ServedClass served(module, desk, apartment);
+    loop.on_quit = [&] {
+        // nobody new is served; the add-ins hear of the end in the order of the real host
+        served.revoke();
+        add_ins.begin_shutdown();
+        desk.application()->raise(u"Quit");
+        add_ins.disconnect_all();
+        loop.end();
+    };
+
+    desk_windows.follow();
+    add_ins.load_all();
+    log.line(u"ready");
+    loop.run();
+    surroundings.hooks = {};
+    desk_windows.close_all();
+    log.line(u"live at the end: " +
+             host::to_text(static_cast<long long>(apartment->counter()->live_in_all())));
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    const desk::DeskSettings settings = desk::read_settings();
+    LogFile log(settings.log_file);
+    try {
+        run(settings, log);
+        log.line(u"ended");
+        return 0;
+    } catch (const std::exception& failure) {
+        log.line(u"failed: " + host::from_utf8(failure.what()));
+        if (!settings.options.unattended) {
+            MessageBoxW(nullptr, windows::wide(host::from_utf8(failure.what())), L"Desk", MB_ICONERROR);
+        }
+        return 1;
+    }
+}

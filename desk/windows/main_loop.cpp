@@ -1,0 +1,95 @@
+#include "desk/windows/main_loop.h"
+
+namespace desk {
+namespace {
+
+constexpr const wchar_t* class_name = L"TarnwellDeskLoop";
+constexpr UINT_PTR tick_timer = 1;
+constexpr UINT tick_time = 15;  // milliseconds
+
+/// Runs what was set, and lets nothing out into the system's call.
+void run_guarded(const std::function<void()>& what) {
+    if (!what) return;
+    try {
+        what();
+    } catch (...) {
+        OutputDebugStringW(L"The desk: a message handler failed.\n");
+    }
+}
+
+}  // namespace
+
+MainLoop::MainLoop() {
+    WNDCLASSW window_class{};
+    window_class.lpfnWndProc = procedure;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.lpszClassName = class_name;
+    RegisterClassW(&window_class);
+    window_ =
+        CreateWindowW(class_name, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, window_class.hInstance, nullptr);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetTimer(window_, tick_timer, tick_time, nullptr);
+}
+
+MainLoop::~MainLoop() {
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    DestroyWindow(window_);
+}
+
+void MainLoop::post(UINT message, bool& posted) {
+    if (posted) return;
+    posted = true;
+    PostMessageW(window_, message, 0, 0);
+}
+
+LRESULT CALLBACK MainLoop::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    auto* const loop = reinterpret_cast<MainLoop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (loop && (message == WM_TIMER || (message >= wake_message && message <= quit_message))) {
+        loop->handle(message);
+        return 0;
+    }
+    return DefWindowProcW(window, message, first, second);
+}
+
+void MainLoop::handle(UINT message) {
+    switch (message) {
+        case WM_TIMER:
+            return run_guarded(on_tick);
+        case wake_message:
+            wake_posted_ = false;
+            return run_guarded(on_wake);
+        case change_message:
+            change_posted_ = false;
+            return run_guarded(on_change);
+        default:
+            return run_guarded(on_quit);
+    }
+}
+
+void MainLoop::run() {
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void MainLoop::pump(DWORD milliseconds) {
+    const ULONGLONG end_time = GetTickCount64() + milliseconds;
+    for (;;) {
+        MSG message{};
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message == WM_QUIT) {
+                PostQuitMessage(static_cast<int>(message.wParam));
+                return;
+            }
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        const ULONGLONG now = GetTickCount64();
+        if (now >= end_time) return;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end_time - now), QS_ALLINPUT);
+    }
+}
+
+}  // namespace desk

@@ -1,0 +1,69 @@
+#include "desk/windows/window.h"
+
+#include "host/failure.h"
+
+namespace desk {
+namespace {
+
+void register_class(const wchar_t* name, WNDPROC procedure) {
+    WNDCLASSW window_class{};
+    window_class.lpfnWndProc = procedure;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.lpszClassName = name;
+    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    window_class.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    RegisterClassW(&window_class);  // a second time it is refused, which does no harm
+}
+
+}  // namespace
+
+DeskWindow::DeskWindow(const wchar_t* class_name, const host::Text& caption, RECT place) {
+    register_class(class_name, procedure);
+    window_ = CreateWindowExW(0, class_name, windows::wide(caption), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                              place.left, place.top, place.right - place.left, place.bottom - place.top,
+                              nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    if (!window_) throw host::Failure(host::result::fail, u"A window could not be made.");
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+DeskWindow::~DeskWindow() {
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    DestroyWindow(window_);
+}
+
+HWND DeskWindow::add_control(const wchar_t* class_name, DWORD style, DWORD extended_style, int id,
+                             const wchar_t* text) {
+    HWND control = CreateWindowExW(extended_style, class_name, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0,
+                                   0, window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                                   GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), TRUE);
+    return control;
+}
+
+LRESULT CALLBACK DeskWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    auto* const self = reinterpret_cast<DeskWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!self) return DefWindowProcW(window, message, first, second);
+    try {
+        return self->handle_message(message, first, second);
+    } catch (const std::exception&) {
+        return 0;  // what a click led to failed; the window goes on
+    }
+}
+
+LRESULT DeskWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
+    switch (message) {
+        case WM_SIZE:
+            on_size(LOWORD(second), HIWORD(second));
+            return 0;
+        case WM_CLOSE:
+            on_close();
+            return 0;
+        case WM_NOTIFY:
+            return on_notify(*reinterpret_cast<NMHDR*>(second));
+        default:
+            return DefWindowProcW(window_, message, first, second);
+    }
+}
+
+}  // namespace desk

@@ -1,0 +1,38 @@
+// A top-level window of the desk's own: the system's handle and its messages as members of a class.
+#pragma once
+
+#include "desk/windows/common_controls.h"
+#include "host/text.h"
+#include "windows/com/com_ptr.h"
+
+namespace desk {
+
+class DeskWindow {
+  public:
+    DeskWindow(const DeskWindow&) = delete;
+    DeskWindow& operator=(const DeskWindow&) = delete;
+
+  protected:
+    DeskWindow(const wchar_t* class_name, const host::Text& caption, RECT place);
+    virtual ~DeskWindow();
+
+    HWND handle() const { return window_; }
+    void show() const { ShowWindow(window_, SW_SHOW); }
+    void caption(const host::Text& text) const { SetWindowTextW(window_, windows::wide(text)); }
+
+    /// A control in the window, in the system's font.
+    HWND add_control(const wchar_t* class_name, DWORD style, DWORD extended_style, int id,
+                     const wchar_t* text = L"");
+
+    virtual void on_size(int width, int height) = 0;
+    virtual void on_close() = 0;
+    virtual LRESULT on_notify(NMHDR&) { return 0; }
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    LRESULT handle_message(UINT message, WPARAM first, LPARAM second);
+
+    HWND window_ = nullptr;
+};
+
+}  // namespace desk
