@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <map>
 #include <random>
 
 #include "store_support.h"
@@ -152,47 +153,98 @@ class WithFailingMemory {
     }
 };
 
-TEST(StoreDeath, WhicheverRequestForMemoryFailsACallIsDoneWhollyOrNotAtAll) {
+/// Where an item should be, and under which subject.
+struct Place {
+    RowId folder = 0;
+    host::Text subject;
+};
+using Places = std::map<RowId, Place>;
+
+/// Adds, changes and moves an item in one transaction, going on after a call that failed. Answers what is
+/// then to be there, or nothing if the transaction could not be kept.
+std::optional<Places> try_changes(const std::filesystem::path& file, const std::vector<RowId>& folders,
+                                  Places places) {
+    try {
+        const auto store = Store::open(file);
+        Store::Transaction transaction(*store);
+        RowId item = 0;
+        auto attempt = [&](auto change) {
+            try {
+                change();
+            } catch (const host::Failure&) {
+            }
+        };
+        attempt([&] {
+            item = store->add_item(folders[0], numbered_item(40));
+            places[item] = {folders[0], subject_of(40)};
+        });
+        attempt([&] {
+            store->update_item(item, item_with_subject(u"updated"), true);
+            places[item].subject = u"updated";
+        });
+        attempt([&] {
+            store->move_item(item, folders[1]);
+            places[item].folder = folders[1];
+        });
+        attempt([&] {
+            const RowId removed = places.begin()->first;
+            if (places.size() > 3) store->remove_item(removed);
+            if (places.size() > 3) places.erase(removed);
+        });
+        transaction.keep();
+        return places;
+    } catch (const host::Failure&) {
+        return std::nullopt;
+    }
+}
+
+void expect_places(Store& store, const std::vector<RowId>& folders, const Places& places) {
+    std::size_t found = 0;
+    for (const RowId folder : folders) {
+        const std::vector<RowId> items = store.items(folder);
+        ASSERT_EQ(store.count(folder), static_cast<std::int64_t>(items.size()));
+        found += items.size();
+        for (const host::Text& subject : {subject_of(40), host::Text(u"updated")}) {
+            std::vector<RowId> expected;
+            for (const RowId item : items) {
+                if (places.at(item).subject == subject) expected.push_back(item);
+            }
+            ASSERT_EQ(store.lookup(folder, u"Subject", subject), expected);
+        }
+    }
+    ASSERT_EQ(found, places.size());
+    for (const auto& [item, place] : places) {
+        const auto loaded = store.load(item);
+        ASSERT_TRUE(loaded);
+        ASSERT_EQ(loaded->folder, place.folder);
+        ASSERT_EQ(loaded->data, item_with_subject(place.subject));
+        ASSERT_EQ(store.attachments(item).size(), place.subject == u"updated" ? 0u : 1u);
+    }
+}
+
+TEST(StoreDeath, WhicheverRequestForMemoryFailsEachCallIsDoneWhollyOrNotAtAll) {
     TemporaryFolder files;
     const auto file = files / "desk.db";
     WithFailingMemory failing;
-    RowId folder = 0, target = 0;
-    {
-        const auto store = Store::open(file);
-        folder = store->add_folder(folder_named(u"Inbox"));
-        target = store->add_folder(folder_named(u"Target"));
+    std::vector<RowId> folders;
+    for (const char16_t* name : {u"Inbox", u"Target"}) {
+        folders.push_back(Store::open(file)->add_folder(folder_named(name)));
     }
-    int failures = 0;
-    bool failed = true;
-    for (long n = 0; failed; ++n) {
-        bool kept = false;
-        std::int64_t before = 0;
+    Places places;
+    int kept = 0, undone = 0;
+    memory().failed = true;
+    for (long n = 0; memory().failed; ++n) {
         memory().failed = false;
-        try {
-            memory().until_failure = -1;
-            before = Store::open(file)->count(target);
-            memory().until_failure = n;
-            const auto store = Store::open(file);
-            Store::Transaction transaction(*store);
-            const RowId item = store->add_item(folder, numbered_item(static_cast<int>(n)));
-            store->update_item(item, item_with_subject(u"updated"), true);
-            store->move_item(item, target);
-            transaction.keep();
-            kept = true;
-        } catch (const host::Failure&) {
-            ++failures;
-        }
-        failed = memory().failed;
+        memory().until_failure = n;
+        const std::optional<Places> changed = try_changes(file, folders, places);
         memory().until_failure = -1;
-
+        if (changed) places = *changed;
+        ++(changed ? kept : undone);
         const auto store = Store::open(file);
-        ASSERT_EQ(store->count(target), before + (kept ? 1 : 0)) << n;
-        ASSERT_EQ(static_cast<std::int64_t>(store->items(target).size()), store->count(target)) << n;
-        ASSERT_EQ(static_cast<std::int64_t>(store->lookup(target, u"Subject", u"updated").size()),
-                  store->count(target));
-        ASSERT_EQ(store->count(folder), 0) << n;
+        ASSERT_NO_FATAL_FAILURE(expect_places(*store, folders, places)) << n;
     }
-    EXPECT_GT(failures, 100);
+    EXPECT_GT(undone, 100);
+    EXPECT_GT(kept, 1);
     EXPECT_EQ(check_of(file), "ok");
 }
 

@@ -89,6 +89,45 @@ TEST_F(StoreLookup, OnlyIndexedFieldsAreFound) {
     }
 }
 
+TEST_F(StoreLookup, SeesWhatTheOpenTransactionDid) {
+    Store::Transaction outer(*store_);
+    const RowId first = store_->add_item(folder_, item_with_subject(u"a"));
+    {
+        Store::Transaction undone(*store_);
+        store_->add_item(folder_, item_with_subject(u"a"));
+        store_->update_item(first, item_with_subject(u"b"), false);
+        EXPECT_EQ(lookup(u"Subject", u"b"), std::vector{first});
+        EXPECT_EQ(lookup(u"Subject", u"a").size(), 1u);
+        store_->add_item(folder_, item_with_subject(u"never asked for"));
+    }
+    EXPECT_EQ(lookup(u"Subject", u"a"), std::vector{first});
+    EXPECT_TRUE(lookup(u"Subject", u"b").empty());
+    EXPECT_TRUE(lookup(u"Subject", u"never asked for").empty());
+    outer.keep();
+    EXPECT_EQ(lookup(u"Subject", u"a"), std::vector{first});
+}
+
+TEST_F(StoreLookup, ManyItemsOfOneTransactionAreAllFound) {
+    // So many that the index is written in several parts.
+    constexpr int many = 60000;
+    Store::Transaction transaction(*store_);
+    ItemData item;
+    for (int i = 0; i < many; ++i) {
+        const host::Text number = host::to_text(i);
+        for (const char16_t* field : {u"Subject", u"FullName", u"FileAs", u"Email1Address", u"CompanyName",
+                                      u"Email2Address", u"Email3Address", u"AccountID", u"ContactID"}) {
+            item.fields[field] = number;
+        }
+        store_->add_item(folder_, item);
+    }
+    transaction.keep();
+    const std::vector<RowId> all = store_->items(folder_);
+    ASSERT_EQ(all.size(), static_cast<std::size_t>(many));
+    for (int i = 0; i < many; i += 997) {
+        EXPECT_EQ(lookup(u"ContactID", host::to_text(i)), std::vector{all[static_cast<std::size_t>(i)]});
+    }
+}
+
 /// What a walk over a folder finds.
 std::vector<RowId> scan(Store& store, RowId folder, host::TextView field, host::TextView value) {
     std::vector<RowId> found;
