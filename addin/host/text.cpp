@@ -96,6 +96,7 @@ Text from_utf8(std::string_view bytes) {
 }
 
 char16_t lower(char16_t unit) {
+    if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
     for (const CaseRange& range : case_ranges) {
         if (unit < range.first || unit > range.last) continue;
         if (range.step > 1) return static_cast<char16_t>(unit + range.step);
@@ -135,7 +136,14 @@ bool same_ignoring_case(TextView left, TextView right) {
            });
 }
 
-int compare_ignoring_case(TextView left, TextView right) { return folded(left).compare(folded(right)); }
+int compare_ignoring_case(TextView left, TextView right) {
+    const auto [a, b] = std::ranges::mismatch(left, right, [](char16_t one, char16_t other) {
+        return one == other || lower(one) == lower(other);
+    });
+    if (a == left.end()) return b == right.end() ? 0 : -1;
+    if (b == right.end()) return 1;
+    return lower(*a) < lower(*b) ? -1 : 1;
+}
 
 Text trimmed(TextView text) {
     const std::size_t first = text.find_first_not_of(u' ');
