@@ -1,0 +1,63 @@
+// The add-in's DLL, loaded as COM loads it, from beside the test program.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <vector>
+
+#include "host/automated.h"
+#include "windows/com/apartment.h"
+#include "windows/com/com_object.h"
+#include "windows/server/class_id.h"
+#include "windows/server/extensibility.h"
+
+namespace windows::testing {
+
+using host::Object;
+using host::Text;
+using host::Value;
+
+/// The DLL and its entry points. Every test loads it anew.
+class ServerTest : public ::testing::Test {
+  protected:
+    ServerTest();
+    ~ServerTest() override;
+
+    template <class Function>
+    Function* entry(const char* name) {
+        const FARPROC address = GetProcAddress(dll, name);
+        EXPECT_TRUE(address) << name;
+        return reinterpret_cast<Function*>(reinterpret_cast<void*>(address));
+    }
+    HRESULT can_unload() { return entry<decltype(DllCanUnloadNow)>("DllCanUnloadNow")(); }
+    HRESULT class_object(const GUID& class_id, const IID& iid, void** answer) {
+        return entry<decltype(DllGetClassObject)>("DllGetClassObject")(class_id, iid, answer);
+    }
+    HRESULT register_server() { return entry<decltype(DllRegisterServer)>("DllRegisterServer")(); }
+    HRESULT unregister_server() { return entry<decltype(DllUnregisterServer)>("DllUnregisterServer")(); }
+
+    /// The class object, and an add-in object made by it.
+    ComPtr<IClassFactory> factory();
+    ComPtr<IDispatch> connect();
+
+    static ComPtr<IDTExtensibility2> extensibility(const ComPtr<IDispatch>& object) {
+        return object.as<IDTExtensibility2>(to_guid(extensibility_id));
+    }
+
+    Text folder;  ///< that the DLL lies in, with a backslash at its end
+    HMODULE dll = nullptr;
+    Module module;
+    std::shared_ptr<Apartment> apartment = Apartment::create(module, u"Host");
+};
+
+/// As much of a host as the start of the add-in asks for: it takes the published object.
+class HostApplication : public host::Automated<HostApplication> {
+  public:
+    static const host::Members<HostApplication>& members();
+
+    Value published;
+    std::vector<Text> asked;  ///< names of add-ins
+};
+
+}  // namespace windows::testing
