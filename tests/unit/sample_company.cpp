@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 
+#include "desk/model/item_kinds.h"
 #include "desk/tools/sample_data.h"
 #include "mail_support.h"
 
@@ -177,6 +178,19 @@ TEST(SampleDatabase, RecordsBearThePropertiesOfTheirFormInItsOrder) {
         lacking += !record.lacks.empty();
     }
     EXPECT_EQ(lacking, 1) << "one contact has no Team";
+}
+
+// The data names the forms, too, since its records and folders are built from them: both lists say the same.
+TEST(SampleDatabase, FormsAreThoseOfTheDesk) {
+    for (const auto& [message_class, fields] : sample().forms) {
+        const bool system_record =
+            message_class == u"IPM.Post.Folder Drop Down" || message_class == u"IPM.Post.ListDefinition";
+        if (system_record) continue;  // what these bear is written with the records themselves
+        std::vector<desk::FolderField> known;
+        for (const desk::FormProperty& each : desk::form_of(message_class))
+            known.push_back({Text(each.name), each.type});
+        EXPECT_EQ(known, fields) << host::to_utf8(message_class);
+    }
 }
 
 TEST(SampleDatabase, IdsAreUnique) {
