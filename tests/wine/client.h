@@ -1,0 +1,27 @@
+// This test program as an automation client of the desk.
+#pragma once
+
+#include "windows/com/apartment.h"
+#include "windows/desktop/windows_desktop.h"
+
+namespace wine {
+
+/// COM for this thread, as long as the program runs.
+class Com {
+  public:
+    Com() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~Com() { CoUninitialize(); }
+    Com(const Com&) = delete;
+    Com& operator=(const Com&) = delete;
+};
+
+struct Client {
+    windows::Module module;
+    Com com;
+    std::shared_ptr<windows::Apartment> apartment = windows::Apartment::create(module, u"Acceptance tests");
+    windows::WindowsDesktop desktop{apartment};
+};
+
+Client& client();
+
+}  // namespace wine

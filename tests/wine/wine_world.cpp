@@ -1,0 +1,219 @@
+// The world of the acceptance tests under Wine: the real desk, a process of its own, with the real DLL.
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "core/settings.h"
+#include "tests/acceptance/world.h"
+#include "tests/wine/client.h"
+#include "tests/wine/registry.h"
+
+namespace wine {
+namespace {
+
+using acceptance::WorldSetup;
+using host::Text;
+using host::TextView;
+namespace fs = std::filesystem;
+
+const Text desk_key = u"Software\\Tarnwell\\Desk";
+const Text family_key = u"Software\\Tarnwell\\Family";
+const Text add_ins_key = u"Software\\Microsoft\\Office\\Outlook\\Addins\\CreateNote.Connect";
+const Text desk_server_key = u"CLSID\\{0006F03A-0000-0000-C000-000000000046}\\LocalServer32";
+
+constexpr DWORD longest_wait = 60000, wait_step = 10;  // milliseconds
+
+Text text_of(const fs::path& path) { return path.u16string(); }
+
+/// A folder of its own for one world, gone with it.
+class WorkFolder {
+  public:
+    WorkFolder() {
+        std::array<wchar_t, MAX_PATH> temporary{};
+        GetTempPathW(static_cast<DWORD>(temporary.size()), temporary.data());
+        for (int number = 0;; ++number) {
+            path_ = fs::path(temporary.data()) /
+                    ("acceptance-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(number));
+            if (fs::create_directories(path_)) return;
+        }
+    }
+    ~WorkFolder() {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    }
+    WorkFolder(const WorkFolder&) = delete;
+    WorkFolder& operator=(const WorkFolder&) = delete;
+    const fs::path& path() const { return path_; }
+
+  private:
+    fs::path path_;
+};
+
+/// A class that can't be made by its name while this lives.
+class LeftOutClass {
+  public:
+    explicit LeftOutClass(const std::string& prog_id) : key_(host::from_utf8(prog_id) + u"\\CLSID") {
+        class_id_ = read_text(HKEY_CLASSES_ROOT, key_, {}).value_or(Text());
+        remove_key(HKEY_CLASSES_ROOT, key_);
+    }
+    ~LeftOutClass() { write_text(HKEY_CLASSES_ROOT, key_, {}, class_id_); }
+    LeftOutClass(const LeftOutClass&) = delete;
+    LeftOutClass& operator=(const LeftOutClass&) = delete;
+
+  private:
+    Text key_, class_id_;
+};
+
+/// A file that isn't there while this lives.
+class LeftOutFile {
+  public:
+    explicit LeftOutFile(fs::path file) : file_(std::move(file)), aside_(file_.native() + L".aside") {
+        fs::rename(file_, aside_);
+    }
+    ~LeftOutFile() {
+        std::error_code ignored;
+        fs::rename(aside_, file_, ignored);
+    }
+    LeftOutFile(const LeftOutFile&) = delete;
+    LeftOutFile& operator=(const LeftOutFile&) = delete;
+
+  private:
+    fs::path file_, aside_;
+};
+
+/// The add-in is unknown to the host while this lives.
+class LeftOutAddIn {
+  public:
+    LeftOutAddIn() {
+        const DWORD off = 0;
+        RegSetKeyValueW(HKEY_CURRENT_USER, windows::wide(add_ins_key), L"LoadBehavior", REG_DWORD, &off,
+                        sizeof off);
+    }
+    ~LeftOutAddIn() {
+        const DWORD on = 3;
+        RegSetKeyValueW(HKEY_CURRENT_USER, windows::wide(add_ins_key), L"LoadBehavior", REG_DWORD, &on,
+                        sizeof on);
+    }
+    LeftOutAddIn(const LeftOutAddIn&) = delete;
+    LeftOutAddIn& operator=(const LeftOutAddIn&) = delete;
+};
+
+/// The folder of the program that serves `Outlook.Application`.
+fs::path program_folder() {
+    Text command = read_text(HKEY_CLASSES_ROOT, desk_server_key, {}).value_or(Text());
+    if (command.starts_with(u"\"")) command = command.substr(1, command.find(u'"', 1) - 1);
+    return fs::path(command).parent_path();
+}
+
+class WineWorld : public acceptance::World {
+  public:
+    explicit WineWorld(const WorldSetup& setup) : setup_(setup) {
+        const char* const databases = std::getenv("TARNWELL_DATABASES");
+        if (!databases) throw std::runtime_error("TARNWELL_DATABASES does not say where the databases are");
+        const fs::path source = fs::path("Z:" + std::string(databases)) / setup.database;
+        fs::create_directories(folder_.path() / "special");
+        fs::create_directories(folder_.path() / "files");
+        fs::copy_file(source / "tarnwell.db", folder_.path() / "special" / "tarnwell.db");
+        fs::copy_file(source / "twsystemfolder.ini", folder_.path() / "special" / "twsystemfolder.ini");
+        for (const std::string& name : setup.without) {
+            if (name.ends_with(".exe")) {
+                files_.push_back(std::make_unique<LeftOutFile>(program_folder() / name));
+            } else {
+                classes_.push_back(std::make_unique<LeftOutClass>(name));
+            }
+        }
+        if (!setup.add_in) add_in_ = std::make_unique<LeftOutAddIn>();
+        remove_key(HKEY_CURRENT_USER, Text(addin::Settings::key_name));
+        remove_key(HKEY_CURRENT_USER, family_key);
+        write_text(HKEY_CURRENT_USER, family_key, u"SpecialFolder", text_of(folder_.path() / "special"));
+        write_text(HKEY_CURRENT_USER, family_key, u"ProgramFolder", text_of(program_folder()));
+        if (setup.started) start();
+    }
+
+    ~WineWorld() override {
+        try {
+            quit();
+        } catch (const host::Failure&) {
+            // a desk that has died is gone already
+        }
+    }
+
+    void start() override {
+        const auto set = [](const Text& name, const Text& value) {
+            write_text(HKEY_CURRENT_USER, desk_key, name, value);
+        };
+        std::error_code ignored;
+        fs::remove(log(), ignored);
+        set(u"Database", text_of(folder_.path() / "special" / "tarnwell.db"));
+        set(u"State", text_of(folder_.path() / "special"));
+        set(u"LogFile", text_of(log()));
+        set(u"HostVersion", setup_.host_version);
+        set(u"InstantSearch", setup_.instant_search ? u"1" : u"0");
+        set(u"EventOrder", host::from_utf8(setup_.event_order));
+        set(u"Unattended", u"1");
+        application_ = host::outlook::Application(client().desktop.create(u"Outlook.Application"));
+        wait_for_log("ready");
+    }
+
+    void quit() override {
+        if (!application_) return;
+        const host::outlook::Application leaving = std::exchange(application_, {});
+        leaving.call(u"Quit");
+        wait_for_log("ended");
+    }
+
+    host::outlook::Application application() override { return application_; }
+    host::Registry& registry() override { return client().desktop.registry(); }
+    host::Desktop& desktop() override { return client().desktop; }
+    Text add_in_folder() override { return text_of(program_folder()); }
+
+    Text write_file(const std::string& name, const std::string& bytes) override {
+        const fs::path file = folder_.path() / "files" / fs::path(host::from_utf8(name));
+        std::ofstream(file, std::ios::binary | std::ios::trunc)
+            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return text_of(file);
+    }
+    bool file_exists(TextView path) override { return fs::exists(fs::path(path)); }
+    void remove_file(TextView path) override { fs::remove(fs::path(path)); }
+
+  private:
+    fs::path log() const { return folder_.path() / "desk.log"; }
+
+    void wait_for_log(const std::string& line) const {
+        for (DWORD waited = 0; waited < longest_wait; waited += wait_step) {
+            std::ifstream file(log(), std::ios::binary);
+            for (std::string read; std::getline(file, read);) {
+                if (read == line) return;
+                if (read.starts_with("failed")) throw std::runtime_error("the desk " + read);
+            }
+            Sleep(wait_step);
+        }
+        throw std::runtime_error("the desk never said \"" + line + "\"");
+    }
+
+    WorldSetup setup_;
+    WorkFolder folder_;
+    std::vector<std::unique_ptr<LeftOutClass>> classes_;
+    std::vector<std::unique_ptr<LeftOutFile>> files_;
+    std::unique_ptr<LeftOutAddIn> add_in_;
+    host::outlook::Application application_;
+};
+
+}  // namespace
+
+Client& client() {
+    static Client the_client;
+    return the_client;
+}
+
+}  // namespace wine
+
+namespace acceptance {
+
+std::unique_ptr<World> make_world(const WorldSetup& setup) {
+    return std::make_unique<wine::WineWorld>(setup);
+}
+
+}  // namespace acceptance
