@@ -1,0 +1,62 @@
+// Filters of any text: read or refused with the host's number. What is read can be evaluated, and the
+// equalities that it offers to look up hold for every item that matches.
+#include <algorithm>
+
+#include "desk/filter/filter.h"
+#include "fuzz/harness.h"
+
+namespace {
+
+using desk::filter::Equality;
+using desk::filter::Filter;
+
+struct AnyName : desk::filter::Names {
+    bool knows(host::TextView field) const override { return field != u"Unknown"; }
+};
+
+/// An item whose fields all hold the same value.
+struct Same : desk::filter::Record {
+    explicit Same(host::Value all) : value(std::move(all)) {}
+    host::Value value;
+    std::optional<host::Value> field(host::TextView) const override { return value; }
+    std::optional<host::Value> property(host::TextView) const override { return value; }
+};
+
+void try_record(const Filter& filter, const host::Value& value) {
+    const bool matches = filter.matches(Same(value));
+    const auto candidates = filter.candidates();
+    if (!matches || !candidates || !value.is(host::Value::Type::text)) return;
+    const host::Text text = value.to_text();
+    auto holds = [&](const Equality& equality) { return host::same_ignoring_case(equality.value, text); };
+    fuzz::require(std::ranges::any_of(*candidates, holds), "an item matches that is no candidate");
+}
+
+}  // namespace
+
+std::vector<std::string> fuzz::seeds() {
+    return {
+        R"([Subject] = "Ann" Or [Fullname] = "Ann" Or [EmailSearchString]= "Ann")",
+        R"([Subject] >= "O'Brien" AND [Subject] < "O'Brieo")",
+        R"(Not ([Subject] = 'It''s' And [UnRead] = True) Or [Size] > 1.5e3 And [Received] < '2026-03-03 09:15')",
+        R"([A]='x' And ([B]='x' Or [C]='x') And Not [D]<>'x')",
+        R"(@SQL="http://schemas.microsoft.com/mapi/proptag/0x001a001e" = 'x' AND "urn:schemas:httpmail:subject" = 'x')",
+        R"(@SQL=("p" ci_phrasematch 'two words' And "q" ci_startswith 'wo' Or "r" Like '%a%b_c%'))",
+        R"(@SQL=Not "p" Is Null And "q" Is Not Null And "r" Like 'x' And "s" <= -5)",
+    };
+}
+
+bool fuzz::try_input(std::string_view input) {
+    try {
+        const Filter filter = Filter::parse(host::from_utf8(input), AnyName(), desk::filter::Words::indexed);
+        for (const host::Value& value :
+             {host::Value(), host::Value(u"x"), host::Value(u"Ann"), host::Value(true), host::Value(5),
+              host::Value(1.5), host::Value(host::Date{46084.4})}) {
+            try_record(filter, value);
+        }
+        return true;
+    } catch (const host::Failure& failure) {
+        require(failure.number() == host::result::invalid_argument,
+                "a filter is refused with another number");
+        return false;
+    }
+}
