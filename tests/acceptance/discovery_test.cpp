@@ -1,0 +1,237 @@
+// Finding a database in the profile's stores, and what the user's answer does.
+#include "core/settings.h"
+#include "tests/acceptance/people.h"
+
+namespace acceptance {
+namespace {
+
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Folder;
+using host::outlook::Folders;
+
+constexpr TextView title = u"Choose Tarnwell Database";
+constexpr std::int32_t cancel = 2, yes = 6, no = 7;
+constexpr TextView sample_path = u"\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles\\";
+constexpr TextView mailbox_path = u"\\Mailbox - Tarnwell\\Account Profiles\\";
+
+class Discovery : public Acceptance {
+  protected:
+    struct Box {
+        Text title, text;
+        std::int32_t style = 0, answer = 0;
+    };
+
+    static std::vector<Box> boxes(World& world) {
+        const Object messages = world.desk().get(u"Messages").to_object();
+        const std::int32_t count = messages.get(u"Count").to_integer();
+        std::vector<Box> all;
+        for (std::int32_t i = 1; i <= count; ++i) {
+            const Object message = messages.call(u"Item", {i}).to_object();
+            all.push_back({message.get(u"Title").to_text(), message.get(u"Text").to_text(),
+                           message.get(u"Style").to_integer(), message.get(u"Answer").to_integer()});
+        }
+        return all;
+    }
+
+    static Text question(TextView path) {
+        return u"A Tarnwell database was found at \r\r" + Text(path) +
+               u"\r\rWould you like to use this location as the default database?";
+    }
+
+    static void answer(World& world, std::int32_t button, TextView fragment = u"") {
+        world.desk().call(u"Answer", {Value(title), Value(fragment), button});
+    }
+
+    static void search(World& world) { world.connect().call(u"FindFolder"); }
+    static bool goes_on(World& world) { return world.connect().get(u"SetDatabase").to_boolean(); }
+
+    static Text option(World& world, TextView name) { return addin::Settings(world.desktop()).option(name); }
+    static void expect_nothing_stored(World& world) {
+        for (const TextView name :
+             {u"TarnwellStoreID", u"AccountProfileFolderID", u"AccountProfileFolderName", u"UserName"}) {
+            EXPECT_EQ(option(world, name), u"") << shown(name);
+        }
+        EXPECT_TRUE(world.family_calls().empty());
+    }
+
+    static Folder store(World& world, std::int32_t number) { return world.session().Folders().Item(number); }
+    static Folder add(const Folder& parent, TextView name) {
+        return Folder(parent.Folders().call(u"Add", {Value(name)}).to_object());
+    }
+};
+
+TEST_F(Discovery, OffersTheDatabaseAndStoresItOnYes) {
+    World& world = with({});
+    world.family(u"CurrentUserName", u"Mia Hart");
+    answer(world, yes, sample_path);
+    search(world);
+
+    const std::vector<Box> shown_boxes = boxes(world);
+    ASSERT_EQ(shown_boxes.size(), 1U);
+    EXPECT_EQ(shown_boxes[0].title, title);
+    EXPECT_EQ(shown_boxes[0].text, question(sample_path));
+    EXPECT_EQ(shown_boxes[0].style, 3);
+    EXPECT_EQ(shown_boxes[0].answer, yes);
+
+    const Folder found = world.account_profiles();
+    EXPECT_EQ(option(world, u"TarnwellStoreID"), found.StoreID());
+    EXPECT_EQ(option(world, u"AccountProfileFolderID"), found.EntryID());
+    EXPECT_EQ(option(world, u"AccountProfileFolderName"), sample_path);
+    EXPECT_EQ(option(world, u"UserName"), u"Mia Hart");
+    EXPECT_EQ(world.connect().get(u"whoami").to_text(), u"Mia Hart");
+    EXPECT_FALSE(goes_on(world));
+    EXPECT_EQ(world.family_calls(),
+              (std::vector<Text>{u"ReportsHost.Initiate", u"MainAddIn.reloadtoolbar(UNLOAD)",
+                                 u"MainAddIn.reloadtoolbar(RELOAD)"}));
+}
+
+TEST_F(Discovery, NamesAnUnknownUserNewUser) {
+    World& world = with({});
+    world.family(u"CurrentUserName", u"");
+    answer(world, yes);
+    search(world);
+    EXPECT_EQ(option(world, u"UserName"), u"New User");
+    EXPECT_EQ(world.connect().get(u"whoami").to_text(), u"New User");
+}
+
+TEST_F(Discovery, OffersTheStoresInTheirOrderUntilItIsAnswered) {
+    struct Case {
+        const char* name;
+        std::vector<std::int32_t> answers;
+        std::vector<TextView> offered;
+        TextView stored;
+        bool goes_on;
+    };
+    const Case cases[] = {
+        {"yes to the first", {yes}, {mailbox_path}, mailbox_path, false},
+        {"no, then yes", {no, yes}, {mailbox_path, sample_path}, sample_path, false},
+        {"no to both", {no, no}, {mailbox_path, sample_path}, u"", true},
+        {"cancel", {cancel}, {mailbox_path}, u"", false},
+        {"no, then cancel", {no, cancel}, {mailbox_path, sample_path}, u"", false},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        World& world = with({});
+        add(store(world, 1), u"Account Profiles");
+        for (const std::int32_t button : one.answers) answer(world, button);
+        search(world);
+        const std::vector<Box> all = boxes(world);
+        ASSERT_EQ(all.size(), one.offered.size());
+        for (std::size_t i = 0; i < all.size(); ++i) EXPECT_EQ(all[i].text, question(one.offered[i]));
+        EXPECT_EQ(option(world, u"AccountProfileFolderName"), one.stored);
+        EXPECT_EQ(goes_on(world), one.goes_on);
+        if (one.stored.empty()) expect_nothing_stored(world);
+    }
+}
+
+TEST_F(Discovery, ComparesTheNameExactly) {
+    for (const TextView name : {u"account profiles", u"Account Profiles ", u"Account Profiles 2"}) {
+        SCOPED_TRACE(shown(name));
+        World& world = with({});
+        world.account_profiles().put(u"Name", Value(name));
+        search(world);
+        EXPECT_TRUE(boxes(world).empty());
+        expect_nothing_stored(world);
+        EXPECT_TRUE(goes_on(world)) << "a search that runs out does not say so";
+    }
+}
+
+TEST_F(Discovery, OffersTheOuterOfTwoNestedDatabasesOnly) {
+    World& world = with({});
+    add(world.account_profiles(), u"Account Profiles");
+    answer(world, no);
+    search(world);
+    const std::vector<Box> all = boxes(world);
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_EQ(all[0].text, question(sample_path));
+}
+
+TEST_F(Discovery, LeavesTheOtherFoldersOfALevelAfterNo) {
+    World& world = with({});
+    const Folder mailbox = store(world, 1);
+    add(mailbox, u"Account Profiles");
+    add(add(mailbox, u"Zone"), u"Account Profiles");  // comes later in the same level
+    answer(world, no);
+    answer(world, no);
+    search(world);
+    const std::vector<Box> all = boxes(world);
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(all[0].text, question(mailbox_path));
+    EXPECT_EQ(all[1].text, question(sample_path)) << "the search went on one level up";
+}
+
+TEST_F(Discovery, GoesOnOneLevelUpAfterNo) {
+    World& world = with({});
+    const Folder mailbox = store(world, 1);
+    add(add(mailbox, u"First"), u"Account Profiles");
+    add(add(mailbox, u"Second"), u"Account Profiles");
+    answer(world, no);
+    answer(world, cancel);
+    search(world);
+    const std::vector<Box> all = boxes(world);
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(all[0].text, question(u"\\Mailbox - Tarnwell\\First\\Account Profiles\\"));
+    EXPECT_EQ(all[1].text, question(u"\\Mailbox - Tarnwell\\Second\\Account Profiles\\"));
+    EXPECT_FALSE(goes_on(world));
+}
+
+TEST_F(Discovery, SearchesOneCollectionOfFoldersOnDemand) {
+    World& world = with({});
+    add(add(store(world, 1), u"Zone"), u"Account Profiles");
+    answer(world, yes);
+    const Folder public_folders = store(world, 2);
+    world.connect().call(u"FindNextFolder", {Value(public_folders.Folders())});
+    const std::vector<Box> all = boxes(world);
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_EQ(all[0].text, question(sample_path));
+    EXPECT_EQ(option(world, u"AccountProfileFolderName"), sample_path);
+}
+
+TEST_F(Discovery, WalksOnWhereAStoreRefusesItsFolders) {
+    for (const TextView member : {u"MAPIFolder.Folders", u"NameSpace.Folders"}) {
+        SCOPED_TRACE(shown(member));
+        World& world = with({});
+        answer(world, yes);
+        world.fail(member);
+        search(world);
+        // the first store reads as an empty one; where the stores themselves can't be had, the application is
+        // made anew
+        EXPECT_EQ(option(world, u"AccountProfileFolderName"), sample_path);
+    }
+}
+
+TEST_F(Discovery, WorksWithoutSiblings) {
+    struct Case {
+        const char* sibling;
+        std::vector<Text> calls;
+    };
+    const Case cases[] = {
+        {"Tarnwell.connect", {u"ReportsHost.Initiate"}},
+        {"TarnwellReports.Reports", {u"MainAddIn.reloadtoolbar(UNLOAD)", u"MainAddIn.reloadtoolbar(RELOAD)"}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.sibling);
+        World& world = with({.without = {one.sibling}});
+        answer(world, yes);
+        search(world);
+        EXPECT_EQ(option(world, u"AccountProfileFolderName"), sample_path);
+        EXPECT_EQ(option(world, u"UserName"), u"New User");
+        EXPECT_EQ(world.family_calls(), one.calls);
+    }
+}
+
+TEST_F(Discovery, OverwritesAnEarlierChoice) {
+    World& world = with({});
+    world.option(u"AccountProfileFolderName", u"\\Elsewhere\\");
+    world.option(u"UserName", u"Somebody");
+    answer(world, yes);
+    search(world);
+    EXPECT_EQ(option(world, u"AccountProfileFolderName"), sample_path);
+    EXPECT_EQ(option(world, u"UserName"), u"New User");
+}
+
+}  // namespace
+}  // namespace acceptance
