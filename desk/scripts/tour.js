@@ -48,7 +48,7 @@ function reasonFor(mail) {
     if (type != "" && type != "SMTP") {
         return "the sender's address is of type " + type + ", and no contact bears it or the option for it is off";
     }
-    return "no contact has the address " + (text(mail, "SenderEmailAddress") || senderOf(mail));
+    return "no contact has the address " + senderOf(mail);
 }
 
 function filed(row) { return row[3] != ""; }
@@ -107,10 +107,7 @@ function noteMade() {
     return null;
 }
 
-function senderOf(mail) {
-    var name = text(mail, "SenderName"), address = text(mail, "SenderEmailAddress");
-    return name && address && name != address ? name + " <" + address + ">" : name || address;
-}
+function senderOf(mail) { return text(mail, "SenderEmailAddress") || text(mail, "SenderName"); }
 
 function property(item, name) {
     var found = item.UserProperties.Find(name);
@@ -126,7 +123,7 @@ function text(object, member) {
 }
 
 function printTable(heads, lines) {
-    var widths = [], limits = [34, 44, 24, 8, 26, 5, 12], n, c;
+    var widths = [], limits = [32, 38, 20, 7, 24, 5, 14], n, c;
     for (c = 0; c < heads.length; c++) {
         widths[c] = heads[c].length;
         for (n = 0; n < lines.length; n++) widths[c] = Math.max(widths[c], lines[n][c].length);

@@ -14,7 +14,7 @@ read -r -t 20 number <"$work/number"
 DISPLAY=:$number ./tarnwell run --fresh >"$work/run.out" 2>&1 &
 desk=$!
 for ((i = 0; i < 1200; i++)); do
-    grep -q "the desk is open" "$work/run.out" && break
+    grep -qs "the desk is open" "$work/run.out" && break
     kill -0 "$desk" 2>/dev/null || break
     sleep 0.1
 done

@@ -28,7 +28,7 @@ script raises.js <<<'throw new Error(7, "no paper");'
 expect 1 ./tarnwell script "$script"
 says "0x00000007 (7) in line 1: no paper"
 
-printf 'var a = 1;\r\nvar b = = 2;\r\n' | script syntax.js
+script syntax.js < <(printf 'var a = 1;\r\nvar b = = 2;\r\n')
 expect 1 ./tarnwell script "$script"
 prints ""
 says "in line 2: Syntax error"
