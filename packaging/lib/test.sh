@@ -32,11 +32,12 @@ run_ctest() {
 # The tests that were built for Windows, with the desk and the family registered and a screen to show windows on.
 run_wine_tests() {
     # The surroundings of Wine end with this suite: the suites after it start their own.
-    local HOME=$HOME DISPLAY=${DISPLAY:-} XAUTHORITY=${XAUTHORITY:-} WINEPREFIX= WINEARCH= WINEDLLOVERRIDES= WINEDEBUG=
+    local HOME=${HOME:-} DISPLAY=${DISPLAY:-} XAUTHORITY=${XAUTHORITY:-} WINEPREFIX= WINEARCH= WINEDLLOVERRIDES= WINEDEBUG=
     lock "$BUILD/script.lock" "a script runs; waiting for it"
     start_display
     use_prefix script
     prepare_desk "$BUILD/script" sample
+    stop_wine # one that runs would not become persistent
     (unlocked "$wine_server" -p) # else each test would wait for a new one
     run_ctest x64 "$BUILD/x64" 1
     stop_wine
