@@ -11,20 +11,24 @@ namespace desk::mail {
 /// The JSON in which the reader, a program of its own, hands a mail to the desk:
 ///
 ///   {"item": {"class": "IPM.Note",
-///             "fields": {"Subject": "...", "Body": "...", "SentOn": {"date": 46000.25}, "UnRead": true, ...},
-///             "recipients": [{"name": "...", "address": "...", "type": "SMTP", "smtp": "...", "kind": 1}, ...],
-///             "attachments": [{"display": "...", "file": "...", "position": 0, "base64": "..."},
+///             "fields": {"Subject": "...", "Body": "...", "SentOn": {"date": 46000.25}, "UnRead": true,
+///             ...}, "recipients": [{"name": "...", "address": "...", "type": "SMTP", "smtp": "...", "kind":
+///             1}, ...], "attachments": [{"display": "...", "file": "...", "position": 0, "base64": "..."},
 ///                             {"display": "...", "item": {...}}, ...]}}
 ///   {"error": "one clear sentence"}
 ///
+/// An item may also have "properties": [{"name": "...", "type": 1, "value": ...}, ...], and a recipient
+/// "resolved": false.
+///
 /// Fields: "Subject", "Body", "HTMLBody", "To", "CC", "BCC", "SenderName", "SenderEmailAddress" (native),
-/// "SenderEmailType", "SenderSmtpAddress", "SentOn", "ReceivedTime", "CreationTime", "Importance", "Sensitivity", "UnRead",
-/// "Sent", "InternetMessageId", "InternetHeaders", "ConversationTopic", "ReplyRecipientNames". Dates are local time.
+/// "SenderEmailType", "SenderSmtpAddress", "SentOn", "ReceivedTime", "CreationTime", "Importance",
+/// "Sensitivity", "UnRead", "Sent", "InternetMessageId", "InternetHeaders", "ConversationTopic",
+/// "ReplyRecipientNames". Dates are local time.
 std::string to_json(const ItemData& item);
 std::string error_to_json(std::string_view sentence);
 
-/// The item of such JSON. Throws `host::Failure`, whose text is the sentence, for an error or for text that is no such
-/// JSON.
+/// The item of such JSON. Throws `host::Failure`, whose text is the sentence, for an error or for text that
+/// is no such JSON.
 ItemData from_json(std::string_view json);
 
 }  // namespace desk::mail
