@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 #include "desk/com/mail_process.h"
 #include "desk/windows/screen_picture.h"
@@ -62,7 +63,8 @@ host::Object DeskSurroundings::create_object(TextView prog_id) {
 }
 
 std::vector<StartedProgram> DeskSurroundings::programs() {
-    std::vector<StartedProgram> started;
+    // each entry: folder, bar, command line, tabulator, time of the start as digits that sort
+    std::multimap<Text, StartedProgram> by_time;
     for (int number = 1;; ++number) {
         std::array<wchar_t, 16> name{};
         swprintf(name.data(), name.size(), L"%04d", number);
@@ -70,12 +72,17 @@ std::vector<StartedProgram> DeskSurroundings::programs() {
         DWORD size = sizeof text;
         if (RegGetValueW(HKEY_CURRENT_USER, programs_key, name.data(), RRF_RT_REG_SZ, nullptr, text.data(),
                          &size) != ERROR_SUCCESS) {
-            return started;
+            break;
         }
         const Text entry(reinterpret_cast<const char16_t*>(text.data()));
-        const std::size_t bar = entry.find(u'|');
-        started.push_back({bar == Text::npos ? Text() : entry.substr(bar + 1), entry.substr(0, bar)});
+        const std::size_t tab = std::min(entry.rfind(u'\t'), entry.size());
+        const std::size_t bar = std::min(entry.find(u'|'), tab);
+        by_time.insert(
+            {entry.substr(tab), {entry.substr(std::min(bar + 1, tab), tab - bar - 1), entry.substr(0, bar)}});
     }
+    std::vector<StartedProgram> started;
+    for (const auto& [time, program] : by_time) started.push_back(program);
+    return started;
 }
 
 std::vector<LiveCount> DeskSurroundings::live() {

@@ -107,7 +107,6 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
         loop.pump(static_cast<DWORD>(std::max(time, 0)));
     };
     surroundings.hooks.changed = [&loop] { loop.change(); };
-    surroundings.hooks.quit = [&loop] { loop.ask_to_quit(); };
     surroundings.hooks.connect_add_in = [&add_ins](TextView name, bool connect) {
         add_ins.connect(name, connect);
     };
@@ -116,9 +115,11 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     loop.on_tick = [&messages] { messages.look(); };
 
     ServedClass served(module, desk, apartment);
+    surroundings.hooks.quit = [&] {
+        served.revoke();  // who asks for an application from now on gets a new one
+        loop.ask_to_quit();
+    };
     loop.on_quit = [&] {
-        // nobody new is served; the add-ins hear of the end in the order of the real host
-        served.revoke();
         add_ins.begin_shutdown();
         desk.application()->raise(u"Quit");
         add_ins.disconnect_all();
@@ -127,6 +128,7 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
 
     desk_windows.follow();
     add_ins.load_all();
+    log.line(u"process " + host::to_text(static_cast<long long>(GetCurrentProcessId())));
     log.line(u"ready");
     loop.run();
     surroundings.hooks = {};

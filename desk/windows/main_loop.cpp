@@ -4,8 +4,8 @@ namespace desk {
 namespace {
 
 constexpr const wchar_t* class_name = L"TarnwellDeskLoop";
-constexpr UINT_PTR tick_timer = 1;
-constexpr UINT tick_time = 15;  // milliseconds
+constexpr UINT_PTR tick_timer = 1, quit_timer = 2;
+constexpr UINT tick_time = 15, quit_delay = 60;  // milliseconds
 
 /// Runs what was set, and lets nothing out into the system's call.
 void run_guarded(const std::function<void()>& what) {
@@ -44,27 +44,29 @@ void MainLoop::post(UINT message, bool& posted) {
 
 LRESULT CALLBACK MainLoop::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     auto* const loop = reinterpret_cast<MainLoop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (loop && (message == WM_TIMER || (message >= wake_message && message <= quit_message))) {
-        loop->handle(message);
+    if (loop && (message == WM_TIMER || message == wake_message || message == change_message)) {
+        loop->handle(message, first);
         return 0;
     }
     return DefWindowProcW(window, message, first, second);
 }
 
-void MainLoop::handle(UINT message) {
-    switch (message) {
-        case WM_TIMER:
-            return run_guarded(on_tick);
-        case wake_message:
-            wake_posted_ = false;
-            return run_guarded(on_wake);
-        case change_message:
-            change_posted_ = false;
-            return run_guarded(on_change);
-        default:
-            return run_guarded(on_quit);
+void MainLoop::handle(UINT message, WPARAM timer) {
+    if (message == wake_message) {
+        wake_posted_ = false;
+        run_guarded(on_wake);
+    } else if (message == change_message) {
+        change_posted_ = false;
+        run_guarded(on_change);
+    } else if (timer == tick_timer) {
+        run_guarded(on_tick);
+    } else {
+        KillTimer(window_, quit_timer);
+        run_guarded(on_quit);
     }
 }
+
+void MainLoop::ask_to_quit() { SetTimer(window_, quit_timer, quit_delay, nullptr); }
 
 void MainLoop::run() {
     MSG message{};

@@ -23,21 +23,23 @@ class MainLoop {
     // each of these comes back at once; what it asks for runs at the next turn of whatever loop runs
     void wake() { post(wake_message, wake_posted_); }
     void change() { post(change_message, change_posted_); }
-    void ask_to_quit() { post(quit_message, quit_posted_); }
+
+    /// The desk ends a moment later, when the answer to whoever asked for it is through.
+    void ask_to_quit();
 
     void run();  ///< until `end`
     void pump(DWORD milliseconds);
     void end() { PostQuitMessage(0); }
 
   private:
-    static constexpr UINT wake_message = WM_APP + 1, change_message = WM_APP + 2, quit_message = WM_APP + 3;
+    static constexpr UINT wake_message = WM_APP + 1, change_message = WM_APP + 2;
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
-    void handle(UINT message);
+    void handle(UINT message, WPARAM timer);
     void post(UINT message, bool& posted);
 
     HWND window_ = nullptr;
-    bool wake_posted_ = false, change_posted_ = false, quit_posted_ = false;
+    bool wake_posted_ = false, change_posted_ = false;
 };
 
 }  // namespace desk

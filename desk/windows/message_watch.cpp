@@ -14,6 +14,7 @@ namespace {
 
 constexpr int text_id = 0xFFFF;  // the static control of a message box that holds its text
 constexpr UINT_PTR subclass_id = 1;
+constexpr const wchar_t* former_procedure = L"TarnwellDeskFormerProcedure";
 
 /// The system's own complaint that a program could not be started. It is no message of anyone's here.
 constexpr host::TextView system_error_title = u"Error";
@@ -63,9 +64,9 @@ UINT style_of(HWND box) {
         }
     }
     const IconStyle icons[] = {{MB_ICONINFORMATION, IDI_INFORMATION},
-                                   {MB_ICONWARNING, IDI_WARNING},
-                                   {MB_ICONQUESTION, IDI_QUESTION},
-                                   {MB_ICONERROR, IDI_ERROR}};
+                               {MB_ICONWARNING, IDI_WARNING},
+                               {MB_ICONQUESTION, IDI_QUESTION},
+                               {MB_ICONERROR, IDI_ERROR}};
     for (HWND child = GetWindow(box, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         const auto shown = reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0));
         if (!shown) continue;
@@ -84,6 +85,22 @@ LRESULT CALLBACK note_answer(HWND box, UINT message, WPARAM first, LPARAM second
     }
     if (message == WM_NCDESTROY) RemoveWindowSubclass(box, note_answer, id);
     return DefSubclassProc(box, message, first, second);
+}
+
+/// Has the system's complaint leave the error behind that it was about: the box is all that stands between
+/// the failure and its caller, and its own end would cover the error up.
+LRESULT CALLBACK leave_error(HWND box, UINT message, WPARAM first, LPARAM second) {
+    const auto former = reinterpret_cast<WNDPROC>(GetPropW(box, former_procedure));
+    const LRESULT answer = CallWindowProcW(former, box, message, first, second);
+    if (message == WM_NCDESTROY) SetLastError(ERROR_FILE_NOT_FOUND);
+    return answer;
+}
+
+void close_system_error(HWND box) {
+    const LONG_PTR former = GetWindowLongPtrW(box, GWLP_WNDPROC);
+    SetPropW(box, former_procedure, reinterpret_cast<HANDLE>(former));
+    SetWindowLongPtrW(box, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(leave_error));
+    EndDialog(box, IDOK);
 }
 
 BOOL CALLBACK collect(HWND window, LPARAM into) {
@@ -107,7 +124,7 @@ void MessageWatch::meet(HWND box) {
     const Text text = window_text(GetDlgItem(box, text_id));
     const int wanted = desk_.take_answer(title, text);
     if (wanted == 0 && title == system_error_title) {
-        EndDialog(box, IDOK);
+        close_system_error(box);
         return;
     }
     seen_.insert(box);

@@ -29,8 +29,10 @@ class StartedPrograms {
 
     std::vector<std::wstring> added_texts() const {
         std::vector<std::wstring> texts;
-        for (const std::wstring& name : added())
-            texts.push_back(read_text(HKEY_CURRENT_USER, list_key(), name));
+        for (const std::wstring& name : added()) {
+            const std::wstring entry = read_text(HKEY_CURRENT_USER, list_key(), name);
+            texts.push_back(entry.substr(0, entry.find(L'\t')));  // the time of the start stands behind it
+        }
         return texts;
     }
 

@@ -114,12 +114,12 @@ check_format() {
     count "formatting" "$good" "$bad"
 }
 
-# tidy_units: for each source file that the native build compiles, a hash of all that decides about its findings: its text
-# and that of each header of ours below it, the configuration, the tool. As lines of hash and file.
+# tidy_units BUILD: for each source file that a build compiles, a hash of all that decides about its findings: its text and
+# that of each header of ours below it, the configuration, the tool. As lines of hash, build and file.
 tidy_units() {
-    local tool
+    local build=$1 tool unit sums
     tool=$(clang-tidy --version | sha256sum && sha256sum <"$ROOT/.clang-tidy")
-    (cd "$BUILD/native" && ninja -t deps) | awk -v root="$ROOT/" '
+    (cd "$BUILD/$build" && ninja -t deps) | awk -v root="$ROOT/" '
         /^[^ ].*: #deps / { unit = ""; next }
         /^ / {
             path = $0; sub(/^ +/, "", path); sub(/^(\.\.\/)+/, root, path)
@@ -132,33 +132,48 @@ tidy_units() {
     cut -f 2 "$BUILD/tidy/deps" | LC_ALL=C sort -u | (cd "$ROOT" && xargs -d '\n' sha256sum) >"$BUILD/tidy/sums"
     awk -F '\t' 'NR == FNR { split($0, part, "  "); sum[part[2]] = part[1]; next }
         { all[$1] = all[$1] sum[$2] }
-        END { for (unit in all) print unit "\t" all[unit] }' "$BUILD/tidy/sums" "$BUILD/tidy/deps" |
+        END { for (unit in all) if (unit ~ /\.cpp$/) print unit "\t" all[unit] }' "$BUILD/tidy/sums" "$BUILD/tidy/deps" |
         LC_ALL=C sort | while IFS=$'\t' read -r unit sums; do
-        printf '%s %s\n' "$(sha256sum <<<"$tool$sums" | cut -c 1-64)" "$unit"
+        printf '%s %s %s\n' "$(sha256sum <<<"$tool$sums" | cut -c 1-64)" "$build" "$unit"
     done
 }
 
-# Clang's checks, for what has changed since it was last found clean.
+# tidy_one HASH BUILD FILE: looks at one file; a clean one is remembered. Clang needs to be told where MinGW's library is.
+tidy_one() {
+    local hash=$1 build=$2 unit=$3 extra=() headers
+    if [[ $build == x64 ]]; then
+        extra=(--extra-arg=--target=x86_64-w64-mingw32)
+        for headers in /usr/lib/gcc/x86_64-w64-mingw32/*-posix/include/c++{,/x86_64-w64-mingw32}; do
+            extra+=("--extra-arg=-isystem$headers")
+        done
+    fi
+    cd "$ROOT"
+    clang-tidy --quiet -p "$BUILD/$build" "${extra[@]}" "$unit" >"$BUILD/tidy/logs/$hash" 2>&1 || return 0
+    : >"$BUILD/tidy/clean/$hash"
+}
+
+# Clang's checks, for what has changed since it was last found clean: the native build's files, then those that only the
+# Windows build has.
 check_tidy() {
-    local hash unit log good=0 bad=0 pending=()
+    local hash build unit good=0 bad=0 pending=() line seen=" "
     mkdir -p "$BUILD/tidy/clean" "$BUILD/tidy/logs"
-    while read -r hash unit; do
-        [[ $unit == *.cpp ]] || continue
-        if [[ -f $BUILD/tidy/clean/$hash ]]; then good=$((good + 1)); else pending+=("$hash $unit"); fi
-    done < <(tidy_units)
-    ((${#pending[@]} == 0)) || say "clang-tidy looks at ${#pending[@]} changed files"
-    export BUILD ROOT
-    # shellcheck disable=SC2016 # the inner shell expands it
-    ((${#pending[@]} == 0)) || (unlocked xargs -d '\n' -P "$(nproc)" -I '{}' bash -c '
-        read -r hash unit <<<"{}"
-        cd "$ROOT" && clang-tidy --quiet -p "$BUILD/native" "$unit" >"$BUILD/tidy/logs/$hash" 2>&1 &&
-            : >"$BUILD/tidy/clean/$hash"' <<<"$(printf '%s\n' "${pending[@]}")") || true
-    for unit in "${pending[@]}"; do
-        read -r hash unit <<<"$unit"
-        log=$BUILD/tidy/logs/$hash
+    while read -r hash build unit; do
+        [[ $seen != *" $unit "* ]] || continue
+        seen+="$unit "
+        if [[ -f $BUILD/tidy/clean/$hash ]]; then good=$((good + 1)); else pending+=("$hash $build $unit"); fi
+    done < <(tidy_units native && tidy_units x64)
+    if ((${#pending[@]} > 0)); then
+        say "clang-tidy looks at ${#pending[@]} changed files"
+        export BUILD ROOT
+        export -f tidy_one
+        with_progress "clang-tidy" "$BUILD/logs/tidy.log" xargs -P "$(nproc)" -L 1 -a <(printf '%s\n' "${pending[@]}") \
+            bash -c 'tidy_one "$1" "$2" "$3" && echo "$3"' tidy || true
+    fi
+    for line in "${pending[@]}"; do
+        read -r hash build unit <<<"$line"
         if [[ -f $BUILD/tidy/clean/$hash ]]; then good=$((good + 1)); else
             bad=$((bad + 1))
-            grep -E '(error|warning):' "$log" >&2 || tail -n 5 "$log" >&2
+            grep -E '(error|warning):' "$BUILD/tidy/logs/$hash" >&2 || tail -n 5 "$BUILD/tidy/logs/$hash" >&2
         fi
     done
     ((good + bad > 0)) || bad=1

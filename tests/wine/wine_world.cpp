@@ -27,6 +27,11 @@ constexpr DWORD longest_wait = 60000, wait_step = 10;  // milliseconds
 
 Text text_of(const fs::path& path) { return path.u16string(); }
 
+struct CloseHandleOf {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using windows_handle = std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseHandleOf>;
+
 /// A folder of its own for one world, gone with it.
 class WorkFolder {
   public:
@@ -86,15 +91,13 @@ class LeftOutFile {
 /// The add-in is unknown to the host while this lives.
 class LeftOutAddIn {
   public:
-    LeftOutAddIn() {
-        const DWORD off = 0;
-        RegSetKeyValueW(HKEY_CURRENT_USER, windows::wide(add_ins_key), L"LoadBehavior", REG_DWORD, &off,
-                        sizeof off);
-    }
+    LeftOutAddIn() { remove_key(HKEY_CURRENT_USER, add_ins_key); }
     ~LeftOutAddIn() {
-        const DWORD on = 3;
-        RegSetKeyValueW(HKEY_CURRENT_USER, windows::wide(add_ins_key), L"LoadBehavior", REG_DWORD, &on,
-                        sizeof on);
+        const DWORD load_at_start = 3;
+        write_text(HKEY_CURRENT_USER, add_ins_key, u"FriendlyName", u"Create Tarnwell Note");
+        write_text(HKEY_CURRENT_USER, add_ins_key, u"Description", u"Tarnwell Note Add-in");
+        RegSetKeyValueW(HKEY_CURRENT_USER, windows::wide(add_ins_key), L"LoadBehavior", REG_DWORD,
+                        &load_at_start, sizeof load_at_start);
     }
     LeftOutAddIn(const LeftOutAddIn&) = delete;
     LeftOutAddIn& operator=(const LeftOutAddIn&) = delete;
@@ -160,8 +163,11 @@ class WineWorld : public acceptance::World {
     void quit() override {
         if (!application_) return;
         const host::outlook::Application leaving = std::exchange(application_, {});
+        const DWORD process_id = static_cast<DWORD>(std::stoul(wait_for_log("process ")));
+        const windows_handle process(OpenProcess(SYNCHRONIZE, FALSE, process_id));
         leaving.call(u"Quit");
         wait_for_log("ended");
+        if (process) WaitForSingleObject(process.get(), longest_wait);
     }
 
     host::outlook::Application application() override { return application_; }
@@ -181,16 +187,17 @@ class WineWorld : public acceptance::World {
   private:
     fs::path log() const { return folder_.path() / "desk.log"; }
 
-    void wait_for_log(const std::string& line) const {
+    /// Waits for a line of the desk's log; answers what follows after its beginning.
+    std::string wait_for_log(const std::string& start) const {
         for (DWORD waited = 0; waited < longest_wait; waited += wait_step) {
             std::ifstream file(log(), std::ios::binary);
             for (std::string read; std::getline(file, read);) {
-                if (read == line) return;
+                if (read.starts_with(start)) return read.substr(start.size());
                 if (read.starts_with("failed")) throw std::runtime_error("the desk " + read);
             }
             Sleep(wait_step);
         }
-        throw std::runtime_error("the desk never said \"" + line + "\"");
+        throw std::runtime_error("the desk never said \"" + start + "\"");
     }
 
     WorldSetup setup_;
