@@ -11,10 +11,12 @@ namespace desk::mail {
 /// The JSON in which the reader, a program of its own, hands a mail to the desk:
 ///
 ///   {"item": {"class": "IPM.Note",
-///             "fields": {"Subject": "...", "Body": "...", "SentOn": {"date": 46000.25}, "UnRead": true,
-///             ...}, "recipients": [{"name": "...", "address": "...", "type": "SMTP", "smtp": "...", "kind":
-///             1}, ...], "attachments": [{"display": "...", "file": "...", "position": 0, "base64": "..."},
-///                             {"display": "...", "item": {...}}, ...]}}
+///             "fields": {"Subject": "...", "SentOn": {"date": 46000.25}, "UnRead": true, ...},
+///             "recipients":
+///                 [{"name": "...", "address": "...", "type": "SMTP", "smtp": "...", "kind": 1}, ...],
+///             "attachments":
+///                 [{"display": "...", "file": "...", "position": 0, "base64": "..."},
+///                  {"display": "...", "item": {...}}, ...]}}
 ///   {"error": "one clear sentence"}
 ///
 /// An item may also have "properties": [{"name": "...", "type": 1, "value": ...}, ...], and a recipient
