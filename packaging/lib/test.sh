@@ -147,7 +147,7 @@ tidy_one() {
             extra+=("--extra-arg=-isystem$headers")
         done
     fi
-    cd "$ROOT"
+    cd "$ROOT" || return
     clang-tidy --quiet -p "$BUILD/$build" "${extra[@]}" "$unit" >"$BUILD/tidy/logs/$hash" 2>&1 || return 0
     : >"$BUILD/tidy/clean/$hash"
 }
@@ -164,9 +164,10 @@ check_tidy() {
     done < <(tidy_units native && tidy_units x64)
     if ((${#pending[@]} > 0)); then
         say "clang-tidy looks at ${#pending[@]} changed files"
+        printf '%s\n' "${pending[@]}" >"$BUILD/tidy/pending"
         export BUILD ROOT
         export -f tidy_one
-        with_progress "clang-tidy" "$BUILD/logs/tidy.log" xargs -P "$(nproc)" -L 1 -a <(printf '%s\n' "${pending[@]}") \
+        with_progress "clang-tidy" "$BUILD/logs/tidy.log" xargs -P "$(nproc)" -L 1 -a "$BUILD/tidy/pending" \
             bash -c 'tidy_one "$1" "$2" "$3" && echo "$3"' tidy || true
     fi
     for line in "${pending[@]}"; do
