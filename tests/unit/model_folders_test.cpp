@@ -1,0 +1,153 @@
+#include "tests/unit/model_support.h"
+
+namespace model_tests {
+namespace {
+
+class Folders : public ModelTest {};
+
+TEST_F(Folders, AreWalkedFromTheStores) {
+    const host::outlook::Folders stores = session.Folders();
+    ASSERT_EQ(stores.Count(), 2);
+    EXPECT_EQ(stores.Item(1).Name(), u"Mailbox - Tarnwell");
+    EXPECT_EQ(stores.Item(2).Name(), u"Public Folders");
+    const Folder anchor(stores.Item(2)
+                            .Folders()
+                            .Item(u"All Public Folders")
+                            .Folders()
+                            .Item(u"tarnwell")
+                            .Folders()
+                            .Item(u"Account Profiles"));
+    EXPECT_EQ(text(anchor, u"FolderPath"),
+              u"\\\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles");
+    EXPECT_EQ(text(anchor, u"DefaultMessageClass"), u"IPM.Post.Tarnwell_2000");
+    EXPECT_EQ(anchor.Class(), 2);
+
+    // upwards, to the store and beyond it to the name space
+    Object above = anchor.Parent();
+    std::vector<Text> names;
+    while (integer(above, u"Class") == 2) {
+        names.push_back(text(above, u"Name"));
+        above = above.get(u"Parent").to_object();
+    }
+    EXPECT_EQ(names, (std::vector<Text>{u"Tarnwell", u"All Public Folders", u"Public Folders"}));
+    EXPECT_EQ(integer(above, u"Class"), 1);
+}
+
+TEST_F(Folders, CountFromOne) {
+    const host::outlook::Folders stores = session.Folders();
+    EXPECT_EQ(failure_of([&] { stores.Item(0); }), result::bad_index);
+    EXPECT_EQ(failure_of([&] { stores.Item(3); }), result::bad_index);
+    EXPECT_EQ(failure_of([&] { stores.Item(u"Elsewhere"); }), result::not_found);
+    EXPECT_EQ(Folder(stores.call(u"GetFirst").to_object()).Name(), u"Mailbox - Tarnwell");
+    EXPECT_EQ(Folder(stores.call(u"GetNext").to_object()).Name(), u"Public Folders");
+    EXPECT_FALSE(stores.call(u"GetNext").to_object());
+    EXPECT_EQ(Folder(stores.call(u"GetLast").to_object()).Name(), u"Public Folders");
+    EXPECT_EQ(Folder(stores.call(u"GetPrevious").to_object()).Name(), u"Mailbox - Tarnwell");
+}
+
+TEST_F(Folders, OfTheProfileHaveTheirNumbers) {
+    struct Case {
+        std::int32_t number;
+        TextView name, message_class;
+    };
+    constexpr Case cases[] = {
+        {3, u"Deleted Items", u"IPM.Note"},   {5, u"Sent Items", u"IPM.Note"},   {6, u"Inbox", u"IPM.Note"},
+        {9, u"Calendar", u"IPM.Appointment"}, {10, u"Contacts", u"IPM.Contact"}, {13, u"Tasks", u"IPM.Task"},
+        {12, u"Notes", u"IPM.StickyNote"},    {16, u"Drafts", u"IPM.Note"},
+    };
+    for (const Case& one : cases) {
+        const Folder folder = default_folder(one.number);
+        EXPECT_EQ(folder.Name(), one.name);
+        EXPECT_EQ(text(folder, u"DefaultMessageClass"), one.message_class);
+    }
+    EXPECT_EQ(failure_of([&] { default_folder(7); }), result::invalid_argument);
+}
+
+TEST_F(Folders, AreOpenedByTheirIds) {
+    const Folder folder = world.below(u"Email");
+    const Text id = folder.EntryID();
+    for (const char16_t c : id) EXPECT_TRUE((c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F'));
+    EXPECT_EQ(session.GetFolderFromID(id, folder.StoreID()).Name(), u"Email");
+    EXPECT_EQ(Folder(session.call(u"GetFolderFromID", {Value(id)}).to_object()).Name(), u"Email");
+    EXPECT_EQ(failure_of([&] { session.GetFolderFromID(id, inbox().StoreID()); }), result::not_found);
+    for (const TextView wrong : {u"", u"00", u"no id at all"}) {
+        EXPECT_EQ(failure_of([&] { session.GetFolderFromID(wrong, folder.StoreID()); }), result::not_found);
+    }
+    EXPECT_EQ(failure_of([&] { session.GetFolderFromID(add_mail(u"x").EntryID(), inbox().StoreID()); }),
+              result::not_found)
+        << "an item's id is no folder's";
+}
+
+TEST_F(Folders, AreAddedRenamedMovedAndDeleted) {
+    const Folder root = session.Folders().Item(1);
+    const auto add = [](const Folder& parent, TextView name) {
+        return Folder(parent.Folders().call(u"Add", {Value(name)}).to_object());
+    };
+    const Folder one = add(root, u"One");
+    const Folder two = add(one, u"Two");
+    EXPECT_EQ(text(two, u"FolderPath"), u"\\\\Mailbox - Tarnwell\\One\\Two");
+    EXPECT_EQ(failure_of([&] { add(root, u"one"); }), result::fail) << "the name is taken";
+    EXPECT_EQ(failure_of([&] { add(root, u"  "); }), result::invalid_argument);
+
+    one.put(u"Name", u"First");
+    EXPECT_EQ(text(two, u"FolderPath"), u"\\\\Mailbox - Tarnwell\\First\\Two");
+    EXPECT_EQ(failure_of([&] { one.call(u"MoveTo", {Value(two)}); }), result::fail) << "into itself";
+    two.call(u"MoveTo", {Value(root)});
+    EXPECT_EQ(text(two, u"FolderPath"), u"\\\\Mailbox - Tarnwell\\Two");
+    EXPECT_EQ(one.Folders().Count(), 0);
+
+    one.call(u"Delete");
+    EXPECT_EQ(failure_of([&] { one.Name(); }), result::object_deleted);
+    EXPECT_EQ(failure_of([&] { one.Items(); }), result::object_deleted);
+    EXPECT_EQ(failure_of([&] { inbox().call(u"Delete"); }), result::access_denied);
+}
+
+TEST_F(Folders, AreCopiedWithWhatTheyHold) {
+    const Folder root = session.Folders().Item(1);
+    const Folder source(root.Folders().call(u"Add", {u"Source"}).to_object());
+    source.Folders().call(u"Add", {u"Below"});
+    const Item mail = source.Items().Add(u"IPM.Note");
+    mail.Subject(u"Copied");
+    mail.Save();
+    const Folder copy(source.call(u"CopyTo", {Value(default_folder(folder_number::drafts))}).to_object());
+    EXPECT_EQ(subjects(copy.Items()), (std::vector<Text>{u"Copied"}));
+    EXPECT_EQ(copy.Folders().Item(1).Name(), u"Below");
+    copy.Items().Item(1).call(u"Delete");
+    EXPECT_EQ(source.Items().Count(), 1);
+}
+
+TEST_F(Folders, TellOfChangesBelowThem) {
+    const Folder root = session.Folders().Item(1);
+    const host::outlook::Folders folders = root.Folders();
+    constexpr host::Event told_events[] = {
+        {u"FolderAdd", 0xF001}, {u"FolderChange", 0xF002}, {u"FolderRemove", 0xF003}};
+    const host::EventInterface interface {
+        "FoldersEvents", host::guid("{00063076-0000-0000-C000-000000000046}"), told_events
+    };
+    Listener listener(interface, folders, {u"FolderAdd", u"FolderChange", u"FolderRemove"});
+    const Folder one(root.Folders().call(u"Add", {u"One"}).to_object());
+    EXPECT_TRUE(listener.told.empty()) << "it comes at the next yield";
+    world.settle();
+    one.put(u"Name", u"Two");
+    one.call(u"Delete");
+    world.settle();
+    EXPECT_EQ(listener.told, (Told{"FolderAdd ?", "FolderChange ?", "FolderRemove"}));
+}
+
+TEST_F(Folders, SurviveTheEndOfTheHost) {
+    const Folder root = session.Folders().Item(1);
+    const Folder made(root.Folders().call(u"Add", {u"Kept"}).to_object());
+    made.put(u"Description", u"What is kept");
+    const Text id = made.EntryID();
+    session = {};
+    application = {};
+    desk = {};
+    world.quit();
+    world.start();
+    const Folder again(world.session().call(u"GetFolderFromID", {Value(id)}).to_object());
+    EXPECT_EQ(again.Name(), u"Kept");
+    EXPECT_EQ(text(again, u"Description"), u"What is kept");
+}
+
+}  // namespace
+}  // namespace model_tests
