@@ -135,18 +135,15 @@ void Item::set_field(const FieldRow& field, const Value& value) {
     const auto& lines = lines_of(kind());
     const auto line = std::ranges::find(lines, field.name, &PeopleLine::field);
     if (line != lines.end()) return set_people_line(field.name, stored.to_text());
+    const Text filed_before = filed_as(data_);
     change().fields[Text(field.name)] = std::move(stored);
-    apply_rules(field.name);
+    follow_change(data_, field.name, filed_before, desk().surroundings().now());
     raise(u"PropertyChange", {Value(field.name)});
 }
 
 void Item::set_message_class(const Text& message_class) {
     change().message_class = message_class;
     apply_form(data_);
-}
-
-void Item::apply_rules(TextView changed_field) {
-    follow_change(data_, changed_field, desk().surroundings().now());
 }
 
 void Item::set_people_line(TextView line, TextView names) {

@@ -77,7 +77,6 @@ class Item : public ModelObject<Item> {
 
   private:
     void load_attachments();
-    void apply_rules(host::TextView changed_field);
     void set_people_line(host::TextView line, host::TextView names);
     void leave_folder();
 
@@ -92,8 +91,13 @@ class Item : public ModelObject<Item> {
 };
 
 /// Has fields that depend on each other follow a change: names of a contact, times of an appointment, state
-/// of a task.
-void follow_change(ItemData& item, host::TextView changed_field, host::Date now);
+/// of a task. `filed_as_before` is what `filed_as` told before the change: a contact that was filed under
+/// that is filed anew.
+void follow_change(ItemData& item, host::TextView changed_field, host::TextView filed_as_before,
+                   host::Date now);
+
+/// What the host itself files a contact under: "Lee, Ann", or whatever of the two there is.
+host::Text filed_as(const ItemData& item);
 
 /// Fills in what the host fills in when an item is saved.
 void complete_for_saving(ItemData& item);

@@ -43,23 +43,12 @@ void join_full_name(ItemData& item) {
     put(item, u"FullName", full);
 }
 
-/// "Lee, Ann", or whatever of the two there is.
-Text filed_as(const ItemData& item) {
-    const Text last = text_of(item, u"LastName");
-    Text first = text_of(item, u"FirstName");
-    const Text middle = text_of(item, u"MiddleName");
-    if (!middle.empty()) first += u" " + middle;
-    if (last.empty()) return first.empty() ? text_of(item, u"CompanyName") : first;
-    return first.empty() ? last : last + u", " + first;
-}
-
-void follow_contact(ItemData& item, TextView changed) {
+void follow_contact(ItemData& item, TextView changed, TextView filed_as_before) {
     const Text former_file_as = text_of(item, u"FileAs");
-    const Text derived_before = filed_as(item);
     if (is(changed, u"FullName")) split_full_name(item);
     if (is(changed, u"FirstName") || is(changed, u"MiddleName") || is(changed, u"LastName"))
         join_full_name(item);
-    if (former_file_as.empty() || former_file_as == derived_before) put(item, u"FileAs", filed_as(item));
+    if (former_file_as.empty() || former_file_as == filed_as_before) put(item, u"FileAs", filed_as(item));
     for (const char16_t number : {u'1', u'2', u'3'}) {
         const Text stem = Text(u"Email") + number;
         if (!is(changed, stem + u"Address")) continue;
@@ -119,9 +108,18 @@ void follow_task(ItemData& item, TextView changed, Date now) {
 
 }  // namespace
 
-void follow_change(ItemData& item, TextView changed, Date now) {
+Text filed_as(const ItemData& item) {
+    const Text last = text_of(item, u"LastName");
+    Text first = text_of(item, u"FirstName");
+    const Text middle = text_of(item, u"MiddleName");
+    if (!middle.empty()) first += u" " + middle;
+    if (last.empty()) return first.empty() ? text_of(item, u"CompanyName") : first;
+    return first.empty() ? last : last + u", " + first;
+}
+
+void follow_change(ItemData& item, TextView changed, TextView filed_as_before, Date now) {
     const ItemKind& kind = kind_of(item.message_class);
-    if (kind.number == object_class::contact) follow_contact(item, changed);
+    if (kind.number == object_class::contact) follow_contact(item, changed, filed_as_before);
     if (kind.number == object_class::appointment) follow_appointment(item, changed);
     if (kind.number == object_class::task) follow_task(item, changed, now);
     if (kind.is_note && is(changed, u"Body")) {

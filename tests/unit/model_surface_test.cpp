@@ -1,0 +1,243 @@
+#include "tests/unit/model_support.h"
+
+namespace model_tests {
+namespace {
+
+class DeskSurface : public ModelTest {
+  protected:
+    Value option(TextView name) const { return desk.get(u"Options", {Value(name)}); }
+    void option(TextView name, const Value& value) const {
+        host::Request request{
+            .access = host::Access::put, .member = u"Options", .arguments = {Value(name), value}};
+        desk.invoke(request);
+    }
+};
+
+TEST_F(DeskSurface, HasOptionsByName) {
+    EXPECT_EQ(option(u"InstantSearch"), Value(false));
+    option(u"instantsearch", true);
+    EXPECT_EQ(option(u"InstantSearch"), Value(true));
+    EXPECT_EQ(option(u"Language"), Value(1033));
+    option(u"Language", 1031);
+    EXPECT_EQ(application.get(u"LanguageSettings").to_object().get(u"LanguageID", {1}), Value(1031));
+    EXPECT_EQ(option(u"DeferredEvents"), Value(false));
+    option(u"DeferredEvents", true);
+    EXPECT_EQ(option(u"DeferredEvents"), Value(true));
+    option(u"EventsAtOnce", true);
+    EXPECT_EQ(option(u"DeferredEvents"), Value(false));
+    EXPECT_EQ(failure_of([&] { option(u"Speed"); }), result::invalid_argument);
+}
+
+TEST_F(DeskSurface, RemembersTheHostsVersionForTheNextStart) {
+    EXPECT_EQ(option(u"HostVersion"), Value(u"16.0.0.0"));
+    option(u"HostVersion", u"9.0.0.3821");
+    EXPECT_EQ(application.Version(), u"16.0.0.0");
+    session = {};
+    application = {};
+    desk = {};
+    world.quit();
+    world.start();
+    EXPECT_EQ(world.application().Version(), u"9.0.0.3821");
+}
+
+TEST_F(DeskSurface, ShowsAnyValueAsText) {
+    const Item mail = world.deliver(acceptance::message());
+    EXPECT_EQ(world.text(mail, u"Subject"), u"Delivery dates");
+    EXPECT_EQ(world.text(mail, u"UnRead"), u"True");
+    EXPECT_EQ(world.text(mail, u"Importance"), u"1");
+    EXPECT_EQ(world.text(mail, u"SentOn").size(), 19U);
+    EXPECT_EQ(failure_of([&] { world.text(mail, u"Recipients"); }), result::type_mismatch);
+    EXPECT_EQ(failure_of([&] { world.text(mail, u"NoSuchMember"); }), result::unknown_name);
+}
+
+TEST_F(DeskSurface, AnswersBoxesInTheirOrder) {
+    const auto ask = [&](TextView title, TextView text) {
+        return world.system().message_box(text, title, host::box::yes_no_cancel);
+    };
+    desk.call(u"Answer", {u"Title", u"second", 7});
+    desk.call(u"Answer", {u"Title", u"", 6});
+    EXPECT_EQ(ask(u"Title", u"the first"), 6) << "the fragment of the earlier one isn't in it";
+    EXPECT_EQ(ask(u"Title", u"the second"), 7);
+    desk.call(u"Answer", {u"Other", u"", 6});
+    EXPECT_EQ(ask(u"Title", u"nobody waits for this"), 2) << "it was closed";
+    const Object messages = desk.get(u"Messages").to_object();
+    ASSERT_EQ(integer(messages, u"Count"), 3);
+    const auto message = [&](std::int32_t i) { return messages.call(u"Item", {i}).to_object(); };
+    EXPECT_EQ(text(message(1), u"Text"), u"the first");
+    EXPECT_EQ(integer(message(1), u"Answer"), 6);
+    EXPECT_EQ(integer(message(1), u"Style"), 3);
+    EXPECT_EQ(text(message(2), u"Title"), u"Title");
+    EXPECT_EQ(integer(message(3), u"Answer"), 0) << "nobody answered";
+    EXPECT_EQ(failure_of([&] { message(0); }), result::bad_index);
+    EXPECT_EQ(failure_of([&] { message(4); }), result::bad_index);
+}
+
+TEST_F(DeskSurface, DeliversMailToTheInbox) {
+    const Item mail = world.deliver(acceptance::message({.more = "X-Desk-Sensitivity: 2\n"}));
+    EXPECT_EQ(inbox().Items().Count(), 1);
+    EXPECT_EQ(mail.Sensitivity(), 2);
+    EXPECT_TRUE(mail.UnRead());
+    EXPECT_TRUE(mail.get(u"Sent").to_boolean());
+    EXPECT_NE(failure_of([&] { desk.call(u"Deliver", {u"/no/such/mail.eml"}); }), 0);
+    EXPECT_NE(failure_of([&] { desk.call(u"Deliver", {world.write_file("x.eml", "")}); }), 0);
+    EXPECT_EQ(inbox().Items().Count(), 1);
+}
+
+TEST_F(DeskSurface, MakesPlannedCallsFail) {
+    add_mail(u"One");
+    world.fail(u"items.find", 1, 2);
+    const Items items = inbox().Items();
+    const auto find = [&] { return failure_of([&] { items.Find(u"[Subject] = \"One\""); }); };
+    EXPECT_EQ(find(), 0);
+    EXPECT_EQ(find(), result::fail);
+    EXPECT_EQ(find(), result::fail);
+    EXPECT_EQ(find(), 0);
+    desk.call(u"Fail", {u"MailItem.Subject", 0, -1, result::access_denied});
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(failure_of([&] { items.Item(1).Subject(); }), result::access_denied);
+}
+
+TEST_F(DeskSurface, CountsWhatIsHeld) {
+    EXPECT_EQ(desk.get(u"Live").to_object().get(u"Total"), Value(0))
+        << "without the add-in nobody holds anything";
+    const Object held = world.boundary().to_add_in(inbox());
+    EXPECT_EQ(desk.get(u"Live").to_object().get(u"Total"), Value(1));
+    EXPECT_EQ(desk.get(u"Live", {u"MAPIFolder"}), Value(1));
+    EXPECT_EQ(desk.get(u"Live", {u"Items"}), Value(0));
+    const Object kinds = desk.get(u"Live").to_object().get(u"Kinds").to_object();
+    EXPECT_EQ(text(kinds.call(u"Item", {1}).to_object(), u"Kind"), u"MAPIFolder");
+}
+
+// what every object answers
+
+class Automation : public ModelTest {};
+
+TEST_F(Automation, FailsWithItsOwnNumbers) {
+    const Item mail = add_mail(u"x");
+    EXPECT_EQ(failure_of([&] { mail.get(u"NoSuchMember"); }), result::unknown_name);
+    EXPECT_EQ(failure_of([&] { mail.call(u"NoSuchMember", {1}); }), result::unknown_name);
+    EXPECT_EQ(failure_of([&] { mail.put(u"EntryID", u"x"); }), result::member_not_found) << "read only";
+    EXPECT_EQ(failure_of([&] { mail.put(u"Importance", u"high"); }), result::type_mismatch);
+    EXPECT_EQ(failure_of([&] { mail.call(u"Move"); }), result::bad_count);
+    EXPECT_EQ(failure_of([&] { mail.call(u"Save", {1}); }), result::bad_count);
+    EXPECT_EQ(failure_of([&] { mail.call(u"Move", {1}); }), result::type_mismatch);
+    EXPECT_EQ(failure_of([&] { mail.call(u"Move", {Value(mail)}); }), result::type_mismatch);
+    EXPECT_EQ(failure_of([&] { Object().get(u"Name"); }), result::object_not_set);
+    host::Request unknown{.access = host::Access::get, .member = {}, .id = 0x7FFF};
+    EXPECT_EQ(failure_of([&] { mail.invoke(unknown); }), result::member_not_found);
+    host::Request named{.member = u"Display", .named = {{u"NoSuchArgument", true}}};
+    EXPECT_EQ(failure_of([&] { mail.invoke(named); }), result::unknown_name);
+}
+
+TEST_F(Automation, TakesMembersByNameInAnyCaseAndById) {
+    const Item mail = add_mail(u"x");
+    EXPECT_EQ(text(mail, u"SUBJECT"), u"x");
+    host::Request find_id{.access = host::Access::identify, .member = u"subject"};
+    mail.invoke(find_id);
+    EXPECT_EQ(find_id.id, 0x37);
+    host::Request by_id{.access = host::Access::get, .member = {}, .id = 0x37};
+    EXPECT_EQ(mail.invoke(by_id), Value(u"x"));
+    host::Request unknown{.access = host::Access::identify, .member = u"NoSuchMember"};
+    EXPECT_EQ(failure_of([&] { mail.invoke(unknown); }), result::unknown_name);
+}
+
+TEST_F(Automation, AnswersTheCommonMembers) {
+    const Item mail = add_mail(u"x");
+    for (const Object& object : {Object(mail), Object(inbox()), Object(inbox().Items()), Object(session),
+                                 Object(mail.UserProperties()), Object(application.ActiveExplorer())}) {
+        EXPECT_EQ(object.get(u"Application").to_object(), Object(application));
+        EXPECT_EQ(object.get(u"Session").to_object(), Object(session));
+        EXPECT_TRUE(object.get(u"Parent").to_object());
+        EXPECT_GE(integer(object, u"Class"), 1);
+    }
+    EXPECT_EQ(failure_of([&] { application.GetNamespace(u"IMAP"); }), result::invalid_argument);
+    EXPECT_EQ(application.GetNamespace(u"mapi"), session);
+}
+
+TEST_F(Automation, MakesObjectsByName) {
+    const Object made = application.call(u"CreateObject", {u"Tarnwell.connect"}).to_object();
+    EXPECT_EQ(made.call(u"GetFolderId", {u"Account Profiles"}).to_text(), world.account_profiles().EntryID());
+    EXPECT_EQ(failure_of([&] { application.call(u"CreateObject", {u"No.Such"}); }), result::bad_prog_id);
+}
+
+// command bars
+
+class Bars : public ModelTest {
+  protected:
+    static constexpr std::int32_t button = 1, popup = 10;
+    Object bars = application.ActiveExplorer().CommandBars();
+    Object bar(TextView name) const { return bars.get(u"Item", {Value(name)}).to_object(); }
+    static Object controls(const Object& owner) { return owner.get(u"Controls").to_object(); }
+    static Object add(const Object& owner, TextView caption, TextView tag) {
+        const Object control = controls(owner).call(u"Add", {button}).to_object();
+        control.put(u"Caption", Value(caption));
+        control.put(u"Tag", Value(tag));
+        return control;
+    }
+};
+
+TEST_F(Bars, OfAWindowHaveTheHostsOwn) {
+    EXPECT_EQ(text(bar(u"context menu"), u"Name"), u"Context Menu");
+    EXPECT_TRUE(bar(u"Standard").get(u"BuiltIn").to_boolean());
+    EXPECT_EQ(failure_of([&] { bar(u"No such bar"); }), result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { bar(u"Standard").call(u"Delete"); }), result::fail);
+    EXPECT_EQ(failure_of([&] { bars.get(u"Item", {0}); }), result::bad_index);
+}
+
+TEST_F(Bars, AreAddedHiddenAndDeleted) {
+    const Object made = bars.call(u"Add", {u"TarnwellCreateNote"}).to_object();
+    EXPECT_FALSE(made.get(u"Visible").to_boolean());
+    made.put(u"Visible", true);
+    EXPECT_EQ(failure_of([&] { bars.call(u"Add", {u"tarnwellcreatenote"}); }), result::invalid_argument);
+    const Object control = add(made, u"Create Note", u"t");
+    made.call(u"Delete");
+    EXPECT_EQ(failure_of([&] { bar(u"TarnwellCreateNote"); }), result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { control.get(u"Caption"); }), result::object_deleted);
+}
+
+TEST_F(Bars, HaveControlsThatAreFoundByTag) {
+    const Object menu = bar(u"Context Menu");
+    add(menu, u"One", u"tag one");
+    const Object two = add(menu, u"Two", u"tag two");
+    EXPECT_EQ(integer(controls(menu), u"Count"), 2);
+    host::Request find{.member = u"FindControl", .named = {{u"Type", button}, {u"Tag", u"tag two"}}};
+    EXPECT_EQ(menu.invoke(find).to_object(), two);
+    host::Request none{.member = u"FindControl", .named = {{u"Type", popup}, {u"Tag", u"tag two"}}};
+    EXPECT_FALSE(menu.invoke(none).to_object());
+    EXPECT_EQ(controls(menu).get(u"Item", {u"two"}).to_object(), two);
+    two.call(u"Delete");
+    EXPECT_EQ(integer(controls(menu), u"Count"), 1);
+    EXPECT_EQ(failure_of([&] { two.call(u"Delete"); }), result::object_deleted);
+}
+
+TEST_F(Bars, TellOfAClick) {
+    const Object one = add(bar(u"Context Menu"), u"One", u"");
+    int clicks = 0;
+    host::Sink sink;
+    sink.connect(host::events::button, one, {{u"Click", [&](std::span<Value>) { ++clicks; }}});
+    one.call(u"Execute");
+    EXPECT_EQ(clicks, 1);
+    one.put(u"Enabled", false);
+    one.call(u"Execute");
+    EXPECT_EQ(clicks, 1) << "a disabled one can't be pressed";
+}
+
+TEST_F(Bars, ThatAreProtectedTakeNoControls) {
+    const Object menu = bar(u"Context Menu");
+    constexpr std::int32_t no_customize = 1;
+    menu.put(u"Protection", no_customize);
+    EXPECT_EQ(failure_of([&] { add(menu, u"One", u""); }), result::fail);
+    menu.put(u"Protection", 0);
+    EXPECT_EQ(failure_of([&] { add(menu, u"One", u""); }), 0);
+}
+
+TEST_F(Bars, OfEachWindowAreItsOwn) {
+    add(bar(u"Context Menu"), u"One", u"");
+    const Object other = inbox().call(u"GetExplorer").to_object().get(u"CommandBars").to_object();
+    EXPECT_EQ(integer(controls(other.get(u"Item", {u"Context Menu"}).to_object()), u"Count"), 0);
+    const Object inspector = add_mail(u"x").get(u"GetInspector").to_object().get(u"CommandBars").to_object();
+    EXPECT_EQ(failure_of([&] { inspector.get(u"Item", {u"Context Menu"}); }), result::invalid_argument);
+}
+
+}  // namespace
+}  // namespace model_tests
