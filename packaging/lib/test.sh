@@ -187,9 +187,10 @@ check_tidy() {
         read -r hash build unit <<<"$line"
         if [[ -f $BUILD/tidy/clean/$hash ]]; then good=$((good + 1)); else
             bad=$((bad + 1))
-            grep -E '(error|warning):' "$BUILD/tidy/logs/$hash" >&2 || tail -n 5 "$BUILD/tidy/logs/$hash" >&2
+            grep -E '(error|warning):' "$BUILD/tidy/logs/$hash" || tail -n 5 "$BUILD/tidy/logs/$hash"
         fi
-    done
+    done > >(LC_ALL=C sort -u >&2) # a header's finding comes once for each file that includes it
+    wait $!
     ((good + bad > 0)) || bad=1
     count "clang-tidy" "$good" "$bad"
 }
