@@ -1,0 +1,25 @@
+// Measures the filing of mail with add-in and desk in one process.
+#include <cstdlib>
+#include <iostream>
+
+#include "bench/native/measures.h"
+
+namespace bench {
+
+std::unique_ptr<native::NativeWorld> filing_world() {
+    auto world = std::make_unique<native::NativeWorld>(acceptance::WorldSetup{});
+    world->family(u"EmailAutoFile", u"1");
+    acceptance::add_contact(*world);
+    return world;
+}
+
+}  // namespace bench
+
+int main() try {
+    const bool calls_right = bench::calls_of_a_mail();
+    const bool times_right = bench::time_of_a_mail();
+    return calls_right && times_right ? EXIT_SUCCESS : EXIT_FAILURE;
+} catch (const host::Failure& failure) {
+    std::cout << "WRONG: a call failed: " << failure.what() << "\n";
+    return EXIT_FAILURE;
+}

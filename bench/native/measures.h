@@ -1,0 +1,21 @@
+// What is measured with add-in and desk in one process. Each measure prints its tables and answers whether
+// what it has seen is right.
+#pragma once
+
+#include <memory>
+
+#include "tests/acceptance/people.h"
+#include "tests/native/native_world.h"
+
+namespace bench {
+
+/// A world that files received mail and has one contact, the usual sender of the mails.
+std::unique_ptr<native::NativeWorld> filing_world();
+
+/// The calls that the add-in makes for one mail.
+bool calls_of_a_mail();
+
+/// What a mail's filing takes with few and with many contacts.
+bool time_of_a_mail();
+
+}  // namespace bench

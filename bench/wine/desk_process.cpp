@@ -1,0 +1,45 @@
+#include "bench/wine/desk_process.h"
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <stdexcept>
+
+#include "tests/wine/registry.h"
+
+#include <psapi.h>
+
+namespace bench {
+namespace {
+
+struct CloseHandleOf {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+
+}  // namespace
+
+std::optional<std::string> log_line(const std::string& start) {
+    const std::optional<host::Text> log =
+        wine::read_text(HKEY_CURRENT_USER, u"Software\\Tarnwell\\Desk", u"LogFile");
+    if (!log) return {};
+    std::optional<std::string> found;
+    std::ifstream file(std::filesystem::path(*log), std::ios::binary);
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(start)) found = line.substr(start.size());
+    }
+    return found;
+}
+
+std::uint64_t desk_memory() {
+    const std::optional<std::string> id = log_line("process ");
+    if (!id) throw std::runtime_error("the desk's log does not tell its process");
+    const std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseHandleOf> process(
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, static_cast<DWORD>(std::stoul(*id))));
+    PROCESS_MEMORY_COUNTERS counters{};
+    if (!process || !GetProcessMemoryInfo(process.get(), &counters, sizeof counters)) {
+        throw std::runtime_error("the memory of the desk's process can't be read");
+    }
+    return counters.WorkingSetSize;
+}
+
+}  // namespace bench

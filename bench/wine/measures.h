@@ -1,0 +1,16 @@
+// What is measured with the real library in the real desk. Each measure prints its tables and answers whether
+// what it has seen is right.
+#pragma once
+
+namespace bench {
+
+/// The calls that reach the desk for the first mails of a session.
+bool round_trips();
+
+/// What start and end of the add-in take.
+bool start_and_end();
+
+/// So many mails, one after the other, in one session.
+bool soak(int mail_count);
+
+}  // namespace bench

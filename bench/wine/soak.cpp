@@ -1,0 +1,119 @@
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+#include <set>
+
+#include "bench/table.h"
+#include "bench/wine/desk_process.h"
+#include "bench/wine/measures.h"
+#include "tests/acceptance/people.h"
+
+namespace bench {
+namespace {
+
+using acceptance::World;
+using host::Text;
+using host::outlook::Item;
+
+constexpr double largest_growth = 1.05;
+
+/// After so many mails the desk is at its working size; of a short run it is the first quarter.
+constexpr int longest_warm_up = 500;
+
+/// The mails come in this order, over and over: half of them from a known sender.
+struct Kind {
+    const char* from;
+    const char* more;
+    bool is_filed;
+};
+constexpr Kind kinds[] = {
+    {"Ann Lee <ann.lee@northmill.example>", "", true},
+    {"Nobody <nobody@elsewhere.example>", "", false},
+    {"Ann Lee <ann.lee@northmill.example>", "X-Desk-Sensitivity: 2\n", false},
+    {"Nobody <nobody@elsewhere.example>", "X-Desk-Sensitivity: 3\n", false},
+    {"ANN.LEE@NORTHMILL.EXAMPLE", "", true},
+    {"ann.lee@northmill.example.elsewhere.example", "", false},
+};
+
+/// The desk between two mails.
+struct State {
+    int mails = 0;
+    std::int32_t held = 0;  ///< of its objects, from outside
+    double memory = 0;      ///< bytes
+};
+
+State state_of(World& world, int mails) {
+    const host::Object live = world.desk().get(u"Live").to_object();
+    return {mails, live.get(u"Total").to_integer(), static_cast<double>(desk_memory())};
+}
+
+/// The subjects of the notes that there are.
+std::vector<Text> subjects_of_notes(World& world) {
+    std::vector<Text> subjects;
+    const host::outlook::Items items = world.below(u"Email").Items();
+    const std::int32_t count = items.Count();
+    for (std::int32_t i = 1; i <= count; ++i) subjects.push_back(items.Item(i).Subject());
+    return subjects;
+}
+
+}  // namespace
+
+bool soak(int mail_count) {
+    const auto world = acceptance::make_world({});
+    world->family(u"EmailAutoFile", u"1");
+    acceptance::add_contact(*world);
+
+    const int warm_up = std::min(longest_warm_up, mail_count / 4);
+    const auto begin = std::chrono::steady_clock::now();
+    State first;
+    std::vector<Text> to_be_filed;
+    int wrong = 0;
+    for (int i = 0; i < mail_count; ++i) {
+        if (i == warm_up) first = state_of(*world, i);
+        const Kind& kind = kinds[static_cast<std::size_t>(i) % std::size(kinds)];
+        const std::string subject = "Mail " + std::to_string(i);
+        const Item mail =
+            acceptance::read_mail(*world, {.from = kind.from, .subject = subject, .more = kind.more});
+        if (acceptance::is_marked(mail) != kind.is_filed) ++wrong;
+        if (kind.is_filed) to_be_filed.push_back(host::from_utf8(subject));
+    }
+    world->settle();
+    const State last = state_of(*world, mail_count);
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begin;
+
+    std::vector<Text> notes = subjects_of_notes(*world);
+    const std::size_t distinct = std::set(notes.begin(), notes.end()).size();
+    Table decisions("A long session", {"", "count"});
+    decisions.row({"mails read", std::to_string(mail_count)});
+    decisions.row({"of them to be filed", std::to_string(to_be_filed.size())});
+    decisions.row({"notes", std::to_string(notes.size())});
+    decisions.row({"mails filed twice", std::to_string(notes.size() - distinct)});
+    decisions.row({"wrong decisions", std::to_string(wrong)});
+    decisions.row({"mails a second", decimal(mail_count / time.count(), 1)});
+    decisions.print(std::cout);
+
+    Table states("The desk in that session", {"mails", "objects held from outside", "memory in MB"});
+    for (const State& state : {first, last}) {
+        states.row({std::to_string(state.mails), std::to_string(state.held),
+                    decimal(state.memory / (1024 * 1024), 2)});
+    }
+    states.print(std::cout);
+
+    const struct {
+        bool holds;
+        const char* otherwise;
+    } checks[] = {
+        {wrong == 0 && notes == to_be_filed, "WRONG: mails were filed that should not be, or the other way"},
+        {last.held == first.held, "WRONG: objects are held on to"},
+        {last.memory <= first.memory * largest_growth, "WRONG: the desk's memory grows by more than 5 %"},
+    };
+    bool right = true;
+    for (const auto& check : checks) {
+        if (check.holds) continue;
+        std::cout << check.otherwise << "\n\n";
+        right = false;
+    }
+    return right;
+}
+
+}  // namespace bench
