@@ -181,7 +181,7 @@ Text Value::to_text() const {
 
 Object Value::to_object() const {
     if (const auto* object = std::get_if<std::shared_ptr<Invocable>>(&data_)) return Object(*object);
-    if (is(Type::empty)) return {};
+    if (is(Type::empty) || is(Type::null)) return {};  // script engines write Nothing so
     mismatch();
 }
 

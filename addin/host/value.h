@@ -76,7 +76,7 @@ class Value {
     double to_number() const;
     Date to_date() const;
     Text to_text() const;      ///< booleans as "True" and "False", dates as `to_text(Date)`, empty as ""
-    Object to_object() const;  ///< an empty object for Nothing and for an empty value
+    Object to_object() const;  ///< an empty object for Nothing, an empty value and null
     const Array& to_array() const;
 
     /// Equal in type and content; objects by identity.

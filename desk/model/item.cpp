@@ -81,7 +81,7 @@ void Item::check_there() const {
 }
 
 Value Item::invoke(Request& request) {
-    check_there();
+    if (request.access != host::Access::identify) check_there();  // names are resolved for what is gone, too
     return ModelObject::invoke(request);
 }
 
