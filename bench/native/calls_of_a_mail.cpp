@@ -8,7 +8,6 @@ namespace bench {
 namespace {
 
 using host::outlook::Item;
-using native::NativeWorld;
 
 struct Mail {
     const char* name;

@@ -12,7 +12,6 @@
 namespace addin_tests {
 namespace {
 
-using acceptance::MailPlan;
 using host::outlook::Item;
 using native::NativeWorld;
 
