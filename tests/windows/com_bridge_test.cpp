@@ -142,6 +142,34 @@ TEST_F(BridgeTest, AClientsReferencesAreWrittenBack) {
     SysFreeString(left);
 }
 
+TEST_F(BridgeTest, WhatStaysAsItWasIsNotWrittenBack) {
+    Variant bytes;
+    SAFEARRAYBOUND bounds{2, 0};
+    bytes.parray = SafeArrayCreate(VT_UI1, 1, &bounds);
+    bytes.vt = VT_ARRAY | VT_UI1;
+    VARIANT reference;
+    VariantInit(&reference);
+    reference.vt = VT_BYREF | VT_ARRAY | VT_UI1;  // of a type that has no way back
+    reference.pparray = &bytes.parray;
+    DISPPARAMS parameters{&reference, nullptr, 1, 0};
+    EXPECT_EQ(
+        bridge->Invoke(id_of(L"Echo"), IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr),
+        S_OK);
+}
+
+/// Answers whatever it is asked.
+class Yes : public host::Invocable {
+  public:
+    Value invoke(Request&) override { return true; }
+};
+
+TEST_F(BridgeTest, TheIdOfNothingIsNeverAsked) {
+    const auto yes = inside->bridge(std::make_shared<Yes>());
+    DISPPARAMS none{};
+    EXPECT_EQ(yes->Invoke(DISPID_UNKNOWN, IID_NULL, 0, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+              DISP_E_MEMBERNOTFOUND);
+}
+
 /// The rest of a walk, item by item.
 std::vector<Value> walked(IEnumVARIANT& walk, Apartment& apartment) {
     std::vector<Value> items;
@@ -201,6 +229,19 @@ TEST_F(Walk, SkipsResetsAndIsCloned) {
     EXPECT_EQ(walked(*walk.get(), *outside).size(), 4U);
     EXPECT_EQ(walk->Next(2, items, nullptr), E_POINTER);
     EXPECT_EQ(walk->Next(1, nullptr, nullptr), E_POINTER);
+}
+
+TEST_F(Walk, ThatFailsHandsOutNothingAndStaysWhereItWas) {
+    sample->items = {u"a", Object(std::make_shared<LaterSample>()), Value(Sample::broken)};
+    const auto walk = start();
+    Variant items[3];
+    ULONG fetched = 9;
+    EXPECT_EQ(walk->Next(3, items, &fetched), host::result::object_deleted);
+    EXPECT_EQ(fetched, 0U);
+    EXPECT_EQ(items[0].vt, VT_EMPTY);
+    EXPECT_EQ(items[1].vt, VT_EMPTY);
+    sample->items.pop_back();
+    EXPECT_EQ(walked(*walk.get(), *outside).size(), 2U);
 }
 
 TEST_F(Walk, IsRefusedByWhatIsNoCollection) {

@@ -1,4 +1,5 @@
 #include "com_sample.h"
+#include "windows/com/com_object.h"
 
 namespace windows::testing {
 namespace {
@@ -111,6 +112,56 @@ TEST_F(Calls, ObjectsAreAssigned) {
     EXPECT_EQ(target->value.to_object().target(), other) << "what comes home is the object itself";
     sample.put(u"Value", Value(Object()));
     EXPECT_FALSE(target->value.to_object());
+}
+
+/// Takes an object in one way of assignment only, as type libraries declare it.
+class Picky : public ComObject<IDispatch> {
+  public:
+    Picky(Module& module, WORD way) : ComObject(module), way_(way) {}
+
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) noexcept override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) noexcept override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID* ids) noexcept override {
+        *ids = 5;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                     UINT*) noexcept override {
+        ++calls;
+        return flags == way_ ? S_OK : DISP_E_MEMBERNOTFOUND;
+    }
+    int calls = 0;
+
+  private:
+    void* query(REFIID iid) noexcept override {
+        return iid == IID_IUnknown || iid == IID_IDispatch ? static_cast<IDispatch*>(this) : nullptr;
+    }
+    WORD way_;
+};
+
+TEST_F(Calls, FindOutHowAMemberTakesObjectsAndRememberIt) {
+    constexpr WORD by_value = DISPATCH_PROPERTYPUT, by_reference = DISPATCH_PROPERTYPUTREF;
+    for (const WORD way : {by_value, by_reference}) {
+        auto* picky = new Picky(module, way);
+        const auto owner = ComPtr<IDispatch>::attach(picky);
+        const Object object = outside->adapt(picky);
+        object.put(u"Member", Value(Object()));
+        picky->calls = 0;
+        object.put(u"Member", Value(Object()));
+        EXPECT_EQ(picky->calls, 1);
+    }
+}
+
+TEST_F(Calls, AMemberThatTakesNoObjectsIsNotFound) {
+    const auto picky = ComPtr<IDispatch>::attach(new Picky(module, 0));
+    const Object object = outside->adapt(picky.get());
+    EXPECT_EQ(failure_number([&] { object.put(u"Member", Value(Object())); }),
+              host::result::member_not_found);
+}
+
+TEST_F(Calls, ErrorNumbersOf16BitsHaveTheirPlace) {
+    const Object sample = seen(std::make_shared<Sample>());
+    EXPECT_EQ(failure_number([&] { sample.call(u"Fail", {424}); }), host::result::object_required);
 }
 
 TEST_F(Calls, AskForAnIdOnceForAllObjectsOfAKind) {

@@ -54,6 +54,21 @@ TEST_F(Events, EndWithTheSubscription) {
     EXPECT_EQ(count, 1);
 }
 
+TEST_F(Events, EachSubscriptionEndsByItself) {
+    auto source = std::make_shared<Sample>();
+    std::string heard;
+    host::Sink first, second;
+    first.connect(sample_interface, seen(source),
+                  {{u"Opened", [&](std::span<Value>) { heard += "first "; }}});
+    second.connect(sample_interface, seen(source),
+                   {{u"Opened", [&](std::span<Value>) { heard += "second "; }}});
+    std::vector<Value> none;
+    source->raise(1, none);
+    second.clear();
+    source->raise(1, none);
+    EXPECT_EQ(heard, "first second first ");
+}
+
 TEST_F(Events, AHandlerMayEndItsOwnSubscription) {
     auto source = std::make_shared<Sample>();
     host::Sink sink;

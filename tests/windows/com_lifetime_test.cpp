@@ -26,6 +26,19 @@ TEST_F(Lifetime, WhatComesBackIsWhatWentOut) {
     EXPECT_EQ(outside->adapt(bridge.get()), adapter) << "one adapter while it lives";
 }
 
+TEST_F(Lifetime, AnAddressThatIsUsedAgainIsAnotherObject) {
+    IDispatch* const gone = inside->bridge(std::make_shared<Sample>()).get();
+    const auto other = std::make_shared<Sample>();
+    std::vector<ComPtr<IDispatch>> bridges;
+    for (int i = 0; i < 50 && (bridges.empty() || bridges.back().get() != gone); ++i) {
+        auto apartment = Apartment::create(module, u"Another");
+        bridges.push_back(apartment->bridge(other));
+        EXPECT_NE(inside->adapt(bridges.back().get()), other) << "a stranger's object is adapted";
+        EXPECT_EQ(Object(inside->adapt(bridges.back().get())).call(u"Double", {i}), Value(2 * i));
+    }
+    EXPECT_EQ(bridges.back().get(), gone) << "the address did not come up again: the test showed nothing";
+}
+
 TEST_F(Lifetime, AnUnknownIsTheObjectThatItIs) {
     auto sample = std::make_shared<Sample>();
     Variant variant;
@@ -88,10 +101,13 @@ TEST_F(Lifetime, FactoriesMakeObjectsAndLockTheModule) {
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
     made.reset();
     factory->LockServer(TRUE);
-    const auto watch = factory;
     factory.reset();
-    EXPECT_FALSE(module.idle());
-    watch->LockServer(FALSE);
+    EXPECT_FALSE(module.idle()) << "a lock holds the module without any object";
+    EXPECT_EQ(module.objects(), 0);
+    factory = ClassFactory::create(module, [] { return ComPtr<IUnknown>(); });
+    factory->LockServer(FALSE);
+    factory.reset();
+    EXPECT_TRUE(module.idle());
 }
 
 TEST_F(Lifetime, AFactoryWhoseMakerFailsReportsIt) {

@@ -79,6 +79,7 @@ const host::Members<Sample>& Sample::members() {
          [](Sample& self, const Arguments& arguments) -> Value {
              const auto index = static_cast<std::size_t>(arguments[0].to_integer());
              if (index < 1 || index > self.items.size()) throw Failure(host::result::bad_index);
+             if (self.items[index - 1] == Value(broken)) throw Failure(host::result::object_deleted);
              return self.items[index - 1];
          }},
     };

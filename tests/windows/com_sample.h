@@ -35,6 +35,8 @@ class Sample : public host::Automated<Sample>, public Named {
     /// Raises an event to every sink; the arguments come back as the sinks have changed them.
     void raise(std::int32_t id, std::vector<Value>& arguments, std::uint32_t by_reference = 0);
 
+    static constexpr TextView broken = u"broken";  ///< an item that can't be handed out
+
     Value value;
     std::vector<Value> items;
     std::map<std::int32_t, Object> sinks;

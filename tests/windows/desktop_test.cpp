@@ -91,6 +91,14 @@ TEST_F(DesktopTest, ObjectsAreMadeByName) {
     EXPECT_EQ(failure_number([&] { desktop.create(u"No.Such.Class"); }), host::result::bad_prog_id);
 }
 
+TEST_F(DesktopTest, PropertiesOfTheSystemsObjectsAreReadAndWritten) {
+    const host::Object shell = desktop.create(u"WScript.Shell");
+    const host::Value before = shell.get(u"CurrentDirectory");
+    shell.put(u"CurrentDirectory", u"C:\\windows");
+    EXPECT_EQ(host::folded(shell.get(u"CurrentDirectory").to_text()), u"c:\\windows");
+    shell.put(u"CurrentDirectory", before);
+}
+
 class Files : public DesktopTest {
   protected:
     Files() {
