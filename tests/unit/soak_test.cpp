@@ -16,7 +16,7 @@ using host::outlook::Item;
 using native::NativeWorld;
 
 #ifdef __SANITIZE_ADDRESS__
-// There a mail takes many times longer. And freed memory is not given to the next who asks but kept for a
+// There a mail takes five times as long. And freed memory is not given to the next who asks but kept for a
 // while, so that its use is noticed: how much is resident tells nothing of leaks, which are looked for at the
 // end of the program anyway. What is held is still counted.
 constexpr int mail_count = 2'000;
