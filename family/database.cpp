@@ -157,8 +157,10 @@ std::vector<Value> Database::drop_downs(TextView list) {
 Folders Database::stores() {
     Folders all = list(session_.Folders());
     const Text chosen = surroundings_.setting(setting::store_id);
-    std::ranges::stable_partition(
-        all, [&](const Folder& store) { return asked([&] { return store.StoreID(); }) == chosen; });
+    const auto is_chosen = [&](const Folder& store) {
+        return asked([&] { return store.StoreID(); }) == chosen;
+    };
+    std::stable_partition(all.begin(), all.end(), is_chosen);
     return all;
 }
 

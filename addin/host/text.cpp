@@ -137,9 +137,8 @@ bool same_ignoring_case(TextView left, TextView right) {
 }
 
 int compare_ignoring_case(TextView left, TextView right) {
-    const auto [a, b] = std::ranges::mismatch(left, right, [](char16_t one, char16_t other) {
-        return one == other || lower(one) == lower(other);
-    });
+    const auto [a, b] = std::ranges::mismatch(
+        left, right, [](char16_t one, char16_t other) { return one == other || lower(one) == lower(other); });
     if (a == left.end()) return b == right.end() ? 0 : -1;
     if (b == right.end()) return 1;
     return lower(*a) < lower(*b) ? -1 : 1;

@@ -107,7 +107,7 @@ std::vector<RowId> Desk::folders_below(RowId parent) const {
     return below;
 }
 
-RowId Desk::add_folder(FolderRow row) {
+RowId Desk::add_folder(const FolderRow& row) {
     const RowId id = store_->add_folder(row);
     load_folders();
     tell_folders(row.parent, u"FolderAdd", id);
@@ -239,10 +239,9 @@ namespace {
 
 /// Tells all who watch and are still there.
 template <class Watched>
-void tell(const std::vector<std::weak_ptr<Watched>>& watchers, TextView event,
-          const std::vector<Value>& arguments) {
-    const std::vector<std::weak_ptr<Watched>> told = watchers;
-    for (const auto& watcher : told) {
+void tell(std::vector<std::weak_ptr<Watched>> watchers, TextView event, const std::vector<Value>& arguments) {
+    // the list is taken as it stands now: who is told may begin or end to watch
+    for (const auto& watcher : watchers) {
         if (const std::shared_ptr<Watched> there = watcher.lock()) there->raise(event, arguments);
     }
 }

@@ -88,7 +88,7 @@ class Desk {
     host::Text store_uid(RowId folder) const;         ///< of the store that a folder lies in
     RowId default_folder(std::int32_t number) const;  ///< 0 if the profile has none
     std::vector<RowId> folders_below(RowId parent) const;
-    RowId add_folder(FolderRow row);
+    RowId add_folder(const FolderRow& row);
     void save_folder(RowId id);
     void remove_folder(RowId id);
     void refresh_folders();

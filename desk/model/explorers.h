@@ -45,7 +45,7 @@ class Explorer : public ModelObject<Explorer> {
     void activate();
     void close_window();
 
-    std::int32_t left = 40, top = 40, width = 1000, height = 640;
+    std::int32_t left = 40, top = 40, width = 1080, height = 640;
     std::int32_t window_state = 2;  ///< OlWindowState: normal
 
   private:

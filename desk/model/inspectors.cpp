@@ -22,6 +22,19 @@ namespace {
 
 constexpr std::int32_t save_changes = 0, discard_changes = 1;  // OlInspectorClose
 
+/// What a window calls its item, by the number of the item's class.
+struct WindowName {
+    std::int32_t number;
+    host::TextView name;
+};
+constexpr WindowName window_names[] = {{object_class::mail, u"Message"},
+                                       {object_class::appointment, u"Appointment"},
+                                       {object_class::contact, u"Contact"},
+                                       {object_class::task, u"Task"},
+                                       {object_class::journal, u"Journal Entry"},
+                                       {object_class::note, u"Note"},
+                                       {object_class::post, u"Post"}};
+
 template <std::int32_t Inspector::*place>
 Value placed(Inspector& self, const Arguments& arguments) {
     if (arguments.is_put()) self.*place = arguments.assigned().to_integer();
@@ -39,7 +52,8 @@ EventInterfaces Inspector::event_interfaces() const { return events::inspector; 
 
 Text Inspector::caption() const {
     const Text subject = item_->subject();
-    return (subject.empty() ? Text(u"Untitled") : subject) + u" - " + host::from_utf8(item_->kind().name);
+    return (subject.empty() ? Text(u"Untitled") : subject) + u" - " +
+           Text(std::ranges::find(window_names, item_->kind().number, &WindowName::number)->name);
 }
 
 bool Inspector::is_open() const {

@@ -26,7 +26,7 @@ class Inspector : public ModelObject<Inspector> {
     void close_window();  ///< leaves the item as it is
     bool is_open() const;
 
-    std::int32_t left = 120, top = 90, width = 700, height = 500;
+    std::int32_t left = 400, top = 320, width = 640, height = 400;
     std::int32_t window_state = 2;  ///< OlWindowState: normal
 
   private:

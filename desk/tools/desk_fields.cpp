@@ -25,7 +25,7 @@ Text take_word(TextView& rest) {
 }
 
 /// `-` stands for an empty value.
-Text value_of(Text written) { return written == u"-" ? Text() : written; }
+Text value_of(const Text& written) { return written == u"-" ? Text() : written; }
 
 struct NativeAddress {
     Text type;

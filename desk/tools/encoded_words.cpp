@@ -19,8 +19,8 @@ struct EncodedWord {
 
 bool is_blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-/// The base64 word that begins at a place, if one does. Words are short; what looks like the start of an endless one is
-/// none.
+/// The base64 word that begins at a place, if one does. Words are short; what looks like the start of an
+/// endless one is none.
 std::optional<EncodedWord> word_at(std::string_view field, std::size_t start) {
     constexpr std::size_t longest = 8192;
     if (!field.substr(start).starts_with("=?")) return std::nullopt;

@@ -22,9 +22,9 @@ struct Column {
     int width;
 };
 constexpr Column mail_columns[] = {{u"From", u"SenderName", 170},
-                                   {u"Subject", u"Subject", 320},
+                                   {u"Subject", u"Subject", 300},
                                    {u"Received", u"ReceivedTime", 130},
-                                   {u"Flag", u"FlagRequest", 190}};
+                                   {u"Flag", u"FlagRequest", 215}};
 constexpr Column post_columns[] = {{u"Subject", u"Subject", 320},
                                    {u"Account", u"Account Name", 190},
                                    {u"Contact", u"Contact Name", 160},

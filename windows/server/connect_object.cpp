@@ -5,7 +5,7 @@
 namespace windows {
 
 ComPtr<IUnknown> ConnectObject::create(const std::shared_ptr<Load>& load,
-                                       std::shared_ptr<addin::Connect> connect) {
+                                       const std::shared_ptr<addin::Connect>& connect) {
     return ComPtr<IUnknown>::attach((new ConnectObject(load, connect))->identity());
 }
 

@@ -11,7 +11,7 @@ namespace windows {
 class ConnectObject final : public Bridge {
   public:
     static ComPtr<IUnknown> create(const std::shared_ptr<Load>& load,
-                                   std::shared_ptr<addin::Connect> connect);
+                                   const std::shared_ptr<addin::Connect>& connect);
 
   private:
     ConnectObject(const std::shared_ptr<Load>& load, const std::shared_ptr<addin::Connect>& connect)
