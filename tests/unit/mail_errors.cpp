@@ -28,6 +28,8 @@ const Case cases[] = {
     {"From: a@b.example\nSubject: x\n", "The mail is cut off: the file ends inside the header."},
     {"From: a@b.example\nSubject: x\nHi there\n\nHi\n",
      "The header of the mail has no end: line 3 is no field."},
+    {"From: a@b.example\nDear Ann: hello\n\nHi\n", "The header of the mail has no end: line 2 is no field."},
+    {"From: a@b.example\nContent-Transfer-Encoding: base64\n\nSGFsbG8=\n-- \nThe list's footer\n", ""},
     {"From: a@b.example\nContent-Type: multipart/mixed; boundary=x\n\n--x\n\nHi\n",
      "The mail is cut off: its last part has no closing boundary."},
     {"From: a@b.example\nContent-Type: multipart/mixed\n\nHi\n",

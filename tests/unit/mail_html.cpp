@@ -57,6 +57,7 @@ const CharsetCase charset_cases[] = {
     {"\x1B$B$\"\x1B(B", "iso-2022-jp", u"あ"},
     {"a\x81z", "windows-1252", u"a\uFFFDz"},
     {"a\x82", "shift_jis", u"a\uFFFD"},
+    {"a\x8F\xA2", "euc-jp", u"a\uFFFD"},
     {"\xE4", "x-nobody-knows", u"ä"},
 };
 

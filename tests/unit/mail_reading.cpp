@@ -71,6 +71,12 @@ TEST(MailReading, LeavesTheSenderEmptyWithoutFrom) {
     EXPECT_EQ(field(mail, u"To"), "bob@one.example");
 }
 
+TEST(MailReading, PassesOverWhatMailboxesAndEditorsPutInFront) {
+    EXPECT_EQ(field(read("From ann@one.example Tue Mar  3 09:15:00 2026\nSubject: x\n\nHi\n"), u"Subject"),
+              "x");
+    EXPECT_EQ(field(read("\xEF\xBB\xBFSubject: x\n\nHi\n"), u"Subject"), "x");
+}
+
 TEST(MailReading, FlattensGroupsAndSeveralLines) {
     const desk::ItemData mail = read(
         "To: Team: ann@one.example, Bob <bob@one.example>;, carl@one.example\nTo: dora@one.example\n"
