@@ -126,10 +126,8 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
 void Connect::first_run(Steps& steps, const host::family::MainAddIn& main_add_in) {
     host::Desktop& desktop = session_.desktop;
     Text marker;
-    bool marked = false;
     steps.set(marker, [&] { return desktop.own_folder() + Text(first_run_marker); });
-    steps.set(marked, [&] { return FileExists(desktop, marker); });
-    if (marked) {
+    if (steps.holds([&] { return FileExists(desktop, marker); })) {
         steps.run([&] { desktop.delete_file(marker); });
         return;  // the marker stands for one start without the programs
     }

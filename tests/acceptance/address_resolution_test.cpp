@@ -22,7 +22,7 @@ class AddressResolution : public Filing {
 TEST_F(AddressResolution, LooksAtAllThreeAddressesOfAContact) {
     for (const TextView field : {u"Email1Address", u"Email2Address", u"Email3Address"}) {
         SCOPED_TRACE(shown(field));
-        World& world = filing();
+        World& world = emptied();
         ContactPlan plan;
         plan.fields = {{u"Email1Address", u"first@x.example"}, {u"Email2Address", u"second@x.example"}};
         if (field != TextView(u"Email3Address")) plan.fields.pop_back();
@@ -50,7 +50,7 @@ TEST_F(AddressResolution, LooksAtNothingElse) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        World& world = filing();
+        World& world = emptied();
         add_contact(world, {.full_name = u"Somebody", .fields = one.fields, .properties = one.properties});
         const Item mail = read_mail(world);
         expect_left_alone(world, mail);
@@ -114,7 +114,7 @@ TEST_F(AddressResolution, FindsAddressesWithApostrophes) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(std::string(one.sender) + " and " + shown(one.contact));
-        World& world = filing();
+        World& world = emptied();
         add_contact(world, u"The one", one.contact);
         read_mail(world,
                   {.from = "x@x.example", .more = std::string("X-Desk-Sender: SMTP ") + one.sender + "\n"});
@@ -164,7 +164,7 @@ TEST_F(AddressResolution, TellsInternetAddressesFromOthers) {
     };
     for (const SenderCase& one : cases) {
         SCOPED_TRACE(one.name);
-        World& world = filing();
+        World& world = emptied();
         if (one.option) world.option(u"SaveExchangeEmail", host::from_utf8(one.option));
         add_contact(world, u"Ann Lee", one.contact_address);
         const Item mail = read_mail(world, {.more = one.header});
@@ -181,7 +181,7 @@ TEST_F(AddressResolution, TellsInternetAddressesFromOthers) {
 TEST_F(AddressResolution, TakesTheExchangeOptionAsNumberToo) {
     for (const std::int32_t number : {1, 0, -1}) {
         SCOPED_TRACE(number);
-        World& world = filing();
+        World& world = emptied();
         world.option(u"SaveExchangeEmail", number);
         add_contact(world);
         read_mail(world, {.more = "X-Desk-Sender: EX /o=Example/cn=ann\n"});
@@ -212,7 +212,7 @@ TEST_F(AddressResolution, NeedsAToLine) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail = read_mail(world, {.to = one.to, .more = one.more});
         EXPECT_EQ(filed_under(world), one.found ? u"Ann Lee" : u"");

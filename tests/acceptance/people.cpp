@@ -1,5 +1,7 @@
 #include "tests/acceptance/people.h"
 
+#include "core/settings.h"
+
 namespace acceptance {
 
 using host::Text;
@@ -53,6 +55,25 @@ bool is_marked(const Item& mail) {
     return mail.get(u"FlagStatus").to_integer() == 1 &&
            mail.get(u"FlagRequest").to_text() == u"TW-Received eMail Auto Filed" &&
            mail.BillingInformation() == u"TW Auto Filed";
+}
+
+World& Filing::emptied() {
+    World& same = world();
+    same.family(u"EmailAutoFile", u"1");
+    same.family(u"Fail", u"");
+    for (const TextView name : {u"SaveExchangeEmail", u"SavedEmailFolder"}) {
+        if (!addin::Settings(same.desktop()).option(name).empty()) same.option(name, u"");
+    }
+    const host::outlook::Folders folders = same.account_profiles().Folders();
+    const auto empty = [](const Items& items) {
+        for (std::int32_t i = items.Count(); i >= 1; --i) items.call(u"Remove", {i});
+    };
+    for (const TextView name : {u"Account Contacts", u"Email", u"Notes", u"Opportunities"}) {
+        empty(folders.Item(name).Items());
+    }
+    empty(same.inbox().Items());
+    same.settle();
+    return same;
 }
 
 void Filing::expect_left_alone(World& world, const Item& mail) {

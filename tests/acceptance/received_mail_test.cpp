@@ -93,7 +93,7 @@ TEST_F(ReceivedMail, IsFiledOnlyWhileTheSwitchSaysOne) {
 TEST_F(ReceivedMail, ThatIsNotForEverybodyIsLeftAlone) {
     for (const char* const sensitivity : {"1", "2", "3"}) {
         SCOPED_TRACE(sensitivity);
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail =
             read_mail(world, {.more = std::string("X-Desk-Sensitivity: ") + sensitivity + "\n"});
@@ -113,7 +113,7 @@ TEST_F(ReceivedMail, ThatIsNotForEverybodyIsLeftAlone) {
 TEST_F(ReceivedMail, OfAnotherClassIsLeftAlone) {
     for (const char* const name : {"IPM.Note.Other", "IPM.Note.", "IPM.NOTE", "IPM.Post"}) {
         SCOPED_TRACE(name);
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail = read_mail(world, {.more = std::string("X-Desk-Class: ") + name + "\n"});
         ASSERT_EQ(mail.MessageClass(), host::from_utf8(name));
@@ -126,7 +126,7 @@ TEST_F(ReceivedMail, OfAnotherClassIsLeftAlone) {
 TEST_F(ReceivedMail, WithAnotherProgramsBillingInformationIsFiledAndTheTextOverwritten) {
     for (const TextView other : {u"Project 7", u"tw auto filed", u"TW Auto Filed "}) {
         SCOPED_TRACE(shown(other));
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail = world.deliver(message());
         mail.BillingInformation(other);
@@ -280,7 +280,7 @@ TEST_F(ReceivedMail, GoesOnAfterATestThatFails) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail = world.deliver(message({.more = one.more}));
         mail.put(u"Categories", u"Blue");

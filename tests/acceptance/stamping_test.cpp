@@ -89,7 +89,7 @@ TEST_F(Stamping, MarksTheMailForUserAndMachine) {
 TEST_F(Stamping, AddsNoPrefixToTheSubject) {
     for (const char* const subject : {"Re: FW: Offer", "", "  two blanks", "\"quoted\" 'it'"}) {
         SCOPED_TRACE(subject);
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail = read_mail(world, {.subject = subject});
         const Item note = only_item(world);
@@ -193,7 +193,7 @@ TEST_F(Stamping, LeavesUnsetWhatTheContactLacks) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        World& world = filing();
+        World& world = emptied();
         const Item contact = add_contact(world, {.company = one.company, .properties = one.properties});
         for (const TextView name : one.removed) contact.UserProperties().Item(name).call(u"Delete");
         contact.Save();
@@ -215,7 +215,7 @@ TEST_F(Stamping, LeavesUnsetWhatTheContactLacks) {
 TEST_F(Stamping, CopiesIdsAsTheyStand) {
     for (const TextView id : {u"CXY12", u"XY12", u"c-9", u" 7 "}) {
         SCOPED_TRACE(shown(id));
-        World& world = filing();
+        World& world = emptied();
         add_contact(world, {.properties = {{u"ContactID", Text(id)}}});
         read_mail(world);
         const Item note = only_item(world);
@@ -245,10 +245,14 @@ TEST_F(Stamping, ChoosesTheFolderByTheOptionAndByWhatIsThere) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         if (!one.option.empty()) world.option(u"SavedEmailFolder", one.option);
-        for (const TextView folder : one.missing) world.below(folder).call(u"Delete");
+        std::vector<Folder> renamed;
+        for (const TextView name : one.missing) {
+            renamed.push_back(world.below(name));
+            renamed.back().put(u"Name", Text(name) + u", which is gone");
+        }
         const Item mail = read_mail(world);
         const host::outlook::Folders folders = world.account_profiles().Folders();
         for (const TextView name : {u"Email", u"Notes", u"Opportunities"}) {
@@ -257,6 +261,7 @@ TEST_F(Stamping, ChoosesTheFolderByTheOptionAndByWhatIsThere) {
         }
         // where there is no folder no step of the note succeeds, and the mark is written all the same
         EXPECT_TRUE(is_marked(mail));
+        for (std::size_t i = 0; i < renamed.size(); ++i) renamed[i].put(u"Name", Value(one.missing[i]));
     }
 }
 
@@ -289,7 +294,7 @@ TEST_F(Stamping, SkipsAStepThatFailsAndTakesTheNext) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(shown(one.member) + ", call " + std::to_string(one.after + 1));
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail = world.deliver(message());
         world.fail(one.member, one.after);
@@ -319,7 +324,7 @@ TEST_F(Stamping, PostsTheNoteWithoutWhatTheWrapperWithholds) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(shown(one.failing));
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         world.family(u"Fail", one.failing);
         const Item mail = read_mail(world);
@@ -349,7 +354,7 @@ TEST_F(Stamping, PostsTheNoteThoughTheMailCannotBeAttached) {
 TEST_F(Stamping, MarksTheMailThoughTheNoteCannotBeMadeOrPosted) {
     for (const TextView member : {u"PostItem.Post", u"Items.Add"}) {
         SCOPED_TRACE(shown(member));
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail = world.deliver(message());
         world.fail(member);
@@ -382,7 +387,7 @@ TEST_F(Stamping, WritesTheRestOfAMarkOfWhichOneFieldFails) {
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(shown(one.failing));
-        World& world = filing();
+        World& world = emptied();
         add_contact(world);
         const Item mail = world.deliver(message());
         world.fail(one.failing);

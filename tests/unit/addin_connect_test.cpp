@@ -305,6 +305,58 @@ TEST(Start, ShowsTheSearchPanelIfTheOptionIsExactlyOne) {
     EXPECT_EQ(world.connect().call(u"PowerPanel"), Value());
 }
 
+TEST(Start, TakesAMarkerThatCannotBeLookedForAsThere) {
+    NativeWorld world{{.started = false}};
+    world.family(u"StoreID", u"-");
+    world.boundary().before_call = [](const std::string& member) {
+        if (member == "find_file") throw host::Failure(result::fail);
+    };
+    world.start();
+    world.boundary().before_call = nullptr;
+    EXPECT_TRUE(world.model().surroundings().programs().empty()) << "a test that fails counts as passed";
+}
+
+TEST(SearchPanels, AreOpenedOnAnItemOrOnNone) {
+    struct Case {
+        TextView operation;
+        std::vector<std::string> told_twice;
+    };
+    const Case cases[] = {
+        {u"ShowItemsMenu", {"show", "unload", "show"}},  // always a new panel
+        {u"ShowItemsMenu2", {"show", "show"}},           // its own comes up again
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(host::to_utf8(one.operation));
+        NativeWorld world{{}};
+        addin::Session& session = world.add_in()->session();
+        std::vector<std::string> told;
+        const auto make = [&] { return std::make_unique<ToldWindow>(told); };
+        (one.operation == TextView(u"ShowItemsMenu") ? session.gPanelMenu : session.gPanelMenu2)
+            .made_by(make);
+        const host::outlook::Item contact = acceptance::add_contact(world);
+        world.connect().call(one.operation, {Value(contact)});
+        EXPECT_EQ(session.gSelectedEntryID, contact.EntryID());
+        EXPECT_EQ(session.gSelectedStoreID, world.account_profiles().StoreID());
+        EXPECT_EQ(session.gSelectedClass, u"IPM.Contact.Account Contact");
+        world.connect().call(one.operation, {Value(Object())});
+        EXPECT_EQ(session.gSelectedEntryID + session.gSelectedStoreID + session.gSelectedClass, u"");
+        EXPECT_EQ(told, one.told_twice);
+        world.add_in()->StopAddIn();
+        EXPECT_EQ(told.back(), "unload");
+    }
+}
+
+TEST(SearchPanels, KeepAnEarlierChoiceWhereTheItemRefusesItsOwn) {
+    NativeWorld world{{}};
+    addin::Session& session = world.add_in()->session();
+    const host::outlook::Item contact = acceptance::add_contact(world);
+    world.connect().call(u"ShowItemsMenu2", {Value(contact)});
+    world.fail(u"MailItem.EntryID");
+    world.connect().call(u"ShowItemsMenu2", {Value(world.deliver(acceptance::message()))});
+    EXPECT_EQ(session.gSelectedEntryID, contact.EntryID());
+    EXPECT_EQ(session.gSelectedClass, u"IPM.Note");
+}
+
 TEST(Stop, ClearsEverySinkWhicheverWayItComes) {
     struct Case {
         const char* name;
