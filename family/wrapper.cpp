@@ -7,7 +7,13 @@ using host::Value;
 
 namespace {
 
-Object accessor(const Object& owner) { return owner.get(u"PropertyAccessor").to_object(); }
+/// The host's objects that are asked for properties share the dispatch ids of these members.
+constexpr host::Kind owner_kind{"owner of properties"}, accessor_kind{"PropertyAccessor"};
+
+Object accessor(const Object& owner) {
+    const Object asked(owner.target(), &owner_kind);
+    return Object(asked.get(u"PropertyAccessor").to_object().target(), &accessor_kind);
+}
 
 /// Scalars as text. Several values in one property stay an array.
 Value as_text(const Value& value) {

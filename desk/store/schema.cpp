@@ -126,7 +126,7 @@ Database open_database(const std::filesystem::path& file) {
         "PRAGMA journal_mode = WAL;"
         "PRAGMA synchronous = NORMAL;"
         "PRAGMA journal_size_limit = 16777216;"
-        "PRAGMA cache_size = -65536;"
+        "PRAGMA cache_size = -1000;"
         "PRAGMA temp_store = MEMORY");
     if (empty) make_tables(database);
     return database;
