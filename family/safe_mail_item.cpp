@@ -3,9 +3,7 @@
 namespace family {
 
 using host::Arguments;
-using host::Object;
 using host::Use;
-using host::Value;
 
 const host::Members<SafeMailItem>& SafeMailItem::members() {
     static const host::Members<SafeMailItem> table{

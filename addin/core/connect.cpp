@@ -7,7 +7,6 @@
 namespace addin {
 
 using host::Arguments;
-using host::Parameter;
 using host::Takes;
 using host::Use;
 using host::Value;

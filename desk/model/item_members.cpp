@@ -14,7 +14,6 @@ namespace desk {
 
 using host::Arguments;
 using host::Failure;
-using host::Row;
 using host::Takes;
 using host::Text;
 using host::Use;

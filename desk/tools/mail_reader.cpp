@@ -19,7 +19,6 @@ namespace {
 
 using host::Text;
 using host::TextView;
-using host::Value;
 
 /// Text of one line, as a field of an item holds it.
 Text one_line(const char* utf8) {

@@ -10,7 +10,6 @@ using host::Text;
 using host::TextView;
 using host::Value;
 using host::outlook::Folder;
-using host::outlook::Folders;
 
 constexpr TextView title = u"Choose Tarnwell Database";
 constexpr std::int32_t cancel = 2, yes = 6, no = 7;

@@ -11,7 +11,6 @@ using host::Object;
 using host::Text;
 using host::TextView;
 using host::Value;
-using host::outlook::Folder;
 using host::outlook::Item;
 
 class Lifecycle : public Filing {

@@ -6,8 +6,6 @@ namespace acceptance {
 
 using host::Text;
 using host::TextView;
-using host::Value;
-using host::outlook::Folder;
 using host::outlook::Item;
 using host::outlook::Items;
 

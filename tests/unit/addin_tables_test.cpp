@@ -9,7 +9,6 @@
 namespace addin_tests {
 namespace {
 
-using addin::filing::Address;
 using addin::filing::Gate;
 using addin::filing::NoToLine;
 using addin::filing::TermKind;

@@ -73,7 +73,7 @@ inline std::shared_ptr<Fake> fake(std::map<Text, Value> properties = {}) {
 }
 
 /// A collection, counted from 1.
-inline std::shared_ptr<Fake> collection(std::vector<Object> elements) {
+inline std::shared_ptr<Fake> collection(const std::vector<Object>& elements) {
     auto made = fake({{u"Count", static_cast<std::int32_t>(elements.size())}});
     made->functions[u"Item"] = [elements](std::vector<Value>& arguments) -> Value {
         const std::int32_t index = arguments.at(0).to_integer();
@@ -85,7 +85,7 @@ inline std::shared_ptr<Fake> collection(std::vector<Object> elements) {
 }
 
 /// Offers MAPI properties by their schema addresses, under `PropertyAccessor`.
-inline void offer_fields(Fake& owner, std::map<Text, Value> values) {
+inline void offer_fields(Fake& owner, const std::map<Text, Value>& values) {
     auto accessor = fake();
     Fake* raw = accessor.get();
     raw->functions[u"GetProperty"] = [values](std::vector<Value>& arguments) -> Value {

@@ -15,7 +15,6 @@ using host::Object;
 using host::Text;
 using host::TextView;
 using host::Value;
-using testing::ElementsAre;
 
 /// What a desk needs that nobody watches.
 struct QuietDesk : desk::Surroundings {

@@ -30,7 +30,7 @@ inline constexpr std::int32_t mail = 0, appointment = 1, contact = 2, task = 3, 
 
 class ModelTest : public ::testing::Test {
   protected:
-    explicit ModelTest(acceptance::WorldSetup setup = {.add_in = false}) : world(setup) {}
+    explicit ModelTest(const acceptance::WorldSetup& setup = {.add_in = false}) : world(setup) {}
 
     native::NativeWorld world;
     host::outlook::Application application = world.application();
@@ -70,7 +70,8 @@ class ModelTest : public ::testing::Test {
 /// Notes the events of a source, as "ItemAdd Subject".
 class Listener {
   public:
-    Listener(const host::EventInterface& interface, const Object& source, std::vector<TextView> events) {
+    Listener(const host::EventInterface& interface, const Object& source,
+             const std::vector<TextView>& events) {
         std::vector<host::Handler> handlers;
         for (const TextView event : events) {
             handlers.push_back({event, [this, event](std::span<Value> arguments) {
