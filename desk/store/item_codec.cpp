@@ -148,10 +148,7 @@ std::string write_attachment(const AttachmentData& attachment) {
 AttachmentData read_attachment(std::string_view bytes) {
     return read_all(bytes, [](ByteReader& reader) {
         read_version(reader);
-        reader.enter();  // stands where an item of which it is a part would
-        AttachmentData attachment = read_attachment(reader);
-        reader.leave();
-        return attachment;
+        return read_attachment(reader);
     });
 }
 

@@ -119,7 +119,7 @@ TEST(FilterLimits, TwoHundredLevelsAreReadAndMoreAreRefused) {
 
 TEST(FilterLimits, LevelsSideBySideDoNotAddUp) {
     host::Text text = nested(150);
-    for (int i = 0; i < 10; ++i) text += u" And Not " + nested(150);
+    for (int i = 0; i < 60; ++i) text += u" And Not " + nested(150);
     EXPECT_FALSE(Filter::parse(text, KnownNames(), Words::refused).matches(jane()));
 }
 

@@ -52,6 +52,8 @@ const Case other_types[] = {
     {u"[UnRead] = False", false},
     {u"[UnRead] = No", false},
     {u"[UnRead] <> NO", true},
+    {u"[UnRead] = 'No'", false},
+    {u"[UnRead] <> 'no'", true},
     {u"[UnRead] = 'neither'", false},
     {u"[Size] = 512", true},
     {u"[Size] = '512'", true},
@@ -149,7 +151,9 @@ const Case comparisons[] = {
     {u"Like '%Jane'", false},
     {u"Like '%under?scores%'", false},
     {u"Like '%under%scores%'", true},
-    {u"Like '%u_der%'", false},  // _ stands for itself
+    {u"Like '%u_der%'", false},               // _ stands for itself
+    {u"Like '%anne%o''brien%brien'", false},  // the end is not there twice
+    {u"Like '%anne%o''%brien'", true},
     {u"Like '%'", true},
     {u"Like '%%'", true},
     {u"Like ''", false},

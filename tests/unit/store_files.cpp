@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "desk/store/database.h"
 #include "store_support.h"
 
 namespace {
@@ -37,6 +38,44 @@ void make_database(const std::filesystem::path& file, const char* sql) {
     ASSERT_EQ(sqlite3_open(file.string().c_str(), &handle), SQLITE_OK);
     EXPECT_EQ(sqlite3_exec(handle, sql, nullptr, nullptr, nullptr), SQLITE_OK);
     sqlite3_close(handle);
+}
+
+/// The one number that a query answers.
+int number_in(const std::filesystem::path& file, const char* sql) {
+    sqlite3* handle = nullptr;
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_open(file.string().c_str(), &handle);
+    sqlite3_prepare_v2(handle, sql, -1, &statement, nullptr);
+    const int number = sqlite3_step(statement) == SQLITE_ROW ? sqlite3_column_int(statement, 0) : -1;
+    sqlite3_finalize(statement);
+    sqlite3_close(handle);
+    return number;
+}
+
+TEST(StoreFiles, WhatWasRemovedLeavesNothingBehind) {
+    TemporaryFolder files;
+    const auto file = files / "desk.db";
+    {
+        const auto store = Store::open(file);
+        const desk::RowId folder = store->add_folder(folder_named(u"Inbox"));
+        store->remove_item(store->add_item(folder, rich_item()));
+        store->remove_item(store->add_item(folder, item_with_subject(u"x")));
+    }
+    EXPECT_EQ(number_in(file, "SELECT count(*) FROM attachments"), 0);
+    EXPECT_EQ(number_in(file, "SELECT count(*) FROM keys"), 0);
+    {
+        const auto store = Store::open(file);
+        Store::Transaction transaction(*store);
+        const desk::RowId folder = store->add_folder(folder_named(u"Gone"));
+        store->add_item(folder, rich_item());
+        store->add_item(folder, item_with_subject(u"x"));
+        store->remove_folder(folder);
+        transaction.keep();
+    }
+    EXPECT_EQ(number_in(file, "SELECT count(*) FROM folders"), 1);
+    EXPECT_EQ(number_in(file, "SELECT count(*) FROM items"), 0);
+    EXPECT_EQ(number_in(file, "SELECT count(*) FROM attachments"), 0);
+    EXPECT_EQ(number_in(file, "SELECT count(*) FROM keys"), 0);
 }
 
 TEST(StoreFiles, ANewFileIsMadeAndAnEmptyOneTaken) {
@@ -108,6 +147,14 @@ TEST(StoreFiles, AFileInUseIsRefused) {
     const auto first = Store::open(files / "desk.db");
     EXPECT_NE(complaint(files / "desk.db").find("locked"), std::string::npos);
     first->add_folder(folder_named(u"still works"));
+}
+
+TEST(Statements, NoBytesAreNotNull) {
+    desk::Database database(":memory:");
+    desk::Statement statement(database, "SELECT ?1 IS NULL");
+    auto rows = statement.rows(std::string_view());
+    ASSERT_TRUE(rows.next());
+    EXPECT_EQ(rows.integer(0), 0);
 }
 
 }  // namespace

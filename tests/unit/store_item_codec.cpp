@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "desk/store/bytes.h"
 #include "desk/store/item_codec.h"
 #include "host/object.h"
 #include "store_support.h"
@@ -112,6 +113,29 @@ TEST(ItemCodec, BytesThatClaimTooMuchAreRefused) {
     for (const Broken& broken : all)
         EXPECT_THROW(desk::read_item(broken.bytes), host::Failure) << broken.what;
     EXPECT_EQ(desk::read_item(head + "\x03\x01\x00\x00\x00"s).fields.size(), 1u);  // the head itself is good
+}
+
+TEST(ItemCodec, NumbersEndAt64Bits) {
+    const std::string nine(9, '\xFF');
+    EXPECT_EQ(desk::ByteReader(nine + '\x01').natural(), std::numeric_limits<std::uint64_t>::max());
+    EXPECT_THROW(desk::ByteReader(nine + '\x02').natural(), host::Failure);
+    EXPECT_THROW(desk::ByteReader(nine + nine).natural(), host::Failure);
+}
+
+/// An item with a field that holds an array in an array and so on, as bytes: `write_item` would refuse to
+/// write them.
+std::string nested_arrays(int levels) {
+    using namespace std::string_literals;
+    std::string bytes = "\x01\x00\x01\x00"s;
+    for (int level = 0; level < levels; ++level)
+        bytes += "\x09\x01\x00\x02"s;  // one dimension, from 0, one element
+    return bytes + "\x00\x00\x00\x00"s;
+}
+
+TEST(ItemCodec, BytesThatNestTooDeeplyAreRefused) {
+    EXPECT_EQ(desk::read_item(nested_arrays(40)).fields.size(), 1u);
+    EXPECT_THROW(desk::read_item(nested_arrays(60)), host::Failure);
+    EXPECT_THROW(desk::read_item(nested_arrays(1000000)), host::Failure);
 }
 
 TEST(ItemCodec, ChangedBytesAreReadOrRefusedAndNothingElse) {

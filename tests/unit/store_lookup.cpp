@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "desk/store/field_index.h"
 #include "store_support.h"
 
 namespace {
@@ -61,6 +62,14 @@ TEST_F(StoreLookup, AnEmptyValueFindsWhatIsEmptyOrUnset) {
     const RowId nothing = store_->add_item(folder_, null);
     EXPECT_EQ(lookup(u"Subject", u""), (std::vector{unset, blank, nothing}));
     EXPECT_EQ(lookup(u"FullName", u"").size(), 4u);
+}
+
+TEST(IndexEntries, AreNoneForWhatIsEmpty) {
+    ItemData item = item_with_subject(u"");
+    item.user_properties = {{u"ContactID", 1, host::Value()}, {u"NoteID", 1, u""}};
+    EXPECT_TRUE(desk::index_entries(item).empty());
+    item.fields[u"FullName"] = u"x";
+    EXPECT_EQ(desk::index_entries(item).size(), 1u);
 }
 
 TEST_F(StoreLookup, LongValuesCountByTheirFirst255Characters) {
