@@ -78,7 +78,7 @@ Person NameSpace::person(const Text& typed, std::int32_t kind) const {
         person.address = typed.substr(bracket + 1, typed.size() - bracket - 2);
     } else if (typed.find(u'@') != Text::npos) {
         person.address = typed;
-    } else if (const RowId folder = desk().default_folder(contacts_folder); folder != 0) {
+    } else if (const RowId folder = desk().default_folder(contacts_folder); folder != 0 && !typed.empty()) {
         for (const RowId id : desk().store().lookup(folder, u"FullName", typed)) {
             const std::optional<ItemRow> row = desk().store().load(id);
             if (!row) continue;
