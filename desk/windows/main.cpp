@@ -70,7 +70,8 @@ std::unique_ptr<desk::Store> open_store(const Text& path) {
 /// The class object while the desk takes callers.
 class ServedClass {
   public:
-    ServedClass(windows::Module& module, desk::Desk& desk, const std::shared_ptr<windows::Apartment>& apartment) {
+    ServedClass(windows::Module& module, desk::Desk& desk,
+                const std::shared_ptr<windows::Apartment>& apartment) {
         factory_ = windows::ClassFactory::create(module, [&desk, apartment] {
             return ComPtr<IUnknown>(apartment->bridge(desk.application()).get());
         });
