@@ -256,11 +256,6 @@ class MessageReader {
     ItemData mail_;
 };
 
-void start_library() {
-    static const bool started = (g_mime_init(), true);
-    static_cast<void>(started);
-}
-
 }  // namespace
 
 ItemData read_message(std::string_view bytes) {

@@ -7,6 +7,12 @@
 #include <optional>
 
 namespace desk::mail {
+
+void start_library() {
+    static const bool started = (g_mime_init(), true);
+    static_cast<void>(started);
+}
+
 namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD";  // U+FFFD in UTF-8
@@ -92,6 +98,7 @@ bool is_utf8(std::string_view bytes) {
 }
 
 host::Text decode(std::string_view bytes, std::string_view charset) {
+    start_library();
     std::string name = meant(charset);
     if (name.empty()) name = is_utf8(bytes) ? "utf-8" : western;
     if (g_ascii_strcasecmp(name.c_str(), "utf-8") == 0) return host::from_utf8(bytes);

@@ -8,6 +8,9 @@
 
 namespace desk::mail {
 
+/// Readies GMime; each way into it does so first. The second time it does nothing.
+void start_library();
+
 bool is_utf8(std::string_view bytes);
 
 /// The text of bytes in a character set as a mail names it. Without a name, or with one that nobody knows:

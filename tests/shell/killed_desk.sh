@@ -48,6 +48,7 @@ desk_process() {
 }
 
 for wanted in 3 17; do
+    : >"$work/out" # the runner makes it a moment later
     ./tarnwell script "$files" --keep >"$work/out" 2>"$work/err" &
     runner=$!
     for ((i = 0; i < 1200; i++)); do
