@@ -117,12 +117,4 @@ class Automated : public Invocable, public std::enable_shared_from_this<T> {
     }
 };
 
-/// The row code for a method of the class: `run<&Folder::name>` and so on, for the commonest shapes.
-template <auto getter>
-struct Read;
-template <class T, class Result, Result (T::*getter)() const>
-struct Read<getter> {
-    static Value code(T& self, const Arguments&) { return Value((self.*getter)()); }
-};
-
 }  // namespace host
