@@ -1,0 +1,38 @@
+// A window's class: it loads its window on first use, and unloads it.
+#pragma once
+
+#include "forms/view.h"
+
+namespace addin::forms {
+
+/// Base of the windows' classes. Owned by shared pointers, so that an event keeps it alive while it runs.
+class Form : public Events, public std::enable_shared_from_this<Form> {
+  public:
+    Form(Engine& engine, const FormTable& table) : engine_(engine), table_(table) {}
+    ~Form() override = default;
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    bool loaded() const { return view_ != nullptr; }
+    void show() { view().show(); }
+    void show_modal() { view().show_modal(); }
+    void hide();    ///< nothing if it isn't loaded
+    void unload();  ///< nothing if it isn't loaded; safe in the window's own events
+
+    /// The window, made and loaded if it isn't there. Throws what the load throws; the window is there all
+    /// the same.
+    View& view();
+    Control& control(host::TextView name) { return view().control(name); }
+
+  protected:
+    virtual void on_load() {}
+    virtual void on_unload() {}
+    void on_close() override { unload(); }
+
+  private:
+    Engine& engine_;
+    const FormTable& table_;
+    std::unique_ptr<View> view_;
+};
+
+}  // namespace addin::forms
