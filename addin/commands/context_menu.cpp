@@ -1,10 +1,87 @@
 #include "commands/context_menu.h"
 
-#include "core/steps.h"
+#include "commands/buttons.h"
+#include "records/names.h"
 
 namespace addin::commands {
 
-void SetBarProtection(Session& session, const host::office::CommandBar& bar, bool restore) {
+using host::office::CommandBar;
+using host::office::CommandBarControl;
+namespace object_class = host::outlook::object_class;
+
+namespace {
+
+constexpr std::int32_t entry_priority = 1;
+constexpr char16_t version_without_entries = u'9';
+
+/// An entry's tag is its caption, too. `Visible` is written twice.
+void write_entry(Steps& steps, const CommandBarControl& entry, host::TextView tag) {
+    steps.run([&] { entry.Tag(tag); });
+    steps.run([&] { entry.Caption(tag); });
+    steps.run([&] { entry.Priority(entry_priority); });
+    steps.run([&] { entry.Visible(true); });
+    steps.run([&] { entry.Visible(true); });
+}
+
+void AddContextEntries(Connect& connect, const CommandBar& bar) {
+    Steps steps;
+    Session& session = connect.session();
+    if (steps.holds([&] {
+            return host::outlook::Explorer(connect.goExplorer.source())
+                       .CurrentFolder()
+                       .DefaultMessageClass() != records::message_class::mail;
+        })) {
+        return;
+    }
+    if (steps.holds([&] {
+            return host::outlook::Application(session.desktop.application())
+                .Version()
+                .starts_with(version_without_entries);
+        })) {
+        return;
+    }
+    steps.set(connect.Control, [&] { return bar.FindControl(host::office::control_button, quick_view_tag); });
+    if (connect.Control) return;
+    const auto add = [&] { return bar.Controls().Add(host::office::control_button); };
+
+    SetBarProtection(session, bar, false);
+    steps.set(connect.Control, add);
+    write_entry(steps, connect.Control, quick_view_tag);
+    SetBarProtection(session, bar, true);
+    steps.run([&] { connect.watch_button(&Connect::ContextButton, connect.Control, ContextButton_Click); });
+
+    steps.set(connect.Control, add);
+    SetBarProtection(session, bar, false);
+    write_entry(steps, connect.Control, create_note_tag);
+    SetBarProtection(session, bar, true);
+    steps.run(
+        [&] { connect.watch_button(&Connect::CreateNoteButton, connect.Control, CreateNoteButton_Click); });
+}
+
+/// Whether a window shows a sticky note of an account. What can't be told of a sticky note counts as so.
+bool is_note_of_account(Steps& steps, const host::outlook::Inspector& inspector,
+                        const host::Text& account_id) {
+    if (!steps.holds([&] { return inspector.CurrentItem().Class() == object_class::note; })) return false;
+    return steps.holds([&] {
+        const bool sticky = inspector.CurrentItem().MessageClass() == records::message_class::sticky_note;
+        const host::Text id =
+            inspector.CurrentItem().itemproperties().Item(records::property::account_id).value().to_text();
+        return sticky && id == account_id;
+    });
+}
+
+}  // namespace
+
+void ActiveExplorerCBars_OnUpdate(Connect& connect) {
+    if (connect.ContextButton.source()) return;
+    Steps steps;
+    steps.set(connect.bar, [&] {
+        return host::office::CommandBars(connect.ActiveExplorerCBars.source()).Item(context_menu_bar);
+    });
+    if (connect.bar) AddContextEntries(connect, connect.bar);
+}
+
+void SetBarProtection(Session& session, const CommandBar& bar, bool restore) {
     constexpr std::int32_t protection_bit = host::office::bar_no_customize;
     Steps steps;
     if (!restore) {
@@ -14,5 +91,33 @@ void SetBarProtection(Session& session, const host::office::CommandBar& bar, boo
         steps.run([&] { bar.Protection(bar.Protection() & protection_bit); });
     }
 }
+
+void ContextButton_Click(Connect& connect) {
+    Steps steps;
+    Session& session = connect.session();
+    host::outlook::Application application;
+    host::outlook::Inspectors inspectors;
+    steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
+    steps.set(inspectors, [&] { return application.Inspectors(); });
+    std::int32_t count = 0;
+    steps.set(count, [&] { return inspectors.Count(); });
+    const std::shared_ptr<QuickViewWindow> quick_view = session.QuickView.window();
+    host::Text account_id;
+    if (quick_view) steps.set(account_id, [&] { return quick_view->AccountID(); });
+    for (std::int32_t i = count; i > 0; --i) {
+        host::outlook::Inspector inspector;
+        steps.set(inspector, [&] { return inspectors.Item(i); });
+        if (is_note_of_account(steps, inspector, account_id)) {
+            steps.run([&] { inspector.Close(host::outlook::discard_changes); });
+        }
+    }
+    inspectors.reset();
+    steps.run([&] {
+        host::Value selection(application.ActiveExplorer().Selection());
+        if (session.ShowQuickView) session.ShowQuickView(selection);
+    });
+}
+
+void CreateNoteButton_Click(Connect& connect) { show_note_dialog(connect, true); }
 
 }  // namespace addin::commands

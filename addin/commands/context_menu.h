@@ -1,16 +1,26 @@
-// The explorer's "Context Menu" bar.
+// The entries in the explorer's "Context Menu" bar.
 #pragma once
 
-#include "core/session.h"
-#include "host/office.h"
+#include "core/connect.h"
 
 namespace addin::commands {
 
 inline constexpr host::TextView context_menu_bar = u"Context Menu";
 inline constexpr host::TextView quick_view_tag = u"Tarnwell Quick View";
+inline constexpr host::TextView create_note_tag = u"Tarnwell Create Note";
+
+/// The host updates its bars: it comes often, and mostly there is nothing to do. A failure after the bar was
+/// looked up travels to the host.
+void ActiveExplorerCBars_OnUpdate(Connect& connect);
 
 /// Opens the host's bar for changes (`restore` false), or gives it back. What is given back is the protection
 /// masked once more, not its earlier bits: a bar that was protected stays open.
 void SetBarProtection(Session& session, const host::office::CommandBar& bar, bool restore);
+
+/// Closes the sticky notes of the account on screen, then opens Quick View anew.
+void ContextButton_Click(Connect& connect);
+
+/// Opens the Create Note dialog for the selection. A failure travels to the host.
+void CreateNoteButton_Click(Connect& connect);
 
 }  // namespace addin::commands

@@ -3,6 +3,7 @@
 #include "core/settings.h"
 #include "core/status.h"
 #include "filing/received_mail.h"
+#include "filing/sent_mail.h"
 
 namespace addin {
 
@@ -68,7 +69,7 @@ const host::Members<Connect>& Connect::members() {
          Use::method,
          {{u"Item", Takes::object}},
          [](Connect& self, const Arguments& a) {
-             run_room(self.session_.AutomaticCreateNoteSend, a[0].to_object());
+             filing::AutomaticCreateNoteSend(self.session_, host::outlook::Item(a[0].to_object()));
              return nothing();
          }},
         {u"ShowQuickView",

@@ -43,6 +43,14 @@ class Connect : public host::Automated<Connect> {
     void ShowItemsMenu(const host::outlook::Item& Myitem);
     void ShowItemsMenu2(const host::outlook::Item& Myitem);
 
+    /// A further main window is followed by a tracker of its own.
+    void goExplorers_NewExplorer(const host::outlook::Explorer& Explorer);
+    void RemoveExplorerTracker(std::int16_t anID);  ///< throws `Failure` if there is none of that number
+
+    /// Holds a button, or Nothing, in one of the members below; a click runs `click`.
+    void watch_button(host::Sink Connect::*member, const host::Object& control, void (*click)(Connect&));
+    void watch_inspector(const host::Object& inspector);
+
     Session& session() { return session_; }
 
     // event sinks: each holds an object of the host and receives its events
@@ -69,11 +77,14 @@ class Connect : public host::Automated<Connect> {
     void wire_folder(host::Sink& sink, std::int32_t number, std::vector<host::Handler> handlers);
     void watch(host::Sink& sink, const host::EventInterface& events, const host::Object& source,
                std::vector<host::Handler> handlers = {});
+    void watch_application(const host::Object& application);
+    void AddExplorerTracker(const host::outlook::Explorer& objExpl);
     void first_run(Steps& steps, const host::family::MainAddIn& main_add_in);
     void take_application();
     void select_item(const host::outlook::Item& Myitem);
 
     void goExplorer_Close();
+    void goOutlook_ItemSend(const host::outlook::Item& item);
     void goOutlook_Quit();
 
     Session& session_;

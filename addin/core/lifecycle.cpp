@@ -1,10 +1,14 @@
 // Start and stop of the add-in: the order of the steps is binding, and a failing one is skipped.
 #include "commands/context_menu.h"
+#include "commands/explorer_commands.h"
+#include "commands/inspector_commands.h"
 #include "core/connect.h"
 #include "core/settings.h"
 #include "core/status.h"
+#include "core/status_windows.h"
 #include "core/steps.h"
 #include "filing/received_mail.h"
+#include "filing/sent_mail.h"
 #include "host/host_events.h"
 #include "host/shell.h"
 #include "records/database.h"
@@ -25,15 +29,18 @@ namespace events = host::events;
 
 namespace {
 
-constexpr TextView option_on = u"1";
+constexpr TextView checking_names = u"Checking names...  ";
 constexpr TextView first_run_marker = u"\\initial.txt";
 constexpr TextView store_program = u"TWstore.exe /s";
 constexpr TextView utility_program = u"TarnwellUtility.exe Help";
 constexpr TextView update_program = u"TarnwellUpdate.exe Help";
 
-host::outlook::Item item_of(std::span<Value> arguments) {
-    return host::outlook::Item(arguments.empty() ? Object() : arguments[0].to_object());
+/// The object that an event is about.
+Object object_of(std::span<Value> arguments) {
+    return arguments.empty() ? Object() : arguments[0].to_object();
 }
+
+host::outlook::Item item_of(std::span<Value> arguments) { return host::outlook::Item(object_of(arguments)); }
 
 void delete_control(const host::Sink& button) { CommandBarControl(button.source()).Delete(); }
 
@@ -61,6 +68,26 @@ void Connect::watch(host::Sink& sink, const host::EventInterface& interface, con
     sink.connect(interface, source, std::move(handlers));
 }
 
+void Connect::watch_application(const Object& application) {
+    watch(goOutlook, events::application, application,
+          {{u"ItemSend", [this](auto a) { goOutlook_ItemSend(item_of(a)); }},
+           {u"Quit", [this](auto) { goOutlook_Quit(); }}});
+}
+
+void Connect::watch_inspector(const Object& inspector) {
+    watch(goInspector, events::inspector, inspector,
+          {{u"Activate", [this](auto) { commands::goInspector_Activate(*this); }},
+           {u"Close", [this](auto) { commands::goInspector_Close(*this); }}});
+}
+
+void Connect::watch_button(host::Sink Connect::*member, const Object& control, void (*click)(Connect&)) {
+    if (!control) {
+        (this->*member).clear();
+        return;
+    }
+    watch(this->*member, events::button, control, {{u"Click", [this, click](auto) { click(*this); }}});
+}
+
 void Connect::wire_folder(host::Sink& sink, std::int32_t number, std::vector<Handler> handlers) {
     const host::outlook::Application application(session_.desktop.application());
     watch(sink, events::items, application.GetNamespace(u"Mapi").GetDefaultFolder(number).Items(),
@@ -81,17 +108,26 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
     host::outlook::Application application;
     steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
     steps.run([&] {
-        watch(ActiveExplorerCBars, events::command_bars, application.ActiveExplorer().CommandBars());
+        watch(ActiveExplorerCBars, events::command_bars, application.ActiveExplorer().CommandBars(),
+              {{u"OnUpdate", [this](auto) { commands::ActiveExplorerCBars_OnUpdate(*this); }}});
+    });
+    steps.run([&] { watch_application(application); });
+    session.gOutlookApp = host::outlook::Application(goOutlook.source());
+    steps.run([&] {
+        watch(goInspectors, events::inspectors, application.Inspectors(),
+              {{u"NewInspector", [this](auto a) {
+                    commands::goInspectors_NewInspector(*this, host::outlook::Inspector(object_of(a)));
+                }}});
     });
     steps.run([&] {
-        watch(goOutlook, events::application, application, {{u"Quit", [this](auto) { goOutlook_Quit(); }}});
+        watch(goExplorers, events::explorers, application.Explorers(),
+              {{u"NewExplorer",
+                [this](auto a) { goExplorers_NewExplorer(host::outlook::Explorer(object_of(a))); }}});
     });
-    session.gOutlookApp = host::outlook::Application(goOutlook.source());
-    steps.run([&] { watch(goInspectors, events::inspectors, application.Inspectors()); });
-    steps.run([&] { watch(goExplorers, events::explorers, application.Explorers()); });
     steps.run([&] {
         watch(goExplorer, events::explorer, application.ActiveExplorer(),
-              {{u"Close", [this](auto) { goExplorer_Close(); }}});
+              {{u"Close", [this](auto) { goExplorer_Close(); }},
+               {u"SelectionChange", [this](auto) { commands::goExplorer_SelectionChange(*this); }}});
     });
     steps.run([&] {
         wire_folder(
@@ -163,6 +199,20 @@ void Connect::goExplorer_Close() {
     }
 }
 
+void Connect::goOutlook_ItemSend(const host::outlook::Item& item) {
+    Steps steps;
+    if (steps.holds([&] { return item.MessageClass() != records::message_class::mail; })) return;
+    if (Settings(session_.desktop).option(setting::auto_file_sent_emails) == option_on) {
+        steps.run([&] { session_.SearchForm.show(); });
+        steps.run([&] { session_.SearchForm.window()->status(checking_names); });
+        steps.run([&] { session_.desktop.yield(); });
+        // a mail that was never saved has no id, and the later steps need one
+        if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
+        filing::AutomaticCreateNoteSend(session_, item);
+    }
+    commands::goInspector_Close(*this);  // sending ends the window's use
+}
+
 void Connect::goOutlook_Quit() {
     session_.search_panel.hide();
     session_.search_panel.unload();
@@ -195,10 +245,10 @@ void Connect::StopAddIn() {
     if (gExiting) return;
     const std::shared_ptr<Connect> alive = shared_from_this();
     Steps steps;
-    session_.QuickView.unload();
+    steps.run([&] { session_.QuickView.unload(); });
     for (WindowPlace<>* panel : {&session_.search_panel, &session_.gPanelMenu, &session_.gPanelMenu2}) {
         steps.run([&] { panel->hide(); });
-        panel->unload();
+        steps.run([&] { panel->unload(); });
     }
     steps.run([&] { delete_control(goButton); });
     steps.set(bar,
@@ -247,8 +297,7 @@ void Connect::FindNextFolder(const host::outlook::Folders& ofolders) {
 
 void Connect::take_application() {
     if (goOutlook.source()) return;
-    watch(goOutlook, events::application, session_.desktop.application(),
-          {{u"Quit", [this](auto) { goOutlook_Quit(); }}});
+    watch_application(session_.desktop.application());
 }
 
 void Connect::select_item(const host::outlook::Item& Myitem) {

@@ -1,69 +1,57 @@
 // The session's variables and shared windows: one copy for each load of the add-in, handed on by reference.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
 
+#include "forms/form.h"
 #include "host/desktop.h"
 #include "host/outlook.h"
 
 namespace addin {
 
-/// A window as the rest of the add-in handles it: shown without waiting for it, hidden, gone.
-class Window {
-  public:
-    Window() = default;
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-    virtual ~Window() = default;  ///< unloads
+class Connect;
+class ExplorerTrackers;
+class SearchForm;
 
-    virtual void show() = 0;
-    virtual void hide() = 0;
+/// The Create Note dialog. Without being shown it opens the contact of a mail.
+class NoteDialog : public forms::Form {
+  public:
+    using Form::Form;
+    virtual void OpenContact() = 0;
+    virtual void OpenTarnwellContact() = 0;
 };
 
-/// The small window that shows the progress of long operations.
-class StatusWindow : public Window {
+/// The side window that follows the selected mail.
+class QuickViewWindow : public forms::Form {
   public:
-    virtual void caption(host::TextView text) = 0;
+    using Form::Form;
+    virtual host::Text AccountID() = 0;  ///< the hidden caption; empty as long as no record is shown
 };
 
-/// The place of a shared window: it comes up on first use. As long as nothing makes windows for a place,
-/// showing it does nothing.
-template <class Kind = Window>
-class WindowPlace {
-  public:
-    using Maker = std::function<std::unique_ptr<Kind>()>;
-
-    void made_by(Maker maker) { maker_ = std::move(maker); }
-    [[nodiscard]] bool loaded() const { return window_ != nullptr; }
-
-    /// The window, made if it isn't there; null if nothing makes it.
-    Kind* window() {
-        if (!window_ && maker_) window_ = maker_();
-        return window_.get();
-    }
-    void show() {
-        if (Kind* const shown = window()) shown->show();
-    }
-    void hide() {
-        if (window_) window_->hide();
-    }
-    void unload() {
-        const std::unique_ptr<Kind> going = std::move(window_);  // its end may come back here
-    }
-
-  private:
-    Maker maker_;
-    std::unique_ptr<Kind> window_;
+/// Commands of item windows whose work stands in rooms of its own.
+enum class Command {
+    convert_appointment,
+    appointment_information,
+    convert_contact,
+    convert_lead,
+    email_templates,
+    save_as_template,
+    document_templates,
+    excel_templates,
+    count
 };
 
 struct Session {
-    explicit Session(host::Desktop& platform) : desktop(platform) {}
+    Session(host::Desktop& platform, forms::Engine& form_engine);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
+    ~Session();
 
     host::Desktop& desktop;
+    forms::Engine& engine;  ///< makes the windows
 
     host::outlook::Application gOutlookApp;  ///< the application, for code outside of `Connect`
     host::Text gProgId;                      ///< the name under which the add-in was connected
@@ -76,16 +64,25 @@ struct Session {
     bool wasProtected =
         false;  ///< whether the context menu's bar was protected when it was opened for changes
 
-    WindowPlace<StatusWindow> SearchForm;
+    std::int16_t gExplorerSerial = 0;  ///< the number of the last tracker; never reset
+    std::unique_ptr<ExplorerTrackers> gExplorerList;
+    bool gSkipExplorerTracking = false;  ///< nothing sets it
+
+    WindowPlace<addin::SearchForm> SearchForm;
+    WindowPlace<> Tarnwell;
+    WindowPlace<> TarnwellInfo;
     WindowPlace<> search_panel;  ///< the default instance of `ShowItems`
     WindowPlace<> gPanelMenu;
     WindowPlace<> gPanelMenu2;
-    WindowPlace<> QuickView;
+    WindowPlace<QuickViewWindow> QuickView;
+
+    /// A new Create Note dialog for each use; nothing as long as nothing makes it.
+    std::function<std::shared_ptr<NoteDialog>()> dlgSend;
 
     /// Work of rooms that open windows of their own; an empty one does nothing.
-    std::function<void(const host::Object& mail)> AutomaticCreateNoteSend;
     std::function<void(host::Value& selection)> ShowQuickView;
     std::function<void(host::Value& selection)> ShowTarnwell;
+    std::array<std::function<void(Connect& connect)>, static_cast<std::size_t>(Command::count)> commands;
 };
 
 }  // namespace addin

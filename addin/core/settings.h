@@ -26,6 +26,9 @@ inline constexpr host::TextView folder_name = u"AccountProfileFolderName";
 inline constexpr host::TextView user_name = u"UserName";
 }  // namespace setting
 
+/// What an option that is on holds.
+inline constexpr host::TextView option_on = u"1";
+
 /// The registry as the add-in and its siblings use it. The "9.0" stays in the key's path on every host
 /// version.
 class Settings {

@@ -1,5 +1,6 @@
 #include "core/status.h"
 
+#include "core/status_windows.h"
 #include "core/steps.h"
 
 namespace addin {
@@ -7,14 +8,12 @@ namespace {
 
 constexpr std::uint32_t message_time = 1000;  // milliseconds
 
-void show_status(Session& session, host::TextView text) {
-    if (StatusWindow* const window = session.SearchForm.window()) {
-        window->show();
-        window->caption(text);
-    }
-}
-
 }  // namespace
+
+void show_status(Session& session, host::TextView text) {
+    session.SearchForm.show();
+    session.SearchForm.window()->status(text);
+}
 
 void ShowMessage(Session& session, host::TextView MyText) {
     session.desktop.yield();
@@ -35,7 +34,8 @@ void ShowImportMessage(Session& session, host::TextView MyText, std::int32_t Sle
         steps.run([&] { session.SearchForm.unload(); });
         return;
     }
-    steps.run([&] { show_status(session, MyText); });
+    steps.run([&] { session.SearchForm.show(); });
+    steps.run([&] { session.SearchForm.window()->status(MyText); });
     steps.run([&] { desktop.pointer(host::Pointer::hourglass); });
     steps.run([&] { desktop.yield(); });
     if (SleepTime == 0) {

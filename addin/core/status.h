@@ -5,6 +5,9 @@
 
 namespace addin {
 
+/// Shows the status window, not modal, with a text. A failure travels to the caller.
+void show_status(Session& session, host::TextView text);
+
 /// Shows a text for one second. A failure travels to the caller.
 void ShowMessage(Session& session, host::TextView MyText);
 

@@ -13,10 +13,6 @@ namespace tag = host::family::tag;
 
 namespace {
 
-constexpr TextView type_smtp = u"SMTP";
-constexpr TextView type_exchange = u"EX";
-constexpr TextView option_on = u"1";
-
 constexpr Term native_addresses[] = {
     {field::email1, Address::native}, {field::email2, Address::native}, {field::email3, Address::native}};
 constexpr Term smtp_then_native_if_any[] = {

@@ -12,6 +12,9 @@
 
 namespace addin::filing {
 
+/// The types of addresses that are told apart, in upper case.
+inline constexpr host::TextView type_smtp = u"SMTP", type_exchange = u"EX";
+
 /// What a term of the contact filter is compared with.
 enum class Address { native, smtp, sender_name };
 

@@ -2,22 +2,20 @@
 #pragma once
 
 #include "forms/view.h"
+#include "forms/window.h"
 
 namespace addin::forms {
 
 /// Base of the windows' classes. Owned by shared pointers, so that an event keeps it alive while it runs.
-class Form : public Events, public std::enable_shared_from_this<Form> {
+class Form : public Window, public Events, public std::enable_shared_from_this<Form> {
   public:
     Form(Engine& engine, const FormTable& table) : engine_(engine), table_(table) {}
-    ~Form() override = default;
-    Form(const Form&) = delete;
-    Form& operator=(const Form&) = delete;
 
     bool loaded() const { return view_ != nullptr; }
-    void show() { view().show(); }
+    void show() override { view().show(); }
     void show_modal() { view().show_modal(); }
-    void hide();    ///< nothing if it isn't loaded
-    void unload();  ///< nothing if it isn't loaded; safe in the window's own events
+    void hide() override;
+    void unload() override;  ///< safe in the window's own events
 
     /// The window, made and loaded if it isn't there. Throws what the load throws; the window is there all
     /// the same.

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "forms/form_table.h"
+#include "host/desktop.h"
 
 namespace addin::forms {
 
@@ -125,6 +126,7 @@ class View {
     virtual Size size() const = 0;
     virtual bool minimized() const = 0;
     virtual int dots_per_inch() const = 0;
+    virtual void pointer(host::Pointer pointer) = 0;  ///< the mouse pointer over the window
 };
 
 /// What a window does at its events. The owner of the window overrides what it takes part in. Whatever is

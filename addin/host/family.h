@@ -8,6 +8,7 @@ namespace host::family {
 /// The names by which sibling objects are made.
 namespace prog_id {
 inline constexpr TextView main_add_in = u"Tarnwell.connect";
+inline constexpr TextView list_picker = u"ContactList.List";
 inline constexpr TextView reports = u"TarnwellReports.Reports";
 inline constexpr TextView safe_mail_item = u"TarnwellOMG.SafeMailItem";
 }  // namespace prog_id
@@ -35,6 +36,16 @@ class ReportsHost : public Face<ReportsHost> {
     void Initiate() const { call(u"Initiate"); }
 };
 
+/// The picker of accounts and contacts.
+class ListPicker : public Face<ListPicker> {
+  public:
+    static constexpr Kind kind{"ListPicker"};
+    using Face::Face;
+
+    void loaddialog() const { call(u"loaddialog"); }
+    void showdialog() const { call(u"showdialog"); }
+};
+
 /// Tags of MAPI properties.
 namespace tag {
 inline constexpr std::int32_t sender_address = 0x0C1F001E;       // PR_SENDER_EMAIL_ADDRESS
@@ -44,13 +55,31 @@ inline constexpr std::int32_t address_type = 0x3002001E;         // PR_ADDRTYPE
 inline constexpr std::int32_t address = 0x3003001E;              // PR_EMAIL_ADDRESS
 }  // namespace tag
 
-/// The sender of a wrapped mail.
+/// The sender of a wrapped mail, or the entry of one of its recipients.
 class SafeAddressEntry : public Face<SafeAddressEntry> {
   public:
     static constexpr Kind kind{"SafeAddressEntry"};
     using Face::Face;
 
     Text Fields(std::int32_t tag) const { return get(u"Fields", {tag}).to_text(); }
+};
+
+class SafeRecipient : public Face<SafeRecipient> {
+  public:
+    static constexpr Kind kind{"SafeRecipient"};
+    using Face::Face;
+
+    Text name() const { return text(u"name"); }
+    Text Address() const { return text(u"Address"); }
+    SafeAddressEntry AddressEntry() const { return SafeAddressEntry(object(u"AddressEntry")); }
+};
+
+class SafeRecipients : public CollectionFace<SafeRecipients, SafeRecipient> {
+  public:
+    static constexpr Kind kind{"SafeRecipients"};
+    using CollectionFace::CollectionFace;
+
+    void ResolveAll() const { call(u"ResolveAll"); }
 };
 
 /// A mail's protected properties without the host's security prompt. Made for each use.
@@ -62,6 +91,8 @@ class SafeMailItem : public Face<SafeMailItem> {
     void Item(const Object& item) const { put(u"Item", item); }
     Text Fields(std::int32_t tag) const { return get(u"Fields", {tag}).to_text(); }
     SafeAddressEntry sender() const { return SafeAddressEntry(object(u"sender")); }
+    SafeRecipients Recipients() const { return SafeRecipients(object(u"Recipients")); }
+    void ResolveAll() const { call(u"ResolveAll"); }
     Text To() const { return text(u"To"); }
     Text Subject() const { return text(u"Subject"); }
     Text Body() const { return text(u"Body"); }

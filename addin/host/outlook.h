@@ -41,6 +41,13 @@ class UserProperties : public CollectionFace<UserProperties, UserProperty> {
     }
 };
 
+/// All properties of an item; not of the Outlook 2000 generation, so reached by name where a host has it.
+class ItemProperties : public CollectionFace<ItemProperties, UserProperty> {
+  public:
+    static constexpr Kind kind{"ItemProperties"};
+    using CollectionFace::CollectionFace;
+};
+
 class Attachments : public Face<Attachments> {
   public:
     static constexpr Kind kind{"Attachments"};
@@ -77,6 +84,9 @@ class Item : public Face<Item> {
     void FlagRequest(TextView value) const { put(u"FlagRequest", value); }
     Text CompanyName() const { return text(u"CompanyName"); }
     Text FullName() const { return text(u"FullName"); }
+    Text Account() const { return text(u"Account"); }
+    Text CustomerID() const { return text(u"CustomerID"); }
+    ItemProperties itemproperties() const { return ItemProperties(object(u"itemproperties")); }
     outlook::UserProperties UserProperties() const {
         return outlook::UserProperties(object(u"UserProperties"));
     }
@@ -112,6 +122,7 @@ class Folder : public Face<Folder> {
     Text Name() const { return text(u"Name"); }
     Text EntryID() const { return text(u"EntryID"); }
     Text StoreID() const { return text(u"StoreID"); }
+    Text DefaultMessageClass() const { return text(u"DefaultMessageClass"); }
     inline outlook::Folders Folders() const;
     outlook::Items Items() const { return outlook::Items(object(u"Items")); }
 };
@@ -138,20 +149,45 @@ class NameSpace : public Face<NameSpace> {
     }
 };
 
+class Selection : public CollectionFace<Selection, Item> {
+  public:
+    static constexpr Kind kind{"Selection"};
+    using CollectionFace::CollectionFace;
+};
+
 class Explorer : public Face<Explorer> {
   public:
     static constexpr Kind kind{"Explorer"};
     using Face::Face;
 
     office::CommandBars CommandBars() const { return office::CommandBars(object(u"CommandBars")); }
+    Folder CurrentFolder() const { return Folder(object(u"CurrentFolder")); }
+    outlook::Selection Selection() const { return outlook::Selection(object(u"Selection")); }
 };
 
-class Inspectors : public Face<Inspectors> {
+class Explorers : public CollectionFace<Explorers, Explorer> {
   public:
-    static constexpr Kind kind{"Inspectors"};
+    static constexpr Kind kind{"Explorers"};
+    using CollectionFace::CollectionFace;
+};
+
+inline constexpr std::int32_t discard_changes = 1;  // OlInspectorClose
+
+class Inspector : public Face<Inspector> {
+  public:
+    static constexpr Kind kind{"Inspector"};
     using Face::Face;
 
-    std::int32_t Count() const { return integer(u"Count"); }
+    Item CurrentItem() const { return Item(object(u"CurrentItem")); }
+    office::CommandBars CommandBars() const { return office::CommandBars(object(u"CommandBars")); }
+    bool IsWordMail() const { return call(u"IsWordMail").to_boolean(); }
+    void Close(std::int32_t mode) const { call(u"Close", {mode}); }
+};
+
+class Inspectors : public CollectionFace<Inspectors, Inspector> {
+  public:
+    static constexpr Kind kind{"Inspectors"};
+    using CollectionFace::CollectionFace;
 };
 
 class Application : public Face<Application> {
@@ -161,7 +197,7 @@ class Application : public Face<Application> {
 
     Text Version() const { return text(u"Version"); }
     Explorer ActiveExplorer() const { return Explorer(call(u"ActiveExplorer").to_object()); }
-    Object Explorers() const { return object(u"Explorers"); }
+    outlook::Explorers Explorers() const { return outlook::Explorers(object(u"Explorers")); }
     outlook::Inspectors Inspectors() const { return outlook::Inspectors(object(u"Inspectors")); }
     NameSpace GetNamespace(TextView type) const {
         return NameSpace(call(u"GetNamespace", {Value(type)}).to_object());

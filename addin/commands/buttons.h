@@ -1,0 +1,42 @@
+// The buttons that item windows get: one table.
+#pragma once
+
+#include <span>
+
+#include "core/connect.h"
+
+namespace addin::commands {
+
+/// Names of the bars.
+inline constexpr host::TextView convert_appointment_bar = u"Convert Appointment";
+inline constexpr host::TextView create_note_bar = u"TarnwellCreateNote";
+inline constexpr host::TextView contact_templates_bar = u"Contact Templates";
+inline constexpr host::TextView menu_bar = u"Menu Bar";  ///< the host's own
+
+/// What a click does; an empty `Command` work does nothing.
+using Click = void (*)(Connect& connect);
+
+/// A button as it is added. Two are looked up by a tag that isn't theirs, and that stands: the one for
+/// "ApptButton2" is never found, so each window gets a fresh one, and the one for "OpenContactButton" finds
+/// the button of a mail.
+struct ButtonRow {
+    host::Sink Connect::*member;  ///< holds the button and its click
+    host::TextView sought;        ///< the tag that it is looked up by
+    host::TextView tag;
+    host::TextView caption;
+    std::int32_t face;
+    Click click;
+};
+
+std::span<const ButtonRow> buttons();
+const ButtonRow& button(host::Sink Connect::*member);
+
+/// Opens a new Create Note dialog and waits until it is done. A failure travels to the caller.
+void show_note_dialog(Connect& connect, bool from_explorer);
+
+/// The clicks whose work stands with the inspectors' commands. A failure ends the first.
+void goButton_Click(Connect& connect);
+void OpenButton_Click(Connect& connect);
+void OpenContactButton_Click(Connect& connect);
+
+}  // namespace addin::commands

@@ -1,0 +1,39 @@
+#include "commands/explorer_commands.h"
+
+#include "core/settings.h"
+#include "records/names.h"
+
+namespace addin::commands {
+
+void goExplorer_SelectionChange(Connect& connect) {
+    Steps steps;
+    Session& session = connect.session();
+    // a selection changes all the time: with the option off, this is all that it costs
+    if (Settings(session.desktop).option(setting::enable_quick_view) != option_on) return;
+    host::outlook::Application application;
+    steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
+    if (steps.holds([&] {
+            const host::Text shown =
+                host::outlook::Explorer(connect.goExplorer.source()).CurrentFolder().Name();
+            return shown != application.GetNamespace(u"MAPI")
+                                .GetDefaultFolder(host::outlook::default_folder::inbox)
+                                .Name();
+        })) {
+        return;
+    }
+    steps.run([&] { session.QuickView.hide(); });
+    host::outlook::Selection selection;
+    steps.set(selection, [&] { return application.ActiveExplorer().Selection(); });
+    steps.run([&] { session.desktop.yield(); });
+    if (steps.holds([&] { return selection.Count() != 1; })) return;
+    if (steps.holds([&] { return selection.Item(1).MessageClass() != records::message_class::mail; })) {
+        return;
+    }
+    steps.run([&] { session.desktop.yield(); });
+    steps.run([&] {
+        host::Value selected(selection);
+        if (session.ShowQuickView) session.ShowQuickView(selected);
+    });
+}
+
+}  // namespace addin::commands

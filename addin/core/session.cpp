@@ -1,0 +1,17 @@
+#include "core/session.h"
+
+#include "commands/explorer_tracking.h"
+#include "core/status_windows.h"
+
+namespace addin {
+
+Session::Session(host::Desktop& platform, forms::Engine& form_engine)
+    : desktop(platform), engine(form_engine), gExplorerList(std::make_unique<ExplorerTrackers>()) {
+    SearchForm.made_by([this] { return std::make_shared<addin::SearchForm>(engine); });
+    Tarnwell.made_by([this] { return std::make_shared<addin::Tarnwell>(*this); });
+    TarnwellInfo.made_by([this] { return std::make_shared<addin::TarnwellInfo>(engine); });
+}
+
+Session::~Session() = default;
+
+}  // namespace addin

@@ -1,0 +1,45 @@
+// The status window of long operations, and two small windows that carry almost no logic.
+#pragma once
+
+#include "core/session.h"
+
+namespace addin {
+
+const forms::FormTable& search_form_table();
+const forms::FormTable& tarnwell_table();
+const forms::FormTable& tarnwell_info_table();
+
+/// The sign of progress. It bears the hourglass as long as it is loaded.
+class SearchForm : public forms::Form {
+  public:
+    explicit SearchForm(forms::Engine& engine) : Form(engine, search_form_table()) {}
+
+    /// Sets the text of `Label1`; the window is loaded, but not shown, if it isn't there.
+    void status(host::TextView text) { control(u"Label1").text(text); }
+
+  private:
+    void on_load() override { view().pointer(host::Pointer::hourglass); }
+    void on_unload() override { view().pointer(host::Pointer::standard); }
+};
+
+/// Nothing of this program shows it; it is hidden and unloaded at each inspector's close.
+class Tarnwell : public forms::Form {
+  public:
+    explicit Tarnwell(Session& session) : Form(session.engine, tarnwell_table()), session_(session) {}
+
+    host::Object Myitem;
+
+  private:
+    void on_click(host::TextView control) override;
+    void on_unload() override { Myitem.reset(); }
+
+    Session& session_;
+};
+
+/// Shown by the inspectors' "Tarnwell" button. It has no logic, and nothing fills its list.
+class TarnwellInfo : public forms::Form {
+  public:
+    explicit TarnwellInfo(forms::Engine& engine) : Form(engine, tarnwell_info_table()) {}
+};
+
+}  // namespace addin

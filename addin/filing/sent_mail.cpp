@@ -1,0 +1,144 @@
+#include "filing/sent_mail.h"
+
+#include "core/settings.h"
+#include "core/status_windows.h"
+#include "filing/address_resolution.h"
+#include "records/database.h"
+#include "records/stamp.h"
+
+namespace addin::filing {
+
+using host::Text;
+using host::TextView;
+using host::family::SafeAddressEntry;
+using host::family::SafeMailItem;
+using host::outlook::Folder;
+using host::outlook::Item;
+namespace tag = host::family::tag;
+
+namespace {
+
+constexpr std::uint32_t reading_time = 1000;  // milliseconds in which the user can read a result
+
+constexpr TextView checking = u"Checking names - ", checked = u"Checking names  ";
+constexpr TextView searching = u"Searching for ", not_found = u" - NOT FOUND", saving = u" - Saving";
+
+/// The filing of one mail.
+class Sending {
+  public:
+    Sending(Session& session, const Item& mail) : session_(session), mail_(mail) {}
+
+    void run();
+
+  private:
+    enum class Next { recipient, leave };
+    Next file_for(std::int32_t index);
+
+    /// What `file_for` searches with; nothing if the recipient is passed over.
+    std::optional<Text> filter_for(std::int32_t index);
+
+    void status(const Text& text);
+    void wait();  ///< so that the user can read the status
+
+    Session& session_;
+    const Item& mail_;
+    Steps steps_;
+    host::family::MainAddIn main_add_in_;
+    SafeMailItem wrapper_;
+    Text name_;  // what fails for one recipient keeps the value of the one before
+    SafeAddressEntry entry_;
+    Addresses addresses_;
+    Folder account_profiles_;
+};
+
+void Sending::run() {
+    steps_.set(main_add_in_, [&] { return records::make_main_add_in(session_.desktop); });
+    steps_.set(wrapper_,
+               [&] { return SafeMailItem(session_.desktop.create(host::family::prog_id::safe_mail_item)); });
+    steps_.run([&] { wrapper_.Item(mail_); });
+    steps_.run([&] { wrapper_.ResolveAll(); });
+    steps_.run([&] { wrapper_.Recipients().ResolveAll(); });
+    std::int32_t count = 0;
+    steps_.set(count, [&] { return wrapper_.Recipients().Count(); });
+    for (std::int32_t i = 1; i <= count; ++i) {
+        if (file_for(i) == Next::leave) return;
+    }
+}
+
+Sending::Next Sending::file_for(std::int32_t index) {
+    steps_.set(name_, [&] { return wrapper_.Recipients().Item(index).name(); });
+    status(Text(checking) + name_);
+    const std::optional<Text> filter = filter_for(index);
+    if (!filter) return Next::recipient;
+    status(Text(checked) + name_);
+    if (steps_.holds([&] { return wrapper_.To().empty(); })) return Next::leave;
+
+    const records::PathRow& path = records::row(records::Path::automatic_sent);
+    steps_.set(account_profiles_, [&] {
+        return records::open_folder(session_.desktop, main_add_in_, records::folder::account_profiles);
+    });
+    const Folder folder = records::choose_folder(steps_, session_.desktop, account_profiles_, path.place);
+    status(Text(searching) + name_);
+    Item contact;
+    if (!filter->empty()) contact = find_contact(steps_, session_, account_profiles_, *filter);
+    if (!contact) {
+        status(Text(searching) + name_ + Text(not_found));
+        wait();
+        return Next::recipient;
+    }
+    Text full_name;
+    steps_.set(full_name, [&] { return contact.FullName(); });
+    status(Text(searching) + full_name + Text(saving));
+    wait();
+    records::post_note(steps_, path, folder, contact, wrapper_);
+    records::mark_mail(steps_, path, mail_);
+    steps_.run([&] { session_.desktop.yield(); });
+    return Next::recipient;
+}
+
+std::optional<Text> Sending::filter_for(std::int32_t index) {
+    const VariantRow& variant = row(Variant::sent);
+    steps_.set(entry_, [&] { return wrapper_.Recipients().Item(index).AddressEntry(); });
+    if (steps_.holds([&] { return host::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
+        steps_.set(addresses_.native, [&] { return wrapper_.Recipients().Item(index).Address(); });
+        if (variant.empty_native_address_stops && addresses_.native.empty()) return std::nullopt;
+        return contact_filter(variant.terms, variant.for_smtp, addresses_);
+    }
+    // the first half of the test looks at the mail's sender, not at the recipient
+    if (!steps_.holds([&] {
+            const Text option = Settings(session_.desktop).option(setting::save_exchange_email);
+            const bool sender = host::upper(wrapper_.Fields(tag::sender_address_type)) == type_exchange;
+            const bool recipient = host::upper(entry_.Fields(tag::address_type)) == type_exchange;
+            return option == option_on && (sender || recipient);
+        })) {
+        return std::nullopt;
+    }
+    steps_.set(addresses_.smtp, [&] { return host::trimmed(entry_.Fields(tag::smtp_address)); });
+    steps_.set(addresses_.native, [&] { return host::trimmed(entry_.Fields(tag::address)); });
+    return contact_filter(variant.terms, variant.for_other, addresses_);
+}
+
+void Sending::status(const Text& text) {
+    steps_.run([&] { session_.SearchForm.window()->status(text); });
+    steps_.run([&] { session_.desktop.yield(); });
+}
+
+void Sending::wait() {
+    steps_.run([&] { session_.desktop.sleep(reading_time); });
+    steps_.run([&] { session_.desktop.yield(); });
+}
+
+}  // namespace
+
+void AutomaticCreateNoteSend(Session& session, const Item& item) {
+    Steps steps;
+    steps.run([&] { session.desktop.yield(); });
+    if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
+    if (steps.holds([&] { return item.Sensitivity() == host::outlook::sensitivity_normal; })) {
+        Sending(session, item).run();
+    }
+    steps.run([&] { session.SearchForm.hide(); });
+    steps.run([&] { session.SearchForm.unload(); });
+}
+
+}  // namespace addin::filing

@@ -1,0 +1,28 @@
+// The drawings on our windows.
+#pragma once
+
+#include "forms/form_table.h"
+
+namespace addin::forms {
+
+inline constexpr Color silver{192, 192, 192}, white{255, 255, 255}, steel{70, 110, 160}, gold{210, 160, 40};
+
+namespace drawing {
+inline constexpr Point handle[] = {{18, 21}, {21, 18}, {30, 27}, {30, 30}, {27, 30}};
+inline constexpr Point ring[] = {{8, 2}, {16, 2}, {22, 8}, {22, 16}, {16, 22}, {8, 22}, {2, 16}, {2, 8}};
+inline constexpr Point glass[] = {{9, 5}, {15, 5}, {19, 9}, {19, 15}, {15, 19}, {9, 19}, {5, 15}, {5, 9}};
+inline constexpr Shape magnifier_shapes[] = {{gold, handle}, {steel, ring}, {white, glass}};
+
+inline constexpr Point sheet[] = {{2, 1}, {14, 1}, {14, 15}, {2, 15}};
+inline constexpr Point paper[] = {{3, 2}, {13, 2}, {13, 14}, {3, 14}};
+inline constexpr Point first_line[] = {{5, 4}, {11, 4}, {11, 5}, {5, 5}};
+inline constexpr Point marked_line[] = {{4, 6}, {12, 6}, {12, 9}, {4, 9}};
+inline constexpr Point last_line[] = {{5, 11}, {11, 11}, {11, 12}, {5, 12}};
+inline constexpr Shape pick_shapes[] = {
+    {steel, sheet}, {white, paper}, {steel, first_line}, {gold, marked_line}, {steel, last_line}};
+}  // namespace drawing
+
+inline constexpr Picture magnifier{32, drawing::magnifier_shapes};
+inline constexpr Picture pick_from_list{16, drawing::pick_shapes};
+
+}  // namespace addin::forms

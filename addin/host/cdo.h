@@ -1,0 +1,33 @@
+// The faces of CDO, as far as the add-in uses it.
+#pragma once
+
+#include "host/face.h"
+
+namespace host::cdo {
+
+inline constexpr TextView session_prog_id = u"MAPI.Session";
+inline constexpr std::int32_t default_post_class = 0x36E5001E;  // PR_DEF_POST_MSGCLASS
+
+class Folder : public Face<Folder> {
+  public:
+    static constexpr Kind kind{"CDO.Folder"};
+    using Face::Face;
+
+    /// A property's value by its tag.
+    Value Fields(std::int32_t tag) const { return get(u"Fields", {tag}).to_object().get(u"Value"); }
+};
+
+class Session : public Face<Session> {
+  public:
+    static constexpr Kind kind{"CDO.Session"};
+    using Face::Face;
+
+    /// Shares the host's own session.
+    void Logon() const { call(u"Logon", {Missing{}, Missing{}, Missing{}, false}); }
+    Folder GetFolder(TextView entry_id, TextView store_id) const {
+        return Folder(call(u"GetFolder", {Value(entry_id), Value(store_id)}).to_object());
+    }
+    void Logoff() const { call(u"Logoff"); }
+};
+
+}  // namespace host::cdo
