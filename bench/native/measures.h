@@ -15,6 +15,12 @@ std::unique_ptr<native::NativeWorld> filing_world();
 /// The calls that the add-in makes for one mail.
 bool calls_of_a_mail();
 
+/// The calls that the add-in makes for an item's window, by the kind of item, and the time that they take.
+bool calls_of_opened_items();
+
+/// The calls that the add-in makes when the selection changes and it has nothing to do.
+bool calls_of_a_selection();
+
 /// What a mail's filing takes with few and with many contacts.
 bool time_of_a_mail();
 

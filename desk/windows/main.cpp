@@ -2,12 +2,14 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <utility>
 
 #include "desk/com/add_in_loader.h"
 #include "desk/com/desk_settings.h"
 #include "desk/com/desk_surroundings.h"
 #include "desk/model/application.h"
+#include "desk/model/cdo.h"
 #include "desk/windows/desk_windows.h"
 #include "desk/windows/main_loop.h"
 #include "desk/windows/message_watch.h"
@@ -22,6 +24,8 @@ using windows::ComPtr;
 
 constexpr host::Guid application_class =
     host::guid("{0006F03A-0000-0000-C000-000000000046}");           // Outlook.Application
+constexpr host::Guid cdo_session_class =
+    host::guid("{3FA7DEB3-6438-101B-ACC1-00AA00423326}");           // MAPI.Session
 constexpr DWORD longest_wait_for_database = 15000, wait_step = 50;  // milliseconds
 
 /// Lines for whoever wants to know what the desk does; each is written at once.
@@ -70,12 +74,14 @@ std::unique_ptr<desk::Store> open_store(const Text& path) {
 /// The class object while the desk takes callers.
 class ServedClass {
   public:
-    ServedClass(windows::Module& module, desk::Desk& desk,
-                const std::shared_ptr<windows::Apartment>& apartment) {
-        factory_ = windows::ClassFactory::create(module, [&desk, apartment] {
-            return ComPtr<IUnknown>(apartment->bridge(desk.application()).get());
+    /// `make` gives each caller its object.
+    ServedClass(windows::Module& module, const host::Guid& class_id,
+                const std::shared_ptr<windows::Apartment>& apartment,
+                std::function<std::shared_ptr<host::Invocable>()> make) {
+        factory_ = windows::ClassFactory::create(module, [apartment, make = std::move(make)] {
+            return ComPtr<IUnknown>(apartment->bridge(make()).get());
         });
-        windows::check(CoRegisterClassObject(windows::to_guid(application_class), factory_.get(),
+        windows::check(CoRegisterClassObject(windows::to_guid(class_id), factory_.get(),
                                              CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
     }
     ~ServedClass() { revoke(); }
@@ -115,7 +121,9 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     loop.on_change = [&desk_windows] { desk_windows.follow(); };
     loop.on_tick = [&messages] { messages.look(); };
 
-    ServedClass served(module, desk, apartment);
+    ServedClass served(module, application_class, apartment, [&desk] { return desk.application(); });
+    const ServedClass served_cdo(module, cdo_session_class, apartment,
+                                 [&desk] { return std::make_shared<desk::CdoSession>(desk); });
     surroundings.hooks.quit = [&] {
         served.revoke();  // who asks for an application from now on gets a new one
         loop.ask_to_quit();

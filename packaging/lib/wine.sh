@@ -114,6 +114,12 @@ desk_rows() { # $1: folder of programs, $2: folder of the database, $3: folder f
     row "$class\\LocalServer32" @ "\"$program\\desk.exe\""
     row "$class\\ProgID" @ Outlook.Application.9
     row "$class\\VersionIndependentProgID" @ Outlook.Application
+    class='HKEY_CLASSES_ROOT\CLSID\{3FA7DEB3-6438-101B-ACC1-00AA00423326}'
+    row 'HKEY_CLASSES_ROOT\MAPI.Session' @ 'CDO session'
+    row 'HKEY_CLASSES_ROOT\MAPI.Session\CLSID' @ '{3FA7DEB3-6438-101B-ACC1-00AA00423326}'
+    row "$class" @ 'CDO session'
+    row "$class\\LocalServer32" @ "\"$program\\desk.exe\""
+    row "$class\\ProgID" @ MAPI.Session
 
     id='HKEY_CURRENT_USER\Software\Tarnwell\Desk'
     row "-$id"

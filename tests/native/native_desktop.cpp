@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "desk/model/application.h"
+#include "desk/model/cdo.h"
 #include "family/create.h"
 #include "host/shell.h"
 #include "tests/native/formats.h"
@@ -21,6 +22,7 @@ namespace result = host::result;
 namespace {
 
 constexpr TextView outlook_prog_id = u"Outlook.Application";
+constexpr TextView cdo_prog_id = u"MAPI.Session";
 /// What the system's shell starts in.
 constexpr TextView working_folder = u"C:\\desk";
 
@@ -60,6 +62,9 @@ Object NativeDesktop::make(TextView prog_id) {
         without_, [&](const Text& name) { return host::same_ignoring_case(name, prog_id); });
     if (!left_out) {
         if (host::same_ignoring_case(prog_id, outlook_prog_id)) return running().application()->self();
+        if (host::same_ignoring_case(prog_id, cdo_prog_id)) {
+            return std::make_shared<desk::CdoSession>(running())->self();
+        }
         if (host::same_ignoring_case(prog_id, host::WshShell::prog_id)) {
             return Object(std::make_shared<Shell>(programs_, Text(working_folder)));
         }

@@ -123,7 +123,7 @@ void NativeWorld::end_host() {
 }
 
 void NativeWorld::load_add_in(std::int32_t connect_mode) {
-    loaded_ = std::make_unique<Loaded>(desktop_);
+    loaded_ = std::make_unique<Loaded>(desktop_, engine_);
     const std::shared_ptr<addin::Connect> connect = loaded_->connect;
     connect->IDTExtensibility2_OnConnection(application_for_add_in(), connect_mode, entry_for_add_in());
     host_->desk.add_ins()->all.front()->connected = true;

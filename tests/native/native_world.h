@@ -4,6 +4,7 @@
 
 #include "core/connect.h"
 #include "tests/acceptance/world.h"
+#include "tests/native/memory_forms.h"
 #include "tests/native/native_desktop.h"
 #include "tests/native/native_surroundings.h"
 #include "tests/native/temporary_folder.h"
@@ -31,6 +32,7 @@ class NativeWorld final : public acceptance::World {
     NativeDesktop& system() { return desktop_; }
     MemoryRegistry& memory_registry() { return registry_; }
     Boundary& boundary() { return *boundary_; }
+    MemoryEngine& engine() { return engine_; }  ///< the add-in's windows
     addin::Connect* add_in();  ///< the add-in as it is loaded; null if it isn't
 
     /// Loads the add-in as the host does, or lets go of it.
@@ -48,8 +50,8 @@ class NativeWorld final : public acceptance::World {
     struct Loaded {
         addin::Session session;
         std::shared_ptr<addin::Connect> connect;
-        explicit Loaded(host::Desktop& desktop)
-            : session(desktop), connect(std::make_shared<addin::Connect>(session)) {}
+        Loaded(host::Desktop& desktop, addin::forms::Engine& engine)
+            : session(desktop, engine), connect(std::make_shared<addin::Connect>(session)) {}
     };
 
     Host& running();
@@ -62,6 +64,8 @@ class NativeWorld final : public acceptance::World {
     std::shared_ptr<Boundary> boundary_ = std::make_shared<Boundary>();
     NativeDesktop desktop_;
     std::unique_ptr<Host> host_;
+    Strands strands_;
+    MemoryEngine engine_{strands_};
     std::unique_ptr<Loaded> loaded_;
 };
 

@@ -258,7 +258,7 @@ TEST(Start, ResetsTheFlagsThatItOwns) {
 TEST(Start, IsLeftSilentlyIfTheEntryCannotBeRead) {
     NativeWorld world{{}};
     world.unload_add_in(1);
-    addin::Session session(world.desktop());
+    addin::Session session(world.desktop(), world.engine());
     const auto connect = std::make_shared<Connect>(session);
     world.boundary().forget_calls();
     EXPECT_NO_THROW(connect->IDTExtensibility2_OnConnection(world.application_for_add_in(), 1, Object()));
@@ -270,9 +270,9 @@ TEST(Start, IsLeftSilentlyIfTheEntryCannotBeRead) {
 class ToldWindow : public addin::Window {
   public:
     explicit ToldWindow(std::vector<std::string>& told) : told_(told) {}
-    ~ToldWindow() override { told_.emplace_back("unload"); }
     void show() override { told_.emplace_back("show"); }
     void hide() override { told_.emplace_back("hide"); }
+    void unload() override { told_.emplace_back("unload"); }
 
   private:
     std::vector<std::string>& told_;
@@ -290,8 +290,8 @@ TEST(Start, ShowsTheSearchPanelIfTheOptionIsExactlyOne) {
         NativeWorld world{{}};
         world.unload_add_in(1);
         world.option(u"EnablePowerPanel", option);
-        addin::Session session(world.desktop());
-        session.search_panel.made_by([&] { return std::make_unique<ToldWindow>(told); });
+        addin::Session session(world.desktop(), world.engine());
+        session.search_panel.made_by([&] { return std::make_shared<ToldWindow>(told); });
         const auto connect = std::make_shared<Connect>(session);
         connect->IDTExtensibility2_OnConnection(world.application_for_add_in(), 1, world.entry_for_add_in());
         EXPECT_EQ(told, shown ? std::vector<std::string>{"show"} : std::vector<std::string>{});
@@ -330,7 +330,7 @@ TEST(SearchPanels, AreOpenedOnAnItemOrOnNone) {
         NativeWorld world{{}};
         addin::Session& session = world.add_in()->session();
         std::vector<std::string> told;
-        const auto make = [&] { return std::make_unique<ToldWindow>(told); };
+        const auto make = [&] { return std::make_shared<ToldWindow>(told); };
         (one.operation == TextView(u"ShowItemsMenu") ? session.gPanelMenu : session.gPanelMenu2)
             .made_by(make);
         const host::outlook::Item contact = acceptance::add_contact(world);
@@ -430,7 +430,7 @@ TEST(Stop, OpensTheContextMenuForChangesWhenTheWindowCloses) {
 TEST(Discovery, FillsAnEmptyHolderOfTheApplication) {
     NativeWorld world{{}};
     world.unload_add_in(1);
-    addin::Session session(world.desktop());
+    addin::Session session(world.desktop(), world.engine());
     const auto connect = std::make_shared<Connect>(session);  // never connected
     world.desk().call(u"Answer", {u"Choose Tarnwell Database", u"", host::box::answer_yes});
     connect->FindFolder();
@@ -444,7 +444,7 @@ TEST(Discovery, LeavesTheHolderAloneUnlessYesIsAnswered) {
     for (const int answer : {host::box::answer_no, host::box::answer_cancel}) {
         NativeWorld world{{}};
         world.unload_add_in(1);
-        addin::Session session(world.desktop());
+        addin::Session session(world.desktop(), world.engine());
         const auto connect = std::make_shared<Connect>(session);
         world.desk().call(u"Answer", {u"Choose Tarnwell Database", u"", answer});
         connect->FindFolder();

@@ -1,0 +1,152 @@
+#include "desk/model/cdo.h"
+
+#include "desk/model/application.h"
+#include "desk/model/desk.h"
+#include "desk/model/folder.h"
+#include "desk/model/name_space.h"
+
+namespace desk {
+
+using host::Arguments;
+using host::Failure;
+using host::Takes;
+using host::Text;
+using host::Use;
+using host::Value;
+namespace result = host::result;
+
+namespace {
+
+constexpr std::int32_t not_logged_on = static_cast<std::int32_t>(0x80040605);  // CdoE_NOT_INITIALIZED
+
+/// A property of folders by its tag (published with MAPI).
+struct FolderProperty {
+    std::int32_t tag;
+    Text FolderRow::*member;
+};
+constexpr FolderProperty folder_properties[] = {
+    {0x3001001E, &FolderRow::name},           // PR_DISPLAY_NAME
+    {0x36E5001E, &FolderRow::default_class},  // PR_DEF_POST_MSGCLASS
+};
+
+const FolderProperty& property_of(std::int32_t tag) {
+    for (const FolderProperty& property : folder_properties) {
+        if (property.tag == tag) return property;
+    }
+    throw Failure(result::not_found, u"The folder has no such property.");
+}
+
+}  // namespace
+
+host::Object CdoField::parent() const { return owner_->self(); }
+
+const host::Members<CdoField>& CdoField::members() {
+    static const host::Members<CdoField> table{
+        {u"Value", host::no_id, Use::get_put,
+         [](CdoField& self, const Arguments& a) {
+             if (a.is_put()) self.owner().value(self.tag, a.assigned().to_text());
+             return Value(self.owner().value(self.tag));
+         }},
+        {u"ID", host::no_id, Use::get, [](CdoField& self, const Arguments&) { return Value(self.tag); }},
+    };
+    return table;
+}
+
+const FolderRow& CdoFolder::row() const {
+    if (const FolderRow* const found = desk().folder_row(folder_)) return *found;
+    throw Failure(result::not_found, u"The folder is gone.");
+}
+
+host::Object CdoFolder::field(std::int32_t tag) {
+    property_of(tag);
+    return std::make_shared<CdoField>(desk(), shared_from_this(), tag)->self();
+}
+
+Text CdoFolder::value(std::int32_t tag) const {
+    const auto changed = changed_.find(tag);
+    return changed != changed_.end() ? changed->second : row().*property_of(tag).member;
+}
+
+void CdoFolder::value(std::int32_t tag, const Text& value) {
+    property_of(tag);
+    changed_[tag] = value;
+}
+
+void CdoFolder::update() {
+    row();
+    for (const auto& [tag, value] : changed_) {
+        desk().changeable_folder_row(folder_).*property_of(tag).member = value;
+    }
+    changed_.clear();
+    desk().save_folder(folder_);
+}
+
+const host::Members<CdoFolder>& CdoFolder::members() {
+    static const host::Members<CdoFolder> table{
+        {u"Name", host::no_id, Use::get,
+         [](CdoFolder& self, const Arguments&) { return Value(self.row().name); }},
+        {u"ID", host::no_id, Use::get,
+         [](CdoFolder& self, const Arguments&) {
+             return std::make_shared<Folder>(self.desk(), self.id())->self().get(u"EntryID");
+         }},
+        {u"Fields",
+         host::no_id,
+         Use::get,
+         {{u"Tag", Takes::integer}},
+         [](CdoFolder& self, const Arguments& a) { return Value(self.field(a[0].to_integer())); }},
+        {u"Update", host::no_id, Use::method,
+         [](CdoFolder& self, const Arguments&) {
+             self.update();
+             return Value();
+         }},
+    };
+    return table;
+}
+
+void CdoSession::check_logged_on() const {
+    if (!logged_on) throw Failure(not_logged_on, u"The session is not logged on.");
+}
+
+host::Object CdoSession::folder(const Text& id, const Value& store) {
+    check_logged_on();
+    const host::Object found = desk().name_space()->folder_from_id(id, store);
+    return std::make_shared<CdoFolder>(desk(), folder_of(Value(found)).id(), self())->self();
+}
+
+const host::Members<CdoSession>& CdoSession::members() {
+    static const host::Members<CdoSession> table{
+        {u"Name", host::no_id, Use::get,
+         [](CdoSession& self, const Arguments&) {
+             self.check_logged_on();
+             return Value(u"Outlook");
+         }},
+        {u"Logon",
+         host::no_id,
+         Use::method,
+         {{u"ProfileName", Takes::value, true},
+          {u"ProfilePassword", Takes::value, true},
+          {u"ShowDialog", Takes::value, true},
+          {u"NewSession", Takes::boolean, true},
+          {u"ParentWindow", Takes::value, true},
+          {u"NoMail", Takes::value, true},
+          {u"ProfileInfo", Takes::value, true}},
+         [](CdoSession& self, const Arguments&) {
+             self.logged_on = true;
+             return Value();
+         }},
+        {u"Logoff", host::no_id, Use::method,
+         [](CdoSession& self, const Arguments&) {
+             self.check_logged_on();
+             self.logged_on = false;
+             return Value();
+         }},
+        {u"GetFolder",
+         host::no_id,
+         Use::method,
+         {{u"FolderID", Takes::text}, {u"StoreID", Takes::value, true}},
+         [](CdoSession& self, const Arguments& a) { return Value(self.folder(a[0].to_text(), a[1])); }},
+    };
+    return table;
+}
+
+}  // namespace desk

@@ -1,0 +1,189 @@
+// The tables of buttons and windows, and what of the commands only this build can see.
+#include <gmock/gmock.h>
+
+#include <limits>
+#include <set>
+
+#include "commands/buttons.h"
+#include "commands/explorer_tracking.h"
+#include "core/status_windows.h"
+#include "tests/acceptance/people.h"
+#include "tests/native/native_world.h"
+
+namespace addin_tests {
+namespace {
+
+using addin::Connect;
+using addin::forms::ControlKind;
+using addin::forms::ControlRow;
+using addin::forms::FormTable;
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using native::NativeWorld;
+
+TEST(Buttons, AreLookedUpByTheirTagsButForTwo) {
+    std::vector<std::pair<Text, Text>> different;
+    for (const auto& row : addin::commands::buttons()) {
+        if (row.sought != row.tag) different.emplace_back(row.sought, row.tag);
+    }
+    EXPECT_THAT(different,
+                testing::UnorderedElementsAre(
+                    testing::Pair(Text(u"ApptButton2"), Text(u"ApptButton1")),
+                    testing::Pair(Text(u"OpenContactButton"), Text(u"OpenTarnwellContactButton"))));
+}
+
+TEST(Buttons, HaveOneMemberEach) {
+    std::vector<host::Sink Connect::*> members;
+    for (const auto& row : addin::commands::buttons()) {
+        EXPECT_EQ(std::ranges::count(members, row.member), 0) << host::to_utf8(row.caption);
+        members.push_back(row.member);
+        EXPECT_EQ(&addin::commands::button(row.member), &row);
+    }
+    EXPECT_EQ(members.size(), 11U);
+}
+
+/// A window's texts, as name and text.
+std::vector<std::pair<Text, Text>> texts(const FormTable& table) {
+    std::vector<std::pair<Text, Text>> all;
+    for (const ControlRow& row : table.controls) all.emplace_back(row.name, row.text);
+    return all;
+}
+
+TEST(StatusWindows, HaveTheirTitlesAndTexts) {
+    using testing::Pair;
+    using testing::UnorderedElementsAre;
+    EXPECT_EQ(addin::search_form_table().caption, TextView(u"Tarnwell"));
+    EXPECT_THAT(texts(addin::search_form_table()),
+                UnorderedElementsAre(Pair(Text(u"Image1"), Text()), Pair(Text(u"Label1"), Text(u"Label1"))));
+
+    EXPECT_EQ(addin::tarnwell_table().caption, TextView(u"Tarnwell"));
+    EXPECT_THAT(texts(addin::tarnwell_table()),
+                UnorderedElementsAre(Pair(Text(u"Command1"), Text()), Pair(Text(u"Command2"), Text()),
+                                     Pair(Text(u"EntryID"), Text(u"Entry ID")),
+                                     Pair(Text(u"ContactName"), Text(u"Contact Name")),
+                                     Pair(Text(u"AccountName"), Text(u"Account Name"))));
+
+    EXPECT_EQ(addin::tarnwell_info_table().caption, TextView(u"Tarnwell Information"));
+    EXPECT_THAT(
+        texts(addin::tarnwell_info_table()),
+        UnorderedElementsAre(
+            Pair(Text(u"Command1"), Text(u"Command1")), Pair(Text(u"Combo1"), Text(u"Combo1")),
+            Pair(Text(u"Label1"), Text(u"Account Name")), Pair(Text(u"Label2"), Text(u"Search")),
+            Pair(Text(u"Label3"), Text(u"Contact Name")), Pair(Text(u"Label4"), Text(u"Opportunity")),
+            Pair(Text(u"Label5"), Text(u"Customer Inquiry")), Pair(Text(u"Label6"), Text(u"Account Name")),
+            Pair(Text(u"Label7"), Text(u"Contact Name"))));
+}
+
+TEST(StatusWindows, BothButtonsOfTheSmallWindowHaveTheTip) {
+    for (const ControlRow& row : addin::tarnwell_table().controls) {
+        if (row.kind != ControlKind::picture_button) continue;
+        EXPECT_EQ(row.tool_tip, TextView(u"Click here to select an item."));
+        EXPECT_FALSE(row.accessible_name.empty());
+    }
+}
+
+TEST(StatusWindows, TheSmallWindowsFirstButtonShowsThePicker) {
+    NativeWorld world{{}};
+    addin::Session& session = world.add_in()->session();
+    session.Tarnwell.show();
+    native::MemoryWindow* const window = world.engine().find(u"Tarnwell");
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->control(u"Command2").click());
+    EXPECT_TRUE(world.family_calls().empty());
+    EXPECT_TRUE(window->control(u"Command1").click());
+    EXPECT_THAT(world.family_calls(),
+                testing::ElementsAre(Text(u"ListPicker.loaddialog()"), Text(u"ListPicker.showdialog()")));
+    session.Tarnwell.unload();
+    EXPECT_EQ(world.engine().find(u"Tarnwell"), nullptr);
+}
+
+TEST(StatusWindows, TheInformationWindowHasNoLogic) {
+    NativeWorld world{{}};
+    addin::Session& session = world.add_in()->session();
+    session.TarnwellInfo.show();
+    native::MemoryWindow* const window = world.engine().find(u"Tarnwell Information");
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->control(u"Combo1").choice().count(), 0);
+    world.boundary().forget_calls();
+    window->control(u"Command1").click();
+    EXPECT_TRUE(world.boundary().calls().empty());
+    EXPECT_TRUE(window->visible());
+    window->close();
+    EXPECT_EQ(world.engine().find(u"Tarnwell Information"), nullptr);
+}
+
+TEST(ExplorerTrackers, AreKeptByTheTextsOfTheirNumbers) {
+    NativeWorld world{{}};
+    addin::ExplorerTrackers trackers;
+    const auto tracker = [&] { return std::make_shared<addin::TrackExpl>(world.add_in()->session()); };
+    trackers.Add(tracker(), u"1");
+    trackers.Add(tracker(), u"2");
+    EXPECT_EQ(trackers.Count(), 2);
+    EXPECT_THROW(trackers.Add(tracker(), u"2"), host::Failure);
+    trackers.Remove(u"1");
+    EXPECT_THROW(trackers.Remove(u"1"), host::Failure);
+    EXPECT_EQ(trackers.Count(), 1);
+}
+
+/// Opens a further main window.
+Object open_explorer(NativeWorld& world) {
+    constexpr std::int32_t drafts = 16;
+    const Object explorer = world.session().GetDefaultFolder(drafts).call(u"GetExplorer").to_object();
+    explorer.call(u"Display");
+    return explorer;
+}
+
+TEST(ExplorerTracking, NumbersFurtherWindowsAndForgetsThemWhenTheyClose) {
+    NativeWorld world{{}};
+    addin::Session& session = world.add_in()->session();
+    const Object second = open_explorer(world), third = open_explorer(world);
+    EXPECT_EQ(session.gExplorerSerial, 2);
+    EXPECT_EQ(session.gExplorerList->Count(), 2);
+    EXPECT_THROW(session.gExplorerList->Add(nullptr, u"1"), host::Failure);
+    EXPECT_THROW(session.gExplorerList->Add(nullptr, u"2"), host::Failure);
+    second.call(u"Close");
+    EXPECT_EQ(session.gExplorerList->Count(), 1);
+    third.call(u"Close");
+    EXPECT_EQ(session.gExplorerList->Count(), 0);
+    EXPECT_EQ(session.gExplorerSerial, 2) << "it is never reset";
+}
+
+TEST(ExplorerTracking, LeavesTheConnectedObjectsSinksAloneWhenTheLastFurtherWindowCloses) {
+    NativeWorld world{{}};
+    Connect& connect = *world.add_in();
+    const Object second = open_explorer(world);
+    connect.session().SearchForm.show();
+    second.call(u"Close");
+    EXPECT_TRUE(connect.goInbox.source());
+    EXPECT_TRUE(connect.goExplorer.source());
+    EXPECT_FALSE(connect.gExiting);
+    EXPECT_FALSE(connect.session().gOutlookApp) << "the session's own reference goes";
+}
+
+TEST(ExplorerTracking, UsesTheLastNumberAgainWhenTheCounterIsFull) {
+    NativeWorld world{{}};
+    addin::Session& session = world.add_in()->session();
+    session.gExplorerSerial = std::numeric_limits<std::int16_t>::max() - 1;
+    const Object second = open_explorer(world), third = open_explorer(world);
+    EXPECT_EQ(session.gExplorerSerial, std::numeric_limits<std::int16_t>::max());
+    EXPECT_EQ(session.gExplorerList->Count(), 1) << "the key is there already, so the second is not kept";
+    third.call(u"Close");
+    EXPECT_EQ(session.gExplorerList->Count(), 1) << "and nobody follows it";
+    second.call(u"Close");
+    EXPECT_EQ(session.gExplorerList->Count(), 0);
+}
+
+TEST(ExplorerTracking, IsSkippedWhileTheSessionSaysSo) {
+    NativeWorld world{{}};
+    addin::Session& session = world.add_in()->session();
+    EXPECT_FALSE(session.gSkipExplorerTracking) << "nothing sets it";
+    session.gSkipExplorerTracking = true;
+    open_explorer(world);
+    EXPECT_EQ(session.gExplorerList->Count(), 0);
+    EXPECT_EQ(session.gExplorerSerial, 0);
+}
+
+}  // namespace
+}  // namespace addin_tests
