@@ -19,7 +19,7 @@ class Control {
     virtual ~Control() = default;
 
     virtual host::Text text() const = 0;
-    virtual void text(host::TextView text) = 0;
+    virtual void text(host::TextView text) = 0;  ///< a drop-down list takes only a text of its entries
     virtual bool visible() const = 0;
     virtual void visible(bool visible) = 0;
     virtual bool enabled() const = 0;
@@ -27,6 +27,8 @@ class Control {
     virtual bool selected() const = 0;  ///< of a check box or option button
     virtual void selected(bool selected) = 0;
     virtual void place(const Place& place) = 0;
+    /// Moves the focus here; of a window that isn't the active one, it comes when the window becomes active.
+    /// A hidden or disabled control takes none.
     virtual void focus() = 0;
 
     /// The control as a list or a choice. Throws `Failure` with `result::unknown_name` for another kind.
@@ -65,7 +67,8 @@ struct Hit {
     int column = -1;
 };
 
-/// A report list. Rows and columns count from 0, and column 0 is the row's own text.
+/// A report list. Rows and columns count from 0, and column 0 is the row's own text. A call with a row or
+/// column that isn't there throws `Failure` with `result::bad_index`.
 class List {
   public:
     virtual ~List() = default;
@@ -77,7 +80,7 @@ class List {
     virtual host::Text text(int row, int column) const = 0;
     virtual void text(int row, int column, host::TextView text) = 0;
     virtual int selected() const = 0;  ///< -1: none
-    virtual void select(int row) = 0;  ///< and brings it into sight
+    virtual void select(int row) = 0;  ///< and brings it into sight; -1: none
 
     virtual int columns() const = 0;
     virtual host::Text heading(int column) const = 0;
@@ -130,19 +133,21 @@ class View {
 };
 
 /// What a window does at its events. The owner of the window overrides what it takes part in. Whatever is
-/// thrown ends at the engine.
+/// thrown ends at the engine. What the logic itself does to its window raises no event of a control.
 class Events {
   public:
     virtual ~Events() = default;
 
     virtual void on_activate() {}
-    virtual void on_focus() {}  ///< the window itself got the focus
+    virtual void on_focus() {}  ///< the window itself got the focus, since none of its controls had it
     virtual void on_resize() {}
     virtual void on_key(int) {}  ///< a key goes down anywhere in the window; its virtual-key code
     virtual void on_close() {}   ///< the close box, or the system's menu; the window stays unless it is ended
-    virtual void on_click(host::TextView) {}  ///< button, check box, option, link; a choice of an entry
-    virtual void on_double_click(host::TextView) {}                  ///< a row of a list
-    virtual void on_change(host::TextView) {}                        ///< the text of a text box
+    /// Button, check box, link; an option that becomes the selected one; a choice of an entry, the same one
+    /// again too.
+    virtual void on_click(host::TextView) {}
+    virtual void on_double_click(host::TextView) {}                  ///< a list, on a row or beside the rows
+    virtual void on_change(host::TextView) {}                        ///< what is typed into a text box
     virtual void on_key_press(host::TextView, char16_t) {}           ///< a character comes to a text box
     virtual void on_column_click(host::TextView, int /*column*/) {}  ///< from 0
     virtual void on_drop(host::TextView, int /*x*/, int /*y*/) {}    ///< pixels in the list

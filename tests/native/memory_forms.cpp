@@ -1,0 +1,272 @@
+#include "tests/native/memory_forms.h"
+
+#include <algorithm>
+
+#include "host/failure.h"
+
+namespace native {
+
+using addin::forms::Events;
+using addin::forms::FormTable;
+using addin::forms::to_pixels;
+using addin::forms::to_twips;
+using host::Failure;
+using host::Text;
+using host::TextView;
+namespace result = host::result;
+
+namespace {
+
+/// What the frame adds to the client area, as on a plain desktop of today: 16 and 39 pixels at 96.
+constexpr int frame_width = 240, frame_height = 585;  // twips
+
+/// Virtual keys that do more than to make a character.
+namespace virtual_key {
+constexpr int backspace = 8, tab = 9, enter = 13, escape = 27, space = 32;
+}
+
+/// The character that a virtual key makes without the shift key, or 0.
+char16_t character_of(int code) {
+    constexpr int to_lower_case = 'a' - 'A';
+    if (code >= 'A' && code <= 'Z') return static_cast<char16_t>(code + to_lower_case);
+    if (code >= '0' && code <= '9') return static_cast<char16_t>(code);
+    switch (code) {
+        case virtual_key::backspace:
+        case virtual_key::enter:
+        case virtual_key::escape:
+        case virtual_key::space:
+            return static_cast<char16_t>(code);
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
+
+// The engine
+
+std::unique_ptr<addin::forms::View> MemoryEngine::make(const FormTable& table, std::weak_ptr<Events> events) {
+    return std::make_unique<MemoryWindow>(*this, table, std::move(events));
+}
+
+MemoryWindow* MemoryEngine::find(TextView caption) const {
+    MemoryWindow* found = nullptr;
+    for (MemoryWindow* window : windows_) {
+        if (window->caption() != caption) continue;
+        const auto rank = [](const MemoryWindow& one) {
+            return std::pair(one.visible_, one.brought_to_front_);
+        };
+        if (!found || rank(*window) > rank(*found)) found = window;
+    }
+    return found;
+}
+
+// What the logic sees of a window
+
+MemoryWindow::MemoryWindow(MemoryEngine& engine, const FormTable& table, std::weak_ptr<Events> events)
+    : engine_(engine),
+      table_(table),
+      events_(std::move(events)),
+      caption_(table.caption),
+      dots_per_inch_(engine.dots_per_inch),
+      width_(to_pixels(table.width + frame_width, dots_per_inch_)),
+      height_(to_pixels(table.height + frame_height, dots_per_inch_)) {
+    for (const addin::forms::ControlRow& row : table.controls) {
+        controls_.push_back(std::make_unique<MemoryControl>(*this, row));
+    }
+    engine_.windows_.push_back(this);
+}
+
+MemoryWindow::~MemoryWindow() {
+    if (engine_.active_ == this) engine_.active_ = nullptr;
+    std::erase(engine_.windows_, this);
+}
+
+MemoryControl* MemoryWindow::find(TextView name) {
+    const auto found =
+        std::ranges::find_if(controls_, [&](const auto& control) { return control->row().name == name; });
+    return found == controls_.end() ? nullptr : found->get();
+}
+
+MemoryControl& MemoryWindow::control(TextView name) {
+    if (MemoryControl* const found = find(name)) return *found;
+    throw Failure(result::unknown_name, Text(name));
+}
+
+void MemoryWindow::show() {
+    visible_ = true;
+    minimized_ = false;
+    become_active();
+}
+
+void MemoryWindow::show_modal() {
+    if (!engine_.strands_.running()) throw NotInAStrand();
+    MemoryEngine& engine = engine_;
+    const int number = ++engine.modal_shows_;
+    for (MemoryWindow* other : engine.windows_) {
+        if (other != this && other->visible_ && !other->blocked()) other->blocked_by_ = number;
+    }
+    const std::weak_ptr<bool> alive = alive_;
+    show();
+    engine.strands_.park([this, alive] { return alive.expired() || !visible_; },
+                         [this, alive] {
+                             if (!alive.expired()) hide();
+                         });
+    for (MemoryWindow* other : engine.windows_) {
+        if (other->blocked_by_ == number) other->blocked_by_ = 0;
+    }
+}
+
+void MemoryWindow::hide() {
+    visible_ = false;
+    if (active()) engine_.active_ = nullptr;
+}
+
+addin::forms::Size MemoryWindow::size() const {
+    return {to_twips(width_, dots_per_inch_), to_twips(height_, dots_per_inch_)};
+}
+
+// Events
+
+bool MemoryWindow::raise(const Deed& event) {
+    const std::weak_ptr<bool> alive = alive_;
+    MemoryEngine& engine = engine_;
+    if (const std::shared_ptr<Events> events = events_.lock()) {
+        try {
+            event(*events);
+        } catch (const NotInAStrand&) {
+            throw;  // the test's own mistake
+        } catch (const std::exception& failure) {
+            engine.thrown.emplace_back(failure.what());
+        }
+    }
+    return !alive.expired();
+}
+
+bool MemoryWindow::act(const std::function<void()>& deed) {
+    Strands& strands = engine_.strands_;
+    strands.run(deed);
+    strands.resume_parked();
+    return true;
+}
+
+// The focus
+
+bool MemoryWindow::active() const { return engine_.active_ == this; }
+
+void MemoryWindow::become_active() {
+    brought_to_front_ = ++engine_.shows_;
+    if (active()) return;
+    engine_.active_ = this;
+    if (!raise([](Events& events) { events.on_activate(); })) return;
+    if (!active()) return;
+    if (focused_ && focused_->usable()) return;
+    focused_ = nullptr;
+    if (!raise([](Events& events) { events.on_focus(); })) return;
+    if (!focused_) focus_on_default();
+}
+
+void MemoryWindow::focus(MemoryControl& control) { focused_ = &control; }
+
+void MemoryWindow::focus_on_default() {
+    MemoryControl* const wanted = find(table_.first_focus);
+    if (wanted && wanted->takes_focus() && wanted->usable()) {
+        focused_ = wanted;
+        return;
+    }
+    for (const auto& control : controls_) {
+        if (control->takes_focus() && control->usable()) {
+            focused_ = control.get();
+            return;
+        }
+    }
+}
+
+void MemoryWindow::move_focus_on() {
+    std::vector<MemoryControl*> stops;
+    for (const auto& control : controls_) {
+        if (control.get() == focused_ || (control->takes_focus() && control->usable())) {
+            stops.push_back(control.get());
+        }
+    }
+    if (stops.empty()) return;
+    const auto here = std::ranges::find(stops, focused_);
+    const bool wraps = here == stops.end() || here + 1 == stops.end();
+    focused_ = wraps ? stops.front() : *(here + 1);
+}
+
+void MemoryWindow::select_option(const MemoryControl& option) {
+    for (const auto& control : controls_) {
+        if (control->row().kind == option.row().kind && control->row().frame == option.row().frame) {
+            control->let_go();
+        }
+    }
+}
+
+// What a person does
+
+bool MemoryWindow::press(TextView button) {
+    MemoryControl* const pressed = find(button);
+    if (!pressed || !pressed->is_button() || !pressed->usable()) return false;
+    pressed->press();
+    return true;
+}
+
+void MemoryWindow::press_key(int code) {
+    if (!raise([code](Events& events) { events.on_key(code); })) return;
+    if (!reachable()) return;
+    MemoryControl* const at = focused_ && focused_->usable() ? focused_ : nullptr;
+    if (code == virtual_key::tab) {
+        move_focus_on();
+    } else if (at && at->is_button() && (code == virtual_key::enter || code == virtual_key::space)) {
+        at->press();
+    } else if (at && at->is_toggle() && code == virtual_key::space) {
+        at->press();
+    } else if ((code == virtual_key::enter && press(table_.default_button)) ||
+               (code == virtual_key::escape && press(table_.cancel_button))) {
+        return;
+    } else if (at && at->is_text_box()) {
+        put_character(code);
+    }
+}
+
+void MemoryWindow::put_character(int code) {
+    MemoryControl& box = *focused_;
+    const TextView name = box.row().name;
+    const char16_t character = character_of(code);
+    if (character == 0) return;
+    if (!raise([&](Events& events) { events.on_key_press(name, character); })) return;
+    if (box.put_character(character)) raise([&](Events& events) { events.on_change(name); });
+}
+
+bool MemoryWindow::key(int code) {
+    if (!reachable()) return false;
+    return act([this, code] { press_key(code); });
+}
+
+bool MemoryWindow::resize(int width, int height) {
+    if (!reachable() || !table_.sizable || minimized_) return false;
+    if (width == width_ && height == height_) return true;
+    width_ = width;
+    height_ = height;
+    return act([this] { raise([](Events& events) { events.on_resize(); }); });
+}
+
+bool MemoryWindow::minimize() {
+    if (!reachable() || !table_.can_minimize) return false;
+    minimized_ = !minimized_;
+    return act([this] { raise([](Events& events) { events.on_resize(); }); });
+}
+
+bool MemoryWindow::close() {
+    if (!reachable()) return false;
+    return act([this] { raise([](Events& events) { events.on_close(); }); });
+}
+
+bool MemoryWindow::activate() {
+    if (!reachable()) return false;
+    if (active()) engine_.active_ = nullptr;
+    return act([this] { become_active(); });
+}
+
+}  // namespace native
