@@ -33,11 +33,13 @@ class MemoryWindow final : public addin::forms::View {
     addin::forms::Size size() const override;
     bool minimized() const override { return minimized_; }
     int dots_per_inch() const override { return dots_per_inch_; }
+    void pointer(host::Pointer pointer) override { pointer_ = pointer; }
 
     // what a person sees
 
     const addin::forms::FormTable& table() const { return table_; }
     bool is_topmost() const { return topmost_; }
+    host::Pointer pointer() const { return pointer_; }
     bool active() const;
     bool blocked() const { return blocked_by_ != 0; }  ///< behind a modal window
     MemoryControl* find(host::TextView name);          ///< null if it has none of that name
@@ -82,6 +84,7 @@ class MemoryWindow final : public addin::forms::View {
     std::vector<std::unique_ptr<MemoryControl>> controls_;
     MemoryControl* focused_ = nullptr;
     bool visible_ = false, topmost_ = false, minimized_ = false;
+    host::Pointer pointer_ = host::Pointer::standard;
     int dots_per_inch_;
     int width_, height_;
     int blocked_by_ = 0;  ///< the number of the modal show
