@@ -48,8 +48,8 @@ const host::Members<Application>& Application::members() {
          [](Application& self, const Arguments&) { return Value(self.desk().inspectors()->active()); }},
         {u"ActiveWindow", 0x11F, Use::method,
          [](Application& self, const Arguments&) {
-             const Object inspector = self.desk().inspectors()->active();
-             return Value(inspector ? inspector : self.desk().explorers()->active());
+             const auto& order = self.desk().window_order;
+             return Value(order.empty() ? Object() : order.back()->held());
          }},
         {u"CreateItem",
          0x10A,

@@ -11,6 +11,11 @@ using host::Use;
 using host::Value;
 
 void ModelBase::raise(host::TextView event, std::vector<Value> arguments) {
+    raise_with_answer(event, arguments);
+}
+
+void ModelBase::raise_with_answer(host::TextView event, std::vector<Value>& arguments) {
+    desk_.moment_comes(event);
     subscriptions_.raise(event, arguments);
 }
 

@@ -32,8 +32,16 @@ class ModelBase : public host::Invocable, public host::Named {
 
     Subscriptions& subscriptions() { return subscriptions_; }
     void raise(host::TextView event, std::vector<host::Value> arguments = {});
+    /// The same, and the arguments come back as the listeners left them.
+    void raise_with_answer(host::TextView event, std::vector<host::Value>& arguments);
 
   protected:
+    /// Whether a request uses the object, other than to resolve a name or to end a subscription.
+    static bool is_use(const host::Request& request) {
+        return request.access == host::Access::get || request.access == host::Access::put ||
+               request.access == host::Access::call;
+    }
+
     /// What every call passes before it is carried out: it may be made to fail.
     void observe(const host::Request& request, host::TextView member) const;
 

@@ -1,41 +1,15 @@
-// Command bars: those of a window, the host's own among them, and their controls.
+// Command bars: those of a window, the host's own among them.
 #pragma once
 
-#include "desk/model/base.h"
+#include "desk/model/command_bar_control.h"
 
 namespace desk {
 
-class CommandBar;
 class CommandBars;
 
-/// One control of a bar. All its values are kept; a click reaches those who listen.
-class CommandBarControl : public ModelObject<CommandBarControl> {
-  public:
-    static constexpr std::string_view name = "CommandBarButton";
-    static constexpr host::TextView default_name = u"Caption";
-
-    CommandBarControl(Desk& desk, std::weak_ptr<CommandBar> bar, std::int32_t type, bool temporary)
-        : ModelObject(desk), type(type), temporary(temporary), bar_(std::move(bar)) {}
-    static const host::Members<CommandBarControl>& members();
-    std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
-    EventInterfaces event_interfaces() const override;
-
-    /// Throws `result::object_deleted` for a control that was deleted.
-    void check_there() const;
-    void remove();
-    void press();  ///< as a click on it
-
-    std::int32_t type;
-    bool temporary;
-    bool deleted = false;
-    std::int32_t id = 1;  ///< 1 for all controls that are not built in
-    host::Text caption, tag, on_action, parameter, tool_tip, description, shortcut;
-    std::int32_t style = 0, face_id = 0, priority = 3, state = 0;
-    bool visible = true, enabled = true, begin_group = false;
-
-  private:
-    std::weak_ptr<CommandBar> bar_;
+/// What `FindControl` is asked for; what is left out fits everything.
+struct ControlWish {
+    host::Value type, id, tag, visible;
 };
 
 class CommandBar : public ModelObject<CommandBar> {
@@ -43,73 +17,88 @@ class CommandBar : public ModelObject<CommandBar> {
     static constexpr std::string_view name = "CommandBar";
     static constexpr host::TextView default_name = u"Name";
 
+    enum Kind : std::int32_t { normal = 0, menu_bar = 1, popup = 2 };                       // MsoBarType
+    static constexpr std::int32_t top_position = 1, popup_position = 5, last_position = 6;  // MsoBarPosition
+    static constexpr std::int32_t no_customize = 1;  ///< a bit of the protection: no control comes or goes
+
     CommandBar(Desk& desk, std::weak_ptr<CommandBars> owner, host::Text bar_name, bool built_in)
         : ModelObject(desk), bar_name(std::move(bar_name)), built_in(built_in), owner_(std::move(owner)) {}
     static const host::Members<CommandBar>& members();
     std::int32_t number() const override { return object_class::none; }
     host::Object parent() const override;
+    /// Fails with `result::object_deleted` for a bar that was deleted.
+    host::Value invoke(host::Request& request) override;
 
     void check_there() const;
-    void remove();  ///< refused for a bar that is the host's own
-    host::Object find(const host::Value& type, const host::Value& id, const host::Value& tag,
-                      const host::Value& visible) const;
-    host::Object add(std::int32_t type, const host::Value& parameter, const host::Value& before,
-                     bool temporary);
+    void check_may_change() const;                      ///< throws `result::fail` for a protected bar
+    void check_place(const host::Value& before) const;  ///< throws `result::bad_index`
+    void remove();                                      ///< refused for a bar that is the host's own
+    void end();                                         ///< it goes with its window
+    std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
+    std::shared_ptr<CommandBarControl> add(const host::Value& type, const host::Value& id,
+                                           const host::Value& parameter, const host::Value& before,
+                                           bool temporary);
+    std::shared_ptr<CommandBarControl> add_own(std::int32_t id, host::TextView caption,
+                                               std::function<void()> action);
+    void insert(std::shared_ptr<CommandBarControl> control, const host::Value& before);
+    std::shared_ptr<CommandBars> owner() const { return owner_.lock(); }
+    std::int32_t index() const;  ///< its place among the window's bars, from 1
+    void kept_changed();
 
     host::Text bar_name;
     bool built_in;
     bool temporary = false;
-    bool deleted = false;
-    bool visible = true, enabled = true;
-    std::int32_t position = 1, row_index = 0, protection = 0, bar_type = 0;
+    bool visible = true, enabled = true, adaptive_menu = true;
+    std::int32_t position = top_position, row_index = 0, protection = 0, bar_type = normal, id = 1;
     std::int32_t left = 0, top = 0, width = 200, height = 26;
+    host::Text context;
     std::vector<std::shared_ptr<CommandBarControl>> controls;
 
   private:
     std::weak_ptr<CommandBars> owner_;
-};
-
-class CommandBarControls : public ModelObject<CommandBarControls> {
-  public:
-    static constexpr std::string_view name = "CommandBarControls";
-    static constexpr host::TextView default_name = u"Item";
-
-    CommandBarControls(Desk& desk, std::shared_ptr<CommandBar> bar)
-        : ModelObject(desk), bar_(std::move(bar)) {}
-    static const host::Members<CommandBarControls>& members();
-    std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return bar_->self(); }
-
-    CommandBar& bar() const { return *bar_; }
-    host::Object at(const host::Value& index) const;  ///< by number from 1, or by caption
-
-  private:
-    std::shared_ptr<CommandBar> bar_;
+    bool deleted_ = false;
 };
 
 class CommandBars : public ModelObject<CommandBars> {
   public:
     static constexpr std::string_view name = "CommandBars";
     static constexpr host::TextView default_name = u"Item";
+    static constexpr host::TextView menu_bar = u"Menu Bar", standard = u"Standard",
+                                    context_menu = u"Context Menu";
 
     using ModelObject::ModelObject;
-    static std::shared_ptr<CommandBars> of_explorer(Desk& desk);
-    static std::shared_ptr<CommandBars> of_inspector(Desk& desk);
+    static std::shared_ptr<CommandBars> with_own_bars(Desk& desk,
+                                                      std::initializer_list<host::TextView> names);
     static const host::Members<CommandBars>& members();
     std::int32_t number() const override { return object_class::none; }
     host::Object parent() const override;
     EventInterfaces event_interfaces() const override;
 
     std::vector<std::shared_ptr<CommandBar>> all;
-    host::Object at(
-        const host::Value& index) const;  ///< by number from 1, or by name; fails for one that isn't there
-    host::Object add(const host::Value& bar_name, const host::Value& position, bool menu_bar, bool temporary);
-    host::Object find(const host::Value& type, const host::Value& id, const host::Value& tag,
-                      const host::Value& visible) const;
+    std::vector<std::shared_ptr<CommandBarControl>>
+        pressed;  ///< whose clicks are being told, the last one last
+    bool adaptive_menus = true, display_tool_tips = true, display_keys = false, large_buttons = false;
+
+    /// By number from 1, or by name; fails for one that isn't there.
+    std::shared_ptr<CommandBar> at(const host::Value& index) const;
+    std::shared_ptr<CommandBar> named(host::TextView bar_name) const { return at(host::Value(bar_name)); }
+    std::shared_ptr<CommandBar> add(const host::Value& bar_name, const host::Value& position,
+                                    bool is_menu_bar, bool temporary);
+    std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
+    void end();  ///< the window is closed: its bars and their controls are gone
+
+    /// Bars or what they are about have changed: `OnUpdate` comes at the next turn of the message loop, once
+    /// for all changes until then. What its listeners change themselves makes no other one.
+    void update_soon();
+    void update_now();  ///< `OnUpdate` at once
+    void kept_changed();
+
+    /// Grows with each change, so that windows know whether to look.
+    std::int64_t version() const { return version_; }
 
   private:
-    static std::shared_ptr<CommandBars> with_own_bars(Desk& desk,
-                                                      std::initializer_list<host::TextView> names);
+    std::int64_t version_ = 0;
+    bool update_waits_ = false, updating_ = false, ended_ = false;
 };
 
 }  // namespace desk

@@ -60,7 +60,7 @@ Desk::Desk(Surroundings& surroundings, std::unique_ptr<Store> store, Options opt
     inspectors_ = std::make_shared<Inspectors>(*this);
     add_ins_ = std::make_shared<AddIns>(*this);
     if (const RowId folder = default_folder(inbox); folder != 0) {
-        explorers_->open.push_back(std::make_shared<Explorer>(*this, folder));
+        std::make_shared<Explorer>(*this, folder)->open_window(true);
     }
 }
 
@@ -288,6 +288,31 @@ std::shared_ptr<Item> Desk::deliver(TextView path) {
     item->save();
     now_or_later(options_.event_order == EventOrder::at_once, [this] { application_->raise(u"NewMail"); });
     return item;
+}
+
+template <class Fits>
+void Desk::post_planned(Fits fits) {
+    std::vector<std::function<void()>> due;
+    std::erase_if(planned_, [&](Planned& plan) {
+        if (!fits(plan.moment)) return false;
+        due.push_back(std::move(plan.action));
+        return true;
+    });
+    for (auto& action : due) surroundings_.post(std::move(action));
+}
+
+void Desk::when(TextView moment, std::function<void()> action) {
+    planned_.push_back({Text(moment), std::move(action)});
+}
+
+void Desk::moment_comes(TextView event) {
+    if (planned_.empty()) return;
+    post_planned([&](const Text& moment) { return moment == event; });
+}
+
+void Desk::status_shown(TextView text) {
+    statuses.emplace_back(text);
+    post_planned([&](const Text& moment) { return text.find(moment) != TextView::npos; });
 }
 
 int Desk::take_answer(TextView title, TextView text) {

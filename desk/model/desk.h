@@ -20,6 +20,7 @@ class Explorer;
 class Explorers;
 class Folder;
 class FoldersCollection;
+class HostWindow;
 class Inspectors;
 class Item;
 class Items;
@@ -37,6 +38,7 @@ struct Options {
     bool instant_search = false;
     std::int32_t language = 1033;  ///< LCID of the user interface
     EventOrder event_order = EventOrder::host;
+    bool word_mail = false;  ///< mail is edited in Word's windows
     bool unattended = true;
 };
 
@@ -119,12 +121,26 @@ class Desk {
     void tell_item_removed(RowId folder);
     void tell_folders(RowId parent, host::TextView event, RowId folder);
 
+    /// Runs at the next turn of the message loop, after what waits already.
+    void later(std::function<void()> what);
+
     /// Runs what waits, until nothing does.
     void yield();
     [[nodiscard]] bool anything_waits() const { return !waiting_.empty(); }
 
     /// Has a delivered mail lie in the Inbox, unread, and tells of it.
     std::shared_ptr<Item> deliver(host::TextView path);
+
+    // the windows
+    std::vector<HostWindow*> window_order;  ///< all that are open, the active one last
+
+    /// The status window shows this now. Told by whoever watches the windows.
+    void status_shown(host::TextView text);
+
+    /// Has an action posted to the message loop, once, when a moment comes: an event of that name, or a
+    /// status that holds that text.
+    void when(host::TextView moment, std::function<void()> action);
+    void moment_comes(host::TextView event);
 
     // what a person or a script watches
     std::deque<ShownMessage> messages;  ///< its elements stay where they are while it grows
@@ -141,13 +157,20 @@ class Desk {
     void check_faults(std::string_view class_name, host::TextView member);
 
   private:
-    void later(std::function<void()> what);
     void now_or_later(bool now, std::function<void()> what);
     void load_folders();
 
     Surroundings& surroundings_;
     std::unique_ptr<Store> store_;
     Options options_;
+    struct Planned {
+        host::Text moment;
+        std::function<void()> action;
+    };
+    template <class Fits>
+    void post_planned(Fits fits);
+
+    std::vector<Planned> planned_;
     std::vector<FolderRow> folders_;
     std::unordered_map<RowId, std::size_t> folder_places_;
     std::unordered_map<RowId, std::vector<RowId>> contents_;

@@ -21,6 +21,9 @@ class Subscriptions {
     /// affair: the others are told all the same. The arguments come back changed where the event lets them.
     void raise(host::TextView event, std::vector<host::Value>& arguments);
 
+    /// Lets go of all who subscribed: the object has come to its end.
+    void clear() { entries_.clear(); }
+
     [[nodiscard]] bool any() const { return !entries_.empty(); }
 
   private:

@@ -7,35 +7,15 @@
 #include "desk/model/desk.h"
 #include "desk/model/folder.h"
 #include "desk/model/host_event_tables.h"
+#include "desk/model/kept.h"
 
 namespace desk {
 
 using host::Arguments;
-using host::Failure;
 using host::Object;
 using host::Takes;
 using host::Use;
 using host::Value;
-namespace result = host::result;
-
-namespace {
-
-const Object& element(const std::vector<Object>& all, const Value& index) {
-    const std::int32_t place = index.to_integer();
-    if (place < 1 || static_cast<std::size_t>(place) > all.size()) {
-        throw Failure(result::bad_index, u"Array index out of bounds.");
-    }
-    return all[static_cast<std::size_t>(place - 1)];
-}
-
-/// A window's place or size, read and written.
-template <std::int32_t Explorer::*place>
-Value placed(Explorer& self, const Arguments& arguments) {
-    if (arguments.is_put()) self.*place = arguments.assigned().to_integer();
-    return self.*place;
-}
-
-}  // namespace
 
 const host::Members<Selection>& Selection::members() {
     static const host::Members<Selection> table{
@@ -47,13 +27,18 @@ const host::Members<Selection>& Selection::members() {
          0x51,
          Use::method,
          {{u"Index"}},
-         [](Selection& self, const Arguments& a) { return Value(element(self.items, a[0])); }},
+         [](Selection& self, const Arguments& a) { return Value(numbered(self.items, a[0])); }},
     };
     return table;
 }
 
 Explorer::Explorer(Desk& desk, RowId folder)
-    : ModelObject(desk), folder_(folder), bars_(CommandBars::of_explorer(desk)) {}
+    : ModelObject(desk),
+      folder_(folder),
+      bars_(CommandBars::with_own_bars(
+          desk, {CommandBars::menu_bar, CommandBars::standard, CommandBars::context_menu})) {
+    left = 40, top = 40, width = 1080, height = 640;
+}
 
 Object Explorer::parent() const { return desk().application()->self(); }
 
@@ -64,41 +49,58 @@ host::Text Explorer::caption() const {
     return (row ? row->name : host::Text()) + u" - Outlook";
 }
 
+void Explorer::kept_changed() { desk().surroundings().changed(); }
+
 void Explorer::show_folder(RowId folder) {
     if (folder == folder_) return;
     std::vector<Value> arguments{Value(std::make_shared<Folder>(desk(), folder)->self()), false};
-    subscriptions().raise(u"BeforeFolderSwitch", arguments);
+    raise_with_answer(u"BeforeFolderSwitch", arguments);
     if (arguments[1].to_boolean()) return;
     folder_ = folder;
     selected_.clear();
-    desk().surroundings().changed();
+    kept_changed();
     raise(u"FolderSwitch");
     raise(u"SelectionChange");
+    bars_->update_soon();
 }
 
 void Explorer::select(std::vector<Object> items) {
     selected_ = std::move(items);
-    desk().surroundings().changed();
+    kept_changed();
     raise(u"SelectionChange");
+    bars_->update_soon();
+}
+
+void Explorer::open_window(bool in_front) {
+    auto& open = desk().explorers()->open;
+    open.insert(in_front || open.empty() ? open.end() : open.end() - 1, shared_from_this());
+    if (in_front) {
+        enter_front();
+    } else {
+        enter_back();
+    }
+    kept_changed();
 }
 
 void Explorer::activate() {
     auto& open = desk().explorers()->open;
     const auto own = std::ranges::find(open, this, &std::shared_ptr<Explorer>::get);
-    if (own == open.end() || own + 1 == open.end()) return;
-    const std::shared_ptr<Explorer> former = open.back();
+    if (own == open.end()) return;
     std::rotate(own, own + 1, open.end());
-    former->raise(u"Deactivate");
-    raise(u"Activate");
+    come_up();
 }
 
 void Explorer::close_window() {
     const std::shared_ptr<Explorer> alive = shared_from_this();
     auto& open = desk().explorers()->open;
     if (std::erase(open, alive) == 0) return;
-    raise(u"Close");
-    desk().surroundings().changed();
+    leave(true);
     if (open.empty()) desk().surroundings().quit();
+}
+
+std::shared_ptr<CommandBar> Explorer::context_menu() {
+    bars_->update_now();
+    return bars_->named(CommandBars::context_menu);
 }
 
 const host::Members<Explorer>& Explorer::members() {
@@ -139,27 +141,14 @@ const host::Members<Explorer>& Explorer::members() {
          }},
         {u"Caption", 0x2111, Use::get,
          [](Explorer& self, const Arguments&) { return Value(self.caption()); }},
-        {u"Left", 0x2115, Use::get_put, placed<&Explorer::left>},
-        {u"Top", 0x2116, Use::get_put, placed<&Explorer::top>},
-        {u"Width", 0x2117, Use::get_put, placed<&Explorer::width>},
-        {u"Height", 0x2114, Use::get_put, placed<&Explorer::height>},
-        {u"WindowState", 0x2112, Use::get_put, placed<&Explorer::window_state>},
-        {u"Display", 0x2104, Use::method,
-         [](Explorer& self, const Arguments&) {
-             self.activate();
-             self.desk().surroundings().changed();
-             return Value();
-         }},
-        {u"Activate", 0x2113, Use::method,
-         [](Explorer& self, const Arguments&) {
-             self.activate();
-             return Value();
-         }},
-        {u"Close", 0x2103, Use::method,
-         [](Explorer& self, const Arguments&) {
-             self.close_window();
-             return Value();
-         }},
+        {u"Left", 0x2115, Use::get_put, kept<&Explorer::left, Explorer>},
+        {u"Top", 0x2116, Use::get_put, kept<&Explorer::top, Explorer>},
+        {u"Width", 0x2117, Use::get_put, kept<&Explorer::width, Explorer>},
+        {u"Height", 0x2114, Use::get_put, kept<&Explorer::height, Explorer>},
+        {u"WindowState", 0x2112, Use::get_put, kept<&Explorer::window_state, Explorer>},
+        {u"Display", 0x2104, Use::method, done<&Explorer::activate>},
+        {u"Activate", 0x2113, Use::method, done<&Explorer::activate>},
+        {u"Close", 0x2103, Use::method, done<&Explorer::close_window>},
     };
     return table;
 }
@@ -170,17 +159,9 @@ EventInterfaces Explorers::event_interfaces() const { return events::explorers; 
 
 Object Explorers::active() const { return open.empty() ? Object() : open.back()->self(); }
 
-Object Explorers::at(const Value& index) const {
-    std::vector<Object> all;
-    for (const auto& explorer : open) all.push_back(explorer->self());
-    return element(all, index);
-}
-
 Object Explorers::make(RowId folder) {
     auto explorer = std::make_shared<Explorer>(desk(), folder);
-    open.insert(open.empty() ? open.end() : open.end() - 1,
-                explorer);  // behind the active one until it is displayed
-    desk().surroundings().changed();
+    explorer->open_window(false);  // behind the active one until it is displayed
     raise(u"NewExplorer", {Value(explorer->self())});
     return explorer->self();
 }
@@ -200,7 +181,7 @@ const host::Members<Explorers>& Explorers::members() {
          0x51,
          Use::method,
          {{u"Index"}},
-         [](Explorers& self, const Arguments& a) { return Value(self.at(a[0])); }},
+         [](Explorers& self, const Arguments& a) { return Value(numbered(self.open, a[0])->self()); }},
         {u"Add",
          0x5F,
          Use::method,

@@ -1,12 +1,12 @@
 // The main windows: each shows a folder and what of it is selected.
 #pragma once
 
-#include "desk/model/base.h"
+#include "desk/model/host_window.h"
 #include "desk/store/store.h"
 
 namespace desk {
 
-class CommandBars;
+class CommandBar;
 
 class Selection : public ModelObject<Selection> {
   public:
@@ -25,7 +25,7 @@ class Selection : public ModelObject<Selection> {
     host::Object owner_;
 };
 
-class Explorer : public ModelObject<Explorer> {
+class Explorer : public ModelObject<Explorer>, public HostWindow {
   public:
     static constexpr std::string_view name = "Explorer";
     static constexpr host::TextView default_name = u"Caption";
@@ -40,15 +40,22 @@ class Explorer : public ModelObject<Explorer> {
     void show_folder(RowId folder);  ///< asks before and tells afterwards; may be refused
     void select(std::vector<host::Object> items);
     const std::vector<host::Object>& selected() const { return selected_; }
-    const std::shared_ptr<CommandBars>& bars() const { return bars_; }
-    host::Text caption() const;
-    void activate();
+    const std::shared_ptr<CommandBars>& bars() const override { return bars_; }
+    host::Text caption() const override;
+    void activate() override;
+    void close_by_user() override { close_window(); }
     void close_window();
+    void open_window(bool in_front);  ///< without an event
+    void kept_changed();
 
-    std::int32_t left = 40, top = 40, width = 1080, height = 640;
-    std::int32_t window_state = 2;  ///< OlWindowState: normal
+    /// What a right click on the selection does: the bars' `OnUpdate`, then the bar of the menu is answered.
+    std::shared_ptr<CommandBar> context_menu();
+
+    host::Object held() override { return self(); }
 
   private:
+    ModelBase& object() override { return *this; }
+
     RowId folder_;
     std::vector<host::Object> selected_;
     std::shared_ptr<CommandBars> bars_;
@@ -67,7 +74,6 @@ class Explorers : public ModelObject<Explorers> {
 
     std::vector<std::shared_ptr<Explorer>> open;  ///< the active one last
     host::Object active() const;
-    host::Object at(const host::Value& index) const;
 
     /// A new main window, told of by its event; it comes up with `Display`.
     host::Object make(RowId folder);

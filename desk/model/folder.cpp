@@ -7,6 +7,7 @@
 #include "desk/model/host_event_tables.h"
 #include "desk/model/item.h"
 #include "desk/model/items.h"
+#include "desk/model/kept.h"
 #include "desk/model/name_space.h"
 
 namespace desk {
@@ -270,15 +271,10 @@ const host::Members<FoldersCollection>& FoldersCollection::members() {
          Use::method,
          {{u"Name", Takes::text}, {u"Type", Takes::value, true}},
          [](Self& self, const Arguments& a) { return Value(self.add(a[0].to_text(), a[1])); }},
-        {u"GetFirst", 0x56, Use::method, [](Self& self, const Arguments&) { return Value(self.step(1)); }},
-        {u"GetLast", 0x58, Use::method,
-         [](Self& self, const Arguments&) {
-             return Value(self.step(static_cast<std::int32_t>(self.ids().size())));
-         }},
-        {u"GetNext", 0x57, Use::method,
-         [](Self& self, const Arguments&) { return Value(self.step(self.place + 1)); }},
-        {u"GetPrevious", 0x59, Use::method,
-         [](Self& self, const Arguments&) { return Value(self.step(self.place - 1)); }},
+        {u"GetFirst", 0x56, Use::method, first<Self>},
+        {u"GetLast", 0x58, Use::method, last<Self>},
+        {u"GetNext", 0x57, Use::method, next<Self>},
+        {u"GetPrevious", 0x59, Use::method, previous<Self>},
         {u"Remove",
          0x54,
          Use::method,

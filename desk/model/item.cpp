@@ -102,6 +102,7 @@ const ItemData& Item::whole() {
 
 ItemData& Item::change() {
     changed_ = true;
+    ++version_;
     return data_;
 }
 
@@ -178,7 +179,7 @@ void Item::save() {
     check_there();
     if (id_ != 0 && !changed_) return;
     std::vector<Value> cancel{false};
-    subscriptions().raise(u"Write", cancel);
+    raise_with_answer(u"Write", cancel);
     if (cancel[0].to_boolean()) return;
 
     const host::Date now = desk().surroundings().now();
@@ -214,6 +215,8 @@ void Item::revert() {
         attachments_loaded_ = false;
         attachments_changed_ = false;
         changed_ = false;
+        ++version_;
+        desk().surroundings().changed();
     }
 }
 
@@ -231,10 +234,10 @@ void Item::send() {
         throw Failure(result::fail, u"There must be at least one name in the To, Cc, or Bcc box.");
     }
     std::vector<Value> own_cancel{false};
-    subscriptions().raise(u"Send", own_cancel);
+    raise_with_answer(u"Send", own_cancel);
     if (own_cancel[0].to_boolean()) return;
     std::vector<Value> arguments{Value(self()), false};
-    desk().application()->subscriptions().raise(u"ItemSend", arguments);
+    desk().application()->raise_with_answer(u"ItemSend", arguments);
     if (arguments[1].to_boolean()) return;
 
     const host::Date now = desk().surroundings().now();

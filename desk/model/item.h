@@ -30,13 +30,17 @@ class Item : public ModelObject<Item> {
     const ItemKind& kind() const { return kind_of(data_.message_class); }
     RowId id() const { return id_; }
     RowId folder() const { return folder_; }
-    std::int64_t size() const { return size_; }  ///< bytes at the last load
+    std::int64_t size() const { return size_; }    ///< bytes at the last load
+    bool has_changes() const { return changed_; }  ///< since it was made or saved
     bool is_saved() const { return id_ != 0 && !changed_; }
     host::Text entry_id() const;
     host::Text subject() const;
 
     const ItemData& data() const { return data_; }
     const ItemData& whole();  ///< with its attachments
+
+    /// Grows with each change, so that windows know whether to look.
+    std::int64_t version() const { return version_; }
 
     /// Gives the data out to be changed.
     ItemData& change();
@@ -84,6 +88,7 @@ class Item : public ModelObject<Item> {
     RowId folder_ = 0;
     ItemData data_;
     std::int64_t size_ = 0;
+    std::int64_t version_ = 0;
     bool changed_ = false;
     bool attachments_loaded_ = true;
     bool attachments_changed_ = false;

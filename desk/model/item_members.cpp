@@ -40,8 +40,6 @@ Value post_or_send(Item& self, const Arguments&) {
     return {};
 }
 
-constexpr std::int32_t save_changes = 0, discard_changes = 1;  // OlInspectorClose
-
 }  // namespace
 
 const host::Members<Item>& Item::members() {
@@ -90,10 +88,7 @@ const host::Members<Item>& Item::members() {
          Use::method,
          {{u"SaveMode", Takes::integer}},
          [](Item& self, const Arguments& a) {
-             const std::int32_t mode = a[0].to_integer();
-             if (mode == save_changes) self.save();
-             if (mode == discard_changes) self.revert();
-             if (const auto shown = self.shown_by.lock()) shown->close_window();
+             self.inspector()->close(a[0].to_integer());
              return Value();
          }},
         {u"Copy", 0xF032, Use::method, [](Item& self, const Arguments&) { return object(self.copy()); }},

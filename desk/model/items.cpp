@@ -7,6 +7,7 @@
 #include "desk/model/desk.h"
 #include "desk/model/folder.h"
 #include "desk/model/host_event_tables.h"
+#include "desk/model/kept.h"
 
 namespace desk {
 
@@ -125,12 +126,12 @@ filter::Filter Items::read(const Text& text, bool for_find) const {
 }
 
 std::vector<RowId> Items::candidates(const filter::Filter& filter) {
-    const auto equalities = filter.candidates();
     const auto by_index = [](const filter::Equality& equality) {
         const Text field = equality.is_address ? field_of_address(equality.name) : equality.name;
         return !equality.value.empty() && is_indexed(field);
     };
-    if (!equalities || !std::ranges::all_of(*equalities, by_index)) return ids();
+    const auto equalities = filter.candidates(by_index);
+    if (!equalities) return ids();
     std::set<RowId> looked_up;
     for (const filter::Equality& equality : *equalities) {
         const Text field = equality.is_address ? field_of_address(equality.name) : equality.name;
@@ -230,15 +231,10 @@ const host::Members<Items>& Items::members() {
          Use::method,
          {{u"Filter", Takes::text}},
          [](Items& self, const Arguments& a) { return Value(self.restricted(a[0].to_text())); }},
-        {u"GetFirst", 0x56, Use::method, [](Items& self, const Arguments&) { return Value(self.step(1)); }},
-        {u"GetLast", 0x58, Use::method,
-         [](Items& self, const Arguments&) {
-             return Value(self.step(static_cast<std::int32_t>(self.ids().size())));
-         }},
-        {u"GetNext", 0x57, Use::method,
-         [](Items& self, const Arguments&) { return Value(self.step(self.place + 1)); }},
-        {u"GetPrevious", 0x59, Use::method,
-         [](Items& self, const Arguments&) { return Value(self.step(self.place - 1)); }},
+        {u"GetFirst", 0x56, Use::method, first<Items>},
+        {u"GetLast", 0x58, Use::method, last<Items>},
+        {u"GetNext", 0x57, Use::method, next<Items>},
+        {u"GetPrevious", 0x59, Use::method, previous<Items>},
         {u"Remove",
          0x54,
          Use::method,

@@ -7,6 +7,7 @@
 #include "desk/model/desk.h"
 #include "desk/model/explorers.h"
 #include "desk/model/item.h"
+#include "desk/model/surface_window.h"
 
 namespace desk {
 
@@ -59,6 +60,8 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const Value& v) { o.language = v.to_integer(); }, false},
     {u"DeferredEvents", is_order<EventOrder::deferred>, set_order<EventOrder::deferred>, false},
     {u"EventsAtOnce", is_order<EventOrder::at_once>, set_order<EventOrder::at_once>, false},
+    {u"WordMail", [](const Options& o) { return Value(o.word_mail); },
+     [](Options& o, const Value& v) { o.word_mail = v.to_boolean(); }, false},
     {u"HostVersion", [](const Options& o) { return Value(o.host_version); }, nullptr, true},
 };
 
@@ -229,11 +232,49 @@ void Surface::select(const std::vector<Value>& items) {
         folder = item->folder();
         selected.push_back(object);
     }
+    Explorer& explorer = active_explorer();
+    const Object alive = explorer.self();
+    if (folder != 0) explorer.show_folder(folder);  // one can only click what is shown
+    explorer.select(std::move(selected));
+}
+
+Explorer& Surface::active_explorer() {
     const auto& open = desk().explorers()->open;
-    if (open.empty()) throw Failure(result::fail, u"There is no explorer to select items in.");
-    const std::shared_ptr<Explorer> explorer = open.back();
-    if (folder != 0) explorer->show_folder(folder);  // one can only click what is shown
-    explorer->select(std::move(selected));
+    if (open.empty()) throw Failure(result::fail, u"There is no explorer.");
+    return *open.back();
+}
+
+void Surface::press(const Value& control) {
+    const auto button = std::dynamic_pointer_cast<CommandBarControl>(control.to_object().target());
+    if (!button) throw Failure(result::type_mismatch, u"A control of a command bar is expected.");
+    if (!button->is_there()) throw Failure(result::object_deleted, u"The control was deleted.");
+    desk().surroundings().post([button] {
+        if (button->is_there()) button->press();
+    });
+}
+
+Object Surface::context_menu() { return active_explorer().context_menu()->self(); }
+
+Object Surface::window(const Text& caption) {
+    std::unique_ptr<WindowDriver> found = desk().surroundings().window(caption);
+    if (!found) return {};
+    return std::make_shared<SurfaceWindow>(desk(), std::move(found))->self();
+}
+
+void Surface::meanwhile(const Text& moment, const Object& object, const Text& member, const Value& value) {
+    if (moment.empty()) throw Failure(result::invalid_argument, u"The moment needs a name.");
+    desk().when(moment, [object, member, value] {
+        if (value.is_missing()) {
+            object.call(member);
+            return;
+        }
+        try {
+            object.put(member, value);
+        } catch (const Failure& failure) {
+            if (failure.number() != result::member_not_found) throw;
+            object.call(member, {value});  // a method with one argument
+        }
+    });
 }
 
 const host::Members<Surface>& Surface::members() {
@@ -289,6 +330,21 @@ const host::Members<Surface>& Surface::members() {
              self.select(items);
              return Value();
          }},
+        {u"Press",
+         host::no_id,
+         Use::method,
+         {{u"Control", Takes::object}},
+         [](Surface& self, const Arguments& a) {
+             self.press(a[0]);
+             return Value();
+         }},
+        {u"ContextMenu", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) { return Value(self.context_menu()); }},
+        {u"Window",
+         host::no_id,
+         Use::method,
+         {{u"Caption", Takes::text}},
+         [](Surface& self, const Arguments& a) { return Value(self.window(a[0].to_text())); }},
         {u"Options",
          host::no_id,
          Use::get_put,
@@ -327,6 +383,17 @@ const host::Members<Surface>& Surface::members() {
              self.desk().faults.push_back({a[0].to_text(), a.has(1) ? a[1].to_integer() : 0,
                                            a.has(2) ? a[2].to_integer() : 1,
                                            a.has(3) ? a[3].to_integer() : result::fail});
+             return Value();
+         }},
+        {u"Meanwhile",
+         host::no_id,
+         Use::method,
+         {{u"Moment", Takes::text},
+          {u"Object", Takes::object},
+          {u"Member", Takes::text},
+          {u"Value", Takes::value, true}},
+         [](Surface& self, const Arguments& a) {
+             self.meanwhile(a[0].to_text(), a[1].to_object(), a[2].to_text(), a[3]);
              return Value();
          }},
         {u"Calls", host::no_id, Use::get,

@@ -49,6 +49,8 @@ class Entry : public ModelObject<Entry> {
     Fields fields_;
 };
 
+class Explorer;
+
 class Surface : public ModelObject<Surface> {
   public:
     static constexpr std::string_view name = "Desk";
@@ -67,6 +69,14 @@ class Surface : public ModelObject<Surface> {
     host::Value option(const host::Text& option_name) const;
     void option(const host::Text& option_name, const host::Value& value);
     void select(const std::vector<host::Value>& items);
+    void press(const host::Value& control);
+    host::Object context_menu();
+    host::Object window(const host::Text& caption);
+    void meanwhile(const host::Text& moment, const host::Object& object, const host::Text& member,
+                   const host::Value& value);
+
+  private:
+    Explorer& active_explorer();
 };
 
 }  // namespace desk

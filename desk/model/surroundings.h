@@ -2,9 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "desk/model/window_driver.h"
 #include "desk/store/item_data.h"
 #include "host/object.h"
 
@@ -44,8 +47,17 @@ class Surroundings {
     /// Events wait for the next turn of the message loop.
     virtual void wake() = 0;
 
+    /// Runs an action at the next turn of the message loop, whoever's loop that is: this comes back at once.
+    virtual void post(std::function<void()> action) = 0;
+
     /// Lets the message loop run for that time.
     virtual void pump(std::int32_t milliseconds) = 0;
+
+    /// The add-in's window with that caption, a visible one before a hidden one; null if there is none.
+    virtual std::unique_ptr<WindowDriver> window(host::TextView caption) = 0;
+
+    /// Shows a message box of the host's own and answers its button.
+    virtual int ask(host::TextView text, host::TextView title, std::uint32_t style) = 0;
 
     /// Makes an automation object by its name.
     virtual host::Object create_object(host::TextView prog_id) = 0;

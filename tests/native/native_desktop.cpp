@@ -89,9 +89,7 @@ int NativeDesktop::message_box(TextView text, TextView title, std::uint32_t styl
     return answer != 0 ? answer : answer_of_closing(style);
 }
 
-void NativeDesktop::yield() {
-    if (desk_) desk_->yield();
-}
+void NativeDesktop::yield() { on_yield(); }
 
 Text NativeDesktop::find_file(TextView path) {
     boundary_->pass("find_file");

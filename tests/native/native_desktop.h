@@ -38,6 +38,8 @@ class NativeDesktop final : public host::Desktop {
     /// The same without the boundary, for the host's own use.
     host::Object make(host::TextView prog_id);
 
+    std::function<void()> on_yield = [] {};  ///< what a turn of the message loop does
+
     std::uint32_t slept = 0;  ///< milliseconds in all; nobody waits for them
     host::Pointer shown_pointer = host::Pointer::standard;
 

@@ -38,6 +38,14 @@ std::vector<desk::CallCount> NativeSurroundings::calls() {
     return all;
 }
 
+void NativeSurroundings::run_posted() {
+    while (!posted_.empty()) {
+        const std::function<void()> next = std::move(posted_.front());
+        posted_.pop_front();
+        next();
+    }
+}
+
 void NativeSurroundings::snapshot(host::TextView) {
     throw host::Failure(host::result::not_implemented, u"There is no screen here.");
 }

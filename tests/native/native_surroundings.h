@@ -1,6 +1,7 @@
 // Where the desk's model lives in a native test.
 #pragma once
 
+#include <deque>
 #include <functional>
 
 #include "desk/model/surroundings.h"
@@ -19,6 +20,10 @@ class NativeSurroundings final : public desk::Surroundings {
     std::function<host::Object(host::TextView)> make_object;
     std::function<void(host::TextView prog_id, bool connect)> connect;
     std::function<void(host::TextView name, host::TextView value)> remember;
+    std::function<int(host::TextView text, host::TextView title, std::uint32_t style)> ask_person;
+
+    /// Runs what was posted since, until nothing is left.
+    void run_posted();
 
     bool quit_asked = false;  ///< the host was told to end
     int wakes = 0;            ///< how often events began to wait
@@ -27,7 +32,12 @@ class NativeSurroundings final : public desk::Surroundings {
     std::string random_bytes(std::size_t count) override;
     desk::ItemData read_mail(host::TextView path) override;
     void wake() override { ++wakes; }
+    void post(std::function<void()> action) override { posted_.push_back(std::move(action)); }
     void pump(std::int32_t) override { run_message_loop(); }
+    std::unique_ptr<desk::WindowDriver> window(host::TextView) override { return nullptr; }
+    int ask(host::TextView text, host::TextView title, std::uint32_t style) override {
+        return ask_person(text, title, style);
+    }
     host::Object create_object(host::TextView prog_id) override { return make_object(prog_id); }
     std::vector<desk::StartedProgram> programs() override { return programs_.started; }
     std::vector<desk::LiveCount> live() override { return boundary_.live(); }
@@ -43,6 +53,7 @@ class NativeSurroundings final : public desk::Surroundings {
   private:
     Boundary& boundary_;
     const Programs& programs_;
+    std::deque<std::function<void()>> posted_;
 };
 
 }  // namespace native

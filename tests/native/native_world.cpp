@@ -65,7 +65,13 @@ struct NativeWorld::Host {
          desk::Options options)
         : surroundings(boundary, programs),
           desk(surroundings, desk::Store::open(database), std::move(options)) {
-        surroundings.run_message_loop = [this] { desk.yield(); };
+        surroundings.run_message_loop = [this] { yield(); };
+    }
+
+    /// A turn of the message loop: what waits in the model, and what was posted.
+    void yield() {
+        desk.yield();
+        surroundings.run_posted();
     }
 };
 
@@ -94,7 +100,13 @@ void NativeWorld::start() {
     options.event_order = event_order(setup_.event_order);
     host_ = std::make_unique<Host>(*boundary_, programs_, folder_ / "database.desk", std::move(options));
     desktop_.attach(&host_->desk);
+    desktop_.on_yield = [this] {
+        if (host_) host_->yield();
+    };
     NativeSurroundings& surroundings = host_->surroundings;
+    surroundings.ask_person = [this](TextView text, TextView title, std::uint32_t style) {
+        return desktop_.message_box(text, title, style);
+    };
     surroundings.make_object = [this](TextView prog_id) { return desktop_.make(prog_id); };
     surroundings.connect = [this](TextView, bool connect) {
         if (connect && !loaded_) load_add_in(mode_after_startup);

@@ -26,7 +26,10 @@ struct QuietDesk : desk::Surroundings {
     }
     desk::ItemData read_mail(TextView) override { return {}; }
     void wake() override {}
+    void post(std::function<void()>) override {}
     void pump(std::int32_t) override {}
+    std::unique_ptr<desk::WindowDriver> window(TextView) override { return nullptr; }
+    int ask(TextView, TextView, std::uint32_t) override { return 0; }
     Object create_object(TextView prog_id) override {
         throw host::Failure(host::result::bad_prog_id, Text(prog_id));
     }
