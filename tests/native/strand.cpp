@@ -55,9 +55,13 @@ void Strands::run(std::function<void()> action) {
     strand->number = ++made_;
     if (!running_.empty()) strand->runner = running_.back()->number;
     strand->action = std::move(action);
-    running_.reserve(running_.size() + 1);
-    strand->thread = std::thread(&Strand::run, strand.get());
-    running_.push_back(strand.get());
+    running_.push_back(strand.get());  // before it begins: it may park at once
+    try {
+        strand->thread = std::thread(&Strand::run, strand.get());
+    } catch (...) {
+        running_.pop_back();
+        throw;
+    }
     if (const std::exception_ptr failure = settle(std::move(strand))) std::rethrow_exception(failure);
 }
 

@@ -94,7 +94,7 @@ TEST(StatusWindows, TheSmallWindowsFirstButtonShowsThePicker) {
     EXPECT_TRUE(world.family_calls().empty());
     EXPECT_TRUE(window->control(u"Command1").click());
     EXPECT_THAT(world.family_calls(),
-                testing::ElementsAre(Text(u"ListPicker.loaddialog()"), Text(u"ListPicker.showdialog()")));
+                testing::ElementsAre(Text(u"ListPicker.loaddialog"), Text(u"ListPicker.showdialog")));
     session.Tarnwell.unload();
     EXPECT_EQ(world.engine().find(u"Tarnwell"), nullptr);
 }

@@ -8,6 +8,7 @@
 #include "core/settings.h"
 #include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/native/nth_call.h"
 
 namespace addin_tests {
 namespace {
@@ -21,31 +22,10 @@ using host::Text;
 using host::TextView;
 using host::outlook::Item;
 using native::NativeWorld;
+using native::NthCall;
 
 /// More calls than any of the routines makes: a run that goes on for longer never ends.
 constexpr int many = 400;
-
-/// Makes the n-th call of the add-in fail, counted from 1, and tells whether it came so far.
-class NthCall {
-  public:
-    NthCall(NativeWorld& world, int n) : world_(world) {
-        world_.boundary().before_call = [this, left = n](const std::string& member) mutable {
-            if (--left != 0) return;
-            failed_ = member;
-            throw host::Failure(host::result::fail, u"made to fail");
-        };
-    }
-    ~NthCall() { world_.boundary().before_call = nullptr; }
-    NthCall(const NthCall&) = delete;
-    NthCall& operator=(const NthCall&) = delete;
-
-    [[nodiscard]] bool came() const { return !failed_.empty(); }
-    [[nodiscard]] const std::string& member() const { return failed_; }
-
-  private:
-    NativeWorld& world_;
-    std::string failed_;
-};
 
 /// A world with one contact, in which received mail is filed.
 std::unique_ptr<NativeWorld> filing_world(const WorldSetup& setup = {}) {

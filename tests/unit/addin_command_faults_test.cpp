@@ -1,0 +1,149 @@
+// The commands and the sending of mail, with their n-th call to the outside failing, for every n.
+#include "core/settings.h"
+#include "tests/acceptance/people.h"
+#include "tests/native/native_world.h"
+#include "tests/native/nth_call.h"
+
+namespace addin_tests {
+namespace {
+
+using acceptance::count_in;
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Item;
+using native::NativeWorld;
+using native::NthCall;
+
+/// More calls than any of the routines makes: a run that goes on for longer never ends.
+constexpr int many = 400;
+
+constexpr std::int32_t sent_folder = 5;
+
+std::unique_ptr<NativeWorld> sending_world() {
+    auto world = std::make_unique<NativeWorld>(acceptance::WorldSetup{});
+    world->option(addin::setting::auto_file_sent_emails, u"1");
+    acceptance::add_contact(*world);
+    return world;
+}
+
+Item new_mail(NativeWorld& world) {
+    const Item mail(world.application().call(u"CreateItem", {0}).to_object());
+    mail.put(u"To", u"ann.lee@northmill.example");
+    mail.Subject(u"An offer");
+    return mail;
+}
+
+void empty(const host::outlook::Folder& folder) {
+    const host::outlook::Items items = folder.Items();
+    for (std::int32_t i = items.Count(); i >= 1; --i) items.Item(i).call(u"Delete");
+}
+
+TEST(CommandFaults, AMailGoesOutWhateverFails) {
+    const auto world = sending_world();
+    const host::outlook::Folder sent = world->session().GetDefaultFolder(sent_folder);
+    int n = 1;
+    for (bool more = true; more; ++n) {
+        ASSERT_LT(n, many);
+        const Item mail = new_mail(*world);
+        mail.call(u"Display");
+        const NthCall fault(*world, n);
+        ASSERT_NO_THROW(mail.call(u"Send")) << n;
+        more = fault.came();
+        SCOPED_TRACE("call " + std::to_string(n) + " failed: " + fault.member());
+        EXPECT_EQ(sent.Items().Count(), 1);
+        EXPECT_LE(count_in(*world, u"Email") + count_in(*world, u"Notes"), 1);
+        if (!more) {
+            EXPECT_EQ(count_in(*world, u"Email"), 1);
+        }
+        EXPECT_EQ(world->engine().find(u"Tarnwell"), nullptr) << "the status window doesn't stay";
+        EXPECT_FALSE(world->add_in()->goInspector.source());
+        empty(sent);
+        empty(world->below(u"Email"));
+        empty(world->below(u"Notes"));
+        if (::testing::Test::HasFailure()) break;
+    }
+    EXPECT_GT(n, 60);
+    EXPECT_EQ(world->memory_registry().open_keys(), 0U);
+}
+
+/// An item whose window is fitted.
+struct Shown {
+    const char* name;
+    std::int32_t type;
+    TextView message_class;
+    int least_calls;
+};
+constexpr Shown shown_items[] = {
+    {"mail", 0, u"", 50},
+    {"personal appointment", 1, u"", 15},
+    {"linked task", 3, u"IPM.Task.TarnwellTask", 15},
+    {"personal contact", 2, u"", 60},
+    {"account contact", 2, u"IPM.Contact.Account Contact", 50},
+};
+
+TEST(CommandFaults, AWindowOpensAndClosesWhateverFails) {
+    for (const Shown& shown : shown_items) {
+        SCOPED_TRACE(shown.name);
+        NativeWorld world{{}};
+        int n = 1;
+        for (bool more = true; more; ++n) {
+            ASSERT_LT(n, many);
+            const Object item = world.application().call(u"CreateItem", {shown.type}).to_object();
+            if (!shown.message_class.empty()) item.put(u"MessageClass", Value(shown.message_class));
+            item.call(u"Save");
+            {
+                const NthCall fault(world, n);
+                ASSERT_NO_THROW(item.call(u"Display")) << n;
+                more = fault.came();
+            }
+            const host::outlook::Inspectors inspectors = world.application().Inspectors();
+            EXPECT_EQ(inspectors.Count(), 1);
+            ASSERT_NO_THROW(inspectors.Item(1).Close(host::outlook::discard_changes));
+            EXPECT_EQ(inspectors.Count(), 0);
+            item.call(u"Delete");
+        }
+        EXPECT_GT(n, shown.least_calls);
+        EXPECT_EQ(world.memory_registry().open_keys(), 0U);
+    }
+}
+
+TEST(CommandFaults, TheContextMenuOpensWhateverFails) {
+    int n = 1;
+    for (bool more = true; more; ++n) {
+        ASSERT_LT(n, many);
+        NativeWorld world{{}};
+        const NthCall fault(world, n);
+        const Object bars = world.application().ActiveExplorer().get(u"CommandBars").to_object();
+        ASSERT_NO_THROW(bars.call(u"Add", {u"Another bar"})) << n;
+        ASSERT_NO_THROW(world.settle()) << n;
+        more = fault.came();
+        const Object controls = bars.get(u"Item", {u"Context Menu"}).to_object().get(u"Controls").to_object();
+        EXPECT_LE(controls.get(u"Count").to_integer(), 3);
+        if (!more) {
+            EXPECT_EQ(controls.get(u"Count").to_integer(), 2);
+        }
+    }
+    EXPECT_GT(n, 20);
+}
+
+TEST(CommandFaults, ASelectionChangesWhateverFails) {
+    NativeWorld world{{}};
+    world.option(addin::setting::enable_quick_view, u"1");
+    const Item mail = world.deliver(acceptance::message());
+    int shown = 0;
+    world.add_in()->session().ShowQuickView = [&](Value&) { ++shown; };
+    int n = 1;
+    for (bool more = true; more; ++n) {
+        ASSERT_LT(n, many);
+        const NthCall fault(world, n);
+        ASSERT_NO_THROW(world.desk().call(u"Select", {Value(mail)})) << n;
+        more = fault.came();
+    }
+    EXPECT_GT(n, 10);
+    EXPECT_GE(shown, 1);
+}
+
+}  // namespace
+}  // namespace addin_tests
