@@ -7,8 +7,10 @@
 #include <memory>
 
 #include "forms/form.h"
+#include "host/cdo.h"
 #include "host/desktop.h"
 #include "host/outlook.h"
+#include "records/list_definition.h"
 
 namespace addin {
 
@@ -67,6 +69,11 @@ struct Session {
     std::int16_t gExplorerSerial = 0;  ///< the number of the last tracker; never reset
     std::unique_ptr<ExplorerTrackers> gExplorerList;
     bool gSkipExplorerTracking = false;  ///< nothing sets it
+
+    std::int32_t LastSortColumn = 0;          ///< of all lists, from 0
+    records::ListDefinition list_definition;  ///< the current one
+    host::cdo::Session cdo;                   ///< while a list definition is read
+    bool gSearchCancelled = false;            ///< nothing sets it
 
     WindowPlace<addin::SearchForm> SearchForm;
     WindowPlace<> Tarnwell;

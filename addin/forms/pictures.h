@@ -20,9 +20,19 @@ inline constexpr Point marked_line[] = {{4, 6}, {12, 6}, {12, 9}, {4, 9}};
 inline constexpr Point last_line[] = {{5, 11}, {11, 11}, {11, 12}, {5, 12}};
 inline constexpr Shape pick_shapes[] = {
     {steel, sheet}, {white, paper}, {steel, first_line}, {gold, marked_line}, {steel, last_line}};
+
+inline constexpr Point falling[] = {{2, 4}, {10, 4}, {6, 9}};
+inline constexpr Point rising[] = {{2, 9}, {10, 9}, {6, 4}};
+inline constexpr Color shade{96, 96, 96};
+inline constexpr Shape falling_shapes[] = {{shade, falling}};
+inline constexpr Shape rising_shapes[] = {{shade, rising}};
 }  // namespace drawing
 
 inline constexpr Picture magnifier{32, drawing::magnifier_shapes};
 inline constexpr Picture pick_from_list{16, drawing::pick_shapes};
+
+/// The marks of sorted columns: image 0 points down, image 1 up.
+inline constexpr Picture points_down{13, drawing::falling_shapes}, points_up{13, drawing::rising_shapes};
+inline constexpr const Picture* sort_marks[] = {&points_down, &points_up};
 
 }  // namespace addin::forms

@@ -81,6 +81,16 @@ class Desktop {
     virtual Text find_file(TextView path) = 0;
     virtual void delete_file(TextView path) = 0;  ///< throws `Failure` if the file can't be deleted
 
+    /// The names of an ini file's sections as the platform gives them: each with a terminator, cut off at
+    /// `size` characters; empty for a file that isn't there (GetPrivateProfileSectionNamesA).
+    virtual Text section_names(TextView path, std::uint32_t size) = 0;
+
+    /// A value of an ini file, cut off at `size` characters with its terminator; empty if it isn't there
+    /// (GetPrivateProfileStringA).
+    virtual Text profile_text(TextView path, TextView section, TextView key, std::uint32_t size) = 0;
+
+    virtual void beep() = 0;
+
     /// The folder that the add-in's own file lies in, without a backslash at its end.
     virtual Text own_folder() = 0;
 

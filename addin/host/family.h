@@ -11,6 +11,8 @@ inline constexpr TextView main_add_in = u"Tarnwell.connect";
 inline constexpr TextView list_picker = u"ContactList.List";
 inline constexpr TextView reports = u"TarnwellReports.Reports";
 inline constexpr TextView safe_mail_item = u"TarnwellOMG.SafeMailItem";
+inline constexpr TextView safe_post_item = u"TarnwellOMG.SafePostItem";
+inline constexpr TextView safe_contact_item = u"TarnwellOMG.SafeContactItem";
 }  // namespace prog_id
 
 /// The add-in that owns the database's location. It is made for each use and never kept.
@@ -25,6 +27,15 @@ class MainAddIn : public Face<MainAddIn> {
     Text getEmailAutoFile() const { return call(u"getEmailAutoFile").to_text(); }
     Text getspecialfolderlocation() const { return call(u"getspecialfolderlocation").to_text(); }
     Text GetDLLPath() const { return call(u"GetDLLPath").to_text(); }
+    Text generateid() const { return call(u"generateid").to_text(); }
+    Text GetUserName() const { return call(u"GetUserName").to_text(); }
+    Text GetAlignment() const { return call(u"GetAlignment").to_text(); }
+    Array GetDropDownsCache(TextView list) const {
+        return call(u"GetDropDownsCache", {Value(list)}).to_array();
+    }
+    Object ReturnFolderFromPath(TextView path) const {
+        return call(u"ReturnFolderFromPath", {Value(path)}).to_object();
+    }
     void reloadtoolbar(TextView what) const { call(u"reloadtoolbar", {Value(what)}); }
 };
 
@@ -42,6 +53,12 @@ class ListPicker : public Face<ListPicker> {
     static constexpr Kind kind{"ListPicker"};
     using Face::Face;
 
+    void StoreID(TextView value) const { put(u"StoreID", value); }
+    void FolderId(TextView value) const { put(u"FolderId", value); }
+    void accountfolderid(TextView value) const { put(u"accountfolderid", value); }
+    void refreshaccounts() const { call(u"refreshaccounts"); }
+    bool dialogcancel() const { return boolean(u"dialogcancel"); }
+    Array slist() const { return get(u"slist").to_array(); }
     void loaddialog() const { call(u"loaddialog"); }
     void showdialog() const { call(u"showdialog"); }
 };
@@ -62,6 +79,8 @@ class SafeAddressEntry : public Face<SafeAddressEntry> {
     using Face::Face;
 
     Text Fields(std::int32_t tag) const { return get(u"Fields", {tag}).to_text(); }
+    Text Address() const { return text(u"Address"); }
+    Text Type() const { return text(u"Type"); }
 };
 
 class SafeRecipient : public Face<SafeRecipient> {
@@ -93,10 +112,28 @@ class SafeMailItem : public Face<SafeMailItem> {
     SafeAddressEntry sender() const { return SafeAddressEntry(object(u"sender")); }
     SafeRecipients Recipients() const { return SafeRecipients(object(u"Recipients")); }
     void ResolveAll() const { call(u"ResolveAll"); }
+    Text SenderName() const { return text(u"SenderName"); }
     Text To() const { return text(u"To"); }
     Text Subject() const { return text(u"Subject"); }
     Text Body() const { return text(u"Body"); }
     Value SentOn() const { return get(u"SentOn"); }
+};
+
+/// A record's protected properties: a post's or a contact's. Made for each use.
+class SafeRecordItem : public Face<SafeRecordItem> {
+  public:
+    static constexpr Kind kind{"SafeRecordItem"};
+    using Face::Face;
+
+    void Item(const Object& item) const { put(u"Item", item); }
+    Text Body() const { return text(u"Body"); }
+    void Display() const { call(u"Display"); }
+
+    /// A property by its tag: a number, its text, or what `GetIDsFromNames` answers.
+    Text Fields(const Value& tag) const { return get(u"Fields", {tag}).to_text(); }
+    Value GetIDsFromNames(TextView set, const Value& id_or_name) const {
+        return call(u"GetIDsFromNames", {Value(set), id_or_name});
+    }
 };
 
 }  // namespace host::family

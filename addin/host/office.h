@@ -25,6 +25,16 @@ class ComAddIns : public CollectionFace<ComAddIns, ComAddIn> {
     using CollectionFace::CollectionFace;
 };
 
+inline constexpr std::int32_t language_of_windows = 2;  // msoLanguageIDUI
+
+class LanguageSettings : public Face<LanguageSettings> {
+  public:
+    static constexpr Kind kind{"LanguageSettings"};
+    using Face::Face;
+
+    std::int32_t LanguageID(std::int32_t which) const { return get(u"LanguageID", {which}).to_integer(); }
+};
+
 class CommandBarControl : public Face<CommandBarControl> {
   public:
     static constexpr Kind kind{"CommandBarControl"};

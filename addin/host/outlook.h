@@ -18,6 +18,7 @@ namespace object_class {
 inline constexpr std::int32_t folder = 2, appointment = 26, mail = 43, note = 44;
 }
 
+inline constexpr std::int32_t contact_items = 2;       // OlItemType
 inline constexpr std::int32_t flag_complete = 1;       // OlFlagStatus
 inline constexpr std::int32_t sensitivity_normal = 0;  // OlSensitivity
 
@@ -82,10 +83,18 @@ class Item : public Face<Item> {
     void BillingInformation(TextView value) const { put(u"BillingInformation", value); }
     void FlagStatus(std::int32_t value) const { put(u"FlagStatus", value); }
     void FlagRequest(TextView value) const { put(u"FlagRequest", value); }
+    bool Saved() const { return boolean(u"Saved"); }
+    bool Sent() const { return boolean(u"Sent"); }
     Text CompanyName() const { return text(u"CompanyName"); }
+    void CompanyName(TextView value) const { put(u"CompanyName", value); }
     Text FullName() const { return text(u"FullName"); }
+    void FullName(TextView value) const { put(u"FullName", value); }
+    void WebPage(TextView value) const { put(u"WebPage", value); }
+    void Email1Address(TextView value) const { put(u"Email1Address", value); }
     Text Account() const { return text(u"Account"); }
+    void Account(TextView value) const { put(u"Account", value); }
     Text CustomerID() const { return text(u"CustomerID"); }
+    void CustomerID(TextView value) const { put(u"CustomerID", value); }
     ItemProperties itemproperties() const { return ItemProperties(object(u"itemproperties")); }
     outlook::UserProperties UserProperties() const {
         return outlook::UserProperties(object(u"UserProperties"));
@@ -94,6 +103,8 @@ class Item : public Face<Item> {
 
     void Save() const { call(u"Save"); }
     void Post() const { call(u"Post"); }
+    void Display() const { call(u"Display"); }
+    void Close(std::int32_t mode) const { call(u"Close", {mode}); }
 };
 
 class Items : public CollectionFace<Items, Item> {
@@ -108,6 +119,7 @@ class Items : public CollectionFace<Items, Item> {
     outlook::Item Find(TextView filter) const {
         return outlook::Item(call(u"Find", {Value(filter)}).to_object());
     }
+    Items Restrict(TextView filter) const { return Items(call(u"Restrict", {Value(filter)}).to_object()); }
 };
 
 class Folders;
@@ -123,6 +135,7 @@ class Folder : public Face<Folder> {
     Text EntryID() const { return text(u"EntryID"); }
     Text StoreID() const { return text(u"StoreID"); }
     Text DefaultMessageClass() const { return text(u"DefaultMessageClass"); }
+    std::int32_t DefaultItemType() const { return integer(u"DefaultItemType"); }
     inline outlook::Folders Folders() const;
     outlook::Items Items() const { return outlook::Items(object(u"Items")); }
 };
@@ -146,6 +159,9 @@ class NameSpace : public Face<NameSpace> {
     }
     Folder GetFolderFromID(TextView entry_id, TextView store_id) const {
         return Folder(call(u"GetFolderFromID", {Value(entry_id), Value(store_id)}).to_object());
+    }
+    Item GetItemFromID(TextView entry_id, TextView store_id) const {
+        return Item(call(u"GetItemFromID", {Value(entry_id), Value(store_id)}).to_object());
     }
 };
 
@@ -196,6 +212,13 @@ class Application : public Face<Application> {
     using Face::Face;
 
     Text Version() const { return text(u"Version"); }
+    Inspector ActiveInspector() const { return Inspector(call(u"ActiveInspector").to_object()); }
+    Object CreateObject(TextView prog_id) const {
+        return call(u"CreateObject", {Value(prog_id)}).to_object();
+    }
+    office::LanguageSettings LanguageSettings() const {
+        return office::LanguageSettings(object(u"LanguageSettings"));
+    }
     Explorer ActiveExplorer() const { return Explorer(call(u"ActiveExplorer").to_object()); }
     outlook::Explorers Explorers() const { return outlook::Explorers(object(u"Explorers")); }
     outlook::Inspectors Inspectors() const { return outlook::Inspectors(object(u"Inspectors")); }

@@ -13,4 +13,7 @@ bool start_and_end();
 /// So many mails, one after the other, in one session.
 bool soak(int mail_count);
 
+/// What the add-in adds to the time in which an item's window opens.
+bool opened_items_time();
+
 }  // namespace bench

@@ -8,6 +8,7 @@
 #include "family/create.h"
 #include "host/shell.h"
 #include "tests/native/formats.h"
+#include "tests/native/ini_file.h"
 #include "tests/native/temporary_folder.h"
 
 namespace native {
@@ -100,6 +101,14 @@ Text NativeDesktop::find_file(TextView path) {
 void NativeDesktop::delete_file(TextView path) {
     boundary_->pass("delete_file");
     if (!std::filesystem::remove(local_path(path))) throw Failure(result::file_not_found, Text(path));
+}
+
+Text NativeDesktop::section_names(TextView path, std::uint32_t size) {
+    return ini_section_names(local_path(path), size);
+}
+
+Text NativeDesktop::profile_text(TextView path, TextView section, TextView key, std::uint32_t size) {
+    return ini_text(local_path(path), section, key, size);
 }
 
 Text NativeDesktop::format(TextView value, TextView named_format) { return formatted(value, named_format); }

@@ -30,6 +30,10 @@ class NativeDesktop final : public host::Desktop {
     int dots_per_inch() override { return 96; }
     host::Text find_file(host::TextView path) override;
     void delete_file(host::TextView path) override;
+    host::Text section_names(host::TextView path, std::uint32_t size) override;
+    host::Text profile_text(host::TextView path, host::TextView section, host::TextView key,
+                            std::uint32_t size) override;
+    void beep() override { ++beeps; }
     host::Text own_folder() override { return own_folder_; }
     host::Text format(host::TextView value, host::TextView named_format) override;
     std::string narrow(host::TextView text) override;
@@ -41,6 +45,7 @@ class NativeDesktop final : public host::Desktop {
     std::function<void()> on_yield = [] {};  ///< what a turn of the message loop does
 
     std::uint32_t slept = 0;  ///< milliseconds in all; nobody waits for them
+    int beeps = 0;
     host::Pointer shown_pointer = host::Pointer::standard;
 
   private:

@@ -33,7 +33,7 @@ class NativeWorld final : public acceptance::World {
     MemoryRegistry& memory_registry() { return registry_; }
     Boundary& boundary() { return *boundary_; }
     MemoryEngine& engine() { return engine_; }  ///< the add-in's windows
-    addin::Connect* add_in();  ///< the add-in as it is loaded; null if it isn't
+    addin::Connect* add_in();                   ///< the add-in as it is loaded; null if it isn't
 
     /// Loads the add-in as the host does, or lets go of it.
     void load_add_in(std::int32_t connect_mode);

@@ -94,6 +94,22 @@ void WindowsDesktop::delete_file(host::TextView path) {
     if (!DeleteFileW(wide(host::Text(path)))) check(HRESULT_FROM_WIN32(GetLastError()));
 }
 
+host::Text WindowsDesktop::section_names(host::TextView path, std::uint32_t size) {
+    std::string names(size, '\0');
+    names.resize(GetPrivateProfileSectionNamesA(names.data(), size, narrow(path).c_str()));
+    return widen(names);
+}
+
+host::Text WindowsDesktop::profile_text(host::TextView path, host::TextView section, host::TextView key,
+                                        std::uint32_t size) {
+    std::string text(size, '\0');
+    text.resize(GetPrivateProfileStringA(narrow(section).c_str(), narrow(key).c_str(), "", text.data(), size,
+                                         narrow(path).c_str()));
+    return widen(text);
+}
+
+void WindowsDesktop::beep() { MessageBeep(MB_OK); }
+
 host::Text WindowsDesktop::own_folder() {
     const host::Text file = module_file();
     return file.substr(0, file.find_last_of(u'\\'));

@@ -24,6 +24,10 @@ class WindowsDesktop final : public host::Desktop {
 
     host::Text find_file(host::TextView path) override;  ///< its name, without the folder
     void delete_file(host::TextView path) override;
+    host::Text section_names(host::TextView path, std::uint32_t size) override;
+    host::Text profile_text(host::TextView path, host::TextView section, host::TextView key,
+                            std::uint32_t size) override;
+    void beep() override;
     host::Text own_folder() override;
 
     host::Text format(host::TextView value, host::TextView named_format) override;

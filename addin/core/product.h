@@ -1,0 +1,14 @@
+// What the product is called.
+#pragma once
+
+#include "host/text.h"
+
+namespace addin {
+
+/// The title of the message boxes.
+inline constexpr host::TextView product_title = u"Tarnwell";
+
+/// Major, minor and revision number; the library's version resource tells the same.
+inline constexpr int product_version[] = {6, 0, 2178};
+
+}  // namespace addin

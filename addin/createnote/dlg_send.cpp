@@ -1,0 +1,247 @@
+#include "createnote/dlg_send.h"
+
+#include <algorithm>
+
+#include "core/product.h"
+#include "filing/address_resolution.h"
+#include "forms/sort_marks.h"
+#include "records/database.h"
+#include "records/names.h"
+
+namespace addin::createnote {
+
+using host::Text;
+using host::TextView;
+namespace tag = host::family::tag;
+
+namespace {
+
+constexpr TextView search_by_email = u"Search by Email";
+constexpr TextView no_row_chosen =
+    u"You must select a valid Account/Contact name. Please use the search feature.";
+constexpr TextView note_types = u"Note Type";
+constexpr TextView version_start = u"Product Version: ";
+constexpr char16_t enter_key = 13;
+
+/// Headings of columns after the load.
+constexpr TextView headings[] = {u"Contact Name", u"Company Name", u"Business Phone",
+                                 u"Address",      u"City",         u"State"};
+/// The headings of the first two columns at account level.
+constexpr TextView account_headings[] = {u"Company Name", u"Company City"};
+
+std::vector<Text> split(const Text& text, char16_t separator) {
+    std::vector<Text> parts;
+    for (std::size_t begin = 0;;) {
+        const std::size_t end = text.find(separator, begin);
+        parts.push_back(text.substr(begin, end - begin));
+        if (end == Text::npos) return parts;
+        begin = end + 1;
+    }
+}
+
+void set_headings(forms::List& list, std::span<const TextView> texts) {
+    int place = 0;
+    for (const TextView text : texts) list.heading(place++, text);
+}
+
+}  // namespace
+
+void furnish(Session& session) {
+    session.dlgSend = [&session] { return std::make_shared<dlgSend>(session); };
+}
+
+void dlgSend::on_load() {
+    try {
+        load();
+    } catch (const host::Failure&) {
+        return;  // the load ends where it failed; the window comes up all the same
+    }
+}
+
+void dlgSend::load() {
+    gbSend = false;
+    Text version(version_start);
+    for (const int number : product_version) {
+        if (version.size() > version_start.size()) version += u'.';
+        version += host::to_text(static_cast<long long>(number));
+    }
+    control(u"Label3").text(version);
+    set_headings(list(), headings);
+    list().width(column::key, 0);
+    LoadFindDefinitions();
+    PopulateList();
+}
+
+void dlgSend::on_activate() { view().topmost(); }
+
+void dlgSend::on_focus() { control(u"SearchString").focus(); }
+
+ChosenMail dlgSend::choose_mail(Steps& steps) {
+    ChosenMail mail;
+    const auto application = [&] { return host::outlook::Application(session_.desktop.application()); };
+    steps.set(mail.wrapper, [&] {
+        return host::family::SafeMailItem(session_.desktop.create(host::family::prog_id::safe_mail_item));
+    });
+    if (!session_.gNoteFromExplorer) {
+        steps.set(mail.inspector, [&] { return application().ActiveInspector(); });
+        steps.set(mail.item, [&] { return mail.inspector.CurrentItem(); });
+    } else {
+        steps.set(mail.selection, [&] { return application().ActiveExplorer().Selection(); });
+        steps.set(mail.item, [&] { return mail.selection.Item(1); });
+    }
+    return mail;
+}
+
+void dlgSend::PopulateList() {
+    Steps steps;
+    ChosenMail mail = choose_mail(steps);
+    Text type(records::note_type::received);
+    // a mail that is still being written counts as sent
+    if (steps.holds([&] {
+            const bool never_saved = mail.item.EntryID().empty();
+            const bool changed = !mail.item.Saved();
+            return never_saved || changed;
+        })) {
+        steps.run([&] { mail.item.Save(); });
+        type = records::note_type::sent;
+    }
+    steps.run([&] { mail.wrapper.Item(mail.item); });
+
+    host::Array types;
+    steps.set(types,
+              [&] { return records::make_main_add_in(session_.desktop).GetDropDownsCache(note_types); });
+    forms::Choice& type_box = control(u"Combo1").choice();
+    type_box.clear();
+    control(u"Combo1").text(type);
+    const std::int32_t type_count = types.dimensions().front().count;
+    for (std::int32_t i = 0; i < type_count; ++i) {
+        steps.run([&] { type_box.add(types.at(i).to_text()); });
+    }
+
+    Text addresses;
+    if (steps.holds([&] {
+            return host::upper(mail.wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
+        })) {
+        steps.set(addresses, [&] { return mail.wrapper.Fields(tag::sender_address); });
+    } else {
+        steps.set(addresses, [&] { return mail.wrapper.sender().Fields(tag::smtp_address); });
+    }
+    std::int32_t people = 0;
+    steps.set(people, [&] { return mail.wrapper.Recipients().Count(); });
+    for (std::int32_t i = 1; i <= people; ++i) {
+        const auto person = [&] { return mail.wrapper.Recipients().Item(i); };
+        if (steps.holds([&] { return person().AddressEntry().Type() != filing::type_smtp; })) {
+            steps.run([&] { addresses += u";" + person().AddressEntry().Fields(tag::smtp_address); });
+        } else {
+            steps.run([&] { addresses += u";" + person().Address(); });
+        }
+    }
+    for (const Text& address : split(addresses, u';')) {
+        if (!address.empty()) steps.run([&] { list().add(host::trimmed(address)); });
+    }
+    steps.run([&] { control(u"txtNote").text(mail.item.Subject()); });
+    if (list().count() > 0) list().select(0);
+    control(u"lstRecipients").focus();
+}
+
+void dlgSend::on_click(TextView name) {
+    struct Row {
+        TextView control;
+        void (dlgSend::*run)();
+    };
+    static constexpr Row rows[] = {
+        {u"cmdSend", &dlgSend::cmdSend_Click},     {u"cmdCancel", &dlgSend::cmdCancel_Click},
+        {u"cmdSearch", &dlgSend::cmdSearch_Click}, {u"Option1", &dlgSend::Option1_Click},
+        {u"Option2", &dlgSend::Option2_Click},     {u"Combo2", &dlgSend::Combo2_Click}};
+    const auto row = std::ranges::find(rows, name, &Row::control);
+    if (row != std::end(rows)) (this->*row->run)();
+}
+
+void dlgSend::on_double_click(TextView name) {
+    if (name == TextView(u"lstRecipients")) lstRecipients_DblClick();
+}
+
+void dlgSend::on_key_press(TextView name, char16_t key) {
+    if (name != TextView(u"SearchString") || key != enter_key) return;
+    if (!control(name).text().empty()) cmdSearch_Click();
+}
+
+void dlgSend::on_column_click(TextView, int column) {
+    forms::sort_by_column(list(), column, session_.LastSortColumn);
+}
+
+void dlgSend::Option1_Click() {
+    list().clear();
+    set_headings(list(), account_headings);
+}
+
+void dlgSend::Option2_Click() {
+    list().clear();
+    set_headings(list(), std::span(headings).first<std::size(account_headings)>());
+    PopulateList();
+}
+
+void dlgSend::Combo2_Click() {
+    const Text chosen = control(u"Combo2").text();
+    if (chosen == search_by_email) {
+        list().clear();
+        PopulateList();
+    } else {
+        GetListDef();
+    }
+    if (control(u"Combo2").text().empty()) return;
+    control(u"SearchString").enabled(true);
+    control(u"SearchString").text(u"");
+}
+
+bool dlgSend::is_row_empty(Steps& steps) {
+    return steps.holds([&] { return list().count() == 0 || row_text().empty(); });
+}
+
+Text dlgSend::key_of_row(Steps& steps) {
+    Text key;
+    steps.set(key, [&] { return list().text(list().selected(), column::key); });
+    return key;
+}
+
+void dlgSend::cmdSend_Click() {
+    Steps steps;
+    if (is_row_empty(steps) && key_of_row(steps).empty()) {
+        header(Text(no_row_chosen));
+        return;
+    }
+    session_.desktop.pointer(host::Pointer::hourglass);
+    gbCreated = false;
+    create(steps);
+}
+
+void dlgSend::lstRecipients_DblClick() {
+    Steps steps;
+    session_.desktop.pointer(host::Pointer::hourglass);
+    gbCreated = false;
+    if (is_row_empty(steps)) {
+        session_.desktop.pointer(host::Pointer::standard);
+        session_.desktop.beep();
+        header(Text(no_row_chosen));
+        return;
+    }
+    create(steps);
+}
+
+void dlgSend::create(Steps& steps) {
+    if (!key_of_row(steps).empty()) {
+        CreateNoteEx();
+    } else {
+        CreateNote();
+    }
+    session_.desktop.pointer(host::Pointer::standard);
+    // the path that makes a contact has unloaded the window
+    if (gbCreated && loaded() && !control(u"Check1").selected()) hide();
+}
+
+void dlgSend::cmdCancel_Click() {
+    gbSend = false;
+    hide();
+}
+
+}  // namespace addin::createnote

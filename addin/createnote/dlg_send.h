@@ -1,0 +1,85 @@
+// The Create Note dialog: a mail is filed as a note against one of its own people, or a record found by a
+// search.
+#pragma once
+
+#include "core/session.h"
+#include "core/steps.h"
+#include "host/family.h"
+
+namespace addin::createnote {
+
+const forms::FormTable& dialog_table();
+
+/// The columns of `lstRecipients`, from 0.
+namespace column {
+inline constexpr int text = 0, third = 2, key = 6, entry_id = 7;
+}
+
+/// The mail that a note is made of, where it comes from, and its wrapper. Of inspector and selection one
+/// stands.
+struct ChosenMail {
+    host::outlook::Inspector inspector;
+    host::outlook::Selection selection;
+    host::outlook::Item item;
+    host::family::SafeMailItem wrapper;
+};
+
+class dlgSend final : public NoteDialog {
+  public:
+    explicit dlgSend(Session& session) : NoteDialog(session.engine, dialog_table()), session_(session) {}
+
+    bool gbSend = false;     ///< nothing here reads it
+    bool gbCreated = false;  ///< the outcome of the last creation
+
+    void PopulateList();
+
+    /// Make the note of the selected row: of an address, or of a record that a search has found. They ignore
+    /// failures; `gbCreated` tells of success.
+    void CreateNote();
+    void CreateNoteEx();
+
+    // without being shown
+    void OpenContact() override;
+    void OpenTarnwellContact() override;
+
+    void LoadFindDefinitions();
+    void GetListDef();
+
+    Session& session() { return session_; }
+    forms::List& list() { return control(u"lstRecipients").list(); }
+    host::Text row_text() { return list().text(list().selected(), column::text); }
+    bool contact_level() { return control(u"Option2").selected(); }
+    void header(const host::Text& text) { control(u"lblHeader").text(text); }
+
+    /// The mail in the inspector, or the first one of the selection, as the dialog was opened.
+    ChosenMail choose_mail(Steps& steps);
+
+  private:
+    void on_load() override;
+    void on_activate() override;
+    void on_focus() override;
+    void on_click(host::TextView control) override;
+    void on_double_click(host::TextView control) override;
+    void on_key_press(host::TextView control, char16_t key) override;
+    void on_column_click(host::TextView control, int column) override;
+
+    void load();
+    void cmdSend_Click();
+    void lstRecipients_DblClick();
+    void cmdCancel_Click();
+    void Option1_Click();
+    void Option2_Click();
+    void Combo2_Click();
+    void cmdSearch_Click();
+    void SearchListTarget(const host::outlook::Folder& folder);
+    void create(Steps& steps);
+    bool is_row_empty(Steps& steps);
+    host::Text key_of_row(Steps& steps);
+
+    Session& session_;
+};
+
+/// Has the session open the dialog.
+void furnish(Session& session);
+
+}  // namespace addin::createnote

@@ -1,0 +1,61 @@
+#include "createnote/search_targets.h"
+
+#include <utility>
+
+namespace addin::createnote {
+
+using host::Text;
+using host::TextView;
+
+namespace {
+
+constexpr TextView file_name = u"\\twsystemfolder.ini";
+constexpr std::uint32_t names_size = 4096, value_size = 512;  // characters
+constexpr TextView display_in = u"Display in", find_definition = u"FindDefinition",
+                   folder_name = u"Folder Name";
+
+/// The parts between terminators; the last terminator is none of them.
+std::vector<Text> split(TextView names) {
+    std::vector<Text> parts;
+    if (names.empty()) return parts;
+    names.remove_suffix(1);
+    for (std::size_t begin = 0;;) {
+        const std::size_t end = names.find(u'\0', begin);
+        parts.emplace_back(names.substr(begin, end - begin));
+        if (end == TextView::npos) return parts;
+        begin = end + 1;
+    }
+}
+
+}  // namespace
+
+std::vector<Text> SortSectionNames(std::vector<Text> names) {
+    for (bool swapped = true; swapped;) {
+        swapped = false;
+        for (std::size_t i = 0; i + 1 < names.size(); ++i) {
+            if (names[i] <= names[i + 1]) continue;
+            std::swap(names[i], names[i + 1]);
+            swapped = true;
+        }
+    }
+    return names;
+}
+
+std::vector<Target> read_targets(host::Desktop& desktop, TextView folder, TextView place,
+                                 const std::function<void(std::size_t, const Text&)>& found) {
+    const Text path = Text(folder) + Text(file_name);
+    const auto value = [&](const Text& section, TextView key) {
+        return desktop.profile_text(path, section, key, value_size);
+    };
+    std::vector<Target> targets;
+    for (const Text& name : SortSectionNames(split(desktop.section_names(path, names_size)))) {
+        if (host::upper(value(name, display_in)).find(place) == Text::npos) continue;
+        Target target{name, value(name, find_definition), {}};
+        if (found) found(targets.size(), name);
+        target.folder_name = value(name, folder_name);
+        targets.push_back(std::move(target));
+    }
+    return targets;
+}
+
+}  // namespace addin::createnote
