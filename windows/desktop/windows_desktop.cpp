@@ -67,10 +67,6 @@ void WindowsDesktop::yield() {
 
 void WindowsDesktop::sleep(std::uint32_t milliseconds) { Sleep(milliseconds); }
 
-void WindowsDesktop::pointer(host::Pointer pointer) {
-    SetCursor(LoadCursorW(nullptr, pointer == host::Pointer::hourglass ? IDC_WAIT : IDC_ARROW));
-}
-
 int WindowsDesktop::dots_per_inch() {
     const HWND window = GetDesktopWindow();
     const HDC context = GetDC(window);

@@ -3,6 +3,7 @@
 
 #include "windows/com/apartment.h"
 #include "windows/desktop/registry.h"
+#include "windows/desktop/screen_pointer.h"
 
 namespace windows {
 
@@ -19,7 +20,8 @@ class WindowsDesktop final : public host::Desktop {
     int message_box(host::TextView text, host::TextView title, std::uint32_t style) override;
     void yield() override;  ///< a message to quit is left in the queue
     void sleep(std::uint32_t milliseconds) override;
-    void pointer(host::Pointer pointer) override;
+    void pointer(host::Pointer pointer) override { screen_pointer_->show(pointer); }
+    std::shared_ptr<const ScreenPointer> screen_pointer() const { return screen_pointer_; }
     int dots_per_inch() override;
 
     host::Text find_file(host::TextView path) override;  ///< its name, without the folder
@@ -37,6 +39,7 @@ class WindowsDesktop final : public host::Desktop {
   private:
     std::shared_ptr<Apartment> apartment_;
     SystemRegistry registry_;
+    std::shared_ptr<ScreenPointer> screen_pointer_ = std::make_shared<ScreenPointer>();
     host::Object application_;
 };
 

@@ -1,0 +1,79 @@
+#include "windows/forms/form_choice.h"
+
+#include "host/failure.h"
+#include "windows/forms/form_window.h"
+
+namespace windows {
+
+using addin::forms::ControlKind;
+using host::Failure;
+using host::Text;
+using host::TextView;
+
+FormChoice::FormChoice(FormWindow& form, const addin::forms::ControlRow& row, int id)
+    : FormControl(form, row, id) {
+    for (const TextView entry : row.entries) FormChoice::add(entry);
+    FormChoice::text(row.text);
+}
+
+Text FormChoice::text() const {
+    if (row().kind == ControlKind::combo_box) return window_text(handle());
+    return current() == -1 ? Text() : entry(current());
+}
+
+void FormChoice::text(TextView text) {
+    const Text wanted(text);
+    const auto found = static_cast<int>(SendMessageW(handle(), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
+                                                     reinterpret_cast<LPARAM>(wide(wanted))));
+    if (row().kind == ControlKind::drop_down_list) {
+        if (found >= 0) choose(found);
+        return;
+    }
+    SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(found), 0);
+    SetWindowTextW(handle(), wide(wanted));
+}
+
+void FormChoice::clear() { SendMessageW(handle(), CB_RESETCONTENT, 0, 0); }
+
+void FormChoice::add(TextView entry) {
+    const Text text(entry);
+    SendMessageW(handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide(text)));
+}
+
+int FormChoice::count() const { return static_cast<int>(SendMessageW(handle(), CB_GETCOUNT, 0, 0)); }
+
+Text FormChoice::entry(int index) const {
+    const LRESULT length = SendMessageW(handle(), CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0);
+    if (index < 0 || length < 0) throw Failure(host::result::bad_index, u"There is no such entry.");
+    Text text(static_cast<std::size_t>(length), u'\0');
+    SendMessageW(handle(), CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+    return text;
+}
+
+int FormChoice::current() const { return static_cast<int>(SendMessageW(handle(), CB_GETCURSEL, 0, 0)); }
+
+int FormChoice::chosen() const { return current() != -1 && entry(current()) == text() ? current() : -1; }
+
+void FormChoice::choose(int index) {
+    if (index != -1) entry(index);  // is it there?
+    SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+void FormChoice::on_command(WORD code) {
+    if (code != CBN_SELCHANGE && code != CBN_SELENDOK) return;
+    const int index = current();
+    if (index == -1) return;
+    // An entry that is chosen again is told by CBN_SELENDOK alone, a change made by the arrow keys by
+    // CBN_SELCHANGE alone, and one made with the mouse by both.
+    const Told before = told_;
+    told_ = {code, index, GetMessageTime()};
+    if (before.code != 0 && before.code != code && before.index == index && before.time == told_.time) {
+        told_ = {};
+        return;
+    }
+    // The field gets its new text only after the event.
+    if (row().kind == ControlKind::combo_box) SetWindowTextW(handle(), wide(entry(index)));
+    form().click(*this);
+}
+
+}  // namespace windows

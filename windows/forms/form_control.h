@@ -1,0 +1,84 @@
+// A control of a real window.
+#pragma once
+
+#include <memory>
+
+#include "forms/view.h"
+#include "windows/forms/common_controls.h"
+
+namespace windows {
+
+class FormWindow;
+
+/// The text of a window.
+host::Text window_text(HWND window);
+
+/// Owned by its form, and ends before the window of it does.
+class FormControl : public addin::forms::Control {
+  public:
+    /// Makes the window of a row. `id` is what it tells its parent to be.
+    FormControl(FormWindow& form, const addin::forms::ControlRow& row, int id);
+    ~FormControl() override;
+    FormControl(const FormControl&) = delete;
+    FormControl& operator=(const FormControl&) = delete;
+
+    host::Text text() const override;
+    void text(host::TextView text) override;
+    bool visible() const override { return visible_; }
+    void visible(bool visible) override;
+    bool enabled() const override { return enabled_; }
+    void enabled(bool enabled) override;
+    bool selected() const override;
+    void selected(bool selected) override;
+    void place(const addin::forms::Place& place) override;
+    void focus() override;
+    addin::forms::List& list() override;
+    addin::forms::Choice& choice() override;
+
+    const addin::forms::ControlRow& row() const { return row_; }
+    HWND handle() const { return window_; }  ///< null: it has no window
+    bool is_button() const;                  ///< Enter presses it when it has the focus
+    bool is_choice() const;
+    bool is_list() const { return row_.kind == addin::forms::ControlKind::report_list; }
+    bool takes_focus() const;              ///< now: by its kind, and since it is enabled and to be seen
+    bool dropped() const;                  ///< the entries of a choice are open
+    HWND inner() const { return inner_; }  ///< the edit control in a combo box, or null
+    bool in_change() const { return changing_; }  ///< its text is being set by the program
+
+    /// Whether an option was selected since it was last asked.
+    bool newly_selected();
+
+    /// Shows or hides the window by what was asked for, of it and of its frame.
+    void apply_visible();
+    void apply_place();
+
+    // what the control tells its form
+
+    virtual void on_command(WORD) {}
+    virtual void on_notify(const NMHDR&) {}
+    void draw(const DRAWITEMSTRUCT& item) const;  ///< of links, picture buttons and images
+
+  protected:
+    FormWindow& form() const { return form_; }
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
+                                      DWORD_PTR control);
+    void subclass(HWND window);
+    RECT pixels() const;
+
+    FormWindow& form_;
+    const addin::forms::ControlRow& row_;
+    host::Text text_;  ///< of a control whose window shows none
+    HWND window_ = nullptr;
+    HWND inner_ = nullptr;  ///< the edit control in a combo box
+    bool visible_, enabled_;
+    bool known_selected_;
+    bool changing_ = false;
+    addin::forms::Place place_;
+};
+
+/// Makes the control of a row.
+std::unique_ptr<FormControl> make_control(FormWindow& form, const addin::forms::ControlRow& row, int id);
+
+}  // namespace windows

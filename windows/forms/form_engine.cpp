@@ -1,0 +1,34 @@
+#include "windows/forms/form_engine.h"
+
+#include "windows/forms/form_window.h"
+
+namespace windows {
+namespace {
+
+void load_controls() {
+    INITCOMMONCONTROLSEX wanted{};
+    wanted.dwSize = sizeof wanted;
+    wanted.dwICC = ICC_LISTVIEW_CLASSES | ICC_WIN95_CLASSES;
+    InitCommonControlsEx(&wanted);
+}
+
+}  // namespace
+
+FormEngine::FormEngine(Module& module, std::function<int()> dots_per_inch,
+                       std::shared_ptr<const ScreenPointer> pointer)
+    : surroundings_(new FormSurroundings{.module = module,
+                                         .dots_per_inch = std::move(dots_per_inch),
+                                         .pointer = std::move(pointer),
+                                         .window_class = FormClass(&FormWindow::procedure),
+                                         .hook = {}}) {
+    load_controls();
+}
+
+FormEngine::~FormEngine() = default;
+
+std::unique_ptr<addin::forms::View> FormEngine::make(const addin::forms::FormTable& table,
+                                                     std::weak_ptr<addin::forms::Events> events) {
+    return std::make_unique<FormWindow>(surroundings_, table, std::move(events));
+}
+
+}  // namespace windows

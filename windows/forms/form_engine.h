@@ -1,0 +1,28 @@
+// The engine of the add-in's windows on Windows: real top-level windows with the system's own controls.
+#pragma once
+
+#include "forms/view.h"
+#include "windows/com/module.h"
+#include "windows/desktop/screen_pointer.h"
+
+namespace windows {
+
+struct FormSurroundings;
+
+/// Belongs to one thread, whose windows it makes. The windows end before it does.
+class FormEngine final : public addin::forms::Engine {
+  public:
+    /// `dots_per_inch` is asked for each window that is made. The module counts what the system holds of
+    /// ours.
+    FormEngine(Module& module, std::function<int()> dots_per_inch,
+               std::shared_ptr<const ScreenPointer> pointer = std::make_shared<ScreenPointer>());
+    ~FormEngine() override;
+
+    std::unique_ptr<addin::forms::View> make(const addin::forms::FormTable& table,
+                                             std::weak_ptr<addin::forms::Events> events) override;
+
+  private:
+    std::shared_ptr<FormSurroundings> surroundings_;
+};
+
+}  // namespace windows

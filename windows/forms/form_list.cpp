@@ -1,0 +1,331 @@
+#include "windows/forms/form_list.h"
+
+#include <exception>
+
+#include "host/failure.h"
+#include "windows/com/failure.h"
+#include "windows/forms/drop_target.h"
+#include "windows/forms/form_window.h"
+
+namespace windows {
+
+namespace forms = addin::forms;
+using host::Failure;
+using host::Text;
+using host::TextView;
+
+namespace {
+
+wchar_t* writable(Text& text) { return reinterpret_cast<wchar_t*>(text.data()); }
+
+constexpr std::size_t first_size = 260;  // characters; more are asked for where they are needed
+
+}  // namespace
+
+FormRows::FormRows(FormWindow& form, const forms::ControlRow& row, HWND window)
+    : form_(form), row_(row), window_(window) {
+    int index = 0;
+    for (const forms::Column& column : row.columns) {
+        Text heading(column.heading);
+        LVCOLUMNW made{};
+        made.mask = LVCF_FMT | LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+        made.fmt = LVCFMT_LEFT;
+        made.cx = form.to_pixels(column.width);
+        made.pszText = writable(heading);
+        made.iSubItem = index;
+        send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&made));
+        ++index;
+    }
+    if (HIMAGELIST images = form.images(row.image_list)) {
+        SendMessageW(header(), HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
+    }
+}
+
+FormRows::~FormRows() {
+    if (takes_drops_) RevokeDragDrop(window_);
+}
+
+LRESULT FormRows::send(UINT message, WPARAM first, LPARAM second) const {
+    return SendMessageW(window_, message, first, second);
+}
+
+HWND FormRows::header() const { return reinterpret_cast<HWND>(send(LVM_GETHEADER, 0, 0)); }
+
+void FormRows::expect_row(int row) const {
+    if (row < 0 || row >= count()) throw Failure(host::result::bad_index, u"The list has no such row.");
+}
+
+void FormRows::expect_column(int column) const {
+    if (column < 0 || column >= columns()) {
+        throw Failure(host::result::bad_index, u"The list has no such column.");
+    }
+}
+
+// Rows
+
+int FormRows::count() const { return static_cast<int>(send(LVM_GETITEMCOUNT, 0, 0)); }
+
+void FormRows::clear() { send(LVM_DELETEALLITEMS, 0, 0); }
+
+int FormRows::add(TextView text) {
+    int place = count();
+    if (sorted_) {
+        // The new row's other columns are empty as yet, so by one of these it belongs where the empty ones
+        // are.
+        const TextView key = key_ == 0 ? text : TextView();
+        int first = 0;
+        while (first < place) {
+            const int middle = (first + place) / 2;
+            if (compare(read_text(middle, key_), key) > 0) {
+                place = middle;
+            } else {
+                first = middle + 1;
+            }
+        }
+    }
+    Text shown(text);
+    LVITEMW item{};
+    item.mask = LVIF_TEXT | LVIF_PARAM;
+    item.iItem = place;
+    item.pszText = writable(shown);
+    item.lParam = ++made_;
+    return static_cast<int>(send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+}
+
+Text FormRows::read_text(int row, int column) const {
+    Text text(first_size, u'\0');
+    for (;;) {
+        LVITEMW item{};
+        item.iSubItem = column;
+        item.pszText = writable(text);
+        item.cchTextMax = static_cast<int>(text.size());
+        const auto length = static_cast<std::size_t>(
+            send(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
+        if (length + 1 < text.size()) {
+            text.resize(length);
+            return text;
+        }
+        text.resize(text.size() * 2);
+    }
+}
+
+Text FormRows::text(int row, int column) const {
+    expect_row(row);
+    expect_column(column);
+    if (sorting_) {
+        return sorting_->rows[static_cast<std::size_t>(row)].texts[static_cast<std::size_t>(column)];
+    }
+    return read_text(row, column);
+}
+
+void FormRows::text(int row, int column, TextView text) {
+    expect_row(row);
+    expect_column(column);
+    Text shown(text);
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = writable(shown);
+    send(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+int FormRows::selected() const {
+    return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
+void FormRows::select(int row) {
+    if (row != -1) expect_row(row);
+    LVITEMW item{};
+    item.stateMask = LVIS_SELECTED;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
+    if (row == -1) return;
+    item.stateMask = item.state = LVIS_SELECTED | LVIS_FOCUSED;
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+// Columns
+
+int FormRows::columns() const { return static_cast<int>(SendMessageW(header(), HDM_GETITEMCOUNT, 0, 0)); }
+
+Text FormRows::heading(int column) const {
+    expect_column(column);
+    Text text(first_size, u'\0');
+    HDITEMW item{};
+    item.mask = HDI_TEXT;
+    item.pszText = writable(text);
+    item.cchTextMax = static_cast<int>(text.size());
+    SendMessageW(header(), HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    text.resize(text.find(u'\0'));
+    return text;
+}
+
+void FormRows::heading(int column, TextView text) {
+    expect_column(column);
+    Text shown(text);
+    LVCOLUMNW changed{};
+    changed.mask = LVCF_TEXT;
+    changed.pszText = writable(shown);
+    send(LVM_SETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&changed));
+}
+
+int FormRows::width(int column) const {
+    expect_column(column);
+    const auto pixels = static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+    return forms::to_twips(pixels, form_.dots_per_inch());
+}
+
+void FormRows::width(int column, int twips) {
+    expect_column(column);
+    send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MAKELPARAM(form_.to_pixels(twips), 0));
+}
+
+void FormRows::header_item(int column, const forms::HeaderItem& item) {
+    expect_column(column);
+    static_assert(forms::header::text == HDI_TEXT && forms::header::format == HDI_FORMAT &&
+                  forms::header::image == HDI_IMAGE);
+    Text shown = item.text;
+    HDITEMW changed{};
+    changed.mask = item.mask;
+    changed.fmt = item.format;
+    changed.pszText = writable(shown);
+    changed.iImage = item.image;
+    SendMessageW(header(), HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&changed));
+}
+
+// Order
+
+std::intptr_t FormRows::parameter(int row) const {
+    LVITEMW item{};
+    item.mask = LVIF_PARAM;
+    item.iItem = row;
+    send(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    return item.lParam;
+}
+
+int FormRows::find(std::intptr_t parameter) const {
+    if (sorting_) {
+        const bool known = parameter > 0 && parameter <= made_;
+        return known ? sorting_->places[static_cast<std::size_t>(parameter)] : -1;
+    }
+    LVFINDINFOW wanted{};
+    wanted.flags = LVFI_PARAM;
+    wanted.lParam = parameter;
+    return static_cast<int>(send(LVM_FINDITEMW, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&wanted)));
+}
+
+FormRows::Snapshot FormRows::snapshot() const {
+    Snapshot taken;
+    taken.places.assign(static_cast<std::size_t>(made_) + 1, -1);
+    for (int row = 0; row < count(); ++row) {
+        Snapshot::Row& copy = taken.rows.emplace_back(parameter(row));
+        for (int column = 0; column < columns(); ++column) copy.texts.push_back(read_text(row, column));
+        taken.places[static_cast<std::size_t>(copy.parameter)] = row;
+    }
+    return taken;
+}
+
+/// What a comparison throws comes out only after the system's sort.
+struct FormRows::Comparison {
+    const std::function<int(std::intptr_t, std::intptr_t)>& compare;
+    std::exception_ptr failure;
+};
+
+int CALLBACK FormRows::compare_rows(LPARAM first, LPARAM second, LPARAM data) {
+    auto& comparison = *reinterpret_cast<Comparison*>(data);
+    if (comparison.failure) return 0;
+    try {
+        return comparison.compare(first, second);
+    } catch (...) {
+        comparison.failure = std::current_exception();
+        return 0;
+    }
+}
+
+void FormRows::sort_by(const std::function<int(std::intptr_t, std::intptr_t)>& compare) {
+    Comparison comparison{compare, nullptr};
+    send(LVM_SORTITEMS, reinterpret_cast<WPARAM>(&comparison), reinterpret_cast<LPARAM>(compare_rows));
+    sorting_ = nullptr;
+    if (comparison.failure) std::rethrow_exception(comparison.failure);
+}
+
+void FormRows::sort_rows(const std::function<int(std::intptr_t, std::intptr_t)>& compare) {
+    const Snapshot rows = snapshot();
+    sorting_ = &rows;
+    sort_by(compare);
+}
+
+int FormRows::compare(TextView left, TextView right) const {
+    const int rising = host::compare_ignoring_case(left, right);
+    return order_ == 0 ? rising : -rising;
+}
+
+void FormRows::sort() {
+    if (!sorted_) return;
+    const Snapshot rows = snapshot();
+    const auto key = [&](std::intptr_t parameter) -> const Text& {
+        const int place = rows.places[static_cast<std::size_t>(parameter)];
+        return rows.rows[static_cast<std::size_t>(place)].texts[static_cast<std::size_t>(key_)];
+    };
+    sort_by([&](std::intptr_t first, std::intptr_t second) { return compare(key(first), key(second)); });
+}
+
+void FormRows::sort_order(int order) {
+    order_ = order;
+    sort();
+}
+
+void FormRows::sort_key(int column) {
+    expect_column(column);
+    key_ = column;
+    sort();
+}
+
+void FormRows::sorted(bool sorted) {
+    sorted_ = sorted;
+    sort();
+}
+
+// What its user does
+
+void FormRows::extended_style(std::uint32_t mask, std::uint32_t value) {
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, mask, static_cast<LPARAM>(value));
+}
+
+forms::Hit FormRows::hit(int x, int y) const {
+    LVHITTESTINFO test{};
+    test.pt = {x, y};
+    test.flags = LVHT_ONITEM;
+    send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&test));
+    if (test.iItem < 0) return {};
+    return {test.iItem, test.iSubItem};
+}
+
+void FormRows::takes_drops(bool takes) {
+    if (takes == takes_drops_) return;
+    if (takes) {
+        const auto target = DropTarget::create(form_.surroundings().module, window_, [this](int x, int y) {
+            form_.raise([&](forms::Events& events) { events.on_drop(row_.name, x, y); });
+        });
+        check(RegisterDragDrop(window_, target.get()));
+    } else {
+        RevokeDragDrop(window_);
+    }
+    takes_drops_ = takes;
+}
+
+// The control
+
+FormList::FormList(FormWindow& form, const forms::ControlRow& row, int id)
+    : FormControl(form, row, id), rows_(form, row, handle()) {}
+
+void FormList::on_notify(const NMHDR& header) {
+    const TextView name = row().name;
+    if (header.code == LVN_COLUMNCLICK) {
+        const int column = reinterpret_cast<const NMLISTVIEW&>(header).iSubItem;
+        form().raise([&](forms::Events& events) { events.on_column_click(name, column); });
+    } else if (header.code == NM_DBLCLK) {
+        form().raise([&](forms::Events& events) { events.on_double_click(name); });
+    }
+}
+
+}  // namespace windows

@@ -1,0 +1,89 @@
+// A report list of a real window.
+#pragma once
+
+#include <vector>
+
+#include "windows/forms/form_control.h"
+
+namespace windows {
+
+/// The rows and columns of a list control.
+class FormRows final : public addin::forms::List {
+  public:
+    FormRows(FormWindow& form, const addin::forms::ControlRow& row, HWND window);
+    ~FormRows() override;
+    FormRows(const FormRows&) = delete;
+    FormRows& operator=(const FormRows&) = delete;
+
+    int count() const override;
+    void clear() override;
+    int add(host::TextView text) override;
+    host::Text text(int row, int column) const override;
+    void text(int row, int column, host::TextView text) override;
+    int selected() const override;
+    void select(int row) override;
+
+    int columns() const override;
+    host::Text heading(int column) const override;
+    void heading(int column, host::TextView text) override;
+    int width(int column) const override;
+    void width(int column, int twips) override;
+    void header_item(int column, const addin::forms::HeaderItem& item) override;
+
+    int sort_order() const override { return order_; }
+    void sort_order(int order) override;
+    void sort_key(int column) override;
+    void sorted(bool sorted) override;
+    void sort_rows(const std::function<int(std::intptr_t, std::intptr_t)>& compare) override;
+    int find(std::intptr_t parameter) const override;
+
+    void extended_style(std::uint32_t mask, std::uint32_t value) override;
+    addin::forms::Hit hit(int x, int y) const override;
+    void takes_drops(bool takes) override;
+
+  private:
+    /// The rows as they are while the system sorts them: then its own answers are not to be relied on.
+    struct Snapshot {
+        struct Row {
+            std::intptr_t parameter;
+            std::vector<host::Text> texts;
+        };
+        std::vector<Row> rows;
+        std::vector<int> places;  ///< by parameter
+    };
+    struct Comparison;
+    static int CALLBACK compare_rows(LPARAM first, LPARAM second, LPARAM comparison);
+
+    LRESULT send(UINT message, WPARAM first, LPARAM second) const;
+    HWND header() const;
+    host::Text read_text(int row, int column) const;
+    std::intptr_t parameter(int row) const;
+    void expect_row(int row) const;
+    void expect_column(int column) const;
+    int compare(host::TextView left, host::TextView right) const;
+    void sort();
+    void sort_by(const std::function<int(std::intptr_t, std::intptr_t)>& compare);
+    Snapshot snapshot() const;
+
+    FormWindow& form_;
+    const addin::forms::ControlRow& row_;
+    HWND window_;
+    std::intptr_t made_ = 0;  ///< parameters of rows count from 1
+    int order_ = 0, key_ = 0;
+    bool sorted_ = false;
+    bool takes_drops_ = false;
+    const Snapshot* sorting_ = nullptr;
+};
+
+class FormList final : public FormControl {
+  public:
+    FormList(FormWindow& form, const addin::forms::ControlRow& row, int id);
+
+    addin::forms::List& list() override { return rows_; }
+    void on_notify(const NMHDR& header) override;
+
+  private:
+    FormRows rows_;
+};
+
+}  // namespace windows

@@ -1,0 +1,57 @@
+// What the windows of one engine share: their class, their hook of the keyboard, the resolution, the pointer.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "windows/com/module.h"
+#include "windows/desktop/screen_pointer.h"
+#include "windows/forms/common_controls.h"
+
+namespace windows {
+
+/// The registered class of the windows. With its end, windows of the class that wait for their end are ended.
+class FormClass {
+  public:
+    explicit FormClass(WNDPROC procedure);
+    FormClass(const FormClass&) = delete;
+    FormClass& operator=(const FormClass&) = delete;
+    ~FormClass();
+
+    const wchar_t* name() const { return wide(name_); }
+
+  private:
+    host::Text name_;
+    ATOM atom_ = 0;
+};
+
+/// Looks at the messages that any loop of the thread takes from the queue. The keys of our windows are
+/// handled here: the loop is the host's, who knows nothing of our controls and takes keys for its own
+/// shortcuts.
+class KeyboardHook {
+  public:
+    explicit KeyboardHook(HOOKPROC procedure);
+    KeyboardHook(const KeyboardHook&) = delete;
+    KeyboardHook& operator=(const KeyboardHook&) = delete;
+    ~KeyboardHook() { UnhookWindowsHookEx(hook_); }
+
+  private:
+    HHOOK hook_;
+};
+
+struct FormSurroundings {
+    Module& module;
+    std::function<int()> dots_per_inch;
+    std::shared_ptr<const ScreenPointer> pointer;
+    FormClass window_class;
+    /// The system's published question of test tools for the name that the program knows a control by:
+    /// `wParam` is the size of the buffer `lParam` in characters; the answer is what was written, with its
+    /// end.
+    UINT control_name_message = RegisterWindowMessageW(L"WM_GETCONTROLNAME");
+    std::weak_ptr<KeyboardHook> hook;  ///< there is one as long as there is a window
+};
+
+/// Answers the question for a name.
+LRESULT tell_name(host::TextView name, WPARAM size, LPARAM buffer);
+
+}  // namespace windows

@@ -1,0 +1,108 @@
+// A real window made of a table.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "windows/forms/drawing.h"
+#include "windows/forms/form_control.h"
+#include "windows/forms/form_surroundings.h"
+#include "windows/forms/modal_show.h"
+
+namespace windows {
+
+/// What outlives a window that its own handler ends, until the handler has come back.
+struct FormFrame {
+    HWND window = nullptr;
+    FormWindow* form = nullptr;  ///< null: it has ended
+    int running = 0;             ///< events that run
+    bool key_told = false;       ///< the key that is being handled was told already
+    std::optional<ModalShow> modal;
+};
+
+class FormWindow final : public addin::forms::View {
+  public:
+    FormWindow(std::shared_ptr<FormSurroundings> surroundings, const addin::forms::FormTable& table,
+               std::weak_ptr<addin::forms::Events> events);
+    ~FormWindow() override;
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
+
+    FormControl& control(host::TextView name) override;
+    host::Text caption() const override;
+    void caption(host::TextView text) override;
+    bool visible() const override;
+    void show() override;
+    void show_modal() override;
+    void hide() override;
+    void topmost() override;
+    addin::forms::Size size() const override;
+    bool minimized() const override;
+    int dots_per_inch() const override { return dots_per_inch_; }
+
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    static LRESULT CALLBACK hook_procedure(int code, WPARAM removed, LPARAM message);
+
+    // what its controls use
+
+    HWND handle() const { return frame_->window; }
+    FormSurroundings& surroundings() const { return *surroundings_; }
+    Fonts& fonts() { return fonts_; }
+    const addin::forms::FormTable& table() const { return table_; }
+    int to_pixels(int twips) const { return addin::forms::to_pixels(twips, dots_per_inch_); }
+    FormControl* find(host::TextView name) const;  ///< null if there is none
+    HIMAGELIST images(host::TextView image_list) const;
+
+    /// Runs an event. False if the window has ended meanwhile: then nothing of it may be touched any more.
+    bool raise(const std::function<void(addin::forms::Events&)>& event);
+    bool click(const FormControl& control);  ///< raises a click; as `raise`
+
+    void focus(HWND control);
+    void focus_moves_on();  ///< from a control that can't keep it
+    void let_others_go(const FormControl& option);
+    void visible_changed(const FormControl& frame);
+
+    /// A key goes down, or a character comes, at a control. False: it has been dealt with.
+    bool key_down(const FormControl* control, int code);
+    bool character(const FormControl& control, char16_t character);
+
+  private:
+    class Running;
+
+    void end();
+    void make_window();
+    void make_controls();
+    void make_tool_tips();
+    void dispatch_key(MSG message);
+    LRESULT handle_message(UINT message, WPARAM first, LPARAM second);
+    LRESULT on_command(WPARAM first, LPARAM second);
+    void on_activate(bool active);
+    void on_size();
+    bool on_set_cursor(HWND at, WORD hit) const;
+    FormControl* find(HWND control) const;
+    const FormControl* button(host::TextView name) const;  ///< that can be pressed; or null
+    /// The button that a key presses when it goes down at a control, or null.
+    const FormControl* pressed_by(const FormControl* at, int code) const;
+    HWND first_focus() const;
+
+    struct NamedImages {
+        host::TextView name;
+        ImageListHandle images;
+    };
+
+    std::shared_ptr<FormSurroundings> surroundings_;
+    std::shared_ptr<KeyboardHook> hook_;
+    const addin::forms::FormTable& table_;
+    std::weak_ptr<addin::forms::Events> events_;
+    int dots_per_inch_;
+    Fonts fonts_;
+    std::vector<NamedImages> images_;
+    std::shared_ptr<FormFrame> frame_ = std::make_shared<FormFrame>();
+    std::vector<std::unique_ptr<FormControl>> controls_;
+    HWND tool_tips_ = nullptr;
+    HWND wanted_focus_ = nullptr;  ///< where the focus goes when the window becomes active
+    RECT last_size_{};
+    bool was_minimized_ = false;
+};
+
+}  // namespace windows

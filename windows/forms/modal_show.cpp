@@ -1,0 +1,48 @@
+#include "windows/forms/modal_show.h"
+
+namespace windows {
+namespace {
+
+struct Search {
+    HWND modal;
+    std::vector<HWND>* found;
+};
+
+BOOL CALLBACK collect_waiting(HWND window, LPARAM data) {
+    const auto& search = *reinterpret_cast<const Search*>(data);
+    if (window != search.modal && IsWindowVisible(window) && IsWindowEnabled(window)) {
+        search.found->push_back(window);
+    }
+    return TRUE;
+}
+
+}  // namespace
+
+ModalShow::ModalShow(HWND modal) : active_(GetActiveWindow()) {
+    const Search search{modal, &waiting_};
+    EnumThreadWindows(GetCurrentThreadId(), collect_waiting, reinterpret_cast<LPARAM>(&search));
+    for (HWND window : waiting_) EnableWindow(window, FALSE);
+}
+
+ModalShow::~ModalShow() {
+    for (HWND window : waiting_) EnableWindow(window, TRUE);  // one that is gone meanwhile is passed over
+    if (active_ && IsWindowVisible(active_) && IsWindowEnabled(active_)) SetActiveWindow(active_);
+}
+
+void run_messages(const std::function<bool()>& goes_on) {
+    MSG message{};
+    while (goes_on()) {
+        const BOOL taken = GetMessageW(&message, nullptr, 0, 0);
+        if (taken == -1) return;
+        if (taken == 0) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void wake_messages() { PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0); }
+
+}  // namespace windows
