@@ -84,6 +84,9 @@ class RegistryOnly : public host::Desktop {
     int dots_per_inch() override { return 96; }
     Text find_file(TextView) override { return {}; }
     void delete_file(TextView) override {}
+    Text section_names(TextView, std::uint32_t) override { return {}; }
+    Text profile_text(TextView, TextView, TextView, std::uint32_t) override { return {}; }
+    void beep() override {}
     Text own_folder() override { return {}; }
     Text format(TextView value, TextView) override { return Text(value); }
     std::string narrow(TextView text) override { return host::to_utf8(text); }

@@ -157,7 +157,7 @@ void FormWindow::on_size() {
 
 bool FormWindow::on_set_cursor(HWND at, WORD hit) const {
     if (hit != HTCLIENT) return false;
-    if (surroundings_->pointer->busy()) {
+    if (surroundings_->pointer->busy() || pointer_ == host::Pointer::hourglass) {
         SetCursor(LoadCursorW(nullptr, IDC_WAIT));
         return true;
     }

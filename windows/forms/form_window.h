@@ -39,6 +39,7 @@ class FormWindow final : public addin::forms::View {
     addin::forms::Size size() const override;
     bool minimized() const override;
     int dots_per_inch() const override { return dots_per_inch_; }
+    void pointer(host::Pointer pointer) override { pointer_ = pointer; }
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     static LRESULT CALLBACK hook_procedure(int code, WPARAM removed, LPARAM message);
@@ -95,6 +96,7 @@ class FormWindow final : public addin::forms::View {
     const addin::forms::FormTable& table_;
     std::weak_ptr<addin::forms::Events> events_;
     int dots_per_inch_;
+    host::Pointer pointer_ = host::Pointer::standard;
     Fonts fonts_;
     std::vector<NamedImages> images_;
     std::shared_ptr<FormFrame> frame_ = std::make_shared<FormFrame>();

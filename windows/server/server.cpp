@@ -17,7 +17,11 @@ std::shared_ptr<addin::Connect> new_connect(const std::shared_ptr<Load>& load) {
 }  // namespace
 
 Load::Load(Module& module)
-    : apartment(Apartment::create(module, host::Text(source_name))), desktop(apartment), session(desktop) {}
+    : apartment(Apartment::create(module, host::Text(source_name))),
+      desktop(apartment),
+      engine(
+          module, [this] { return desktop.dots_per_inch(); }, desktop.screen_pointer()),
+      session(desktop, engine) {}
 
 ComPtr<IUnknown> Server::make_connect() {
     std::shared_ptr<Load> load = load_.lock();

@@ -5,6 +5,7 @@
 #include "windows/com/apartment.h"
 #include "windows/com/class_factory.h"
 #include "windows/desktop/windows_desktop.h"
+#include "windows/forms/form_engine.h"
 
 namespace windows {
 
@@ -14,6 +15,7 @@ struct Load {
 
     std::shared_ptr<Apartment> apartment;
     WindowsDesktop desktop;
+    FormEngine engine;  // outlives the session, whose windows it has made
     addin::Session session;
 };
 
