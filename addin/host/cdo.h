@@ -13,6 +13,9 @@ class Folder : public Face<Folder> {
     static constexpr Kind kind{"CDO.Folder"};
     using Face::Face;
 
+    Text ID() const { return text(u"ID"); }
+    Text StoreID() const { return text(u"StoreID"); }
+
     /// A property's value by its tag.
     Value Fields(std::int32_t tag) const { return get(u"Fields", {tag}).to_object().get(u"Value"); }
 };

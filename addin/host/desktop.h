@@ -48,7 +48,7 @@ class Registry {
 
 /// Styles and answers of message boxes. Values: the platform's winuser.h.
 namespace box {
-inline constexpr std::uint32_t ok = 0, yes_no_cancel = 3, yes_no = 4, information = 64;
+inline constexpr std::uint32_t ok = 0, yes_no_cancel = 3, yes_no = 4, critical = 16, information = 64;
 inline constexpr int answer_ok = 1, answer_cancel = 2, answer_yes = 6, answer_no = 7;
 }  // namespace box
 

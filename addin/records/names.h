@@ -46,6 +46,9 @@ inline constexpr Name sticky_note = u"IPM.StickyNote";
 inline constexpr Name conflict = u"IPM.Conflict.Message";
 }  // namespace message_class
 
+/// The root of the host's schema of properties, as its documentation publishes it.
+inline constexpr Name schema_root = u"http://schemas.microsoft.com/";
+
 namespace property {
 inline constexpr Name account_id = u"AccountID";
 inline constexpr Name contact_id = u"ContactID";

@@ -86,14 +86,6 @@ Text named_folder(host::Desktop& desktop, TextView otherwise) {
     return named.empty() ? Text(otherwise) : named;
 }
 
-void copy_property(const host::outlook::Item& from, const host::outlook::Item& to, Name name) {
-    to.UserProperties().Item(name).value(from.UserProperties().Item(name).value());
-}
-
-void set_property(const host::outlook::Item& item, Name name, const host::Value& value) {
-    item.UserProperties().Item(name).value(value);
-}
-
 }  // namespace
 
 std::span<const PathRow> paths() { return path_rows; }
@@ -130,23 +122,63 @@ host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
     return chosen;
 }
 
-void post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
-               const host::outlook::Item& contact, const host::family::SafeMailItem& mail) {
+KeySource copied_from(const host::outlook::Item& record) {
+    return [&record](const Key& key) { return record.UserProperties().Item(key.property).value(); };
+}
+
+host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder) {
     host::outlook::Item note;
     steps.set(note, [&] { return folder.Items().Add(row.message_class); });
-    for (const Key& key : row.keys) {
-        steps.run([&] { copy_property(contact, note, key.property); });
-    }
-    steps.run([&] { set_property(note, property::account_name, contact.CompanyName()); });
-    steps.run([&] { set_property(note, property::contact_name, contact.FullName()); });
-    steps.run([&] {
-        set_property(note, property::type, row.type == From::sent ? note_type::sent : note_type::received);
-    });
-    steps.run([&] { note.Subject(mail.Subject()); });
+    return note;
+}
+
+void write_keys(Steps& steps, const PathRow& row, const host::outlook::Item& note, const KeySource& source) {
+    for (const Key& key : row.keys) write_property(steps, note, key.property, [&] { return source(key); });
+}
+
+void write_property(Steps& steps, const host::outlook::Item& note, Name name,
+                    const std::function<host::Value()>& value) {
+    steps.run([&] { note.UserProperties().Item(name).value(value()); });
+}
+
+void write_activity_date(Steps& steps, const host::outlook::Item& note,
+                         const host::family::SafeMailItem& mail) {
+    write_property(steps, note, property::activity_date, [&] { return mail.SentOn(); });
+}
+
+void write_body(Steps& steps, const PathRow& row, const host::outlook::Item& note,
+                const host::family::SafeMailItem& mail) {
     steps.run([&] { note.Body(Text(row.body_start) + mail.Body()); });
-    if (row.activity_date) steps.run([&] { set_property(note, property::activity_date, mail.SentOn()); });
+}
+
+void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail) {
     steps.run([&] { note.Attachments().Add(mail, attachment_position); });
     steps.run([&] { note.Post(); });
+}
+
+void post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+               const host::outlook::Item& contact, const host::family::SafeMailItem& mail) {
+    const host::outlook::Item note = make_note(steps, row, folder);
+    write_keys(steps, row, note, copied_from(contact));
+    write_property(steps, note, property::account_name, [&] { return contact.CompanyName(); });
+    write_property(steps, note, property::contact_name, [&] { return contact.FullName(); });
+    write_property(steps, note, property::type, [&] {
+        return host::Value(row.type == From::sent ? note_type::sent : note_type::received);
+    });
+    steps.run([&] { note.Subject(mail.Subject()); });
+    write_body(steps, row, note, mail);
+    if (row.activity_date) write_activity_date(steps, note, mail);
+    attach_and_post(steps, note, mail);
+}
+
+void mark_chosen_mail(Steps& steps, const PathRow& row, const host::outlook::Inspector& inspector,
+                      const host::outlook::Selection& selection) {
+    if (!steps.holds([&] { return inspector.CurrentItem().Sent(); })) return;
+    host::outlook::Item in_inspector, selected;
+    steps.set(in_inspector, [&] { return inspector.CurrentItem(); });
+    mark_mail(steps, row, in_inspector);
+    steps.set(selected, [&] { return selection.Item(1); });
+    mark_mail(steps, row, selected);
 }
 
 void mark_mail(Steps& steps, const PathRow& row, const host::outlook::Item& mail) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 
 #include "core/steps.h"
@@ -93,10 +94,34 @@ const PathRow& row(Path path);
 host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
                                     const host::outlook::Folder& account_profiles, Place place);
 
+// The moves that a note is made of. Each fills what it fills, skips what fails, and changes nothing else.
+
+/// What a key of a note is filled with. Throws `Failure` for what can't be read: the key stays unset.
+using KeySource = std::function<host::Value(const Key& key)>;
+
+/// Each key is copied from a record's property of its own name.
+KeySource copied_from(const host::outlook::Item& record);
+
+host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder);
+void write_keys(Steps& steps, const PathRow& row, const host::outlook::Item& note, const KeySource& source);
+void write_property(Steps& steps, const host::outlook::Item& note, Name name,
+                    const std::function<host::Value()>& value);
+void write_activity_date(Steps& steps, const host::outlook::Item& note,
+                         const host::family::SafeMailItem& mail);
+void write_body(Steps& steps, const PathRow& row, const host::outlook::Item& note,
+                const host::family::SafeMailItem& mail);
+/// The mail is attached through its wrapper, which stands for it.
+void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
+
 /// Makes, fills and posts the note of a mail that was matched with a contact. The mail is attached through
 /// its wrapper, which stands for it.
 void post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
                const host::outlook::Item& contact, const host::family::SafeMailItem& mail);
+
+/// Marks the mail of the Create Note dialog, in the inspector and in the selection: one of them is Nothing. A
+/// mail that is being written isn't marked.
+void mark_chosen_mail(Steps& steps, const PathRow& row, const host::outlook::Inspector& inspector,
+                      const host::outlook::Selection& selection);
 
 /// Marks a mail as filed, on the item itself.
 void mark_mail(Steps& steps, const PathRow& row, const host::outlook::Item& mail);

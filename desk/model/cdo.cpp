@@ -89,6 +89,10 @@ const host::Members<CdoFolder>& CdoFolder::members() {
          [](CdoFolder& self, const Arguments&) {
              return std::make_shared<Folder>(self.desk(), self.id())->self().get(u"EntryID");
          }},
+        {u"StoreID", host::no_id, Use::get,
+         [](CdoFolder& self, const Arguments&) {
+             return std::make_shared<Folder>(self.desk(), self.id())->self().get(u"StoreID");
+         }},
         {u"Fields",
          host::no_id,
          Use::get,
