@@ -10,12 +10,29 @@ using host::Arguments;
 using host::Use;
 using host::Value;
 
+namespace {
+
+/// Counts what is being told, whatever way the telling ends.
+class Telling {
+  public:
+    explicit Telling(int& count) : count_(count) { ++count_; }
+    ~Telling() { --count_; }
+    Telling(const Telling&) = delete;
+    Telling& operator=(const Telling&) = delete;
+
+  private:
+    int& count_;
+};
+
+}  // namespace
+
 void ModelBase::raise(host::TextView event, std::vector<Value> arguments) {
     raise_with_answer(event, arguments);
 }
 
 void ModelBase::raise_with_answer(host::TextView event, std::vector<Value>& arguments) {
     desk_.moment_comes(event);
+    const Telling telling(desk_.telling());
     subscriptions_.raise(event, arguments);
 }
 

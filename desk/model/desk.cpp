@@ -298,7 +298,9 @@ void Desk::post_planned(Fits fits) {
         due.push_back(std::move(plan.action));
         return true;
     });
+    ++telling_;  // they come at the next turn, also where nothing else runs
     for (auto& action : due) surroundings_.post(std::move(action));
+    --telling_;
 }
 
 void Desk::when(TextView moment, std::function<void()> action) {
@@ -310,7 +312,16 @@ void Desk::moment_comes(TextView event) {
     post_planned([&](const Text& moment) { return moment == event; });
 }
 
+void Desk::status_window_up(TextView text) {
+    if (text == status_label) return;
+    status_waits_ = true;
+    later([this, shown = Text(text)] {
+        if (status_waits_) status_shown(shown);
+    });
+}
+
 void Desk::status_shown(TextView text) {
+    status_waits_ = false;
     statuses.emplace_back(text);
     post_planned([&](const Text& moment) { return text.find(moment) != TextView::npos; });
 }

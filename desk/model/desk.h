@@ -134,13 +134,20 @@ class Desk {
     // the windows
     std::vector<HostWindow*> window_order;  ///< all that are open, the active one last
 
-    /// The status window shows this now. Told by whoever watches the windows.
-    void status_shown(host::TextView text);
+    // the status window, told by whoever watches the windows: it is found by its caption and its label
+    static constexpr host::TextView status_caption = u"Tarnwell", status_label = u"Label1";
+    void status_shown(host::TextView text);  ///< a text is set while the window is visible
+    /// The window has come up with this text. It counts unless another one follows before the next turn of
+    /// the message loop; what the label was designed with is no status.
+    void status_window_up(host::TextView text);
 
     /// Has an action posted to the message loop, once, when a moment comes: an event of that name, or a
     /// status that holds that text.
     void when(host::TextView moment, std::function<void()> action);
     void moment_comes(host::TextView event);
+
+    /// Events are being told while this is above 0.
+    int& telling() { return telling_; }
 
     // what a person or a script watches
     std::deque<ShownMessage> messages;  ///< its elements stay where they are while it grows
@@ -171,6 +178,8 @@ class Desk {
     void post_planned(Fits fits);
 
     std::vector<Planned> planned_;
+    bool status_waits_ = false;
+    int telling_ = 0;
     std::vector<FolderRow> folders_;
     std::unordered_map<RowId, std::size_t> folder_places_;
     std::unordered_map<RowId, std::vector<RowId>> contents_;

@@ -73,6 +73,7 @@ void MemoryControl::text(TextView text) {
     } else {
         text_ = text;
     }
+    window_.engine_.on_text(window_, *this);
 }
 
 void MemoryControl::selected(bool selected) {

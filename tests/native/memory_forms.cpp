@@ -1,6 +1,7 @@
 #include "tests/native/memory_forms.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/failure.h"
 
@@ -94,9 +95,10 @@ MemoryControl& MemoryWindow::control(TextView name) {
 }
 
 void MemoryWindow::show() {
-    visible_ = true;
+    const bool came_up = !std::exchange(visible_, true);
     minimized_ = false;
     become_active();
+    if (came_up) engine_.on_show(*this);
 }
 
 void MemoryWindow::show_modal() {

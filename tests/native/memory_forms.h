@@ -39,6 +39,7 @@ class MemoryWindow final : public addin::forms::View {
 
     const addin::forms::FormTable& table() const { return table_; }
     bool is_topmost() const { return topmost_; }
+    std::weak_ptr<const bool> life() const { return alive_; }  ///< expires with the window
     host::Pointer pointer() const { return pointer_; }
     bool active() const;
     bool blocked() const { return blocked_by_ != 0; }  ///< behind a modal window
@@ -112,6 +113,10 @@ class MemoryEngine final : public addin::forms::Engine {
     std::vector<std::string> thrown;
 
     int dots_per_inch = 96;  ///< set before windows are made
+
+    // for whoever watches the windows
+    std::function<void(MemoryWindow&)> on_show = [](MemoryWindow&) {};
+    std::function<void(MemoryWindow&, MemoryControl&)> on_text = [](MemoryWindow&, MemoryControl&) {};
 
   private:
     friend class MemoryWindow;

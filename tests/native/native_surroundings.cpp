@@ -38,11 +38,24 @@ std::vector<desk::CallCount> NativeSurroundings::calls() {
     return all;
 }
 
+void NativeSurroundings::post(std::function<void()> action) {
+    posted_.push_back(std::move(action));
+    if (!strands_.running() && !handler_runs()) run_posted();
+}
+
+std::unique_ptr<desk::WindowDriver> NativeSurroundings::window(host::TextView caption) {
+    return drive_window(engine_, caption, [this](std::function<void()> deed) { post(std::move(deed)); });
+}
+
 void NativeSurroundings::run_posted() {
     while (!posted_.empty()) {
         const std::function<void()> next = std::move(posted_.front());
         posted_.pop_front();
-        next();
+        if (strands_.running()) {
+            next();
+        } else {
+            strands_.run(next);
+        }
     }
 }
 

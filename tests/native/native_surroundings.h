@@ -6,20 +6,23 @@
 
 #include "desk/model/surroundings.h"
 #include "tests/native/boundary.h"
+#include "tests/native/memory_driver.h"
 #include "tests/native/shell.h"
 
 namespace native {
 
 class NativeSurroundings final : public desk::Surroundings {
   public:
-    NativeSurroundings(Boundary& boundary, const Programs& programs)
-        : boundary_(boundary), programs_(programs) {}
+    NativeSurroundings(Boundary& boundary, const Programs& programs, Strands& strands,
+                       const MemoryEngine& engine)
+        : boundary_(boundary), programs_(programs), strands_(strands), engine_(engine) {}
 
     /// What the model asks for and only the whole world can do.
     std::function<void()> run_message_loop = [] {};
     std::function<host::Object(host::TextView)> make_object;
     std::function<void(host::TextView prog_id, bool connect)> connect;
     std::function<void(host::TextView name, host::TextView value)> remember;
+    std::function<bool()> handler_runs = [] { return false; };
     std::function<int(host::TextView text, host::TextView title, std::uint32_t style)> ask_person;
 
     /// Runs what was posted since, until nothing is left.
@@ -32,9 +35,10 @@ class NativeSurroundings final : public desk::Surroundings {
     std::string random_bytes(std::size_t count) override;
     desk::ItemData read_mail(host::TextView path) override;
     void wake() override { ++wakes; }
-    void post(std::function<void()> action) override { posted_.push_back(std::move(action)); }
+    /// Outside of all that runs, an action runs at once; one that shows a modal window waits in it.
+    void post(std::function<void()> action) override;
     void pump(std::int32_t) override { run_message_loop(); }
-    std::unique_ptr<desk::WindowDriver> window(host::TextView) override { return nullptr; }
+    std::unique_ptr<desk::WindowDriver> window(host::TextView caption) override;
     int ask(host::TextView text, host::TextView title, std::uint32_t style) override {
         return ask_person(text, title, style);
     }
@@ -53,6 +57,8 @@ class NativeSurroundings final : public desk::Surroundings {
   private:
     Boundary& boundary_;
     const Programs& programs_;
+    Strands& strands_;
+    const MemoryEngine& engine_;
     std::deque<std::function<void()>> posted_;
 };
 

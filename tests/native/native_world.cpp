@@ -61,11 +61,12 @@ struct NativeWorld::Host {
     NativeSurroundings surroundings;
     desk::Desk desk;
 
-    Host(Boundary& boundary, const Programs& programs, const std::filesystem::path& database,
-         desk::Options options)
-        : surroundings(boundary, programs),
+    Host(Boundary& boundary, const Programs& programs, Strands& strands, const MemoryEngine& engine,
+         const std::filesystem::path& database, desk::Options options)
+        : surroundings(boundary, programs, strands, engine),
           desk(surroundings, desk::Store::open(database), std::move(options)) {
         surroundings.run_message_loop = [this] { yield(); };
+        surroundings.handler_runs = [this] { return desk.telling() > 0; };
     }
 
     /// A turn of the message loop: what waits in the model, and what was posted.
@@ -98,11 +99,13 @@ void NativeWorld::start() {
     options.host_version = setup_.host_version;
     options.instant_search = setup_.instant_search;
     options.event_order = event_order(setup_.event_order);
-    host_ = std::make_unique<Host>(*boundary_, programs_, folder_ / "database.desk", std::move(options));
+    host_ = std::make_unique<Host>(*boundary_, programs_, strands_, engine_, folder_ / "database.desk",
+                                   std::move(options));
     desktop_.attach(&host_->desk);
     desktop_.on_yield = [this] {
         if (host_) host_->yield();
     };
+    watch_status();
     NativeSurroundings& surroundings = host_->surroundings;
     surroundings.ask_person = [this](TextView text, TextView title, std::uint32_t style) {
         return desktop_.message_box(text, title, style);
@@ -119,6 +122,20 @@ void NativeWorld::start() {
     host_->desk.add_ins()->all.push_back(std::make_shared<desk::AddIn>(
         host_->desk, Text(addin::connect_prog_id), u"Tarnwell Note Add-in", u""));
     load_add_in(mode_startup);
+}
+
+void NativeWorld::watch_status() {
+    engine_.on_show = [this](MemoryWindow& window) {
+        MemoryControl* const label = window.find(desk::Desk::status_label);
+        if (host_ && label && window.caption() == desk::Desk::status_caption) {
+            host_->desk.status_window_up(label->text());
+        }
+    };
+    engine_.on_text = [this](MemoryWindow& window, MemoryControl& control) {
+        const bool is_status = window.caption() == desk::Desk::status_caption && window.visible() &&
+                               control.row().name == desk::Desk::status_label;
+        if (host_ && is_status) host_->desk.status_shown(control.text());
+    };
 }
 
 void NativeWorld::quit() {

@@ -56,6 +56,7 @@ class NativeWorld final : public acceptance::World {
 
     Host& running();
     void end_host();
+    void watch_status();
 
     acceptance::WorldSetup setup_;
     TemporaryFolder folder_;

@@ -1,0 +1,16 @@
+// The windows that are kept in memory, as the desk's surface drives them.
+#pragma once
+
+#include "desk/model/window_driver.h"
+#include "tests/native/memory_forms.h"
+
+namespace native {
+
+/// What a person does is given to this to be run.
+using Post = std::function<void(std::function<void()>)>;
+
+/// The window of that caption, or null. Lives no longer than the engine.
+std::unique_ptr<desk::WindowDriver> drive_window(const MemoryEngine& engine, host::TextView caption,
+                                                 Post post);
+
+}  // namespace native
