@@ -42,6 +42,10 @@ std::int32_t CommandBarControl::index() const {
 
 void CommandBarControl::end() {
     deleted_ = true;
+    end_window();
+}
+
+void CommandBarControl::end_window() {
     action = nullptr;
     subscriptions().clear();
 }

@@ -28,7 +28,8 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     host::Value invoke(host::Request& request) override;
 
     void remove();
-    void end();  ///< it goes with its bar
+    void end();         ///< it goes with its bar
+    void end_window();  ///< its window has closed: it does nothing any more
     void move_to(CommandBar& bar, const host::Value& before);
     std::shared_ptr<CommandBarControl> copy_to(CommandBar& bar, const host::Value& before) const;
 

@@ -85,6 +85,19 @@ void CommandBar::end() {
     controls.clear();
 }
 
+void CommandBar::end_window() {
+    if (!built_in) return end();
+    const auto before = controls;
+    for (const auto& control : before) {
+        if (control->temporary) {
+            std::erase(controls, control);
+            control->end();
+        } else {
+            control->end_window();
+        }
+    }
+}
+
 void CommandBar::remove() {
     if (built_in) {
         throw Failure(result::fail, u"The host's own command bar \"" + bar_name + u"\" can't be deleted.");
@@ -235,8 +248,8 @@ std::shared_ptr<CommandBarControl> CommandBars::find(const ControlWish& wish) co
 
 void CommandBars::end() {
     ended_ = true;
-    for (const auto& bar : all) bar->end();
-    all.clear();
+    for (const auto& bar : all) bar->end_window();
+    std::erase_if(all, [](const auto& bar) { return !bar->built_in; });
     subscriptions().clear();
 }
 

@@ -33,7 +33,9 @@ class CommandBar : public ModelObject<CommandBar> {
     void check_may_change() const;                      ///< throws `result::fail` for a protected bar
     void check_place(const host::Value& before) const;  ///< throws `result::bad_index`
     void remove();                                      ///< refused for a bar that is the host's own
-    void end();                                         ///< it goes with its window
+    void end();                                         ///< it is gone, and its controls with it
+    void
+    end_window();  ///< its window has closed: of the host's own bars what isn't temporary can still be read
     std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
     std::shared_ptr<CommandBarControl> add(const host::Value& type, const host::Value& id,
                                            const host::Value& parameter, const host::Value& before,
@@ -85,7 +87,8 @@ class CommandBars : public ModelObject<CommandBars> {
     std::shared_ptr<CommandBar> add(const host::Value& bar_name, const host::Value& position,
                                     bool is_menu_bar, bool temporary);
     std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
-    void end();  ///< the window is closed: its bars and their controls are gone
+    void
+    end();  ///< the window is closed: custom bars and temporary controls are gone, nobody is told of anything
 
     /// Bars or what they are about have changed: `OnUpdate` comes at the next turn of the message loop, once
     /// for all changes until then. What its listeners change themselves makes no other one.
