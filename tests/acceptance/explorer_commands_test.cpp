@@ -155,16 +155,6 @@ TEST_F(ExplorerCommands, OpenAProtectedMenuAndLeaveItOpen) {
     }
 }
 
-TEST_F(ExplorerCommands, CloseOpensAProtectedMenuToo) {
-    World& world = with({});
-    const Object first = first_explorer(world);
-    const Object bar = menu_of(first);
-    bar.put(u"Protection", 3);
-    world.inbox().call(u"GetExplorer").to_object().call(u"Display");
-    first.call(u"Close");
-    EXPECT_EQ(bar.get(u"Protection").to_integer(), 2);
-}
-
 TEST_F(ExplorerCommands, LeaveTheSecondEntryBehindWhenTheAddInGoes) {
     World& world = with({});
     show_folder(world, world.inbox());
