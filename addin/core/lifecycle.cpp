@@ -189,10 +189,9 @@ void Connect::goExplorer_Close() {
     // inspectors
     constexpr std::int32_t several = 2;
     if (steps.holds([&] {
-            const bool version_nine =
-                host::outlook::Application(session_.desktop.application()).Version().starts_with(u'9');
-            const bool few = session_.gOutlookApp.Inspectors().Count() < several;
-            return version_nine && few;
+            // elsewhere nothing is counted: a tracker's end may have let go of the session's application
+            return host::outlook::Application(session_.desktop.application()).Version().starts_with(u'9') &&
+                   session_.gOutlookApp.Inspectors().Count() < several;
         })) {
         steps.run([&] { StopAddIn(); });
         gExiting = true;

@@ -83,6 +83,36 @@ void Filing::expect_left_alone(World& world, const Item& mail) {
     EXPECT_EQ(mail.BillingInformation(), u"");
 }
 
+std::vector<std::string> texts_of(World& world, TextView list, std::size_t from) {
+    const host::Object texts = world.desk().get(list).to_object();
+    const auto count = static_cast<std::size_t>(texts.get(u"Count").to_integer());
+    std::vector<std::string> all;
+    for (std::size_t i = from; i < count; ++i) {
+        all.push_back(shown(texts.call(u"Item", {static_cast<std::int32_t>(i) + 1}).to_text()));
+    }
+    return all;
+}
+
+std::int32_t count_messages(World& world) {
+    return world.desk().get(u"Messages").to_object().get(u"Count").to_integer();
+}
+
+void desk_option(World& world, TextView name, const host::Value& value) {
+    host::Request request{
+        .access = host::Access::put, .member = u"Options", .arguments = {host::Value(name), value}};
+    world.desk().invoke(request);
+}
+
+host::Object window_of(World& world, TextView caption) {
+    return world.desk().call(u"Window", {host::Value(caption)}).to_object();
+}
+
+std::int32_t held(World& world) { return world.desk().get(u"Live").to_object().get(u"Total").to_integer(); }
+
+std::int32_t held(World& world, TextView kind) {
+    return world.desk().get(u"Live", {host::Value(kind)}).to_integer();
+}
+
 std::int32_t failure_of(const std::function<void()>& action) {
     try {
         action();

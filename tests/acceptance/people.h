@@ -69,6 +69,27 @@ class Filing : public Acceptance {
 /// What a test that failed prints.
 inline std::string shown(host::TextView text) { return host::to_utf8(text); }
 
+/// A list of texts that the desk keeps, as "Statuses", from a place on.
+std::vector<std::string> texts_of(World& world, host::TextView list, std::size_t from = 0);
+
+/// Every text that the status window has shown, in order.
+inline std::vector<std::string> statuses(World& world, std::size_t from = 0) {
+    return texts_of(world, u"Statuses", from);
+}
+
+/// How many message boxes there were.
+std::int32_t count_messages(World& world);
+
+/// Writes one of the desk's options.
+void desk_option(World& world, host::TextView name, const host::Value& value);
+
+/// The add-in's window with that caption, or Nothing.
+host::Object window_of(World& world, host::TextView caption);
+
+/// How many of the desk's objects the outside holds, in all or of one kind.
+std::int32_t held(World& world);
+std::int32_t held(World& world, host::TextView kind);
+
 /// The number of the failure that an action throws; 0 if it throws none.
 std::int32_t failure_of(const std::function<void()>& action);
 
