@@ -8,6 +8,9 @@ namespace addin {
 /// The title of the message boxes.
 inline constexpr host::TextView product_title = u"Tarnwell";
 
+/// The project's own title, which a message box without a title shows.
+inline constexpr host::TextView project_title = u"Tarnwell Create Note AddIn Project";
+
 /// Major, minor and revision number; the library's version resource tells the same.
 inline constexpr int product_version[] = {6, 0, 2178};
 

@@ -2,6 +2,7 @@
 
 #include "commands/explorer_tracking.h"
 #include "core/status_windows.h"
+#include "createnote/dlg_send.h"
 
 namespace addin {
 
@@ -10,6 +11,7 @@ Session::Session(host::Desktop& platform, forms::Engine& form_engine)
     SearchForm.made_by([this] { return std::make_shared<addin::SearchForm>(engine); });
     Tarnwell.made_by([this] { return std::make_shared<addin::Tarnwell>(*this); });
     TarnwellInfo.made_by([this] { return std::make_shared<addin::TarnwellInfo>(engine); });
+    createnote::furnish(*this);
 }
 
 Session::~Session() = default;

@@ -5,6 +5,8 @@
 #include "core/session.h"
 #include "core/steps.h"
 #include "host/family.h"
+#include "host/outlook.h"
+#include "records/stamp.h"
 
 namespace addin::createnote {
 
@@ -72,7 +74,18 @@ class dlgSend final : public NoteDialog {
     void Combo2_Click();
     void cmdSearch_Click();
     void SearchListTarget(const host::outlook::Folder& folder);
+    /// One found item as a row. `key` keeps the key of the item before where this one's can't be read.
+    void add_row(Steps& steps, const host::family::SafeRecordItem& wrapper, const host::outlook::Items& items,
+                 std::int32_t place, host::Text& key);
     void create(Steps& steps);
+    void report_creation();
+    void create_for_new_contact(Steps& steps, const ChosenMail& mail,
+                                const host::family::MainAddIn& main_add_in,
+                                const host::outlook::Folder& profiles, const host::outlook::Folder& folder,
+                                const host::Text& name);
+    void create_from_record(Steps& steps, const records::PathRow& path, const host::outlook::Folder& folder,
+                            const host::outlook::Folder& profiles, const ChosenMail& mail);
+    static void write_names(Steps& steps, const host::outlook::Item& record, const host::outlook::Item& note);
     bool is_row_empty(Steps& steps);
     host::Text key_of_row(Steps& steps);
 

@@ -15,7 +15,7 @@ inline constexpr std::int32_t sent_mail = 5, inbox = 6, calendar = 9, tasks = 13
 
 /// Numbers of object classes (OlObjectClass).
 namespace object_class {
-inline constexpr std::int32_t folder = 2, appointment = 26, mail = 43, note = 44;
+inline constexpr std::int32_t folder = 2, appointment = 26, contact = 40, mail = 43, note = 44, post = 45;
 }
 
 inline constexpr std::int32_t contact_items = 2;       // OlItemType

@@ -1,0 +1,288 @@
+// The note of a row that holds an address.
+#include "core/product.h"
+#include "createnote/new_contact.h"
+#include "records/database.h"
+#include "records/filters.h"
+#include "records/names.h"
+
+namespace addin::createnote {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Folder;
+using host::outlook::Item;
+using host::outlook::Items;
+namespace property = records::property;
+namespace tag = host::family::tag;
+namespace object_class = host::outlook::object_class;
+
+namespace {
+
+constexpr TextView creating = u"Please Wait - creating Note for ", done = u"Done - creating Note for ";
+constexpr TextView invitation = u"Highlight an entry in the list below.  Then press Create.";
+constexpr TextView no_recipient = u"Note not created. You must enter an email address in the To field.";
+constexpr TextView not_found_start = u"Tarnwell Account/Contact ",
+                   not_found_end = u" NOT FOUND! Please use the search feature. ";
+constexpr TextView equality = u"Create";  // the mode of the filter
+constexpr TextView full_name_term = u"[Fullname] = ", apostrophe = u"'", quotation_mark = u"\"";
+
+/// The way to the record of an address.
+class RecordSearch {
+  public:
+    RecordSearch(Steps& steps, dlgSend& dialog, const ChosenMail& mail, const Folder& profiles)
+        : steps_(steps), dialog_(dialog), mail_(mail), profiles_(profiles) {}
+
+    Item contact();
+    Item account();
+
+    /// The name that a contact which isn't there would get.
+    const Text& name() const { return name_; }
+
+  private:
+    Item by_entry_id();  ///< in the row's third column; it is tried, though nothing puts one there
+    Item found(const Folder& folder, const Text& filter);
+    Text note_filter(Text value);
+    Text filter_of_person();
+    Text term_of_name(const Text& name) {
+        return Text(records::or_between_terms) + Text(full_name_term) + Text(apostrophe) + name +
+               Text(apostrophe);
+    }
+
+    Steps& steps_;
+    dlgSend& dialog_;
+    const ChosenMail& mail_;
+    const Folder& profiles_;
+    Text name_;
+};
+
+Text third_column(dlgSend& dialog) { return dialog.list().text(dialog.list().selected(), column::third); }
+
+Text RecordSearch::note_filter(Text value) {
+    records::NoteFilterBoxes boxes{.Option1 = !dialog_.contact_level()};
+    const Text filter = records::NoteFilter(value, equality, boxes);
+    dialog_.control(u"Text1").text(boxes.Text1);
+    dialog_.control(u"Text2").text(boxes.Text2);
+    return filter;
+}
+
+Item RecordSearch::found(const Folder& folder, const Text& filter) {
+    Item item;
+    steps_.set(item, [&] { return folder.Items().Find(filter); });
+    return item;
+}
+
+Item RecordSearch::by_entry_id() {
+    Item item;
+    steps_.set(item, [&] {
+        return host::outlook::Application(dialog_.session().desktop.application())
+            .GetNamespace(u"MAPI")
+            .GetItemFromID(third_column(dialog_), profiles_.StoreID());
+    });
+    return item;
+}
+
+Text RecordSearch::filter_of_person() {
+    const Text row = dialog_.row_text();
+    Text filter;
+    if (steps_.holds(
+            [&] { return host::trimmed(mail_.wrapper.sender().Fields(tag::smtp_address)) == row; })) {
+        steps_.set(filter, [&] { return note_filter(host::trimmed(mail_.wrapper.sender().Address())); });
+        if (!filter.empty()) filter += records::or_between_terms;
+        filter += note_filter(row);
+        if (steps_.holds([&] { return !mail_.wrapper.SenderName().empty(); })) {
+            steps_.run([&] { filter += term_of_name(mail_.wrapper.SenderName()); });
+        }
+        filter = host::replaced(filter, apostrophe, quotation_mark);
+        steps_.set(name_, [&] { return mail_.wrapper.SenderName(); });
+        return filter;
+    }
+    std::int32_t people = 0;
+    steps_.set(people, [&] { return mail_.wrapper.Recipients().Count(); });
+    for (std::int32_t i = 1; i <= people; ++i) {
+        const auto person = [&] { return mail_.wrapper.Recipients().Item(i); };
+        host::family::SafeAddressEntry entry;
+        steps_.set(entry, [&] { return person().AddressEntry(); });
+        if (!steps_.holds([&] { return host::trimmed(entry.Fields(tag::smtp_address)) == row; })) continue;
+        steps_.set(filter, [&] {
+            return note_filter(person().Address()) + Text(records::or_between_terms) + note_filter(row) +
+                   term_of_name(person().name());
+        });
+        filter = host::replaced(filter, apostrophe, quotation_mark);
+        steps_.set(name_, [&] { return person().name(); });
+        break;
+    }
+    return filter;
+}
+
+Item RecordSearch::contact() {
+    Folder contacts;
+    steps_.set(contacts, [&] { return profiles_.Folders().Item(records::folder::account_contacts); });
+    if (steps_.holds([&] { return !third_column(dialog_).empty(); })) {
+        if (Item item = by_entry_id()) return item;
+        return found(contacts, note_filter(dialog_.row_text()));
+    }
+    name_ = dialog_.row_text();
+    const Text filter = filter_of_person();
+    if (filter.empty()) return found(contacts, note_filter(dialog_.row_text()));
+    if (Item item = found(contacts, filter)) return item;
+    Text by_name;
+    for (const TextView field :
+         {records::field::full_name, records::field::files_as, records::property::email_search_string}) {
+        if (!by_name.empty()) by_name += records::or_between_terms;
+        by_name += records::RangeTerm(name_, field);
+    }
+    return found(contacts, by_name);
+}
+
+Item RecordSearch::account() {
+    if (steps_.holds([&] { return !third_column(dialog_).empty(); })) {
+        if (Item item = by_entry_id()) return item;
+    }
+    return found(profiles_, note_filter(dialog_.row_text()));
+}
+
+/// What a note takes from the dialog.
+struct DialogTexts {
+    Text type, subject;
+};
+
+void finish(Steps& steps, const records::PathRow& path, const Item& note, const DialogTexts& texts,
+            const ChosenMail& mail) {
+    records::write_property(steps, note, property::type, [&] { return Value(texts.type); });
+    steps.run([&] { note.Subject(texts.subject); });
+    records::write_body(steps, path, note, mail.wrapper);
+    if (path.activity_date) records::write_activity_date(steps, note, mail.wrapper);
+    records::attach_and_post(steps, note, mail.wrapper);
+}
+
+}  // namespace
+
+void dlgSend::CreateNote() {
+    host::Desktop& desktop = session_.desktop;
+    Steps steps;
+    header(Text(creating) + row_text());
+    steps.run([&] { desktop.yield(); });
+    if (!loaded()) return;
+    ChosenMail mail = choose_mail(steps);
+    steps.run([&] { mail.wrapper.Item(mail.item); });
+    if (steps.holds([&] { return mail.wrapper.To().empty(); })) {
+        desktop.message_box(no_recipient, product_title, host::box::information);
+        return;
+    }
+    if (steps.holds([&] { return mail.item.EntryID().empty(); })) {
+        steps.run([&] { mail.item.Save(); });
+        steps.run([&] { mail.wrapper.Item(mail.item); });
+    }
+    host::family::MainAddIn main_add_in;
+    Folder profiles;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
+    steps.set(profiles,
+              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const bool at_contact = contact_level();
+    const records::PathRow& path =
+        records::row(at_contact ? records::Path::create_contact_level : records::Path::create_account_level);
+    const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
+    RecordSearch search(steps, *this, mail, profiles);
+    const Item record = at_contact ? search.contact() : search.account();
+    if (!record) {
+        create_for_new_contact(steps, mail, main_add_in, profiles, folder, search.name());
+        return;
+    }
+    if (steps.holds(
+            [&] { return record.Class() != (at_contact ? object_class::contact : object_class::post); })) {
+        desktop.message_box(Text(not_found_start) + row_text() + Text(not_found_end), product_title,
+                            host::box::information);
+        return;
+    }
+    const Item note = records::make_note(steps, path, folder);
+    records::write_keys(steps, path, note, records::copied_from(record));
+    records::write_property(steps, note, property::account_name,
+                            [&] { return Value(at_contact ? record.CompanyName() : record.Subject()); });
+    if (at_contact) {
+        records::write_property(steps, note, property::contact_name,
+                                [&] { return Value(record.FullName()); });
+    }
+    finish(steps, path, note, {control(u"Combo1").text(), control(u"txtNote").text()}, mail);
+    records::mark_chosen_mail(steps, path, mail.inspector, mail.selection);
+    report_creation();
+}
+
+void dlgSend::report_creation() {
+    session_.desktop.message_box(Text(done) + row_text(), product_title, host::box::information);
+    if (loaded()) header(Text(invitation));
+    gbCreated = true;
+}
+
+void dlgSend::create_for_new_contact(Steps& steps, const ChosenMail& mail,
+                                     const host::family::MainAddIn& main_add_in, const Folder& profiles,
+                                     const Folder& folder, const Text& name) {
+    // the dialog goes away before the contact is made: what it holds is kept
+    const DialogTexts texts{control(u"Combo1").text(), control(u"txtNote").text()};
+    const std::optional<NewContact> made = offer_new_contact(steps, session_,
+                                                             {.address = row_text(),
+                                                              .name = name,
+                                                              .main_add_in = main_add_in,
+                                                              .account_profiles = profiles,
+                                                              .before_choice = [this] { unload(); }});
+    if (!made) return;
+    const records::PathRow& path = records::row(records::Path::create_new_contact);
+    const Item note = records::make_note(steps, path, folder);
+    records::write_keys(steps, path, note, [&](const records::Key& key) {
+        if (key.property == property::account_id) return Value(made->account_id);
+        if (key.property == property::contact_id) return Value(made->contact_id);
+        return made->item.UserProperties().Item(key.property).value();
+    });
+    records::write_property(steps, note, property::account_name,
+                            [&] { return Value(made->item.CompanyName()); });
+    records::write_property(steps, note, property::contact_name,
+                            [&] { return Value(made->item.FullName()); });
+    finish(steps, path, note, texts, mail);
+}
+
+void dlgSend::CreateNoteEx() {
+    host::Desktop& desktop = session_.desktop;
+    Steps steps;
+    header(Text(creating) + row_text());
+    steps.run([&] { desktop.yield(); });
+    if (!loaded()) return;
+    ChosenMail mail = choose_mail(steps);
+    steps.run([&] { mail.wrapper.Item(mail.item); });
+    if (steps.holds([&] { return mail.item.EntryID().empty(); })) {
+        steps.run([&] { mail.item.Save(); });
+        steps.run([&] { mail.wrapper.Item(mail.item); });
+    }
+    host::family::MainAddIn main_add_in;
+    Folder profiles;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
+    steps.set(profiles,
+              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const records::PathRow& path = records::row(records::Path::create_from_record);
+    const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
+    if (!control(u"Combo2").text().empty()) create_from_record(steps, path, folder, profiles, mail);
+    report_creation();
+}
+
+void dlgSend::create_from_record(Steps& steps, const records::PathRow& path, const Folder& folder,
+                                 const Folder& profiles, const ChosenMail& mail) {
+    Item record;
+    steps.set(record, [&] {
+        return host::outlook::Application(session_.desktop.application())
+            .GetNamespace(u"MAPI")
+            .GetItemFromID(list().text(list().selected(), column::entry_id), profiles.StoreID());
+    });
+    const Item note = records::make_note(steps, path, folder);
+    records::write_keys(steps, path, note, records::copied_from(record));
+    records::write_activity_date(steps, note, mail.wrapper);
+    const Text key_column = list().heading(column::key);
+    records::write_property(steps, note, key_column,
+                            [&] { return record.UserProperties().Item(key_column).value(); });
+    write_names(steps, record, note);
+    records::write_property(steps, note, property::type, [&] { return Value(control(u"Combo1").text()); });
+    steps.run([&] { note.Subject(control(u"txtNote").text()); });
+    records::write_body(steps, path, note, mail.wrapper);
+    records::attach_and_post(steps, note, mail.wrapper);
+    records::mark_chosen_mail(steps, path, mail.inspector, mail.selection);
+}
+
+}  // namespace addin::createnote

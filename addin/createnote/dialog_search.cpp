@@ -1,0 +1,212 @@
+// The dialog's search: the records of the chosen target become rows.
+#include "core/product.h"
+#include "createnote/dlg_send.h"
+#include "records/database.h"
+#include "records/filters.h"
+#include "records/names.h"
+
+namespace addin::createnote {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::family::SafeRecordItem;
+using host::outlook::Folder;
+using host::outlook::Items;
+
+namespace {
+
+constexpr TextView no_target = u"Please select a folder to search (Create Note for: drop down on the right).";
+constexpr TextView no_text = u"You must enter a valid search string!";
+constexpr TextView searching = u"Please Wait - Searching for ", complete = u"Search Complete for ";
+constexpr TextView nothing_found = u"No Items Found!", cancelled = u"Search Cancelled!";
+
+constexpr TextView user_properties = u"{00020329-0000-0000-C000-000000000046}";
+constexpr char16_t tag_sign = u'&';
+constexpr TextView hexadecimal = u"&H";
+constexpr std::int32_t text_type = 30;  // PT_STRING8
+
+/// A number as a definition writes it: "&H8083" or decimal digits. Throws `Failure` for anything else.
+std::int32_t to_number(const Text& text) {
+    const Text digits = host::trimmed(text);
+    if (!host::upper(digits).starts_with(hexadecimal)) return Value(digits).to_integer();
+    std::uint32_t number = 0;
+    for (const char16_t digit : host::upper(digits.substr(hexadecimal.size()))) {
+        const TextView all = u"0123456789ABCDEF";
+        const std::size_t value = all.find(digit);
+        if (value == TextView::npos) throw host::Failure(host::result::type_mismatch, text);
+        constexpr std::uint32_t base = 16;
+        number = number * base + static_cast<std::uint32_t>(value);
+    }
+    // four digits with the highest bit set are a negative 16-bit number, as in the language of the
+    // definitions
+    constexpr std::size_t digits_of_16_bits = 4;
+    if (digits.size() - hexadecimal.size() <= digits_of_16_bits) return static_cast<std::int16_t>(number);
+    return static_cast<std::int32_t>(number);
+}
+
+std::vector<Text> split(const Text& text) {
+    std::vector<Text> parts;
+    for (std::size_t begin = 0;;) {
+        const std::size_t end = text.find(u',', begin);
+        parts.push_back(text.substr(begin, end - begin));
+        if (end == Text::npos) return parts;
+        begin = end + 1;
+    }
+}
+
+/// Reads the fields of one item, by the notations of a definition.
+class FieldReader {
+  public:
+    FieldReader(Steps& steps, const SafeRecordItem& item) : steps_(steps), item_(item) {}
+
+    /// The value into `target`, which stays as it is if it can't be read.
+    void read(Text& target, const Text& name) {
+        if (is_tag(name)) {
+            read_tag(target, name);
+        } else {
+            read_named(target, name);
+        }
+    }
+
+    void read_tag(Text& target, const Text& tag) {
+        steps_.set(target, [&] { return item_.Fields(Value(tag)); });
+    }
+
+    /// The same for a name that is none of a tag.
+    void read_named(Text& target, const Text& name) {
+        const std::vector<Text> parts = split(name);
+        const auto part = [&](std::size_t place) -> const Text& {
+            if (place >= parts.size()) throw host::Failure(host::result::bad_index);
+            return parts[place];
+        };
+        constexpr std::size_t by_number = 3;
+        if (parts.size() == by_number) {
+            steps_.set(id_, [&] { return item_.GetIDsFromNames(part(0), to_number(part(1))); });
+            steps_.set(id_, [&] { return Value(id_.to_integer() | to_number(part(2))); });
+        } else {
+            steps_.set(id_, [&] { return item_.GetIDsFromNames(part(0), Value(host::trimmed(part(1)))); });
+        }
+        steps_.set(target, [&] { return item_.Fields(id_); });
+    }
+
+    void forget_id() { id_ = Value(); }
+
+    static bool is_tag(const Text& name) { return !name.empty() && name.front() == tag_sign; }
+
+  private:
+    Steps& steps_;
+    const SafeRecordItem& item_;
+    Value id_;  ///< outlives a field: one that can't be read shows the field that it was set for
+};
+
+}  // namespace
+
+void dlgSend::cmdSearch_Click() {
+    host::Desktop& desktop = session_.desktop;
+    if (control(u"Combo2").text().empty()) {
+        desktop.message_box(no_target, product_title, host::box::ok);
+        return;
+    }
+    const Text text = control(u"SearchString").text();
+    if (text.empty()) {
+        header(Text(no_text));
+        return;
+    }
+    Steps steps;
+    header(Text(searching) + text);
+    desktop.pointer(host::Pointer::hourglass);
+    steps.run([&] { desktop.yield(); });
+    host::family::MainAddIn main_add_in;
+    Folder folder;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
+    steps.set(folder,
+              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    steps.set(folder, [&] {
+        return Folder(main_add_in.ReturnFolderFromPath(session_.list_definition.SearchFolder));
+    });
+    SearchListTarget(folder);
+    if (!loaded()) return;  // the window went while the search gave way
+    if (list().count() > 0) list().select(0);
+    control(u"lstRecipients").focus();
+    header(Text(complete) + control(u"SearchString").text());
+    desktop.pointer(host::Pointer::standard);
+}
+
+void dlgSend::SearchListTarget(const Folder& folder) {
+    host::Desktop& desktop = session_.desktop;
+    const records::ListDefinition& definition = session_.list_definition;
+    Steps steps;
+    host::Object application;
+    steps.set(application, [&] { return desktop.create(u"Outlook.Application"); });
+    Text text = control(u"SearchString").text();
+    header(Text(searching) + text);
+    desktop.pointer(host::Pointer::hourglass);
+    steps.run([&] { desktop.yield(); });
+    if (!loaded()) return;
+    const bool contacts =
+        steps.holds([&] { return folder.DefaultItemType() == host::outlook::contact_items; });
+    const Text filter = records::TemplateFilter(text, definition.filter_template);
+    Items items;
+    steps.set(items, [&] { return folder.Items().Restrict(filter); });
+    list().clear();
+    std::int32_t count = 0;
+    steps.set(count, [&] { return items.Count(); });
+    if (count < 1) {
+        desktop.message_box(nothing_found, product_title, host::box::information);
+    } else {
+        session_.gSearchCancelled = false;
+        Text key;  // of the item before, where an item's own can't be read
+        for (std::int32_t i = 1; i <= count; ++i) {
+            SafeRecordItem wrapper;
+            steps.set(wrapper, [&] {
+                return SafeRecordItem(desktop.create(contacts ? host::family::prog_id::safe_contact_item
+                                                              : host::family::prog_id::safe_post_item));
+            });
+            steps.run([&] { wrapper.Item(items.Item(i)); });
+            if (wrapper) add_row(steps, wrapper, items, i, key);
+            wrapper.reset();
+            steps.run([&] { desktop.yield(); });
+            if (!loaded()) return;
+            if (session_.gSearchCancelled) {
+                desktop.message_box(cancelled, product_title, host::box::information);
+                break;
+            }
+        }
+    }
+    control(u"lstRecipients").focus();
+    header(Text(complete) + control(u"SearchString").text());
+    list().width(column::key, 0);
+    list().width(column::entry_id, 0);
+    steps.run([&] { desktop.yield(); });
+    desktop.pointer(host::Pointer::standard);
+}
+
+void dlgSend::add_row(Steps& steps, const SafeRecordItem& wrapper, const Items& items, std::int32_t place,
+                      Text& key) {
+    const records::ListDefinition& definition = session_.list_definition;
+    FieldReader reader(steps, wrapper);
+    std::array<Text, records::shown_fields> cells;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        reader.read(cells[i], definition.FieldName[i]);
+        cells[i] = records::FormatFieldValue(cells[i], definition.FieldType[i], session_.desktop);
+        if (i != 1) reader.forget_id();  // the second field's id stays for the third
+    }
+    if (FieldReader::is_tag(definition.KeyFieldName)) {
+        reader.read_tag(key, definition.FieldName.back());  // the last field's, whatever the key's own tag
+    } else {
+        reader.read_named(key, definition.KeyFieldName);
+    }
+    std::int32_t contact_id = 0;  // asked for, and not used
+    steps.set(contact_id, [&] {
+        return wrapper.GetIDsFromNames(user_properties, Value(records::property::contact_id)).to_integer() +
+               text_type;
+    });
+    if (!loaded()) return;
+    const int row = list().add(cells.front());
+    for (std::size_t i = 1; i < cells.size(); ++i) list().text(row, static_cast<int>(i), cells[i]);
+    list().text(row, column::key, key);
+    steps.run([&] { list().text(row, column::entry_id, items.Item(place).EntryID()); });
+}
+
+}  // namespace addin::createnote

@@ -1,0 +1,160 @@
+// Opening the contact of a mail, or the record that a personal contact is linked with. The dialog isn't
+// shown.
+#include "core/product.h"
+#include "core/status.h"
+#include "core/status_windows.h"
+#include "createnote/new_contact.h"
+#include "filing/address_resolution.h"
+#include "records/database.h"
+#include "records/names.h"
+
+namespace addin::createnote {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::family::SafeMailItem;
+using host::outlook::Folder;
+using host::outlook::Item;
+namespace property = records::property;
+namespace tag = host::family::tag;
+
+namespace {
+
+constexpr TextView received_only = u"Please use the Open Contact button for received emails only.";
+constexpr TextView dead_link = u"Tarnwell Contact was not found";
+constexpr TextView searching = u"Searching for ";
+
+Value kept_value(const NewContact& made, const records::Key& key) {
+    const std::pair<records::Name, const Text*> values[] = {
+        {property::account_id, &made.account_id},
+        {property::contact_id, &made.contact_id},
+        {property::account_manager, &made.account_manager},
+        {property::team, &made.team},
+        {property::alignment, &made.alignment}};
+    for (const auto& [name, value] : values) {
+        if (key.property == name) return *value;
+    }
+    throw host::Failure(host::result::not_found, Text(key.property));
+}
+
+}  // namespace
+
+void dlgSend::OpenContact() {
+    host::Desktop& desktop = session_.desktop;
+    Steps steps;
+    steps.run([&] { desktop.yield(); });
+    const auto application = [&] { return host::outlook::Application(desktop.application()); };
+    SafeMailItem wrapper;
+    host::outlook::Inspector inspector;
+    Item item;
+    steps.set(inspector, [&] { return application().ActiveInspector(); });
+    steps.set(wrapper, [&] { return SafeMailItem(desktop.create(host::family::prog_id::safe_mail_item)); });
+    steps.set(item, [&] { return inspector.CurrentItem(); });
+    if (!item) steps.set(item, [&] { return application().ActiveExplorer().Selection().Item(1); });
+    steps.run([&] { wrapper.Item(item); });
+    if (steps.holds([&] { return wrapper.SenderName().empty(); })) {
+        desktop.message_box(received_only, project_title, host::box::ok);
+        return;
+    }
+    if (steps.holds([&] { return wrapper.To().empty(); })) return;
+    if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
+
+    const filing::VariantRow& variant = filing::row(filing::Variant::open_contact);
+    filing::Addresses addresses;
+    Text address;
+    steps.set(addresses.sender_name, [&] { return wrapper.SenderName(); });
+    steps.set(addresses.native, [&] { return host::trimmed(wrapper.Fields(tag::sender_address)); });
+    Text filter;
+    if (steps.holds(
+            [&] { return host::upper(wrapper.Fields(tag::sender_address_type)) == filing::type_smtp; })) {
+        address = addresses.native;
+        filter = filing::contact_filter(variant.terms, variant.for_smtp, addresses);
+    } else {
+        steps.set(addresses.smtp, [&] { return host::trimmed(wrapper.sender().Fields(tag::smtp_address)); });
+        address = addresses.smtp;
+        filter = filing::contact_filter(variant.terms, variant.for_other, addresses);
+    }
+
+    host::family::MainAddIn main_add_in;
+    Folder profiles, contacts;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
+    steps.set(profiles,
+              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    steps.set(contacts, [&] { return profiles.Folders().Item(records::folder::account_contacts); });
+    steps.run([&] { show_status(session_, Text(searching) + addresses.sender_name); });
+    steps.run([&] { desktop.yield(); });
+    Item contact;
+    steps.set(contact, [&] { return contacts.Items().Find(filter); });
+    steps.run([&] { session_.SearchForm.hide(); });
+    steps.run([&] { session_.SearchForm.unload(); });
+    steps.run([&] { desktop.yield(); });
+    if (contact) {
+        if (steps.holds([&] { return contact.Class() == host::outlook::object_class::contact; })) {
+            steps.run([&] { contact.Display(); });
+        }
+        return;
+    }
+
+    const std::optional<NewContact> made = offer_new_contact(steps, session_,
+                                                             {.address = address,
+                                                              .name = addresses.sender_name,
+                                                              .main_add_in = main_add_in,
+                                                              .account_profiles = profiles,
+                                                              .keeps_account_values = true,
+                                                              .before_choice = [this] { unload(); }});
+    if (!made) return;
+    const records::PathRow& path = records::row(records::Path::open_contact_new_contact);
+    const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
+    const Item note = records::make_note(steps, path, folder);
+    records::write_keys(steps, path, note, [&](const records::Key& key) { return kept_value(*made, key); });
+    records::write_property(steps, note, property::account_name, [&] { return Value(made->company); });
+    records::write_property(steps, note, property::contact_name, [&] { return Value(wrapper.SenderName()); });
+    records::write_property(steps, note, property::type, [&] { return Value(records::note_type::received); });
+    steps.run([&] { note.Subject(wrapper.Subject()); });
+    records::write_body(steps, path, note, wrapper);
+    records::attach_and_post(steps, note, wrapper);
+}
+
+void dlgSend::OpenTarnwellContact() {
+    host::Desktop& desktop = session_.desktop;
+    Steps steps;
+    host::family::MainAddIn main_add_in;
+    Folder profiles, target;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
+    steps.set(profiles,
+              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const auto account_contacts = [&] { return profiles.Folders().Item(records::folder::account_contacts); };
+    steps.set(target, [&] { return Folder(profiles.Parent()).Folders().Item(records::folder::leads); });
+    if (steps.holds([&] { return target.Name() != records::folder::leads; })) {
+        steps.set(target, account_contacts);
+    }
+    Item item;
+    steps.set(item, [&] {
+        return host::outlook::Application(desktop.application()).ActiveInspector().CurrentItem();
+    });
+    Text filter;
+    steps.set(filter, [&] { return u"[ContactID] = '" + item.CustomerID() + u"'"; });
+    Item record;
+    steps.set(record, [&] { return target.Items().Find(filter); });
+    host::family::SafeRecordItem wrapper;
+    steps.set(wrapper, [&] {
+        return host::family::SafeRecordItem(desktop.create(host::family::prog_id::safe_contact_item));
+    });
+    steps.run([&] { wrapper.Item(record); });
+    if (!record) {
+        steps.set(target, account_contacts);
+        steps.set(record, [&] { return target.Items().Find(filter); });
+        steps.run([&] { wrapper.Item(record); });
+    }
+    if (!record) {
+        desktop.message_box(dead_link, product_title, host::box::ok);
+        steps.run([&] { item.CustomerID(u""); });
+        steps.run([&] { item.Account(u""); });
+        steps.run([&] { item.Save(); });
+    }
+    steps.run([&] { item.Close(host::outlook::discard_changes); });
+    steps.run([&] { wrapper.Display(); });
+}
+
+}  // namespace addin::createnote
