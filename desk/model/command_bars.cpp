@@ -147,7 +147,7 @@ std::shared_ptr<CommandBarControl> CommandBar::add_own(std::int32_t control_id, 
     control->face_id = control_id;
     control->caption = Text(caption);
     control->action = std::move(action);
-    controls.push_back(control);
+    insert(control, host::Missing{});
     return control;
 }
 
