@@ -40,6 +40,7 @@ DeskSettings read_settings() {
     settings.options.instant_search = value(u"InstantSearch") == u"1";
     settings.options.language = host::Value(value(u"Language", u"1033")).to_integer();
     settings.options.event_order = order(value(u"EventOrder"));
+    settings.options.word_mail = value(u"WordMail") == u"1";
     settings.options.unattended = value(u"Unattended", u"1") == u"1";
     return settings;
 }

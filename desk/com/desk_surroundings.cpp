@@ -8,6 +8,7 @@
 
 #include "desk/com/mail_process.h"
 #include "desk/windows/screen_picture.h"
+#include "desk/windows/window_driver.h"
 #include "windows/com/failure.h"
 
 namespace desk {
@@ -22,7 +23,7 @@ namespace {
 constexpr const wchar_t* programs_key = L"Software\\Tarnwell\\Family\\Programs";
 
 /// Objects of the surface itself are not counted as held: whoever looks at the counts holds them.
-constexpr std::string_view uncounted[] = {"Entry", "Listing"};
+constexpr std::string_view uncounted[] = {"Entry", "Listing", "Window", "Control", "Row"};
 
 }  // namespace
 
@@ -46,6 +47,19 @@ ItemData DeskSurroundings::read_mail(TextView path) {
 
 void DeskSurroundings::wake() {
     if (hooks.wake) hooks.wake();
+}
+
+void DeskSurroundings::post(std::function<void()> action) {
+    if (hooks.post) hooks.post(std::move(action));
+}
+
+std::unique_ptr<WindowDriver> DeskSurroundings::window(TextView caption) {
+    return find_window(caption, apartment_->module(),
+                       [this](std::function<void()> action) { post(std::move(action)); });
+}
+
+int DeskSurroundings::ask(TextView text, TextView title, std::uint32_t style) {
+    return MessageBoxW(nullptr, windows::wide(Text(text)), windows::wide(Text(title)), style | MB_TASKMODAL);
 }
 
 void DeskSurroundings::pump(std::int32_t milliseconds) {

@@ -11,6 +11,7 @@ namespace desk {
 /// What only the windows and the main program can do, told to them.
 struct DeskHooks {
     std::function<void()> wake;
+    std::function<void(std::function<void()>)> post;
     std::function<void(std::int32_t milliseconds)> pump;
     std::function<void()> changed;
     std::function<void()> quit;
@@ -28,7 +29,10 @@ class DeskSurroundings : public Surroundings {
     std::string random_bytes(std::size_t count) override;
     ItemData read_mail(host::TextView path) override;
     void wake() override;
+    void post(std::function<void()> action) override;
     void pump(std::int32_t milliseconds) override;
+    std::unique_ptr<WindowDriver> window(host::TextView caption) override;
+    int ask(host::TextView text, host::TextView title, std::uint32_t style) override;
     host::Object create_object(host::TextView prog_id) override;
     std::vector<StartedProgram> programs() override;
     std::vector<LiveCount> live() override;

@@ -21,6 +21,8 @@ namespace result = host::result;
 
 namespace {
 
+constexpr std::int32_t icon_and_caption = 3;  // MsoButtonStyle
+
 bool fits(const CommandBarControl& control, const ControlWish& wish) {
     if (!wish.type.is_missing() && control.type != wish.type.to_integer()) return false;
     if (!wish.id.is_missing() && control.id != wish.id.to_integer()) return false;
@@ -145,9 +147,10 @@ std::shared_ptr<CommandBarControl> CommandBar::add_own(std::int32_t control_id, 
     auto control = std::make_shared<CommandBarControl>(desk(), weak_from_this(), false);
     control->id = control_id;
     control->face_id = control_id;
+    control->style = icon_and_caption;
     control->caption = Text(caption);
     control->action = std::move(action);
-    controls.push_back(control);
+    insert(control, host::Missing{});
     return control;
 }
 

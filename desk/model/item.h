@@ -63,6 +63,8 @@ class Item : public ModelObject<Item> {
     /// Throws `result::object_deleted` for an item that was moved or deleted.
     void check_there() const;
 
+    bool is_gone() const { return gone_; }
+
     /// Forgets what was changed since the last save.
     void revert();
 

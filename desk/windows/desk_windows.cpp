@@ -13,12 +13,10 @@ namespace {
 /// Has a map of windows follow a list of open objects.
 template <class Windows, class Objects, class Make>
 void follow_list(Windows& windows, const Objects& open, Make make) {
-    std::erase_if(windows, [&](const auto& entry) {
-        return std::ranges::none_of(open, [&](const auto& object) { return object.get() == entry.first; });
-    });
+    std::erase_if(windows, [&](const auto& entry) { return !entry.first->is_open(); });
     const Objects now = open;
     for (const auto& object : now) {
-        auto& window = windows[object.get()];
+        auto& window = windows[object];
         if (!window) window = make(object);
         window->refresh();
     }
@@ -26,19 +24,25 @@ void follow_list(Windows& windows, const Objects& open, Make make) {
 
 }  // namespace
 
-DeskWindows::DeskWindows(Desk& desk) : desk_(desk) {}
+DeskWindows::DeskWindows(Desk& desk) : context_{desk, {}} {}
 
 DeskWindows::~DeskWindows() = default;
 
 void DeskWindows::follow() {
-    follow_list(explorers_, desk_.explorers()->open,
-                [this](const auto& explorer) { return std::make_unique<ExplorerWindow>(desk_, explorer); });
-    follow_list(inspectors_, desk_.inspectors()->open, [this](const auto& inspector) {
-        return std::make_unique<InspectorWindow>(desk_, inspector);
+    if (context_.following) return;
+    context_.following = true;
+    Desk& desk = context_.desk;
+    follow_list(explorers_, desk.explorers()->open, [this](const auto& explorer) {
+        return std::make_unique<ExplorerWindow>(context_, explorer);
     });
+    follow_list(inspectors_, desk.inspectors()->open, [this](const auto& inspector) {
+        return std::make_unique<InspectorWindow>(context_, inspector);
+    });
+    context_.following = false;
 }
 
 void DeskWindows::close_all() {
+    context_.following = true;
     inspectors_.clear();
     explorers_.clear();
 }

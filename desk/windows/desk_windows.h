@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "desk/model/desk.h"
+#include "desk/windows/host_frame.h"
 
 namespace desk {
 
@@ -23,9 +24,9 @@ class DeskWindows {
     void close_all();
 
   private:
-    Desk& desk_;
-    std::map<const Explorer*, std::unique_ptr<ExplorerWindow>> explorers_;
-    std::map<const Inspector*, std::unique_ptr<InspectorWindow>> inspectors_;
+    FrameContext context_;
+    std::map<std::shared_ptr<Explorer>, std::unique_ptr<ExplorerWindow>> explorers_;
+    std::map<std::shared_ptr<Inspector>, std::unique_ptr<InspectorWindow>> inspectors_;
 };
 
 }  // namespace desk

@@ -6,6 +6,7 @@
 
 #include "desk/model/desk.h"
 #include "desk/model/item.h"
+#include "desk/windows/context_menu.h"
 
 namespace desk {
 
@@ -62,11 +63,9 @@ Text shown_value(const ItemData& item, TextView field) {
 
 }  // namespace
 
-ExplorerWindow::ExplorerWindow(Desk& desk, std::shared_ptr<Explorer> explorer)
-    : DeskWindow(L"TarnwellDeskExplorer", explorer->caption(),
-                 {explorer->left, explorer->top, explorer->left + explorer->width,
-                  explorer->top + explorer->height}),
-      desk_(desk),
+ExplorerWindow::ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> explorer)
+    : HostFrame(context, L"TarnwellDeskExplorer", *explorer),
+      desk_(context.desk),
       explorer_(std::move(explorer)) {
     tree_ = add_control(WC_TREEVIEWW,
                         WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
@@ -75,22 +74,17 @@ ExplorerWindow::ExplorerWindow(Desk& desk, std::shared_ptr<Explorer> explorer)
                         WS_EX_CLIENTEDGE, list_id, L"Items");
     ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT);
     status_ = add_control(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0, status_id);
-    RECT client{};
-    GetClientRect(handle(), &client);
-    on_size(client.right, client.bottom);
-    show();
+    open();
 }
 
-void ExplorerWindow::on_size(int width, int height) {
+void ExplorerWindow::lay_out(int top, int width, int height) {
     SendMessageW(status_, WM_SIZE, 0, 0);
     RECT bar{};
     GetWindowRect(status_, &bar);
     const int below = height - (bar.bottom - bar.top);
-    MoveWindow(tree_, 0, 0, tree_width, below, TRUE);
-    MoveWindow(list_, tree_width, 0, width - tree_width, below, TRUE);
+    MoveWindow(tree_, 0, top, tree_width, below - top, TRUE);
+    MoveWindow(list_, tree_width, top, width - tree_width, below - top, TRUE);
 }
-
-void ExplorerWindow::on_close() { explorer_->close_window(); }
 
 void ExplorerWindow::add_folders(HTREEITEM above, RowId parent) {
     for (const RowId id : desk_.folders_below(parent)) {
@@ -134,9 +128,8 @@ void ExplorerWindow::show_columns() {
     }
 }
 
-void ExplorerWindow::refresh() {
+void ExplorerWindow::show_contents() {
     refreshing_ = true;
-    caption(explorer_->caption());
     show_folders();
     if (shown_folder_ != explorer_->folder()) {
         shown_folder_ = explorer_->folder();
@@ -150,6 +143,7 @@ void ExplorerWindow::refresh() {
         shown_items_.assign(all.rbegin(), all.rend());
     }
     SendMessageW(list_, LVM_SETITEMCOUNT, shown_items_.size(), LVSICF_NOSCROLL);
+    show_selection();
     InvalidateRect(list_, nullptr, FALSE);
     const Text status = host::to_text(static_cast<long long>(shown_items_.size())) + u" items, " +
                         host::to_text(static_cast<long long>(desk_.store().unread(shown_folder_))) +
@@ -183,20 +177,81 @@ void ExplorerWindow::take_selection() {
     if (selected != explorer_->selected()) explorer_->select(std::move(selected));
 }
 
-void ExplorerWindow::open_selected() {
-    take_selection();
-    const std::vector<host::Object> selected = explorer_->selected();
-    for (const host::Object& object : selected) {
-        const auto item = std::dynamic_pointer_cast<Item>(object.target());
-        if (item->kind().number == object_class::mail && item->field(u"UnRead").to_boolean()) {
-            item->mark_read(true);  // a mail that is opened has been read
-            item->save();
-        }
-        object.call(u"Display");
+void ExplorerWindow::show_selection() {
+    std::vector<RowId> selected;
+    for (const host::Object& object : explorer_->selected()) {
+        if (const auto item = std::dynamic_pointer_cast<Item>(object.target()))
+            selected.push_back(item->id());
+    }
+    if (selected == shown_selection_ && shown_items_ == selected_among_) return;
+    shown_selection_ = selected;
+    selected_among_ = shown_items_;
+    ListView_SetItemState(list_, -1, 0, LVIS_SELECTED);
+    for (const RowId item : selected) {
+        const auto line = std::ranges::find(shown_items_, item);
+        if (line == shown_items_.end()) continue;
+        ListView_SetItemState(list_, static_cast<int>(line - shown_items_.begin()), LVIS_SELECTED,
+                              LVIS_SELECTED);
     }
 }
 
+namespace {
+
+void mark(Item& item, bool read) {
+    if (item.kind().number != object_class::mail || item.field(u"UnRead").to_boolean() != read) return;
+    item.mark_read(read);
+    item.save();
+}
+
+void open_item(Item& item) {
+    mark(item, true);  // a mail that is opened has been read
+    item.self().call(u"Display");
+}
+
+/// Does something with each selected item that is still there.
+void with_selected(const std::shared_ptr<Explorer>& explorer, void (*what)(Item&)) {
+    const std::vector<host::Object> selected = explorer->selected();
+    for (const host::Object& object : selected) {
+        const auto item = std::dynamic_pointer_cast<Item>(object.target());
+        if (item && !item->is_gone()) what(*item);
+    }
+}
+
+/// The whole of a right click, as soon as the click itself is over. The window may close meanwhile.
+void open_context_menu(const std::shared_ptr<Explorer>& explorer, HWND owner, POINT place) {
+    const std::shared_ptr<CommandBar> bar = explorer->context_menu();
+    std::vector<OwnEntry> own;
+    if (!explorer->selected().empty()) {
+        own = {{L"&Open", [&] { with_selected(explorer, open_item); }, true},
+               {L"Mark as &Read", [&] { with_selected(explorer, [](Item& item) { mark(item, true); }); }},
+               {L"Mark as U&nread", [&] { with_selected(explorer, [](Item& item) { mark(item, false); }); }},
+               {L"&Delete", [&] { with_selected(explorer, [](Item& item) { item.remove(); }); }}};
+    }
+    if (const std::function<void()> chosen = choose_from_menu(owner, place, own, *bar)) chosen();
+}
+
+}  // namespace
+
+void ExplorerWindow::open_selected() {
+    take_selection();
+    with_selected(explorer_, open_item);
+}
+
+void ExplorerWindow::on_context_menu(HWND control, POINT place) {
+    if (control != list_) return;
+    if (place.x == -1 && place.y == -1) {  // the keyboard's menu: at the item that has the focus
+        RECT box{};
+        const int line = ListView_GetNextItem(list_, -1, LVNI_FOCUSED);
+        if (line >= 0) ListView_GetItemRect(list_, line, &box, LVIR_LABEL);
+        place = {box.left + 8, box.bottom};
+        ClientToScreen(list_, &place);
+    }
+    desk_.surroundings().post(
+        [explorer = explorer_, owner = handle(), place] { open_context_menu(explorer, owner, place); });
+}
+
 LRESULT ExplorerWindow::on_notify(NMHDR& notice) {
+    HostFrame::on_notify(notice);
     if (refreshing_ && notice.code != LVN_GETDISPINFOW) return 0;
     if (notice.hwndFrom == tree_ && notice.code == TVN_SELCHANGEDW) {
         const auto& change = reinterpret_cast<NMTREEVIEWW&>(notice);

@@ -6,18 +6,18 @@
 #include <vector>
 
 #include "desk/model/explorers.h"
-#include "desk/windows/window.h"
+#include "desk/windows/host_frame.h"
 
 namespace desk {
 
-class ExplorerWindow : public DeskWindow {
+class ExplorerWindow : public HostFrame {
   public:
-    ExplorerWindow(Desk& desk, std::shared_ptr<Explorer> explorer);
-    void refresh();
+    ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> explorer);
 
   private:
-    void on_size(int width, int height) override;
-    void on_close() override;
+    void show_contents() override;
+    void lay_out(int top, int width, int height) override;
+    void on_context_menu(HWND control, POINT place) override;
     LRESULT on_notify(NMHDR& notice) override;
 
     void show_folders();
@@ -25,6 +25,7 @@ class ExplorerWindow : public DeskWindow {
     void show_columns();
     void show_cell(LVITEMW& cell);
     void take_selection();
+    void show_selection();
     void open_selected();
 
     Desk& desk_;
@@ -33,6 +34,7 @@ class ExplorerWindow : public DeskWindow {
     std::map<RowId, HTREEITEM> places_;
     std::vector<std::pair<RowId, host::Text>> shown_folders_;
     std::vector<RowId> shown_items_;  ///< newest first
+    std::vector<RowId> shown_selection_, selected_among_;
     RowId shown_folder_ = 0;
     bool refreshing_ = false;
 };

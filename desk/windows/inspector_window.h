@@ -1,25 +1,36 @@
-// The window of one item: who, what and when above its text.
+// The window of one item: who, what and when above its text. A mail that isn't sent yet can be written in it.
 #pragma once
 
 #include <memory>
 
 #include "desk/model/inspectors.h"
-#include "desk/windows/window.h"
+#include "desk/windows/host_frame.h"
 
 namespace desk {
 
-class InspectorWindow : public DeskWindow {
+class InspectorWindow : public HostFrame {
   public:
-    InspectorWindow(Desk& desk, std::shared_ptr<Inspector> inspector);
-    void refresh();
+    InspectorWindow(FrameContext& context, std::shared_ptr<Inspector> inspector);
 
   private:
-    void on_size(int width, int height) override;
-    void on_close() override;
+    void show_contents() override;
+    void lay_out(int top, int width, int height) override;
+    void on_own_command(int command, int code) override;
+
+    /// A field that can be typed into.
+    struct Field {
+        HWND title, edit;
+        host::TextView member;
+        host::Text known;  ///< of the model
+    };
+
+    void show_field(Field& field);
 
     std::shared_ptr<Inspector> inspector_;
-    HWND head_, body_;
-    host::Text shown_;
+    HWND head_ = nullptr;
+    std::vector<Field> fields_;  ///< the text last
+    std::int64_t version_ = -1;
+    bool showing_ = false;
 };
 
 }  // namespace desk

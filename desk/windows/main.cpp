@@ -13,6 +13,7 @@
 #include "desk/windows/desk_windows.h"
 #include "desk/windows/main_loop.h"
 #include "desk/windows/message_watch.h"
+#include "desk/windows/status_watch.h"
 #include "windows/com/class_factory.h"
 #include "windows/com/failure.h"
 
@@ -23,7 +24,7 @@ using host::TextView;
 using windows::ComPtr;
 
 constexpr host::Guid application_class =
-    host::guid("{0006F03A-0000-0000-C000-000000000046}");           // Outlook.Application
+    host::guid("{0006F03A-0000-0000-C000-000000000046}");  // Outlook.Application
 constexpr host::Guid cdo_session_class =
     host::guid("{3FA7DEB3-6438-101B-ACC1-00AA00423326}");           // MAPI.Session
 constexpr DWORD longest_wait_for_database = 15000, wait_step = 50;  // milliseconds
@@ -81,8 +82,8 @@ class ServedClass {
         factory_ = windows::ClassFactory::create(module, [apartment, make = std::move(make)] {
             return ComPtr<IUnknown>(apartment->bridge(make()).get());
         });
-        windows::check(CoRegisterClassObject(windows::to_guid(class_id), factory_.get(),
-                                             CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
+        windows::check(CoRegisterClassObject(windows::to_guid(class_id), factory_.get(), CLSCTX_LOCAL_SERVER,
+                                             REGCLS_MULTIPLEUSE, &cookie_));
     }
     ~ServedClass() { revoke(); }
     ServedClass(const ServedClass&) = delete;
@@ -106,6 +107,7 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     desk::Desk desk(surroundings, open_store(settings.database), settings.options);
     desk::MainLoop loop;
     desk::MessageWatch messages(desk);
+    const desk::StatusWatch status(desk);
     desk::DeskWindows desk_windows(desk);
     desk::AddInLoader add_ins(desk, apartment, [&log](TextView text) { log.line(text); });
 
@@ -113,6 +115,7 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     surroundings.hooks.pump = [&loop](std::int32_t time) {
         loop.pump(static_cast<DWORD>(std::max(time, 0)));
     };
+    surroundings.hooks.post = [&loop](std::function<void()> action) { loop.post(std::move(action)); };
     surroundings.hooks.changed = [&loop] { loop.change(); };
     surroundings.hooks.connect_add_in = [&add_ins](TextView name, bool connect) {
         add_ins.connect(name, connect);

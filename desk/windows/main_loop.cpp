@@ -42,9 +42,21 @@ void MainLoop::post(UINT message, bool& posted) {
     PostMessageW(window_, message, 0, 0);
 }
 
+void MainLoop::post(std::function<void()> action) {
+    actions_.push_back(std::move(action));
+    PostMessageW(window_, action_message, 0, 0);
+}
+
+void MainLoop::run_next_action() {
+    if (actions_.empty()) return;
+    const std::function<void()> next = std::move(actions_.front());
+    actions_.pop_front();
+    run_guarded(next);
+}
+
 LRESULT CALLBACK MainLoop::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     auto* const loop = reinterpret_cast<MainLoop*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (loop && (message == WM_TIMER || message == wake_message || message == change_message)) {
+    if (loop && (message == WM_TIMER || (message >= wake_message && message <= action_message))) {
         loop->handle(message, first);
         return 0;
     }
@@ -58,6 +70,8 @@ void MainLoop::handle(UINT message, WPARAM timer) {
     } else if (message == change_message) {
         change_posted_ = false;
         run_guarded(on_change);
+    } else if (message == action_message) {
+        run_next_action();
     } else if (timer == tick_timer) {
         run_guarded(on_tick);
     } else {

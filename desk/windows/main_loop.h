@@ -1,6 +1,7 @@
 // The desk's message loop, and the hidden window through which it is woken.
 #pragma once
 
+#include <deque>
 #include <functional>
 
 #include "windows/com/platform.h"
@@ -24,6 +25,9 @@ class MainLoop {
     void wake() { post(wake_message, wake_posted_); }
     void change() { post(change_message, change_posted_); }
 
+    /// Each action has a turn of its own, in the order in which they came.
+    void post(std::function<void()> action);
+
     /// The desk ends a moment later, when the answer to whoever asked for it is through.
     void ask_to_quit();
 
@@ -32,14 +36,16 @@ class MainLoop {
     void end() { PostQuitMessage(0); }
 
   private:
-    static constexpr UINT wake_message = WM_APP + 1, change_message = WM_APP + 2;
+    static constexpr UINT wake_message = WM_APP + 1, change_message = WM_APP + 2, action_message = WM_APP + 3;
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     void handle(UINT message, WPARAM timer);
     void post(UINT message, bool& posted);
+    void run_next_action();
 
     HWND window_ = nullptr;
     bool wake_posted_ = false, change_posted_ = false;
+    std::deque<std::function<void()>> actions_;
 };
 
 }  // namespace desk

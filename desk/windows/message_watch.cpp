@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "desk/windows/common_controls.h"
 #include "windows/com/com_ptr.h"
+#include "windows/forms/common_controls.h"
 
 namespace desk {
 

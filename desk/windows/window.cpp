@@ -1,5 +1,7 @@
 #include "desk/windows/window.h"
 
+#include <windowsx.h>
+
 #include "host/failure.h"
 
 namespace desk {
@@ -18,7 +20,7 @@ void register_class(const wchar_t* name, WNDPROC procedure) {
 
 }  // namespace
 
-DeskWindow::DeskWindow(const wchar_t* class_name, const host::Text& caption, RECT place) {
+DeskWindow::DeskWindow(const wchar_t* class_name, const host::Text& caption, RECT place) : caption_(caption) {
     register_class(class_name, procedure);
     window_ = CreateWindowExW(0, class_name, windows::wide(caption), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                               place.left, place.top, place.right - place.left, place.bottom - place.top,
@@ -30,6 +32,12 @@ DeskWindow::DeskWindow(const wchar_t* class_name, const host::Text& caption, REC
 DeskWindow::~DeskWindow() {
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
     DestroyWindow(window_);
+}
+
+void DeskWindow::caption(const host::Text& text) {
+    if (text == caption_) return;
+    caption_ = text;
+    SetWindowTextW(window_, windows::wide(text));
 }
 
 HWND DeskWindow::add_control(const wchar_t* class_name, DWORD style, DWORD extended_style, int id,
@@ -58,6 +66,15 @@ LRESULT DeskWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case WM_CLOSE:
             on_close();
+            return 0;
+        case WM_COMMAND:
+            on_command(LOWORD(first), HIWORD(first));
+            return 0;
+        case WM_ACTIVATE:
+            if (LOWORD(first) != WA_INACTIVE) on_activate();
+            return DefWindowProcW(window_, message, first, second);
+        case WM_CONTEXTMENU:
+            on_context_menu(reinterpret_cast<HWND>(first), {GET_X_LPARAM(second), GET_Y_LPARAM(second)});
             return 0;
         case WM_NOTIFY:
             return on_notify(*reinterpret_cast<NMHDR*>(second));

@@ -1,9 +1,9 @@
 // A top-level window of the desk's own: the system's handle and its messages as members of a class.
 #pragma once
 
-#include "desk/windows/common_controls.h"
 #include "host/text.h"
 #include "windows/com/com_ptr.h"
+#include "windows/forms/common_controls.h"
 
 namespace desk {
 
@@ -17,8 +17,7 @@ class DeskWindow {
     virtual ~DeskWindow();
 
     HWND handle() const { return window_; }
-    void show() const { ShowWindow(window_, SW_SHOW); }
-    void caption(const host::Text& text) const { SetWindowTextW(window_, windows::wide(text)); }
+    void caption(const host::Text& text);
 
     /// A control in the window, in the system's font.
     HWND add_control(const wchar_t* class_name, DWORD style, DWORD extended_style, int id,
@@ -27,12 +26,17 @@ class DeskWindow {
     virtual void on_size(int width, int height) = 0;
     virtual void on_close() = 0;
     virtual LRESULT on_notify(NMHDR&) { return 0; }
+    virtual void on_command(int /*command*/, int /*code*/) {}
+    virtual void on_activate() {}
+    /// A right click or the menu key, in a control of the window; the place is the screen's, or -1, -1.
+    virtual void on_context_menu(HWND /*control*/, POINT /*place*/) {}
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT handle_message(UINT message, WPARAM first, LPARAM second);
 
     HWND window_ = nullptr;
+    host::Text caption_;
 };
 
 }  // namespace desk

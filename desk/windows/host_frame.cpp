@@ -1,0 +1,89 @@
+#include "desk/windows/host_frame.h"
+
+#include "desk/model/desk.h"
+
+namespace desk {
+namespace {
+
+constexpr int close_command = 900;
+
+/// Destroyed by the system with its window.
+HMENU make_menu() {
+    const HMENU menu = CreateMenu(), file = CreatePopupMenu();
+    AppendMenuW(file, MF_STRING, close_command, L"&Close\tAlt+F4");
+    AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"&File");
+    return menu;
+}
+
+}  // namespace
+
+HostFrame::HostFrame(FrameContext& context, const wchar_t* class_name, HostWindow& window)
+    : DeskWindow(class_name, window.caption(),
+                 {window.left, window.top, window.left + window.width, window.top + window.height}),
+      context_(context),
+      window_(window),
+      bars_(handle(), window.bars(), context.faces),
+      times_brought_up_(window.times_brought_up()) {
+    SetMenu(handle(), make_menu());
+}
+
+void HostFrame::open() {
+    bars_.follow();
+    RECT client{};
+    GetClientRect(handle(), &client);
+    on_size(client.right, client.bottom);
+    const auto& order = context_.desk.window_order;
+    ShowWindow(handle(), !order.empty() && order.back() == &window_ ? SW_SHOW : SW_SHOWNA);
+}
+
+void HostFrame::refresh() {
+    caption(window_.caption());
+    if (bars_.follow()) {
+        RECT client{};
+        GetClientRect(handle(), &client);
+        on_size(client.right, client.bottom);
+    }
+    show_contents();
+    if (times_brought_up_ != window_.times_brought_up()) {
+        times_brought_up_ = window_.times_brought_up();
+        SetForegroundWindow(handle());
+    }
+}
+
+void HostFrame::on_size(int width, int height) {
+    const int top = bars_.place(width);
+    lay_out(top, width, height);
+}
+
+void HostFrame::later(void (HostWindow::*what)()) {
+    context_.desk.surroundings().post([held = window_.held(), window = &window_, what] {
+        if (window->is_open()) (window->*what)();
+    });
+}
+
+void HostFrame::on_close() { later(&HostWindow::close_by_user); }
+
+void HostFrame::on_activate() {
+    if (context_.following) return;
+    const auto& order = context_.desk.window_order;
+    if (order.empty() || order.back() != &window_) later(&HostWindow::activate);
+}
+
+void HostFrame::on_command(int command, int code) {
+    if (command == close_command) return on_close();
+    if (const auto control = bars_.control(command)) {
+        // not here: the click may lead to the end of the toolbar, which still has work to do with it
+        context_.desk.surroundings().post([control] {
+            if (control->is_there()) control->press();
+        });
+        return;
+    }
+    on_own_command(command, code);
+}
+
+LRESULT HostFrame::on_notify(NMHDR& notice) {
+    if (notice.code == TTN_GETDISPINFOW) bars_.tell_tip(reinterpret_cast<NMTTDISPINFOW&>(notice));
+    return 0;
+}
+
+}  // namespace desk

@@ -1,0 +1,51 @@
+// What the windows of explorers and inspectors have in common: command bars, a menu, and that they follow a
+// window of the model.
+#pragma once
+
+#include <memory>
+
+#include "desk/model/host_window.h"
+#include "desk/windows/bar_strip.h"
+#include "desk/windows/window.h"
+
+namespace desk {
+
+/// What all these windows share.
+struct FrameContext {
+    Desk& desk;
+    Faces faces;
+    bool following = false;  ///< the windows are brought in line with the model: no person has done it
+};
+
+class HostFrame : public DeskWindow {
+  public:
+    /// Shows what the model holds now; cheap if nothing has changed.
+    void refresh();
+
+  protected:
+    HostFrame(FrameContext& context, const wchar_t* class_name, HostWindow& window);
+
+    FrameContext& context() const { return context_; }
+    void open();  ///< at the end of the making
+    virtual void show_contents() = 0;
+    virtual void lay_out(int top, int width, int height) = 0;
+    virtual void on_own_command(int, int) {}  ///< its number, and the code of a notification
+
+    LRESULT on_notify(NMHDR& notice) override;
+
+  private:
+    void on_size(int width, int height) final;
+    void on_close() final;
+    void on_activate() final;
+    void on_command(int command, int code) final;
+
+    /// Has the model told of something at the next turn, if its window is still there.
+    void later(void (HostWindow::*what)());
+
+    FrameContext& context_;
+    HostWindow& window_;
+    BarStrip bars_;
+    std::int32_t times_brought_up_;
+};
+
+}  // namespace desk
