@@ -24,19 +24,21 @@ struct Picture {
     std::vector<BYTE> pixels;  ///< rows from the top, blue, green, red, unused
 };
 
-struct ScreenContext {
-    HDC handle = GetDC(nullptr);
-    ScreenContext() = default;
-    ScreenContext(const ScreenContext&) = delete;
-    ScreenContext& operator=(const ScreenContext&) = delete;
-    ~ScreenContext() { ReleaseDC(nullptr, handle); }
+struct WindowContext {
+    HWND window;
+    HDC handle;
+    explicit WindowContext(HWND of) : window(of), handle(GetDC(of)) {}
+    WindowContext(const WindowContext&) = delete;
+    WindowContext& operator=(const WindowContext&) = delete;
+    ~WindowContext() { ReleaseDC(window, handle); }
 };
 
-Picture take_picture() {
+/// What a window shows, or the screen for null.
+Picture take_picture(HWND window, int width, int height) {
     Picture picture;
-    picture.width = static_cast<UINT>(GetSystemMetrics(SM_CXSCREEN));
-    picture.height = static_cast<UINT>(GetSystemMetrics(SM_CYSCREEN));
-    const ScreenContext screen;
+    picture.width = static_cast<UINT>(width);
+    picture.height = static_cast<UINT>(height);
+    const WindowContext screen(window);
     const std::unique_ptr<std::remove_pointer_t<HDC>, decltype(&DeleteDC)> memory(
         CreateCompatibleDC(screen.handle), &DeleteDC);
     BITMAPINFO info{};
@@ -51,7 +53,6 @@ Picture take_picture() {
         CreateDIBSection(memory.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0), &DeleteObject);
     if (!bitmap) throw Failure(host::result::fail, u"There is no memory for a picture of the screen.");
     const HGDIOBJ former = SelectObject(memory.get(), bitmap.get());
-    const int width = static_cast<int>(picture.width), height = static_cast<int>(picture.height);
     const BOOL copied = BitBlt(memory.get(), 0, 0, width, height, screen.handle, 0, 0, SRCCOPY);
     GdiFlush();
     const auto* const first = static_cast<const BYTE*>(bits);
@@ -61,10 +62,7 @@ Picture take_picture() {
     return picture;
 }
 
-}  // namespace
-
-void save_screen_picture(const Text& path) {
-    Picture picture = take_picture();
+void save(Picture picture, const Text& path) {
     ComPtr<IWICImagingFactory> factory;
     check(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
                            factory.put_void()));
@@ -85,6 +83,18 @@ void save_screen_picture(const Text& path) {
                              picture.pixels.data()));
     check(frame->Commit());
     check(encoder->Commit());
+}
+
+}  // namespace
+
+void save_screen_picture(const Text& path) {
+    save(take_picture(nullptr, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)), path);
+}
+
+void save_window_picture(HWND window, const Text& path) {
+    RECT client{};
+    GetClientRect(window, &client);
+    save(take_picture(window, static_cast<int>(client.right), static_cast<int>(client.bottom)), path);
 }
 
 }  // namespace desk

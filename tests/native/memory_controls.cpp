@@ -76,6 +76,16 @@ void MemoryControl::text(TextView text) {
     window_.engine_.on_text(window_, *this);
 }
 
+void MemoryControl::visible(bool visible) {
+    visible_ = visible;
+    window_.check_focus();
+}
+
+void MemoryControl::enabled(bool enabled) {
+    enabled_ = enabled;
+    window_.check_focus();
+}
+
 void MemoryControl::selected(bool selected) {
     if (selected && row_.kind == ControlKind::option_button) window_.select_option(*this);
     selected_ = selected;

@@ -116,9 +116,9 @@ class MemoryControl final : public addin::forms::Control {
     host::Text text() const override;
     void text(host::TextView text) override;
     bool visible() const override { return visible_; }
-    void visible(bool visible) override { visible_ = visible; }
+    void visible(bool visible) override;
     bool enabled() const override { return enabled_; }
-    void enabled(bool enabled) override { enabled_ = enabled; }
+    void enabled(bool enabled) override;
     bool selected() const override { return selected_; }
     void selected(bool selected) override;
     void place(const addin::forms::Place& place) override { place_ = place; }

@@ -170,6 +170,12 @@ void MemoryWindow::become_active() {
 
 void MemoryWindow::focus(MemoryControl& control) { focused_ = &control; }
 
+void MemoryWindow::check_focus() {
+    if (!active() || !focused_ || focused_->usable()) return;
+    focused_ = nullptr;
+    focus_on_default();
+}
+
 void MemoryWindow::focus_on_default() {
     MemoryControl* const wanted = find(table_.first_focus);
     if (wanted && wanted->takes_focus() && wanted->usable()) {

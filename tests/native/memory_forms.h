@@ -71,6 +71,7 @@ class MemoryWindow final : public addin::forms::View {
     void become_active();
     void focus(MemoryControl& control);
     void focus_on_default();
+    void check_focus();  ///< whether the control that has it can keep it
     void select_option(const MemoryControl& option);
     bool press(host::TextView button);  ///< the window's default or cancel button, if it can be pressed
     void press_key(int code);

@@ -81,7 +81,8 @@ int MemoryList::add(TextView text) {
     row.texts.at(0) = text;
     auto place = rows_.end();
     if (sorted_) {
-        place = std::ranges::find_if(rows_, [&](const Row& other) { return compare(other, row) > 0; });
+        place = std::ranges::upper_bound(
+            rows_, row, [this](const Row& left, const Row& right) { return compare(left, right) < 0; });
     }
     const auto added = rows_.insert(place, std::move(row));
     return static_cast<int>(added - rows_.begin());

@@ -19,11 +19,12 @@ constexpr COLORREF background = RGB(0xC0, 0xC0, 0xC0);
 
 constexpr double points_per_inch = 72;
 
-/// Faces that come as bitmaps of a few sizes only, and the like ones that are drawn at any size.
+/// Faces that come as bitmaps of a few sizes only, and the like ones of the same width that are drawn at any
+/// size.
 struct FaceRow {
     host::TextView bitmap, scalable;
 };
-constexpr FaceRow scalable_faces[] = {{u"MS Sans Serif", u"Microsoft Sans Serif"}};
+constexpr FaceRow scalable_faces[] = {{u"MS Sans Serif", u"Tahoma"}};
 
 host::TextView scalable(host::TextView face) {
     const auto found = std::ranges::find(scalable_faces, face, &FaceRow::bitmap);

@@ -13,10 +13,7 @@ bool goes_down(UINT message) { return message == WM_KEYDOWN || message == WM_SYS
 
 /// Enter and Escape are no dialog keys here: they press a button if the table names one, and else come to the
 /// control as characters.
-bool is_own_key(const MSG& message) {
-    return (goes_down(message.message) || message.message == WM_CHAR) &&
-           (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE);
-}
+bool is_own_key(const MSG& message) { return message.wParam == VK_RETURN || message.wParam == VK_ESCAPE; }
 
 void pass_on(MSG& message) {
     TranslateMessage(&message);
@@ -54,7 +51,10 @@ void FormWindow::dispatch_key(MSG message) {
         if (!visible()) return;
         frame->key_told = true;
     }
-    if (is_own_key(message) || !IsDialogMessageW(frame->window, &message)) pass_on(message);
+    // Characters are kept from the dialog's search for underlined letters: no caption has one on purpose, but
+    // a company may be called "Smith & Sons".
+    const bool for_dialog = goes_down(message.message) && !is_own_key(message);
+    if (!for_dialog || !IsDialogMessageW(frame->window, &message)) pass_on(message);
     frame->key_told = false;
 }
 

@@ -85,6 +85,7 @@ void FormWindow::end() {
     const bool was_modal = frame->modal.has_value();
     frame->modal.reset();
     controls_.clear();
+    if (tool_tips_) DestroyWindow(tool_tips_);
     if (frame->running == 0) {
         DestroyWindow(frame->window);
     } else {
@@ -127,8 +128,10 @@ void FormWindow::make_tool_tips() {
     const bool wanted =
         std::ranges::any_of(table_.controls, [](const ControlRow& row) { return !row.tool_tip.empty(); });
     if (!wanted) return;
+    // It is not owned by the window: there are systems on which a window that owns another one can't be made
+    // topmost any more.
     tool_tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, L"", WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
-                                 0, 0, 0, 0, handle(), nullptr, own_module(), nullptr);
+                                 0, 0, 0, 0, nullptr, nullptr, own_module(), nullptr);
     SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, to_pixels(widest_tool_tip));
     for (const auto& control : controls_) {
         if (control->row().tool_tip.empty() || !control->handle()) continue;

@@ -1,0 +1,576 @@
+// What the logic of a window sees, whatever the window is made of.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "host/failure.h"
+#include "tests/forms/gallery.h"
+#include "tests/forms/stage.h"
+
+namespace forms_test {
+namespace {
+
+using addin::forms::Control;
+using addin::forms::FormTable;
+using addin::forms::List;
+using host::Text;
+using host::TextView;
+using testing::AllOf;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+namespace header = addin::forms::header;
+
+std::vector<std::string> names(List& list, int column = 0) {
+    std::vector<std::string> texts;
+    for (int row = 0; row < list.count(); ++row) texts.push_back(host::to_utf8(list.text(row, column)));
+    return texts;
+}
+
+struct FormsTest : testing::Test {
+    std::unique_ptr<Stage> stage = make_stage();
+
+    std::shared_ptr<Noted> shown(const FormTable& table) {
+        auto form = std::make_shared<Noted>(stage->engine(), table);
+        form->show();
+        form->told.clear();
+        return form;
+    }
+    std::shared_ptr<Noted> form = shown(gallery);
+
+    static Spot in_gallery(TextView name) { return {gallery_caption, name}; }
+    static Spot in_keys(TextView name) { return {with_keys_caption, name}; }
+    List& list() { return form->control(u"list").list(); }
+
+    /// What the person's deeds have raised, without the activations that come of looking elsewhere.
+    static std::vector<std::string> deeds(const std::shared_ptr<Noted>& of) {
+        std::vector<std::string> told = of->told;
+        std::erase_if(told, [](const std::string& event) { return event == "activate" || event == "focus"; });
+        return told;
+    }
+};
+
+TEST_F(FormsTest, WindowIsLoadedOnFirstUseAndUnloadedAtItsClose) {
+    const auto other = std::make_shared<Noted>(stage->engine(), with_keys);
+    EXPECT_FALSE(stage->there(with_keys_caption));
+    other->show();
+    EXPECT_THAT(other->told, ElementsAre("load", "activate", "focus"));
+    ASSERT_TRUE(stage->close(with_keys_caption));
+    EXPECT_FALSE(stage->there(with_keys_caption));
+    EXPECT_FALSE(other->loaded());
+    EXPECT_THAT(deeds(other), ElementsAre("load", "close", "unload"));
+}
+
+TEST_F(FormsTest, WindowEndsWithItsOwner) {
+    EXPECT_TRUE(stage->there(gallery_caption));
+    form.reset();
+    EXPECT_FALSE(stage->there(gallery_caption));
+}
+
+TEST_F(FormsTest, CaptionMayChange) {
+    form->view().caption(u"Copying");
+    EXPECT_EQ(form->view().caption(), u"Copying");
+    EXPECT_TRUE(stage->there(u"Copying"));
+}
+
+TEST_F(FormsTest, ControlsStartAsTheTableTells) {
+    EXPECT_EQ(form->control(u"label").text(), u"Words & more:");
+    EXPECT_EQ(form->control(u"words").text(), u"old");
+    EXPECT_TRUE(form->control(u"left").selected());
+    EXPECT_FALSE(form->control(u"right").selected());
+    EXPECT_FALSE(form->control(u"hidden").visible());
+    EXPECT_FALSE(form->control(u"disabled").enabled());
+    EXPECT_EQ(form->control(u"free").choice().count(), 3);
+    EXPECT_EQ(list().columns(), 3);
+    EXPECT_EQ(list().heading(1), u"City");
+    EXPECT_EQ(list().width(2), 0);
+}
+
+TEST_F(FormsTest, UnknownControlRowOrColumnIsAFailure) {
+    EXPECT_THROW(form->control(u"nobody"), host::Failure);
+    EXPECT_THROW(form->control(u"label").list(), host::Failure);
+    EXPECT_THROW(form->control(u"label").choice(), host::Failure);
+    EXPECT_THROW(list().text(0, 0), host::Failure);
+    EXPECT_THROW(list().select(0), host::Failure);
+    EXPECT_THROW(list().heading(3), host::Failure);
+    EXPECT_THROW(form->control(u"free").choice().entry(3), host::Failure);
+}
+
+TEST_F(FormsTest, ClickReachesTheLogic) {
+    EXPECT_TRUE(stage->click(in_gallery(u"go")));
+    EXPECT_TRUE(stage->click(in_gallery(u"link")));
+    EXPECT_TRUE(stage->click(in_gallery(u"plus")));
+    EXPECT_THAT(deeds(form), ElementsAre("click go", "click link", "click plus"));
+}
+
+TEST_F(FormsTest, DisabledOrHiddenControlTakesNoClick) {
+    form->control(u"go").enabled(false);
+    EXPECT_FALSE(stage->click(in_gallery(u"go")));
+    form->control(u"go").enabled(true);
+    form->control(u"go").visible(false);
+    EXPECT_FALSE(stage->click(in_gallery(u"go")));
+    form->control(u"frame").visible(false);
+    EXPECT_FALSE(stage->click(in_gallery(u"right"))) << "it goes with its frame";
+    EXPECT_TRUE(form->control(u"right").visible()) << "it is not hidden for itself";
+    form->hide();
+    EXPECT_FALSE(stage->click(in_gallery(u"check")));
+    EXPECT_THAT(deeds(form), ElementsAre());
+}
+
+TEST_F(FormsTest, OptionsOfAFrameExcludeEachOther) {
+    EXPECT_TRUE(stage->click(in_gallery(u"right")));
+    EXPECT_FALSE(form->control(u"left").selected());
+    EXPECT_TRUE(form->control(u"right").selected());
+    EXPECT_TRUE(form->control(u"alone").selected()) << "it stands outside";
+    EXPECT_TRUE(stage->click(in_gallery(u"right")));
+    EXPECT_THAT(deeds(form), ElementsAre("click right")) << "the selected one stays so and tells nothing";
+    form->control(u"left").selected(true);
+    EXPECT_FALSE(form->control(u"right").selected());
+    EXPECT_TRUE(stage->click(in_gallery(u"right")));
+    EXPECT_THAT(deeds(form), ElementsAre("click right", "click right"));
+}
+
+TEST_F(FormsTest, CheckBoxTurnsOver) {
+    EXPECT_TRUE(stage->click(in_gallery(u"check")));
+    EXPECT_TRUE(form->control(u"check").selected());
+    EXPECT_TRUE(stage->click(in_gallery(u"check")));
+    EXPECT_FALSE(form->control(u"check").selected());
+    EXPECT_THAT(deeds(form), ElementsAre("click check", "click check"));
+}
+
+TEST_F(FormsTest, TypedTextIsAChangeAndSetTextIsNone) {
+    EXPECT_TRUE(stage->type(in_gallery(u"words"), u"new"));
+    EXPECT_EQ(form->control(u"words").text(), u"new");
+    form->control(u"words").text(u"newer \u00e9\u4e2d");
+    EXPECT_EQ(form->control(u"words").text(), u"newer \u00e9\u4e2d");
+    EXPECT_THAT(deeds(form), ElementsAre("change words"));
+}
+
+TEST_F(FormsTest, KeyGoesToTheWindowAndItsCharacterToTheTextBox) {
+    form->control(u"words").text(u"");
+    EXPECT_TRUE(stage->key(in_gallery(u"words"), 'S'));
+    EXPECT_TRUE(stage->key(in_gallery(u"words"), 13));
+    EXPECT_EQ(form->control(u"words").text(), u"s");
+    EXPECT_TRUE(stage->key(in_gallery(u"list"), 'S'));
+    EXPECT_THAT(deeds(form), ElementsAre("key 83", "press words 115", "change words", "key 13",
+                                         "press words 13", "key 83"));
+}
+
+TEST_F(FormsTest, EnterAndEscapePressTheNamedButtons) {
+    const auto other = shown(with_keys);
+    EXPECT_EQ(stage->focused(with_keys_caption), u"words");
+    EXPECT_TRUE(stage->key({with_keys_caption, {}}, 13));
+    EXPECT_TRUE(stage->key({with_keys_caption, {}}, 27));
+    EXPECT_THAT(deeds(other), ElementsAre("key 13", "click go", "key 27", "click stop"));
+    other->told.clear();
+    other->control(u"go").enabled(false);
+    EXPECT_TRUE(stage->key({with_keys_caption, {}}, 13));
+    EXPECT_THAT(deeds(other), ElementsAre("key 13", "press words 13"));
+}
+
+TEST_F(FormsTest, EnterPressesTheButtonThatHasTheFocus) {
+    const auto other = shown(with_keys);
+    EXPECT_TRUE(stage->key(in_keys(u"stop"), 13));
+    EXPECT_THAT(deeds(other), ElementsAre("key 13", "click stop"));
+}
+
+TEST_F(FormsTest, TabFollowsTheTable) {
+    EXPECT_EQ(stage->focused(gallery_caption), u"words");
+    form->control(u"go").enabled(false);
+    for (const TextView next : {u"stop", u"check", u"left"}) {
+        EXPECT_TRUE(stage->key(in_gallery({}), 9));
+        EXPECT_EQ(stage->focused(gallery_caption), next);
+    }
+    EXPECT_THAT(deeds(form), ElementsAre("key 9", "key 9", "key 9"));
+}
+
+TEST_F(FormsTest, DropDownListTakesOnlyItsEntries) {
+    Control& strict = form->control(u"strict");
+    EXPECT_EQ(strict.text(), u"");
+    strict.text(u"Something");
+    EXPECT_EQ(strict.text(), u"");
+    strict.text(u"opportunities");
+    EXPECT_EQ(strict.text(), u"Opportunities");
+    EXPECT_EQ(strict.choice().chosen(), 1);
+    EXPECT_FALSE(stage->type(in_gallery(u"strict"), u"Notes"));
+    strict.choice().clear();
+    EXPECT_EQ(strict.text(), u"");
+    EXPECT_EQ(strict.choice().count(), 0);
+}
+
+TEST_F(FormsTest, ComboBoxTakesAnyText) {
+    Control& free = form->control(u"free");
+    EXPECT_EQ(free.text(), u"Choose");
+    EXPECT_EQ(free.choice().chosen(), -1);
+    EXPECT_TRUE(stage->type(in_gallery(u"free"), u"Mine"));
+    EXPECT_EQ(free.text(), u"Mine");
+    free.choice().choose(2);
+    EXPECT_EQ(free.text(), u"My Calendar");
+    free.choice().clear();
+    free.text(u"E-mail");
+    free.choice().add(u"Letter");
+    EXPECT_EQ(free.text(), u"E-mail");
+    EXPECT_EQ(free.choice().entry(0), u"Letter");
+    EXPECT_THAT(deeds(form), ElementsAre());
+}
+
+TEST_F(FormsTest, ChoosingTheSameEntryAgainIsAClick) {
+    std::vector<Text> seen;
+    form->at = [&](const std::string& event) {
+        if (event.starts_with("click")) seen.push_back(form->control(u"free").text());
+    };
+    EXPECT_TRUE(stage->choose(in_gallery(u"free"), 1));
+    EXPECT_TRUE(stage->choose(in_gallery(u"free"), 1));
+    EXPECT_TRUE(stage->choose(in_gallery(u"free"), 0));
+    EXPECT_FALSE(stage->choose(in_gallery(u"free"), 3));
+    EXPECT_THAT(deeds(form), ElementsAre("click free", "click free", "click free"));
+    EXPECT_THAT(seen, ElementsAre(u"Opportunities", u"Opportunities", u"Notes"))
+        << "the text is there when the event comes";
+    EXPECT_TRUE(stage->choose(in_gallery(u"strict"), 2));
+    EXPECT_EQ(form->control(u"strict").text(), u"My Calendar");
+}
+
+TEST_F(FormsTest, SortedListKeepsItsOrderWithoutRegardToCase) {
+    for (const TextView name : {u"banana", u"Cherry", u"apple"}) list().add(name);
+    list().select(1);
+    list().sort_order(0);
+    list().sort_key(0);
+    EXPECT_THAT(names(list()), ElementsAre("banana", "Cherry", "apple"));
+    list().sorted(true);
+    EXPECT_THAT(names(list()), ElementsAre("apple", "banana", "Cherry"));
+    EXPECT_EQ(list().selected(), 2) << "the row stays selected, wherever it goes";
+    EXPECT_EQ(list().add(u"Blueberry"), 2);
+    list().sort_order(1);
+    EXPECT_EQ(list().sort_order(), 1);
+    EXPECT_THAT(names(list()), ElementsAre("Cherry", "Blueberry", "banana", "apple"));
+    list().sorted(false);
+    EXPECT_EQ(list().add(u"zucchini"), 4);
+}
+
+TEST_F(FormsTest, ListSortsByAnyColumn) {
+    for (const TextView city : {u"Ulm", u"Bonn", u"Aachen"}) list().text(list().add(u"x"), 1, city);
+    list().sort_key(1);
+    list().sorted(true);
+    EXPECT_THAT(names(list(), 1), ElementsAre("Aachen", "Bonn", "Ulm"));
+    EXPECT_EQ(list().add(u"y"), 0) << "its city is empty as yet";
+}
+
+TEST_F(FormsTest, SortByComparisonMayLookAtTheListAndNeverAnswerLess) {
+    for (const TextView name : {u"3", u"1", u"2", u"5", u"4"}) list().text(list().add(u"row"), 1, name);
+    list().sort_rows([&](std::intptr_t first, std::intptr_t second) {
+        const Text left = list().text(list().find(first), 1), right = list().text(list().find(second), 1);
+        return left < right ? 0 : left == right ? 1 : 2;
+    });
+    EXPECT_THAT(names(list(), 1), ElementsAre("1", "2", "3", "4", "5"));
+    EXPECT_EQ(list().find(4711), -1);
+}
+
+TEST_F(FormsTest, FailureOfAComparisonTravelsToTheLogic) {
+    for (const TextView name : {u"3", u"1", u"2"}) list().add(name);
+    EXPECT_THROW(list().sort_rows([](std::intptr_t, std::intptr_t) -> int {
+        throw host::Failure(host::result::type_mismatch);
+    }),
+                 host::Failure);
+    EXPECT_EQ(list().count(), 3);
+}
+
+TEST_F(FormsTest, ListKeepsLongTextsAndManyRows) {
+    const Text long_text(1000, u'w');
+    EXPECT_EQ(list().add(long_text), 0);
+    list().text(0, 1, long_text);
+    EXPECT_EQ(list().text(0, 0), long_text);
+    EXPECT_EQ(list().text(0, 1), long_text);
+    list().sorted(true);
+    for (int row = 0; row < 300; ++row) list().add(host::to_text((row * 7919) % 1000));
+    std::vector<std::string> sorted = names(list());
+    EXPECT_TRUE(std::ranges::is_sorted(sorted));
+    list().clear();
+    EXPECT_EQ(list().count(), 0);
+    EXPECT_EQ(list().selected(), -1);
+}
+
+TEST_F(FormsTest, HeadingsHaveTheirMarks) {
+    list().header_item(1, {.mask = header::format | header::image,
+                           .format = header::string | header::image_on_right | header::with_image,
+                           .image = 1});
+    EXPECT_EQ(stage->mark(in_gallery(u"list"), 0), -1);
+    EXPECT_EQ(stage->mark(in_gallery(u"list"), 1), 1);
+    EXPECT_EQ(list().heading(1), u"City");
+    list().header_item(1, {.mask = header::format, .format = header::string});
+    EXPECT_EQ(stage->mark(in_gallery(u"list"), 1), -1);
+    list().heading(1, u"Town");
+    EXPECT_EQ(list().heading(1), u"Town");
+    list().header_item(0, {.mask = header::text | header::format, .format = header::string, .text = u"Who"});
+    EXPECT_EQ(list().heading(0), u"Who");
+}
+
+TEST_F(FormsTest, WidthsAreWholePixels) {
+    list().width(0, 4586);
+    EXPECT_EQ(list().width(0), 4590) << "306 pixels";
+    stage->dots_per_inch(192);
+    const auto sharp = shown(with_keys);
+    EXPECT_EQ(sharp->view().dots_per_inch(), 192);
+    sharp->control(u"list").list().width(0, 4586);
+    EXPECT_EQ(sharp->control(u"list").list().width(0), 4582) << "611 pixels";
+}
+
+TEST_F(FormsTest, ListTellsWhatItsUserDoes) {
+    list().add(u"one");
+    list().add(u"two");
+    EXPECT_EQ(list().selected(), -1);
+    EXPECT_TRUE(stage->select(in_gallery(u"list"), 1));
+    EXPECT_EQ(list().selected(), 1);
+    EXPECT_TRUE(stage->double_click(in_gallery(u"list"), 0));
+    EXPECT_EQ(list().selected(), 0);
+    EXPECT_FALSE(stage->double_click(in_gallery(u"list"), 2));
+    EXPECT_TRUE(stage->column_click(in_gallery(u"list"), 1));
+    EXPECT_FALSE(stage->column_click(in_gallery(u"list"), 2)) << "it has no width";
+    EXPECT_THAT(deeds(form), ElementsAre("double list", "column list 1"));
+    list().clear();
+    EXPECT_EQ(list().selected(), -1);
+    EXPECT_TRUE(stage->double_click(in_gallery(u"list"), -1)) << "an empty list can be clicked, too";
+    EXPECT_THAT(deeds(form), ElementsAre("double list", "column list 1", "double list"));
+}
+
+TEST_F(FormsTest, SelectedRowMovesWithTheLogic) {
+    for (const TextView name : {u"one", u"two", u"three"}) list().add(name);
+    list().select(0);
+    list().select(2);
+    EXPECT_EQ(list().selected(), 2);
+    list().select(-1);
+    EXPECT_EQ(list().selected(), -1);
+}
+
+TEST_F(FormsTest, DropsAreTakenOnlyWhereTheyAreWanted) {
+    list().add(u"one");
+    list().add(u"two");
+    EXPECT_FALSE(stage->drop(in_gallery(u"list"), 1));
+    list().takes_drops(true);
+    EXPECT_TRUE(stage->drop(in_gallery(u"list"), 1));
+    EXPECT_TRUE(stage->drop(in_gallery(u"list"), -1));
+    list().takes_drops(false);
+    EXPECT_FALSE(stage->drop(in_gallery(u"list"), 1));
+    EXPECT_THAT(deeds(form), ElementsAre("drop list at row 1", "drop list at row -1"));
+}
+
+TEST_F(FormsTest, OnlySizableWindowsAreResized) {
+    EXPECT_TRUE(stage->resize(gallery_caption, 600, 400));
+    EXPECT_EQ(form->view().size().width, 9000);
+    EXPECT_EQ(form->view().size().height, 6000);
+    // A real desktop may bring a window to its size in more than one step.
+    EXPECT_THAT(deeds(form), AllOf(Not(IsEmpty()), Each("resize")));
+    form->told.clear();
+    EXPECT_TRUE(stage->minimize(gallery_caption));
+    EXPECT_TRUE(form->view().minimized());
+    EXPECT_THAT(deeds(form), AllOf(Not(IsEmpty()), Each("resize")));
+    const auto fixed = shown(with_keys);
+    EXPECT_FALSE(stage->resize(with_keys_caption, 600, 400));
+    EXPECT_FALSE(stage->minimize(with_keys_caption));
+}
+
+TEST_F(FormsTest, WindowTellsWhenItBecomesActive) {
+    form->show();
+    EXPECT_THAT(form->told, ElementsAre()) << "it is the active one";
+    stage->activate_host();
+    form->show();
+    EXPECT_THAT(form->told, ElementsAre("activate"));
+    EXPECT_TRUE(stage->activate(gallery_caption));
+    EXPECT_THAT(form->told, ElementsAre("activate", "activate"));
+    EXPECT_FALSE(stage->topmost(gallery_caption));
+    form->view().topmost();
+    EXPECT_TRUE(stage->topmost(gallery_caption));
+}
+
+TEST_F(FormsTest, FocusMayMoveOnWhenTheWindowGetsIt) {
+    const auto other = std::make_shared<Noted>(stage->engine(), with_keys);
+    other->at = [&](const std::string& event) {
+        if (event == "focus") other->control(u"list").focus();
+    };
+    other->show();
+    EXPECT_EQ(stage->focused(with_keys_caption), u"list");
+}
+
+TEST_F(FormsTest, FocusThatIsGivenBeforeTheShowComesWithIt) {
+    const auto other = std::make_shared<Noted>(stage->engine(), with_keys);
+    other->control(u"stop").focus();
+    other->show();
+    EXPECT_EQ(stage->focused(with_keys_caption), u"stop");
+    other->control(u"stop").enabled(false);
+    other->control(u"stop").focus();
+    EXPECT_NE(stage->focused(with_keys_caption), u"stop") << "a disabled one can't have it";
+}
+
+TEST_F(FormsTest, ModalShowComesBackWhenItsWindowIsHidden) {
+    const auto dialog = std::make_shared<Noted>(stage->engine(), with_keys);
+    dialog->at = [&](const std::string& event) {
+        if (event == "click stop") dialog->hide();
+    };
+    bool back = false;
+    stage->modal(
+        [&] {
+            dialog->show_modal();
+            back = true;
+        },
+        {[&] { EXPECT_FALSE(stage->click(in_gallery(u"go"))) << "it waits behind the modal one"; },
+         [&] { EXPECT_TRUE(stage->click(in_keys(u"go"))); }, [&] { EXPECT_FALSE(back); },
+         [&] { EXPECT_TRUE(stage->click(in_keys(u"stop"))); }});
+    EXPECT_TRUE(back);
+    EXPECT_FALSE(dialog->view().visible());
+    EXPECT_TRUE(stage->click(in_gallery(u"go")));
+    EXPECT_THAT(deeds(form), ElementsAre("click go"));
+}
+
+/// Each way in which a person makes a window tell something, inside of which it may end.
+struct WayOut {
+    const char* event;
+    bool (*deed)(Stage&, TextView window);
+};
+constexpr WayOut ways_out[] = {
+    {"click go",
+     [](Stage& stage, TextView window) {
+         return stage.click({window, u"go"});
+     }},
+    {"click check",
+     [](Stage& stage, TextView window) {
+         return stage.click({window, u"check"});
+     }},
+    {"click right",
+     [](Stage& stage, TextView window) {
+         return stage.click({window, u"right"});
+     }},
+    {"click link",
+     [](Stage& stage, TextView window) {
+         return stage.click({window, u"link"});
+     }},
+    {"click plus",
+     [](Stage& stage, TextView window) {
+         return stage.click({window, u"plus"});
+     }},
+    {"click free",
+     [](Stage& stage, TextView window) {
+         return stage.choose({window, u"free"}, 1);
+     }},
+    {"click strict",
+     [](Stage& stage, TextView window) {
+         return stage.choose({window, u"strict"}, 1);
+     }},
+    {"change words",
+     [](Stage& stage, TextView window) {
+         return stage.type({window, u"words"}, u"x");
+     }},
+    {"key 65",
+     [](Stage& stage, TextView window) {
+         return stage.key({window, u"words"}, 'A');
+     }},
+    {"key 9",
+     [](Stage& stage, TextView window) {
+         return stage.key({window, u"words"}, 9);
+     }},
+    {"press words 13",
+     [](Stage& stage, TextView window) {
+         return stage.key({window, u"words"}, 13);
+     }},
+    {"click go",
+     [](Stage& stage, TextView window) {
+         return stage.key({window, u"go"}, 13);
+     }},
+    {"double list",
+     [](Stage& stage, TextView window) {
+         return stage.double_click({window, u"list"}, 0);
+     }},
+    {"column list 0",
+     [](Stage& stage, TextView window) {
+         return stage.column_click({window, u"list"}, 0);
+     }},
+    {"drop list at row 0",
+     [](Stage& stage, TextView window) {
+         return stage.drop({window, u"list"}, 0);
+     }},
+    {"resize", [](Stage& stage, TextView window) { return stage.resize(window, 640, 480); }},
+    {"close", [](Stage& stage, TextView window) { return stage.close(window); }},
+};
+
+TEST_F(FormsTest, HandlerMayEndItsOwnWindowInAnyEvent) {
+    form.reset();
+    for (const WayOut& way : ways_out) {
+        SCOPED_TRACE(way.event);
+        auto other = shown(gallery);
+        List& rows = other->control(u"list").list();
+        rows.add(u"row");
+        rows.takes_drops(true);
+        bool ended = false;
+        other->at = [&](const std::string& event) {
+            if (event != way.event) return;
+            ended = true;
+            other->unload();
+        };
+        EXPECT_TRUE(way.deed(*stage, gallery_caption));
+        EXPECT_TRUE(ended);
+        EXPECT_FALSE(other->loaded());
+        EXPECT_FALSE(stage->there(gallery_caption));
+    }
+}
+
+TEST_F(FormsTest, HandlerMayEndItsOwnModalWindow) {
+    form.reset();
+    for (const WayOut& way : ways_out) {
+        SCOPED_TRACE(way.event);
+        auto dialog = std::make_shared<Noted>(stage->engine(), gallery);
+        dialog->at = [&](const std::string& event) {
+            if (event == way.event) dialog->unload();
+        };
+        List& rows = dialog->control(u"list").list();
+        rows.add(u"row");
+        rows.takes_drops(true);
+        bool back = false;
+        stage->modal(
+            [&] {
+                dialog->show_modal();
+                back = true;
+            },
+            {[&] { EXPECT_TRUE(way.deed(*stage, gallery_caption)); }});
+        EXPECT_TRUE(back);
+        EXPECT_FALSE(stage->there(gallery_caption));
+    }
+}
+
+TEST_F(FormsTest, ModalWindowOverAModalWindow) {
+    form.reset();
+    const auto lower = std::make_shared<Noted>(stage->engine(), with_keys);
+    const auto upper = std::make_shared<Noted>(stage->engine(), gallery);
+    lower->at = [&](const std::string& event) {
+        if (event == "click go") upper->show_modal();
+        if (event == "click stop") lower->hide();
+    };
+    bool upper_was_there = false;
+    stage->modal([&] { lower->show_modal(); }, {[&] { EXPECT_TRUE(stage->click(in_keys(u"go"))); },
+                                                [&] {
+                                                    upper_was_there = stage->there(gallery_caption);
+                                                    EXPECT_FALSE(stage->click(in_keys(u"stop")));
+                                                },
+                                                [&] { EXPECT_TRUE(stage->close(gallery_caption)); },
+                                                [&] { EXPECT_TRUE(stage->click(in_keys(u"stop"))); }});
+    EXPECT_TRUE(upper_was_there);
+    EXPECT_FALSE(lower->view().visible());
+}
+
+TEST_F(FormsTest, FailureOfAnEventEndsThere) {
+    form->at = [](const std::string&) { throw host::Failure(host::result::fail, u"no luck"); };
+    EXPECT_TRUE(stage->click(in_gallery(u"go")));
+    form->at = nullptr;
+    EXPECT_TRUE(stage->click(in_gallery(u"go")));
+    EXPECT_THAT(deeds(form), ElementsAre("click go", "click go"));
+}
+
+TEST_F(FormsTest, HiddenControlsAreFullOfState) {
+    Control& hidden = form->control(u"hidden");
+    hidden.text(u"12");
+    EXPECT_EQ(hidden.text(), u"12");
+    hidden.visible(true);
+    EXPECT_TRUE(stage->type(in_gallery(u"hidden"), u"13"));
+    EXPECT_EQ(hidden.text(), u"13");
+}
+
+}  // namespace
+}  // namespace forms_test

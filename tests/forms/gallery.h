@@ -1,0 +1,39 @@
+// A window with every kind of control, and one that has keys for its buttons.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "forms/form.h"
+
+namespace forms_test {
+
+extern const addin::forms::FormTable gallery, with_keys;
+inline constexpr host::TextView gallery_caption = u"The Gallery", with_keys_caption = u"With Keys";
+
+/// Writes its events down, and does what it was told to do at one of them.
+class Noted : public addin::forms::Form {
+  public:
+    using Form::Form;
+    std::vector<std::string> told;
+    std::function<void(const std::string&)> at;
+
+  private:
+    void note(const std::string& event);
+
+    void on_load() override { note("load"); }
+    void on_unload() override { note("unload"); }
+    void on_activate() override { note("activate"); }
+    void on_focus() override { note("focus"); }
+    void on_resize() override { note("resize"); }
+    void on_key(int code) override { note("key " + std::to_string(code)); }
+    void on_close() override;
+    void on_click(host::TextView name) override;
+    void on_double_click(host::TextView name) override;
+    void on_change(host::TextView name) override;
+    void on_key_press(host::TextView name, char16_t character) override;
+    void on_column_click(host::TextView name, int column) override;
+    void on_drop(host::TextView name, int x, int y) override;
+};
+
+}  // namespace forms_test

@@ -1,0 +1,144 @@
+// Sizes at the usual resolutions, and what is left over when windows end.
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "tests/forms/gallery.h"
+#include "tests/windows/forms_layout.h"
+#include "tests/windows/forms_stage.h"
+
+namespace forms_test {
+namespace {
+
+using addin::forms::FormTable;
+
+TEST(FormsLayout, NoTextIsCutAndNoControlsOverlapAtAnyResolution) {
+    WindowsStage stage;
+    for (const int dots : {96, 120, 144, 192}) {
+        stage.dots_per_inch(dots);
+        for (const FormTable* table : {&gallery, &with_keys}) {
+            const auto form = std::make_shared<Noted>(stage.engine(), *table);
+            form->show();
+            pump();
+            const HWND window = find_window(table->caption);
+            EXPECT_EQ(cut_texts(window, *table), "") << "at " << dots;
+            EXPECT_EQ(overlaps(window, *table), "") << "at " << dots;
+            save_picture(window, table->name, dots);  // for a person's eyes, if somebody asked for it
+        }
+    }
+}
+
+TEST(FormsLayout, ClientAreaIsTheTables) {
+    WindowsStage stage;
+    for (const int dots : {96, 120, 144, 192}) {
+        stage.dots_per_inch(dots);
+        const auto form = std::make_shared<Noted>(stage.engine(), with_keys);
+        form->view();
+        RECT client{};
+        GetClientRect(find_window(with_keys_caption), &client);
+        EXPECT_EQ(client.right, addin::forms::to_pixels(with_keys.width, dots));
+        EXPECT_EQ(client.bottom, addin::forms::to_pixels(with_keys.height, dots));
+    }
+}
+
+TEST(FormsLayout, CutTextIsFound) {
+    static constexpr addin::forms::ControlRow rows[] = {
+        {.kind = addin::forms::ControlKind::button,
+         .name = u"small",
+         .text = u"A text that is too long",
+         .place = {0, 0, 600, 300}},
+        {.kind = addin::forms::ControlKind::button, .name = u"over", .place = {500, 100, 600, 300}}};
+    static constexpr FormTable table{
+        .name = u"Bad", .caption = u"Bad", .width = 3000, .height = 3000, .controls = rows};
+    WindowsStage stage;
+    const auto form = std::make_shared<Noted>(stage.engine(), table);
+    form->show();
+    EXPECT_NE(cut_texts(find_window(u"Bad"), table), "");
+    EXPECT_NE(overlaps(find_window(u"Bad"), table), "");
+}
+
+/// What the process holds of the system's objects.
+struct Held {
+    DWORD windows = 0, drawing_objects = 0;
+};
+
+BOOL CALLBACK count_window(HWND window, LPARAM data) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    if (process == GetCurrentProcessId()) ++reinterpret_cast<Held*>(data)->windows;
+    return TRUE;
+}
+
+Held held() {
+    pump();
+    Held found;
+    EnumWindows(count_window, reinterpret_cast<LPARAM>(&found));
+    found.drawing_objects = drawing_objects();
+    return found;
+}
+
+TEST(FormsEnd, DrawingObjectsAreReallyCounted) {
+    const DWORD before = drawing_objects();
+    const HGDIOBJ brush = CreateSolidBrush(RGB(1, 2, 3));
+    EXPECT_EQ(drawing_objects(), before + 1);
+    DeleteObject(brush);
+    EXPECT_EQ(drawing_objects(), before);
+}
+
+TEST(FormsEnd, ThousandWindowsLeaveNothingBehind) {
+    WindowsStage stage;
+    const auto make_and_end = [&] {
+        const auto form = std::make_shared<Noted>(stage.engine(), gallery);
+        form->control(u"list").list().takes_drops(true);
+        form->control(u"list").list().add(u"row");
+        form->unload();
+    };
+    for (int warm = 0; warm < 3; ++warm) make_and_end();
+    const Held before = held();
+    for (int round = 0; round < 1000; ++round) make_and_end();
+    const Held after = held();
+    EXPECT_EQ(after.windows, before.windows);
+    EXPECT_EQ(after.drawing_objects, before.drawing_objects);
+}
+
+TEST(FormsEnd, ShownWindowsAndThoseThatEndInTheirEventsLeaveNothingBehind) {
+    WindowsStage stage;
+    const auto make_and_end = [&] {
+        const auto form = std::make_shared<Noted>(stage.engine(), gallery);
+        form->at = [&](const std::string& event) {
+            if (event == "click go") form->unload();
+        };
+        form->show();
+        EXPECT_TRUE(stage.click({gallery_caption, u"go"}));
+    };
+    for (int warm = 0; warm < 3; ++warm) make_and_end();
+    const Held before = held();
+    for (int round = 0; round < 50; ++round) make_and_end();
+    const Held after = held();
+    EXPECT_EQ(after.windows, before.windows);
+    EXPECT_EQ(after.drawing_objects, before.drawing_objects);
+}
+
+TEST(FormsEnd, EngineTakesItsClassAndItsLateWindowsWithIt) {
+    WindowsStage stage;
+    auto form = std::make_shared<Noted>(stage.engine(), gallery);
+    form->show();
+    const HWND window = find_window(gallery_caption);
+    std::array<wchar_t, 64> name{};
+    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+    const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(window, GWLP_HINSTANCE));
+    WNDCLASSW found{};
+    EXPECT_TRUE(GetClassInfoW(instance, name.data(), &found));
+    form->at = [&](const std::string& event) {
+        if (event == "click go") form->unload();
+    };
+    SendMessageW(find_control(window, u"go"), BM_CLICK, 0, 0);  // nothing is taken from the queue meanwhile
+    EXPECT_TRUE(IsWindow(window)) << "it waits for its end";
+    stage.end_engine();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_FALSE(GetClassInfoW(instance, name.data(), &found));
+    EXPECT_EQ(stage.module().objects(), 0);
+}
+
+}  // namespace
+}  // namespace forms_test

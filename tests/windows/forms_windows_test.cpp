@@ -1,0 +1,286 @@
+// What only real windows have: names, tool tips, the keyboard, sizes on the screen, and their end.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <array>
+
+#include "tests/forms/gallery.h"
+#include "tests/windows/forms_stage.h"
+#include "windows/forms/form_control.h"
+
+namespace forms_test {
+namespace {
+
+using addin::forms::ControlKind;
+using addin::forms::ControlRow;
+using addin::forms::FormTable;
+using host::Text;
+using host::TextView;
+using windows::wide;
+using windows::window_text;
+
+struct RealForms : testing::Test {
+    WindowsStage stage;
+
+    std::shared_ptr<Noted> shown(const FormTable& table) {
+        auto form = std::make_shared<Noted>(stage.engine(), table);
+        form->show();
+        pump();
+        form->told.clear();
+        return form;
+    }
+};
+
+std::vector<HWND> windows_of_thread() {
+    std::vector<HWND> all;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM into) -> BOOL {
+            reinterpret_cast<std::vector<HWND>*>(into)->push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&all));
+    return all;
+}
+
+Text class_of(HWND window) {
+    std::array<wchar_t, 64> name{};
+    const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+    return Text(windows::from_wide(name.data(), static_cast<std::size_t>(length)));
+}
+
+TEST_F(RealForms, EveryControlAnswersToItsName) {
+    const auto form = shown(gallery);
+    const HWND window = find_window(gallery_caption);
+    EXPECT_EQ(name_of(window), u"Gallery");
+    for (const ControlRow& row : gallery.controls) {
+        const HWND control = find_control(window, row.name);
+        EXPECT_EQ(control == nullptr, row.kind == ControlKind::image_list) << host::to_utf8(row.name);
+    }
+}
+
+TEST_F(RealForms, NameIsCutToItsPlace) {
+    const auto form = shown(gallery);
+    const HWND window = find_window(gallery_caption);
+    const UINT question = RegisterWindowMessageW(L"WM_GETCONTROLNAME");
+    std::array<wchar_t, 4> buffer{L'x', L'x', L'x', L'x'};
+    EXPECT_EQ(SendMessageW(window, question, 3, reinterpret_cast<LPARAM>(buffer.data())), 3);
+    EXPECT_STREQ(buffer.data(), L"Ga");
+    EXPECT_EQ(buffer[3], L'x');
+    EXPECT_EQ(SendMessageW(window, question, 0, reinterpret_cast<LPARAM>(buffer.data())), 0);
+    EXPECT_EQ(SendMessageW(window, question, 4, 0), 0);
+}
+
+struct KindOfWindow {
+    TextView name, window_class;
+};
+TEST_F(RealForms, ControlsAreTheSystemsOwn) {
+    const auto form = shown(gallery);
+    constexpr KindOfWindow kinds[] = {
+        {u"label", u"Static"},       {u"words", u"Edit"},      {u"go", u"Button"},
+        {u"free", u"ComboBox"},      {u"strict", u"ComboBox"}, {u"check", u"Button"},
+        {u"list", u"SysListView32"}, {u"frame", u"Button"},    {u"link", u"Button"},
+    };
+    for (const KindOfWindow& kind : kinds) {
+        EXPECT_EQ(class_of(find_control(find_window(gallery_caption), kind.name)), kind.window_class);
+    }
+}
+
+/// What readers of the screen tell of a control: its own text, or the label that stands before it.
+Text accessible_name(HWND control) {
+    if (const Text own = window_text(control); !own.empty() && class_of(control) == u"Button") return own;
+    for (HWND before = GetWindow(control, GW_HWNDPREV); before; before = GetWindow(before, GW_HWNDPREV)) {
+        const LONG style = GetWindowLongW(before, GWL_STYLE);
+        if (!(style & WS_VISIBLE)) continue;
+        if (class_of(before) == u"Static") return window_text(before);
+        if (style & WS_TABSTOP) break;
+    }
+    return {};
+}
+
+TEST_F(RealForms, WhateverTakesTheFocusHasAnAccessibleName) {
+    const auto form = shown(gallery);
+    const HWND window = find_window(gallery_caption);
+    struct Named {
+        TextView control, name;
+    };
+    constexpr Named names[] = {{u"words", u"Words & more:"},
+                               {u"go", u"Go"},
+                               {u"plus", u"Add"},
+                               {u"free", u"Choose:"},
+                               {u"strict", u"Strict choice"},
+                               {u"link", u"Who is it"},
+                               {u"list", u"Found"},
+                               {u"check", u"Leave it open"}};
+    for (const Named& one : names) {
+        EXPECT_EQ(host::to_utf8(accessible_name(find_control(window, one.control))), host::to_utf8(one.name));
+    }
+}
+
+TEST_F(RealForms, ToolTipsAreTheTables) {
+    const auto form = shown(gallery);
+    const HWND window = find_window(gallery_caption);
+    HWND tips = nullptr;
+    for (const HWND other : windows_of_thread()) {
+        if (class_of(other) == u"tooltips_class32" && SendMessageW(other, TTM_GETTOOLCOUNT, 0, 0) > 0)
+            tips = other;
+    }
+    ASSERT_TRUE(tips);
+    for (const ControlRow& row : gallery.controls) {
+        const HWND control = find_control(window, row.name);
+        std::array<wchar_t, 256> text{};
+        TTTOOLINFOW tool{};
+        tool.cbSize = TTTOOLINFOW_V1_SIZE;
+        tool.uFlags = TTF_IDISHWND;
+        tool.hwnd = window;
+        tool.uId = reinterpret_cast<UINT_PTR>(control);
+        tool.lpszText = text.data();
+        SendMessageW(tips, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
+        EXPECT_EQ(Text(windows::from_wide(text.data(), wcslen(text.data()))), row.tool_tip)
+            << host::to_utf8(row.name);
+    }
+}
+
+TEST_F(RealForms, TopmostStaysOnTop) {
+    const auto form = std::make_shared<Noted>(stage.engine(), gallery);
+    form->view().topmost();
+    EXPECT_FALSE(form->view().visible());
+    EXPECT_TRUE(stage.topmost(gallery_caption));
+    form->show();
+    EXPECT_TRUE(stage.topmost(gallery_caption));
+}
+
+TEST_F(RealForms, HeadersMarksAreDrawnPicturesOfTheirSize) {
+    struct Size {
+        int dots, pixels;
+    };
+    for (const Size size : {Size{96, 13}, Size{120, 16}, Size{144, 20}, Size{192, 26}}) {
+        stage.dots_per_inch(size.dots);
+        const auto form = shown(gallery);
+        const HWND list = find_control(find_window(gallery_caption), u"list");
+        const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+        const auto images = reinterpret_cast<HIMAGELIST>(SendMessageW(header, HDM_GETIMAGELIST, 0, 0));
+        ASSERT_TRUE(images);
+        EXPECT_EQ(ImageList_GetImageCount(images), 2);
+        int width = 0, height = 0;
+        ImageList_GetIconSize(images, &width, &height);
+        EXPECT_EQ(width, size.pixels);
+        EXPECT_EQ(height, size.pixels);
+    }
+}
+
+// The keyboard alone
+
+TEST_F(RealForms, EveryStopIsReachedByTabAndNoOther) {
+    const auto form = shown(gallery);
+    std::vector<Text> stops;
+    const Text first = stage.focused(gallery_caption);
+    do {
+        stops.push_back(stage.focused(gallery_caption));
+        ASSERT_TRUE(stage.key({gallery_caption, {}}, VK_TAB));
+    } while (stage.focused(gallery_caption) != first && stops.size() < 30);
+    EXPECT_THAT(stops, testing::ElementsAre(u"words", u"go", u"stop", u"check", u"left", u"alone", u"free",
+                                            u"strict", u"link", u"plus", u"list"));
+}
+
+TEST_F(RealForms, SpaceArrowsAndEnterWorkTheControls) {
+    const auto form = shown(gallery);
+    for (const TextView name : {u"check", u"link", u"plus"}) {
+        EXPECT_TRUE(stage.key({gallery_caption, name}, VK_SPACE));
+    }
+    EXPECT_TRUE(stage.key({gallery_caption, u"link"}, VK_RETURN));
+    EXPECT_TRUE(stage.key({gallery_caption, u"left"}, VK_DOWN));
+    EXPECT_TRUE(stage.key({gallery_caption, u"strict"}, VK_DOWN));
+    EXPECT_EQ(form->control(u"strict").text(), u"Notes");
+    std::erase_if(form->told, [](const std::string& event) { return !event.starts_with("click"); });
+    EXPECT_THAT(form->told, testing::ElementsAre("click check", "click link", "click plus", "click link",
+                                                 "click right", "click strict"));
+}
+
+TEST_F(RealForms, RowsAreChosenWithTheArrows) {
+    const auto form = shown(gallery);
+    addin::forms::List& list = form->control(u"list").list();
+    list.add(u"one");
+    list.add(u"two");
+    list.select(0);
+    EXPECT_TRUE(stage.key({gallery_caption, u"list"}, VK_DOWN));
+    EXPECT_EQ(list.selected(), 1);
+}
+
+TEST_F(RealForms, KeysNeverReachTheLoopOfTheHost) {
+    const auto form = shown(gallery);
+    SetFocus(find_control(find_window(gallery_caption), u"words"));
+    PostMessageW(GetFocus(), WM_KEYDOWN, VK_TAB, 1);
+    MSG message{};
+    bool key_seen = false;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        key_seen = key_seen || (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST);
+        DispatchMessageW(&message);
+    }
+    EXPECT_FALSE(key_seen);
+    EXPECT_EQ(stage.focused(gallery_caption), u"go");
+}
+
+TEST_F(RealForms, KeySentPlainlyIsToldOnce) {
+    const auto form = shown(gallery);
+    SendMessageW(find_control(find_window(gallery_caption), u"list"), WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_THAT(form->told, testing::ElementsAre("key 27"));
+}
+
+// The pointer
+
+TEST_F(RealForms, WindowShowsThePointerThatIsWanted) {
+    const auto form = shown(gallery);
+    const HWND window = find_window(gallery_caption);
+    const auto pointer_over = [&](TextView name) {
+        SendMessageW(find_control(window, name), WM_SETCURSOR,
+                     reinterpret_cast<WPARAM>(find_control(window, name)),
+                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return GetCursor();
+    };
+    EXPECT_EQ(pointer_over(u"link"), LoadCursorW(nullptr, IDC_HAND));
+    EXPECT_EQ(pointer_over(u"go"), LoadCursorW(nullptr, IDC_ARROW));
+    stage.pointer().show(host::Pointer::hourglass);
+    for (const TextView name : {u"link", u"go", u"words", u"list"}) {
+        EXPECT_EQ(pointer_over(name), LoadCursorW(nullptr, IDC_WAIT));
+    }
+    stage.pointer().show(host::Pointer::standard);
+    EXPECT_EQ(pointer_over(u"words"), LoadCursorW(nullptr, IDC_IBEAM));
+}
+
+// Modal windows and the host
+
+TEST_F(RealForms, QuittingEndsAModalShowAndIsLeftForTheHost) {
+    const auto form = std::make_shared<Noted>(stage.engine(), gallery);
+    PostQuitMessage(7);
+    form->show_modal();
+    EXPECT_FALSE(form->view().visible());
+    MSG message{};
+    bool quit = false;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) quit = message.wParam == 7;
+    }
+    EXPECT_TRUE(quit);
+}
+
+TEST_F(RealForms, HostsWindowsWaitBehindAModalOne) {
+    const HWND open = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 9, 9,
+                                      nullptr, nullptr, nullptr, nullptr);
+    const HWND disabled = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_DISABLED,
+                                          0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    const auto form = std::make_shared<Noted>(stage.engine(), gallery);
+    bool waited = false;
+    stage.modal([&] { form->show_modal(); }, {[&] {
+                    waited = !IsWindowEnabled(open);
+                    form->hide();
+                    EXPECT_TRUE(IsWindowEnabled(open))
+                        << "before another program's window comes to the front";
+                }});
+    EXPECT_TRUE(waited);
+    EXPECT_FALSE(IsWindowEnabled(disabled)) << "it was so before";
+    DestroyWindow(open);
+    DestroyWindow(disabled);
+}
+
+}  // namespace
+}  // namespace forms_test
