@@ -103,6 +103,7 @@ const ItemData& Item::whole() {
 ItemData& Item::change() {
     changed_ = true;
     ++version_;
+    if (!shown_by.expired()) desk().surroundings().changed();
     return data_;
 }
 

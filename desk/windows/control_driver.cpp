@@ -1,5 +1,6 @@
 #include "desk/windows/control_driver.h"
 
+#include <algorithm>
 #include <array>
 
 #include "desk/windows/dragged.h"
@@ -255,8 +256,11 @@ class RealList final : public RealControl {
             RECT box{}, client{};
             SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&box));
             GetClientRect(window, &client);
-            const int beyond = box.right > client.right ? box.right - client.right : 0;
-            if (beyond > 0) SendMessageW(window, LVM_SCROLL, static_cast<WPARAM>(beyond), 0);
+            // the header moves with its list, whose left edge is 0 in the header's place
+            const int left = box.left + place_in(window, header).x;
+            const int beyond = left + (box.right - box.left) - client.right;
+            const int scroll = left < 0 ? left : std::max(beyond, 0);
+            if (scroll != 0) SendMessageW(window, LVM_SCROLL, static_cast<WPARAM>(scroll), 0);
             SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&box));
             press_mouse(header, middle(box));
         });
@@ -289,6 +293,11 @@ class RealList final : public RealControl {
   private:
     static HWND header_of(HWND window) {
         return reinterpret_cast<HWND>(SendMessageW(window, LVM_GETHEADER, 0, 0));
+    }
+    static POINT place_in(HWND window, HWND child) {
+        POINT place{};
+        MapWindowPoints(child, window, &place, 1);
+        return place;
     }
     static int selected_in(HWND window) {
         return static_cast<int>(
