@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
 #include "desk/windows/screen_picture.h"
 #include "tests/windows/forms_stage.h"
@@ -81,8 +80,8 @@ std::vector<Seen> seen_controls(HWND window, const FormTable& table) {
 
 }  // namespace
 
-std::string cut_texts(HWND window, const FormTable& table) {
-    std::string cut;
+std::vector<std::string> cut_texts(HWND window, const FormTable& table) {
+    std::vector<std::string> cut;
     for (const Seen& seen : seen_controls(window, table)) {
         const Extra* const extra = extra_of(seen.row->kind);
         if (!extra) continue;
@@ -95,23 +94,21 @@ std::string cut_texts(HWND window, const FormTable& table) {
                                      static_cast<int>(client.right), extra->wraps);
         const bool too_wide = !typed && needed.right + extra->width > client.right;
         if (too_wide || needed.bottom + extra->height > client.bottom) {
-            cut += host::to_utf8(seen.row->name) + " needs " + std::to_string(needed.right + extra->width) +
-                   "x" + std::to_string(needed.bottom + extra->height) + " and has " +
-                   std::to_string(client.right) + "x" + std::to_string(client.bottom) + "\n";
+            cut.push_back(host::to_utf8(seen.row->name));
         }
     }
     return cut;
 }
 
-std::string overlaps(HWND window, const FormTable& table) {
-    std::string found;
+std::vector<std::string> overlaps(HWND window, const FormTable& table) {
+    std::vector<std::string> found;
     const std::vector<Seen> all = seen_controls(window, table);
     for (auto one = all.begin(); one != all.end(); ++one) {
         for (auto other = one + 1; other != all.end(); ++other) {
             RECT shared{};
             if (other->row->frame == one->row->name || !IntersectRect(&shared, &one->box, &other->box))
                 continue;
-            found += host::to_utf8(one->row->name) + " and " + host::to_utf8(other->row->name) + "\n";
+            found.push_back(host::to_utf8(one->row->name) + " and " + host::to_utf8(other->row->name));
         }
     }
     return found;

@@ -2,17 +2,18 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "forms/form_table.h"
 #include "windows/forms/common_controls.h"
 
 namespace forms_test {
 
-/// The visible controls whose text does not fit into their place, one to a line.
-std::string cut_texts(HWND window, const addin::forms::FormTable& table);
+/// The visible controls whose text does not fit into their place.
+std::vector<std::string> cut_texts(HWND window, const addin::forms::FormTable& table);
 
-/// The pairs of visible controls that share pixels, one to a line; a frame may hold what stands in it.
-std::string overlaps(HWND window, const addin::forms::FormTable& table);
+/// The pairs of visible controls that share pixels; a frame may hold what stands in it.
+std::vector<std::string> overlaps(HWND window, const addin::forms::FormTable& table);
 
 /// How many drawing objects the process holds.
 DWORD drawing_objects();

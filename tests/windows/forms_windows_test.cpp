@@ -207,6 +207,22 @@ TEST_F(RealForms, RowsAreChosenWithTheArrows) {
     EXPECT_EQ(list.selected(), 1);
 }
 
+TEST_F(RealForms, SelectedRowComesIntoSightThoughRowsArePaintedLate) {
+    const auto form = shown(gallery);
+    addin::forms::List& list = form->control(u"list").list();
+    const HWND window = find_control(find_window(gallery_caption), u"list");
+    for (int row = 0; row < 100; ++row) list.add(u"row");
+    list.select(99);
+    EXPECT_GT(SendMessageW(window, LVM_GETTOPINDEX, 0, 0), 50);
+    pump();
+    list.add(u"one more");
+    EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE)) << "it waits for the next message";
+    MSG message{};
+    ASSERT_TRUE(PeekMessageW(&message, window, WM_APP, WM_APP + 10, PM_REMOVE));
+    DispatchMessageW(&message);
+    EXPECT_TRUE(GetUpdateRect(window, nullptr, FALSE));
+}
+
 TEST_F(RealForms, KeysNeverReachTheLoopOfTheHost) {
     const auto form = shown(gallery);
     SetFocus(find_control(find_window(gallery_caption), u"words"));

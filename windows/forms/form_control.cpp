@@ -137,12 +137,15 @@ void FormControl::subclass(HWND window) {
 
 LRESULT CALLBACK FormControl::procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
                                         DWORD_PTR control) {
-    const FormControl& self = *reinterpret_cast<const FormControl*>(control);
+    FormControl& self = *reinterpret_cast<FormControl*>(control);
     bool pass_on = true;
     if (message == WM_KEYDOWN || message == WM_SYSKEYDOWN) {
         pass_on = self.form_.key_down(&self, static_cast<int>(first));
     } else if (message == WM_CHAR) {
         pass_on = self.form_.character(self, static_cast<char16_t>(first));
+    } else if (message == posted_message) {
+        self.on_posted();
+        pass_on = false;
     } else if (message == self.form_.surroundings().control_name_message && window == self.window_) {
         return tell_name(self.row_.name, first, second);
     }

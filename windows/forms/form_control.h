@@ -56,6 +56,8 @@ class FormControl : public addin::forms::Control {
 
     virtual void on_command(WORD) {}
     virtual void on_notify(const NMHDR&) {}
+    virtual void on_posted() {}  ///< a `posted_message` to its own window
+    static constexpr UINT posted_message = WM_APP + 2;
     void draw(const DRAWITEMSTRUCT& item) const;  ///< of links, picture buttons and images
 
   protected:

@@ -1,6 +1,7 @@
 #include "windows/forms/form_list.h"
 
 #include <exception>
+#include <utility>
 
 #include "host/failure.h"
 #include "windows/com/failure.h"
@@ -67,6 +68,18 @@ int FormRows::count() const { return static_cast<int>(send(LVM_GETITEMCOUNT, 0, 
 
 void FormRows::clear() { send(LVM_DELETEALLITEMS, 0, 0); }
 
+void FormRows::hold_painting() {
+    if (holds_painting_ || !IsWindowVisible(window_)) return;
+    holds_painting_ = PostMessageW(window_, FormControl::posted_message, 0, 0) != FALSE;
+    if (holds_painting_) send(WM_SETREDRAW, FALSE, 0);
+}
+
+void FormRows::paint_again() {
+    if (!std::exchange(holds_painting_, false)) return;
+    send(WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
 int FormRows::add(TextView text) {
     int place = count();
     if (sorted_) {
@@ -83,6 +96,7 @@ int FormRows::add(TextView text) {
             }
         }
     }
+    hold_painting();
     Text shown(text);
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_PARAM;
@@ -121,6 +135,7 @@ Text FormRows::text(int row, int column) const {
 void FormRows::text(int row, int column, TextView text) {
     expect_row(row);
     expect_column(column);
+    hold_painting();
     Text shown(text);
     LVITEMW item{};
     item.iSubItem = column;
@@ -134,6 +149,7 @@ int FormRows::selected() const {
 
 void FormRows::select(int row) {
     if (row != -1) expect_row(row);
+    paint_again();  // what isn't painted can't be brought into sight
     LVITEMW item{};
     item.stateMask = LVIS_SELECTED;
     send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&item));
@@ -243,6 +259,7 @@ int CALLBACK FormRows::compare_rows(LPARAM first, LPARAM second, LPARAM data) {
 
 void FormRows::sort_by(const std::function<int(std::intptr_t, std::intptr_t)>& compare) {
     Comparison comparison{compare, nullptr};
+    hold_painting();
     send(LVM_SORTITEMS, reinterpret_cast<WPARAM>(&comparison), reinterpret_cast<LPARAM>(compare_rows));
     sorting_ = nullptr;
     if (comparison.failure) std::rethrow_exception(comparison.failure);
@@ -261,12 +278,13 @@ int FormRows::compare(TextView left, TextView right) const {
 
 void FormRows::sort() {
     if (!sorted_) return;
-    const Snapshot rows = snapshot();
-    const auto key = [&](std::intptr_t parameter) -> const Text& {
-        const int place = rows.places[static_cast<std::size_t>(parameter)];
-        return rows.rows[static_cast<std::size_t>(place)].texts[static_cast<std::size_t>(key_)];
-    };
-    sort_by([&](std::intptr_t first, std::intptr_t second) { return compare(key(first), key(second)); });
+    std::vector<Text> keys(static_cast<std::size_t>(made_) + 1);  // by parameter
+    for (int row = 0; row < count(); ++row) {
+        keys[static_cast<std::size_t>(parameter(row))] = read_text(row, key_);
+    }
+    sort_by([&](std::intptr_t first, std::intptr_t second) {
+        return compare(keys[static_cast<std::size_t>(first)], keys[static_cast<std::size_t>(second)]);
+    });
 }
 
 void FormRows::sort_order(int order) {

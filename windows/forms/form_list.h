@@ -41,6 +41,8 @@ class FormRows final : public addin::forms::List {
     addin::forms::Hit hit(int x, int y) const override;
     void takes_drops(bool takes) override;
 
+    void paint_again();  ///< shows what has come since `hold_painting`
+
   private:
     /// The rows as they are while the system sorts them: then its own answers are not to be relied on.
     struct Snapshot {
@@ -65,6 +67,10 @@ class FormRows final : public addin::forms::List {
     void sort_by(const std::function<int(std::intptr_t, std::intptr_t)>& compare);
     Snapshot snapshot() const;
 
+    /// The system paints and measures a list anew for each row that comes, which takes longer than all else.
+    /// So nothing is painted until the message comes that is left behind here.
+    void hold_painting();
+
     FormWindow& form_;
     const addin::forms::ControlRow& row_;
     HWND window_;
@@ -72,6 +78,7 @@ class FormRows final : public addin::forms::List {
     int order_ = 0, key_ = 0;
     bool sorted_ = false;
     bool takes_drops_ = false;
+    bool holds_painting_ = false;
     const Snapshot* sorting_ = nullptr;
 };
 
@@ -81,6 +88,7 @@ class FormList final : public FormControl {
 
     addin::forms::List& list() override { return rows_; }
     void on_notify(const NMHDR& header) override;
+    void on_posted() override { rows_.paint_again(); }
 
   private:
     FormRows rows_;
