@@ -177,8 +177,8 @@ TEST_F(SentMail, IsSavedOnceBeforeTheSearchAndOnceForEachMark) {
         }
         return 0;
     };
-    EXPECT_EQ(count_of(u"MailItem.Save"), 3);
-    EXPECT_EQ(count_of(u"Items.Find"), 3) << "one search for each recipient";
+    EXPECT_EQ(count_of(u"Save"), 3);
+    EXPECT_EQ(count_of(u"Find"), 3) << "one search for each recipient";
 }
 
 TEST_F(SentMail, ThatWasNeverSavedHasAnIdBeforeItIsFiled) {

@@ -32,7 +32,10 @@ desk::ItemData NativeSurroundings::read_mail(host::TextView path) {
 
 std::vector<desk::CallCount> NativeSurroundings::calls() {
     std::map<std::string, std::int64_t> counts;
-    for (const std::string& member : boundary_.calls()) ++counts[member];
+    for (const std::string& call : boundary_.calls()) {
+        const std::size_t dot = call.rfind('.');  // the desk counts by the member alone
+        ++counts[dot == std::string::npos ? call : call.substr(dot + 1)];
+    }
     std::vector<desk::CallCount> all;
     for (const auto& [member, count] : counts) all.push_back({member, count, 0});
     return all;
