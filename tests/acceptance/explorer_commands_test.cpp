@@ -209,13 +209,20 @@ TEST_F(ExplorerCommands, QuickViewClosesTheStickyNotesOfTheAccountThatIsShown) {
     for (OpenedItem* const window : {&of_account, &of_another, &mail, &second, &contact}) window->show();
     ASSERT_EQ(world.application().Inspectors().Count(), 5);
     quick_view_entry.call(u"Execute");
-    std::vector<std::string> open;
-    const Object inspectors = world.application().Inspectors();
-    for (std::int32_t i = 1; i <= inspectors.get(u"Count").to_integer(); ++i) {
-        const Object item = inspectors.call(u"Item", {i}).to_object().get(u"CurrentItem").to_object();
-        open.push_back(shown(item.get(u"MessageClass").to_text()));
-    }
-    EXPECT_EQ(open, (Lines{"IPM.StickyNote", "IPM.Note", "IPM.Contact"}));
+    world.settle();
+    const auto is_open = [&](const OpenedItem& opened) {
+        const Object inspectors = world.application().Inspectors();
+        for (std::int32_t i = inspectors.get(u"Count").to_integer(); i >= 1; --i) {
+            if (inspectors.call(u"Item", {i}).to_object() == opened.window) return true;
+        }
+        return false;
+    };
+    EXPECT_FALSE(is_open(of_account));
+    EXPECT_FALSE(is_open(second));
+    EXPECT_TRUE(is_open(of_another));
+    EXPECT_TRUE(is_open(mail));
+    EXPECT_TRUE(is_open(contact));
+    EXPECT_EQ(world.application().Inspectors().Count(), 3);
 }
 
 }  // namespace
