@@ -31,7 +31,8 @@ class Item : public ModelObject<Item> {
     RowId id() const { return id_; }
     RowId folder() const { return folder_; }
     std::int64_t size() const { return size_; }    ///< bytes at the last load
-    bool has_changes() const { return changed_; }  ///< since it was made or saved
+    /// Since it was made or saved.
+    bool has_changes() const { return changed_ && (id_ != 0 || version_ != 0); }
     bool is_saved() const { return id_ != 0 && !changed_; }
     host::Text entry_id() const;
     host::Text subject() const;

@@ -58,6 +58,7 @@ void NativeSurroundings::run_posted() {
             next();
         } else {
             strands_.run(next);
+            strands_.resume_parked();  // it may have ended what another action waits for
         }
     }
 }
