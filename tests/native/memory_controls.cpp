@@ -126,6 +126,11 @@ bool MemoryControl::is_button() const {
            row_.kind == ControlKind::link;
 }
 
+bool MemoryControl::is_pressed_by(int code) const {
+    constexpr int enter = 13, space = 32;
+    return (code == space && (is_button() || is_toggle())) || (code == enter && is_button());
+}
+
 bool MemoryControl::takes_focus() const {
     return is_button() || is_toggle() || is_text_box() || choice_ || list_;
 }

@@ -158,9 +158,10 @@ class MemoryControl final : public addin::forms::Control {
   private:
     friend class MemoryWindow;
 
-    bool is_button() const;  ///< what Enter and the space bar press when it has the focus
-    bool is_toggle() const;  ///< check box or option button
-    void press();            ///< inside of a deed
+    bool is_pressed_by(int code) const;  ///< a virtual key, when it has the focus
+    bool is_button() const;              ///< what Enter and the space bar press when it has the focus
+    bool is_toggle() const;              ///< check box or option button
+    void press();                        ///< inside of a deed
 
     MemoryWindow& window_;
     const addin::forms::ControlRow& row_;

@@ -226,9 +226,7 @@ void MemoryWindow::press_key(int code) {
     MemoryControl* const at = focused_ && focused_->usable() ? focused_ : nullptr;
     if (code == virtual_key::tab) {
         move_focus_on();
-    } else if (at && at->is_button() && (code == virtual_key::enter || code == virtual_key::space)) {
-        at->press();
-    } else if (at && at->is_toggle() && code == virtual_key::space) {
+    } else if (at && at->is_pressed_by(code)) {
         at->press();
     } else if ((code == virtual_key::enter && press(table_.default_button)) ||
                (code == virtual_key::escape && press(table_.cancel_button))) {

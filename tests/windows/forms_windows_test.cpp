@@ -16,7 +16,6 @@ using addin::forms::ControlRow;
 using addin::forms::FormTable;
 using host::Text;
 using host::TextView;
-using windows::wide;
 using windows::window_text;
 
 struct RealForms : testing::Test {

@@ -51,7 +51,8 @@ HFONT Fonts::get(const forms::Font& font) {
                         wanted.lfFaceName);
     DrawingObject<HFONT> handle(CreateFontIndirectW(&wanted));
     if (!handle) throw Failure(host::result::fail, u"A font could not be made.");
-    return made_.emplace_back(font, std::move(handle)).handle.get();
+    made_.push_back({font, std::move(handle)});
+    return made_.back().handle.get();
 }
 
 void draw_picture(HDC context, const RECT& box, const Picture& picture) {

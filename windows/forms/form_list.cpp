@@ -233,7 +233,8 @@ FormRows::Snapshot FormRows::snapshot() const {
     Snapshot taken;
     taken.places.assign(static_cast<std::size_t>(made_) + 1, -1);
     for (int row = 0; row < count(); ++row) {
-        Snapshot::Row& copy = taken.rows.emplace_back(parameter(row));
+        taken.rows.push_back({parameter(row), {}});
+        Snapshot::Row& copy = taken.rows.back();
         for (int column = 0; column < columns(); ++column) copy.texts.push_back(read_text(row, column));
         taken.places[static_cast<std::size_t>(copy.parameter)] = row;
     }
