@@ -1,9 +1,11 @@
 #include "desk/windows/main_loop.h"
 
+#include "desk/windows/named_window.h"
+
 namespace desk {
 namespace {
 
-constexpr const wchar_t* class_name = L"TarnwellDeskLoop";
+constexpr const wchar_t* loop_class = L"TarnwellDeskLoop";
 constexpr UINT_PTR tick_timer = 1, quit_timer = 2;
 constexpr UINT tick_time = 15, quit_delay = 60;  // milliseconds
 
@@ -17,16 +19,25 @@ void run_guarded(const std::function<void()>& what) {
     }
 }
 
+/// In a window of an item the tabulator key leads from field to field.
+void dispatch(MSG& message) {
+    const bool is_key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+    const HWND root = is_key ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+    if (root && class_name(root) == u"TarnwellDeskInspector" && IsDialogMessageW(root, &message)) return;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+}
+
 }  // namespace
 
 MainLoop::MainLoop() {
     WNDCLASSW window_class{};
     window_class.lpfnWndProc = procedure;
     window_class.hInstance = GetModuleHandleW(nullptr);
-    window_class.lpszClassName = class_name;
+    window_class.lpszClassName = loop_class;
     RegisterClassW(&window_class);
     window_ =
-        CreateWindowW(class_name, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, window_class.hInstance, nullptr);
+        CreateWindowW(loop_class, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, window_class.hInstance, nullptr);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetTimer(window_, tick_timer, tick_time, nullptr);
 }
@@ -85,8 +96,7 @@ void MainLoop::ask_to_quit() { SetTimer(window_, quit_timer, quit_delay, nullptr
 void MainLoop::run() {
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
+        dispatch(message);
     }
 }
 
@@ -99,8 +109,7 @@ void MainLoop::pump(DWORD milliseconds) {
                 PostQuitMessage(static_cast<int>(message.wParam));
                 return;
             }
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
+            dispatch(message);
         }
         const ULONGLONG now = GetTickCount64();
         if (now >= end_time) return;

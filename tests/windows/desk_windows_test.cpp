@@ -63,6 +63,10 @@ TEST_F(DeskWindowsTest, LetAMailBeWrittenAndSent) {
     EXPECT_EQ(mail.get(u"Body"), Value(u"As agreed."));
     EXPECT_EQ(mail.get(u"To"), Value(u"ann@one.example"));
     EXPECT_EQ(window_text(fields[0]), u"ann@one.example; ") << "nobody interferes with the typing";
+    SetFocus(fields[0]);
+    PostMessageW(fields[0], WM_KEYDOWN, VK_TAB, 1);
+    run_messages();
+    EXPECT_EQ(GetFocus(), fields[1]) << "the tabulator key leads on";
     EXPECT_EQ(window_text(inspector_window()), u"Delivery dates - Message");
     click(toolbar(inspector_window(), u"Standard"), 0);
     EXPECT_FALSE(inspector_window());
