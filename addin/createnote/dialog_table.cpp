@@ -14,6 +14,9 @@ constexpr Column columns[] = {
     {u"Name", 4586}, {u"Company Name", 2540}, {u"Business Phone", 2540}, {u"Address", 2540},
     {u"City", 2540}, {u"State", 2540},        {u"ENTRYID", 2540},        {u"", 2540}};
 
+/// Two lines of it fit where the usual font would take three.
+constexpr forms::Font small_print{.points = 7.25};
+
 // The order is the tab order: the search text is the first.
 constexpr ControlRow controls[] = {
     {.kind = ControlKind::text_box,
@@ -42,7 +45,8 @@ constexpr ControlRow controls[] = {
     {.kind = ControlKind::label,
      .name = u"Label2",
      .text = u"To create a note, click the Create button after highlighting an item in the list.",
-     .place = {7935, 720, 2940, 480}},
+     .place = {7935, 720, 2940, 480},
+     .font = &small_print},
     {.kind = ControlKind::check_box,
      .name = u"Check1",
      .text = u"Leave form open after create.",

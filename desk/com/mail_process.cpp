@@ -15,7 +15,8 @@ namespace result = host::result;
 
 namespace {
 
-constexpr DWORD longest_wait = 30000, wait_step = 2;  // milliseconds
+constexpr DWORD longest_wait = 30000, wait_step = 2, attempt_step = 100;  // milliseconds
+constexpr int most_attempts = 20;
 
 /// A path of Windows as the native system spells it: what drive Z: holds is the native root.
 std::string native_path(const Text& path) {
@@ -53,9 +54,15 @@ void start(Text command_line, const Text& reader) {
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
     auto* const line = reinterpret_cast<wchar_t*>(command_line.data());
-    if (!CreateProcessW(nullptr, line, nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr, &startup,
-                        &process)) {
-        throw Failure(result::file_not_found, u"The mail reader \"" + reader + u"\" could not be started.");
+    // a machine that is short of processes refuses one for a moment
+    for (int attempt = 1; !CreateProcessW(nullptr, line, nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                                          nullptr, &startup, &process);
+         ++attempt) {
+        if (attempt == most_attempts) {
+            throw Failure(result::file_not_found,
+                          u"The mail reader \"" + reader + u"\" could not be started.");
+        }
+        Sleep(attempt_step);
     }
     // a native program has no handles to wait for
     if (process.hThread) CloseHandle(process.hThread);

@@ -23,7 +23,7 @@ struct Designed {
 TEST(FormsLayout, NoTextIsCutAndNoControlsOverlapAtAnyResolution) {
     const Designed all[] = {{&gallery, {}, {}},
                             {&with_keys, {}, {}},
-                            {&addin::createnote::dialog_table(), {"Label2"}, {"SearchString and Combo1"}},
+                            {&addin::createnote::dialog_table(), {}, {"SearchString and Combo1"}},
                             {&addin::search_form_table(), {}, {}},
                             {&addin::tarnwell_table(), {}, {}},
                             {&addin::tarnwell_info_table(), {}, {}}};
