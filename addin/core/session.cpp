@@ -11,6 +11,9 @@ Session::Session(host::Desktop& platform, forms::Engine& form_engine)
     SearchForm.made_by([this] { return std::make_shared<addin::SearchForm>(engine); });
     Tarnwell.made_by([this] { return std::make_shared<addin::Tarnwell>(*this); });
     TarnwellInfo.made_by([this] { return std::make_shared<addin::TarnwellInfo>(engine); });
+    commands.at(static_cast<std::size_t>(Command::appointment_information)) = [this](Connect&) {
+        TarnwellInfo.show();
+    };
     createnote::furnish(*this);
 }
 

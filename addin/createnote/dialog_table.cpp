@@ -15,7 +15,7 @@ constexpr Column columns[] = {
     {u"City", 2540}, {u"State", 2540},        {u"ENTRYID", 2540},        {u"", 2540}};
 
 /// Two lines of it fit where the usual font would take three.
-constexpr forms::Font small_print{.points = 7.25};
+constexpr forms::Font small_print{.points = 6.75};
 
 // The order is the tab order: the search text is the first.
 constexpr ControlRow controls[] = {

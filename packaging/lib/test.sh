@@ -32,6 +32,7 @@ run_ctest() {
 # The tests that were built for Windows, with the desk and the family registered and a screen to show windows on.
 run_wine_tests() {
     # The surroundings of Wine end with this suite: the suites after it start their own.
+    local TARNWELL_PICTURES=
     local HOME=${HOME:-} DISPLAY=${DISPLAY:-} XAUTHORITY=${XAUTHORITY:-} WINEPREFIX= WINEARCH= WINEDLLOVERRIDES= WINEDEBUG=
     lock "$BUILD/script.lock" "a script runs; waiting for it"
     start_display
@@ -40,6 +41,9 @@ run_wine_tests() {
     stop_wine # one that runs would not become persistent
     (unlocked "$wine_server" -p) # else each test would wait for a new one
     warm_up_wine
+    mkdir -p "$BUILD/pictures"
+    export TARNWELL_PICTURES # each window at several resolutions, for a person's eyes
+    TARNWELL_PICTURES=$(windows_path "$BUILD/pictures")
     run_ctest x64 "$BUILD/x64" 1
     stop_wine
     rm -rf "$BUILD/script"
