@@ -55,7 +55,7 @@ start_display() {
     local pipe=$BUILD/display.$$ number= manager i
     rm -f "$pipe"
     mkfifo "$pipe"
-    (unlocked setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset) \
+    (unlocked setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1600x1200x24 -dpi 96 -nolisten tcp -noreset) \
         3>"$pipe" >"$BUILD/logs/display.log" 2>&1 </dev/null &
     at_end "end_process $!"
     read -r -t 20 number <"$pipe" || true
