@@ -10,9 +10,6 @@ using host::TextView;
 namespace {
 
 constexpr TextView bar_name = u"TarnwellCreateNote";
-constexpr TextView filled_tags[] = {u"CreateNoteButton", u"OpenContactButton", u"EmailTemplateButton",
-                                    u"DocumentTemplateButton", u"ExcelTemplateButton"};
-
 }  // namespace
 
 Lines own_bars() { return {"Menu Bar, row 0, shown, enabled", "Standard, row 0, shown, enabled"}; }
@@ -51,7 +48,10 @@ Object prepare_bar(const Object& window, BarState state) {
     bar.put(u"RowIndex", row);
     bar.put(u"Enabled", false);
     if (state == BarState::filled) {
-        for (const TextView tag : filled_tags) add_button(bar, tag);
+        for (const TextView tag : {u"CreateNoteButton", u"OpenContactButton", u"EmailTemplateButton",
+                                   u"DocumentTemplateButton", u"ExcelTemplateButton"}) {
+            add_button(bar, tag).put(u"Visible", tag == TextView(u"OpenContactButton"));
+        }
     }
     return bar;
 }
@@ -68,10 +68,10 @@ std::string left(const std::string& tag, const std::string& state) {
     return "   [" + tag + "] face 0, style 0, " + state;
 }
 
-Lines left_controls() {
-    Lines lines;
-    for (const TextView tag : filled_tags) lines.push_back(left(shown(tag), "hidden"));
-    return lines;
+Lines left_controls(const LeftStates& states) {
+    return {left("CreateNoteButton", states.create_note), left("OpenContactButton", states.open_contact),
+            left("EmailTemplateButton", states.email), left("DocumentTemplateButton", states.document),
+            left("ExcelTemplateButton", states.excel)};
 }
 
 }  // namespace acceptance

@@ -57,7 +57,7 @@ Lines shown_bar(const Lines& controls);
 enum class BarState {
     absent,
     empty,  ///< there without a control
-    filled  ///< there with the controls that windows of several kinds get, all hidden
+    filled  ///< there with the controls that windows of several kinds get; only "Open Contact" is shown
 };
 const char* told(BarState state);
 
@@ -69,8 +69,14 @@ host::Object prepare_bar(const host::Object& window, BarState state);
 Lines bar_as_left(const Lines& controls);
 Lines hidden_bar(const Lines& controls);
 
-/// A control as it was made, "shown" or "hidden", and those of a filled bar.
+/// A control as it was made, "shown" or "hidden".
 std::string left(const std::string& tag, const std::string& state);
-Lines left_controls();
+
+/// The controls of a filled bar; the states are those in which they were made, unless a test says otherwise.
+struct LeftStates {
+    std::string create_note = "hidden", open_contact = "shown", email = "hidden", document = "hidden",
+                excel = "hidden";
+};
+Lines left_controls(const LeftStates& states = {});
 
 }  // namespace acceptance

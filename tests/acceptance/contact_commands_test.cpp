@@ -6,7 +6,6 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
 using host::Text;
 using host::TextView;
 using host::outlook::Folder;
@@ -131,9 +130,7 @@ TEST_F(ContactCommands, OnAnEmptyBarAreTheTemplatesOnly) {
 TEST_F(ContactCommands, OnABarThatHasThemAreShown) {
     expect_on_a_bar(with({}), BarState::filled, false, [](bool is_account_contact) {
         const std::string by_class = is_account_contact ? "shown" : "hidden";
-        return shown_bar({left("CreateNoteButton", "hidden"), left("OpenContactButton", "hidden"),
-                          left("EmailTemplateButton", "shown"), left("DocumentTemplateButton", by_class),
-                          left("ExcelTemplateButton", by_class)});
+        return shown_bar(left_controls({.email = "shown", .document = by_class, .excel = by_class}));
     });
 }
 

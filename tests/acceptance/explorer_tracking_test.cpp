@@ -8,7 +8,6 @@ namespace {
 using host::Object;
 using host::Text;
 using host::TextView;
-using host::outlook::Item;
 
 constexpr TextView first_host = u"9.0.0.3821", later_host = u"16.0.0.0";
 

@@ -9,7 +9,6 @@ using host::Object;
 using host::Text;
 using host::TextView;
 using host::Value;
-using host::outlook::Folder;
 using host::outlook::Item;
 using host::outlook::Items;
 

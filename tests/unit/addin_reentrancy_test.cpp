@@ -12,7 +12,6 @@ namespace addin_tests {
 namespace {
 
 using acceptance::add_contact;
-using acceptance::count_in;
 using acceptance::is_marked;
 using acceptance::message;
 using acceptance::World;
