@@ -21,6 +21,9 @@ bool calls_of_opened_items();
 /// The calls that the add-in makes when the selection changes and it has nothing to do.
 bool calls_of_a_selection();
 
+/// The calls that a search of the Create Note dialog makes for each of its rows.
+bool calls_of_a_search();
+
 /// What a mail's filing takes with few and with many contacts.
 bool time_of_a_mail();
 

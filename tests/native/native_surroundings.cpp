@@ -43,7 +43,9 @@ std::vector<desk::CallCount> NativeSurroundings::calls() {
 
 void NativeSurroundings::post(std::function<void()> action) {
     posted_.push_back(std::move(action));
-    if (!strands_.running() && !handler_runs()) run_posted();
+    if (strands_.parked() == 0) waiting_ = 0;
+    const bool handler_runs = telling() > waiting_;
+    if (!strands_.running() && !handler_runs) run_posted();
 }
 
 std::unique_ptr<desk::WindowDriver> NativeSurroundings::window(host::TextView caption) {
@@ -59,6 +61,7 @@ void NativeSurroundings::run_posted() {
         } else {
             strands_.run(next);
             strands_.resume_parked();  // it may have ended what another action waits for
+            waiting_ = strands_.parked() > 0 ? telling() : 0;
         }
     }
 }

@@ -22,7 +22,8 @@ class NativeSurroundings final : public desk::Surroundings {
     std::function<host::Object(host::TextView)> make_object;
     std::function<void(host::TextView prog_id, bool connect)> connect;
     std::function<void(host::TextView name, host::TextView value)> remember;
-    std::function<bool()> handler_runs = [] { return false; };
+    /// How many events are being told, those of actions that wait in modal windows among them.
+    std::function<int()> telling = [] { return 0; };
     std::function<int(host::TextView text, host::TextView title, std::uint32_t style)> ask_person;
 
     /// Runs what was posted since, until nothing is left.
@@ -60,6 +61,7 @@ class NativeSurroundings final : public desk::Surroundings {
     Strands& strands_;
     const MemoryEngine& engine_;
     std::deque<std::function<void()>> posted_;
+    int waiting_ = 0;  ///< the events whose handlers wait in modal windows
 };
 
 }  // namespace native

@@ -66,7 +66,7 @@ struct NativeWorld::Host {
         : surroundings(boundary, programs, strands, engine),
           desk(surroundings, desk::Store::open(database), std::move(options)) {
         surroundings.run_message_loop = [this] { yield(); };
-        surroundings.handler_runs = [this] { return desk.telling() > 0; };
+        surroundings.telling = [this] { return desk.telling(); };
     }
 
     /// A turn of the message loop: what waits in the model, and what was posted.
@@ -91,7 +91,11 @@ NativeWorld::NativeWorld(const acceptance::WorldSetup& setup)
 }
 
 NativeWorld::~NativeWorld() {
-    if (host_) quit();
+    try {
+        if (host_) quit();
+    } catch (const std::exception& failure) {
+        ADD_FAILURE() << "The host did not end: " << failure.what();
+    }
 }
 
 void NativeWorld::start() {
@@ -139,6 +143,7 @@ void NativeWorld::watch_status() {
 }
 
 void NativeWorld::quit() {
+    strands_.finish();  // what is still shown as a modal window goes first
     if (loaded_) loaded_->connect->IDTExtensibility2_OnBeginShutdown();
     running().desk.application()->raise(u"Quit");
     unload_add_in(mode_host_shutdown);
