@@ -1,0 +1,281 @@
+#include "tests/acceptance/note_dialog.h"
+
+namespace acceptance {
+
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Item;
+using host::outlook::Items;
+
+namespace {
+
+constexpr TextView caption = u"Tarnwell Create Note";
+constexpr TextView list = u"lstRecipients";
+constexpr int shown_columns = 7;  // with the key; the last one holds the entry id
+
+std::string number(std::size_t value) { return std::to_string(value); }
+
+}  // namespace
+
+NoteDialog::~NoteDialog() {
+    try {
+        if (is_open()) click(u"cmdCancel");
+        EXPECT_TRUE(closes());
+    } catch (const host::Failure&) {
+        // the host has gone, and the window with it
+    }
+}
+
+Object NoteDialog::window() const { return window_of(world_, caption); }
+
+bool NoteDialog::is_open() const {
+    const Object there = window();
+    return there && there.get(u"Visible").to_boolean();
+}
+
+bool NoteDialog::closes() const {
+    return world_.wait_until([&] { return !is_open(); });
+}
+
+bool NoteDialog::open(const OpenedItem& opened) {
+    const Object button = find_control(opened.window, u"TarnwellCreateNote", u"CreateNoteButton");
+    if (!button) return false;
+    world_.desk().call(u"Press", {Value(button)});
+    const bool up = world_.wait_until([&] { return is_open(); });
+    world_.settle();
+    return up;
+}
+
+bool NoteDialog::open_from_explorer() {
+    world_.desk().get(u"ContextMenu");
+    const Object explorer = world_.application().Explorers().Item(1);
+    const Object entry = find_control(explorer, u"Context Menu", u"Tarnwell Create Note");
+    if (!entry) return false;
+    world_.desk().call(u"Press", {Value(entry)});
+    const bool up = world_.wait_until([&] { return is_open(); });
+    world_.settle();
+    return up;
+}
+
+Object NoteDialog::control(TextView name) const {
+    return window().call(u"Control", {Value(name)}).to_object();
+}
+
+std::string NoteDialog::text(TextView name) const { return shown(control(name).get(u"Text").to_text()); }
+
+bool NoteDialog::is_chosen(TextView toggle) const {
+    return control(toggle).get(u"Selected").to_integer() == 1;
+}
+
+bool NoteDialog::is_enabled(TextView name) const { return control(name).get(u"Enabled").to_boolean(); }
+
+bool NoteDialog::header_becomes(TextView text) const {
+    return world_.wait_until([&] { return control(u"lblHeader").get(u"Text").to_text() == text; });
+}
+
+void NoteDialog::click(TextView name) const {
+    control(name).call(u"Click");
+    world_.settle();
+}
+
+void NoteDialog::type(TextView name, TextView text) const { control(name).put(u"Text", text); }
+
+void NoteDialog::choose(TextView list_name, TextView entry) const {
+    const Lines all = entries(list_name);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (all[i] != shown(entry)) continue;
+        control(list_name).call(u"Select", {static_cast<std::int32_t>(i) + 1});
+        world_.settle();
+        return;
+    }
+    ADD_FAILURE() << "there is no entry " << shown(entry);
+}
+
+Lines NoteDialog::entries(TextView list_name) const {
+    const Object box = control(list_name);
+    const std::int32_t entry_count = box.get(u"Count").to_integer();
+    Lines all;
+    for (std::int32_t i = 1; i <= entry_count; ++i) all.push_back(shown(box.call(u"Item", {i}).to_text()));
+    return all;
+}
+
+std::int32_t NoteDialog::count() const { return control(list).get(u"Count").to_integer(); }
+
+std::string NoteDialog::cell(std::int32_t row, int column) const {
+    const Object there = control(list).call(u"Item", {row}).to_object();
+    return shown(column == 1 ? there.get(u"Text").to_text() : there.get(u"SubItems", {column - 1}).to_text());
+}
+
+Lines NoteDialog::column(int number) const {
+    Lines cells;
+    const std::int32_t row_count = count();
+    for (std::int32_t row = 1; row <= row_count; ++row) cells.push_back(cell(row, number));
+    return cells;
+}
+
+Lines NoteDialog::rows() const {
+    Lines told;
+    const std::int32_t row_count = count();
+    for (std::int32_t row = 1; row <= row_count; ++row) {
+        std::string line = cell(row, 1);
+        for (int column = 2; column <= shown_columns; ++column) line += "|" + cell(row, column);
+        while (line.ends_with('|')) line.pop_back();
+        told.push_back(line);
+    }
+    return told;
+}
+
+Lines NoteDialog::headings() const {
+    Lines texts;
+    for (int i = 1; i <= shown_columns; ++i) {
+        texts.push_back(shown(control(list).get(u"Columns", {i}).to_object().get(u"Text").to_text()));
+    }
+    return texts;
+}
+
+std::vector<std::int32_t> NoteDialog::marks() const {
+    std::vector<std::int32_t> images;
+    for (int i = 1; i <= shown_columns + 1; ++i) {
+        images.push_back(control(list).get(u"Columns", {i}).to_object().get(u"Image").to_integer());
+    }
+    return images;
+}
+
+std::int32_t NoteDialog::width(int column) const {
+    return control(list).get(u"Columns", {column}).to_object().get(u"Width").to_integer();
+}
+
+std::int32_t NoteDialog::selected() const { return control(list).get(u"Selected").to_integer(); }
+
+void NoteDialog::select(std::int32_t row) const {
+    control(list).call(u"Select", {row});
+    world_.settle();
+}
+
+void NoteDialog::click_column(int number) const {
+    control(list).call(u"ColumnClick", {number});
+    world_.settle();
+}
+
+void NoteDialog::double_click() const {
+    control(list).call(u"DoubleClick");
+    world_.settle();
+}
+
+void NoteDialog::search(TextView target, TextView text) const {
+    choose(u"Combo2", target);
+    type(u"SearchString", text);
+    click(u"cmdSearch");
+    EXPECT_TRUE(header_becomes(u"Search Complete for " + Text(text)));
+}
+
+void NoteDialog::create() const {
+    constexpr std::int32_t ok = 1;
+    const std::int32_t before = count_messages(world_);
+    world_.desk().call(u"Answer", {u"Tarnwell", u"Done - creating Note for ", ok});
+    click(u"cmdSend");
+    EXPECT_TRUE(world_.wait_until([&] { return count_messages(world_) > before; }));
+    world_.settle();
+}
+
+// Targets
+
+Text named_field(TextView property) { return u"{00020329-0000-0000-C000-000000000046}," + Text(property); }
+
+void write_targets_file(World& world, const std::string& bytes) {
+    const Text path = world.write_file("twsystemfolder.ini", bytes);
+    world.family(u"SpecialFolder", path.substr(0, path.find_last_of(u"\\/")));
+}
+
+Items system_items(World& world) {
+    const host::outlook::Folder database(world.account_profiles().Parent());
+    return database.Folders().Item(u"System Folder").Items();
+}
+
+namespace {
+
+void write(const Item& record, TextView name, const Text& value) {
+    constexpr std::int32_t text = 1;  // OlUserPropertyType
+    record.UserProperties().Add(name, text, false).value(value);
+}
+
+}  // namespace
+
+Item add_drop_down(World& world, const Text& name, const Text& definition) {
+    const Item record = system_items(world).Add(u"IPM.Post.Folder Drop Down");
+    record.Subject(name);
+    write(record, u"FindDefinition", definition);
+    record.Save();
+    return record;
+}
+
+Item add_definition(World& world, const Target& target) {
+    const Item record = system_items(world).Add(u"IPM.Post.ListDefinition");
+    record.Subject(target.definition);
+    for (std::size_t i = 0; i < target.fields.size(); ++i) {
+        const Text place = host::from_utf8(number(i + 1));
+        write(record, u"ColumnName" + place, target.headings.at(i));
+        write(record, u"FieldName" + place, target.fields.at(i));
+        write(record, u"FieldType" + place, target.types.at(i));
+    }
+    write(record, u"KeyColumnName", target.key_heading);
+    write(record, u"KeyFieldName", target.key_field);
+    write(record, u"SearchFolder", target.folder);
+    record.Body(target.filter);
+    record.Save();
+    return record;
+}
+
+void install(World& world, const std::vector<Target>& targets) {
+    std::string file;
+    for (const Target& target : targets) {
+        file += "[" + shown(target.name) + "]\r\nDisplay in=" + target.display_in +
+                "\r\nFindDefinition=" + shown(target.definition) + "\r\nFolder Name=" + shown(target.folder) +
+                "\r\n\r\n";
+        add_drop_down(world, target.name, target.definition);
+        add_definition(world, target);
+    }
+    write_targets_file(world, file);
+}
+
+// Records, notes and mails
+
+Item add_account(World& world, const Fields& properties, const Text& subject) {
+    const Item account = world.account_profiles().Items().Add(u"IPM.Post.Tarnwell_2000");
+    account.Subject(subject);
+    for (const auto& [name, value] : properties) write(account, name, value);
+    account.Save();
+    return account;
+}
+
+Lines told_note(const Item& note) {
+    Lines told{"Subject: " + shown(note.Subject())};
+    const host::outlook::UserProperties properties = note.UserProperties();
+    const std::int32_t count = properties.Count();
+    for (std::int32_t i = 1; i <= count; ++i) {
+        const host::outlook::UserProperty property = properties.Item(i);
+        const std::string value = shown(property.get(u"Value").to_text());
+        if (!value.empty()) told.push_back(shown(property.get(u"Name").to_text()) + ": " + value);
+    }
+    return told;
+}
+
+bool is_marked_by_user(const Item& mail) {
+    return mail.get(u"FlagStatus").to_integer() == 1 &&
+           mail.get(u"FlagRequest").to_text() == u"TW User Filed" &&
+           mail.BillingInformation() == u"TW Auto Filed";
+}
+
+Lines message_texts(World& world, std::int32_t from) {
+    const Object messages = world.desk().get(u"Messages").to_object();
+    const std::int32_t count = messages.get(u"Count").to_integer();
+    Lines texts;
+    for (std::int32_t i = from + 1; i <= count; ++i) {
+        texts.push_back(shown(messages.call(u"Item", {i}).to_object().get(u"Text").to_text()));
+    }
+    return texts;
+}
+
+}  // namespace acceptance

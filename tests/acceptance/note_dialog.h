@@ -1,0 +1,121 @@
+// The Create Note dialog as a person has it before himself, and the data that its searches need.
+#pragma once
+
+#include <array>
+
+#include "tests/acceptance/bars.h"
+#include "tests/acceptance/people.h"
+
+namespace acceptance {
+
+/// The dialog from outside. It is modal: when this ends, it is closed.
+class NoteDialog {
+  public:
+    explicit NoteDialog(World& world) : world_(world) {}
+    ~NoteDialog();
+    NoteDialog(const NoteDialog&) = delete;
+    NoteDialog& operator=(const NoteDialog&) = delete;
+
+    /// Opens it by the button of an item's window, or by the entry of the explorer's menu; whether it came
+    /// up.
+    bool open(const OpenedItem& opened);
+    bool open_from_explorer();
+
+    bool is_open() const;
+    bool closes() const;  ///< waits until it has gone
+
+    host::Object window() const;
+    host::Object control(host::TextView name) const;
+
+    std::string text(host::TextView name) const;
+    bool is_chosen(host::TextView toggle) const;
+    bool is_enabled(host::TextView name) const;
+    bool header_becomes(host::TextView text) const;  ///< waits for a text of the status line
+
+    void click(host::TextView name) const;
+    void type(host::TextView name, host::TextView text) const;
+    /// Chooses an entry of a drop-down list; fails the test if there is none such.
+    void choose(host::TextView list, host::TextView entry) const;
+    Lines entries(host::TextView list) const;
+
+    // the list of addresses and records
+
+    std::int32_t count() const;
+    std::string cell(std::int32_t row, int column) const;  ///< both from 1
+    Lines column(int number) const;
+    Lines rows() const;  ///< each as "cell|cell", without the entry id and without empty cells at the end
+    Lines headings() const;
+    std::vector<std::int32_t> marks() const;
+    std::int32_t width(int column) const;
+    std::int32_t selected() const;
+    void select(std::int32_t row) const;
+    void click_column(int number) const;
+    void double_click() const;
+
+    /// Chooses a target and searches for a text in it.
+    void search(host::TextView target, host::TextView text) const;
+
+    /// Has the next "Done" box closed, and creates a note of the selected row.
+    void create() const;
+
+  private:
+    World& world_;
+};
+
+/// What the dialog's status line says at first, and after a note was made.
+inline constexpr host::TextView invitation = u"Highlight an entry in the list below.  Then press Create.";
+inline constexpr host::TextView no_row =
+    u"You must select a valid Account/Contact name. Please use the search feature.";
+
+inline constexpr host::TextView accounts_path =
+    u"\\\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles";
+inline constexpr host::TextView contacts_path =
+    u"\\\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles\\Account Contacts";
+
+/// A user property in the notation of a definition.
+host::Text named_field(host::TextView property);
+
+/// What a search is defined by: a section of the ini file and its two records in the "System Folder". As it
+/// stands, it finds contacts by their names.
+struct Target {
+    host::Text name = u"People";
+    std::string display_in = "Find";
+    host::Text definition = u"People of accounts";
+    host::Text folder{contacts_path};
+    std::array<host::Text, 6> headings{u"Full Name", u"Company", u"Email", u"Manager", u"Team", u"Alignment"};
+    std::array<host::Text, 6> fields{u"&H3001001E",
+                                     u"&H3A16001E",
+                                     named_field(u"EmailSearchString"),
+                                     named_field(u"Account Manager"),
+                                     named_field(u"Team"),
+                                     named_field(u"Alignment")};
+    std::array<host::Text, 6> types{u"String", u"String", u"String", u"String", u"String", u"String"};
+    host::Text key_heading = u"ContactID";
+    host::Text key_field = named_field(u"ContactID");
+    host::Text filter = u"[FullName] >= '<<mString>>' AND [FullName] < '<<UpperLimit>>'";
+};
+
+/// The file of targets, and the family told where it lies.
+void write_targets_file(World& world, const std::string& bytes);
+
+/// Records of the "System Folder".
+host::outlook::Items system_items(World& world);
+host::outlook::Item add_drop_down(World& world, const host::Text& name, const host::Text& definition);
+host::outlook::Item add_definition(World& world, const Target& target);
+
+/// All that these targets need, and no others.
+void install(World& world, const std::vector<Target>& targets);
+
+/// Saves an account to "Account Profiles".
+host::outlook::Item add_account(World& world, const Fields& properties, const host::Text& subject);
+
+/// All properties of a filed note with a value, as "name: value", and its subject; without its body.
+Lines told_note(const host::outlook::Item& note);
+
+/// Whether a mail bears the mark of one that the user filed.
+bool is_marked_by_user(const host::outlook::Item& mail);
+
+/// The texts of the message boxes since a place.
+Lines message_texts(World& world, std::int32_t from = 0);
+
+}  // namespace acceptance
