@@ -117,6 +117,7 @@ void dlgSend::cmdSearch_Click() {
     header(Text(searching) + text);
     desktop.pointer(host::Pointer::hourglass);
     steps.run([&] { desktop.yield(); });
+    if (closed_meanwhile()) return;
     host::family::MainAddIn main_add_in;
     Folder folder;
     steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
@@ -126,11 +127,17 @@ void dlgSend::cmdSearch_Click() {
         return Folder(main_add_in.ReturnFolderFromPath(session_.list_definition.SearchFolder));
     });
     SearchListTarget(folder);
-    if (!loaded()) return;  // the window went while the search gave way
+    if (closed_meanwhile()) return;
     if (list().count() > 0) list().select(0);
     control(u"lstRecipients").focus();
     header(Text(complete) + control(u"SearchString").text());
     desktop.pointer(host::Pointer::standard);
+}
+
+bool dlgSend::closed_meanwhile() {
+    if (loaded()) return false;
+    session_.desktop.pointer(host::Pointer::standard);
+    return true;
 }
 
 void dlgSend::SearchListTarget(const Folder& folder) {

@@ -189,7 +189,7 @@ void dlgSend::Combo2_Click() {
     } else {
         GetListDef();
     }
-    if (control(u"Combo2").text().empty()) return;
+    if (!loaded() || control(u"Combo2").text().empty()) return;
     control(u"SearchString").enabled(true);
     control(u"SearchString").text(u"");
 }

@@ -73,6 +73,8 @@ class dlgSend final : public NoteDialog {
     void Option2_Click();
     void Combo2_Click();
     void cmdSearch_Click();
+    /// Whether the user has closed the window while the search gave way; the pointer is the usual one then.
+    bool closed_meanwhile();
     void SearchListTarget(const host::outlook::Folder& folder);
     /// One found item as a row. `key` keeps the key of the item before where this one's can't be read.
     void add_row(Steps& steps, const host::family::SafeRecordItem& wrapper, const host::outlook::Items& items,

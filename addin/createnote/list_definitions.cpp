@@ -172,11 +172,12 @@ void dlgSend::GetListDef() {
         list().heading(static_cast<int>(i), session_.list_definition.ColumnName[i]);
     }
     steps.run([&] { list().heading(column::key, property(record, u"KeyColumnName")); });
+    // the user may close the window while it gives way: then nothing of it is touched any more
     steps.run([&] { desktop.yield(); });
-    list().clear();
+    if (loaded()) list().clear();
     steps.run([&] { desktop.yield(); });
     desktop.pointer(host::Pointer::standard);
-    control(u"SearchString").focus();
+    if (loaded()) control(u"SearchString").focus();
     session_.cdo.reset();
 }
 

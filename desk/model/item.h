@@ -30,7 +30,7 @@ class Item : public ModelObject<Item> {
     const ItemKind& kind() const { return kind_of(data_.message_class); }
     RowId id() const { return id_; }
     RowId folder() const { return folder_; }
-    std::int64_t size() const { return size_; }    ///< bytes at the last load
+    std::int64_t size() const { return size_; }  ///< bytes at the last load
     /// Since it was made or saved.
     bool has_changes() const { return changed_ && (id_ != 0 || version_ != 0); }
     bool is_saved() const { return id_ != 0 && !changed_; }
