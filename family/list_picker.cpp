@@ -1,10 +1,13 @@
 #include "family/list_picker.h"
 
+#include "family/database.h"
+#include "records/names.h"
+
 namespace family {
 
 using host::Arguments;
+using host::Failure;
 using host::no_id;
-using host::Takes;
 using host::Text;
 using host::TextView;
 using host::Use;
@@ -12,6 +15,8 @@ using host::Value;
 
 namespace {
 
+/// The members as automation calls them.
+namespace called {
 constexpr TextView folder_id = u"FolderId";
 constexpr TextView account_folder_id = u"accountfolderid";
 constexpr TextView store_id = u"StoreID";
@@ -19,6 +24,7 @@ constexpr TextView load_dialog = u"loaddialog";
 constexpr TextView refresh_accounts = u"refreshaccounts";
 constexpr TextView show_dialog = u"showdialog";
 constexpr TextView search_any = u"searchany";
+}  // namespace called
 
 /// A property that tells where to look.
 template <const TextView& member, Text ListPicker::Place::*part>
@@ -30,37 +36,144 @@ Value keep(ListPicker& self, const Arguments& arguments) {
     return self.place().*part;
 }
 
-template <const TextView& member>
-Value record(ListPicker& self, const Arguments&) {
+template <const TextView& member, void (ListPicker::*act)()>
+Value run(ListPicker& self, const Arguments&) {
     self.record_call(member);
+    (self.*act)();
     return {};
 }
 
-Value search(ListPicker& self, const Arguments& arguments) {
+Value run_search(ListPicker& self, const Arguments& arguments) {
     const Text definition = arguments[0].to_text(), title = arguments[1].to_text();
+    Takes takes = Takes::one;
     if (arguments.has(2)) {
-        self.record_call(search_any, {definition, title, arguments[2].to_text()});
+        self.record_call(called::search_any, {definition, title, arguments[2].to_text()});
+        if (!arguments[2].to_boolean()) takes = Takes::several;
     } else {
-        self.record_call(search_any, {definition, title});
+        self.record_call(called::search_any, {definition, title});
     }
+    self.search(title, takes);
     return {};
 }
+
+using Rows = std::vector<PickerRow>;
+
+std::int32_t size(const Rows& rows) { return static_cast<std::int32_t>(rows.size()); }
+
+/// Calls `put(row, column)` for the place of each text.
+template <class Put>
+void put_all(const Rows& rows, Put put) {
+    for (std::int32_t row = 0; row < size(rows); ++row) {
+        for (std::int32_t column = 0; column < picker_column::count; ++column) {
+            put(row, column) = rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+        }
+    }
+}
+
+Value rows_first(const Rows& rows) {
+    host::Array table({0, size(rows) + 1}, {0, picker_column::count});
+    put_all(rows, [&](std::int32_t row, std::int32_t column) -> Value& { return table.at(row, column); });
+    return table;
+}
+
+Value columns_first(const Rows& rows) {
+    host::Array table({0, picker_column::count}, {0, size(rows)});
+    put_all(rows, [&](std::int32_t row, std::int32_t column) -> Value& { return table.at(column, row); });
+    return table;
+}
+
+constexpr TextView dialog_title = u"Account List";
 
 }  // namespace
 
+void ListPicker::search(TextView title, Takes takes) {
+    make_window(title, takes);
+    forget();
+    refresh_accounts();
+    choose(rows_first);
+}
+
+void ListPicker::load_dialog() { make_window(dialog_title, Takes::one); }
+
+void ListPicker::refresh_accounts() {
+    if (!window_) load_dialog();
+    window_->fill(read_picker_rows(folder()));
+    filled_ = true;
+}
+
+void ListPicker::show_dialog() {
+    if (shown_) throw Failure(host::result::fail, u"The picker is being shown already");
+    forget();
+    if (!filled_) refresh_accounts();
+    choose(columns_first);
+}
+
+host::outlook::Folder ListPicker::folder() const {
+    const Text& id = place_.folder_id.empty() ? place_.account_folder_id : place_.folder_id;
+    host::outlook::Folder accounts;
+    if (id.empty() || place_.store_id.empty()) {
+        accounts = Database(surroundings()).folder(addin::records::folder::account_profiles);
+        if (!accounts) throw Failure(host::result::not_found, u"There is no folder of accounts");
+        if (id.empty()) return accounts;
+    }
+    return host::outlook::Application(surroundings().application())
+        .GetNamespace(u"MAPI")
+        .GetFolderFromID(id, place_.store_id.empty() ? accounts.StoreID() : place_.store_id);
+}
+
+void ListPicker::make_window(TextView title, Takes takes) {
+    if (shown_) throw Failure(host::result::fail, u"The picker is being shown already");
+    window_.reset();
+    engine_ = surroundings().engine();
+    window_ = std::make_shared<ListPickerForm>(*engine_, takes);
+    filled_ = false;
+    window_->view().caption(title);
+}
+
+void ListPicker::choose(Value (*table_of)(const Rows&)) {
+    shown_ = true;
+    std::optional<Rows> taken;
+    try {
+        taken = window_->choose();
+    } catch (...) {
+        let_go();
+        throw;
+    }
+    let_go();
+    if (!taken) return;
+    cancelled_ = false;
+    chosen_ = taken->empty() ? Value() : table_of(*taken);
+}
+
+void ListPicker::forget() {
+    cancelled_ = true;
+    chosen_ = host::Array(host::Array::Bounds{}, host::Array::Bounds{});
+}
+
+void ListPicker::let_go() {
+    window_.reset();
+    engine_.reset();
+    filled_ = false;
+    shown_ = false;
+}
+
 const host::Members<ListPicker>& ListPicker::members() {
     static const host::Members<ListPicker> table{
-        {folder_id, no_id, Use::get_put, keep<folder_id, &Place::folder_id>},
-        {account_folder_id, no_id, Use::get_put, keep<account_folder_id, &Place::account_folder_id>},
-        {store_id, no_id, Use::get_put, keep<store_id, &Place::store_id>},
-        {load_dialog, no_id, Use::method, record<load_dialog>},
-        {refresh_accounts, no_id, Use::method, record<refresh_accounts>},
-        {show_dialog, no_id, Use::method, record<show_dialog>},
-        {search_any,
+        {called::folder_id, no_id, Use::get_put, keep<called::folder_id, &Place::folder_id>},
+        {called::account_folder_id, no_id, Use::get_put,
+         keep<called::account_folder_id, &Place::account_folder_id>},
+        {called::store_id, no_id, Use::get_put, keep<called::store_id, &Place::store_id>},
+        {called::load_dialog, no_id, Use::method, run<called::load_dialog, &ListPicker::load_dialog>},
+        {called::refresh_accounts, no_id, Use::method,
+         run<called::refresh_accounts, &ListPicker::refresh_accounts>},
+        {called::show_dialog, no_id, Use::method, run<called::show_dialog, &ListPicker::show_dialog>},
+        {called::search_any,
          no_id,
          Use::method,
-         {{u"Definition", Takes::text}, {u"Title", Takes::text}, {u"Multiple", Takes::value, true}},
-         search},
+         {{u"Definition", host::Takes::text},
+          {u"Title", host::Takes::text},
+          {u"Single", host::Takes::value, true}},
+         run_search},
         {u"dialogcancel", no_id, Use::get,
          [](ListPicker& self, const Arguments&) -> Value { return self.cancelled(); }},
         {u"slist", no_id, Use::get,

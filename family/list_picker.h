@@ -1,12 +1,12 @@
 // Stands in for the account and contact picker.
 #pragma once
 
+#include "family/list_picker_form.h"
 #include "family/sibling.h"
 
 namespace family {
 
-/// A picker that nobody answers: it records how it was asked, nothing is ever chosen, and so it reports a
-/// cancel and an empty table of rows.
+/// The picker as automation sees it. How it is asked is recorded, too.
 class ListPicker : public Sibling<ListPicker> {
   public:
     static constexpr host::TextView name = u"ListPicker";
@@ -14,7 +14,8 @@ class ListPicker : public Sibling<ListPicker> {
 
     using Sibling::Sibling;
 
-    /// Where the picker looks, as its caller says.
+    /// Where the picker looks, as its caller says. Without a folder it is the accounts' one, without a store
+    /// the database's.
     struct Place {
         host::Text folder_id;
         host::Text account_folder_id;
@@ -22,12 +23,38 @@ class ListPicker : public Sibling<ListPicker> {
     };
     Place& place() { return place_; }
 
-    bool cancelled() const { return chosen_.dimensions().front().count == 0; }
-    const host::Array& chosen() const { return chosen_; }
+    /// The search form: makes its window with that title, lists the folder's records, and comes back when the
+    /// user is done. Throws `Failure` if the folder can't be read, or while a window of this picker is shown.
+    void search(host::TextView title, Takes takes);
+
+    // the dialog form, in the order in which its members are called; each does what an earlier one left out
+    void load_dialog();
+    void refresh_accounts();
+    void show_dialog();
+
+    bool cancelled() const { return cancelled_; }
+
+    /// The rows that were chosen, a table with two dimensions from 0. After a search its rows are the first
+    /// one, with an empty row behind the last: its upper bound is the number of rows. After the dialog the
+    /// columns are the first one and the rows the second. Column 7 is the entry id. A table without elements
+    /// after a cancel, and no table at all if the user was done without choosing anything.
+    const host::Value& chosen() const { return chosen_; }
 
   private:
+    host::outlook::Folder folder() const;
+    void make_window(host::TextView title, Takes takes);
+    void choose(host::Value (*table_of)(const std::vector<PickerRow>&));
+
+    void forget();  ///< what was chosen
+    void let_go();  ///< of the window
+
     Place place_;
-    host::Array chosen_{host::Array::Bounds{}, host::Array::Bounds{}};  ///< rows by columns
+    std::shared_ptr<addin::forms::Engine> engine_;  // outlives the window
+    std::shared_ptr<ListPickerForm> window_;
+    bool filled_ = false;
+    bool shown_ = false;
+    bool cancelled_ = true;
+    host::Value chosen_ = host::Array(host::Array::Bounds{}, host::Array::Bounds{});
 };
 
 }  // namespace family

@@ -3,10 +3,12 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <span>
 
 #include "family/named_properties.h"
+#include "forms/view.h"
 #include "host/object.h"
 
 namespace family {
@@ -49,6 +51,9 @@ class Surroundings {
 
     /// The host's application object. Throws `Failure` if there is none.
     virtual host::Object application() = 0;
+
+    /// What makes windows. It is there as long as somebody holds it, and is to outlive its windows.
+    virtual std::shared_ptr<addin::forms::Engine> engine() = 0;
 
     /// Notes a call that would open a window, or change one, of the family.
     virtual void record(host::Text call) = 0;

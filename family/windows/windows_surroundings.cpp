@@ -2,6 +2,7 @@
 
 #include "family/windows/registry_list.h"
 #include "windows/com/failure.h"
+#include "windows/desktop/windows_desktop.h"
 
 namespace family {
 
@@ -31,6 +32,15 @@ host::Object WindowsSurroundings::application() {
     windows::check(CoCreateInstance(id, nullptr, CLSCTX_SERVER, IID_IDispatch, application.put_void()),
                    u"Outlook.Application");
     return host::Object(apartment_->adapt(application.get()));
+}
+
+std::shared_ptr<addin::forms::Engine> WindowsSurroundings::engine() {
+    std::shared_ptr<windows::FormEngine> engine = engine_.lock();
+    if (!engine) {
+        engine = std::make_shared<windows::FormEngine>(apartment_->module(), windows::screen_dots_per_inch);
+        engine_ = engine;
+    }
+    return engine;
 }
 
 void WindowsSurroundings::record(Text call) {

@@ -3,6 +3,7 @@
 
 #include "family/surroundings.h"
 #include "windows/com/apartment.h"
+#include "windows/forms/form_engine.h"
 
 namespace family {
 
@@ -14,10 +15,12 @@ class WindowsSurroundings : public Surroundings {
 
     std::optional<host::Text> read_setting(host::TextView name) override;
     host::Object application() override;
+    std::shared_ptr<addin::forms::Engine> engine() override;
     void record(host::Text call) override;
 
   private:
     std::shared_ptr<windows::Apartment> apartment_;
+    std::weak_ptr<windows::FormEngine> engine_;
 };
 
 }  // namespace family

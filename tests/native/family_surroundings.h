@@ -14,16 +14,20 @@ inline constexpr host::TextView family_key = u"Software\\Tarnwell\\Family";
 
 class FamilySurroundings final : public family::Surroundings {
   public:
-    FamilySurroundings(host::Registry& registry, std::function<host::Object()> application)
-        : registry_(registry), application_(std::move(application)) {}
+    /// The engine lives longer than the windows that are made by it.
+    FamilySurroundings(host::Registry& registry, std::function<host::Object()> application,
+                       addin::forms::Engine& engine)
+        : registry_(registry), application_(std::move(application)), engine_(engine) {}
 
     std::optional<host::Text> read_setting(host::TextView name) override;
     host::Object application() override { return application_(); }
+    std::shared_ptr<addin::forms::Engine> engine() override { return {std::shared_ptr<void>(), &engine_}; }
     void record(host::Text call) override;
 
   private:
     host::Registry& registry_;
     std::function<host::Object()> application_;
+    addin::forms::Engine& engine_;
 };
 
 /// Appends a text to the list under a key of the family's: values named "0001", "0002" and so on.

@@ -43,13 +43,14 @@ int answer_of_closing(std::uint32_t style) {
 }  // namespace
 
 NativeDesktop::NativeDesktop(std::shared_ptr<Boundary> boundary, MemoryRegistry& registry, Programs& programs,
-                             Text own_folder, std::vector<Text> without)
+                             Text own_folder, std::vector<Text> without, addin::forms::Engine& engine)
     : boundary_(std::move(boundary)),
       watched_(*boundary_, registry),
       programs_(programs),
       own_folder_(std::move(own_folder)),
       without_(std::move(without)),
-      family_(std::make_shared<FamilySurroundings>(registry, [this] { return make(outlook_prog_id); })) {}
+      family_(std::make_shared<FamilySurroundings>(
+          registry, [this] { return make(outlook_prog_id); }, engine)) {}
 
 void NativeDesktop::attach(desk::Desk* desk) { desk_ = desk; }
 

@@ -12,10 +12,11 @@ namespace native {
 
 /// All that it hands out lies beyond the boundary, and so do its own calls that may fail: create,
 /// application, the registry's, the search and the deletion of files. It stays while the host comes and goes.
+/// The engine makes the family's windows.
 class NativeDesktop final : public host::Desktop {
   public:
     NativeDesktop(std::shared_ptr<Boundary> boundary, MemoryRegistry& registry, Programs& programs,
-                  host::Text own_folder, std::vector<host::Text> without);
+                  host::Text own_folder, std::vector<host::Text> without, addin::forms::Engine& engine);
 
     /// The host that runs now, or null.
     void attach(desk::Desk* desk);

@@ -77,7 +77,8 @@ struct NativeWorld::Host {
 };
 
 NativeWorld::NativeWorld(const acceptance::WorldSetup& setup)
-    : setup_(setup), desktop_(boundary_, registry_, programs_, add_in_folder(), texts(setup.without)) {
+    : setup_(setup),
+      desktop_(boundary_, registry_, programs_, add_in_folder(), texts(setup.without), engine_) {
     std::filesystem::create_directory(folder_ / "addin");
     std::filesystem::create_directory(folder_ / "files");
     std::filesystem::copy_file(database_file(setup.database), folder_ / "database.desk");

@@ -32,7 +32,7 @@ class NativeWorld final : public acceptance::World {
     NativeDesktop& system() { return desktop_; }
     MemoryRegistry& memory_registry() { return registry_; }
     Boundary& boundary() { return *boundary_; }
-    MemoryEngine& engine() { return engine_; }  ///< the add-in's windows
+    MemoryEngine& engine() { return engine_; }  ///< the windows of the add-in and the family
     addin::Connect* add_in();                   ///< the add-in as it is loaded; null if it isn't
 
     /// Loads the add-in as the host does, or lets go of it.

@@ -95,6 +95,11 @@ TEST(StatusWindows, TheSmallWindowsFirstButtonShowsThePicker) {
     EXPECT_TRUE(window->control(u"Command1").click());
     EXPECT_THAT(world.family_calls(),
                 testing::ElementsAre(Text(u"ListPicker.loaddialog"), Text(u"ListPicker.showdialog")));
+    native::MemoryWindow* const picker = world.engine().find(u"Account List");
+    ASSERT_NE(picker, nullptr);
+    EXPECT_TRUE(picker->visible());
+    EXPECT_TRUE(picker->close());
+    EXPECT_EQ(world.engine().find(u"Account List"), nullptr);
     session.Tarnwell.unload();
     EXPECT_EQ(world.engine().find(u"Tarnwell"), nullptr);
 }

@@ -10,6 +10,7 @@
 
 #include "family/surroundings.h"
 #include "host/automated.h"
+#include "tests/native/memory_forms.h"
 
 namespace family_test {
 
@@ -108,6 +109,7 @@ class Profile {
         std::vector<Node> children{};
         std::vector<Object> items{};
         Text id{};  ///< entry id; made of the path if empty
+        Text message_class{};
     };
 
     explicit Profile(std::vector<Node> stores) : stores_(std::move(stores)) {}
@@ -159,6 +161,7 @@ class Profile {
             if (offline.contains(name)) throw Failure(host::result::fail, u"The store is offline");
             return Object(collection(children));
         };
+        folder->properties[u"DefaultMessageClass"] = node.message_class;
         folder->properties[u"Items"] = Object(collection(node.items));
         folders_[{id, store}] = Object(folder);
         return Object(folder);
@@ -168,7 +171,7 @@ class Profile {
     std::map<std::pair<Text, Text>, Object> folders_;
 };
 
-/// Settings in a map, calls in a list, a profile in memory.
+/// Settings in a map, calls in a list, a profile and windows in memory.
 class Surroundings : public family::Surroundings {
   public:
     explicit Surroundings(std::vector<Profile::Node> stores = {}) : profile(std::move(stores)) {}
@@ -181,10 +184,13 @@ class Surroundings : public family::Surroundings {
         if (!with_application) throw Failure(host::result::bad_prog_id, u"No host");
         return profile.application();
     }
+    std::shared_ptr<addin::forms::Engine> engine() override { return {std::shared_ptr<void>(), &windows}; }
     void record(Text call) override { calls.push_back(std::move(call)); }
 
     std::map<Text, Text> settings;
     std::vector<Text> calls;
+    native::Strands strands;
+    native::MemoryEngine windows{strands};
     Profile profile;
     bool with_application = true;
 };

@@ -67,7 +67,7 @@ void WindowsDesktop::yield() {
 
 void WindowsDesktop::sleep(std::uint32_t milliseconds) { Sleep(milliseconds); }
 
-int WindowsDesktop::dots_per_inch() {
+int screen_dots_per_inch() {
     const HWND window = GetDesktopWindow();
     const HDC context = GetDC(window);
     const int dots = GetDeviceCaps(context, LOGPIXELSX);

@@ -7,6 +7,9 @@
 
 namespace windows {
 
+/// The resolution of the screen.
+int screen_dots_per_inch();
+
 /// Belongs to the thread of its apartment.
 class WindowsDesktop final : public host::Desktop {
   public:
@@ -22,7 +25,7 @@ class WindowsDesktop final : public host::Desktop {
     void sleep(std::uint32_t milliseconds) override;
     void pointer(host::Pointer pointer) override { screen_pointer_->show(pointer); }
     std::shared_ptr<const ScreenPointer> screen_pointer() const { return screen_pointer_; }
-    int dots_per_inch() override;
+    int dots_per_inch() override { return screen_dots_per_inch(); }
 
     host::Text find_file(host::TextView path) override;  ///< its name, without the folder
     void delete_file(host::TextView path) override;

@@ -6,7 +6,7 @@
 namespace desk {
 namespace {
 
-constexpr std::int32_t text = 1, date = 5;  // OlUserPropertyType
+constexpr std::int32_t text = 1, date = 5, percent = 12, currency = 14;  // OlUserPropertyType
 
 constexpr FormProperty account_profile[] = {{u"AccountID", text},         {u"Account Name", text},
                                             {u"Account Manager", text},   {u"Team", text},
@@ -27,10 +27,11 @@ constexpr FormProperty note[] = {{u"AccountID", text},       {u"ContactID", text
                                  {u"Account Manager", text}, {u"Team", text},
                                  {u"Alignment", text},       {u"Type", text},
                                  {u"Activity Date", date}};
-constexpr FormProperty opportunity[] = {{u"AccountID", text},    {u"ContactID", text},       {u"OppID", text},
-                                        {u"Account Name", text}, {u"Contact Name", text},    {u"Name", text},
-                                        {u"Contact1", text},     {u"Account Manager", text}, {u"Team", text},
-                                        {u"Alignment", text}};
+constexpr FormProperty opportunity[] = {
+    {u"AccountID", text},    {u"ContactID", text},      {u"OppID", text},           {u"Account Name", text},
+    {u"Contact Name", text}, {u"Name", text},           {u"Contact1", text},        {u"Amount", currency},
+    {u"Close Date", date},   {u"Probability", percent}, {u"Account Manager", text}, {u"Team", text},
+    {u"Alignment", text}};
 constexpr FormProperty inquiry[] = {
     {u"AccountID", text},     {u"ContactID", text},       {u"Inquiry ID", text}, {u"Account Name", text},
     {u"Contact Name", text},  {u"Account Manager", text}, {u"Team", text},       {u"Alignment", text},
@@ -47,7 +48,16 @@ constexpr FormProperty task[] = {
     {u"Inquiry Type", text}, {u"NoteID", text},           {u"TaskID", text},          {u"Account Name", text},
     {u"Contact Name", text}, {u"Opportunity Name", text}, {u"Account Manager", text}, {u"Team", text},
     {u"Alignment", text}};
-constexpr FormProperty system_record[] = {{u"RecordType", text}};
+constexpr FormProperty drop_down[] = {{u"RecordType", text}};
+constexpr FormProperty folder_drop_down[] = {
+    {u"RecordType", text}, {u"MessageClass", text}, {u"FindDefinition", text}};
+constexpr FormProperty list_definition[] = {
+    {u"RecordType", text},    {u"MessageClass", text}, {u"ColumnName1", text}, {u"ColumnName2", text},
+    {u"ColumnName3", text},   {u"ColumnName4", text},  {u"ColumnName5", text}, {u"ColumnName6", text},
+    {u"KeyColumnName", text}, {u"FieldName1", text},   {u"FieldName2", text},  {u"FieldName3", text},
+    {u"FieldName4", text},    {u"FieldName5", text},   {u"FieldName6", text},  {u"KeyFieldName", text},
+    {u"FieldType1", text},    {u"FieldType2", text},   {u"FieldType3", text},  {u"FieldType4", text},
+    {u"FieldType5", text},    {u"FieldType6", text},   {u"SearchFolder", text}};
 
 struct Form {
     host::TextView message_class;
@@ -63,9 +73,9 @@ constexpr Form forms[] = {
     {u"IPM.Post.Action", action},
     {u"IPM.Appointment.TarnwellAppt", appointment},
     {u"IPM.Task.TarnwellTask", task},
-    {u"IPM.Post.Drop Down", system_record},
-    {u"IPM.Post.Folder Drop Down", system_record},
-    {u"IPM.Post.ListDefinition", system_record},
+    {u"IPM.Post.Drop Down", drop_down},
+    {u"IPM.Post.Folder Drop Down", folder_drop_down},
+    {u"IPM.Post.ListDefinition", list_definition},
 };
 
 }  // namespace

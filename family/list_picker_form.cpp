@@ -1,0 +1,192 @@
+#include "family/list_picker_form.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+#include "forms/pictures.h"
+#include "forms/sort_marks.h"
+
+namespace family {
+
+using addin::forms::Column;
+using addin::forms::ControlKind;
+using addin::forms::ControlRow;
+using addin::forms::FormTable;
+using addin::forms::List;
+using host::TextView;
+
+namespace {
+
+constexpr TextView search_text = u"txtSearch", items_list = u"lstItems", chosen_list = u"lstChosen",
+                   marks = u"ImageList1", ok = u"cmdOK", cancel = u"cmdCancel", add_one = u"cmdAdd",
+                   remove_one = u"cmdRemove";
+
+/// The ids have a column each, which is not shown.
+constexpr Column columns[] = {{u"Name", 2900},  {u"City", 1400}, {u"Phone", 1700}, {u"Address", 2000},
+                              {u"State", 1000}, {u"Zip", 1000},  {u"ID", 0},       {u"EntryID", 0}};
+static_assert(std::size(columns) == picker_column::count);
+
+constexpr ControlRow controls[] = {
+    {.kind = ControlKind::label, .name = u"Label1", .text = u"Search for:", .place = {120, 180, 1080, 255}},
+    {.kind = ControlKind::text_box,
+     .name = search_text,
+     .place = {1260, 120, 7400, 315},
+     .tool_tip = u"Type a part of a name, city, phone or address to shorten the list.",
+     .accessible_name = u"Search for"},
+    {.kind = ControlKind::report_list,
+     .name = items_list,
+     .place = {120, 600, 8540, 3450},
+     .tool_tip = u"Double click an entry to take it.",
+     .columns = columns,
+     .image_list = marks,
+     .accessible_name = u"Entries"},
+    {.kind = ControlKind::button, .name = ok, .text = u"OK", .place = {8880, 600, 1395, 375}},
+    {.kind = ControlKind::button, .name = cancel, .text = u"Cancel", .place = {8880, 1095, 1395, 375}},
+    {.kind = ControlKind::image_list, .name = marks, .pictures = addin::forms::sort_marks},
+    // the window that takes one ends here
+    {.kind = ControlKind::button,
+     .name = add_one,
+     .text = u"Add",
+     .place = {8880, 3675, 1395, 375},
+     .tool_tip = u"Puts the highlighted entry among those that are taken."},
+    {.kind = ControlKind::report_list,
+     .name = chosen_list,
+     .place = {120, 4200, 8540, 1800},
+     .tool_tip = u"The entries that are taken.",
+     .columns = columns,
+     .image_list = marks,
+     .accessible_name = u"Chosen entries"},
+    {.kind = ControlKind::button,
+     .name = remove_one,
+     .text = u"Remove",
+     .place = {8880, 4200, 1395, 375},
+     .tool_tip = u"Takes the highlighted entry out again."},
+};
+constexpr std::size_t controls_for_several = 3;
+constexpr int width = 10400;
+
+constexpr FormTable table_of(std::span<const ControlRow> shown, int height) {
+    return {.name = u"ListPicker",
+            .width = width,
+            .height = height,
+            .default_button = ok,
+            .cancel_button = cancel,
+            .first_focus = search_text,
+            .controls = shown};
+}
+constexpr FormTable for_one =
+    table_of(std::span(controls).first<std::size(controls) - controls_for_several>(), 4200);
+constexpr FormTable for_several = table_of(controls, 6150);
+
+void add_row(List& list, const PickerRow& row) {
+    const int place = list.add(row[picker_column::name]);
+    for (int column = 1; column < picker_column::count; ++column) {
+        list.text(place, column, row[static_cast<std::size_t>(column)]);
+    }
+}
+
+void set_headings(List& list, const PickerRows& rows) {
+    for (int column = 0; column < picker_column::shown; ++column) {
+        list.heading(column, rows.headings[static_cast<std::size_t>(column)]);
+    }
+}
+
+}  // namespace
+
+const FormTable& list_picker_table(Takes takes) { return takes == Takes::one ? for_one : for_several; }
+
+ListPickerForm::ListPickerForm(addin::forms::Engine& engine, Takes takes)
+    : Form(engine, list_picker_table(takes)), takes_(takes) {}
+
+List& ListPickerForm::list() { return control(items_list).list(); }
+
+void ListPickerForm::fill(PickerRows rows) {
+    rows_ = std::move(rows);
+    added_.clear();
+    set_headings(list(), rows_);
+    show_matches();
+    if (takes_ == Takes::one) return;
+    set_headings(control(chosen_list).list(), rows_);
+    show_added();
+}
+
+std::optional<std::vector<PickerRow>> ListPickerForm::choose() {
+    taken_.reset();
+    show_modal();
+    unload();
+    return std::move(taken_);
+}
+
+void ListPickerForm::show_matches() {
+    List& shown = list();
+    const host::Text text = control(search_text).text();
+    shown.clear();
+    for (const PickerRow& row : rows_.rows) {
+        if (holds(row, text)) add_row(shown, row);
+    }
+    if (shown.count() > 0) shown.select(0);
+}
+
+void ListPickerForm::show_added() {
+    List& shown = control(chosen_list).list();
+    shown.clear();
+    for (const PickerRow& row : added_) add_row(shown, row);
+    if (shown.count() > 0) shown.select(shown.count() - 1);
+}
+
+const PickerRow* ListPickerForm::highlighted(List& list) const {
+    if (list.selected() < 0) return nullptr;
+    const host::Text id = list.text(list.selected(), picker_column::entry_id);
+    const auto found = std::ranges::find_if(
+        rows_.rows, [&](const PickerRow& row) { return row[picker_column::entry_id] == id; });
+    return found == rows_.rows.end() ? nullptr : &*found;
+}
+
+void ListPickerForm::add() {
+    const PickerRow* const row = highlighted(list());
+    if (!row || std::ranges::find(added_, *row) != added_.end()) return;
+    added_.push_back(*row);
+    show_added();
+}
+
+void ListPickerForm::remove() {
+    const PickerRow* const row = highlighted(control(chosen_list).list());
+    if (!row) return;
+    std::erase(added_, *row);
+    show_added();
+}
+
+void ListPickerForm::take() {
+    if (added_.empty()) {
+        if (const PickerRow* const row = highlighted(list())) added_.push_back(*row);
+    }
+    taken_ = std::exchange(added_, {});
+    hide();
+}
+
+void ListPickerForm::on_click(TextView name) {
+    if (name == ok) take();
+    if (name == cancel) hide();
+    if (name == add_one) add();
+    if (name == remove_one) remove();
+}
+
+void ListPickerForm::on_double_click(TextView name) {
+    if (name == chosen_list) {
+        remove();
+    } else if (list().selected() >= 0) {
+        if (takes_ == Takes::several) add();
+        take();
+    }
+}
+
+void ListPickerForm::on_change(TextView name) {
+    if (name == search_text) show_matches();
+}
+
+void ListPickerForm::on_column_click(TextView name, int column) {
+    if (name == items_list) addin::forms::sort_by_column(list(), column, last_sort_column_);
+}
+
+}  // namespace family
