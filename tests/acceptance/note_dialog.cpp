@@ -13,6 +13,7 @@ namespace {
 
 constexpr TextView caption = u"Tarnwell Create Note";
 constexpr TextView list = u"lstRecipients";
+constexpr const char* no_date = "4501-01-01";  // of a date that was never set
 constexpr int shown_columns = 7;  // with the key; the last one holds the entry id
 
 std::string number(std::size_t value) { return std::to_string(value); }
@@ -257,7 +258,8 @@ Lines told_note(const Item& note) {
     for (std::int32_t i = 1; i <= count; ++i) {
         const host::outlook::UserProperty property = properties.Item(i);
         const std::string value = shown(property.get(u"Value").to_text());
-        if (!value.empty()) told.push_back(shown(property.get(u"Name").to_text()) + ": " + value);
+        const bool unset = value.empty() || value.starts_with(no_date);
+        if (!unset) told.push_back(shown(property.get(u"Name").to_text()) + ": " + value);
     }
     return told;
 }

@@ -1,0 +1,296 @@
+// The note that the dialog makes for a record which a search has found: what it takes from each kind of
+// record.
+#include "tests/acceptance/note_dialog.h"
+#include "tests/acceptance/outgoing.h"
+
+namespace acceptance {
+namespace {
+
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Folder;
+using host::outlook::Item;
+
+/// A target for the records of a folder by their subjects, or for contacts by their names.
+Target target_of(const Text& name, const Text& folder, TextView key, bool contacts = false) {
+    Target target{.name = name, .definition = name, .folder = folder, .key_heading = Text(key)};
+    target.key_field = named_field(key);
+    if (contacts) return target;
+    target.fields = {u"&H0037001E", u"", u"", u"", u"", u""};
+    target.filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'";
+    return target;
+}
+
+class CreateNoteFromRecord : public Filing {
+  protected:
+    void TearDown() override {
+        dialog_.reset();
+        mail_.reset();
+    }
+
+    NoteDialog& opened(const Item& item) {
+        TearDown();
+        mail_ = std::make_unique<OpenedItem>(item);
+        mail_->show();
+        dialog_ = std::make_unique<NoteDialog>(world());
+        EXPECT_TRUE(dialog_->open(*mail_));
+        return *dialog_;
+    }
+    NoteDialog& opened_from_explorer(const Item& item) {
+        TearDown();
+        world().desk().call(u"Select", {Value(item)});
+        dialog_ = std::make_unique<NoteDialog>(world());
+        EXPECT_TRUE(dialog_->open_from_explorer());
+        return *dialog_;
+    }
+
+    static Item add_record(const Folder& folder, TextView message_class, const Fields& properties) {
+        constexpr std::int32_t text = 1;  // OlUserPropertyType
+        const Item record = folder.Items().Add(message_class);
+        record.Subject(u"Mill");
+        for (const auto& [name, value] : properties) {
+            record.UserProperties().Add(name, text, false).value(value);
+        }
+        record.Save();
+        return record;
+    }
+
+  private:
+    std::unique_ptr<OpenedItem> mail_;
+    std::unique_ptr<NoteDialog> dialog_;
+};
+
+/// All that a record could lend to a note, and a name of its own kind.
+const Fields everything = {{u"AccountID", u"A-1"},
+                           {u"ContactID", u"C-1"},
+                           {u"OppID", u"O-1"},
+                           {u"Inquiry ID", u"I-1"},
+                           {u"NoteID", u"N-1"},
+                           {u"ApptID", u"P-1"},
+                           {u"TaskID", u"T-1"},
+                           {u"Account Manager", u"Mia Hart"},
+                           {u"Team", u"Sales"},
+                           {u"Alignment", u"North"},
+                           {u"Account Name", u"North Mill Ltd"},
+                           {u"Contact Name", u"Ann Lee"},
+                           {u"Contact1", u"Bob Ray"},
+                           {u"Name", u"A new mill"},
+                           {u"Opportunity Name", u"Not this one"},
+                           {u"Type", u"Not this one"}};
+
+TEST_F(CreateNoteFromRecord, TakesTheNamesByTheRecordsClass) {
+    struct Case {
+        TextView message_class;
+        Lines names;
+        const char* opportunity = nullptr;
+    };
+    const Lines both{"Account Name: North Mill Ltd", "Contact Name: Ann Lee"};
+    const Case cases[] = {
+        {u"IPM.Post.CustomerService", both},
+        {u"IPM.Post.Opportunity",
+         {"Account Name: North Mill Ltd", "Contact Name: Bob Ray"},
+         "Opportunity Name: A new mill"},
+        {u"IPM.Post.Tarnwell_2000", {"Account Name: North Mill Ltd"}},
+        {u"IPM.Post.Action", both},
+        {u"IPM.Post.Other", both},
+        {u"IPM.Post.opportunity", both},  // capitals count
+        {u"IPM.Post.Tarnwell_2000.More", both},
+    };
+    with({});
+    install(world(), {target_of(u"Opportunities", Text(accounts_path) + u"\\Opportunities", u"AccountID")});
+    const Item mail = world().deliver(message());
+    NoteDialog& dialog = opened(mail);
+    dialog.click(u"Check1");
+    for (const Case& one : cases) {
+        SCOPED_TRACE(shown(one.message_class));
+        const Item record = add_record(world().below(u"Opportunities"), one.message_class, everything);
+        dialog.search(u"Opportunities", u"Mill");
+        ASSERT_EQ(dialog.rows(), Lines{"Mill||||||A-1"});
+        dialog.type(u"Combo1", u"Meeting");
+        dialog.type(u"txtNote", u"About the mill");
+        dialog.create();
+        Lines expected{"Subject: About the mill", "AccountID: A-1", "ContactID: C-1", "OppID: O-1",
+                       "Inquiry ID: I-1",         "NoteID: N-1",    "ApptID: P-1",    "TaskID: T-1"};
+        expected = joined({expected, one.names});
+        if (one.opportunity) expected.emplace_back(one.opportunity);
+        expected = joined({expected,
+                           {"Account Manager: Mia Hart", "Team: Sales", "Alignment: North", "Type: Meeting",
+                            "Activity Date: " + shown(world().text(mail, u"SentOn"))}});
+        const Item note = only_item(world());
+        ASSERT_TRUE(note);
+        EXPECT_EQ(told_note(note), expected);
+        EXPECT_EQ(note.Body(), u"\r\n\r\n" + mail.Body());
+        EXPECT_EQ(note.Attachments().Count(), 1);
+        world().below(u"Email").Items().call(u"Remove", {1});
+        world().below(u"Opportunities").Items().call(u"Remove", {1});
+    }
+    EXPECT_EQ(message_texts(world()), Lines(std::size(cases), "Done - creating Note for Mill"));
+    EXPECT_TRUE(is_marked_by_user(mail));
+}
+
+TEST_F(CreateNoteFromRecord, TakesAContactsCompanyAndName) {
+    World& world = with({});
+    add_contact(world);
+    install(world, {target_of(u"People", Text(contacts_path), u"ContactID", true)});
+    const Item mail = world.deliver(message());
+    NoteDialog& dialog = opened(mail);
+    dialog.click(u"Option1");  // plays no part here
+    dialog.search(u"People", u"Ann");
+    dialog.create();
+    EXPECT_TRUE(dialog.closes());
+    const Item note = only_item(world);
+    ASSERT_TRUE(note);
+    EXPECT_EQ(told_note(note),
+              (Lines{"Subject: Delivery dates", "AccountID: A-100", "ContactID: C-200",
+                     "Account Name: North Mill Ltd", "Contact Name: Ann Lee", "Account Manager: Mia Hart",
+                     "Team: Sales", "Alignment: North", "Type: Email (Received)",
+                     "Activity Date: " + shown(world.text(mail, u"SentOn"))}));
+    EXPECT_TRUE(is_marked_by_user(mail));
+    EXPECT_EQ(message_texts(world), Lines{"Done - creating Note for Ann Lee"});
+}
+
+TEST_F(CreateNoteFromRecord, LeavesOutWhatTheRecordLacks) {
+    World& world = with({});
+    add_account(world, {{u"AccountID", u"A-1"}, {u"Account Name", u"North Mill Ltd"}}, u"Mill");
+    install(world, {target_of(u"Accounts", Text(accounts_path), u"AccountID")});
+    const Item mail = world.deliver(message());
+    NoteDialog& dialog = opened(mail);
+    dialog.search(u"Accounts", u"Mill");
+    dialog.create();
+    EXPECT_EQ(told_note(only_item(world)),
+              (Lines{"Subject: Delivery dates", "AccountID: A-1", "Account Name: North Mill Ltd",
+                     "Type: Email (Received)", "Activity Date: " + shown(world.text(mail, u"SentOn"))}));
+}
+
+TEST_F(CreateNoteFromRecord, CopiesThePropertyThatTheKeysHeadingNames) {
+    struct Case {
+        const char* name;
+        Text heading;
+        const char* opportunity;
+    };
+    const Case cases[] = {{"one that is copied in no other way", u"Opportunity Name", "Copied"},
+                          {"one that is no property", u"No Such Thing", ""}};
+    with({});
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        TearDown();
+        World& world = emptied();
+        add_record(world.below(u"Opportunities"), u"IPM.Post.Other",
+                   {{u"AccountID", u"A-1"}, {u"Opportunity Name", u"Copied"}});
+        Target target = target_of(u"Key " + host::from_utf8(one.name),
+                                  Text(accounts_path) + u"\\Opportunities", u"AccountID");
+        target.key_heading = one.heading;
+        install(world, {target});
+        NoteDialog& dialog = opened(world.deliver(message()));
+        dialog.search(target.name, u"Mill");
+        dialog.create();
+        const Item note = only_item(world);
+        ASSERT_TRUE(note);
+        EXPECT_EQ(shown(World::property(note, u"Opportunity Name")), one.opportunity);
+        EXPECT_EQ(shown(World::property(note, u"AccountID")), "A-1");
+    }
+}
+
+TEST_F(CreateNoteFromRecord, NeedsNoRecipient) {
+    World& world = with({});
+    add_contact(world);
+    install(world, {Target{}});
+    const Item mail = world.deliver(message({.to = ""}));
+    NoteDialog& dialog = opened(mail);
+    dialog.search(u"People", u"Ann");
+    dialog.create();
+    EXPECT_TRUE(dialog.closes());
+    EXPECT_TRUE(only_item(world));
+    EXPECT_TRUE(is_marked_by_user(mail));
+}
+
+TEST_F(CreateNoteFromRecord, IsMadeWithoutALinkWhereTheRecordHasGone) {
+    World& world = with({});
+    const Item contact = add_contact(world);
+    install(world, {Target{}});
+    const Item mail = world.deliver(message());
+    NoteDialog& dialog = opened(mail);
+    dialog.search(u"People", u"Ann");
+    contact.call(u"Delete");
+    dialog.create();
+    EXPECT_TRUE(dialog.closes());
+    const Item note = only_item(world);
+    ASSERT_TRUE(note);
+    EXPECT_EQ(told_note(note), (Lines{"Subject: Delivery dates", "Type: Email (Received)",
+                                      "Activity Date: " + shown(world.text(mail, u"SentOn"))}));
+    EXPECT_EQ(note.Attachments().Count(), 1);
+    EXPECT_TRUE(is_marked_by_user(mail));
+    EXPECT_EQ(message_texts(world), Lines{"Done - creating Note for Ann Lee"});
+}
+
+TEST_F(CreateNoteFromRecord, MarksASelectedDraftAndNotOneThatIsBeingWritten) {
+    World& world = with({});
+    add_contact(world);
+    install(world, {Target{}});
+    const Item written = new_mail(world);
+    const Item draft = new_mail(world);
+    draft.Save();
+    for (const bool selected : {false, true}) {
+        SCOPED_TRACE(selected);
+        NoteDialog& dialog = selected ? opened_from_explorer(draft) : opened(written);
+        dialog.search(u"People", u"Ann");
+        dialog.create();
+        EXPECT_TRUE(dialog.closes());
+    }
+    EXPECT_EQ(written.BillingInformation(), u"");
+    EXPECT_TRUE(is_marked_by_user(draft));
+    EXPECT_EQ(count_in(world, u"Email"), 2);
+}
+
+TEST_F(CreateNoteFromRecord, GoesToTheFolderOfTheOptionOrToNotes) {
+    with({});
+    install(world(), {Target{}});
+    for (const bool missing : {false, true}) {
+        SCOPED_TRACE(missing);
+        TearDown();
+        World& world = emptied();
+        world.option(u"SavedEmailFolder", missing ? u"Nowhere" : u"Opportunities");
+        add_contact(world);
+        NoteDialog& dialog = opened(world.deliver(message()));
+        dialog.search(u"People", u"Ann");
+        dialog.create();
+        EXPECT_TRUE(only_item(world, missing ? u"Notes" : u"Opportunities"));
+    }
+}
+
+TEST_F(CreateNoteFromRecord, IsMadeAgainOfTheSameRows) {
+    World& world = with({});
+    add_contact(world);
+    add_contact(world, {.full_name = u"Anne Day", .properties = {{u"ContactID", u"C-300"}}});
+    install(world, {Target{}});
+    NoteDialog& dialog = opened(world.deliver(message()));
+    dialog.click(u"Check1");
+    dialog.search(u"People", u"Ann");
+    const Lines rows = dialog.rows();
+    ASSERT_EQ(rows.size(), 2U);
+    dialog.create();
+    EXPECT_EQ(dialog.rows(), rows);
+    dialog.select(2);
+    dialog.create();
+    const host::outlook::Items notes = world.below(u"Email").Items();
+    ASSERT_EQ(notes.Count(), 2);
+    EXPECT_EQ(World::property(notes.Item(1), u"ContactID"), u"C-200");
+    EXPECT_EQ(World::property(notes.Item(2), u"ContactID"), u"C-300");
+}
+
+TEST_F(CreateNoteFromRecord, IsMadeOfTheAddressWhereTheRecordHasNoKey) {
+    World& world = with({});
+    add_contact(world, {.full_name = u"Ann Lee", .properties = {{u"AccountID", u"A-100"}}});
+    install(world, {Target{}});
+    NoteDialog& dialog = opened(world.deliver(message()));
+    dialog.search(u"People", u"Ann");
+    ASSERT_EQ(dialog.cell(1, 7), "");
+    dialog.create();
+    EXPECT_EQ(World::property(only_item(world), u"AccountID"), u"A-100") << "found by its name this time";
+    EXPECT_EQ(message_texts(world), Lines{"Done - creating Note for Ann Lee"});
+}
+
+}  // namespace
+}  // namespace acceptance

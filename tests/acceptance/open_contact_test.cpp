@@ -1,0 +1,286 @@
+// The button that opens the contact of a mail's sender, or makes one.
+#include "tests/acceptance/button_lines.h"
+#include "tests/acceptance/note_dialog.h"
+#include "tests/acceptance/outgoing.h"
+
+namespace acceptance {
+namespace {
+
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Item;
+
+constexpr std::int32_t ok = 1, yes = 6, no = 7;
+constexpr TextView create_question = u"Would you like to Create an Account/Contact",
+                   account_question = u"Would you like to search for an Account Name? ";
+
+class OpenContact : public Filing {
+  protected:
+    World& furnished() {
+        World& world = with({});
+        world.family(u"UserName", u"Mia Hart");
+        world.family(u"Alignment", u"North");
+        show_folder(world, world.inbox());
+        return world;
+    }
+
+    /// Opens a mail, and presses the button in its window.
+    void press(const Item& mail) {
+        OpenedItem window(mail);
+        prepare_bar(window.window, BarState::empty);
+        window.show();
+        displayed_before_ = displayed();
+        const Object button = find_control(window.window, u"TarnwellCreateNote", u"OpenContactButton");
+        ASSERT_TRUE(button);
+        world().desk().call(u"Press", {Value(button)});
+        world().settle();
+    }
+
+    void answer(TextView question, std::int32_t button) {
+        world().desk().call(u"Answer", {u"Tarnwell", Value(question), button});
+    }
+
+    /// The ids of the items that the button has opened.
+    Lines opened() {
+        const Object all = world().desk().get(u"Displayed").to_object();
+        Lines ids;
+        for (std::int32_t i = displayed_before_ + 1; i <= displayed(); ++i) {
+            ids.push_back(shown(Item(all.call(u"Item", {i}).to_object()).EntryID()));
+        }
+        return ids;
+    }
+
+    /// The mail's contact is not there; the first question is asked, and denied.
+    void expect_question(const Item& mail) {
+        const std::int32_t before = count_messages(world());
+        answer(create_question, no);
+        press(mail);
+        EXPECT_EQ(message_texts(world(), before),
+                  Lines{"Tarnwell Account/Contact ann.lee@northmill.example NOT FOUND!\rWould you like to "
+                        "Create an Account/Contact"});
+        EXPECT_EQ(opened(), Lines{});
+        expect_left_alone(world(), mail);
+    }
+
+  private:
+    std::int32_t displayed() {
+        return world().desk().get(u"Displayed").to_object().get(u"Count").to_integer();
+    }
+    std::int32_t displayed_before_ = 0;
+};
+
+// whom it finds
+
+TEST_F(OpenContact, OpensTheSendersContact) {
+    World& world = furnished();
+    const Item contact = add_contact(world);
+    const Item mail = world.deliver(message());
+    press(mail);
+    EXPECT_EQ(opened(), Lines{shown(contact.EntryID())});
+    EXPECT_EQ(statuses(world), Lines{"Searching for Ann Lee"});
+    EXPECT_FALSE(window_of(world, u"Tarnwell")) << "the status window has gone";
+    EXPECT_EQ(count_messages(world), 0);
+    EXPECT_EQ(count_in(world, u"Account Contacts"), 1);
+    expect_left_alone(world, mail);
+}
+
+TEST_F(OpenContact, FindsWhatBeginsWithTheAddressOrTheName) {
+    struct Case {
+        const char* name;
+        ContactPlan contact;
+        std::string more{};
+        bool is_found = true;
+    };
+    const std::string directory = "X-Desk-Sender: EX /o=Example/cn=ann\n";
+    const Case cases[] = {
+        {"first address", {.full_name = u"X", .fields = {{u"Email1Address", u"ann.lee@northmill.example"}}}},
+        {"second address", {.full_name = u"X", .fields = {{u"Email2Address", u"ANN.LEE@northmill.example"}}}},
+        {"third address", {.full_name = u"X", .fields = {{u"Email3Address", u"ann.lee@northmill.example"}}}},
+        {"a longer address",
+         {.full_name = u"X", .fields = {{u"Email1Address", u"ann.lee@northmill.example.org"}}}},
+        {"a shorter address",
+         {.full_name = u"X", .fields = {{u"Email1Address", u"ann.lee@northmill"}}},
+         {},
+         false},
+        {"the name", {.fields = {}}},
+        {"a longer name", {.full_name = u"Ann Lee-Smith", .fields = {}}},
+        {"a shorter name", {.full_name = u"Ann", .fields = {}}, {}, false},
+        {"the subject", {.full_name = u"X", .fields = {{u"Subject", u"Ann Lee of North Mill"}}}},
+        {"among other texts",
+         {.full_name = u"X",
+          .fields = {},
+          .properties = {{u"EmailSearchString", u"ann.lee@northmill.example; ann@one.example"}}}},
+        {"somebody else",
+         {.full_name = u"Bob Ray", .fields = {{u"Email1Address", u"bob@ray.example"}}},
+         {},
+         false},
+        {"a directory sender's Internet address",
+         {.full_name = u"X", .fields = {{u"Email2Address", u"ann.lee@northmill.example"}}},
+         directory},
+        {"a directory sender's own address",
+         {.full_name = u"X", .fields = {{u"Email3Address", u"/o=Example/cn=ann"}}},
+         directory},
+        {"a directory sender's own address among other texts",
+         {.full_name = u"X", .fields = {}, .properties = {{u"EmailSearchString", u"/o=Example/cn=ann"}}},
+         directory},
+        {"a directory sender's Internet address among other texts",
+         {.full_name = u"X",
+          .fields = {},
+          .properties = {{u"EmailSearchString", u"ann.lee@northmill.example"}}},
+         directory,
+         false},
+    };
+    furnished();
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        World& world = emptied();
+        const Item contact = add_contact(world, one.contact);
+        const Item mail = world.deliver(message({.more = one.more}));
+        if (!one.is_found) {
+            expect_question(mail);
+            continue;
+        }
+        press(mail);
+        EXPECT_EQ(opened(), Lines{shown(contact.EntryID())});
+    }
+}
+
+TEST_F(OpenContact, OpensNothingAndAsksNothingForAMatchOfAnotherKind) {
+    World& world = furnished();
+    const Item post = world.below(u"Account Contacts").Items().Add(u"IPM.Post");
+    post.Subject(u"Ann Lee");
+    post.Save();
+    const Item mail = world.deliver(message());
+    press(mail);
+    EXPECT_EQ(opened(), Lines{});
+    EXPECT_EQ(count_messages(world), 0);
+    EXPECT_EQ(count_in(world, u"Account Contacts"), 1);
+    expect_left_alone(world, mail);
+}
+
+TEST_F(OpenContact, TakesASearchThatFailsForNoMatch) {
+    World& world = furnished();
+    add_contact(world);
+    const Item mail = world.deliver(message());
+    world.fail(u"Items.Find");
+    expect_question(mail);
+    EXPECT_FALSE(window_of(world, u"Tarnwell"));
+}
+
+// what it doesn't take
+
+TEST_F(OpenContact, IsForReceivedMailOnly) {
+    World& world = furnished();
+    add_contact(world);
+    const Item mail = new_mail(world);
+    constexpr TextView refusal = u"Please use the Open Contact button for received emails only.";
+    constexpr TextView title = u"Tarnwell Create Note AddIn Project";
+    world.desk().call(u"Answer", {Value(title), Value(refusal), ok});
+    press(mail);
+    ASSERT_EQ(message_texts(world), Lines{shown(refusal)});
+    const Object box = world.desk().get(u"Messages").to_object().call(u"Item", {1}).to_object();
+    EXPECT_EQ(box.get(u"Style").to_integer(), 0);
+    EXPECT_EQ(box.get(u"Title").to_text(), title);
+    EXPECT_EQ(mail.EntryID(), u"") << "it isn't saved";
+    EXPECT_EQ(opened(), Lines{});
+}
+
+TEST_F(OpenContact, IsSilentWithoutAToLine) {
+    World& world = furnished();
+    add_contact(world);
+    press(world.deliver(message({.to = "", .more = "Cc: Bo Lee <bo@northmill.example>\n"})));
+    EXPECT_EQ(opened(), Lines{});
+    EXPECT_EQ(count_messages(world), 0);
+    EXPECT_EQ(statuses(world), Lines{});
+}
+
+// a new contact
+
+TEST_F(OpenContact, MakesAContactAndANoteIfTheUserAgrees) {
+    World& world = furnished();
+    const Item mail = world.deliver(message());
+    answer(create_question, yes);
+    answer(account_question, no);
+    press(mail);
+    EXPECT_EQ(message_texts(world),
+              (Lines{"Tarnwell Account/Contact ann.lee@northmill.example NOT FOUND!\rWould you like to "
+                     "Create an Account/Contact",
+                     shown(account_question)}));
+    const Item contact = only_item(world, u"Account Contacts");
+    ASSERT_TRUE(contact);
+    EXPECT_EQ(contact.MessageClass(), u"IPM.Contact.Account Contact");
+    EXPECT_EQ(opened(), Lines{shown(contact.EntryID())});
+    struct Expected {
+        TextView name;
+        const char* value;
+    };
+    constexpr Expected fields[] = {{u"FullName", "Ann Lee"},
+                                   {u"Subject", "Ann Lee"},
+                                   {u"CompanyName", "northmill.example"},
+                                   {u"WebPage", "www.northmill.example"},
+                                   {u"Email1Address", "ann.lee@northmill.example"}};
+    for (const auto& [name, value] : fields) {
+        EXPECT_EQ(shown(contact.get(name).to_text()), value) << shown(name);
+    }
+    constexpr Expected properties[] = {{u"AccountID", ""},
+                                       {u"Account Manager", "Mia Hart"},
+                                       {u"Team", "Mia Hart"},
+                                       {u"Alignment", "North"},
+                                       {u"Account Name", "northmill.example"}};
+    for (const auto& [name, value] : properties) {
+        EXPECT_EQ(shown(World::property(contact, name)), value) << shown(name);
+    }
+
+    const Item note = only_item(world);
+    ASSERT_TRUE(note);
+    const Text id = World::property(contact, u"ContactID");
+    EXPECT_NE(id, u"");
+    EXPECT_EQ(told_note(note),
+              (Lines{"Subject: Delivery dates", "ContactID: " + shown(id), "Account Name: northmill.example",
+                     "Contact Name: Ann Lee", "Type: Email (Received)"}))
+        << "manager, team and alignment stay unset though the contact has them";
+    EXPECT_EQ(note.Body(), u"\r\n\r\n" + mail.Body());
+    ASSERT_EQ(note.Attachments().Count(), 1);
+    EXPECT_EQ(Item(note.Attachments().Item(1).get(u"EmbeddedItem").to_object()).Subject(), mail.Subject());
+    EXPECT_EQ(mail.BillingInformation(), u"");
+    EXPECT_EQ(mail.get(u"FlagStatus").to_integer(), 0);
+}
+
+TEST_F(OpenContact, PutsTheNoteIntoTheFolderOfTheOptionOrIntoNotes) {
+    struct Case {
+        const char16_t *option, *folder;
+    };
+    furnished();
+    for (const auto& [option, folder] :
+         {Case{u"", u"Email"}, Case{u"Opportunities", u"Opportunities"}, Case{u"Nowhere", u"Notes"}}) {
+        SCOPED_TRACE(shown(option));
+        World& world = emptied();
+        world.option(u"SavedEmailFolder", option);
+        answer(create_question, yes);
+        answer(account_question, no);
+        press(world.deliver(message()));
+        EXPECT_TRUE(only_item(world, folder));
+    }
+}
+
+TEST_F(OpenContact, FindsTheContactThatItHasMade) {
+    World& world = furnished();
+    const Item mail = world.deliver(message({.from = "Bo O'Hara <bo@ohara.com>"}));
+    answer(create_question, yes);
+    answer(account_question, no);
+    press(mail);
+    const Item contact = only_item(world, u"Account Contacts");
+    ASSERT_TRUE(contact);
+    EXPECT_EQ(shown(contact.get(u"FullName").to_text()), "Bo O'Hara") << "here the name is the sender's own";
+    EXPECT_EQ(shown(contact.get(u"CompanyName").to_text()), "ohara");
+    EXPECT_EQ(shown(contact.get(u"WebPage").to_text()), "www.ohara.com");
+    press(mail);
+    EXPECT_EQ(opened(), Lines{shown(contact.EntryID())});
+    EXPECT_EQ(count_messages(world), 2);
+    EXPECT_EQ(count_in(world, u"Email"), 1);
+}
+
+}  // namespace
+}  // namespace acceptance

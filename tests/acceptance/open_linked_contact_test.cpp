@@ -1,0 +1,152 @@
+// The button of a personal contact that opens the shared record which it is linked with.
+#include "tests/acceptance/note_dialog.h"
+
+namespace acceptance {
+namespace {
+
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Folder;
+using host::outlook::Item;
+
+constexpr std::int32_t ok = 1;
+constexpr TextView dead_link = u"Tarnwell Contact was not found";
+
+class OpenLinkedContact : public Filing {
+  protected:
+    static Folder leads(World& world) {
+        return Folder(world.account_profiles().Parent()).Folders().Item(u"Leads");
+    }
+    static Item add_lead(World& world, TextView contact_id) {
+        const Item lead = leads(world).Items().Add(u"IPM.Contact.Lead");
+        lead.put(u"FullName", u"Ann Lee");
+        lead.UserProperties().Item(u"ContactID").value(contact_id);
+        lead.Save();
+        return lead;
+    }
+
+    /// A personal contact that is linked with a shared one.
+    static Item personal(World& world, TextView customer_id, TextView account = u"North Mill Ltd") {
+        constexpr std::int32_t contacts = 10;  // OlDefaultFolders
+        const Item contact = new_item(world, contacts, u"IPM.Contact");
+        contact.put(u"FullName", u"Ann Lee");
+        contact.put(u"CustomerID", customer_id);
+        contact.put(u"Account", account);
+        contact.Save();
+        return contact;
+    }
+
+    static std::int32_t displayed(World& world) {
+        return world.desk().get(u"Displayed").to_object().get(u"Count").to_integer();
+    }
+    static std::int32_t windows(World& world) { return world.application().Inspectors().Count(); }
+
+    /// Opens the personal contact, changes it, and presses the button; answers the ids of what was opened.
+    static Lines pressed(World& world, const Item& contact) {
+        OpenedItem window(contact);
+        window.show();
+        contact.put(u"JobTitle", u"Miller");
+        const std::int32_t before = displayed(world);
+        const Object button =
+            find_control(window.window, u"TarnwellCreateNote", u"OpenTarnwellContactButton");
+        EXPECT_TRUE(button);
+        if (!button) return {};
+        world.desk().call(u"Press", {Value(button)});
+        world.settle();
+        Lines ids;
+        const Object all = world.desk().get(u"Displayed").to_object();
+        for (std::int32_t i = before + 1; i <= displayed(world); ++i) {
+            ids.push_back(shown(Item(all.call(u"Item", {i}).to_object()).EntryID()));
+        }
+        EXPECT_EQ(windows(world), static_cast<std::int32_t>(ids.size())) << "the personal one's has closed";
+        return ids;
+    }
+
+    static Item again(World& world, const Text& id) {
+        constexpr std::int32_t contacts = 10;  // OlDefaultFolders
+        return world.session().GetItemFromID(id, world.session().GetDefaultFolder(contacts).StoreID());
+    }
+
+    static void expect_dead(World& world, const Item& contact) {
+        const Text id = contact.EntryID();
+        const std::int32_t before = count_messages(world);
+        world.desk().call(u"Answer", {u"Tarnwell", Value(dead_link), ok});
+        EXPECT_EQ(pressed(world, contact), Lines{});
+        ASSERT_EQ(message_texts(world, before), Lines{shown(dead_link)});
+        const Object box = world.desk().get(u"Messages").to_object().call(u"Item", {before + 1}).to_object();
+        EXPECT_EQ(box.get(u"Style").to_integer(), 0);
+        EXPECT_EQ(box.get(u"Title").to_text(), u"Tarnwell");
+        const Item there = again(world, id);
+        EXPECT_EQ(there.get(u"CustomerID").to_text(), u"");
+        EXPECT_EQ(there.get(u"Account").to_text(), u"");
+        EXPECT_EQ(there.get(u"FullName").to_text(), u"Ann Lee");
+    }
+};
+
+TEST_F(OpenLinkedContact, OpensTheRecordOfTheIdAndDropsWhatWasChanged) {
+    World& world = with({});
+    add_contact(world, {.full_name = u"Bob Ray", .properties = {{u"ContactID", u"C-100"}}});
+    const Item shared = add_contact(world);
+    const Item contact = personal(world, u"C-200");
+    const Text id = contact.EntryID();
+    EXPECT_EQ(pressed(world, contact), Lines{shown(shared.EntryID())});
+    EXPECT_EQ(count_messages(world), 0);
+    const Item there = again(world, id);
+    EXPECT_EQ(there.get(u"JobTitle").to_text(), u"");
+    EXPECT_EQ(there.get(u"CustomerID").to_text(), u"C-200");
+    EXPECT_EQ(there.get(u"Account").to_text(), u"North Mill Ltd");
+}
+
+TEST_F(OpenLinkedContact, LooksAmongTheLeadsFirst) {
+    World& world = with({});
+    const Item lead = add_lead(world, u"C-200");
+    add_contact(world);
+    EXPECT_EQ(pressed(world, personal(world, u"C-200")), Lines{shown(lead.EntryID())});
+    EXPECT_EQ(count_messages(world), 0);
+}
+
+TEST_F(OpenLinkedContact, LooksAmongTheContactsAloneWithoutAFolderOfLeads) {
+    World& world = with({});
+    const Item shared = add_contact(world);
+    add_lead(world, u"C-200");
+    leads(world).put(u"Name", u"Prospects");
+    EXPECT_EQ(pressed(world, personal(world, u"C-200")), Lines{shown(shared.EntryID())});
+}
+
+TEST_F(OpenLinkedContact, TriesAgainWhereTheFirstSearchFails) {
+    World& world = with({});
+    const Item shared = add_contact(world);
+    const Item contact = personal(world, u"C-200");
+    world.fail(u"Items.Find");
+    EXPECT_EQ(pressed(world, contact), Lines{shown(shared.EntryID())});
+}
+
+TEST_F(OpenLinkedContact, CutsADeadLink) {
+    World& world = with({});
+    add_contact(world);
+    expect_dead(world, personal(world, u"C-999"));
+    EXPECT_EQ(count_in(world, u"Account Contacts"), 1);
+}
+
+TEST_F(OpenLinkedContact, CutsALinkThatHasAnAccountAlone) {
+    World& world = with({});
+    add_contact(world);
+    expect_dead(world, personal(world, u""));
+}
+
+TEST_F(OpenLinkedContact, OpensARecordWithoutAnIdForALinkWithoutOne) {
+    World& world = with({});
+    const Item shared = add_contact(world, {.properties = {{u"AccountID", u"A-1"}}});
+    EXPECT_EQ(pressed(world, personal(world, u"")), Lines{shown(shared.EntryID())});
+}
+
+TEST_F(OpenLinkedContact, CutsALinkWhoseIdBreaksTheSearch) {
+    World& world = with({});
+    add_contact(world, {.properties = {{u"ContactID", u"C'200"}}});
+    expect_dead(world, personal(world, u"C'200"));
+}
+
+}  // namespace
+}  // namespace acceptance
