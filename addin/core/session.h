@@ -9,6 +9,7 @@
 #include "forms/form.h"
 #include "host/cdo.h"
 #include "host/desktop.h"
+#include "host/family.h"
 #include "host/outlook.h"
 #include "records/list_definition.h"
 
@@ -46,6 +47,14 @@ enum class Command {
     count
 };
 
+/// What a search of the Create Note dialog holds while it runs. There is one for all: a search that starts
+/// inside of another takes it over and lets go of it at its end, and the rest of the first one finds nothing.
+struct DialogSearch {
+    host::outlook::Folder folder;
+    host::outlook::Items items;
+    host::family::SafeRecordItem wrapper;
+};
+
 struct Session {
     Session(host::Desktop& platform, forms::Engine& form_engine);
     Session(const Session&) = delete;
@@ -73,7 +82,8 @@ struct Session {
     std::int32_t LastSortColumn = 0;          ///< of all lists, from 0
     records::ListDefinition list_definition;  ///< the current one
     host::cdo::Session cdo;                   ///< while a list definition is read
-    bool gSearchCancelled = false;            ///< nothing sets it
+    DialogSearch search;
+    bool gSearchCancelled = false;  ///< nothing sets it
 
     WindowPlace<addin::SearchForm> SearchForm;
     WindowPlace<> Tarnwell;

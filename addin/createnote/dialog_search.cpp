@@ -151,30 +151,33 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     desktop.pointer(host::Pointer::hourglass);
     steps.run([&] { desktop.yield(); });
     if (!loaded()) return;
+    DialogSearch& run = session_.search;
+    run.folder = folder;
     const bool contacts =
-        steps.holds([&] { return folder.DefaultItemType() == host::outlook::contact_items; });
+        steps.holds([&] { return run.folder.DefaultItemType() == host::outlook::contact_items; });
     const Text filter = records::TemplateFilter(text, definition.filter_template);
-    Items items;
-    steps.set(items, [&] { return folder.Items().Restrict(filter); });
+    steps.set(run.items, [&] { return run.folder.Items().Restrict(filter); });
     list().clear();
     std::int32_t count = 0;
-    steps.set(count, [&] { return items.Count(); });
+    steps.set(count, [&] { return run.items.Count(); });
     if (count < 1) {
         desktop.message_box(nothing_found, product_title, host::box::information);
     } else {
         session_.gSearchCancelled = false;
         Text key;  // of the item before, where an item's own can't be read
         for (std::int32_t i = 1; i <= count; ++i) {
-            SafeRecordItem wrapper;
-            steps.set(wrapper, [&] {
+            steps.set(run.wrapper, [&] {
                 return SafeRecordItem(desktop.create(contacts ? host::family::prog_id::safe_contact_item
                                                               : host::family::prog_id::safe_post_item));
             });
-            steps.run([&] { wrapper.Item(items.Item(i)); });
-            if (wrapper) add_row(steps, wrapper, items, i, key);
-            wrapper.reset();
+            steps.run([&] { run.wrapper.Item(run.items.Item(i)); });
+            if (run.wrapper) add_row(steps, run.wrapper, run.items, i, key);
+            run.wrapper.reset();
             steps.run([&] { desktop.yield(); });
-            if (!loaded()) return;
+            if (!loaded()) {
+                run = {};
+                return;
+            }
             if (session_.gSearchCancelled) {
                 desktop.message_box(cancelled, product_title, host::box::information);
                 break;
@@ -186,6 +189,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     list().width(column::key, 0);
     list().width(column::entry_id, 0);
     steps.run([&] { desktop.yield(); });
+    run = {};
     desktop.pointer(host::Pointer::standard);
 }
 
