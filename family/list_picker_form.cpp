@@ -22,9 +22,9 @@ constexpr TextView search_text = u"txtSearch", items_list = u"lstItems", chosen_
                    marks = u"ImageList1", ok = u"cmdOK", cancel = u"cmdCancel", add_one = u"cmdAdd",
                    remove_one = u"cmdRemove";
 
-/// The ids have a column each, which is not shown.
-constexpr Column columns[] = {{u"Name", 2900},  {u"City", 1400}, {u"Phone", 1700}, {u"Address", 2000},
-                              {u"State", 1000}, {u"Zip", 1000},  {u"ID", 0},       {u"EntryID", 0}};
+/// The ids have a column each, which is not shown. The others fit in beside a scroll bar.
+constexpr Column columns[] = {{u"Name", 2400}, {u"City", 1200}, {u"Phone", 1500}, {u"Address", 1650},
+                              {u"State", 800}, {u"Zip", 700},   {u"ID", 0},       {u"EntryID", 0}};
 static_assert(std::size(columns) == picker_column::count);
 
 constexpr ControlRow controls[] = {

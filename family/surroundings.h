@@ -61,6 +61,10 @@ class Surroundings {
     /// Fills with random bytes of the system's own source.
     virtual void random_bytes(std::span<std::uint8_t> bytes);
 
+    /// A number as text, with the decimal sign of the user's regional settings: what is shown is formatted by
+    /// these, too.
+    virtual host::Text number_text(double number) { return host::Value(number).to_text(); }
+
     /// A setting, empty if it is missing.
     host::Text setting(host::TextView name) { return read_setting(name).value_or(host::Text()); }
 

@@ -16,11 +16,12 @@ Object accessor(const Object& owner) {
 }
 
 /// Scalars as text. Several values in one property stay an array.
-Value as_text(const Value& value) {
+Value as_text(const Value& value, Surroundings& surroundings) {
     switch (value.type()) {
+        case Value::Type::number:
+            return surroundings.number_text(value.to_number());
         case Value::Type::boolean:
         case Value::Type::integer:
-        case Value::Type::number:
         case Value::Type::date:
             return value.to_text();
         default:
@@ -30,11 +31,11 @@ Value as_text(const Value& value) {
 
 }  // namespace
 
-Value read_field(const Object& owner, const NamedProperties& named, const Value& tag) {
-    const host::Text address = named.address(read_tag(tag));
+Value read_field(const Object& owner, Surroundings& surroundings, const Value& tag) {
+    const host::Text address = surroundings.memory().named_properties.address(read_tag(tag));
     const Object properties = accessor(owner);
     try {
-        return as_text(properties.call(u"GetProperty", {address}));
+        return as_text(properties.call(u"GetProperty", {address}), surroundings);
     } catch (const host::Failure& failure) {
         if (failure.number() != host::result::not_found) throw;
         return {};

@@ -7,7 +7,7 @@ namespace family {
 
 /// A MAPI property of an item, a recipient or an address entry as text; an empty value if it lacks the
 /// property. Throws `Failure` for what is no tag.
-host::Value read_field(const host::Object& owner, const NamedProperties& named, const host::Value& tag);
+host::Value read_field(const host::Object& owner, Surroundings& surroundings, const host::Value& tag);
 void write_field(const host::Object& owner, const NamedProperties& named, const host::Value& tag,
                  const host::Value& value);
 
@@ -78,9 +78,8 @@ host::Row<T> fields_row(std::int32_t number) {
             host::Use::get_put,
             {host::Parameter{u"Tag"}},
             [](T& self, const host::Arguments& arguments) -> host::Value {
-                const NamedProperties& named = self.named_properties();
-                if (!arguments.is_put()) return read_field(self.inner(), named, arguments[0]);
-                write_field(self.inner(), named, arguments[0], arguments.assigned());
+                if (!arguments.is_put()) return read_field(self.inner(), self.surroundings(), arguments[0]);
+                write_field(self.inner(), self.named_properties(), arguments[0], arguments.assigned());
                 return {};
             }};
 }

@@ -2,6 +2,7 @@
 
 #include "family/windows/registry_list.h"
 #include "windows/com/failure.h"
+#include "windows/com/variant.h"
 #include "windows/desktop/windows_desktop.h"
 
 namespace family {
@@ -47,6 +48,12 @@ void WindowsSurroundings::record(Text call) {
     if (!append_to_list(L"Calls", windows::wide(call))) {
         throw host::Failure(host::result::fail, u"The family's list of calls can't be written");
     }
+}
+
+Text WindowsSurroundings::number_text(double number) {
+    windows::Bstr text;
+    windows::check(VarBstrFromR8(number, LOCALE_USER_DEFAULT, 0, text.put()), u"VarBstrFromR8");
+    return Text(text.view());
 }
 
 }  // namespace family

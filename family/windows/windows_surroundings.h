@@ -17,6 +17,7 @@ class WindowsSurroundings : public Surroundings {
     host::Object application() override;
     std::shared_ptr<addin::forms::Engine> engine() override;
     void record(host::Text call) override;
+    host::Text number_text(double number) override;
 
   private:
     std::shared_ptr<windows::Apartment> apartment_;

@@ -185,6 +185,9 @@ class Surroundings : public family::Surroundings {
         return profile.application();
     }
     std::shared_ptr<addin::forms::Engine> engine() override { return {std::shared_ptr<void>(), &windows}; }
+    Text number_text(double number) override {
+        return host::replaced(Value(number).to_text(), u".", TextView(&decimal_sign, 1));
+    }
     void record(Text call) override { calls.push_back(std::move(call)); }
 
     std::map<Text, Text> settings;
@@ -193,6 +196,7 @@ class Surroundings : public family::Surroundings {
     native::MemoryEngine windows{strands};
     Profile profile;
     bool with_application = true;
+    char16_t decimal_sign = u'.';
 };
 
 /// The number of the failure that an action ends with; 0 if it does not fail.

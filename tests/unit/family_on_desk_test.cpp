@@ -195,4 +195,25 @@ TEST_F(FamilyOnDesk, ReadsAContactsNamedProperties) {
     EXPECT_NE(failure_of([&] { safe.get(u"sender"); }), 0);  // a contact has none
 }
 
+TEST_F(FamilyOnDesk, DisplaysTheWrappedItem) {
+    const Object safe = wrapped(u"TarnwellOMG.SafeContactItem", contacts);
+    safe.call(u"Display");
+    const Object shown = around->host.get(u"Desk").to_object().get(u"Displayed").to_object();
+    ASSERT_EQ(shown.get(u"Count"), Value(1));
+    EXPECT_EQ(shown.call(u"Item", {1}).to_object().get(u"FullName"), Value(u"Bob Moss"));
+}
+
+TEST_F(FamilyOnDesk, AttachesTheWrappedItem) {
+    const Object note = first_item(drop_downs), attachments = note.get(u"Attachments").to_object();
+    const Object safe = wrapped(u"TarnwellOMG.SafeMailItem", inbox);
+    attachments.call(u"Add", {Value(safe), host::Missing{}, 1, host::Missing{}});
+    EXPECT_EQ(attachments.get(u"Count"), Value(1));
+    const Object nothing = family(u"TarnwellOMG.SafeMailItem");
+    EXPECT_NE(failure_of([&] {
+                  attachments.call(u"Add", {Value(nothing), host::Missing{}, 1, host::Missing{}});
+              }),
+              0);
+    EXPECT_EQ(attachments.get(u"Count"), Value(1));
+}
+
 }  // namespace

@@ -29,6 +29,7 @@ struct SafeMailTest : testing::Test {
                              {tag_address(u"0E080003"), 4711},
                              {tag_address(u"00390040"), host::to_date({2026, 3, 3, 9, 15, 0})},
                              {tag_address(u"0E1B000B"), true},
+                             {tag_address(u"36D90005"), 1234.5},
                              {u"http://schemas.microsoft.com/mapi/string/"
                               u"{00020329-0000-0000-C000-000000000046}/ContactID",
                               u"C1"}});
@@ -105,6 +106,13 @@ TEST_F(BoundSafeMailTest, GivesEveryFieldAsText) {
     EXPECT_EQ(fields(0x0E080003), Value(u"4711"));
     EXPECT_EQ(fields(0x00390040), Value(u"2026-03-03 09:15:00"));
     EXPECT_EQ(fields(0x0E1B000B), Value(u"True"));
+}
+
+TEST_F(BoundSafeMailTest, GivesANumberWithTheUsersDecimalSign) {
+    EXPECT_EQ(fields(0x36D90005), Value(u"1234.5"));
+    around->decimal_sign = u',';
+    EXPECT_EQ(fields(0x36D90005), Value(u"1234,5"));
+    EXPECT_EQ(fields(0x0E080003), Value(u"4711"));
 }
 
 TEST_F(BoundSafeMailTest, AFieldThatTheItemLacksIsEmpty) { EXPECT_EQ(fields(0x39FE001E), Value()); }
