@@ -15,7 +15,6 @@ using desk::sample::RecordPlan;
 using host::Text;
 using host::TextView;
 using testing::ElementsAre;
-using testing::SizeIs;
 
 const std::filesystem::path sample_folder = std::filesystem::path(TARNWELL_DATA_FOLDER) / "sample";
 
