@@ -1,6 +1,7 @@
 #include "desk/windows/desk_windows.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "desk/model/explorers.h"
 #include "desk/model/inspectors.h"
@@ -14,7 +15,7 @@ namespace {
 template <class Windows, class Objects, class Make>
 void follow_list(Windows& windows, const Objects& open, Make make) {
     std::erase_if(windows, [&](const auto& entry) { return !entry.first->is_open(); });
-    const Objects now = open;
+    const std::vector now(open.begin(), open.end());  // a window that opens may open another
     for (const auto& object : now) {
         auto& window = windows[object];
         if (!window) window = make(object);
