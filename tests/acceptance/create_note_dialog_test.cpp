@@ -6,7 +6,6 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
 using host::TextView;
 using host::Value;
 using host::outlook::Item;

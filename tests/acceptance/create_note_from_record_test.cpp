@@ -6,7 +6,6 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
 using host::Text;
 using host::TextView;
 using host::Value;
@@ -290,6 +289,47 @@ TEST_F(CreateNoteFromRecord, IsMadeOfTheAddressWhereTheRecordHasNoKey) {
     dialog.create();
     EXPECT_EQ(World::property(only_item(world), u"AccountID"), u"A-100") << "found by its name this time";
     EXPECT_EQ(message_texts(world), Lines{"Done - creating Note for Ann Lee"});
+}
+
+TEST_F(CreateNoteFromRecord, TriesTheThirdCellAsAnEntryIdWhereTheRecordHasNoKey) {
+    World& world = with({});
+    const Item other =
+        add_contact(world, {.full_name = u"Bob Ray", .properties = {{u"ContactID", u"C-300"}}});
+    const Item account = add_account(world, {{u"AccountID", u"A-1"}}, u"Mill");
+    struct Case {
+        const char* name;
+        Text third_cell;
+        const char* contact;  // whom the note is of
+    };
+    const Case cases[] = {{"an entry id", other.EntryID(), "Bob Ray"},
+                          {"another text", u"Sales", "Ann Lee"},
+                          {"an account's entry id", account.EntryID(), nullptr}};
+    Target target;
+    target.fields[2] = named_field(u"Team");
+    install(world, {target});
+    const Item ann = add_contact(world, {.properties = {}});
+    NoteDialog& dialog = opened(world.deliver(message()));
+    dialog.click(u"Check1");
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        ann.UserProperties().Item(u"Team").value(one.third_cell);
+        ann.Save();
+        dialog.search(u"People", u"Ann");
+        ASSERT_EQ(dialog.cell(1, 3), shown(one.third_cell));
+        ASSERT_EQ(dialog.cell(1, 7), "");
+        if (one.contact) {
+            dialog.create();
+            EXPECT_EQ(shown(World::property(only_item(world), u"Contact Name")), one.contact);
+            world.below(u"Email").Items().call(u"Remove", {1});
+            continue;
+        }
+        constexpr std::int32_t ok = 1;
+        world.desk().call(u"Answer", {u"Tarnwell", u" NOT FOUND! Please use the search feature. ", ok});
+        dialog.click(u"cmdSend");
+        EXPECT_EQ(message_texts(world).back(),
+                  "Tarnwell Account/Contact Ann Lee NOT FOUND! Please use the search feature. ");
+        EXPECT_EQ(count_in(world, u"Email"), 0);
+    }
 }
 
 }  // namespace

@@ -7,7 +7,6 @@ namespace {
 using host::Object;
 using host::Text;
 using host::TextView;
-using host::Value;
 using host::outlook::Item;
 
 constexpr std::int32_t yes = 6, no = 7;

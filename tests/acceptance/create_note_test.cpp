@@ -7,7 +7,6 @@ namespace acceptance {
 namespace {
 
 using host::Object;
-using host::Text;
 using host::TextView;
 using host::Value;
 using host::outlook::Folder;

@@ -13,50 +13,81 @@ using native::NativeWorld;
 const Lines names{"Ann One", "Ann Two", "Ann Three"};
 const Lines keys{"C-1", "C-2", "C-3"};
 
-/// Searches for the three contacts; the button is pressed once more at the n-th yield.
-void search_with_a_click_at(NativeWorld& world, const NoteDialog& dialog, int n) {
-    const std::function<void()> usual = world.system().on_yield;
-    int yields = 0;
-    world.system().on_yield = [&] {
-        if (++yields == n) dialog.control(u"cmdSearch").call(u"Click");
-        usual();
-    };
-    dialog.search(u"People", u"Ann");
-    world.system().on_yield = usual;
-    EXPECT_GE(yields, n);
-}
+/// A world with three contacts and a target that finds them, and a mail in a window.
+struct Searching {
+    NativeWorld world{acceptance::WorldSetup{}};
+    std::unique_ptr<acceptance::OpenedItem> mail;
+
+    Searching() {
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            add_contact(world, {.full_name = host::from_utf8(names[i]),
+                                .properties = {{u"ContactID", host::from_utf8(keys[i])}}});
+        }
+        acceptance::install(world, {acceptance::Target{}});
+        mail = std::make_unique<acceptance::OpenedItem>(world.deliver(acceptance::message()));
+        mail->show();
+    }
+
+    /// Does something at the n-th yield of an action.
+    void at_yield(int n, const std::function<void()>& deed, const std::function<void()>& action) {
+        const std::function<void()> usual = world.system().on_yield;
+        int yields = 0;
+        world.system().on_yield = [&] {
+            if (++yields == n) deed();
+            usual();
+        };
+        action();
+        world.system().on_yield = usual;
+        EXPECT_GE(yields, n);
+    }
+};
 
 TEST(DialogSearchInside, ListsWhatItFindsAndLeavesTheFirstNothingMore) {
-    NativeWorld world({});
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        add_contact(world, {.full_name = host::from_utf8(names[i]),
-                            .properties = {{u"ContactID", host::from_utf8(keys[i])}}});
-    }
-    acceptance::install(world, {acceptance::Target{}});
-    acceptance::OpenedItem mail(world.deliver(acceptance::message()));
-    mail.show();
-    NoteDialog dialog(world);
-    ASSERT_TRUE(dialog.open(mail));
+    Searching searching;
+    NoteDialog dialog(searching.world);
+    ASSERT_TRUE(dialog.open(*searching.mail));
+    dialog.choose(u"Combo2", u"People");
+    dialog.type(u"SearchString", u"Ann");
     struct Case {
         const char* moment;
         std::size_t empty_rows;  // of the first search, behind those of the second
         const char* key;         // which they bear: that of the last item whose own could be read
     };
-    // choosing the target gives way twice before
     const Case cases[] = {{"before the first reads anything", 0, ""},
                           {"before the first has its filter", 0, ""},
                           {"after its first row", 2, "C-1"},
                           {"after its second row", 1, "C-2"},
                           {"after its last row", 0, ""},
                           {"at its end", 0, ""}};
-    int yield = 2;
+    int yield = 0;
     for (const Case& one : cases) {
         SCOPED_TRACE(one.moment);
-        search_with_a_click_at(world, dialog, ++yield);
+        const auto press = [&] { dialog.control(u"cmdSearch").call(u"Click"); };
+        searching.at_yield(++yield, press, press);
+        EXPECT_EQ(dialog.text(u"lblHeader"), "Search Complete for Ann");
         EXPECT_EQ(dialog.column(1), acceptance::joined({names, Lines(one.empty_rows, "")}));
         EXPECT_EQ(dialog.column(7), acceptance::joined({keys, Lines(one.empty_rows, one.key)}));
     }
-    EXPECT_EQ(acceptance::count_messages(world), 0);
+    EXPECT_EQ(acceptance::count_messages(searching.world), 0);
+}
+
+TEST(DialogSearchInside, EndsWithTheWindow) {
+    Searching searching;
+    constexpr int yields_of_a_search = 6;
+    for (int yield = 1; yield <= yields_of_a_search; ++yield) {
+        SCOPED_TRACE(yield);
+        NoteDialog dialog(searching.world);
+        ASSERT_TRUE(dialog.open(*searching.mail));
+        dialog.choose(u"Combo2", u"People");
+        dialog.type(u"SearchString", u"Ann");
+        const std::int32_t held = acceptance::held(searching.world, u"Items");
+        searching.at_yield(
+            yield, [&] { dialog.window().call(u"Close"); },
+            [&] { dialog.control(u"cmdSearch").call(u"Click"); });
+        EXPECT_FALSE(dialog.window()) << "nothing brings it back";
+        EXPECT_EQ(acceptance::held(searching.world, u"Items"), held) << "and nothing of the search is left";
+    }
+    EXPECT_EQ(acceptance::count_messages(searching.world), 0);
 }
 
 }  // namespace
