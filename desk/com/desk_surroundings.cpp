@@ -6,7 +6,6 @@
 #include <array>
 #include <map>
 
-#include "desk/com/mail_process.h"
 #include "desk/windows/screen_picture.h"
 #include "desk/windows/window_driver.h"
 #include "windows/com/failure.h"
@@ -42,7 +41,7 @@ std::string DeskSurroundings::random_bytes(std::size_t count) {
 }
 
 ItemData DeskSurroundings::read_mail(TextView path) {
-    return read_mail_with(settings_.mail_reader, settings_.state, Text(path));
+    return mail_process_.read(Text(path));
 }
 
 void DeskSurroundings::wake() {

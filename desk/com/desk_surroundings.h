@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "desk/com/desk_settings.h"
+#include "desk/com/mail_process.h"
 #include "windows/com/apartment.h"
 
 namespace desk {
@@ -21,7 +22,7 @@ struct DeskHooks {
 class DeskSurroundings : public Surroundings {
   public:
     DeskSurroundings(const DeskSettings& settings, std::shared_ptr<windows::Apartment> apartment)
-        : settings_(settings), apartment_(std::move(apartment)) {}
+        : apartment_(std::move(apartment)), mail_process_(settings.mail_reader, settings.state) {}
 
     DeskHooks hooks;
 
@@ -45,8 +46,8 @@ class DeskSurroundings : public Surroundings {
     void remember_option(host::TextView name, host::TextView value) override;
 
   private:
-    const DeskSettings& settings_;
     std::shared_ptr<windows::Apartment> apartment_;
+    MailProcess mail_process_;
 };
 
 }  // namespace desk

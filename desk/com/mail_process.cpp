@@ -1,6 +1,9 @@
 #include "desk/com/mail_process.h"
 
 #include <array>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
 
 #include "desk/mail/message.h"
 #include "desk/model/item_file.h"
@@ -15,8 +18,11 @@ namespace result = host::result;
 
 namespace {
 
-constexpr DWORD longest_wait = 30000, wait_step = 2, attempt_step = 100;  // milliseconds
-constexpr int most_attempts = 20;
+constexpr DWORD longest_wait = 30000, longest_wait_for_server = 5000, wait_step = 1;  // milliseconds
+
+/// After an answer the reader waits for the next request at least this long; a part of its idle time is left
+/// for a busy machine.
+constexpr std::uint64_t surely_served = std::chrono::milliseconds(mail::longest_idle_time).count() * 3 / 4;
 
 /// A path of Windows as the native system spells it: what drive Z: holds is the native root.
 std::string native_path(const Text& path) {
@@ -49,43 +55,66 @@ Text quoted(const std::string& argument) {
     return text + u"\"";
 }
 
-void start(Text command_line, const Text& reader) {
+/// Waits for a file that is made whole at once. False if it isn't there in time.
+bool wait_for(const Text& file, DWORD longest) {
+    for (DWORD waited = 0; GetFileAttributesW(windows::wide(file)) == INVALID_FILE_ATTRIBUTES;
+         waited += wait_step) {
+        if (waited > longest) return false;
+        Sleep(wait_step);
+    }
+    return true;
+}
+
+}  // namespace
+
+MailProcess::MailProcess(Text reader, const Text& state)
+    : reader_(std::move(reader)),
+      folder_(state + u"\\mails-" + host::to_text(static_cast<long long>(GetCurrentProcessId()))) {
+    CreateDirectoryW(windows::wide(folder_), nullptr);
+}
+
+MailProcess::~MailProcess() { RemoveDirectoryW(windows::wide(folder_)); }
+
+void MailProcess::start(const std::string& file, const std::string& answer_file) {
+    Text command_line = u"\"Z:" + host::replaced(reader_, u"/", u"\\") + u"\" " + quoted(file) +
+                        u" --output " + quoted(answer_file) + u" --serve " + quoted(native_path(folder_));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
     auto* const line = reinterpret_cast<wchar_t*>(command_line.data());
-    // a machine that is short of processes refuses one for a moment
-    for (int attempt = 1; !CreateProcessW(nullptr, line, nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
-                                          nullptr, &startup, &process);
-         ++attempt) {
-        if (attempt == most_attempts) {
-            throw Failure(result::file_not_found,
-                          u"The mail reader \"" + reader + u"\" could not be started.");
-        }
-        Sleep(attempt_step);
+    if (!CreateProcessW(nullptr, line, nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr, &startup,
+                        &process)) {
+        throw Failure(result::file_not_found, u"The mail reader \"" + reader_ + u"\" could not be started.");
     }
     // a native program has no handles to wait for
     if (process.hThread) CloseHandle(process.hThread);
     if (process.hProcess) CloseHandle(process.hProcess);
 }
 
-}  // namespace
-
-ItemData read_mail_with(const Text& reader, const Text& state, const Text& path) {
-    const std::string file = native_path(path);
-    const Text answer = state + u"\\mail-" + host::to_text(static_cast<long long>(GetCurrentProcessId())) +
-                        u"-" + host::to_text(static_cast<long long>(GetTickCount64())) + u".json";
-    // the answer's folder exists, the answer does not yet: its name is built from the folder's
-    const std::string answer_file =
-        native_path(state) + "/" + host::to_utf8(answer.substr(answer.rfind(u'\\') + 1));
-    start(u"\"Z:" + host::replaced(reader, u"/", u"\\") + u"\" " + quoted(file) + u" --output " +
-              quoted(answer_file),
-          reader);
-    for (DWORD waited = 0; GetFileAttributesW(windows::wide(answer)) == INVALID_FILE_ATTRIBUTES;
-         waited += wait_step) {
-        if (waited > longest_wait) throw Failure(result::fail, u"The mail reader gave no answer.");
-        Sleep(wait_step);
+bool MailProcess::ask(const std::string& file, const std::string& answer_file, const Text& answer) {
+    const Text request = host::replaced(answer, u".json", u".request"), part = request + u".part";
+    {
+        std::ofstream lines(std::filesystem::path(part), std::ios::binary | std::ios::trunc);
+        lines << file << '\n' << answer_file << '\n';
     }
+    MoveFileW(windows::wide(part), windows::wide(request));
+    if (wait_for(answer, longest_wait_for_server)) return true;
+    DeleteFileW(windows::wide(request));
+    return false;
+}
+
+ItemData MailProcess::read(const Text& path) {
+    const std::string file = native_path(path);
+    const Text name = host::to_text(static_cast<long long>(++requests_)) + u".json";
+    const Text answer = folder_ + u"\\" + name;
+    // the answer's folder exists, the answer does not yet: its name is built from the folder's
+    const std::string answer_file = native_path(folder_) + "/" + host::to_utf8(name);
+    const bool served = GetTickCount64() < serves_until_ && ask(file, answer_file, answer);
+    if (!served) {
+        start(file, answer_file);
+        if (!wait_for(answer, longest_wait)) throw Failure(result::fail, u"The mail reader gave no answer.");
+    }
+    serves_until_ = GetTickCount64() + surely_served;
     const std::string json = read_file(answer);
     DeleteFileW(windows::wide(answer));
     return mail::from_json(json);

@@ -1,6 +1,8 @@
 // A mail as it came in, read from its Internet form.
 #pragma once
 
+#include <chrono>
+
 #include <string>
 #include <string_view>
 
@@ -32,5 +34,8 @@ std::string error_to_json(std::string_view sentence);
 /// The item of such JSON. Throws `host::Failure`, whose text is the sentence, for an error or for text that
 /// is no such JSON.
 ItemData from_json(std::string_view json);
+
+/// How long the reader of mail files waits for the next one, when the desk has started it.
+inline constexpr std::chrono::seconds longest_idle_time{10};
 
 }  // namespace desk::mail

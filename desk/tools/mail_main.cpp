@@ -1,9 +1,12 @@
 // tarnwell-mail: reads a mail file and writes it as JSON. The desk starts it under Wine, where GMime is not
 // at hand.
 #include <CLI/CLI.hpp>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <thread>
+#include <vector>
 
 #include "desk/mail/message.h"
 #include "desk/tools/mail_reader.h"
@@ -24,16 +27,8 @@ bool write_whole(const std::filesystem::path& file, const std::string& text) {
     return false;
 }
 
-}  // namespace
-
-int main(int count, char** arguments) {
-    CLI::App app("Reads an RFC 5322 message file and writes it as JSON.");
-    std::string file, output;
-    app.add_option("FILE", file, "the message file")->required();
-    app.add_option("--output", output,
-                   "the file to write, made whole at once; the standard output if left out");
-    CLI11_PARSE(app, count, arguments);
-
+/// Reads one message and writes the answer, or prints it. Answers the exit code.
+int answer(const std::string& file, const std::string& output) {
     std::string json;
     int code = 0;
     try {
@@ -48,5 +43,47 @@ int main(int count, char** arguments) {
         std::cerr << "\"" << output << "\" can't be written.\n";
         return 2;
     }
+    return code;
+}
+
+/// Answers the requests in a folder, each a file "*.request" with two lines: the message file and the file to
+/// write. Ends when the folder is gone, or nothing came for a while.
+void serve(const std::filesystem::path& folder) {
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point end = Clock::now() + desk::mail::longest_idle_time;
+    std::error_code error;
+    while (std::filesystem::is_directory(folder, error) && Clock::now() < end) {
+        std::vector<std::filesystem::path> requests;
+        for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+            if (entry.path().extension() == ".request") requests.push_back(entry.path());
+        }
+        for (const std::filesystem::path& request : requests) {
+            std::ifstream lines(request);
+            std::string file, output;
+            std::getline(lines, file);
+            std::getline(lines, output);
+            std::filesystem::remove(request, error);
+            answer(file, output);
+            end = Clock::now() + desk::mail::longest_idle_time;
+        }
+        constexpr std::chrono::milliseconds look_again{1};
+        if (requests.empty()) std::this_thread::sleep_for(look_again);
+    }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    CLI::App app("Reads an RFC 5322 message file and writes it as JSON.");
+    std::string file, output, folder;
+    app.add_option("FILE", file, "the message file")->required();
+    app.add_option("--output", output,
+                   "the file to write, made whole at once; the standard output if left out");
+    app.add_option("--serve", folder,
+                   "afterwards answers the requests that come into this folder, until it is gone");
+    CLI11_PARSE(app, count, arguments);
+
+    const int code = answer(file, output);
+    if (!folder.empty()) serve(folder);
     return code;
 }
