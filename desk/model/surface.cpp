@@ -398,6 +398,8 @@ const host::Members<Surface>& Surface::members() {
          }},
         {u"Calls", host::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.calls()); }},
+        {u"Telling", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) { return Value(self.desk().telling()); }},
         {u"ResetCalls", host::no_id, Use::method,
          [](Surface& self, const Arguments&) {
              self.desk().surroundings().reset_calls();

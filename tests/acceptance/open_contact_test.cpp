@@ -35,7 +35,7 @@ class OpenContact : public Filing {
         const Object button = find_control(window.window, u"TarnwellCreateNote", u"OpenContactButton");
         ASSERT_TRUE(button);
         world().desk().call(u"Press", {Value(button)});
-        world().settle();
+        EXPECT_TRUE(world().wait_for_handlers());
     }
 
     void answer(TextView question, std::int32_t button) {

@@ -103,6 +103,11 @@ void World::settle() {
     desk().call(u"Pump", {moment});
 }
 
+bool World::wait_for_handlers() {
+    settle();
+    return wait_until([this] { return desk().get(u"Telling").to_integer() == 0; });
+}
+
 bool World::wait_until(const std::function<bool()>& condition) {
     constexpr int rounds = 200;
     constexpr std::int32_t round = 25;  // milliseconds

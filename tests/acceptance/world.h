@@ -91,6 +91,8 @@ class World {
     bool wait_until(const std::function<bool()>& condition);
     /// Lets the events come that wait.
     void settle();
+    /// Waits until nobody handles an event any more; not for a handler that waits in a modal window.
+    bool wait_for_handlers();
 
   private:
     host::Text anchor_id_, anchor_store_;  ///< of "Account Profiles", once it was found
