@@ -54,7 +54,7 @@ class OpenLinkedContact : public Filing {
         EXPECT_TRUE(button);
         if (!button) return {};
         world.desk().call(u"Press", {Value(button)});
-        world.settle();
+        EXPECT_TRUE(world.wait_for_handlers());
         Lines ids;
         const Object all = world.desk().get(u"Displayed").to_object();
         for (std::int32_t i = before + 1; i <= displayed(world); ++i) {
