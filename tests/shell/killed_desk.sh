@@ -37,10 +37,11 @@ WScript.Echo("lost: " + lost.join(",") + " twice: " + twice.join(",") + " again:
 JS
 looks=$script
 
+own_desk=${PWD//\//\\}'\build\script\program\desk.exe' # of this tree, and of no other
 desk_process() {
     local file
     for file in /proc/[0-9]*/cmdline; do
-        if grep -qs 'build\\script\\program\\desk.exe' "$file"; then
+        if grep -qsF "$own_desk" "$file"; then
             file=${file#/proc/}
             echo "${file%/cmdline}"
         fi
