@@ -1,6 +1,7 @@
 // The dialog's search: the records of the chosen target become rows.
 #include "core/product.h"
 #include "createnote/dlg_send.h"
+#include "createnote/split.h"
 #include "records/database.h"
 #include "records/filters.h"
 #include "records/names.h"
@@ -45,16 +46,6 @@ std::int32_t to_number(const Text& text) {
     return static_cast<std::int32_t>(number);
 }
 
-std::vector<Text> split(const Text& text) {
-    std::vector<Text> parts;
-    for (std::size_t begin = 0;;) {
-        const std::size_t end = text.find(u',', begin);
-        parts.push_back(text.substr(begin, end - begin));
-        if (end == Text::npos) return parts;
-        begin = end + 1;
-    }
-}
-
 /// Reads the fields of one item, by the notations of a definition.
 class FieldReader {
   public:
@@ -75,7 +66,7 @@ class FieldReader {
 
     /// The same for a name that is none of a tag.
     void read_named(Text& target, const Text& name) {
-        const std::vector<Text> parts = split(name);
+        const std::vector<Text> parts = split(name, u',');
         const auto part = [&](std::size_t place) -> const Text& {
             if (place >= parts.size()) throw host::Failure(host::result::bad_index);
             return parts[place];

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/product.h"
+#include "createnote/split.h"
 #include "filing/address_resolution.h"
 #include "forms/sort_marks.h"
 #include "records/database.h"
@@ -28,16 +29,6 @@ constexpr TextView headings[] = {u"Contact Name", u"Company Name", u"Business Ph
                                  u"Address",      u"City",         u"State"};
 /// The headings of the first two columns at account level.
 constexpr TextView account_headings[] = {u"Company Name", u"Company City"};
-
-std::vector<Text> split(const Text& text, char16_t separator) {
-    std::vector<Text> parts;
-    for (std::size_t begin = 0;;) {
-        const std::size_t end = text.find(separator, begin);
-        parts.push_back(text.substr(begin, end - begin));
-        if (end == Text::npos) return parts;
-        begin = end + 1;
-    }
-}
 
 void set_headings(forms::List& list, std::span<const TextView> texts) {
     int place = 0;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "createnote/split.h"
+
 namespace addin::createnote {
 
 using host::Text;
@@ -14,17 +16,11 @@ constexpr std::uint32_t names_size = 4096, value_size = 512;  // characters
 constexpr TextView display_in = u"Display in", find_definition = u"FindDefinition",
                    folder_name = u"Folder Name";
 
-/// The parts between terminators; the last terminator is none of them.
-std::vector<Text> split(TextView names) {
-    std::vector<Text> parts;
-    if (names.empty()) return parts;
+/// The sections' names out of what the platform gives; the last terminator begins no name.
+std::vector<Text> section_names(TextView names) {
+    if (names.empty()) return {};
     names.remove_suffix(1);
-    for (std::size_t begin = 0;;) {
-        const std::size_t end = names.find(u'\0', begin);
-        parts.emplace_back(names.substr(begin, end - begin));
-        if (end == TextView::npos) return parts;
-        begin = end + 1;
-    }
+    return split(names, u'\0');
 }
 
 }  // namespace
@@ -48,7 +44,7 @@ std::vector<Target> read_targets(host::Desktop& desktop, TextView folder, TextVi
         return desktop.profile_text(path, section, key, value_size);
     };
     std::vector<Target> targets;
-    for (const Text& name : SortSectionNames(split(desktop.section_names(path, names_size)))) {
+    for (const Text& name : SortSectionNames(section_names(desktop.section_names(path, names_size)))) {
         if (host::upper(value(name, display_in)).find(place) == Text::npos) continue;
         Target target{name, value(name, find_definition), {}};
         if (found) found(targets.size(), name);

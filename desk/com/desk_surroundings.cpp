@@ -40,9 +40,7 @@ std::string DeskSurroundings::random_bytes(std::size_t count) {
     return bytes;
 }
 
-ItemData DeskSurroundings::read_mail(TextView path) {
-    return mail_process_.read(Text(path));
-}
+ItemData DeskSurroundings::read_mail(TextView path) { return mail_process_.read(Text(path)); }
 
 void DeskSurroundings::wake() {
     if (hooks.wake) hooks.wake();

@@ -14,7 +14,7 @@ namespace {
 constexpr TextView caption = u"Tarnwell Create Note";
 constexpr TextView list = u"lstRecipients";
 constexpr const char* no_date = "4501-01-01";  // of a date that was never set
-constexpr int shown_columns = 7;  // with the key; the last one holds the entry id
+constexpr int shown_columns = 7;               // with the key; the last one holds the entry id
 
 std::string number(std::size_t value) { return std::to_string(value); }
 
