@@ -12,7 +12,6 @@ using host::TextView;
 using host::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
-using host::outlook::Items;
 namespace property = records::property;
 namespace tag = host::family::tag;
 namespace object_class = host::outlook::object_class;

@@ -56,7 +56,7 @@ const LanguageRow* row_of(std::int32_t locale) {
 }
 
 Text numbered(TextView name, std::size_t place) {
-    return Text(name) + host::to_text(static_cast<long long>(place + 1));
+    return Text(name) + host::to_text(static_cast<long long>(place) + 1);
 }
 
 Text property(const Item& item, const Text& name) {

@@ -26,16 +26,10 @@ void ClearHeaderIcons(List& list) {
 
 void sort_by_column(List& list, std::int32_t column, std::int32_t& last_sort_column) {
     ClearHeaderIcons(list);
-    std::int32_t image = mark_up;
-    if (column != last_sort_column) {
-        list.sort_order(ascending);
-    } else if (list.sort_order() == ascending) {
-        list.sort_order(descending);
-        image = mark_down;
-    } else {
-        list.sort_order(ascending);
-    }
-    ShowHeaderIcon(list, column, image, header::image_on_right, header::with_image);
+    const bool turns_down = column == last_sort_column && list.sort_order() == ascending;
+    list.sort_order(turns_down ? descending : ascending);
+    ShowHeaderIcon(list, column, turns_down ? mark_down : mark_up, header::image_on_right,
+                   header::with_image);
     list.sort_key(column);
     list.sorted(true);
     last_sort_column = column;
