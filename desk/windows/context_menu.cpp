@@ -29,7 +29,8 @@ std::function<void()> choose_from_menu(HWND owner, POINT place, std::span<const 
     bool first = true;
     for (const auto& control : bar.controls) {
         if (!control->visible) continue;
-        if (first || control->begin_group) AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
+        const bool apart = first ? !own.empty() : control->begin_group;
+        if (apart) AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
         first = false;
         add((control->enabled ? 0U : MF_GRAYED) | (control->state == pressed ? MF_CHECKED : 0U),
             windows::wide(control->caption), [control] {

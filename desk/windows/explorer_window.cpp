@@ -237,6 +237,17 @@ void ExplorerWindow::open_selected() {
     with_selected(explorer_, open_item);
 }
 
+void ExplorerWindow::select_at(POINT place) {
+    LVHITTESTINFO hit{};
+    hit.pt = place;
+    ScreenToClient(list_, &hit.pt);
+    const int line = ListView_HitTest(list_, &hit);
+    if (line < 0 || ListView_GetItemState(list_, line, LVIS_SELECTED)) return;
+    ListView_SetItemState(list_, -1, 0, LVIS_SELECTED);
+    ListView_SetItemState(list_, line, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    take_selection();
+}
+
 void ExplorerWindow::on_context_menu(HWND control, POINT place) {
     if (control != list_) return;
     if (place.x == -1 && place.y == -1) {  // the keyboard's menu: at the item that has the focus
@@ -245,6 +256,8 @@ void ExplorerWindow::on_context_menu(HWND control, POINT place) {
         if (line >= 0) ListView_GetItemRect(list_, line, &box, LVIR_LABEL);
         place = {box.left + 8, box.bottom};
         ClientToScreen(list_, &place);
+    } else {
+        select_at(place);
     }
     desk_.surroundings().post(
         [explorer = explorer_, owner = handle(), place] { open_context_menu(explorer, owner, place); });

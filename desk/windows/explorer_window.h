@@ -25,6 +25,7 @@ class ExplorerWindow : public HostFrame {
     void show_columns();
     void show_cell(LVITEMW& cell);
     void take_selection();
+    void select_at(POINT place);  ///< the item at a point of the screen, where a click has left it unselected
     void show_selection();
     void open_selected();
 
