@@ -55,7 +55,7 @@ TEST_F(DeskWindowsTest, LetAMailBeWrittenAndSent) {
     const auto fields = windows_of_class(u"Edit", inspector_window());
     ASSERT_EQ(fields.size(), 3U);  // To, Subject, text
     const wchar_t* typed[] = {L"ann@one.example; ", L"Delivery dates", L"As agreed."};
-    for (std::size_t i = 0; i < fields.size(); ++i) {
+    for (std::size_t i = 0; i < std::size(typed); ++i) {
         SendMessageW(fields[i], EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(typed[i]));
     }
     run_messages();
