@@ -20,7 +20,6 @@ using addin::forms::FormTable;
 using host::Object;
 using host::Text;
 using host::TextView;
-using host::Value;
 using native::NativeWorld;
 
 TEST(Buttons, AreLookedUpByTheirTagsButForTwo) {
