@@ -5,8 +5,6 @@
 
 namespace acceptance {
 
-using Lines = std::vector<std::string>;
-
 /// All bars of a window with their controls, in their order. A bar is told as "Menu Bar, row -1, shown,
 /// enabled"; each control that isn't the host's own as "  Caption [Tag] face 1978, style 3, OnAction, group,
 /// shown" and what else it bears. The id of the window's item is told as "its id".

@@ -140,12 +140,10 @@ TEST_F(ChosenAccount, LendsItsFieldsToTheContactOnBothWays) {
         open_picker(way, mail);
         choose(u"North Mill Ltd");
         expect_contact(fields_of_the_mill, properties_of_the_mill);
-        const Item note = only_item(world);
-        ASSERT_TRUE(note);
-        EXPECT_EQ(told_note(note),
-                  (Lines{"Subject: Delivery dates", "AccountID: A-7", "ContactID: " + contact_id(),
-                         "Account Name: North Mill Ltd", "Contact Name: Ann Lee", "Account Manager: Mia Hart",
-                         "Team: Sales", "Alignment: North", "Type: Email (Received)"}));
+        expect_note(world, only_item(world), mail,
+                    {"Subject: Delivery dates", "AccountID: A-7", "ContactID: " + contact_id(),
+                     "Account Name: North Mill Ltd", "Contact Name: Ann Lee", "Account Manager: Mia Hart",
+                     "Team: Sales", "Alignment: North", "Type: Email (Received)"});
         EXPECT_EQ(mail.BillingInformation(), u"");
         EXPECT_EQ(count_messages(world), 2);
     }

@@ -11,27 +11,13 @@ using host::outlook::Item;
 
 constexpr std::int32_t yes = 6, no = 7;
 
-class CreateNoteForANewContact : public Filing {
+class CreateNoteForANewContact : public WithNoteDialog {
   protected:
     World& furnished() {
         World& world = with({});
         world.family(u"UserName", u"Mia Hart");
         world.family(u"Alignment", u"North");
         return world;
-    }
-
-    void TearDown() override {
-        dialog_.reset();
-        mail_.reset();
-    }
-
-    NoteDialog& opened(const Item& item) {
-        TearDown();
-        mail_ = std::make_unique<OpenedItem>(item);
-        mail_->show();
-        dialog_ = std::make_unique<NoteDialog>(world());
-        EXPECT_TRUE(dialog_->open(*mail_));
-        return *dialog_;
     }
 
     /// Answers both questions, the second one with No, and presses Create.
@@ -50,10 +36,6 @@ class CreateNoteForANewContact : public Filing {
                     " NOT FOUND!\rWould you like to Create an Account/Contact",
                 "Would you like to search for an Account Name? "};
     }
-
-  private:
-    std::unique_ptr<OpenedItem> mail_;
-    std::unique_ptr<NoteDialog> dialog_;
 };
 
 std::string field(const Item& item, TextView name) { return shown(item.get(name).to_text()); }
@@ -112,17 +94,12 @@ TEST_F(CreateNoteForANewContact, MakesANoteWithoutDateThatLeavesTheMailUnmarked)
     dialog.type(u"Combo1", u"Phone Call");
     dialog.type(u"txtNote", u"About the dates");
     create(dialog);
-    const Item note = only_item(world);
-    ASSERT_TRUE(note);
-    EXPECT_EQ(
-        told_note(note),
-        (Lines{"Subject: About the dates",
-               "ContactID: " + shown(World::property(only_item(world, u"Account Contacts"), u"ContactID")),
-               "Account Name: northmill.example", "Contact Name: Ann Lee", "Account Manager: Mia Hart",
-               "Team: Mia Hart", "Alignment: North", "Type: Phone Call"}));
-    EXPECT_EQ(note.Body(), u"\r\n\r\n" + mail.Body());
-    ASSERT_EQ(note.Attachments().Count(), 1);
-    EXPECT_EQ(Item(note.Attachments().Item(1).get(u"EmbeddedItem").to_object()).Subject(), mail.Subject());
+    const Item contact = only_item(world, u"Account Contacts");
+    ASSERT_TRUE(contact);
+    expect_note(world, only_item(world), mail,
+                {"Subject: About the dates", "ContactID: " + shown(World::property(contact, u"ContactID")),
+                 "Account Name: northmill.example", "Contact Name: Ann Lee", "Account Manager: Mia Hart",
+                 "Team: Mia Hart", "Alignment: North", "Type: Phone Call"});
     EXPECT_EQ(mail.BillingInformation(), u"");
     EXPECT_EQ(mail.get(u"FlagStatus").to_integer(), 0);
 }
@@ -150,7 +127,7 @@ TEST_F(CreateNoteForANewContact, NamesTheCompanyAfterTheAddress) {
     furnished();
     for (const Case& one : cases) {
         SCOPED_TRACE(one.from);
-        TearDown();
+        close_dialog();
         World& world = emptied();
         create(opened(world.deliver(message({.from = one.from}))));
         const Item contact = only_item(world, u"Account Contacts");

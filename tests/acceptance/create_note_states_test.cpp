@@ -13,24 +13,19 @@ const Lines ann_found{"Ann Lee|North Mill Ltd||Mia Hart|Sales|North|C-200"};
 constexpr TextView ask_for_target =
     u"Please select a folder to search (Create Note for: drop down on the right).";
 
-class NoteDialogStates : public Filing {
+class NoteDialogStates : public WithNoteDialog {
   protected:
     void SetUp() override {
         World& world = with({});
         add_contact(world);
         install(world, {Target{}});
-        mail_ = std::make_unique<OpenedItem>(world.deliver(message()));
-        mail_->show();
-        dialog_ = std::make_unique<NoteDialog>(world);
-        ASSERT_TRUE(dialog_->open(*mail_));
-    }
-    void TearDown() override {
-        dialog_.reset();
-        mail_.reset();
+        mail_ = world.deliver(message());
+        dialog_ = &opened(mail_);
+        ASSERT_TRUE(dialog_->is_open());
     }
 
     NoteDialog& dialog() { return *dialog_; }
-    const Item& mail() const { return mail_->item; }
+    const Item& mail() const { return mail_; }
 
     void expect_addresses() {
         EXPECT_EQ(dialog().rows(), addresses);
@@ -51,8 +46,8 @@ class NoteDialogStates : public Filing {
     }
 
   private:
-    std::unique_ptr<OpenedItem> mail_;
-    std::unique_ptr<NoteDialog> dialog_;
+    Item mail_;
+    NoteDialog* dialog_ = nullptr;
 };
 
 // addresses listed

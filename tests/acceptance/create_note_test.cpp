@@ -17,29 +17,8 @@ constexpr TextView not_found_question =
     u"Tarnwell Account/Contact ann.lee@northmill.example NOT FOUND!\rWould you like to Create an "
     u"Account/Contact";
 
-class CreateNote : public Filing {
+class CreateNote : public WithNoteDialog {
   protected:
-    void TearDown() override {
-        dialog_.reset();
-        mail_.reset();
-    }
-
-    NoteDialog& opened(const Item& item) {
-        TearDown();
-        mail_ = std::make_unique<OpenedItem>(item);
-        mail_->show();
-        dialog_ = std::make_unique<NoteDialog>(world());
-        EXPECT_TRUE(dialog_->open(*mail_));
-        return *dialog_;
-    }
-    NoteDialog& opened_from_explorer(const Item& item) {
-        TearDown();
-        world().desk().call(u"Select", {Value(item)});
-        dialog_ = std::make_unique<NoteDialog>(world());
-        EXPECT_TRUE(dialog_->open_from_explorer());
-        return *dialog_;
-    }
-
     /// Presses Create and expects the question about an address that nobody bears; it is denied.
     void expect_stranger(const NoteDialog& dialog) {
         const std::int32_t before = count_messages(world());
@@ -57,10 +36,6 @@ class CreateNote : public Filing {
         one.UserProperties().Add(u"FilesAs", text, true).value(u"-");
         one.Save();
     }
-
-  private:
-    std::unique_ptr<OpenedItem> mail_;
-    std::unique_ptr<NoteDialog> dialog_;
 };
 
 // what the note holds
@@ -74,21 +49,10 @@ TEST_F(CreateNote, OfAContactHoldsItsKeysAndWhatTheDialogSays) {
     dialog.type(u"txtNote", u"About the dates");
     dialog.create();
     EXPECT_TRUE(dialog.closes());
-    const Item note = only_item(world);
-    ASSERT_TRUE(note);
-    EXPECT_EQ(note.MessageClass(), u"IPM.Post.Note");
-    EXPECT_EQ(told_note(note),
-              (Lines{"Subject: About the dates", "AccountID: A-100", "ContactID: C-200",
-                     "Account Name: North Mill Ltd", "Contact Name: Ann Lee", "Account Manager: Mia Hart",
-                     "Team: Sales", "Alignment: North", "Type: Phone Call",
-                     "Activity Date: " + shown(world.text(mail, u"SentOn"))}));
-    EXPECT_EQ(note.Body(), u"\r\n\r\n" + mail.Body());
-    ASSERT_EQ(note.Attachments().Count(), 1);
-    const Object attachment = note.Attachments().Item(1);
-    EXPECT_EQ(attachment.get(u"Position").to_integer(), 1);
-    const Item attached(attachment.get(u"EmbeddedItem").to_object());
-    EXPECT_EQ(attached.Subject(), mail.Subject());
-    EXPECT_EQ(attached.BillingInformation(), u"") << "it was attached before it was marked";
+    expect_note(world, only_item(world), mail,
+                {"Subject: About the dates", "AccountID: A-100", "ContactID: C-200",
+                 "Account Name: North Mill Ltd", "Contact Name: Ann Lee", "Account Manager: Mia Hart",
+                 "Team: Sales", "Alignment: North", "Type: Phone Call", told_date(world, mail)});
 
     ASSERT_EQ(message_texts(world), Lines{"Done - creating Note for ann.lee@northmill.example"});
     const Object box = world.desk().get(u"Messages").to_object().call(u"Item", {1}).to_object();
@@ -113,13 +77,9 @@ TEST_F(CreateNote, OfAnAccountHoldsNoContactAndNoDate) {
     dialog.choose(u"Combo2", u"Search by Email");
     dialog.create();
     EXPECT_TRUE(dialog.closes());
-    const Item note = only_item(world);
-    ASSERT_TRUE(note);
-    EXPECT_EQ(told_note(note), (Lines{"Subject: Delivery dates", "AccountID: A-7",
-                                      "Account Name: ann.lee@northmill.example", "Account Manager: Mia Hart",
-                                      "Team: Sales", "Alignment: North", "Type: Email (Received)"}));
-    EXPECT_EQ(note.Body(), u"\r\n\r\n" + mail.Body());
-    EXPECT_EQ(note.Attachments().Count(), 1);
+    expect_note(world, only_item(world), mail,
+                {"Subject: Delivery dates", "AccountID: A-7", "Account Name: ann.lee@northmill.example",
+                 "Account Manager: Mia Hart", "Team: Sales", "Alignment: North", "Type: Email (Received)"});
     EXPECT_TRUE(is_marked_by_user(mail));
 }
 
@@ -230,7 +190,7 @@ TEST_F(CreateNote, FindsTheContactOfARowByAddressOrName) {
     with({});
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        TearDown();
+        close_dialog();
         World& world = emptied();
         add_contact(world,
                     {.full_name = u"Nobody", .fields = {{u"Email1Address", u"nobody@nowhere.example"}}});
@@ -334,7 +294,7 @@ TEST_F(CreateNote, GoesToTheFolderOfTheOptionOrToNotes) {
          {Case{u"", u"Email"}, Case{u"Email", u"Email"}, Case{u"Notes", u"Notes"},
           Case{u"Opportunities", u"Opportunities"}, Case{u"Nowhere", u"Notes"}}) {
         SCOPED_TRACE(shown(option));
-        TearDown();
+        close_dialog();
         World& world = emptied();
         world.option(u"SavedEmailFolder", option);
         add_contact(world);

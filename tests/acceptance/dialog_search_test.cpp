@@ -12,23 +12,8 @@ using host::outlook::Item;
 
 constexpr std::int32_t ok = 1;
 
-class DialogSearch : public Filing {
+class DialogSearch : public WithNoteDialog {
   protected:
-    void TearDown() override {
-        dialog_.reset();
-        mail_.reset();
-    }
-
-    /// Opens the dialog over a mail, after all records and definitions are there.
-    NoteDialog& opened() {
-        dialog_.reset();
-        mail_ = std::make_unique<OpenedItem>(world().deliver(message()));
-        mail_->show();
-        dialog_ = std::make_unique<NoteDialog>(world());
-        EXPECT_TRUE(dialog_->open(*mail_));
-        return *dialog_;
-    }
-
     /// What a search for "Ann" by a definition finds.
     Lines found(const Target& target) {
         install(world(), {target});
@@ -49,10 +34,6 @@ class DialogSearch : public Filing {
         EXPECT_EQ(box.get(u"Style").to_integer(), information);
         EXPECT_EQ(box.get(u"Title").to_text(), u"Tarnwell");
     }
-
-  private:
-    std::unique_ptr<OpenedItem> mail_;
-    std::unique_ptr<NoteDialog> dialog_;
 };
 
 /// The cells of the only row when field 1 is written in a notation, and the contact's name is in field 2.

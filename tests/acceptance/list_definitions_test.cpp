@@ -18,23 +18,8 @@ std::string section(const std::string& name) {
     return "[" + name + "]\r\nDisplay in=Find\r\nFindDefinition=x\r\nFolder Name=y\r\n";
 }
 
-class ListDefinitions : public Filing {
+class ListDefinitions : public WithNoteDialog {
   protected:
-    void TearDown() override {
-        dialog_.reset();
-        mail_.reset();
-    }
-
-    /// Opens the dialog over a mail.
-    NoteDialog& opened() {
-        dialog_.reset();
-        mail_ = std::make_unique<OpenedItem>(world().deliver(message()));
-        mail_->show();
-        dialog_ = std::make_unique<NoteDialog>(world());
-        EXPECT_TRUE(dialog_->open(*mail_));
-        return *dialog_;
-    }
-
     /// What a dialog offers with such a file.
     Lines offered(const std::string& file) {
         write_targets_file(world(), file);
@@ -53,10 +38,6 @@ class ListDefinitions : public Filing {
         EXPECT_EQ(box.get(u"Style").to_integer(), critical);
         EXPECT_EQ(box.get(u"Title").to_text(), u"Tarnwell");
     }
-
-  private:
-    std::unique_ptr<OpenedItem> mail_;
-    std::unique_ptr<NoteDialog> dialog_;
 };
 
 // the file

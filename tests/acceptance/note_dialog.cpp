@@ -13,8 +13,7 @@ namespace {
 
 constexpr TextView caption = u"Tarnwell Create Note";
 constexpr TextView list = u"lstRecipients";
-constexpr const char* no_date = "4501-01-01";  // of a date that was never set
-constexpr int shown_columns = 7;               // with the key; the last one holds the entry id
+constexpr int shown_columns = 7;  // with the key; the last one holds the entry id
 
 std::string number(std::size_t value) { return std::to_string(value); }
 
@@ -181,6 +180,28 @@ void NoteDialog::create() const {
     world_.settle();
 }
 
+NoteDialog& WithNoteDialog::opened(const Item& item) {
+    close_dialog();
+    mail_ = std::make_unique<OpenedItem>(item);
+    mail_->show();
+    dialog_ = std::make_unique<NoteDialog>(world());
+    EXPECT_TRUE(dialog_->open(*mail_));
+    return *dialog_;
+}
+
+NoteDialog& WithNoteDialog::opened_from_explorer(const Item& item) {
+    close_dialog();
+    world().desk().call(u"Select", {Value(item)});
+    dialog_ = std::make_unique<NoteDialog>(world());
+    EXPECT_TRUE(dialog_->open_from_explorer());
+    return *dialog_;
+}
+
+void WithNoteDialog::close_dialog() {
+    dialog_.reset();
+    mail_.reset();
+}
+
 // Targets
 
 Text named_field(TextView property) { return u"{00020329-0000-0000-C000-000000000046}," + Text(property); }
@@ -249,19 +270,6 @@ Item add_account(World& world, const Fields& properties, const Text& subject) {
     for (const auto& [name, value] : properties) write(account, name, value);
     account.Save();
     return account;
-}
-
-Lines told_note(const Item& note) {
-    Lines told{"Subject: " + shown(note.Subject())};
-    const host::outlook::UserProperties properties = note.UserProperties();
-    const std::int32_t count = properties.Count();
-    for (std::int32_t i = 1; i <= count; ++i) {
-        const host::outlook::UserProperty property = properties.Item(i);
-        const std::string value = shown(property.get(u"Value").to_text());
-        const bool unset = value.empty() || value.starts_with(no_date);
-        if (!unset) told.push_back(shown(property.get(u"Name").to_text()) + ": " + value);
-    }
-    return told;
 }
 
 bool is_marked_by_user(const Item& mail) {

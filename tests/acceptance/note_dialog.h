@@ -4,7 +4,7 @@
 #include <array>
 
 #include "tests/acceptance/bars.h"
-#include "tests/acceptance/people.h"
+#include "tests/acceptance/notes.h"
 
 namespace acceptance {
 
@@ -62,6 +62,23 @@ class NoteDialog {
     World& world_;
 };
 
+/// Tests that have the dialog open over one mail after another.
+class WithNoteDialog : public Filing {
+  protected:
+    void TearDown() override { close_dialog(); }
+
+    /// The dialog over a mail in its window, or over what is selected in the explorer. The one before is
+    /// closed, and its mail's window too.
+    NoteDialog& opened(const host::outlook::Item& item);
+    NoteDialog& opened_from_explorer(const host::outlook::Item& item);
+    NoteDialog& opened() { return opened(world().deliver(message())); }  ///< over a mail of Ann's
+    void close_dialog();
+
+  private:
+    std::unique_ptr<OpenedItem> mail_;
+    std::unique_ptr<NoteDialog> dialog_;
+};
+
 /// What the dialog's status line says at first, and after a note was made.
 inline constexpr host::TextView invitation = u"Highlight an entry in the list below.  Then press Create.";
 inline constexpr host::TextView no_row =
@@ -108,9 +125,6 @@ void install(World& world, const std::vector<Target>& targets);
 
 /// Saves an account to "Account Profiles".
 host::outlook::Item add_account(World& world, const Fields& properties, const host::Text& subject);
-
-/// All properties of a filed note with a value, as "name: value", and its subject; without its body.
-Lines told_note(const host::outlook::Item& note);
 
 /// Whether a mail bears the mark of one that the user filed.
 bool is_marked_by_user(const host::outlook::Item& mail);

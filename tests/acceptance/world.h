@@ -17,6 +17,8 @@
 
 namespace acceptance {
 
+using Lines = std::vector<std::string>;
+
 /// How the world is to be before the desk starts.
 struct WorldSetup {
     std::string database = "empty";  ///< "empty" or "sample"
