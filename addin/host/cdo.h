@@ -20,6 +20,19 @@ class Folder : public Face<Folder> {
     Value Fields(std::int32_t tag) const { return get(u"Fields", {tag}).to_object().get(u"Value"); }
 };
 
+/// A message by its stored properties, whatever class of item it is.
+class Message : public Face<Message> {
+  public:
+    static constexpr Kind kind{"CDO.Message"};
+    using Face::Face;
+
+    /// Its message class.
+    Text Type() const { return text(u"Type"); }
+    void Type(TextView value) const { put(u"Type", value); }
+
+    void Update(bool make_permanent, bool refresh) const { call(u"Update", {make_permanent, refresh}); }
+};
+
 class Session : public Face<Session> {
   public:
     static constexpr Kind kind{"CDO.Session"};
@@ -29,6 +42,9 @@ class Session : public Face<Session> {
     void Logon() const { call(u"Logon", {Missing{}, Missing{}, Missing{}, false}); }
     Folder GetFolder(TextView entry_id, TextView store_id) const {
         return Folder(call(u"GetFolder", {Value(entry_id), Value(store_id)}).to_object());
+    }
+    Message GetMessage(TextView entry_id, TextView store_id) const {
+        return Message(call(u"GetMessage", {Value(entry_id), Value(store_id)}).to_object());
     }
     void Logoff() const { call(u"Logoff"); }
 };

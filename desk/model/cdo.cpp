@@ -1,8 +1,9 @@
 #include "desk/model/cdo.h"
 
-#include "desk/model/application.h"
+#include "desk/model/cdo_message.h"
 #include "desk/model/desk.h"
 #include "desk/model/folder.h"
+#include "desk/model/item.h"
 #include "desk/model/name_space.h"
 
 namespace desk {
@@ -38,14 +39,12 @@ const FolderProperty& property_of(std::int32_t tag) {
 
 }  // namespace
 
-host::Object CdoField::parent() const { return owner_->self(); }
-
 const host::Members<CdoField>& CdoField::members() {
     static const host::Members<CdoField> table{
         {u"Value", host::no_id, Use::get_put,
          [](CdoField& self, const Arguments& a) {
-             if (a.is_put()) self.owner().value(self.tag, a.assigned().to_text());
-             return Value(self.owner().value(self.tag));
+             if (a.is_put()) self.owner().property(self.tag, a.assigned());
+             return self.owner().property(self.tag);
          }},
         {u"ID", host::no_id, Use::get, [](CdoField& self, const Arguments&) { return Value(self.tag); }},
     };
@@ -57,19 +56,14 @@ const FolderRow& CdoFolder::row() const {
     throw Failure(result::not_found, u"The folder is gone.");
 }
 
-host::Object CdoFolder::field(std::int32_t tag) {
-    property_of(tag);
-    return std::make_shared<CdoField>(desk(), shared_from_this(), tag)->self();
-}
-
-Text CdoFolder::value(std::int32_t tag) const {
+Value CdoFolder::property(std::int32_t tag) const {
     const auto changed = changed_.find(tag);
     return changed != changed_.end() ? changed->second : row().*property_of(tag).member;
 }
 
-void CdoFolder::value(std::int32_t tag, const Text& value) {
+void CdoFolder::property(std::int32_t tag, const Value& value) {
     property_of(tag);
-    changed_[tag] = value;
+    changed_[tag] = value.to_text();
 }
 
 void CdoFolder::update() {
@@ -97,7 +91,7 @@ const host::Members<CdoFolder>& CdoFolder::members() {
          host::no_id,
          Use::get,
          {{u"Tag", Takes::integer}},
-         [](CdoFolder& self, const Arguments& a) { return Value(self.field(a[0].to_integer())); }},
+         [](CdoFolder& self, const Arguments& a) { return cdo_field(self, a[0].to_integer()); }},
         {u"Update", host::no_id, Use::method,
          [](CdoFolder& self, const Arguments&) {
              self.update();
@@ -115,6 +109,12 @@ host::Object CdoSession::folder(const Text& id, const Value& store) {
     check_logged_on();
     const host::Object found = desk().name_space()->folder_from_id(id, store);
     return std::make_shared<CdoFolder>(desk(), folder_of(Value(found)).id(), self())->self();
+}
+
+host::Object CdoSession::message(const Text& id, const Value& store) {
+    check_logged_on();
+    const RowId item = desk().name_space()->item_from_id(id, store)->id();
+    return std::make_shared<CdoMessage>(desk(), desk().store().load(item).value(), self())->self();
 }
 
 const host::Members<CdoSession>& CdoSession::members() {
@@ -149,6 +149,11 @@ const host::Members<CdoSession>& CdoSession::members() {
          Use::method,
          {{u"FolderID", Takes::text}, {u"StoreID", Takes::value, true}},
          [](CdoSession& self, const Arguments& a) { return Value(self.folder(a[0].to_text(), a[1])); }},
+        {u"GetMessage",
+         host::no_id,
+         Use::method,
+         {{u"MessageID", Takes::text}, {u"StoreID", Takes::value, true}},
+         [](CdoSession& self, const Arguments& a) { return Value(self.message(a[0].to_text(), a[1])); }},
     };
     return table;
 }

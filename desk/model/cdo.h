@@ -8,28 +8,45 @@
 
 namespace desk {
 
-class CdoFolder;
+/// What has properties by their tags: a folder, a message.
+class CdoProperties {
+  public:
+    virtual ~CdoProperties() = default;
 
-/// One property of a folder by its tag. A changed value is kept when the folder is updated.
+    // both throw `result::not_found` for a property that isn't there
+    virtual host::Value property(std::int32_t tag) const = 0;
+    virtual void property(std::int32_t tag, const host::Value& value) = 0;
+
+    virtual host::Object as_object() = 0;
+};
+
+/// One property by its tag. A changed value is kept when its owner is updated.
 class CdoField : public ModelObject<CdoField> {
   public:
     static constexpr std::string_view name = "CDO.Field";
     static constexpr host::TextView default_name = u"Value";
 
-    CdoField(Desk& desk, std::shared_ptr<CdoFolder> owner, std::int32_t tag)
+    CdoField(Desk& desk, std::shared_ptr<CdoProperties> owner, std::int32_t tag)
         : ModelObject(desk), tag(tag), owner_(std::move(owner)) {}
     static const host::Members<CdoField>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
-    CdoFolder& owner() const { return *owner_; }
+    host::Object parent() const override { return owner_->as_object(); }
+    CdoProperties& owner() const { return *owner_; }
 
     std::int32_t tag;
 
   private:
-    std::shared_ptr<CdoFolder> owner_;
+    std::shared_ptr<CdoProperties> owner_;
 };
 
-class CdoFolder : public ModelObject<CdoFolder> {
+/// The property of an owner. Throws `result::not_found` for one that isn't there.
+template <class Owner>
+host::Value cdo_field(Owner& owner, std::int32_t tag) {
+    owner.property(tag);
+    return host::Value(std::make_shared<CdoField>(owner.desk(), owner.shared_from_this(), tag)->self());
+}
+
+class CdoFolder : public ModelObject<CdoFolder>, public CdoProperties {
   public:
     static constexpr std::string_view name = "CDO.Folder";
     static constexpr host::TextView default_name = u"Name";
@@ -39,14 +56,13 @@ class CdoFolder : public ModelObject<CdoFolder> {
     static const host::Members<CdoFolder>& members();
     std::int32_t number() const override { return object_class::folder; }
     host::Object parent() const override { return session_; }
+    host::Value property(std::int32_t tag) const override;
+    void property(std::int32_t tag, const host::Value& value) override;
+    host::Object as_object() override { return self(); }
 
     RowId id() const { return folder_; }
     const FolderRow& row() const;  ///< throws `Failure` for a folder that is gone
-    // all three throw `result::not_found` for a property that the folder hasn't
-    host::Object field(std::int32_t tag);
-    host::Text value(std::int32_t tag) const;
-    void value(std::int32_t tag, const host::Text& value);
-    void update();  ///< keeps what was changed
+    void update();                 ///< keeps what was changed
 
   private:
     std::map<std::int32_t, host::Text> changed_;
@@ -66,7 +82,10 @@ class CdoSession : public ModelObject<CdoSession> {
     host::Object parent() const override { return {}; }
 
     void check_logged_on() const;
+
+    // both throw `result::not_found` for an id that the store has not
     host::Object folder(const host::Text& id, const host::Value& store);
+    host::Object message(const host::Text& id, const host::Value& store);
 
     bool logged_on = false;
 };

@@ -49,6 +49,15 @@ std::optional<RowId> row_of(TextView id, TextView kind) {
     return static_cast<RowId>(value);
 }
 
+/// Tells all who watch and are still there.
+template <class Watched>
+void tell(std::vector<std::weak_ptr<Watched>> watchers, TextView event, const std::vector<Value>& arguments) {
+    // the list is taken as it stands now: who is told may begin or end to watch
+    for (const auto& watcher : watchers) {
+        if (const std::shared_ptr<Watched> there = watcher.lock()) there->raise(event, arguments);
+    }
+}
+
 }  // namespace
 
 Desk::Desk(Surroundings& surroundings, std::unique_ptr<Store> store, Options options)
@@ -181,6 +190,20 @@ void Desk::remember_open(RowId id, const std::shared_ptr<Item>& object) {
 
 void Desk::forget_open(RowId id) { open_items_.erase(id); }
 
+void Desk::rewrite_item(RowId item, RowId folder, const ItemData& data) {
+    constexpr bool with_attachments = false;
+    store_->update_item(item, data, with_attachments);
+    if (const std::shared_ptr<Item> open = open_items_[item].lock()) open->outdate();
+    forget_open(item);
+    surroundings_.changed();
+    if (!watchers_.contains(folder)) return;
+    now_or_later(options_.event_order == EventOrder::at_once, [this, folder, item] {
+        const std::shared_ptr<Item> changed = open_item(item);
+        if (!changed || changed->folder() != folder) return;  // it has left meanwhile
+        tell(watchers_[folder], u"ItemChange", {Value(changed->self())});
+    });
+}
+
 Text Desk::item_entry_id(RowId item, RowId folder) const {
     return Text(id_start) + store_uid(folder) + Text(item_kind) + hexadecimal(item);
 }
@@ -234,19 +257,6 @@ void Desk::watch_folders(RowId parent, const std::shared_ptr<FoldersCollection>&
         std::ranges::any_of(watchers, [&](const auto& watcher) { return watcher.lock() == folders; });
     if (!known) watchers.push_back(folders);
 }
-
-namespace {
-
-/// Tells all who watch and are still there.
-template <class Watched>
-void tell(std::vector<std::weak_ptr<Watched>> watchers, TextView event, const std::vector<Value>& arguments) {
-    // the list is taken as it stands now: who is told may begin or end to watch
-    for (const auto& watcher : watchers) {
-        if (const std::shared_ptr<Watched> there = watcher.lock()) there->raise(event, arguments);
-    }
-}
-
-}  // namespace
 
 void Desk::tell_item_added(RowId folder, RowId item) {
     if (!watchers_.contains(folder)) return;

@@ -106,6 +106,10 @@ class Desk {
     void remember_open(RowId item, const std::shared_ptr<Item>& object);
     void forget_open(RowId item);
 
+    /// Stores an item anew past the objects that show it. Who opens it from now on gets another object; its
+    /// folder tells of the change as of one that somebody else has made: at the next yield.
+    void rewrite_item(RowId item, RowId folder, const ItemData& data);
+
     // ids: "00000000", 32 digits of the store, a kind of 4 digits, 16 digits of the row, all upper-case
     // hexadecimal
     host::Text item_entry_id(RowId item, RowId folder) const;

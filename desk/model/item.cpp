@@ -24,22 +24,6 @@ namespace {
 
 constexpr std::int32_t deleted_items = 3, sent_items = 5;
 
-Value converted(const Value& value, FieldType type) {
-    switch (type) {
-        case FieldType::text:
-            return value.to_text();
-        case FieldType::integer:
-            return value.to_integer();
-        case FieldType::boolean:
-            return value.to_boolean();
-        case FieldType::date:
-            return value.to_date();
-        case FieldType::number:
-            break;
-    }
-    return value.to_number();
-}
-
 /// The lines of a mail that name its recipients.
 struct PeopleLine {
     TextView field;
@@ -179,6 +163,10 @@ void Item::mark_read(bool read) { change().fields[u"UnRead"] = !read; }
 void Item::save() {
     check_there();
     if (id_ != 0 && !changed_) return;
+    if (outdated_) {
+        throw Failure(result::changed_meanwhile,
+                      u"The operation cannot be performed because the message has been changed.");
+    }
     std::vector<Value> cancel{false};
     raise_with_answer(u"Write", cancel);
     if (cancel[0].to_boolean()) return;
@@ -216,6 +204,7 @@ void Item::revert() {
         attachments_loaded_ = false;
         attachments_changed_ = false;
         changed_ = false;
+        outdated_ = false;
         ++version_;
         desk().surroundings().changed();
     }

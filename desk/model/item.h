@@ -66,6 +66,9 @@ class Item : public ModelObject<Item> {
 
     bool is_gone() const { return gone_; }
 
+    /// Somebody has stored the item anew past this object: it keeps what it has, but can't be saved any more.
+    void outdate() { outdated_ = true; }
+
     /// Forgets what was changed since the last save.
     void revert();
 
@@ -96,6 +99,7 @@ class Item : public ModelObject<Item> {
     bool attachments_loaded_ = true;
     bool attachments_changed_ = false;
     bool gone_ = false;
+    bool outdated_ = false;
 };
 
 /// Has fields that depend on each other follow a change: names of a contact, times of an appointment, state

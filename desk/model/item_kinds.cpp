@@ -92,6 +92,22 @@ bool is_built_in_field(TextView name) {
                                [&](TextView field) { return host::same_ignoring_case(field, name); });
 }
 
+Value converted(const Value& value, FieldType type) {
+    switch (type) {
+        case FieldType::text:
+            return value.to_text();
+        case FieldType::integer:
+            return value.to_integer();
+        case FieldType::boolean:
+            return value.to_boolean();
+        case FieldType::date:
+            return value.to_date();
+        case FieldType::number:
+            break;
+    }
+    return value.to_number();
+}
+
 Value default_value(const ItemKind& kind, const FieldRow& field) {
     for (const FieldDefault& row : field_defaults) {
         if (row.field == field.name && (row.base_class.empty() || row.base_class == kind.base_class))

@@ -31,6 +31,9 @@ const tables::FieldRow* find_field(const ItemKind& kind, std::int32_t id);
 /// Whether any kind of item has a built-in field of that name.
 bool is_built_in_field(host::TextView name);
 
+/// A value in the type of a field. Throws `result::type_mismatch` if it can't be turned into it.
+host::Value converted(const host::Value& value, tables::FieldType type);
+
 /// The value of a field that isn't set.
 host::Value default_value(const ItemKind& kind, const tables::FieldRow& field);
 

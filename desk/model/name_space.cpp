@@ -53,14 +53,14 @@ Object NameSpace::folder_from_id(const Text& id, const Value& store) const {
     return std::make_shared<Folder>(desk(), *folder)->self();
 }
 
-Object NameSpace::item_from_id(const Text& id, const Value& store) const {
+std::shared_ptr<Item> NameSpace::item_from_id(const Text& id, const Value& store) const {
     const std::optional<RowId> row = Desk::item_of_entry_id(id);
-    const std::shared_ptr<Item> item = row ? desk().open_item(*row) : nullptr;
+    std::shared_ptr<Item> item = row ? desk().open_item(*row) : nullptr;
     if (!item || !host::same_ignoring_case(item->entry_id(), id)) {
         throw Failure(result::not_found, u"There is no item with that id.");
     }
     check_store(desk(), item->folder(), store);
-    return item->self();
+    return item;
 }
 
 Object NameSpace::open_message_file(const Text& path) const {
@@ -137,7 +137,9 @@ const host::Members<NameSpace>& NameSpace::members() {
          0x2109,
          Use::method,
          {{u"EntryIDItem", Takes::text}, {u"EntryIDStore", Takes::value, true}},
-         [](NameSpace& self, const Arguments& a) { return Value(self.item_from_id(a[0].to_text(), a[1])); }},
+         [](NameSpace& self, const Arguments& a) {
+             return Value(self.item_from_id(a[0].to_text(), a[1])->self());
+         }},
         {u"OpenSharedItem",
          0xFBF7,
          Use::method,

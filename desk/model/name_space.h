@@ -6,6 +6,8 @@
 
 namespace desk {
 
+class Item;
+
 class NameSpace : public ModelObject<NameSpace> {
   public:
     static constexpr std::string_view name = "NameSpace";
@@ -18,7 +20,10 @@ class NameSpace : public ModelObject<NameSpace> {
 
     host::Object default_folder(std::int32_t folder_number) const;
     host::Object folder_from_id(const host::Text& id, const host::Value& store) const;
-    host::Object item_from_id(const host::Text& id, const host::Value& store) const;
+
+    /// Throws `result::not_found` for an id that names no item, or none of that store.
+    std::shared_ptr<Item> item_from_id(const host::Text& id, const host::Value& store) const;
+
     host::Object open_message_file(const host::Text& path) const;
 
     /// A person by what was typed: an Internet address, or the full name or address of a contact. One who is
