@@ -38,10 +38,6 @@ bool is_record_class(const Text& name) {
     return std::ranges::find(record_classes, name) != std::end(record_classes);
 }
 
-bool is_contact_class(const Text& name) {
-    return name.substr(0, message_class::personal_contact.size()) == message_class::personal_contact;
-}
-
 bool IsStandardDpi(host::Desktop& desktop) {
     constexpr int standard = 96;
     return desktop.dots_per_inch() == standard;
@@ -137,7 +133,7 @@ void Fitting::run() {
         } else {
             mail_without_bar();
         }
-        if (is_contact_class(class_)) contact_without_bar();
+        if (message_class::is_contact(class_)) contact_without_bar();
     } else if (steps_.holds(is_no_mail)) {
         if (kind_ != message_class::appointment) steps_.run([&] { bar_.Visible(false); });
     } else {
@@ -281,7 +277,7 @@ void Fitting::mail_with_bar() {
 
 void Fitting::contact_templates() {
     const Text without = Settings(session_.desktop).option(setting::no_contact_buttons);
-    if (!is_contact_class(class_) || without == option_on) return;
+    if (!message_class::is_contact(class_) || without == option_on) return;
     if (!bar_) add_bar(contact_templates_bar);
     show_bar();
     find_or_build(&Connect::EmailTemplateButton, true);

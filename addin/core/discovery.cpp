@@ -13,7 +13,6 @@ using host::outlook::Folders;
 
 namespace {
 
-constexpr host::TextView outlook_prog_id = u"Outlook.Application";
 constexpr host::TextView line_ends = u"\r\r";  // carriage returns only, as the box has always shown it
 
 Folders top_level(const host::Object& application) {
@@ -108,7 +107,9 @@ void FindFolder(Session& session, DatabaseSearch& search, const std::function<vo
     search.SetDatabase = true;
     Folders ofolders;
     steps.set(ofolders, [&] { return top_level(session.desktop.application()); });
-    if (!ofolders) steps.set(ofolders, [&] { return top_level(session.desktop.create(outlook_prog_id)); });
+    if (!ofolders)
+        steps.set(ofolders,
+                  [&] { return top_level(session.desktop.create(host::outlook::application_prog_id)); });
     if (!ofolders) return;
 
     std::int32_t count = 0;

@@ -2,6 +2,7 @@
 #include "commands/context_menu.h"
 #include "commands/explorer_commands.h"
 #include "commands/inspector_commands.h"
+#include "conversions/new_contacts.h"
 #include "core/connect.h"
 #include "core/settings.h"
 #include "core/status.h"
@@ -147,7 +148,8 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
     });
     steps.set(user, [&] { return main_add_in.getcurrentusername(); });
     steps.run([&] {
-        watch(goContacts, events::items, folder.Folders().Item(records::folder::account_contacts).Items());
+        watch(goContacts, events::items, folder.Folders().Item(records::folder::account_contacts).Items(),
+              {{u"ItemAdd", [&session](auto a) { conversions::goContacts_ItemAdd(session, item_of(a)); }}});
     });
     if (steps.holds(
             [&] { return Settings(session.desktop).option(setting::enable_power_panel) == option_on; })) {

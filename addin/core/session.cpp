@@ -1,8 +1,10 @@
 #include "core/session.h"
 
 #include "commands/explorer_tracking.h"
+#include "conversions/furnish.h"
 #include "core/status_windows.h"
 #include "createnote/dlg_send.h"
+#include "templates/template_commands.h"
 
 namespace addin {
 
@@ -15,6 +17,8 @@ Session::Session(host::Desktop& platform, forms::Engine& form_engine)
         TarnwellInfo.show();
     };
     createnote::furnish(*this);
+    conversions::furnish(*this);
+    templates::furnish(*this);
 }
 
 Session::~Session() = default;

@@ -136,7 +136,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     const records::ListDefinition& definition = session_.list_definition;
     Steps steps;
     host::Object application;
-    steps.set(application, [&] { return desktop.create(u"Outlook.Application"); });
+    steps.set(application, [&] { return desktop.create(host::outlook::application_prog_id); });
     Text text = control(u"SearchString").text();
     header(Text(searching) + text);
     desktop.pointer(host::Pointer::hourglass);

@@ -1,7 +1,8 @@
 #include "createnote/new_contact.h"
 
-#include "core/product.h"
-#include "records/names.h"
+#include "core/question.h"
+#include "records/accounts.h"
+#include "records/stamp.h"
 
 namespace addin::createnote {
 
@@ -22,10 +23,6 @@ constexpr TextView commercial_end = u".com", web_start = u"www.";
 /// Where the chooser's answer holds the entry id of the chosen account.
 constexpr std::int32_t entry_id_row = 7, entry_id_column = 0;
 
-bool asks(Session& session, const Text& question) {
-    return session.desktop.message_box(question, product_title, host::box::yes_no) == host::box::answer_yes;
-}
-
 Text property_text(const Item& item, TextView name) {
     return item.UserProperties().Item(name).value().to_text();
 }
@@ -42,14 +39,7 @@ Domain domain_of(const Text& address) {
 
 /// The account that the user chooses; Nothing if none is chosen.
 Item choose_account(Steps& steps, Session& session, const NewContactPlan& plan) {
-    ListPicker picker;
-    steps.set(picker, [&] {
-        return ListPicker(host::outlook::Application(session.desktop.application())
-                              .CreateObject(host::family::prog_id::list_picker));
-    });
-    steps.run([&] { picker.StoreID(host::outlook::Folder(plan.account_profiles.Parent()).StoreID()); });
-    steps.run([&] { picker.FolderId(plan.account_profiles.EntryID()); });
-    steps.run([&] { picker.accountfolderid(plan.account_profiles.EntryID()); });
+    const ListPicker picker = records::make_account_picker(steps, session.desktop, plan.account_profiles);
     steps.run([&] { picker.loaddialog(); });
     steps.run([&] { picker.refreshaccounts(); });
     steps.run([&] { picker.showdialog(); });
@@ -67,10 +57,6 @@ Item choose_account(Steps& steps, Session& session, const NewContactPlan& plan) 
     return account;
 }
 
-void set_property(Steps& steps, const Item& item, TextView name, const std::function<Value()>& value) {
-    steps.run([&] { item.UserProperties().Item(name).value(value()); });
-}
-
 /// Copies what a contact takes from its account. The company's name is set by the caller.
 void copy_account(Steps& steps, const Item& account, const NewContactPlan& plan, NewContact& contact) {
     for (const records::AccountToContact& pair : records::account_to_contact) {
@@ -81,11 +67,7 @@ void copy_account(Steps& steps, const Item& account, const NewContactPlan& plan,
             return kept ? Value(contact.alignment)
                         : account.UserProperties().Item(pair.account_property).value();
         };
-        if (pair.contact_field_is_property) {
-            set_property(steps, contact.item, pair.contact_field, value);
-        } else {
-            steps.run([&] { contact.item.put(pair.contact_field, value()); });
-        }
+        records::write_contact_field(steps, contact.item, pair, value);
     }
     steps.set(contact.account_id, [&] { return property_text(account, property::account_id); });
     steps.set(contact.company, [&] { return property_text(account, property::account_name); });
@@ -94,7 +76,8 @@ void copy_account(Steps& steps, const Item& account, const NewContactPlan& plan,
 }  // namespace
 
 std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, const NewContactPlan& plan) {
-    if (!asks(session, Text(not_found_start) + plan.address + Text(not_found_end) + Text(create_question))) {
+    if (!asks(session.desktop,
+              Text(not_found_start) + plan.address + Text(not_found_end) + Text(create_question))) {
         return std::nullopt;
     }
     const Domain domain = domain_of(plan.address);
@@ -104,7 +87,7 @@ std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, cons
     if (plan.before_choice) plan.before_choice();
 
     Item account;
-    if (asks(session, Text(account_question))) {
+    if (asks(session.desktop, account_question)) {
         account = choose_account(steps, session, plan);
         if (account) {
             steps.set(contact.account_id, [&] { return property_text(account, property::account_id); });
@@ -125,7 +108,7 @@ std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, cons
             .Add(records::message_class::account_contact);
     });
     const auto set = [&](TextView name, const std::function<Value()>& value) {
-        set_property(steps, contact.item, name, value);
+        records::write_property(steps, contact.item, name, value);
     };
     set(property::account_id, [&] { return Value(contact.account_id); });
     set(property::contact_id, [&] { return Value(contact.contact_id); });

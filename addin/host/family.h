@@ -36,6 +36,9 @@ class MainAddIn : public Face<MainAddIn> {
     Object ReturnFolderFromPath(TextView path) const {
         return call(u"ReturnFolderFromPath", {Value(path)}).to_object();
     }
+    void messageid(TextView entry_id) const { put(u"messageid", entry_id); }
+    void ShowMailer() const { call(u"ShowMailer"); }
+    void Showlist(TextView kind) const { call(u"Showlist", {Value(kind)}); }
     void reloadtoolbar(TextView what) const { call(u"reloadtoolbar", {Value(what)}); }
 };
 
@@ -53,12 +56,16 @@ class ListPicker : public Face<ListPicker> {
     static constexpr Kind kind{"ListPicker"};
     using Face::Face;
 
+    Text StoreID() const { return text(u"StoreID"); }
     void StoreID(TextView value) const { put(u"StoreID", value); }
     void FolderId(TextView value) const { put(u"FolderId", value); }
     void accountfolderid(TextView value) const { put(u"accountfolderid", value); }
     void refreshaccounts() const { call(u"refreshaccounts"); }
     bool dialogcancel() const { return boolean(u"dialogcancel"); }
     Array slist() const { return get(u"slist").to_array(); }
+    void searchany(TextView definition, TextView title) const {
+        call(u"searchany", {Value(definition), Value(title)});
+    }
     void loaddialog() const { call(u"loaddialog"); }
     void showdialog() const { call(u"showdialog"); }
 };
@@ -70,6 +77,7 @@ inline constexpr std::int32_t sender_address_type = 0x0C1E001E;  // PR_SENDER_AD
 inline constexpr std::int32_t smtp_address = 0x39FE001E;         // PR_SMTP_ADDRESS
 inline constexpr std::int32_t address_type = 0x3002001E;         // PR_ADDRTYPE
 inline constexpr std::int32_t address = 0x3003001E;              // PR_EMAIL_ADDRESS
+inline constexpr std::int32_t text_type = 30;                    // PT_STRING8, the low bits of a tag
 }  // namespace tag
 
 /// The sender of a wrapped mail, or the entry of one of its recipients.
@@ -128,6 +136,8 @@ class SafeRecordItem : public Face<SafeRecordItem> {
     void Item(const Object& item) const { put(u"Item", item); }
     Text Body() const { return text(u"Body"); }
     void Display() const { call(u"Display"); }
+    void Save() const { call(u"Save"); }
+    void Close(std::int32_t mode) const { call(u"Close", {mode}); }
 
     /// A property by its tag: a number, its text, or what `GetIDsFromNames` answers.
     Text Fields(const Value& tag) const { return get(u"Fields", {tag}).to_text(); }

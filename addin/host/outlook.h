@@ -8,6 +8,8 @@ namespace host::outlook {
 
 class Application;
 
+inline constexpr TextView application_prog_id = u"Outlook.Application";
+
 /// Numbers of the default folders (OlDefaultFolders).
 namespace default_folder {
 inline constexpr std::int32_t sent_mail = 5, inbox = 6, calendar = 9, tasks = 13;
@@ -19,6 +21,7 @@ inline constexpr std::int32_t folder = 2, appointment = 26, contact = 40, mail =
 }
 
 inline constexpr std::int32_t contact_items = 2;       // OlItemType
+inline constexpr std::int32_t text_property = 1;       // OlUserPropertyType
 inline constexpr std::int32_t flag_complete = 1;       // OlFlagStatus
 inline constexpr std::int32_t sensitivity_normal = 0;  // OlSensitivity
 
@@ -73,6 +76,7 @@ class Item : public Face<Item> {
     std::int32_t Class() const { return integer(u"Class"); }
     Text EntryID() const { return text(u"EntryID"); }
     Text MessageClass() const { return text(u"MessageClass"); }
+    void MessageClass(TextView value) const { put(u"MessageClass", value); }
     Text Subject() const { return text(u"Subject"); }
     void Subject(TextView value) const { put(u"Subject", value); }
     Text Body() const { return text(u"Body"); }
@@ -102,6 +106,8 @@ class Item : public Face<Item> {
     outlook::Attachments Attachments() const { return outlook::Attachments(object(u"Attachments")); }
 
     void Save() const { call(u"Save"); }
+    Item Copy() const { return Item(call(u"Copy").to_object()); }
+    void Move(const Object& folder) const { call(u"Move", {Value(folder)}); }
     void Post() const { call(u"Post"); }
     void Display() const { call(u"Display"); }
     void Close(std::int32_t mode) const { call(u"Close", {mode}); }

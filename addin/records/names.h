@@ -44,6 +44,9 @@ inline constexpr Name mail = u"IPM.Note";
 inline constexpr Name personal_contact = u"IPM.Contact";
 inline constexpr Name sticky_note = u"IPM.StickyNote";
 inline constexpr Name conflict = u"IPM.Conflict.Message";
+
+/// Whether a class is a contact's: one of the host's or one made of it, by its first characters.
+constexpr bool is_contact(Name name) { return name.starts_with(personal_contact); }
 }  // namespace message_class
 
 /// The root of the host's schema of properties, as its documentation publishes it.
@@ -101,6 +104,11 @@ namespace note_type {
 inline constexpr Name received = u"Email (Received)";
 inline constexpr Name sent = u"Email (Sent)";
 }  // namespace note_type
+
+/// Texts of a drop-down record's `RecordType`.
+namespace record_type {
+inline constexpr Name email_template = u"Email Blast";
+}  // namespace record_type
 
 /// How a new contact's fields come from its account: each pair is copied when a contact is made under an
 /// account.

@@ -1,5 +1,6 @@
 // The account that the user chooses for a new contact, on both ways that make one: from the Create Note
 // dialog, and from the button that opens a contact.
+#include "tests/acceptance/account_picker.h"
 #include "tests/acceptance/button_lines.h"
 #include "tests/acceptance/note_dialog.h"
 
@@ -13,7 +14,6 @@ using host::Value;
 using host::outlook::Item;
 
 constexpr std::int32_t yes = 6;
-constexpr TextView picker_caption = u"Account List";
 
 class ChosenAccount : public Filing {
   protected:
@@ -66,34 +66,24 @@ class ChosenAccount : public Filing {
             ASSERT_TRUE(button);
             world().desk().call(u"Press", {Value(button)});
         }
-        ASSERT_TRUE(world().wait_until([&] { return is_picker_open(); }));
+        ASSERT_TRUE(picker().opens());
         EXPECT_FALSE(dialog_ && dialog_->is_open());
         EXPECT_EQ(count_in(world(), u"Account Contacts"), 0) << "the contact comes after the choice";
     }
 
-    bool is_picker_open() {
-        const Object there = window_of(world(), picker_caption);
-        return there && there.get(u"Visible").to_boolean();
-    }
-    Object in_picker(TextView name) {
-        return window_of(world(), picker_caption).call(u"Control", {Value(name)}).to_object();
-    }
-    void end_picker(TextView button) {
-        in_picker(button).call(u"Click");
+    AccountPicker picker() { return AccountPicker(world()); }
+    void expect_end_of_picker() {
         EXPECT_TRUE(world().wait_until([&] { return count_in(world(), u"Email") == 1; }));
-        EXPECT_FALSE(is_picker_open());
+        EXPECT_FALSE(picker().is_open());
         world().settle();
     }
     void choose(TextView account) {
-        const Object list = in_picker(u"lstItems");
-        const std::int32_t count = list.get(u"Count").to_integer();
-        for (std::int32_t i = 1; i <= count; ++i) {
-            if (list.call(u"Item", {i}).to_object().get(u"Text").to_text() != account) continue;
-            list.call(u"Select", {i});
-            end_picker(u"cmdOK");
-            return;
-        }
-        ADD_FAILURE() << "there is no account " << shown(account);
+        picker().choose(account);
+        expect_end_of_picker();
+    }
+    void cancel() {
+        picker().cancel();
+        expect_end_of_picker();
     }
 
     /// The contact that was made: fields of its own, and those of its form.
@@ -152,8 +142,8 @@ TEST_F(ChosenAccount, LendsItsFieldsToTheContactOnBothWays) {
 TEST_F(ChosenAccount, IsLookedForAmongTheAccountsOfTheDatabase) {
     World& world = furnished();
     open_picker(Way::dialog, world.deliver(message()));
-    EXPECT_EQ(in_picker(u"lstItems").get(u"Count").to_integer(), 2);
-    end_picker(u"cmdCancel");
+    EXPECT_EQ(picker().count(), 2);
+    cancel();
     const std::vector<Text> calls = world.family_calls();
     const Text id = world.account_profiles().EntryID();
     Lines told;
@@ -170,7 +160,7 @@ TEST_F(ChosenAccount, ThatIsNoneLeavesTheDomainsName) {
         SCOPED_TRACE(way == Way::dialog ? "dialog" : "button");
         World& world = furnished();
         open_picker(way, world.deliver(message()));
-        end_picker(u"cmdCancel");
+        cancel();
         expect_contact({{u"CompanyName", u"northmill.example"}, {u"BusinessAddressCity", u""}},
                        {{u"AccountID", u""},
                         {u"Account Name", u"northmill.example"},

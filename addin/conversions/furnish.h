@@ -1,0 +1,11 @@
+// The conversions of the user's own items into records, by the buttons of item windows.
+#pragma once
+
+#include "core/session.h"
+
+namespace addin::conversions {
+
+/// Has the session's commands convert contacts and appointments.
+void furnish(Session& session);
+
+}  // namespace addin::conversions

@@ -1,0 +1,129 @@
+#include "conversions/new_contacts.h"
+
+#include "core/settings.h"
+#include "core/steps.h"
+#include "records/database.h"
+#include "records/names.h"
+#include "records/stamp.h"
+
+namespace addin::conversions {
+
+using host::Text;
+using host::Value;
+using host::outlook::Item;
+using host::outlook::Selection;
+namespace message_class = records::message_class;
+namespace property = records::property;
+
+namespace {
+
+constexpr host::TextView option_off = u"0";
+
+/// The arrival of one contact.
+class Arrival {
+  public:
+    Arrival(Session& session, const Item& item) : session_(session), item_(item) {}
+
+    void run();
+
+  private:
+    void of_one_selected();
+    void of_several_selected();
+    void stamp();
+    void tie_source();  ///< it learns the id of its record, where contacts are synchronised
+    void switch_on() { Settings(session_.desktop).store(setting::pda_contact_sync, option_on); }
+
+    Session& session_;
+    const Item& item_;
+    Steps steps_;
+    host::family::MainAddIn main_add_in_;
+    Selection selection_;
+    Item source_;  ///< what the contact was copied from
+    bool synchronised_ = false;
+};
+
+void Arrival::run() {
+    if (!steps_.holds([&] {
+            const bool contact = message_class::is_contact(item_.MessageClass());
+            return item_.MessageClass() != message_class::account_contact && contact;
+        })) {
+        return;
+    }
+    steps_.set(main_add_in_, [&] { return records::make_main_add_in(session_.desktop); });
+    Settings settings(session_.desktop);
+    synchronised_ = settings.option(setting::pda_contact_sync) == option_on;
+    if (synchronised_) settings.store(setting::pda_contact_sync, option_off);
+
+    steps_.set(selection_, [&] {
+        return host::outlook::Application(session_.desktop.application()).ActiveExplorer().Selection();
+    });
+    if (steps_.holds([&] { return selection_.Count() == 1; })) {
+        of_one_selected();
+    } else {
+        of_several_selected();
+    }
+    main_add_in_.reset();
+    if (synchronised_) switch_on();
+}
+
+void Arrival::of_one_selected() {
+    // the error state tells whether the contact has an id: what came before must not show in it
+    steps_.clear();
+    steps_.run([&] { item_.UserProperties().Item(property::contact_id); });
+    if (!steps_.failed()) return;
+
+    steps_.set(source_, [&] { return selection_.Item(1); });
+    if (steps_.holds([&] { return source_.Subject() == item_.Subject(); })) {
+        stamp();
+        steps_.run([&] { item_.Save(); });
+        tie_source();
+    } else if (synchronised_) {
+        switch_on();
+        stamp();
+        steps_.run([&] { item_.Save(); });
+    }
+}
+
+void Arrival::of_several_selected() {
+    std::int32_t count = 0;
+    steps_.set(count, [&] { return selection_.Count(); });
+    for (std::int32_t i = 1; i <= count; ++i) {
+        if (!steps_.holds([&] { return item_.Subject() == selection_.Item(i).Subject(); })) continue;
+        steps_.set(source_, [&] { return selection_.Item(i); });
+        stamp();
+        tie_source();
+        steps_.run([&] { item_.Save(); });
+    }
+    if (synchronised_) switch_on();
+}
+
+void Arrival::stamp() {
+    using Source = Value (*)(const Arrival&);
+    constexpr std::pair<records::Name, Source> stamped[] = {
+        {property::contact_id, [](const Arrival& a) { return Value(a.main_add_in_.generateid()); }},
+        {property::account_manager, [](const Arrival& a) { return Value(a.main_add_in_.GetUserName()); }},
+        {property::team, [](const Arrival& a) { return Value(a.main_add_in_.GetUserName()); }},
+        {property::alignment, [](const Arrival& a) { return Value(a.main_add_in_.GetAlignment()); }},
+        {property::account_name, [](const Arrival& a) { return Value(a.item_.CompanyName()); }},
+    };
+    steps_.run([&] { item_.MessageClass(message_class::account_contact); });
+    for (const auto& [name, source] : stamped) {
+        steps_.run([&] { item_.UserProperties().Add(name, host::outlook::text_property, false); });
+        records::write_property(steps_, item_, name, [&] { return source(*this); });
+    }
+}
+
+void Arrival::tie_source() {
+    if (!synchronised_) return;
+    steps_.run([&] {
+        const Value id = item_.UserProperties().Item(property::contact_id).value();
+        source_.CustomerID(id.to_text());
+    });
+    steps_.run([&] { source_.Save(); });
+}
+
+}  // namespace
+
+void goContacts_ItemAdd(Session& session, const Item& Item) { Arrival(session, Item).run(); }
+
+}  // namespace addin::conversions

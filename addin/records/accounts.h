@@ -1,0 +1,22 @@
+// Accounts as contacts meet them: how one is chosen, and how a contact takes over what it tells.
+#pragma once
+
+#include <functional>
+
+#include "core/steps.h"
+#include "host/desktop.h"
+#include "host/family.h"
+#include "host/outlook.h"
+#include "records/names.h"
+
+namespace addin::records {
+
+/// The picker, made by the host and set on the accounts of the database. What fails is skipped.
+host::family::ListPicker make_account_picker(Steps& steps, host::Desktop& desktop,
+                                             const host::outlook::Folder& account_profiles);
+
+/// Writes one of the fields that come from an account: a user property of the contact, or a field of its own.
+void write_contact_field(Steps& steps, const host::outlook::Item& contact, const AccountToContact& row,
+                         const std::function<host::Value()>& value);
+
+}  // namespace addin::records

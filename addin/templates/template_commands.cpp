@@ -1,0 +1,96 @@
+#include "templates/template_commands.h"
+
+#include "core/question.h"
+#include "core/steps.h"
+#include "records/database.h"
+#include "records/names.h"
+#include "records/stamp.h"
+
+namespace addin::templates {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::family::MainAddIn;
+using host::outlook::Folder;
+using host::outlook::Item;
+
+namespace {
+
+constexpr TextView template_question = u"Are you sure you want to create an email template from this email?";
+constexpr TextView created_start = u"Email Template '", created_end = u"' Created.";
+
+Item shown_item(host::Desktop& desktop) {
+    return host::outlook::Application(desktop.application()).ActiveInspector().CurrentItem();
+}
+
+/// A list of templates, which the main add-in shows.
+struct TemplateList {
+    Command command;
+    bool for_item;  ///< the list is told the item in the active window
+    TextView kind;  ///< of the list; the one of mails has none
+};
+constexpr TemplateList template_lists[] = {
+    {Command::email_templates, true, {}},
+    {Command::document_templates, true, u"Document"},
+    {Command::excel_templates, false, u"Spreadsheet"},
+};
+
+void show_list(host::Desktop& desktop, const TemplateList& list) {
+    Steps steps;
+    MainAddIn main_add_in;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
+    if (list.for_item) steps.run([&] { main_add_in.messageid(shown_item(desktop).EntryID()); });
+    steps.run([&] {
+        if (list.kind.empty()) {
+            main_add_in.ShowMailer();
+        } else {
+            main_add_in.Showlist(list.kind);
+        }
+    });
+}
+
+void save_as_template(host::Desktop& desktop) {
+    if (!asks(desktop, template_question)) return;
+    Steps steps;
+    MainAddIn main_add_in;
+    Folder database;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
+    steps.set(database,
+              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const auto drop_downs = [&] { return database.Folders().Item(records::folder::drop_downs); };
+    Item item, copy;
+    Text subject;
+    steps.set(item, [&] { return shown_item(desktop); });
+    steps.set(subject, [&] { return item.Subject(); });
+    steps.set(copy, [&] { return item.Copy(); });
+    steps.run([&] { copy.MessageClass(records::message_class::drop_down); });
+    steps.run([&] { copy.Save(); });
+    steps.run([&] { copy.Move(drop_downs()); });
+    steps.run([&] { desktop.yield(); });
+
+    // the record is looked for: it is another object than the copy that was moved
+    item.reset();
+    steps.set(item, [&] {
+        const host::outlook::Items items = drop_downs().Items();
+        return items.Find(u"[Subject] = '" + subject + u"'");
+    });
+    records::write_property(steps, item, records::property::record_type,
+                            [] { return Value(records::record_type::email_template); });
+    steps.run([&] { item.Save(); });
+    desktop.message_box(Text(created_start) + subject + Text(created_end), product_title, host::box::ok);
+}
+
+}  // namespace
+
+void furnish(Session& session) {
+    const auto command = [&session](Command which) -> auto& {
+        return session.commands.at(static_cast<std::size_t>(which));
+    };
+    for (const TemplateList& list : template_lists) {
+        command(list.command) = [&session, list](Connect&) { show_list(session.desktop, list); };
+    }
+    command(Command::save_as_template) = [&session](Connect&) { save_as_template(session.desktop); };
+}
+
+}  // namespace addin::templates

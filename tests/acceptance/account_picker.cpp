@@ -1,0 +1,44 @@
+#include "tests/acceptance/account_picker.h"
+
+#include "tests/acceptance/people.h"
+
+namespace acceptance {
+
+using host::Object;
+using host::TextView;
+using host::Value;
+
+namespace {
+constexpr TextView caption = u"Account List", entries = u"lstItems";
+}
+
+bool AccountPicker::is_open() const {
+    const Object there = window_of(world_, caption);
+    return there && there.get(u"Visible").to_boolean();
+}
+
+bool AccountPicker::opens() const {
+    return world_.wait_until([this] { return is_open(); });
+}
+
+Object AccountPicker::control(TextView name) const {
+    return window_of(world_, caption).call(u"Control", {Value(name)}).to_object();
+}
+
+std::int32_t AccountPicker::count() const { return control(entries).get(u"Count").to_integer(); }
+
+void AccountPicker::choose(TextView account) const {
+    const Object list = control(entries);
+    const std::int32_t entry_count = count();
+    for (std::int32_t i = 1; i <= entry_count; ++i) {
+        if (list.call(u"Item", {i}).to_object().get(u"Text").to_text() != account) continue;
+        list.call(u"Select", {i});
+        control(u"cmdOK").call(u"Click");
+        return;
+    }
+    ADD_FAILURE() << "there is no account " << shown(account);
+}
+
+void AccountPicker::cancel() const { control(u"cmdCancel").call(u"Click"); }
+
+}  // namespace acceptance

@@ -1,0 +1,70 @@
+#include "tests/acceptance/item_state.h"
+
+#include "tests/acceptance/people.h"
+
+namespace acceptance {
+
+using host::Object;
+using host::TextView;
+using host::Value;
+
+ItemState state_of(const host::outlook::Item& item) {
+    ItemState state{{"MessageClass", shown(item.MessageClass())},
+                    {"Attachments", std::to_string(item.Attachments().Count())}};
+    const Object properties = item.get(u"ItemProperties").to_object();
+    const std::int32_t count = properties.get(u"Count").to_integer();
+    for (std::int32_t i = 0; i < count; ++i) {
+        const Object property = properties.call(u"Item", {i}).to_object();
+        state[shown(property.get(u"Name").to_text())] = shown(property.get(u"Value").to_text());
+    }
+    state.erase("LastModificationTime");
+    return state;
+}
+
+Lines changes(const ItemState& before, const ItemState& after) {
+    Lines lines;
+    const auto value = [](const ItemState& state, const std::string& name) {
+        const auto found = state.find(name);
+        return found == state.end() ? std::string() : found->second;
+    };
+    ItemState all = before;
+    all.insert(after.begin(), after.end());
+    for (const auto& [name, unused] : all) {
+        const std::string was = value(before, name), is = value(after, name);
+        if (was != is) lines.push_back(name + ": " + is + " instead of " + was);
+    }
+    return lines;
+}
+
+void empty_folder(const host::outlook::Folder& folder) {
+    const host::outlook::Items items = folder.Items();
+    for (std::int32_t i = items.Count(); i >= 1; --i) items.call(u"Remove", {i});
+}
+
+Lines boxes(World& world, std::int32_t from) {
+    const Object messages = world.desk().get(u"Messages").to_object();
+    const std::int32_t count = messages.get(u"Count").to_integer();
+    Lines lines;
+    for (std::int32_t i = from + 1; i <= count; ++i) {
+        const Object box = messages.call(u"Item", {i}).to_object();
+        lines.push_back(shown(box.get(u"Title").to_text()) + ", " +
+                        std::to_string(box.get(u"Style").to_integer()) + ": " +
+                        shown(box.get(u"Text").to_text()));
+    }
+    return lines;
+}
+
+void press(World& world, const Object& window, TextView bar, TextView tag, bool waits) {
+    const Object button = find_control(window, bar, tag);
+    ASSERT_TRUE(button) << shown(tag);
+    world.desk().call(u"Press", {Value(button)});
+    if (waits) {
+        EXPECT_TRUE(world.wait_for_handlers());
+    }
+}
+
+void answer(World& world, TextView text, std::int32_t button) {
+    world.desk().call(u"Answer", {u"Tarnwell", Value(text), button});
+}
+
+}  // namespace acceptance

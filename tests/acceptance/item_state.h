@@ -1,0 +1,32 @@
+// An item as a whole, so that a test can say that nothing else of it has changed.
+#pragma once
+
+#include <map>
+
+#include "tests/acceptance/bars.h"
+
+namespace acceptance {
+
+/// The values of all fields and user properties by their names, the message class and the number of
+/// attachments.
+using ItemState = std::map<std::string, std::string>;
+ItemState state_of(const host::outlook::Item& item);
+
+/// What differs, as "CustomerID: C-1 instead of ", in the order of the names. When the item was changed last
+/// is left out.
+Lines changes(const ItemState& before, const ItemState& after);
+
+/// Removes all items of a folder.
+void empty_folder(const host::outlook::Folder& folder);
+
+/// The message boxes since a place, each as "title, style: text".
+Lines boxes(World& world, std::int32_t from = 0);
+
+/// Presses a control of a window's bar and waits until its handler is over, if `waits`.
+void press(World& world, const host::Object& window, host::TextView bar, host::TextView tag,
+           bool waits = true);
+
+/// Has the next message box of a text answered.
+void answer(World& world, host::TextView text, std::int32_t button);
+
+}  // namespace acceptance

@@ -1,0 +1,150 @@
+// The commands that have to do with templates: three open a list of the family, one makes a template of a
+// mail.
+#include "tests/acceptance/item_state.h"
+#include "tests/acceptance/note_dialog.h"
+
+namespace acceptance {
+namespace {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Item;
+using host::outlook::Items;
+
+constexpr std::int32_t ok = 1, yes = 6, no = 7;
+constexpr TextView bar = u"TarnwellCreateNote";
+constexpr TextView question = u"Are you sure you want to create an email template from this email?";
+const std::string question_box =
+    "Tarnwell, 4: Are you sure you want to create an email template from this email?";
+
+class TemplateCommands : public Acceptance {
+  protected:
+    Items templates() { return world().below(u"Drop Downs").Items(); }
+
+    /// What the main add-in was told since a place.
+    Lines told(std::size_t from = 0) {
+        Lines lines;
+        const std::vector<Text> calls = world().family_calls();
+        for (std::size_t i = from; i < calls.size(); ++i) lines.push_back(shown(calls[i]));
+        return lines;
+    }
+
+    /// Answers the question about the mail in a window, and closes the message at the end.
+    void save_template(const OpenedItem& window, std::int32_t button = yes) {
+        answer(world(), question, button);
+        answer(world(), u"Email Template '", ok);
+        press(world(), window.window, bar, u"SaveAsTemplateButton");
+    }
+
+    static std::string created(const std::string& subject) {
+        return "Tarnwell, 0: Email Template '" + subject + "' Created.";
+    }
+
+    static std::string record_type(const Item& record) {
+        return shown(World::property(record, u"RecordType"));
+    }
+};
+
+TEST_F(TemplateCommands, OpenTheListsOfTheFamily) {
+    World& world = with({});
+    const Item contact = add_contact(world);
+    OpenedItem window(contact);
+    window.show();
+    struct Case {
+        TextView tag;
+        Lines told;
+    };
+    const std::string told_id = "MainAddIn.messageid = " + shown(contact.EntryID());
+    const Case cases[] = {
+        {u"EmailTemplateButton", {told_id, "MainAddIn.ShowMailer"}},
+        {u"DocumentTemplateButton", {told_id, "MainAddIn.Showlist(Document)"}},
+        {u"ExcelTemplateButton", {"MainAddIn.Showlist(Spreadsheet)"}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(shown(one.tag));
+        const std::size_t before = world.family_calls().size();
+        press(world, window.window, bar, one.tag);
+        EXPECT_EQ(told(before), one.told);
+    }
+    EXPECT_EQ(count_messages(world), 0);
+}
+
+TEST_F(TemplateCommands, SaveACopyOfTheMailAndLeaveTheMailAlone) {
+    World& world = with({});
+    const Item mail = world.deliver(message({.subject = "A greeting", .body = "Dear all\n"}));
+    OpenedItem window(mail);
+    window.show();
+    const ItemState before = state_of(mail);
+    save_template(window);
+    EXPECT_EQ(boxes(world), (Lines{question_box, created("A greeting")}));
+    ASSERT_EQ(templates().Count(), 1);
+    const Item record = templates().Item(1);
+    EXPECT_EQ(record_type(record), "Email Blast");
+    EXPECT_TRUE(record.Saved());
+    EXPECT_EQ(record.Subject(), u"A greeting");
+    EXPECT_EQ(record.Body(), mail.Body());
+    EXPECT_EQ(record.MessageClass(), u"IPM.Post.Drop Down");
+    EXPECT_EQ(changes(before, state_of(mail)), Lines{});
+    EXPECT_EQ(world.inbox().Items().Count(), 1);
+    EXPECT_EQ(world.application().Inspectors().Count(), 1) << "the mail stays open";
+}
+
+TEST_F(TemplateCommands, ChangeNothingUnlessTheUserSaysYes) {
+    World& world = with({});
+    OpenedItem window(world.deliver(message()));
+    window.show();
+    const ItemState before = state_of(window.item);
+    save_template(window, no);
+    EXPECT_EQ(boxes(world), Lines{question_box});
+    EXPECT_EQ(templates().Count(), 0);
+    EXPECT_EQ(world.inbox().Items().Count(), 1);
+    EXPECT_EQ(changes(before, state_of(window.item)), Lines{});
+}
+
+TEST_F(TemplateCommands, SayThatItWasCreatedWhateverBecameOfIt) {
+    World& world = with({});
+    struct Case {
+        const char* name;
+        std::string subject;
+        bool earlier;  ///< there is a template of that subject
+        Lines types;   ///< of the records, in their order
+    };
+    const Case cases[] = {
+        {"an apostrophe breaks the search", "Ann's greeting", false, {""}},
+        {"an earlier one of that subject gets the type", "A greeting", true, {"Email Blast", ""}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        if (one.earlier) {
+            const Item earlier = templates().Add(u"IPM.Post.Drop Down");
+            earlier.Subject(host::from_utf8(one.subject));
+            earlier.Save();
+        }
+        OpenedItem window(world.deliver(message({.subject = one.subject})));
+        window.show();
+        const std::int32_t before = count_messages(world);
+        save_template(window);
+        EXPECT_EQ(boxes(world, before), (Lines{question_box, created(one.subject)}));
+        Lines types;
+        for (std::int32_t i = 1; i <= templates().Count(); ++i)
+            types.push_back(record_type(templates().Item(i)));
+        EXPECT_EQ(types, one.types);
+        empty_folder(world.below(u"Drop Downs"));
+    }
+}
+
+TEST_F(TemplateCommands, LeaveTheCopyWhereItIsWithoutADatabase) {
+    World& world = with({});
+    OpenedItem window(world.deliver(message({.subject = "A greeting"})));
+    window.show();
+    world.fail(u"NameSpace.GetFolderFromID");
+    save_template(window);
+    EXPECT_EQ(boxes(world), (Lines{question_box, created("A greeting")}));
+    EXPECT_EQ(templates().Count(), 0);
+    ASSERT_EQ(world.inbox().Items().Count(), 2);
+    EXPECT_EQ(world.inbox().Items().Item(2).MessageClass(), u"IPM.Post.Drop Down");
+}
+
+}  // namespace
+}  // namespace acceptance
