@@ -138,7 +138,7 @@ TEST_F(TemplateCommands, LeaveTheCopyWhereItIsWithoutADatabase) {
     World& world = with({});
     OpenedItem window(world.deliver(message({.subject = "A greeting"})));
     window.show();
-    world.fail(u"NameSpace.GetFolderFromID");
+    world.family(u"Fail", u"MainAddIn.GetFolderId");
     save_template(window);
     EXPECT_EQ(boxes(world), (Lines{question_box, created("A greeting")}));
     EXPECT_EQ(templates().Count(), 0);
