@@ -98,8 +98,11 @@ void Arrival::of_several_selected() {
 }
 
 void Arrival::stamp() {
-    using Source = Value (*)(const Arrival&);
-    constexpr std::pair<records::Name, Source> stamped[] = {
+    struct Stamped {
+        records::Name name;
+        Value (*value)(const Arrival&);
+    };
+    constexpr Stamped all[] = {
         {property::contact_id, [](const Arrival& a) { return Value(a.main_add_in_.generateid()); }},
         {property::account_manager, [](const Arrival& a) { return Value(a.main_add_in_.GetUserName()); }},
         {property::team, [](const Arrival& a) { return Value(a.main_add_in_.GetUserName()); }},
@@ -107,9 +110,9 @@ void Arrival::stamp() {
         {property::account_name, [](const Arrival& a) { return Value(a.item_.CompanyName()); }},
     };
     steps_.run([&] { item_.MessageClass(message_class::account_contact); });
-    for (const auto& [name, source] : stamped) {
-        steps_.run([&] { item_.UserProperties().Add(name, host::outlook::text_property, false); });
-        records::write_property(steps_, item_, name, [&] { return source(*this); });
+    for (const Stamped& one : all) {
+        steps_.run([&] { item_.UserProperties().Add(one.name, host::outlook::text_property, false); });
+        records::write_property(steps_, item_, one.name, [&] { return one.value(*this); });
     }
 }
 
