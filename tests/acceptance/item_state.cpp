@@ -11,11 +11,12 @@ using host::Value;
 ItemState state_of(const host::outlook::Item& item) {
     ItemState state{{"MessageClass", shown(item.MessageClass())},
                     {"Attachments", std::to_string(item.Attachments().Count())}};
-    const Object properties = item.get(u"ItemProperties").to_object();
-    const std::int32_t count = properties.get(u"Count").to_integer();
+    // through the typed faces: each access is one call, and there are hundreds
+    const host::outlook::ItemProperties properties(item.get(u"ItemProperties").to_object());
+    const std::int32_t count = properties.Count();
     for (std::int32_t i = 0; i < count; ++i) {
-        const Object property = properties.call(u"Item", {i}).to_object();
-        state[shown(property.get(u"Name").to_text())] = shown(property.get(u"Value").to_text());
+        const host::outlook::UserProperty property = properties.Item(i);
+        state[shown(property.get(u"Name").to_text())] = shown(property.value().to_text());
     }
     state.erase("LastModificationTime");
     return state;

@@ -161,6 +161,23 @@ TEST_F(Conversions, OfAContactGoOnWithoutAWindow) {
     EXPECT_EQ(acceptance::statuses(world()), Lines{" was created as a Tarnwell Contact."});
 }
 
+TEST_F(Conversions, OfAContactLeaveAMailAloneThatIsShownInstead) {
+    const Item mail = world().deliver(acceptance::message());
+    mail.Display();
+    const ItemState before = state_of(mail);
+    for (const TextView question : {u"to a Tarnwell Contact? ", u"to a Tarnwell Lead? "})
+        acceptance::answer(world(), question, yes);
+    run(world(), Command::convert_contact);
+    run(world(), Command::convert_lead);
+    EXPECT_EQ(changes(before, state_of(mail)), Lines{});
+    EXPECT_EQ(world().application().Inspectors().Count(), 1);
+    for (const Folder& folder : {world().below(u"Account Contacts"), leads(world())}) {
+        ASSERT_EQ(folder.Items().Count(), 1);
+        EXPECT_EQ(folder.Items().Item(1).Body(), u"");
+        EXPECT_EQ(NativeWorld::property(folder.Items().Item(1), u"Team"), u"Tom Prior");
+    }
+}
+
 TEST_F(Conversions, OfAContactWaitASecondAfterTheMessageBesidesItsOwn) {
     personal(world()).Display();
     acceptance::answer(world(), u"to a Tarnwell Lead? ", yes);
