@@ -140,17 +140,24 @@ Folder Database::folder_at(TextView path) {
     return follow(stores(), path.substr(first, last + 1 - first));
 }
 
-std::vector<Value> Database::drop_downs(TextView list) {
-    std::vector<Value> subjects;
+std::vector<host::outlook::Item> Database::drop_down_records(TextView list) {
+    std::vector<host::outlook::Item> found;
     const Folder profiles = folder(anchor);
     const Folder records = profiles ? named(children(profiles), names::folder::drop_downs) : Folder();
-    if (!records) return subjects;
+    if (!records) return found;
     const host::outlook::Items items = records.Items();
     const std::int32_t count = items.Count();
     for (std::int32_t i = 1; i <= count; ++i) {
         const host::outlook::Item record = items.Item(i);
-        if (is_of_list(record, list)) subjects.push_back(record.get(u"Subject"));
+        if (is_of_list(record, list)) found.push_back(record);
     }
+    return found;
+}
+
+std::vector<Value> Database::drop_downs(TextView list) {
+    std::vector<Value> subjects;
+    for (const host::outlook::Item& record : drop_down_records(list))
+        subjects.push_back(record.get(u"Subject"));
     return subjects;
 }
 

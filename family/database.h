@@ -20,7 +20,8 @@ class Database {
     /// `Failure(result::invalid_argument)` if no name is in it.
     host::outlook::Folder folder_at(host::TextView path);
 
-    /// The subjects of the drop-down records of a list, in the order of their folder.
+    /// The drop-down records of a list, in the order of their folder, and their subjects.
+    std::vector<host::outlook::Item> drop_down_records(host::TextView list);
     std::vector<host::Value> drop_downs(host::TextView list);
 
   private:

@@ -2,6 +2,7 @@
 
 #include "family/database.h"
 #include "family/new_id.h"
+#include "family/template_list.h"
 #include "records/names.h"
 
 namespace family {
@@ -24,18 +25,14 @@ Value read(MainAddIn& self, const Arguments&) {
     return self.surroundings().setting(setting);
 }
 
-/// A member without arguments that is only recorded, and one with a text.
-template <const TextView& member>
-Value record(MainAddIn& self, const Arguments&) {
-    self.record_call(member);
-    return {};
-}
+/// A member with a text that is only recorded.
 template <const TextView& member>
 Value record_text(MainAddIn& self, const Arguments& arguments) {
     self.record_call(member, {arguments[0].to_text()});
     return {};
 }
 
+constexpr TextView mail_templates = u"Email Blast";  ///< the list of the mailer's records
 constexpr TextView show_mailer = u"ShowMailer";
 constexpr TextView show_list = u"Showlist";
 constexpr TextView reload_toolbar = u"reloadtoolbar";
@@ -76,13 +73,30 @@ const host::Members<MainAddIn>& MainAddIn::members() {
          }},
         {u"getspecialfolderlocation", no_id, Use::method, read<setting::special_folder>},
         {u"GetDLLPath", no_id, Use::method, read<setting::program_folder>},
-        {message_id, no_id, Use::put,
+        {message_id, no_id, Use::get_put,
          [](MainAddIn& self, const Arguments& arguments) -> Value {
-             self.record_put(message_id, arguments.assigned().to_text());
+             if (arguments.is_put()) {
+                 self.mail_id = arguments.assigned().to_text();
+                 self.record_put(message_id, self.mail_id);
+             }
+             return self.mail_id;
+         }},
+        {show_mailer, no_id, Use::method,
+         [](MainAddIn& self, const Arguments&) -> Value {
+             self.record_call(show_mailer);
+             show_templates(self.surroundings(), u"Email Templates", mail_templates);
              return {};
          }},
-        {show_mailer, no_id, Use::method, record<show_mailer>},
-        {show_list, no_id, Use::method, {{u"Kind", Takes::text}}, record_text<show_list>},
+        {show_list,
+         no_id,
+         Use::method,
+         {{u"Kind", Takes::text}},
+         [](MainAddIn& self, const Arguments& arguments) -> Value {
+             const Text kind = arguments[0].to_text();
+             self.record_call(show_list, {kind});
+             show_templates(self.surroundings(), kind + u" Templates", kind);
+             return {};
+         }},
         {reload_toolbar, no_id, Use::method, {{u"Action", Takes::text}}, record_text<reload_toolbar>},
     };
     return table;

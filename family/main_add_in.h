@@ -5,7 +5,8 @@
 
 namespace family {
 
-/// Answers from the settings and from the profile's folders. What would open a window is recorded.
+/// Answers from the settings and from the profile's folders. What it is told to show, or to change of what it
+/// shows, is recorded; the lists of templates are windows.
 class MainAddIn : public Sibling<MainAddIn> {
   public:
     static constexpr host::TextView name = u"MainAddIn";
@@ -15,6 +16,8 @@ class MainAddIn : public Sibling<MainAddIn> {
 
     /// The database folder's entry id; empty if there is no folder of that name.
     host::Text folder_id(host::TextView folder) const;
+
+    host::Text mail_id;  ///< of the mail that a template is wanted for
 
     /// The database's store; empty if there is none.
     host::Text store_id() const;

@@ -1,6 +1,9 @@
 #include "family/surroundings.h"
 
+#include <algorithm>
 #include <random>
+
+#include "family/template_list.h"
 
 namespace family {
 
@@ -11,6 +14,16 @@ void Surroundings::random_bytes(std::span<std::uint8_t> bytes) {
     std::random_device source;
     std::uniform_int_distribution<unsigned> byte(0, 255);
     for (std::uint8_t& place : bytes) place = static_cast<std::uint8_t>(byte(source));
+}
+
+bool Surroundings::shows_windows() const {
+    return std::ranges::any_of(shown_templates_,
+                               [](const auto& entry) { return entry.second.window->loaded(); });
+}
+
+void Surroundings::close_windows() {
+    for (const auto& [kind, shown] : shown_templates_) shown.window->unload();
+    shown_templates_.clear();
 }
 
 void Surroundings::check(TextView object, TextView member) {

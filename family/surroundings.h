@@ -40,6 +40,14 @@ struct Memory {
     NamedProperties named_properties;
 };
 
+class TemplateList;
+
+/// A window of templates, with what makes it.
+struct ShownTemplates {
+    std::shared_ptr<addin::forms::Engine> engine;  // outlives the window
+    std::shared_ptr<TemplateList> window;
+};
+
 class Surroundings {
   public:
     Surroundings() = default;
@@ -73,8 +81,14 @@ class Surroundings {
 
     Memory& memory() { return memory_; }
 
+    /// The windows that stay after the call that has shown them, by the kind of what they list.
+    std::map<host::Text, ShownTemplates>& shown_templates() { return shown_templates_; }
+    bool shows_windows() const;
+    void close_windows();  ///< at the latest before the engine ends
+
   private:
     Memory memory_;
+    std::map<host::Text, ShownTemplates> shown_templates_;
 };
 
 }  // namespace family

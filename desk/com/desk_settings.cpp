@@ -36,10 +36,11 @@ DeskSettings read_settings() {
     settings.mail_reader = value(u"MailReader");
     settings.log_file = value(u"LogFile");
     settings.state = value(u"State");
+    settings.indexed_folder = value(u"IndexedFolder");
     settings.options.host_version = value(u"HostVersion", settings.options.host_version);
     settings.options.instant_search = value(u"InstantSearch") == u"1";
     settings.options.language = host::Value(value(u"Language", u"1033")).to_integer();
-    settings.options.event_order = order(value(u"EventOrder"));
+    settings.options.at_once = AtOnce::of(order(value(u"EventOrder")));
     settings.options.word_mail = value(u"WordMail") == u"1";
     settings.options.unattended = value(u"Unattended", u"1") == u"1";
     return settings;

@@ -11,6 +11,7 @@ struct DeskSettings {
     host::Text mail_reader;  ///< path, in the native system's spelling, of the program that reads mail files
     host::Text log_file;     ///< takes one line for each thing worth knowing; none if empty
     host::Text state;        ///< folder for files that live as long as the desk
+    host::Text indexed_folder;  ///< of the files that the desktop search knows; none if empty
     Options options;
 };
 

@@ -19,7 +19,28 @@ using windows::ComPtr;
 
 namespace {
 
-constexpr const wchar_t* programs_key = L"Software\\Tarnwell\\Family\\Programs";
+/// What other programs have noted in a list of the registry, in the order of their starts. Each entry: the
+/// note, a tabulator, and the time of the start as digits that sort.
+std::vector<Text> noted(TextView list) {
+    const Text key = u"Software\\Tarnwell\\Family\\" + Text(list);
+    std::multimap<Text, Text> by_time;
+    for (int number = 1;; ++number) {
+        std::array<wchar_t, 16> name{};
+        swprintf(name.data(), name.size(), L"%04d", number);
+        std::array<wchar_t, 4096> text{};
+        DWORD size = sizeof text;
+        if (RegGetValueW(HKEY_CURRENT_USER, windows::wide(key), name.data(), RRF_RT_REG_SZ, nullptr,
+                         text.data(), &size) != ERROR_SUCCESS) {
+            break;
+        }
+        const Text entry(reinterpret_cast<const char16_t*>(text.data()));
+        const std::size_t tab = std::min(entry.rfind(u'\t'), entry.size());
+        by_time.insert({entry.substr(tab), entry.substr(0, tab)});
+    }
+    std::vector<Text> notes;
+    for (const auto& [time, note] : by_time) notes.push_back(note);
+    return notes;
+}
 
 /// Objects of the surface itself are not counted as held: whoever looks at the counts holds them.
 constexpr std::string_view uncounted[] = {"Entry", "Listing", "Window", "Control", "Row"};
@@ -73,28 +94,21 @@ host::Object DeskSurroundings::create_object(TextView prog_id) {
     return host::Object(apartment_->adapt(object.get()));
 }
 
+bool DeskSurroundings::has_class(TextView prog_id) {
+    CLSID class_id{};
+    return SUCCEEDED(CLSIDFromProgID(windows::wide(Text(prog_id)), &class_id));
+}
+
 std::vector<StartedProgram> DeskSurroundings::programs() {
-    // each entry: folder, bar, command line, tabulator, time of the start as digits that sort
-    std::multimap<Text, StartedProgram> by_time;
-    for (int number = 1;; ++number) {
-        std::array<wchar_t, 16> name{};
-        swprintf(name.data(), name.size(), L"%04d", number);
-        std::array<wchar_t, 4096> text{};
-        DWORD size = sizeof text;
-        if (RegGetValueW(HKEY_CURRENT_USER, programs_key, name.data(), RRF_RT_REG_SZ, nullptr, text.data(),
-                         &size) != ERROR_SUCCESS) {
-            break;
-        }
-        const Text entry(reinterpret_cast<const char16_t*>(text.data()));
-        const std::size_t tab = std::min(entry.rfind(u'\t'), entry.size());
-        const std::size_t bar = std::min(entry.find(u'|'), tab);
-        by_time.insert(
-            {entry.substr(tab), {entry.substr(std::min(bar + 1, tab), tab - bar - 1), entry.substr(0, bar)}});
-    }
     std::vector<StartedProgram> started;
-    for (const auto& [time, program] : by_time) started.push_back(program);
+    for (const Text& entry : noted(u"Programs")) {  // folder, bar, command line
+        const std::size_t bar = std::min(entry.find(u'|'), entry.size());
+        started.push_back({entry.substr(std::min(bar + 1, entry.size())), entry.substr(0, bar)});
+    }
     return started;
 }
+
+std::vector<Text> DeskSurroundings::opened() { return noted(u"Opened"); }
 
 std::vector<LiveCount> DeskSurroundings::live() {
     std::vector<LiveCount> counts;

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "desk/com/desk_settings.h"
+#include "desk/com/indexed_folder.h"
 #include "desk/com/mail_process.h"
 #include "windows/com/apartment.h"
 
@@ -22,7 +23,9 @@ struct DeskHooks {
 class DeskSurroundings : public Surroundings {
   public:
     DeskSurroundings(const DeskSettings& settings, std::shared_ptr<windows::Apartment> apartment)
-        : apartment_(std::move(apartment)), mail_process_(settings.mail_reader, settings.state) {}
+        : apartment_(std::move(apartment)),
+          mail_process_(settings.mail_reader, settings.state),
+          indexed_folder_(settings.indexed_folder) {}
 
     DeskHooks hooks;
 
@@ -35,7 +38,10 @@ class DeskSurroundings : public Surroundings {
     std::unique_ptr<WindowDriver> window(host::TextView caption) override;
     int ask(host::TextView text, host::TextView title, std::uint32_t style) override;
     host::Object create_object(host::TextView prog_id) override;
+    bool has_class(host::TextView prog_id) override;
+    std::vector<IndexedFile> indexed_files() override { return files_below(indexed_folder_); }
     std::vector<StartedProgram> programs() override;
+    std::vector<host::Text> opened() override;
     std::vector<LiveCount> live() override;
     std::vector<CallCount> calls() override;
     void reset_calls() override;
@@ -48,6 +54,7 @@ class DeskSurroundings : public Surroundings {
   private:
     std::shared_ptr<windows::Apartment> apartment_;
     MailProcess mail_process_;
+    host::Text indexed_folder_;
 };
 
 }  // namespace desk

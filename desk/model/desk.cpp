@@ -197,7 +197,7 @@ void Desk::rewrite_item(RowId item, RowId folder, const ItemData& data) {
     forget_open(item);
     surroundings_.changed();
     if (!watchers_.contains(folder)) return;
-    now_or_later(options_.event_order == EventOrder::at_once, [this, folder, item] {
+    now_or_later(options_.at_once.adds, [this, folder, item] {
         const std::shared_ptr<Item> changed = open_item(item);
         if (!changed || changed->folder() != folder) return;  // it has left meanwhile
         tell(watchers_[folder], u"ItemChange", {Value(changed->self())});
@@ -260,7 +260,7 @@ void Desk::watch_folders(RowId parent, const std::shared_ptr<FoldersCollection>&
 
 void Desk::tell_item_added(RowId folder, RowId item) {
     if (!watchers_.contains(folder)) return;
-    now_or_later(options_.event_order == EventOrder::at_once, [this, folder, item] {
+    now_or_later(options_.at_once.adds, [this, folder, item] {
         const std::shared_ptr<Item> added = open_item(item);
         if (!added || added->folder() != folder) return;  // it has left again
         tell(watchers_[folder], u"ItemAdd", {Value(added->self())});
@@ -270,19 +270,20 @@ void Desk::tell_item_added(RowId folder, RowId item) {
 void Desk::tell_item_changed(RowId folder, const std::shared_ptr<Item>& item) {
     surroundings_.changed();
     if (!watchers_.contains(folder)) return;
-    now_or_later(options_.event_order != EventOrder::deferred,
-                 [this, folder, item] { tell(watchers_[folder], u"ItemChange", {Value(item->self())}); });
+    now_or_later(options_.at_once.changes, [this, folder, item] {
+        if (item->is_gone()) return;  // it has left meanwhile
+        tell(watchers_[folder], u"ItemChange", {Value(item->self())});
+    });
 }
 
 void Desk::tell_item_removed(RowId folder) {
     if (!watchers_.contains(folder)) return;
-    now_or_later(options_.event_order == EventOrder::at_once,
-                 [this, folder] { tell(watchers_[folder], u"ItemRemove", {}); });
+    now_or_later(options_.at_once.removals, [this, folder] { tell(watchers_[folder], u"ItemRemove", {}); });
 }
 
 void Desk::tell_folders(RowId parent, TextView event, RowId folder) {
     if (!folder_watchers_.contains(parent)) return;
-    now_or_later(options_.event_order == EventOrder::at_once, [this, parent, name = Text(event), folder] {
+    now_or_later(options_.at_once.adds, [this, parent, name = Text(event), folder] {
         std::vector<Value> arguments;
         if (folder != 0) arguments.emplace_back(std::make_shared<Folder>(*this, folder)->self());
         tell(folder_watchers_[parent], name, arguments);
@@ -296,7 +297,7 @@ std::shared_ptr<Item> Desk::deliver(TextView path) {
     if (folder == 0) throw Failure(result::not_found, u"The profile has no Inbox.");
     auto item = std::make_shared<Item>(*this, folder, std::move(data));
     item->save();
-    now_or_later(options_.event_order == EventOrder::at_once, [this] { application_->raise(u"NewMail"); });
+    now_or_later(options_.at_once.adds, [this] { application_->raise(u"NewMail"); });
     return item;
 }
 

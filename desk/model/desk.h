@@ -33,11 +33,22 @@ enum class EventOrder {
     at_once    ///< everything at once
 };
 
+/// Which events of a folder's items come at once; the others wait for the next yield.
+struct AtOnce {
+    bool adds = false, changes = false, removals = false;
+
+    static constexpr AtOnce of(EventOrder order) {
+        const bool all = order == EventOrder::at_once;
+        return {all, order != EventOrder::deferred, all};
+    }
+    friend bool operator==(const AtOnce&, const AtOnce&) = default;
+};
+
 struct Options {
     host::Text host_version = u"16.0.0.0";
     bool instant_search = false;
     std::int32_t language = 1033;  ///< LCID of the user interface
-    EventOrder event_order = EventOrder::host;
+    AtOnce at_once = AtOnce::of(EventOrder::host);
     bool word_mail = false;  ///< mail is edited in Word's windows
     bool unattended = true;
 };
@@ -157,7 +168,6 @@ class Desk {
     std::deque<ShownMessage> messages;  ///< its elements stay where they are while it grows
     std::deque<QueuedAnswer> answers;
     std::vector<host::Text> statuses;
-    std::vector<host::Text> opened;
     std::vector<host::Object> displayed;
     std::vector<PlannedFault> faults;
 

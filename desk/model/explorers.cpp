@@ -7,6 +7,7 @@
 #include "desk/model/desk.h"
 #include "desk/model/folder.h"
 #include "desk/model/host_event_tables.h"
+#include "desk/model/item.h"
 #include "desk/model/kept.h"
 
 namespace desk {
@@ -16,6 +17,12 @@ using host::Object;
 using host::Takes;
 using host::Use;
 using host::Value;
+
+namespace {
+
+constexpr std::uint32_t warning = 0x30;  // MB_ICONWARNING
+
+}  // namespace
 
 const host::Members<Selection>& Selection::members() {
     static const host::Members<Selection> table{
@@ -69,6 +76,31 @@ void Explorer::select(std::vector<Object> items) {
     kept_changed();
     raise(u"SelectionChange");
     bars_->update_soon();
+}
+
+void Explorer::drop_selection_on(RowId folder, bool copies) {
+    if (!desk().folder_row(folder) || (!copies && folder == folder_)) return;
+    std::vector<Object> moved;
+    for (Object& object : std::vector(selected_)) {
+        const auto item = std::dynamic_pointer_cast<Item>(object.target());
+        if (!item || item->is_gone()) continue;
+        try {
+            if (copies) {
+                item->copy_to(folder);
+            } else {
+                const std::shared_ptr<Item> there = item->move_to(folder);
+                if (there) moved.push_back(there->self());
+            }
+        } catch (const host::Failure& failure) {
+            desk().surroundings().ask(failure.description(), u"Outlook", warning);
+        }
+    }
+    if (moved.empty()) return;
+    selected_ = moved;
+    kept_changed();
+    desk().later([explorer = shared_from_this(), moved] {
+        if (explorer->selected_ == moved) explorer->select({});
+    });
 }
 
 void Explorer::open_window(bool in_front) {

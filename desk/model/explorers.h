@@ -39,6 +39,10 @@ class Explorer : public ModelObject<Explorer>, public HostWindow {
     RowId folder() const { return folder_; }
     void show_folder(RowId folder);  ///< asks before and tells afterwards; may be refused
     void select(std::vector<host::Object> items);
+    /// What it is to drop the selection on a folder: its items are moved there, or copied. They stay selected
+    /// while the folder tells of them; what has left the explorer's folder isn't selected any more
+    /// afterwards. An item that can't be moved or copied stays.
+    void drop_selection_on(RowId folder, bool copies);
     const std::vector<host::Object>& selected() const { return selected_; }
     const std::shared_ptr<CommandBars>& bars() const override { return bars_; }
     host::Text caption() const override;

@@ -53,6 +53,8 @@ constexpr OwnButton own_buttons[] = {
     {2617, u"Send", is_unsent_mail, [](Inspector& inspector) { inspector.item()->send(); }},
     {1975, u"Save and Close", [](const Item& item) { return item.kind().number != object_class::mail; },
      [](Inspector& inspector) { inspector.close(save_mode::save); }},
+    {3, u"Save", [](const Item& item) { return item.kind().number != object_class::mail; },
+     [](Inspector& inspector) { inspector.item()->save(); }},
     {478, u"Delete", [](const Item&) { return true; },
      [](Inspector& inspector) { inspector.item()->remove(); }},
 };

@@ -252,9 +252,9 @@ void Item::send() {
     }
 }
 
-std::shared_ptr<Item> Item::copy() {
+std::shared_ptr<Item> Item::copy_to(RowId folder) {
     ItemData data = whole();
-    auto twin = std::make_shared<Item>(desk(), folder_, std::move(data));
+    auto twin = std::make_shared<Item>(desk(), folder, std::move(data));
     twin->data_.fields.erase(u"CreationTime");
     twin->save();
     return twin;

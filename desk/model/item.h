@@ -54,7 +54,8 @@ class Item : public ModelObject<Item> {
     void save();
     void post();
     void send();
-    std::shared_ptr<Item> copy();
+    std::shared_ptr<Item> copy() { return copy_to(folder_); }
+    std::shared_ptr<Item> copy_to(RowId folder);
     std::shared_ptr<Item> move_to(RowId folder);
     void remove();
     void remove_for_good();

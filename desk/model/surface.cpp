@@ -6,6 +6,7 @@
 #include "desk/model/command_bars.h"
 #include "desk/model/desk.h"
 #include "desk/model/explorers.h"
+#include "desk/model/folder.h"
 #include "desk/model/item.h"
 #include "desk/model/surface_window.h"
 
@@ -42,15 +43,24 @@ struct OptionRow {
 
 template <EventOrder order>
 Value is_order(const Options& options) {
-    return options.event_order == order;
+    return options.at_once == AtOnce::of(order);
 }
 template <EventOrder order>
 void set_order(Options& options, const Value& value) {
     if (value.to_boolean()) {
-        options.event_order = order;
-    } else if (options.event_order == order) {
-        options.event_order = EventOrder::host;
+        options.at_once = AtOnce::of(order);
+    } else if (options.at_once == AtOnce::of(order)) {
+        options.at_once = AtOnce::of(EventOrder::host);
     }
+}
+
+template <bool AtOnce::*events>
+Value come_at_once(const Options& options) {
+    return options.at_once.*events;
+}
+template <bool AtOnce::*events>
+void have_come_at_once(Options& options, const Value& value) {
+    options.at_once.*events = value.to_boolean();
 }
 
 constexpr OptionRow option_rows[] = {
@@ -60,6 +70,9 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const Value& v) { o.language = v.to_integer(); }, false},
     {u"DeferredEvents", is_order<EventOrder::deferred>, set_order<EventOrder::deferred>, false},
     {u"EventsAtOnce", is_order<EventOrder::at_once>, set_order<EventOrder::at_once>, false},
+    {u"AddsAtOnce", come_at_once<&AtOnce::adds>, have_come_at_once<&AtOnce::adds>, false},
+    {u"ChangesAtOnce", come_at_once<&AtOnce::changes>, have_come_at_once<&AtOnce::changes>, false},
+    {u"RemovalsAtOnce", come_at_once<&AtOnce::removals>, have_come_at_once<&AtOnce::removals>, false},
     {u"WordMail", [](const Options& o) { return Value(o.word_mail); },
      [](Options& o, const Value& v) { o.word_mail = v.to_boolean(); }, false},
     {u"HostVersion", [](const Options& o) { return Value(o.host_version); }, nullptr, true},
@@ -171,11 +184,19 @@ Object Surface::calls() {
         ->self();
 }
 
-Object Surface::texts(std::vector<Text> Desk::*list) {
+Object Surface::statuses() {
     Desk& all = desk();
     return std::make_shared<Listing>(
-               all, [&all, list] { return (all.*list).size(); },
-               [&all, list](std::size_t i) { return Value((all.*list).at(i)); })
+               all, [&all] { return all.statuses.size(); },
+               [&all](std::size_t i) { return Value(all.statuses.at(i)); })
+        ->self();
+}
+
+Object Surface::opened() {
+    Desk& all = desk();
+    return std::make_shared<Listing>(
+               all, [&all] { return all.surroundings().opened().size(); },
+               [&all](std::size_t i) { return Value(all.surroundings().opened().at(i)); })
         ->self();
 }
 
@@ -236,6 +257,12 @@ void Surface::select(const std::vector<Value>& items) {
     const Object alive = explorer.self();
     if (folder != 0) explorer.show_folder(folder);  // one can only click what is shown
     explorer.select(std::move(selected));
+}
+
+void Surface::drag(const Value& folder, bool copies) {
+    const RowId target = folder_of(folder).id();
+    const Object alive = active_explorer().self();
+    active_explorer().drop_selection_on(target, copies);
 }
 
 Explorer& Surface::active_explorer() {
@@ -302,9 +329,9 @@ const host::Members<Surface>& Surface::members() {
         {u"Messages", host::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.messages()); }},
         {u"Statuses", host::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.texts(&Desk::statuses)); }},
+         [](Surface& self, const Arguments&) { return Value(self.statuses()); }},
         {u"Opened", host::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.texts(&Desk::opened)); }},
+         [](Surface& self, const Arguments&) { return Value(self.opened()); }},
         {u"Programs", host::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.programs()); }},
         {u"Displayed", host::no_id, Use::get,
@@ -328,6 +355,14 @@ const host::Members<Surface>& Surface::members() {
              std::vector<Value> items;
              for (std::size_t i = 0; i < most_selected && a.has(i); ++i) items.push_back(a[i]);
              self.select(items);
+             return Value();
+         }},
+        {u"Drag",
+         host::no_id,
+         Use::method,
+         {{u"Folder", Takes::object}, {u"Copies", Takes::boolean, true}},
+         [](Surface& self, const Arguments& a) {
+             self.drag(a[0], a.has(1) && a[1].to_boolean());
              return Value();
          }},
         {u"Press",

@@ -64,11 +64,13 @@ class Surface : public ModelObject<Surface> {
     host::Object messages();
     host::Object programs();
     host::Object calls();
-    host::Object texts(std::vector<host::Text> Desk::*list);
+    host::Object statuses();
+    host::Object opened();
     host::Value live(const host::Value& kind);
     host::Value option(const host::Text& option_name) const;
     void option(const host::Text& option_name, const host::Value& value);
     void select(const std::vector<host::Value>& items);
+    void drag(const host::Value& folder, bool copies);
     void press(const host::Value& control);
     host::Object context_menu();
     host::Object window(const host::Text& caption);

@@ -19,6 +19,14 @@ struct StartedProgram {
     host::Text folder;
 };
 
+/// A file that the desktop search knows.
+struct IndexedFile {
+    host::Text folder;  ///< path, without a backslash at its end
+    host::Text name;
+    host::Date created, modified;  ///< local time
+    std::string content;           ///< its beginning: as much as is searched
+};
+
 /// How many of the desk's objects of one kind are held from outside.
 struct LiveCount {
     std::string kind;
@@ -62,7 +70,14 @@ class Surroundings {
     /// Makes an automation object by its name.
     virtual host::Object create_object(host::TextView prog_id) = 0;
 
+    /// Whether a class of that name is registered.
+    virtual bool has_class(host::TextView prog_id) = 0;
+
+    /// The files that the desktop search knows, folder by folder, in the order of their names.
+    virtual std::vector<IndexedFile> indexed_files() = 0;
+
     virtual std::vector<StartedProgram> programs() = 0;
+    virtual std::vector<host::Text> opened() = 0;  ///< paths of the files handed to the shell, in order
     virtual std::vector<LiveCount> live() = 0;
     virtual std::vector<CallCount> calls() = 0;
     virtual void reset_calls() = 0;

@@ -25,7 +25,7 @@ void follow_list(Windows& windows, const Objects& open, Make make) {
 
 }  // namespace
 
-DeskWindows::DeskWindows(Desk& desk) : context_{desk, {}} {}
+DeskWindows::DeskWindows(Desk& desk, windows::Module& module) : context_{desk, module, {}, {}} {}
 
 DeskWindows::~DeskWindows() = default;
 

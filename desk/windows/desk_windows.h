@@ -15,7 +15,8 @@ class Inspector;
 
 class DeskWindows {
   public:
-    explicit DeskWindows(Desk& desk);
+    /// The module counts what the system holds of ours.
+    DeskWindows(Desk& desk, windows::Module& module);
     ~DeskWindows();
 
     /// Opens windows for explorers and inspectors that have none, closes those whose object is closed, and

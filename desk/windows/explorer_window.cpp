@@ -7,6 +7,7 @@
 #include "desk/model/desk.h"
 #include "desk/model/item.h"
 #include "desk/windows/context_menu.h"
+#include "desk/windows/shown_value.h"
 
 namespace desk {
 
@@ -50,17 +51,6 @@ std::span<const Column> columns_of(const FolderRow& folder) {
     return post_columns;
 }
 
-Text shown_value(const ItemData& item, TextView field) {
-    const std::optional<host::Value> value = field_value(item, field);
-    if (!value) return {};
-    if (value->is(host::Value::Type::date)) {
-        if (value->to_date() == no_date) return {};
-        constexpr std::size_t without_seconds = 16;
-        return value->to_text().substr(0, without_seconds);
-    }
-    return value->to_text();
-}
-
 }  // namespace
 
 ExplorerWindow::ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> explorer)
@@ -74,7 +64,24 @@ ExplorerWindow::ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> 
                         WS_EX_CLIENTEDGE, list_id, L"Items");
     ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT);
     status_ = add_control(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0, status_id);
+    take_drops();
     open();
+}
+
+ExplorerWindow::~ExplorerWindow() { RevokeDragDrop(tree_); }
+
+void ExplorerWindow::take_drops() {
+    const auto target = FolderDropTarget::create(
+        context().module, tree_, context().dragging,
+        [this](const std::shared_ptr<Explorer>& from, HTREEITEM place, bool copies) {
+            const auto found =
+                std::ranges::find(places_, place, [](const auto& entry) { return entry.second; });
+            if (found == places_.end()) return;
+            // not here: what follows from it may close the windows that are dragged between
+            desk_.surroundings().post(
+                [from, folder = found->first, copies] { from->drop_selection_on(folder, copies); });
+        });
+    RegisterDragDrop(tree_, target.get());
 }
 
 void ExplorerWindow::lay_out(int top, int width, int height) {
@@ -276,6 +283,11 @@ LRESULT ExplorerWindow::on_notify(NMHDR& notice) {
         if ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) take_selection();
     } else if (notice.hwndFrom == list_ && notice.code == LVN_ITEMACTIVATE) {
         open_selected();
+    } else if (notice.hwndFrom == list_ && notice.code == LVN_BEGINDRAG) {
+        take_selection();
+        desk_.surroundings().post([&context = context(), explorer = explorer_] {
+            drag_selection(context.module, context.dragging, explorer);
+        });
     }
     return 0;
 }

@@ -13,6 +13,7 @@ namespace desk {
 class ExplorerWindow : public HostFrame {
   public:
     ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> explorer);
+    ~ExplorerWindow() override;
 
   private:
     void show_contents() override;
@@ -20,6 +21,9 @@ class ExplorerWindow : public HostFrame {
     void on_context_menu(HWND control, POINT place) override;
     LRESULT on_notify(NMHDR& notice) override;
 
+    RowId shown_folder() const override { return explorer_->folder(); }
+
+    void take_drops();
     void show_folders();
     void add_folders(HTREEITEM above, RowId parent);
     void show_columns();

@@ -73,7 +73,7 @@ struct FaceRow {
 /// The first is for all numbers that aren't here.
 constexpr FaceRow face_rows[] = {{0, &plain},   {583, &calendar}, {2041, &note},        {1993, &person},
                                  {1978, &mail}, {567, &document}, {566, &spread_sheet}, {2617, &send},
-                                 {1975, &save}, {478, &remove}};
+                                 {1975, &save}, {3, &save},       {478, &remove}};
 
 int pixels_for(int at_96) {
     const windows::ScreenContext screen;

@@ -1,6 +1,7 @@
 #include "desk/windows/host_frame.h"
 
 #include "desk/model/desk.h"
+#include "desk/windows/new_items.h"
 
 namespace desk {
 namespace {
@@ -10,6 +11,7 @@ constexpr int close_command = 900;
 /// Destroyed by the system with its window.
 HMENU make_menu() {
     const HMENU menu = CreateMenu(), file = CreatePopupMenu();
+    AppendMenuW(file, MF_POPUP, reinterpret_cast<UINT_PTR>(make_new_menu()), L"&New");
     AppendMenuW(file, MF_STRING, close_command, L"&Close\tAlt+F4");
     AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"&File");
     return menu;
@@ -78,6 +80,7 @@ void HostFrame::on_command(int command, int code) {
         });
         return;
     }
+    if (make_new_item(context_.desk, command, shown_folder())) return;
     on_own_command(command, code);
 }
 

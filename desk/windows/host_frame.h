@@ -6,6 +6,7 @@
 
 #include "desk/model/host_window.h"
 #include "desk/windows/bar_strip.h"
+#include "desk/windows/item_drag.h"
 #include "desk/windows/window.h"
 
 namespace desk {
@@ -13,7 +14,9 @@ namespace desk {
 /// What all these windows share.
 struct FrameContext {
     Desk& desk;
+    windows::Module& module;
     Faces faces;
+    Dragging dragging;
     bool following = false;  ///< the windows are brought in line with the model: no person has done it
 };
 
@@ -30,6 +33,7 @@ class HostFrame : public DeskWindow {
     virtual void show_contents() = 0;
     virtual void lay_out(int top, int width, int height) = 0;
     virtual void on_own_command(int, int) {}  ///< its number, and the code of a notification
+    virtual RowId shown_folder() const = 0;
 
     LRESULT on_notify(NMHDR& notice) override;
 

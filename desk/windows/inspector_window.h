@@ -1,4 +1,5 @@
-// The window of one item: who, what and when above its text. A mail that isn't sent yet can be written in it.
+// The window of one item: who, what and when above its text. A mail that isn't sent yet, contacts,
+// appointments and tasks can be written in it, the properties of a record, too.
 #pragma once
 
 #include <memory>
@@ -20,10 +21,14 @@ class InspectorWindow : public HostFrame {
     /// A field that can be typed into.
     struct Field {
         HWND title, edit;
-        host::TextView member;
+        host::Text member;
         host::Text known;  ///< of the model
     };
 
+    RowId shown_folder() const override;
+
+    void add_field(const host::Text& title, const host::Text& member);
+    host::Text value_of(const Field& field) const;  ///< as the model has it
     void show_field(Field& field);
 
     std::shared_ptr<Inspector> inspector_;
@@ -31,6 +36,7 @@ class InspectorWindow : public HostFrame {
     std::vector<Field> fields_;  ///< the text last
     std::int64_t version_ = -1;
     bool showing_ = false;
+    bool two_columns_ = false;
 };
 
 }  // namespace desk

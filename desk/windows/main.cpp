@@ -8,6 +8,7 @@
 #include "desk/com/add_in_loader.h"
 #include "desk/com/desk_settings.h"
 #include "desk/com/desk_surroundings.h"
+#include "desk/model/ado.h"
 #include "desk/model/application.h"
 #include "desk/model/cdo.h"
 #include "desk/windows/desk_windows.h"
@@ -26,7 +27,10 @@ using windows::ComPtr;
 constexpr host::Guid application_class =
     host::guid("{0006F03A-0000-0000-C000-000000000046}");  // Outlook.Application
 constexpr host::Guid cdo_session_class =
-    host::guid("{3FA7DEB3-6438-101B-ACC1-00AA00423326}");           // MAPI.Session
+    host::guid("{3FA7DEB3-6438-101B-ACC1-00AA00423326}");  // MAPI.Session
+// The classes of the desk's own that ADODB's names lead to where the desk is installed.
+constexpr host::Guid ado_connection_class = host::guid("{5B0C9A1E-2F64-4D0B-8E57-91C3A7D46F10}");
+constexpr host::Guid ado_recordset_class = host::guid("{5B0C9A1F-2F64-4D0B-8E57-91C3A7D46F10}");
 constexpr DWORD longest_wait_for_database = 15000, wait_step = 50;  // milliseconds
 
 /// Lines for whoever wants to know what the desk does; each is written at once.
@@ -51,11 +55,11 @@ class LogFile {
     FILE* file_;
 };
 
-/// COM for this thread.
+/// COM for this thread, with drag and drop.
 class Com {
   public:
-    Com() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
-    ~Com() { CoUninitialize(); }
+    Com() { OleInitialize(nullptr); }
+    ~Com() { OleUninitialize(); }
     Com(const Com&) = delete;
     Com& operator=(const Com&) = delete;
 };
@@ -108,7 +112,7 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     desk::MainLoop loop;
     desk::MessageWatch messages(desk);
     const desk::StatusWatch status(desk);
-    desk::DeskWindows desk_windows(desk);
+    desk::DeskWindows desk_windows(desk, module);
     desk::AddInLoader add_ins(desk, apartment, [&log](TextView text) { log.line(text); });
 
     surroundings.hooks.wake = [&loop] { loop.wake(); };
@@ -127,6 +131,10 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     ServedClass served(module, application_class, apartment, [&desk] { return desk.application(); });
     const ServedClass served_cdo(module, cdo_session_class, apartment,
                                  [&desk] { return std::make_shared<desk::CdoSession>(desk); });
+    const ServedClass served_connection(module, ado_connection_class, apartment,
+                                        [&desk] { return std::make_shared<desk::AdoConnection>(desk); });
+    const ServedClass served_recordset(module, ado_recordset_class, apartment,
+                                       [&desk] { return std::make_shared<desk::AdoRecordset>(desk); });
     surroundings.hooks.quit = [&] {
         served.revoke();  // who asks for an application from now on gets a new one
         loop.ask_to_quit();

@@ -2,8 +2,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <array>
-#include <cwchar>
 #include <string>
 #include <string_view>
 
@@ -29,19 +27,8 @@ std::wstring written(std::wstring_view command_line) {
     return std::wstring(program.substr(folder == program.npos ? 0 : folder + 1)) + std::wstring(rest);
 }
 
-/// When this program was started, as digits that sort: the notes of two that start at once may be written in
-/// the other order.
-std::wstring start_time() {
-    FILETIME created{}, unused{};
-    GetProcessTimes(GetCurrentProcess(), &created, &unused, &unused, &unused);
-    std::array<wchar_t, 17> digits{};
-    swprintf(digits.data(), digits.size(), L"%08lX%08lX", created.dwHighDateTime, created.dwLowDateTime);
-    return digits.data();
-}
-
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-    const std::wstring start = working_folder() + L"|" + written(GetCommandLineW()) + L"\t" + start_time();
-    return family::append_to_list(L"Programs", start) ? 0 : 1;
+    return family::note_start(L"Programs", working_folder() + L"|" + written(GetCommandLineW())) ? 0 : 1;
 }

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <array>
+#include <cwchar>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -71,6 +73,14 @@ bool append_to_list(std::wstring_view list, std::wstring_view text) {
     const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     return RegSetValueExW(key.get(), next_name(key.get()).c_str(), 0, REG_SZ,
                           reinterpret_cast<const BYTE*>(value.c_str()), size) == ERROR_SUCCESS;
+}
+
+bool note_start(std::wstring_view list, std::wstring_view note) {
+    FILETIME created{}, unused{};
+    GetProcessTimes(GetCurrentProcess(), &created, &unused, &unused, &unused);
+    std::array<wchar_t, 17> digits{};
+    swprintf(digits.data(), digits.size(), L"%08lX%08lX", created.dwHighDateTime, created.dwLowDateTime);
+    return append_to_list(list, std::wstring(note) + L"\t" + digits.data());
 }
 
 }  // namespace family

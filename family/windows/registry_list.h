@@ -12,4 +12,8 @@ inline constexpr std::wstring_view family_key = L"Software\\Tarnwell\\Family";
 /// of processes may append at once. False if the registry refuses.
 bool append_to_list(std::wstring_view list, std::wstring_view text);
 
+/// Appends what this program was started for: the note, a tabulator, and the time of the start as digits that
+/// sort, since the notes of two that start at once may be written in the other order.
+bool note_start(std::wstring_view list, std::wstring_view note);
+
 }  // namespace family

@@ -15,6 +15,13 @@ HRESULT Server::class_object(REFCLSID id, REFIID iid, void** answer) {
         ->QueryInterface(iid, answer);
 }
 
+bool Server::may_unload() {
+    const std::lock_guard lock(mutex_);
+    const bool shows_windows = std::ranges::any_of(
+        rooms_, [](const auto& entry) { return entry.second.surroundings->shows_windows(); });
+    return module_.idle() && !shows_windows;
+}
+
 Server::Room Server::room_of_this_thread() {
     const std::lock_guard lock(mutex_);
     Room& room = rooms_[GetCurrentThreadId()];

@@ -16,7 +16,7 @@ class Server {
     /// The class object of a class; CLASS_E_CLASSNOTAVAILABLE for one that is not the family's.
     HRESULT class_object(REFCLSID id, REFIID iid, void** answer);
 
-    bool may_unload() const { return module_.idle(); }
+    bool may_unload();
 
   private:
     struct Room {

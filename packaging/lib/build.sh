@@ -25,7 +25,7 @@ build_preset() {
 # What the desk needs to run; the tests are left to those who ask for them.
 native_tools=(tarnwell-mail tarnwell-database)
 desk_programs=(TWstore.exe TarnwellUtility.exe TarnwellUpdate.exe)
-desk_targets=(desk TarnwellNote TarnwellFamily "${desk_programs[@]%.exe}")
+desk_targets=(desk DocumentViewer TarnwellNote TarnwellFamily "${desk_programs[@]%.exe}")
 
 # make_databases: build/databases/<name>/ with tarnwell.db and the system folder's file, anew when data or maker changed.
 make_databases() {
@@ -43,6 +43,7 @@ make_databases() {
             fail "the database '$name' could not be made"
         }
         cp "$ROOT/data/$name/twsystemfolder.ini" "$folder/"
+        [[ ! -d $ROOT/data/$name/documents ]] || cp -r "$ROOT/data/$name/documents" "$folder/"
         printf '%s\n' "$hash" >"$folder/.made"
     done
 }

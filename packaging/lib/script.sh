@@ -138,7 +138,7 @@ leave_out_rows() {
 check_left_out() {
     local name file
     for name in "$@"; do
-        for file in TarnwellNote.dll TarnwellFamily.dll CreateNote.Connect MAPI.Session "${desk_programs[@]}"; do
+        for file in TarnwellNote.dll TarnwellFamily.dll CreateNote.Connect MAPI.Session Search.CollatorDSO "${desk_programs[@]}"; do
             [[ ${name,,} != "${file,,}" ]] || continue 2
         done
         [[ ${name,,} != outlook.application && $name == *.* && $name != *[][\\/]* ]] &&

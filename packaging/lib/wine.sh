@@ -121,6 +121,28 @@ desk_rows() { # $1: folder of programs, $2: folder of the database, $3: folder f
     row "$class\\LocalServer32" @ "\"$program\\desk.exe\""
     row "$class\\ProgID" @ MAPI.Session
 
+    # The desktop search is the desk's, too: the names of ADO lead to its classes, whatever Wine has of its own.
+    for id in ADODB.Connection ADODB.Recordset; do
+        class='{5B0C9A1E-2F64-4D0B-8E57-91C3A7D46F10}'
+        [[ $id == ADODB.Connection ]] || class='{5B0C9A1F-2F64-4D0B-8E57-91C3A7D46F10}'
+        row "HKEY_CLASSES_ROOT\\$id" @ "$id"
+        row "HKEY_CLASSES_ROOT\\$id\\CLSID" @ "$class"
+        row "HKEY_CLASSES_ROOT\\CLSID\\$class" @ "$id"
+        row "HKEY_CLASSES_ROOT\\CLSID\\$class\\LocalServer32" @ "\"$program\\desk.exe\""
+        row "HKEY_CLASSES_ROOT\\CLSID\\$class\\ProgID" @ "$id"
+    done
+    row 'HKEY_CLASSES_ROOT\Search.CollatorDSO' @ 'Desktop search'
+    row 'HKEY_CLASSES_ROOT\Search.CollatorDSO\CLSID' @ '{9E175B8B-F52A-11D8-B9A5-505054503030}'
+
+    # What the shell opens documents with: a program that notes which they were. A person gets what Wine has for them.
+    if [[ ${unattended:-1} == 1 ]]; then
+        row 'HKEY_CLASSES_ROOT\Tarnwell.Document' @ Document
+        row 'HKEY_CLASSES_ROOT\Tarnwell.Document\shell\open\command' @ "\"$program\\DocumentViewer.exe\" \"%1\""
+        for id in txt doc docx xls xlsx csv pdf rtf htm html eml; do
+            row "HKEY_CLASSES_ROOT\\.$id" @ Tarnwell.Document
+        done
+    fi
+
     id='HKEY_CURRENT_USER\Software\Tarnwell\Desk'
     row "-$id"
     row "$id" Database "$(windows_path "$2/tarnwell.db")"
@@ -132,6 +154,7 @@ desk_rows() { # $1: folder of programs, $2: folder of the database, $3: folder f
     row "$id" MailReader "$BUILD/native/bin/tarnwell-mail"
     row "$id" LogFile "$(windows_path "$3/desk.log")"
     row "$id" State "$(windows_path "$3")"
+    row "$id" IndexedFolder "$(windows_path "$2/documents")"
 
     id='HKEY_CURRENT_USER\Software\Tarnwell\Family'
     row "-$id"
@@ -174,7 +197,7 @@ install_programs() {
     shift
     rm -rf "$folder"
     mkdir -p "$folder"
-    for file in desk.exe TarnwellNote.dll TarnwellFamily.dll "${desk_programs[@]}"; do
+    for file in desk.exe DocumentViewer.exe TarnwellNote.dll TarnwellFamily.dll "${desk_programs[@]}"; do
         for name in "$@"; do [[ ${name,,} != "${file,,}" ]] || continue 2; done
         [[ -f $BUILD/x64/bin/$file ]] || fail "$BUILD/x64/bin/$file is not there; the build is not complete"
         cp "$BUILD/x64/bin/$file" "$folder/"

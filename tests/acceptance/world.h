@@ -55,6 +55,9 @@ class World {
     /// A file's name, for `Deliver` and its like, in a folder that is empty at first; `bytes` are written to
     /// it.
     virtual host::Text write_file(const std::string& name, const std::string& bytes) = 0;
+    /// A file's name in the folder that the desktop search knows, beside those of the database's own
+    /// documents.
+    virtual host::Text write_document(const std::string& name, const std::string& bytes) = 0;
     virtual bool file_exists(host::TextView path) = 0;
     virtual void remove_file(host::TextView path) = 0;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "desk/model/ado.h"
 #include "desk/model/application.h"
 #include "desk/model/cdo.h"
 #include "family/create.h"
@@ -52,20 +53,39 @@ NativeDesktop::NativeDesktop(std::shared_ptr<Boundary> boundary, MemoryRegistry&
       family_(std::make_shared<FamilySurroundings>(
           registry, [this] { return make(outlook_prog_id); }, engine)) {}
 
-void NativeDesktop::attach(desk::Desk* desk) { desk_ = desk; }
+void NativeDesktop::attach(desk::Desk* desk) {
+    if (!desk) family_->close_windows();
+    desk_ = desk;
+}
 
 desk::Desk& NativeDesktop::running() const {
     if (!desk_) throw Failure(result::no_such_class, u"The host does not run.");
     return *desk_;
 }
 
+bool NativeDesktop::left_out(TextView prog_id) const {
+    return std::ranges::any_of(without_,
+                               [&](const Text& name) { return host::same_ignoring_case(name, prog_id); });
+}
+
+template <class T>
+Object NativeDesktop::object_of_the_desk() const {
+    return std::make_shared<T>(running())->self();
+}
+
 Object NativeDesktop::make(TextView prog_id) {
-    const bool left_out = std::ranges::any_of(
-        without_, [&](const Text& name) { return host::same_ignoring_case(name, prog_id); });
-    if (!left_out) {
+    struct Maker {
+        TextView prog_id;
+        Object (NativeDesktop::*make)() const;
+    };
+    constexpr Maker makers[] = {
+        {cdo_prog_id, &NativeDesktop::object_of_the_desk<desk::CdoSession>},
+        {desk::AdoConnection::prog_id, &NativeDesktop::object_of_the_desk<desk::AdoConnection>},
+        {desk::AdoRecordset::prog_id, &NativeDesktop::object_of_the_desk<desk::AdoRecordset>}};
+    if (!left_out(prog_id)) {
         if (host::same_ignoring_case(prog_id, outlook_prog_id)) return running().application()->self();
-        if (host::same_ignoring_case(prog_id, cdo_prog_id)) {
-            return std::make_shared<desk::CdoSession>(running())->self();
+        for (const Maker& maker : makers) {
+            if (host::same_ignoring_case(prog_id, maker.prog_id)) return (this->*maker.make)();
         }
         if (host::same_ignoring_case(prog_id, host::WshShell::prog_id)) {
             return Object(std::make_shared<Shell>(programs_, Text(working_folder)));

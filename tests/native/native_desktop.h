@@ -43,6 +43,9 @@ class NativeDesktop final : public host::Desktop {
     /// The same without the boundary, for the host's own use.
     host::Object make(host::TextView prog_id);
 
+    /// Whether an object isn't there in this world.
+    bool left_out(host::TextView prog_id) const;
+
     std::function<void()> on_yield = [] {};  ///< what a turn of the message loop does
 
     std::uint32_t slept = 0;  ///< milliseconds in all; nobody waits for them
@@ -70,6 +73,8 @@ class NativeDesktop final : public host::Desktop {
     };
 
     desk::Desk& running() const;
+    template <class T>
+    host::Object object_of_the_desk() const;
 
     std::shared_ptr<Boundary> boundary_;
     WatchedRegistry watched_;

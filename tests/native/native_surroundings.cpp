@@ -1,6 +1,9 @@
 #include "tests/native/native_surroundings.h"
 
+#include <algorithm>
+#include <chrono>
 #include <ctime>
+#include <fstream>
 #include <map>
 #include <random>
 
@@ -9,14 +12,19 @@
 
 namespace native {
 
-host::Date NativeSurroundings::now() {
-    const std::time_t seconds = std::time(nullptr);
+namespace {
+
+host::Date local_date(std::time_t seconds) {
     std::tm clock{};
     localtime_r(&seconds, &clock);
     constexpr int first_year = 1900;
     return host::to_date({first_year + clock.tm_year, clock.tm_mon + 1, clock.tm_mday, clock.tm_hour,
                           clock.tm_min, clock.tm_sec});
 }
+
+}  // namespace
+
+host::Date NativeSurroundings::now() { return local_date(std::time(nullptr)); }
 
 std::string NativeSurroundings::random_bytes(std::size_t count) {
     std::random_device source;
@@ -39,6 +47,26 @@ std::vector<desk::CallCount> NativeSurroundings::calls() {
     std::vector<desk::CallCount> all;
     for (const auto& [member, count] : counts) all.push_back({member, count, 0});
     return all;
+}
+
+std::vector<desk::IndexedFile> NativeSurroundings::indexed_files() {
+    std::vector<desk::IndexedFile> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(indexed_folder)) {
+        if (!entry.is_regular_file()) continue;
+        std::ifstream stream(entry.path(), std::ios::binary);
+        std::string content(std::istreambuf_iterator<char>(stream), {});
+        const auto time = std::chrono::file_clock::to_sys(entry.last_write_time());
+        const host::Date changed =
+            local_date(std::chrono::system_clock::to_time_t(std::chrono::floor<std::chrono::seconds>(time)));
+        files.push_back({.folder = system_path(entry.path().parent_path()),
+                         .name = entry.path().filename().u16string(),
+                         .created = changed,
+                         .modified = changed,
+                         .content = std::move(content)});
+    }
+    std::ranges::sort(files, {},
+                      [](const desk::IndexedFile& file) { return std::pair(file.folder, file.name); });
+    return files;
 }
 
 void NativeSurroundings::post(std::function<void()> action) {

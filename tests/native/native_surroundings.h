@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <filesystem>
 #include <functional>
 
 #include "desk/model/surroundings.h"
@@ -20,6 +21,7 @@ class NativeSurroundings final : public desk::Surroundings {
     /// What the model asks for and only the whole world can do.
     std::function<void()> run_message_loop = [] {};
     std::function<host::Object(host::TextView)> make_object;
+    std::function<bool(host::TextView prog_id)> is_registered;
     std::function<void(host::TextView prog_id, bool connect)> connect;
     std::function<void(host::TextView name, host::TextView value)> remember;
     /// How many events are being told, those of actions that wait in modal windows among them.
@@ -28,6 +30,8 @@ class NativeSurroundings final : public desk::Surroundings {
 
     /// Runs what was posted since, until nothing is left.
     void run_posted();
+
+    std::filesystem::path indexed_folder;  ///< of the files that the desktop search knows
 
     bool quit_asked = false;  ///< the host was told to end
     int wakes = 0;            ///< how often events began to wait
@@ -44,7 +48,10 @@ class NativeSurroundings final : public desk::Surroundings {
         return ask_person(text, title, style);
     }
     host::Object create_object(host::TextView prog_id) override { return make_object(prog_id); }
+    bool has_class(host::TextView prog_id) override { return is_registered(prog_id); }
+    std::vector<desk::IndexedFile> indexed_files() override;
     std::vector<desk::StartedProgram> programs() override { return programs_.started; }
+    std::vector<host::Text> opened() override { return programs_.opened; }
     std::vector<desk::LiveCount> live() override { return boundary_.live(); }
     std::vector<desk::CallCount> calls() override;
     void reset_calls() override { boundary_.forget_calls(); }

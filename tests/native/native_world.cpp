@@ -81,6 +81,11 @@ NativeWorld::NativeWorld(const acceptance::WorldSetup& setup)
       desktop_(boundary_, registry_, programs_, add_in_folder(), texts(setup.without), engine_) {
     std::filesystem::create_directory(folder_ / "addin");
     std::filesystem::create_directory(folder_ / "files");
+    const std::filesystem::path documents =
+        std::filesystem::path(TARNWELL_DATA_FOLDER) / setup.database / "documents";
+    std::filesystem::create_directory(folder_ / "documents");
+    if (std::filesystem::exists(documents))
+        std::filesystem::copy(documents, folder_ / "documents", std::filesystem::copy_options::recursive);
     std::filesystem::copy_file(database_file(setup.database), folder_ / "database.desk");
     for (const TextView program : family_programs) {
         const bool left_out = std::ranges::any_of(
@@ -103,7 +108,7 @@ void NativeWorld::start() {
     desk::Options options;
     options.host_version = setup_.host_version;
     options.instant_search = setup_.instant_search;
-    options.event_order = event_order(setup_.event_order);
+    options.at_once = desk::AtOnce::of(event_order(setup_.event_order));
     host_ = std::make_unique<Host>(*boundary_, programs_, strands_, engine_, folder_ / "database.desk",
                                    std::move(options));
     desktop_.attach(&host_->desk);
@@ -115,6 +120,8 @@ void NativeWorld::start() {
     surroundings.ask_person = [this](TextView text, TextView title, std::uint32_t style) {
         return desktop_.message_box(text, title, style);
     };
+    surroundings.indexed_folder = folder_ / "documents";
+    surroundings.is_registered = [this](TextView prog_id) { return !desktop_.left_out(prog_id); };
     surroundings.make_object = [this](TextView prog_id) { return desktop_.make(prog_id); };
     surroundings.connect = [this](TextView, bool connect) {
         if (connect && !loaded_) load_add_in(mode_after_startup);
@@ -201,6 +208,12 @@ Text NativeWorld::write_file(const std::string& name, const std::string& bytes) 
     std::ofstream file(path, std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return path.u16string();
+}
+
+Text NativeWorld::write_document(const std::string& name, const std::string& bytes) {
+    const std::filesystem::path path = folder_ / "documents" / name;
+    std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    return system_path(path);
 }
 
 bool NativeWorld::file_exists(TextView path) { return std::filesystem::exists(local_path(path)); }

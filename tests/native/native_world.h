@@ -23,6 +23,7 @@ class NativeWorld final : public acceptance::World {
     host::Desktop& desktop() override { return desktop_; }
     host::Text add_in_folder() override;
     host::Text write_file(const std::string& name, const std::string& bytes) override;
+    host::Text write_document(const std::string& name, const std::string& bytes) override;
     bool file_exists(host::TextView path) override;
     void remove_file(host::TextView path) override;
 

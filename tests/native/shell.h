@@ -8,10 +8,11 @@
 
 namespace native {
 
-/// The programs that can be started, and those that were.
+/// The programs that can be started, those that were, and the files that were handed to the shell.
 struct Programs {
     std::vector<host::Text> there;  ///< file names
     std::vector<desk::StartedProgram> started;
+    std::vector<host::Text> opened;
 };
 
 /// Notes the programs that it starts. One that isn't there fails with `result::file_not_found`.

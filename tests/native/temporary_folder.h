@@ -32,4 +32,9 @@ class TemporaryFolder {
 /// A path of the add-in's or the desk's own, whose folders may stand apart by backslashes.
 inline std::filesystem::path local_path(host::TextView path) { return {host::replaced(path, u"\\", u"/")}; }
 
+/// A path as the host's system spells it.
+inline host::Text system_path(const std::filesystem::path& path) {
+    return host::replaced(path.u16string(), u"/", u"\\");
+}
+
 }  // namespace native

@@ -175,6 +175,7 @@ class Profile {
 class Surroundings : public family::Surroundings {
   public:
     explicit Surroundings(std::vector<Profile::Node> stores = {}) : profile(std::move(stores)) {}
+    ~Surroundings() override { close_windows(); }
 
     std::optional<Text> read_setting(TextView name) override {
         const auto found = settings.find(Text(name));

@@ -209,8 +209,10 @@ Object drop_down(TextView subject, TextView record_type, TextView message_class 
     properties->functions[u"Find"] = [property](std::vector<Value>& arguments) -> Value {
         return arguments.at(0) == Value(u"RecordType") ? property : Object();
     };
-    return Object(fake(
-        {{u"Subject", subject}, {u"MessageClass", message_class}, {u"UserProperties", Object(properties)}}));
+    return Object(fake({{u"Subject", subject},
+                        {u"EntryID", u"ID " + Text(subject)},
+                        {u"MessageClass", message_class},
+                        {u"UserProperties", Object(properties)}}));
 }
 
 TEST_F(MainAddInTest, ListsTheDropDownRecordsOfAKindInTheirOrder) {
@@ -248,8 +250,35 @@ TEST_F(MainAddInTest, RecordsWhatItWouldShow) {
                     "MainAddIn.reloadtoolbar(UNLOAD)", "MainAddIn.reloadtoolbar(RELOAD)"));
 }
 
-TEST_F(MainAddInTest, ItsMessageIdCanOnlyBeWritten) {
-    EXPECT_EQ(failure_of([&] { main.get(u"messageid"); }), host::result::member_not_found);
+TEST_F(MainAddInTest, KeepsTheIdOfAMail) {
+    EXPECT_EQ(ask(u"messageid"), u"");
+    main.put(u"messageid", u"00A1");
+    EXPECT_EQ(ask(u"messageid"), u"00A1");
+    EXPECT_EQ(family::create(u"Tarnwell.connect", around).get(u"messageid"), Value(u""))
+        << "each has its own";
+}
+
+TEST_F(MainAddInTest, ListsTheTemplatesOfAKindInAWindow) {
+    around->profile.stores().back().children.front().children[1].items = {
+        drop_down(u"Phone call", u"Note Type"), drop_down(u"Spring letter", u"Email Blast"),
+        drop_down(u"Offer", u"Document"), drop_down(u"Autumn letter", u"Email Blast")};
+    main.call(u"ShowMailer");
+    main.call(u"Showlist", {u"Document"});
+    main.call(u"Showlist", {u"Spreadsheet"});
+    const auto listed = [&](TextView caption) {
+        std::vector<Text> subjects;
+        native::MemoryWindow* const window = around->windows.find(caption);
+        if (!window || !window->visible()) return subjects;
+        const addin::forms::List& list = window->control(u"lstTemplates").list();
+        for (int row = 0; row < list.count(); ++row) subjects.push_back(list.text(row, 0));
+        return subjects;
+    };
+    EXPECT_THAT(listed(u"Email Templates"), ElementsAre(u"Spring letter", u"Autumn letter"));
+    EXPECT_THAT(listed(u"Document Templates"), ElementsAre(u"Offer"));
+    EXPECT_THAT(listed(u"Spreadsheet Templates"), ElementsAre());
+    EXPECT_TRUE(around->shows_windows());
+    around->close_windows();
+    EXPECT_FALSE(around->shows_windows());
 }
 
 TEST_F(MainAddInTest, MembersThatTheSettingListsFail) {
@@ -259,6 +288,7 @@ TEST_F(MainAddInTest, MembersThatTheSettingListsFail) {
     EXPECT_EQ(failure_of([&] { main.call(u"ShowMailer"); }), host::result::fail);
     EXPECT_EQ(failure_of([&] { ask(u"GetStoreId"); }), 0);
     EXPECT_THAT(around->calls, ElementsAre());
+    EXPECT_FALSE(around->shows_windows());
     around->settings[u"Fail"] = u";;";
     EXPECT_EQ(failure_of([&] { ask(u"generateid"); }), 0);
 }

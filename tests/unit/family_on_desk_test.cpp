@@ -33,7 +33,10 @@ struct QuietDesk : desk::Surroundings {
     Object create_object(TextView prog_id) override {
         throw host::Failure(host::result::bad_prog_id, Text(prog_id));
     }
+    bool has_class(TextView) override { return false; }
+    std::vector<desk::IndexedFile> indexed_files() override { return {}; }
     std::vector<desk::StartedProgram> programs() override { return {}; }
+    std::vector<Text> opened() override { return {}; }
     std::vector<desk::LiveCount> live() override { return {}; }
     std::vector<desk::CallCount> calls() override { return {}; }
     void reset_calls() override {}

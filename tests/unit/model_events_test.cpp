@@ -168,6 +168,99 @@ TEST(EventOrder, CanBeChangedWhileTheHostRuns) {
     EXPECT_EQ(listener.told.size(), 2U);
 }
 
+TEST(EventOrder, CanBeChosenForEachKindOfEvent) {
+    struct Case {
+        TextView at_once;
+        Told at_first;
+    };
+    const Case cases[] = {{u"AddsAtOnce", {"ItemAdd One"}},
+                          {u"ChangesAtOnce", {"ItemChange Two"}},
+                          {u"RemovalsAtOnce", {"ItemRemove"}}};
+    for (const Case& one : cases) {
+        native::NativeWorld world({.event_order = "deferred", .add_in = false});
+        host::Request request{
+            .access = host::Access::put, .member = u"Options", .arguments = {Value(one.at_once), true}};
+        world.desk().invoke(request);
+        const Items items = world.inbox().Items();
+        const Listener listener = listen(items);
+        const Item mail = items.Add(u"IPM.Note");
+        mail.Subject(u"One");
+        mail.Save();
+        mail.Subject(u"Two");
+        mail.Save();
+        mail.call(u"Delete");
+        EXPECT_EQ(listener.told, one.at_first);
+    }
+}
+
+TEST(EventOrder, TellsOfNoChangeOfWhatHasLeft) {
+    native::NativeWorld world({.event_order = "deferred", .add_in = false});
+    const Items items = world.inbox().Items();
+    const Item mail = items.Add(u"IPM.Note");
+    mail.Save();
+    world.settle();
+    const Listener listener = listen(items);
+    mail.Subject(u"Two");
+    mail.Save();
+    mail.call(u"Delete");
+    world.settle();
+    EXPECT_EQ(listener.told, Told{"ItemRemove"});
+}
+
+class Dragging : public ModelTest {
+  protected:
+    Folder target = world.below(u"Account Contacts");
+    Item contact = [this] {
+        const Item made = default_folder(folder_number::contacts).Items().Add(u"IPM.Contact");
+        made.put(u"FullName", u"Ann Lee");
+        made.Save();
+        world.settle();
+        return made;
+    }();
+    /// What the selection is while the folder tells of what was dropped.
+    std::vector<std::string> selected_meanwhile(bool copies) const {
+        desk.call(u"Select", {Value(contact)});
+        std::vector<std::string> seen;
+        const Items items = target.Items();
+        host::Sink sink;
+        sink.connect(
+            host::events::items, items,
+            {{u"ItemAdd", [&](std::span<Value> arguments) {
+                  seen.push_back(shown(Item(arguments[0].to_object()).Subject()));
+                  seen.push_back(shown(text(selection().call(u"Item", {1}).to_object(), u"Subject")));
+              }}});
+        desk.call(u"Drag", {Value(target), copies});
+        world_settle();
+        return seen;
+    }
+    Object selection() const {
+        return application.call(u"ActiveExplorer").to_object().get(u"Selection").to_object();
+    }
+    void world_settle() const { desk.call(u"Pump", {0}); }
+};
+
+TEST_F(Dragging, ACopyLeavesTheItemWhereItIsAndSelected) {
+    EXPECT_EQ(selected_meanwhile(true), (std::vector<std::string>{"Ann Lee", "Ann Lee"}));
+    EXPECT_EQ(target.Items().Count(), 1);
+    EXPECT_EQ(default_folder(folder_number::contacts).Items().Count(), 1);
+    EXPECT_EQ(integer(selection(), u"Count"), 1);
+    EXPECT_EQ(text(contact, u"FullName"), u"Ann Lee");
+}
+
+TEST_F(Dragging, AMoveTakesTheItemAlong) {
+    EXPECT_EQ(selected_meanwhile(false), (std::vector<std::string>{"Ann Lee", "Ann Lee"}));
+    EXPECT_EQ(target.Items().Count(), 1);
+    EXPECT_EQ(default_folder(folder_number::contacts).Items().Count(), 0);
+    EXPECT_EQ(integer(selection(), u"Count"), 0) << "it isn't in the folder that is shown any more";
+}
+
+TEST_F(Dragging, OntoItsOwnFolderMovesNothing) {
+    desk.call(u"Select", {Value(contact)});
+    desk.call(u"Drag", {Value(default_folder(folder_number::contacts))});
+    EXPECT_EQ(integer(selection(), u"Count"), 1);
+    EXPECT_EQ(text(contact, u"FullName"), u"Ann Lee") << "it is still the same object";
+}
+
 class OtherEvents : public ModelTest {};
 
 TEST_F(OtherEvents, OfSendingMayCancelIt) {

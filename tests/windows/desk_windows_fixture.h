@@ -39,7 +39,10 @@ class QuietSurroundings final : public desk::Surroundings {
     std::unique_ptr<desk::WindowDriver> window(TextView) override { return nullptr; }
     int ask(TextView, TextView, std::uint32_t) override { return 0; }
     Object create_object(TextView) override { return {}; }
+    bool has_class(TextView) override { return false; }
+    std::vector<desk::IndexedFile> indexed_files() override { return {}; }
     std::vector<desk::StartedProgram> programs() override { return {}; }
+    std::vector<Text> opened() override { return {}; }
     std::vector<desk::LiveCount> live() override { return {}; }
     std::vector<desk::CallCount> calls() override { return {}; }
     void reset_calls() override {}
@@ -76,7 +79,7 @@ class DatabaseFile {
         root.store_uid = Text(32, u'1');
         const desk::RowId mailbox = store->add_folder(root);
         const std::pair<std::int32_t, const char16_t*> folders[] = {
-            {6, u"Inbox"}, {5, u"Sent Items"}, {3, u"Deleted Items"}, {16, u"Drafts"}};
+            {6, u"Inbox"}, {5, u"Sent Items"}, {3, u"Deleted Items"}, {16, u"Drafts"}, {9, u"Calendar"}};
         for (const auto& [number, name] : folders) {
             desk::FolderRow row;
             row.parent = mailbox;
@@ -98,6 +101,15 @@ inline std::vector<HWND> windows_of_class(TextView wanted, HWND inside = nullptr
                   [&](HWND window) { return !host::same_ignoring_case(desk::class_name(window), wanted); });
     return found;
 }
+
+/// Drag and drop for this thread.
+class Ole {
+  public:
+    Ole() { OleInitialize(nullptr); }
+    ~Ole() { OleUninitialize(); }
+    Ole(const Ole&) = delete;
+    Ole& operator=(const Ole&) = delete;
+};
 
 class DeskWindowsTest : public testing::Test {
   protected:
@@ -170,10 +182,12 @@ class DeskWindowsTest : public testing::Test {
         run_messages();
     }
 
+    Ole ole;
     DatabaseFile file;
     QuietSurroundings surroundings;
     mutable desk::Desk desk{surroundings, file.open(), desk::Options{}};
-    desk::DeskWindows windows{desk};
+    windows::Module module;
+    desk::DeskWindows windows{desk, module};
 };
 
 }  // namespace desk_tests

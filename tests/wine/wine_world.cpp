@@ -119,6 +119,9 @@ class WineWorld : public acceptance::World {
         fs::create_directories(folder_.path() / "special");
         fs::create_directories(folder_.path() / "files");
         fs::copy_file(source / "tarnwell.db", folder_.path() / "special" / "tarnwell.db");
+        fs::create_directories(folder_.path() / "documents");
+        if (fs::exists(source / "documents"))
+            fs::copy(source / "documents", folder_.path() / "documents", fs::copy_options::recursive);
         fs::copy_file(source / "twsystemfolder.ini", folder_.path() / "special" / "twsystemfolder.ini");
         for (const std::string& name : setup.without) {
             if (name.ends_with(".exe")) {
@@ -153,6 +156,7 @@ class WineWorld : public acceptance::World {
         set(u"State", text_of(folder_.path() / "special"));
         set(u"LogFile", text_of(log()));
         set(u"HostVersion", setup_.host_version);
+        set(u"IndexedFolder", text_of(folder_.path() / "documents"));
         set(u"InstantSearch", setup_.instant_search ? u"1" : u"0");
         set(u"EventOrder", host::from_utf8(setup_.event_order));
         set(u"Unattended", u"1");
@@ -176,15 +180,21 @@ class WineWorld : public acceptance::World {
     Text add_in_folder() override { return text_of(program_folder()); }
 
     Text write_file(const std::string& name, const std::string& bytes) override {
-        const fs::path file = folder_.path() / "files" / fs::path(host::from_utf8(name));
-        std::ofstream(file, std::ios::binary | std::ios::trunc)
-            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        return text_of(file);
+        return write(folder_.path() / "files" / fs::path(host::from_utf8(name)), bytes);
+    }
+    Text write_document(const std::string& name, const std::string& bytes) override {
+        return write(folder_.path() / "documents" / fs::path(host::from_utf8(name)), bytes);
     }
     bool file_exists(TextView path) override { return fs::exists(fs::path(path)); }
     void remove_file(TextView path) override { fs::remove(fs::path(path)); }
 
   private:
+    static Text write(const fs::path& file, const std::string& bytes) {
+        std::ofstream(file, std::ios::binary | std::ios::trunc)
+            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return text_of(file);
+    }
+
     fs::path log() const { return folder_.path() / "desk.log"; }
 
     /// Waits for a line of the desk's log; answers what follows after its beginning.

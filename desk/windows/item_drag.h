@@ -1,0 +1,48 @@
+// Dragging the selection of a main window, and dropping it on a folder.
+#pragma once
+
+#include <functional>
+
+#include "desk/model/explorers.h"
+#include "windows/com/com_object.h"
+#include "windows/com/com_ptr.h"
+#include "windows/forms/common_controls.h"
+
+namespace desk {
+
+/// What is dragged at the moment, if something is.
+struct Dragging {
+    std::shared_ptr<Explorer> from;
+};
+
+/// Drags the selection of an explorer until the mouse button is released or Escape is pressed. Messages are
+/// handled meanwhile.
+void drag_selection(windows::Module& module, Dragging& dragging, const std::shared_ptr<Explorer>& from);
+
+/// Takes what is dragged out of a main window onto a folder of a tree: moves it, with the control key copies
+/// it.
+class FolderDropTarget final : public windows::ComObject<IDropTarget> {
+  public:
+    using OnDrop = std::function<void(const std::shared_ptr<Explorer>& from, HTREEITEM folder, bool copies)>;
+    static windows::ComPtr<IDropTarget> create(windows::Module& module, HWND tree, const Dragging& dragging,
+                                               OnDrop drop);
+
+    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject*, DWORD keys, POINTL point,
+                                        DWORD* effect) noexcept override;
+    HRESULT STDMETHODCALLTYPE DragOver(DWORD keys, POINTL point, DWORD* effect) noexcept override;
+    HRESULT STDMETHODCALLTYPE DragLeave() noexcept override;
+    HRESULT STDMETHODCALLTYPE Drop(IDataObject*, DWORD keys, POINTL point, DWORD* effect) noexcept override;
+
+  private:
+    FolderDropTarget(windows::Module& module, HWND tree, const Dragging& dragging, OnDrop drop)
+        : ComObject(module), tree_(tree), dragging_(dragging), drop_(std::move(drop)) {}
+    void* query(REFIID iid) noexcept override;
+    HTREEITEM folder_at(POINTL point) const;
+    HRESULT offer(DWORD keys, POINTL point, DWORD* effect) const;
+
+    HWND tree_;
+    const Dragging& dragging_;
+    OnDrop drop_;
+};
+
+}  // namespace desk

@@ -1,0 +1,16 @@
+#include "desk/windows/shown_value.h"
+
+namespace desk {
+
+host::Text shown_value(const ItemData& item, host::TextView field) {
+    const std::optional<host::Value> value = field_value(item, field);
+    if (!value) return {};
+    if (value->is(host::Value::Type::date)) {
+        if (value->to_date() == no_date) return {};
+        constexpr std::size_t without_seconds = 16;
+        return value->to_text().substr(0, without_seconds);
+    }
+    return value->to_text();
+}
+
+}  // namespace desk

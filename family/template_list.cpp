@@ -1,0 +1,94 @@
+#include "family/template_list.h"
+
+#include "family/database.h"
+
+namespace family {
+
+using addin::forms::Column;
+using addin::forms::ControlKind;
+using addin::forms::ControlRow;
+using addin::forms::FormTable;
+using addin::forms::List;
+using host::Text;
+using host::TextView;
+using host::Value;
+
+namespace {
+
+constexpr TextView templates = u"lstTemplates", open_button = u"cmdOpen", close_button = u"cmdClose";
+constexpr int id_column = 1;
+
+constexpr Column columns[] = {{u"Template", 5700}, {u"EntryID", 0}};
+constexpr ControlRow controls[] = {
+    {.kind = ControlKind::report_list,
+     .name = templates,
+     .place = {120, 120, 6000, 3450},
+     .tool_tip = u"Double click a template to open it.",
+     .columns = columns,
+     .accessible_name = u"Templates"},
+    {.kind = ControlKind::button, .name = open_button, .text = u"Open", .place = {6300, 120, 1395, 375}},
+    {.kind = ControlKind::button, .name = close_button, .text = u"Close", .place = {6300, 615, 1395, 375}},
+};
+constexpr FormTable table{.name = u"TemplateList",
+                          .width = 7830,
+                          .height = 3700,
+                          .default_button = open_button,
+                          .cancel_button = close_button,
+                          .first_focus = templates,
+                          .controls = controls};
+
+}  // namespace
+
+TemplateList::TemplateList(addin::forms::Engine& engine, Surroundings& surroundings, Text kind)
+    : Form(engine, table), surroundings_(surroundings), kind_(std::move(kind)) {}
+
+void TemplateList::show_with_title(TextView title) {
+    view().caption(title);
+    fill();
+    show();
+}
+
+void TemplateList::fill() {
+    std::vector<host::outlook::Item> records;
+    try {
+        records = Database(surroundings_).drop_down_records(kind_);
+    } catch (const host::Failure&) {
+        // without a database there is nothing to list
+    }
+    List& list = control(templates).list();
+    list.clear();
+    for (const host::outlook::Item& record : records) {
+        const int row = list.add(record.Subject());
+        list.text(row, id_column, record.EntryID());
+    }
+    if (list.count() > 0) list.select(0);
+}
+
+void TemplateList::open_selected() {
+    List& list = control(templates).list();
+    const int row = list.selected();
+    if (row < 0) return;
+    const host::outlook::Application application(surroundings_.application());
+    application.GetNamespace(u"MAPI")
+        .call(u"GetItemFromID", {Value(list.text(row, id_column))})
+        .to_object()
+        .call(u"Display");
+}
+
+void TemplateList::on_click(TextView name) {
+    if (name == open_button) open_selected();
+    if (name == close_button) unload();
+}
+
+void TemplateList::on_double_click(TextView) { open_selected(); }
+
+void show_templates(Surroundings& surroundings, TextView title, TextView kind) {
+    ShownTemplates& shown = surroundings.shown_templates()[Text(kind)];
+    if (!shown.window) {
+        shown.engine = surroundings.engine();
+        shown.window = std::make_shared<TemplateList>(*shown.engine, surroundings, Text(kind));
+    }
+    shown.window->show_with_title(title);
+}
+
+}  // namespace family

@@ -1,0 +1,169 @@
+// Items that are dragged out of the list of a main window, with a real mouse as far as the system goes.
+#include <functional>
+#include <vector>
+
+#include "desk/model/item.h"
+#include "desk/windows/dragged.h"
+#include "tests/windows/desk_windows_fixture.h"
+#include "windows/forms/drop_target.h"
+
+namespace desk_tests {
+namespace {
+
+constexpr std::int32_t deleted_items = 3, inbox = 6, drafts = 16;
+
+/// Moves the mouse pointer, and presses and releases its button, step by step while messages are handled.
+class Hand {
+  public:
+    struct Step {
+        POINT point;       ///< of the screen
+        DWORD button = 0;  ///< MOUSEEVENTF_LEFTDOWN or MOUSEEVENTF_LEFTUP
+    };
+    explicit Hand(std::vector<Step> steps) : steps_(std::move(steps)) {
+        self() = this;
+        constexpr UINT pace = 40;  // milliseconds
+        timer_ = SetTimer(nullptr, 0, pace, [](HWND, UINT, UINT_PTR, DWORD) {
+            if (self()) self()->go_on();
+        });
+    }
+    ~Hand() {
+        KillTimer(nullptr, timer_);
+        self() = nullptr;
+    }
+    Hand(const Hand&) = delete;
+    Hand& operator=(const Hand&) = delete;
+
+    bool done() const { return next_ == steps_.size(); }
+
+  private:
+    static Hand*& self() {
+        static Hand* the_one = nullptr;
+        return the_one;
+    }
+    void go_on() {
+        if (done()) return;
+        const Step& step = steps_[next_++];
+        INPUT input{};
+        input.type = INPUT_MOUSE;
+        input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+        constexpr LONG whole = 65535;
+        input.mi.dx = MulDiv(step.point.x, whole, GetSystemMetrics(SM_CXSCREEN) - 1);
+        input.mi.dy = MulDiv(step.point.y, whole, GetSystemMetrics(SM_CYSCREEN) - 1);
+        SendInput(1, &input, sizeof input);
+        if (step.button == 0) return;
+        input.mi.dwFlags = step.button;
+        SendInput(1, &input, sizeof input);
+    }
+
+    std::vector<Step> steps_;
+    std::size_t next_ = 0;
+    UINT_PTR timer_;
+};
+
+class DeskDragging : public DeskWindowsTest {
+  protected:
+    DeskDragging() {
+        add_mail(u"One");
+        add_mail(u"Two");
+        SetWindowPos(explorer_window(), HWND_TOPMOST, 0, 0, 900, 600, 0);
+        run_messages();
+    }
+
+    void add_mail(TextView subject) {
+        desk::ItemData data;
+        data.message_class = u"IPM.Note";
+        data.fields[u"Subject"] = Value(subject);
+        std::make_shared<desk::Item>(desk, desk.default_folder(inbox), std::move(data))->save();
+    }
+    std::size_t count(std::int32_t folder) { return desk.contents(desk.default_folder(folder)).size(); }
+
+    static HWND control(TextView class_name) {
+        return windows_of_class(class_name, explorer_window()).front();
+    }
+
+    static POINT on_screen(HWND window, const RECT& box) {
+        POINT point{box.left + 12, (box.top + box.bottom) / 2};
+        ClientToScreen(window, &point);
+        return point;
+    }
+    static POINT list_line(int line) {
+        RECT box{};
+        ListView_GetItemRect(control(u"SysListView32"), line, &box, LVIR_LABEL);
+        return on_screen(control(u"SysListView32"), box);
+    }
+    static POINT tree_line(TextView name) {
+        const HWND tree = control(u"SysTreeView32");
+        for (HTREEITEM item = TreeView_GetRoot(tree); item; item = TreeView_GetNextVisible(tree, item)) {
+            std::array<wchar_t, 100> text{};
+            TVITEMW row{};
+            row.mask = TVIF_TEXT;
+            row.hItem = item;
+            row.pszText = text.data();
+            row.cchTextMax = static_cast<int>(text.size());
+            SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&row));
+            if (TextView(reinterpret_cast<const char16_t*>(text.data())) != name) continue;
+            RECT box{};
+            TreeView_GetItemRect(tree, item, &box, TRUE);
+            return on_screen(tree, box);
+        }
+        return {};
+    }
+
+    /// Drags from one point of the screen to another, and waits for what comes of it.
+    bool drag(POINT from, POINT to, const std::function<bool()>& done) {
+        Hand hand({{from},
+                   {from, MOUSEEVENTF_LEFTDOWN},
+                   {{from.x + 6, from.y + 6}},
+                   {{from.x + 20, from.y + 12}},
+                   {to},
+                   {{to.x + 1, to.y}},
+                   {{to.x + 1, to.y}, MOUSEEVENTF_LEFTUP}});
+        constexpr int most_rounds = 300, round = 20;  // milliseconds
+        for (int i = 0; i < most_rounds && !(hand.done() && done()); ++i) surroundings.loop.pump(round);
+        return done();
+    }
+};
+
+TEST_F(DeskDragging, MovesAnItemOntoAFolder) {
+    EXPECT_TRUE(drag(list_line(0), tree_line(u"Drafts"), [&] { return count(drafts) == 1; }));
+    EXPECT_EQ(count(inbox), 1U);
+    const auto moved = desk.open_item(desk.contents(desk.default_folder(drafts)).at(0));
+    EXPECT_EQ(moved->subject(), u"Two") << "the newest stands first";
+}
+
+TEST_F(DeskDragging, GoesOntoAListOfAnotherWindow) {
+    const HWND other = CreateWindowW(L"STATIC", L"other", WS_POPUP | WS_VISIBLE, 950, 100, 200, 200, nullptr,
+                                     nullptr, GetModuleHandleW(nullptr), nullptr);
+    SetWindowPos(other, HWND_TOPMOST, 950, 100, 200, 200, 0);
+    int dropped = 0;
+    std::size_t selected = 0;
+    const auto target = windows::DropTarget::create(module, other, [&](int, int) {
+        ++dropped;
+        selected = desk.explorers()->open.back()->selected().size();
+    });
+    ASSERT_EQ(RegisterDragDrop(other, target.get()), S_OK);
+    EXPECT_TRUE(drag(list_line(1), {1050, 200}, [&] { return dropped == 1; }));
+    EXPECT_EQ(selected, 1U) << "what is dragged is what is selected";
+    EXPECT_EQ(count(inbox), 2U);
+    RevokeDragDrop(other);
+    DestroyWindow(other);
+}
+
+/// The tree's own drop target, asked as the system asks it.
+TEST_F(DeskDragging, TheTreeTakesWhatIsDraggedOutOfAMainWindowOnly) {
+    const HWND tree = control(u"SysTreeView32");
+    auto* const target = static_cast<IDropTarget*>(GetPropW(tree, L"OleDropTargetInterface"));
+    ASSERT_TRUE(target);
+    const POINT place = tree_line(u"Deleted Items");
+    const auto data = desk::Dragged::create(module);
+    DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    EXPECT_EQ(target->DragEnter(data.get(), MK_LBUTTON, {place.x, place.y}, &effect), S_OK);
+    EXPECT_EQ(effect, static_cast<DWORD>(DROPEFFECT_NONE));
+    effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+    EXPECT_EQ(target->Drop(data.get(), 0, {place.x, place.y}, &effect), S_OK);
+    run_messages();
+    EXPECT_EQ(count(deleted_items), 0U);
+}
+
+}  // namespace
+}  // namespace desk_tests
