@@ -132,7 +132,7 @@ TEST_F(DeskDragging, MovesAnItemOntoAFolder) {
 }
 
 TEST_F(DeskDragging, GoesOntoAListOfAnotherWindow) {
-    const HWND other = CreateWindowW(L"STATIC", L"other", WS_POPUP | WS_VISIBLE, 950, 100, 200, 200, nullptr,
+    const HWND other = CreateWindowW(WC_LISTVIEWW, L"other", WS_POPUP | WS_VISIBLE, 950, 100, 200, 200, nullptr,
                                      nullptr, GetModuleHandleW(nullptr), nullptr);
     SetWindowPos(other, HWND_TOPMOST, 950, 100, 200, 200, 0);
     int dropped = 0;
