@@ -114,9 +114,9 @@ TEST_F(FamilyServer, FailsAsTheSettingSays) {
 TEST_F(FamilyServer, RecordsCallsInTheRegistry) {
     const host::Object main = asked(u"Tarnwell.connect");
     main.put(u"messageid", u"00A1");
-    main.call(u"ShowMailer");
+    main.call(u"reloadtoolbar", {u"UNLOAD"});
     EXPECT_EQ(read_text(HKEY_CURRENT_USER, key + L"\\Calls", L"0001"), L"MainAddIn.messageid = 00A1");
-    EXPECT_EQ(read_text(HKEY_CURRENT_USER, key + L"\\Calls", L"0002"), L"MainAddIn.ShowMailer");
+    EXPECT_EQ(read_text(HKEY_CURRENT_USER, key + L"\\Calls", L"0002"), L"MainAddIn.reloadtoolbar(UNLOAD)");
     EXPECT_EQ(read_text(HKEY_CURRENT_USER, key + L"\\Calls", L"0003"), L"(none)");
 }
 

@@ -44,11 +44,15 @@ TEST_F(Cdo, FindsMessagesByTheirIdInTheirStore) {
     EXPECT_EQ(message_of(appointment).call(u"Subject").to_text(), u"Visit");
 
     const Text other_store = world.below(u"Email").StoreID();
-    for (const auto& [id, store] : {std::pair{Text(), calendar.StoreID()},
-                                    {Text(u"00"), calendar.StoreID()},
-                                    {calendar.EntryID(), calendar.StoreID()},
-                                    {appointment.EntryID(), other_store}}) {
-        EXPECT_EQ(failure_of([&] { cdo.GetMessage(id, store); }), result::not_found) << shown(id);
+    struct Case {
+        Text id, store;
+    };
+    const Case cases[] = {{Text(), calendar.StoreID()},
+                          {u"00", calendar.StoreID()},
+                          {calendar.EntryID(), calendar.StoreID()},
+                          {appointment.EntryID(), other_store}};
+    for (const Case& one : cases) {
+        EXPECT_EQ(failure_of([&] { cdo.GetMessage(one.id, one.store); }), result::not_found) << shown(one.id);
     }
 }
 

@@ -118,9 +118,7 @@ class DeskDragging : public DeskWindowsTest {
                    {to},
                    {{to.x + 1, to.y}},
                    {{to.x + 1, to.y}, MOUSEEVENTF_LEFTUP}});
-        constexpr int most_rounds = 300, round = 20;  // milliseconds
-        for (int i = 0; i < most_rounds && !(hand.done() && done()); ++i) surroundings.loop.pump(round);
-        return done();
+        return wait_until([&] { return hand.done() && done(); });
     }
 };
 
@@ -132,8 +130,8 @@ TEST_F(DeskDragging, MovesAnItemOntoAFolder) {
 }
 
 TEST_F(DeskDragging, GoesOntoAListOfAnotherWindow) {
-    const HWND other = CreateWindowW(WC_LISTVIEWW, L"other", WS_POPUP | WS_VISIBLE, 950, 100, 200, 200, nullptr,
-                                     nullptr, GetModuleHandleW(nullptr), nullptr);
+    const HWND other = CreateWindowW(WC_LISTVIEWW, L"other", WS_POPUP | WS_VISIBLE, 950, 100, 200, 200,
+                                     nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     SetWindowPos(other, HWND_TOPMOST, 950, 100, 200, 200, 0);
     int dropped = 0;
     std::size_t selected = 0;

@@ -122,6 +122,13 @@ class DeskWindowsTest : public testing::Test {
     ~DeskWindowsTest() override { windows.close_all(); }
 
     void run_messages() { surroundings.loop.pump(0); }
+    /// Lets messages come until a condition holds, or a generous time has passed.
+    template <class Condition>
+    bool wait_until(Condition condition) {
+        constexpr int most_rounds = 300, round = 20;  // milliseconds
+        for (int i = 0; i < most_rounds && !condition(); ++i) surroundings.loop.pump(round);
+        return condition();
+    }
 
     Object create_mail() const { return desk.application()->self().call(u"CreateItem", {0}).to_object(); }
     Object open_mail() {
