@@ -36,3 +36,16 @@ expect 0 ./tarnwell script "$script"
 prints 1
 expect 0 ./tarnwell script "$script" --without TarnwellNote.dll
 prints 0
+
+script search.js <<'JS'
+try {
+    new ActiveXObject("ADODB.Connection").Open("Provider=Search.CollatorDSO;");
+    WScript.Echo("open");
+} catch (error) {
+    WScript.Echo("missing");
+}
+JS
+expect 0 ./tarnwell script "$script" --instant-search
+prints open
+expect 0 ./tarnwell script "$script" --instant-search --without Search.CollatorDSO
+prints missing
