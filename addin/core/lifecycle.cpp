@@ -1,4 +1,6 @@
 // Start and stop of the add-in: the order of the steps is binding, and a failing one is skipped.
+#include <utility>
+
 #include "commands/context_menu.h"
 #include "commands/explorer_commands.h"
 #include "commands/inspector_commands.h"
@@ -251,6 +253,10 @@ void Connect::StopAddIn() {
         steps.run([&] { panel->hide(); });
         steps.run([&] { panel->unload(); });
     }
+    for (const auto& panel : std::exchange(session_.loaded_panels, {})) {
+        steps.run([&] { panel->hide(); });
+        steps.run([&] { panel->unload(); });
+    }
     steps.run([&] { delete_control(goButton); });
     steps.set(bar,
               [&] { return CommandBars(ActiveExplorerCBars.source()).Item(commands::context_menu_bar); });
@@ -315,14 +321,17 @@ void Connect::select_item(const host::outlook::Item& Myitem) {
 }
 
 void Connect::ShowItemsMenu(const host::outlook::Item& Myitem) {
+    Session& session = session_;
+    Steps steps;
     select_item(Myitem);
-    session_.gPanelMenu.unload();
-    session_.gPanelMenu.show();
+    steps.run([&] { session.gPanelMenu.unload(); });
+    steps.run([&] { session.gPanelMenu.show(); });
 }
 
 void Connect::ShowItemsMenu2(const host::outlook::Item& Myitem) {
+    Steps steps;
     select_item(Myitem);
-    session_.gPanelMenu2.show();
+    steps.run([&] { session_.gPanelMenu2.show(); });
 }
 
 }  // namespace addin

@@ -1,9 +1,12 @@
 #include "core/session.h"
 
+#include <utility>
+
 #include "commands/explorer_tracking.h"
 #include "conversions/furnish.h"
 #include "core/status_windows.h"
 #include "createnote/dlg_send.h"
+#include "searchpanel/show_items.h"
 #include "templates/template_commands.h"
 
 namespace addin {
@@ -18,9 +21,12 @@ Session::Session(host::Desktop& platform, forms::Engine& form_engine)
     };
     createnote::furnish(*this);
     conversions::furnish(*this);
+    searchpanel::furnish(*this);
     templates::furnish(*this);
 }
 
-Session::~Session() = default;
+Session::~Session() {
+    for (const auto& panel : std::exchange(loaded_panels, {})) panel->unload();
+}
 
 }  // namespace addin

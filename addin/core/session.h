@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "forms/form.h"
 #include "host/cdo.h"
@@ -61,6 +62,10 @@ struct Session {
     Session& operator=(const Session&) = delete;
     ~Session();
 
+    /// Ends with the session. A long routine that gives way to events asks for it before it goes on: the host
+    /// may have let go of the add-in meanwhile.
+    const std::shared_ptr<const bool> life = std::make_shared<const bool>(true);
+
     host::Desktop& desktop;
     forms::Engine& engine;  ///< makes the windows
 
@@ -91,6 +96,8 @@ struct Session {
     WindowPlace<> search_panel;  ///< the default instance of `ShowItems`
     WindowPlace<> gPanelMenu;
     WindowPlace<> gPanelMenu2;
+    /// Every Search Panel that is loaded, also one of which no place knows any more.
+    std::vector<std::shared_ptr<Window>> loaded_panels;
     WindowPlace<QuickViewWindow> QuickView;
 
     /// A new Create Note dialog for each use; nothing as long as nothing makes it.

@@ -22,7 +22,6 @@ constexpr TextView no_text = u"You must enter a valid search string!";
 constexpr TextView searching = u"Please Wait - Searching for ", complete = u"Search Complete for ";
 constexpr TextView nothing_found = u"No Items Found!", cancelled = u"Search Cancelled!";
 
-constexpr TextView user_properties = u"{00020329-0000-0000-C000-000000000046}";
 constexpr char16_t tag_sign = u'&';
 constexpr TextView hexadecimal = u"&H";
 constexpr std::int32_t text_type = 30;  // PT_STRING8
@@ -201,7 +200,8 @@ void dlgSend::add_row(Steps& steps, const SafeRecordItem& wrapper, const Items& 
     }
     std::int32_t contact_id = 0;  // asked for, and not used
     steps.set(contact_id, [&] {
-        return wrapper.GetIDsFromNames(user_properties, Value(records::property::contact_id)).to_integer() +
+        return wrapper.GetIDsFromNames(records::user_property_set, Value(records::property::contact_id))
+                   .to_integer() +
                text_type;
     });
     if (!loaded()) return;

@@ -20,7 +20,6 @@ namespace {
 
 constexpr TextView search_by_email = u"Search by Email";
 constexpr TextView not_there = u"Invalid List Definition Record in the Tarnwell System Folder";
-constexpr TextView find_definition = u"FindDefinition";
 
 // the records of the "System Folder" by class and subject
 constexpr TextView class_start = u"@SQL=\"", class_property = u"mapi/proptag/0x001a001e\" = '",
@@ -141,7 +140,8 @@ void dlgSend::GetListDef() {
     Text chosen, definition;
     steps.set(chosen, [&] { return control(u"Combo2").text(); });
     steps.set(definition, [&] {
-        return property(found(records::message_class::folder_drop_down, chosen), Text(find_definition));
+        return property(found(records::message_class::folder_drop_down, chosen),
+                        Text(records::property::find_definition));
     });
     Item record;
     steps.set(record, [&] { return found(records::message_class::list_definition, definition); });

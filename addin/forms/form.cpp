@@ -1,11 +1,14 @@
 #include "forms/form.h"
 
+#include "host/failure.h"
+
 namespace addin::forms {
 
 View& Form::view() {
     if (!view_) {
         view_ = engine_.make(table_, weak_from_this());
         on_load();
+        if (!view_) throw host::Failure(host::result::object_deleted, u"The window ended in its load.");
     }
     return *view_;
 }

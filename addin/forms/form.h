@@ -17,8 +17,8 @@ class Form : public Window, public Events, public std::enable_shared_from_this<F
     void hide() override;
     void unload() override;  ///< safe in the window's own events
 
-    /// The window, made and loaded if it isn't there. Throws what the load throws; the window is there all
-    /// the same.
+    /// The window, made and loaded if it isn't there. Throws what the load throws, and then the window is
+    /// there all the same; and if it was unloaded while it was loaded.
     View& view();
     Control& control(host::TextView name) { return view().control(name); }
 

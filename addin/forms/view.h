@@ -129,6 +129,7 @@ class View {
     virtual Size size() const = 0;
     virtual bool minimized() const = 0;
     virtual int dots_per_inch() const = 0;
+    virtual std::intptr_t system_handle() const = 0;  ///< as the platform names the window
     virtual void pointer(host::Pointer pointer) = 0;  ///< the mouse pointer over the window
 };
 

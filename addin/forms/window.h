@@ -38,6 +38,8 @@ class WindowPlace {
     void hide() {
         if (const std::shared_ptr<Kind> hidden = window_) hidden->hide();
     }
+    /// Forgets the window, which stays as long as somebody else holds it; the next one is made anew.
+    void let_go() { window_.reset(); }
     void unload() {
         // its end may come back here
         if (const std::shared_ptr<Kind> going = std::move(window_)) going->unload();

@@ -48,9 +48,17 @@ class Registry {
 
 /// Styles and answers of message boxes. Values: the platform's winuser.h.
 namespace box {
-inline constexpr std::uint32_t ok = 0, yes_no_cancel = 3, yes_no = 4, critical = 16, information = 64;
+inline constexpr std::uint32_t ok = 0, yes_no_cancel = 3, yes_no = 4, critical = 16, question = 32,
+                               information = 64;
 inline constexpr int answer_ok = 1, answer_cancel = 2, answer_yes = 6, answer_no = 7;
 }  // namespace box
+
+/// What the shell is asked to do with a file (ShellExecuteA).
+struct ShellRequest {
+    std::intptr_t window = 0;  ///< owns what the shell shows, as the platform names windows
+    TextView operation, file, parameters, directory;
+    int show_mode = 1;  // SW_SHOWNORMAL
+};
 
 /// Mouse pointers by the numbers of the windows' own `MousePointer`.
 enum class Pointer { standard = 0, hourglass = 11 };
@@ -81,6 +89,9 @@ class Desktop {
     virtual Text find_file(TextView path) = 0;
     virtual void delete_file(TextView path) = 0;  ///< throws `Failure` if the file can't be deleted
 
+    /// Hands a file to the shell. Answers what the shell answers: above 32 for success.
+    virtual std::intptr_t shell_execute(const ShellRequest& request) = 0;
+
     /// The names of an ini file's sections as the platform gives them: each with a terminator, cut off at
     /// `size` characters; empty for a file that isn't there (GetPrivateProfileSectionNamesA).
     virtual Text section_names(TextView path, std::uint32_t size) = 0;
@@ -94,9 +105,9 @@ class Desktop {
     /// The folder that the add-in's own file lies in, without a backslash at its end.
     virtual Text own_folder() = 0;
 
-    /// A value's text in one of the system's named formats ("Currency", "Short Date", "Percent"), by the
-    /// user's regional settings, first day of the week and first week of the year given as 1 (the platform's
-    /// VarFormat). Throws `Failure` for a text that can't be read as a number or date.
+    /// A value's text in one of the system's named formats ("Currency", "Short Date", "General Date",
+    /// "Percent"), by the user's regional settings, first day of the week and first week of the year given as
+    /// 1 (the platform's VarFormat). Throws `Failure` for a text that can't be read as a number or date.
     virtual Text format(TextView value, TextView named_format) = 0;
 
     /// The 8-bit form that the registry and ini interfaces take, and back.

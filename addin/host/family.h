@@ -68,6 +68,10 @@ class ListPicker : public Face<ListPicker> {
     }
     void loaddialog() const { call(u"loaddialog"); }
     void showdialog() const { call(u"showdialog"); }
+    /// Shows the records of the folder; comes back when the user is done.
+    void searchany(TextView definition, TextView title, bool single) const {
+        call(u"searchany", {Value(definition), Value(title), single});
+    }
 };
 
 /// Tags of MAPI properties.

@@ -12,7 +12,8 @@ inline constexpr TextView application_prog_id = u"Outlook.Application";
 
 /// Numbers of the default folders (OlDefaultFolders).
 namespace default_folder {
-inline constexpr std::int32_t sent_mail = 5, inbox = 6, calendar = 9, tasks = 13;
+inline constexpr std::int32_t deleted_items = 3, sent_mail = 5, inbox = 6, calendar = 9, tasks = 13,
+                              drafts = 16;
 }
 
 /// Numbers of object classes (OlObjectClass).
@@ -125,6 +126,7 @@ class Items : public CollectionFace<Items, Item> {
     outlook::Item Find(TextView filter) const {
         return outlook::Item(call(u"Find", {Value(filter)}).to_object());
     }
+    outlook::Item GetFirst() const { return outlook::Item(call(u"GetFirst").to_object()); }
     Items Restrict(TextView filter) const { return Items(call(u"Restrict", {Value(filter)}).to_object()); }
 };
 
@@ -165,6 +167,9 @@ class NameSpace : public Face<NameSpace> {
     }
     Folder GetFolderFromID(TextView entry_id, TextView store_id) const {
         return Folder(call(u"GetFolderFromID", {Value(entry_id), Value(store_id)}).to_object());
+    }
+    Item GetItemFromID(TextView entry_id) const {
+        return Item(call(u"GetItemFromID", {Value(entry_id)}).to_object());
     }
     Item GetItemFromID(TextView entry_id, TextView store_id) const {
         return Item(call(u"GetItemFromID", {Value(entry_id), Value(store_id)}).to_object());

@@ -52,6 +52,9 @@ constexpr bool is_contact(Name name) { return name.starts_with(personal_contact)
 /// The root of the host's schema of properties, as its documentation publishes it.
 inline constexpr Name schema_root = u"http://schemas.microsoft.com/";
 
+/// The set of named properties that user properties live in.
+inline constexpr Name user_property_set = u"{00020329-0000-0000-C000-000000000046}";
+
 namespace property {
 inline constexpr Name account_id = u"AccountID";
 inline constexpr Name contact_id = u"ContactID";
@@ -86,6 +89,9 @@ inline constexpr Name email_search_string = u"EmailSearchString";
 inline constexpr Name business_phone = u"BusinessPhone";
 inline constexpr Name business_fax = u"BusinessFax";
 inline constexpr Name record_type = u"RecordType";
+inline constexpr Name message_class = u"MessageClass";      ///< of a drop-down's entry: what it stands for
+inline constexpr Name find_definition = u"FindDefinition";  ///< of a drop-down's entry
+inline constexpr Name key_column_name = u"KeyColumnName";   ///< of a list definition
 }  // namespace property
 
 /// Built-in fields of items that serve as record fields, as filters spell them.

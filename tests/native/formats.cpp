@@ -50,12 +50,28 @@ Text short_date(TextView value) {
     return host::from_utf8(buffer.data());
 }
 
+/// Without the time at midnight, and without the date on the day 0.
+Text general_date(TextView value) {
+    const host::ClockTime clock = host::to_clock(date_or_time(value));
+    const bool midnight = clock.hour == 0 && clock.minute == 0 && clock.second == 0;
+    const bool day_0 = clock.year == 1899 && clock.month == 12 && clock.day == 30;
+    if (midnight && !day_0) return short_date(value);
+    constexpr int noon = 12;
+    std::array<char, 40> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), "%d:%02d:%02d %s",
+                  clock.hour % noon == 0 ? noon : clock.hour % noon, clock.minute, clock.second,
+                  clock.hour < noon ? "AM" : "PM");
+    const Text time = host::from_utf8(buffer.data());
+    return day_0 ? time : short_date(value) + u" " + time;
+}
+
 }  // namespace
 
 Text formatted(TextView value, TextView named_format) {
     if (named_format == u"Currency") return currency(value);
     if (named_format == u"Percent") return percent(value);
     if (named_format == u"Short Date") return short_date(value);
+    if (named_format == u"General Date") return general_date(value);
     throw host::Failure(host::result::invalid_argument, Text(named_format));
 }
 

@@ -71,7 +71,8 @@ MemoryWindow::MemoryWindow(MemoryEngine& engine, const FormTable& table, std::we
       caption_(table.caption),
       dots_per_inch_(engine.dots_per_inch),
       width_(to_pixels(table.width + frame_width, dots_per_inch_)),
-      height_(to_pixels(table.height + frame_height, dots_per_inch_)) {
+      height_(to_pixels(table.height + frame_height, dots_per_inch_)),
+      number_(++engine.made_) {
     for (const addin::forms::ControlRow& row : table.controls) {
         controls_.push_back(std::make_unique<MemoryControl>(*this, row));
     }

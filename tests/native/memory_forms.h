@@ -33,6 +33,7 @@ class MemoryWindow final : public addin::forms::View {
     addin::forms::Size size() const override;
     bool minimized() const override { return minimized_; }
     int dots_per_inch() const override { return dots_per_inch_; }
+    std::intptr_t system_handle() const override { return number_; }
     void pointer(host::Pointer pointer) override { pointer_ = pointer; }
 
     // what a person sees
@@ -89,6 +90,7 @@ class MemoryWindow final : public addin::forms::View {
     host::Pointer pointer_ = host::Pointer::standard;
     int dots_per_inch_;
     int width_, height_;
+    int number_;          ///< among all that were made, from 1
     int blocked_by_ = 0;  ///< the number of the modal show
     int brought_to_front_ = 0;
 };
@@ -125,7 +127,7 @@ class MemoryEngine final : public addin::forms::Engine {
     Strands& strands_;
     std::vector<MemoryWindow*> windows_;
     MemoryWindow* active_ = nullptr;
-    int shows_ = 0, modal_shows_ = 0;
+    int made_ = 0, shows_ = 0, modal_shows_ = 0;
 };
 
 }  // namespace native

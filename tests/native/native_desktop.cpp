@@ -124,6 +124,13 @@ void NativeDesktop::delete_file(TextView path) {
     if (!std::filesystem::remove(local_path(path))) throw Failure(result::file_not_found, Text(path));
 }
 
+std::intptr_t NativeDesktop::shell_execute(const host::ShellRequest& request) {
+    boundary_->pass("shell_execute");
+    running().opened.push_back(Text(request.directory) + u"\\" + Text(request.file));
+    constexpr std::intptr_t success = 33;
+    return success;
+}
+
 Text NativeDesktop::section_names(TextView path, std::uint32_t size) {
     return ini_section_names(local_path(path), size);
 }

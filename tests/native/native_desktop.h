@@ -31,6 +31,7 @@ class NativeDesktop final : public host::Desktop {
     int dots_per_inch() override { return 96; }
     host::Text find_file(host::TextView path) override;
     void delete_file(host::TextView path) override;
+    std::intptr_t shell_execute(const host::ShellRequest& request) override;  ///< only records it
     host::Text section_names(host::TextView path, std::uint32_t size) override;
     host::Text profile_text(host::TextView path, host::TextView section, host::TextView key,
                             std::uint32_t size) override;

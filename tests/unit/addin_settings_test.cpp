@@ -84,6 +84,7 @@ class RegistryOnly : public host::Desktop {
     int dots_per_inch() override { return 96; }
     Text find_file(TextView) override { return {}; }
     void delete_file(TextView) override {}
+    std::intptr_t shell_execute(const host::ShellRequest&) override { return 0; }
     Text section_names(TextView, std::uint32_t) override { return {}; }
     Text profile_text(TextView, TextView, TextView, std::uint32_t) override { return {}; }
     void beep() override {}

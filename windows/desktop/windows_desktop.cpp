@@ -90,6 +90,13 @@ void WindowsDesktop::delete_file(host::TextView path) {
     if (!DeleteFileW(wide(host::Text(path)))) check(HRESULT_FROM_WIN32(GetLastError()));
 }
 
+std::intptr_t WindowsDesktop::shell_execute(const host::ShellRequest& request) {
+    return reinterpret_cast<std::intptr_t>(
+        ShellExecuteA(reinterpret_cast<HWND>(request.window), narrow(request.operation).c_str(),
+                      narrow(request.file).c_str(), narrow(request.parameters).c_str(),
+                      narrow(request.directory).c_str(), request.show_mode));
+}
+
 host::Text WindowsDesktop::section_names(host::TextView path, std::uint32_t size) {
     std::string names(size, '\0');
     names.resize(GetPrivateProfileSectionNamesA(names.data(), size, narrow(path).c_str()));

@@ -29,6 +29,7 @@ class WindowsDesktop final : public host::Desktop {
 
     host::Text find_file(host::TextView path) override;  ///< its name, without the folder
     void delete_file(host::TextView path) override;
+    std::intptr_t shell_execute(const host::ShellRequest& request) override;
     host::Text section_names(host::TextView path, std::uint32_t size) override;
     host::Text profile_text(host::TextView path, host::TextView section, host::TextView key,
                             std::uint32_t size) override;

@@ -39,6 +39,7 @@ class FormWindow final : public addin::forms::View {
     addin::forms::Size size() const override;
     bool minimized() const override;
     int dots_per_inch() const override { return dots_per_inch_; }
+    std::intptr_t system_handle() const override { return reinterpret_cast<std::intptr_t>(handle()); }
     void pointer(host::Pointer pointer) override { pointer_ = pointer; }
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);

@@ -1,0 +1,133 @@
+// The walk over all folders of the database.
+#include "core/product.h"
+#include "core/status_windows.h"
+#include "searchpanel/panel_search.h"
+#include "searchpanel/result_texts.h"
+
+namespace addin::searchpanel {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Folder;
+using host::outlook::Folders;
+using host::outlook::Item;
+using host::outlook::Items;
+
+namespace {
+
+constexpr TextView cancelled = u"Search Cancelled!";
+constexpr TextView please_wait = u"Please Wait.. Searching for ", in_folder = u" in folder ";
+constexpr TextView found_start = u"Found ", found_middle = u" items in folder ",
+                   stopping = u" Stopping at 50.";
+
+/// With the row that goes beyond, the rest of a folder is left out.
+constexpr int most_rows = 50;
+
+/// What begins with it has been received, or posted.
+constexpr TextView received_classes = u"IPM.Po";
+
+/// The name of a folder that could be read. Throws `Failure` for one that couldn't.
+const Text& known(const std::optional<Text>& name) {
+    if (!name) throw host::Failure(host::result::object_not_set, u"The folder's name isn't known.");
+    return *name;
+}
+
+}  // namespace
+
+void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
+    Steps steps;
+    std::int32_t folder_count = 0;
+    steps.set(folder_count, [&] { return ofolders.Count(); });
+    for (std::int32_t i = 1; i <= folder_count; ++i) {
+        Folder folder;
+        steps.set(folder, [&] { return ofolders.Item(i); });
+        if (!folder) continue;
+        std::optional<Text> name;
+        steps.set(name, [&] { return std::optional(folder.Name()); });
+        steps.run([&] { session_.SearchForm.window()->status(Text(searching) + known(name)); });
+        steps.run([&] { session_.desktop.yield(); });
+        if (gone()) return;
+        tell_of_cancel();
+        if (gone()) return;
+
+        Items found;
+        steps.set(found, [&] { return folder.Items().Restrict(filter); });
+        if (found) {
+            list_folder(steps, found, name);
+            if (gone()) return;
+        }
+        Folders below;
+        steps.set(below, [&] { return folder.Folders(); });
+        if (steps.holds([&] { return below.Count() > 0; })) SearchMeRecurse(filter, below);
+        if (gone()) return;
+    }
+}
+
+void PanelSearch::list_folder(Steps& steps, const Items& found, const std::optional<Text>& name) {
+    steps.run([&] {
+        const Text company = control(u"CompanyName").text(), contact = control(u"Contactname").text();
+        control(u"StoreID")
+            .text(Text(please_wait) + company + u" " + contact + Text(in_folder) + known(name));
+    });
+    std::int32_t count = 0;
+    if (!steps.holds([&] {
+            count = found.Count();
+            return count >= 1;
+        })) {
+        return;
+    }
+    steps.run([&] {
+        control(u"StoreID")
+            .text(Text(found_start) + host::to_text(static_cast<long long>(count)) + Text(found_middle) +
+                  known(name) + u".");
+    });
+    host::family::SafeMailItem wrapper;
+    steps.set(wrapper, [&] { return make_wrapper(session_.desktop); });
+    std::optional<Text> shown_name;
+    steps.set(shown_name, [&] { return std::optional(without_leading_blanks(known(name))); });
+    int rows = 0;
+    for (std::int32_t i = 1; i <= count; ++i) {
+        Item item;
+        steps.set(item, [&] { return found.Item(i); });
+        if (!item) continue;
+        steps.run([&] { wrapper.Item(item); });
+        add_row(steps, shown_name, item, wrapper);
+        tell_of_cancel();
+        if (gone()) return;
+        if (++rows > most_rows) {
+            steps.run([&] { control(u"StoreID").text(control(u"StoreID").text() + Text(stopping)); });
+            return;
+        }
+    }
+}
+
+void PanelSearch::fill(Steps& steps, int row, int column, const std::function<Value()>& read) const {
+    steps.run([&] {
+        const Text text = shown_text(session_.desktop, read());
+        list().text(row, column, text);
+    });
+}
+
+void PanelSearch::add_row(Steps& steps, const std::optional<Text>& folder, const Item& item,
+                          const host::family::SafeMailItem& wrapper) const {
+    int row = -1;
+    steps.set(row, [&] { return list().add(known(folder)); });
+    if (row < 0) return;
+    fill(steps, row, column::subject, [&] { return item.get(u"Subject"); });
+    fill(steps, row, column::creator, [&] { return Value(wrapper.SenderName()); });
+    if (steps.holds([&] { return item.MessageClass().starts_with(received_classes); })) {
+        fill(steps, row, column::created, [&] { return item.get(u"ReceivedTime"); });
+    } else {
+        fill(steps, row, column::created, [&] { return item.get(u"CreationTime"); });
+    }
+    fill(steps, row, column::modified, [&] { return item.get(u"LastModificationTime"); });
+    fill(steps, row, column::key, [&] { return Value(item.EntryID()); });
+}
+
+void PanelSearch::tell_of_cancel() {
+    // It informs, and stops nothing.
+    if (panel_.CancelLoop) session_.desktop.message_box(cancelled, product_title, host::box::information);
+}
+
+}  // namespace addin::searchpanel

@@ -1,0 +1,161 @@
+#include "searchpanel/show_items.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "forms/sort_marks.h"
+#include "records/database.h"
+#include "records/names.h"
+#include "searchpanel/panel_search.h"
+
+namespace addin::searchpanel {
+
+using host::Text;
+using host::TextView;
+using host::outlook::Folder;
+using host::outlook::Item;
+
+namespace {
+
+constexpr int escape_key = 27;
+constexpr std::uint32_t full_row_select = 0x20;  // LVS_EX_FULLROWSELECT
+constexpr std::uint32_t all_bits = 0xFFFFFFFF;
+
+/// How the list fills the window, in twips.
+constexpr int smallest_window = 3000, list_top = 1700, beside_list = 170, around_list = 2300;
+constexpr double shares = 7, share_loss = 40, parts_of_share = 5, subject_parts = 5.1;
+
+int rounded(double twips) { return static_cast<int>(std::lround(twips)); }
+
+Text key_filter(records::Name key, const Text& value) { return u"[" + Text(key) + u"] = '" + value + u"'"; }
+
+}  // namespace
+
+void furnish(Session& session) {
+    for (WindowPlace<>* place : {&session.search_panel, &session.gPanelMenu, &session.gPanelMenu2}) {
+        place->made_by([&session] { return std::make_shared<ShowItems>(session); });
+    }
+}
+
+// Load, activation and end
+
+void ShowItems::on_load() {
+    ++loads_;
+    session_.loaded_panels.push_back(shared_from_this());
+    Steps steps;
+    steps.run([&] { ArrangeList(); });
+    steps.set(sobj, [&] { return records::make_main_add_in(session_.desktop); });
+    steps.set(Hostfolder, [&] {
+        return records::open_folder(session_.desktop, sobj, records::folder::account_profiles);
+    });
+    steps.run([&] { LoadPanelDefinitions(); });
+    if (!session_.gSelectedEntryID.empty()) {
+        MySavedEntryID = session_.gSelectedEntryID;
+        if (!search()) return;
+    }
+    steps.run([&] { list().extended_style(full_row_select, all_bits); });
+}
+
+void ShowItems::on_unload() {
+    hide();
+    sobj.reset();
+    Hostfolder.reset();
+    picker.reset();
+    gForms2.clear();
+    std::erase(session_.loaded_panels, shared_from_this());
+}
+
+void ShowItems::on_close() {
+    hide();
+    unload();
+}
+
+void ShowItems::on_activate() {
+    const Text& pending = session_.gSelectedEntryID;
+    if (!pending.empty() && !MySavedEntryID.empty() && pending != MySavedEntryID && !search()) return;
+    MySavedEntryID = session_.gSelectedEntryID;
+}
+
+void ShowItems::LoadPanelDefinitions() {
+    const Text folder = sobj.getspecialfolderlocation();
+    forms::Choice& entries = control(u"SearchMe").choice();
+    gForms2 = createnote::read_targets(session_.desktop, folder, createnote::in_search_panel,
+                                       [&](std::size_t place, const Text& name) {
+                                           if (static_cast<int>(place) == entries.count()) entries.add(name);
+                                       });
+}
+
+// The list
+
+void ShowItems::ArrangeList() {
+    if (view().minimized()) return;
+    const forms::Size size = view().size();
+    if (size.width < smallest_window || size.height < smallest_window) return;
+    const double share = size.width / shares - share_loss;
+    control(u"lstItems").place({0, list_top, size.width - beside_list, size.height - around_list});
+    const int usual = rounded(share + share / parts_of_share);
+    for (const int shown : {column::folder, column::creator, column::created, column::modified}) {
+        list().width(shown, usual);
+    }
+    list().width(column::subject, rounded(share + subject_parts * (share / parts_of_share)));
+    for (const int hidden : {column::key, column::last}) list().width(hidden, 0);
+}
+
+void ShowItems::on_resize() {
+    if (loaded()) ArrangeList();
+}
+
+void ShowItems::on_column_click(TextView, int column) {
+    forms::sort_by_column(list(), column, session_.LastSortColumn);
+}
+
+// Keys and clicks
+
+void ShowItems::on_key(int code) { CancelLoop = code == escape_key; }
+
+void ShowItems::on_click(TextView name) {
+    if (name == TextView(u"SearchMe")) search();
+    if (name == TextView(u"CompanyName")) OpenCompany();
+    if (name == TextView(u"Contactname")) OpenContact();
+}
+
+void ShowItems::on_double_click(TextView) { open_result(*this); }
+
+bool ShowItems::search() { return PanelSearch(*this).run(); }
+
+void ShowItems::OpenCompany() {
+    Steps steps;
+    host::family::MainAddIn main_add_in;
+    Folder profiles;
+    Text filter;
+    host::outlook::Items found;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(session_.desktop); });
+    steps.set(profiles, [&] {
+        return records::open_folder(session_.desktop, main_add_in, records::folder::account_profiles);
+    });
+    steps.set(filter,
+              [&] { return key_filter(records::property::account_id, control(u"AccountID").text()); });
+    steps.set(found, [&] { return profiles.Items().Restrict(filter); });
+    steps.run([&] { found.Item(1).Display(); });
+}
+
+void ShowItems::OpenContact() {
+    Steps steps;
+    host::family::MainAddIn main_add_in;
+    Folder profiles;
+    Text filter;
+    Item found;
+    steps.set(main_add_in, [&] { return records::make_main_add_in(session_.desktop); });
+    steps.set(profiles, [&] {
+        return records::open_folder(session_.desktop, main_add_in, records::folder::account_profiles);
+    });
+    steps.set(filter,
+              [&] { return key_filter(records::property::contact_id, control(u"ContactID").text()); });
+    steps.set(found, [&] {
+        return profiles.Folders().Item(records::folder::account_contacts).Items().Find(filter);
+    });
+    steps.run([&] { found.Display(); });
+}
+
+}  // namespace addin::searchpanel

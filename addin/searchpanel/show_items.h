@@ -1,0 +1,67 @@
+// The Search Panel: an account or contact with everything that is filed under it.
+#pragma once
+
+#include <vector>
+
+#include "core/session.h"
+#include "createnote/search_targets.h"
+
+namespace addin::searchpanel {
+
+const forms::FormTable& panel_table();
+
+/// The columns of `lstItems`, from 0.
+namespace column {
+inline constexpr int folder = 0, subject = 1, creator = 2, created = 3, modified = 4;
+inline constexpr int key = 5;  ///< an entry id, or where the index found it
+inline constexpr int last = 6;
+}  // namespace column
+
+class ShowItems final : public forms::Form {
+  public:
+    explicit ShowItems(Session& session) : Form(session.engine, panel_table()), session_(session) {}
+
+    bool CancelLoop = false;                  ///< the last key was Escape; a search begins without
+    std::vector<createnote::Target> gForms2;  ///< the targets, by their places in `SearchMe`; none: no table
+    host::family::MainAddIn sobj;             ///< held as long as the window is loaded
+    host::outlook::Folder Hostfolder;         ///< "Account Profiles", the same
+    host::Text MySavedEntryID;                ///< the item that was pending at the last load or activation
+    host::family::ListPicker picker;          ///< while a search holds one
+
+    void LoadPanelDefinitions();
+    void ArrangeList();
+
+    Session& session() { return session_; }
+    forms::List& list() { return control(u"lstItems").list(); }
+
+    /// Counts the loads. Who gave way to events knows by it whether the window is still the same one.
+    int loads() const { return loads_; }
+
+  private:
+    void on_load() override;
+    void on_unload() override;
+    void on_close() override;
+    void on_activate() override;
+    void on_resize() override;
+    void on_key(int code) override;
+    void on_click(host::TextView control) override;
+    void on_double_click(host::TextView control) override;
+    void on_column_click(host::TextView control, int column) override;
+
+    /// Searches for the pending item, or for one that the user picks. False: the window or the whole session
+    /// has ended meanwhile.
+    bool search();
+    void OpenCompany();
+    void OpenContact();
+
+    Session& session_;
+    int loads_ = 0;
+};
+
+/// Opens what the selected row stands for.
+void open_result(ShowItems& panel);
+
+/// Has the session open panels.
+void furnish(Session& session);
+
+}  // namespace addin::searchpanel

@@ -1,0 +1,307 @@
+// What the Search Panel's search lists, by the record that it is for.
+#include "tests/acceptance/search_panel.h"
+
+#include "tests/acceptance/note_dialog.h"
+
+namespace acceptance {
+namespace {
+
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Item;
+
+constexpr std::int32_t ok = 1, yes = 6, no = 7;
+constexpr std::int32_t escape = 27;
+
+/// The two hosts: an old one that knows only plain comparisons, and a later one with a word index.
+const WorldSetup old_host{.host_version = u"9.0.0.3821"};
+const WorldSetup indexed_host{.instant_search = true};
+
+class SearchOfThePanel : public Acceptance {
+  protected:
+    void TearDown() override { panel_.reset(); }
+    /// A world in which the panel searches in one of the two forms.
+    World& made(const WorldSetup& setup) {
+        panel_.reset();
+        World& made = with(setup);
+        if (setup.instant_search) search_in_phrases(made);
+        install_panel(made);
+        panel_ = std::make_unique<SearchPanel>(made);
+        return made;
+    }
+    SearchPanel& panel() { return *panel_; }
+    void expect_message(std::int32_t before, TextView text, std::int32_t style) {
+        ASSERT_EQ(message_texts(world(), before), Lines{shown(text)});
+        const Object box =
+            world().desk().get(u"Messages").to_object().call(u"Item", {before + 1}).to_object();
+        EXPECT_EQ(box.get(u"Style").to_integer(), style);
+        EXPECT_EQ(box.get(u"Title").to_text(), u"Tarnwell");
+    }
+    void answer(TextView fragment, std::int32_t button) {
+        world().desk().call(u"Answer", {u"Tarnwell", Value(fragment), button});
+    }
+    /// Has a user who has chosen a target pick these rows; the picker takes several.
+    void pick(TextView definition, std::initializer_list<std::int32_t> rows) {
+        const Picker picker(world(), definition);
+        ASSERT_TRUE(picker.comes_up());
+        for (const std::int32_t row : rows) {
+            picker.highlight(row);
+            picker.click(u"cmdAdd");
+        }
+        picker.click(u"cmdOK");
+        EXPECT_TRUE(picker.goes());
+    }
+
+  private:
+    std::unique_ptr<SearchPanel> panel_;
+};
+
+TEST_F(SearchOfThePanel, ListsWhatBearsTheKeyInEveryFolderInBothForms) {
+    for (const WorldSetup& setup : {old_host, indexed_host}) {
+        World& same = made(setup);
+        SCOPED_TRACE(shown(setup.host_version));
+        const Item account = add_full_account(same);
+        const Item contact = add_full_contact(same);
+        const Text name = u"North Mill Ltd";
+        const Item note =
+            add_note(same, u"Of the contact",
+                     {{u"AccountID", u"A-100"}, {u"ContactID", u"C-200"}, {u"Account Name", name}});
+        add_note(same, u"Of the account", {{u"AccountID", u"A-100"}, {u"Account Name", name}});
+        add_note(same, u"Of another",
+                 {{u"AccountID", u"A-1000"}, {u"ContactID", u"C-2000"}, {u"Account Name", name}});
+        add_record(same, same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"An inquiry",
+                   {{u"AccountID", u"A-100"}, {u"ContactID", u"C-200"}, {u"Account Name", name}});
+
+        panel().open_new(contact);
+        EXPECT_EQ(panel().column(1), (Lines{"Account Contacts", "Notes", "Customer Service"}));
+        EXPECT_EQ(panel().column(2), (Lines{"Ann Lee", "Of the contact", "An inquiry"}));
+        EXPECT_EQ(panel().cell(2, 6), shown(note.EntryID()));
+        EXPECT_EQ(panel().cell(2, 7), "");
+        EXPECT_EQ(statuses(same).front(), "Searching... ");
+
+        panel().open_new(account);
+        Lines found = panel().column(2);
+        EXPECT_EQ(found,
+                  (Lines{"North Mill Ltd", "Ann Lee", "Of the contact", "Of the account", "An inquiry"}));
+        EXPECT_EQ(panel().column(1).front(), "Account Profiles") << "the walk begins above it";
+        EXPECT_EQ(panel().text(u"StoreID"), "");
+        EXPECT_EQ(panel().text(u"EntryID"), "");
+        EXPECT_EQ(count_messages(same), 0);
+
+        // at a record of an inquiry the key's name has a blank
+        const Item inquiry =
+            add_record(same, same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"With an id",
+                       {{u"AccountID", u"A-100"}, {u"Inquiry ID", u"I-7"}, {u"Account Name", name}});
+        add_note(same, u"Of the inquiry", {{u"Inquiry ID", u"I-7"}, {u"Account Name", name}});
+        panel().open_new(inquiry);
+        EXPECT_EQ(panel().text(u"SearchMe"), "Inquiries");
+        EXPECT_EQ(panel().column(2), (Lines{"Of the inquiry", "With an id"}));
+    }
+}
+
+TEST_F(SearchOfThePanel, ShowsWhenAnItemWasReceivedOrMadeByTheRegionalSettings) {
+    World& same = made(old_host);
+    const Item contact = add_full_contact(same);
+    const Item note = add_note(same, u"A note", {{u"ContactID", u"C-200"}});
+    panel().open_new(contact);
+    ASSERT_EQ(panel().count(), 2);
+    const auto as_shown = [&](const Item& item, TextView member) {
+        return shown(same.desktop().format(same.text(item, member), u"General Date"));
+    };
+    EXPECT_EQ(panel().cell(1, 4), as_shown(contact, u"CreationTime"));
+    EXPECT_EQ(panel().cell(1, 5), as_shown(contact, u"LastModificationTime"));
+    EXPECT_EQ(panel().cell(2, 4), as_shown(note, u"ReceivedTime"));
+    EXPECT_EQ(panel().cell(2, 5), as_shown(note, u"LastModificationTime"));
+}
+
+TEST_F(SearchOfThePanel, WritesApostrophesTwiceButForTheAccountItself) {
+    for (const WorldSetup& setup : {old_host, indexed_host}) {
+        World& same = made(setup);
+        SCOPED_TRACE(shown(setup.host_version));
+        const Text name = u"O'Malley's";
+        const Item account = add_full_account(same, name);
+        const Item contact = add_full_contact(same, name);
+        add_note(same, u"A note",
+                 {{u"AccountID", u"A-100"}, {u"ContactID", u"C-200"}, {u"Account Name", name}});
+        panel().open_new(account);
+        if (setup.instant_search) {
+            EXPECT_EQ(panel().text(u"CompanyName"), "Company Name") << "the account isn't found";
+        } else {
+            EXPECT_EQ(panel().text(u"CompanyName"), "O'Malley's");
+        }
+        EXPECT_EQ(panel().column(2), (Lines{"O'Malley's", "Ann Lee", "A note"}));
+        panel().open_new(contact);
+        EXPECT_EQ(panel().text(u"CompanyName"), "O'Malley's") << "the contact is found in both forms";
+        EXPECT_EQ(panel().column(2), setup.instant_search ? Lines{} : (Lines{"Ann Lee", "A note"}))
+            << "the company comes from the contact as it stands";
+        EXPECT_EQ(count_messages(same), 0);
+    }
+}
+
+TEST_F(SearchOfThePanel, ListsFiftyOneItemsOfAFolderAndGoesOn) {
+    World& same = made(old_host);
+    const Item contact = add_full_contact(same);
+    for (int i = 0; i < 60; ++i) add_note(same, u"A note", {{u"ContactID", u"C-200"}});
+    add_record(same, same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"An inquiry",
+               {{u"ContactID", u"C-200"}});
+    panel().open_new(contact);
+    EXPECT_EQ(panel().count(), 1 + 51 + 1);
+    EXPECT_EQ(panel().cell(53, 2), "An inquiry");
+    // sorted, they stay as many
+    for (const int column : {1, 2, 4, 4}) panel().click_column(column);
+    EXPECT_EQ(panel().count(), 53);
+}
+
+TEST_F(SearchOfThePanel, FindsNothingWithoutARecordOrADefinition) {
+    World& same = made(old_host);
+    const Item contact = add_full_contact(same);
+    const Item note = add_note(same, u"A note", {{u"ContactID", u"C-200"}});
+    panel().open_new(note);
+    EXPECT_EQ(panel().text(u"Contactname"), "Ann Lee") << "the contact of the note";
+    EXPECT_EQ(panel().count(), 0) << "but nothing says what notes are searched by";
+    EXPECT_EQ(panel().text(u"SearchMe"), "SearchMe");
+    const Item mail = same.deliver(message());
+    panel().open_new(mail);
+    EXPECT_EQ(panel().header(), "|Company Name|Phone|Fax|Street1|City|State|Zip");
+    EXPECT_EQ(panel().count(), 0);
+    EXPECT_EQ(count_messages(same), 0);
+}
+
+// what the user picks
+
+TEST_F(SearchOfThePanel, OfATargetIsForTheRecordThatTheUserPicks) {
+    World& same = made(indexed_host);
+    add_full_account(same);
+    const Item other = add_full_account(same, u"Bell & Sons", u"A-7");
+    add_note(same, u"Of Bell", {{u"AccountID", u"A-7"}, {u"Account Name", u"Bell & Sons"}});
+    add_record(same, same.account_profiles(), u"IPM.Post.Tarnwell_2000", u"A branch",
+               {{u"AccountID", u"A-8"}, {u"Account LocationID", u"A-7"}, {u"Account Name", u"Bell & Sons"}});
+    panel().open();
+    panel().choose(u"Accounts");
+    pick(u"Accounts by id", {2});
+    EXPECT_TRUE(panel().ends());
+    EXPECT_EQ(panel().header(), "|Bell & Sons|555 100|555 101|1 Mill Lane|York|NY|12345");
+    EXPECT_EQ(panel().ids(), "A-7|");
+    EXPECT_EQ(panel().column(1), (Lines{"Account Profiles", "Account Profiles", "Notes"}))
+        << "what is located there comes first, under the folder that was searched";
+    EXPECT_EQ(panel().column(2), (Lines{"A branch", "Bell & Sons", "Of Bell"}));
+    EXPECT_EQ(count_messages(same), 0);
+
+    // cancelled, nothing is searched, and the rows stay
+    panel().choose(u"Contacts");
+    const Picker picker(same, u"Contacts by id");
+    ASSERT_TRUE(picker.comes_up());
+    picker.click(u"cmdCancel");
+    EXPECT_TRUE(picker.goes());
+    EXPECT_TRUE(panel().ends());
+    EXPECT_EQ(panel().count(), 3);
+    EXPECT_EQ(panel().ids(), "A-7|");
+}
+
+TEST_F(SearchOfThePanel, TakesTheFirstOfSeveralIfTheUserAgrees) {
+    World& same = made(old_host);
+    add_full_account(same);
+    add_full_account(same, u"Bell & Sons", u"A-7");
+    constexpr TextView question =
+        u"You can only select 1 item. the first item will be selected.\rDo you wish to continue?";
+    constexpr std::int32_t yes_no = 4, question_mark = 32, information = 64;
+    panel().open();
+    for (const std::int32_t button : {no, yes}) {
+        SCOPED_TRACE(button);
+        const std::int32_t before = count_messages(same);
+        answer(u"You can only select 1 item.", button);
+        panel().choose(u"Accounts");
+        pick(u"Accounts by id", {2, 1});
+        EXPECT_TRUE(same.wait_until([&] { return count_messages(same) > before; }));
+        EXPECT_TRUE(panel().ends());
+        expect_message(before, question, yes_no | question_mark);
+        EXPECT_EQ(panel().ids(), button == yes ? "A-7|" : "AccountID|ContactID");
+    }
+    // done without a choice: there is no table
+    const Item nobody = same.account_profiles().Items().Item(1);
+    nobody.call(u"Delete");
+    same.account_profiles().Items().Item(1).call(u"Delete");
+    const std::int32_t before = count_messages(same);
+    answer(u"Return value is empty.", ok);
+    panel().choose(u"Accounts");
+    pick(u"Accounts by id", {});
+    EXPECT_TRUE(same.wait_until([&] { return count_messages(same) > before; }));
+    EXPECT_TRUE(panel().ends());
+    expect_message(before, u"Return value is empty.  Please re-select the item(s) from the list.",
+                   information);
+}
+
+TEST_F(SearchOfThePanel, FindsNothingWithoutThePicker) {
+    World& same = made({.without = {"ContactList.List"}});
+    add_full_account(same);
+    panel().open();
+    panel().choose(u"Accounts");
+    EXPECT_TRUE(panel().ends());
+    EXPECT_EQ(panel().count(), 0);
+    EXPECT_EQ(panel().ids(), "AccountID|ContactID");
+    EXPECT_EQ(count_messages(same), 0);
+}
+
+// while it runs
+
+TEST_F(SearchOfThePanel, TellsAtEachFurtherItemThatItWasCancelledAndGoesOn) {
+    World& same = made(old_host);
+    const Item contact = add_full_contact(same);
+    for (int i = 0; i < 3; ++i) add_note(same, u"A note", {{u"ContactID", u"C-200"}});
+    panel().open_second(Item());
+    panel().open_second(contact);
+    constexpr int most = 60;
+    for (int i = 0; i < most; ++i) answer(u"Search Cancelled!", ok);
+    same.desk().call(u"Meanwhile", {u"Searching... Notes", Value(panel().window()), u"Key", escape});
+    panel().choose(u"Contacts");
+    EXPECT_TRUE(panel().ends());
+    EXPECT_EQ(panel().column(2), (Lines{"Ann Lee", "A note", "A note", "A note"}));
+    const Lines told = message_texts(same);
+    EXPECT_GE(told.size(), 4U) << "of the folder, and of each item in it";
+    EXPECT_EQ(told, Lines(told.size(), "Search Cancelled!"));
+    // the next search begins anew
+    const std::int32_t before = count_messages(same);
+    panel().search_for(contact);
+    EXPECT_EQ(panel().count(), 4);
+    EXPECT_EQ(count_messages(same), before);
+}
+
+TEST_F(SearchOfThePanel, EndsWithItsWindow) {
+    World& same = made(old_host);
+    const Item contact = add_full_contact(same);
+    add_note(same, u"A note", {{u"ContactID", u"C-200"}});
+    panel().open_second(Item());
+    panel().open_second(contact);
+    const std::int32_t held_before = held(same, u"Items");
+    same.desk().call(u"Meanwhile",
+                     {u"Searching... Notes", Value(panel().window()), u"Close", host::Missing{}});
+    panel().choose(u"Contacts");
+    EXPECT_TRUE(same.wait_until([&] { return !panel().is_open(); }));
+    same.settle();
+    EXPECT_FALSE(window_of(same, panel_caption)) << "nothing brings it back";
+    EXPECT_EQ(held(same, u"Items"), held_before);
+    panel().open_new(contact);
+    EXPECT_EQ(panel().column(2), (Lines{"Ann Lee", "A note"}));
+}
+
+// results
+
+TEST_F(SearchOfThePanel, OpensTheItemOfARowByADoubleClick) {
+    World& same = made(old_host);
+    const Item contact = add_full_contact(same);
+    const Item note = add_note(same, u"A note", {{u"ContactID", u"C-200"}});
+    panel().open_new(contact);
+    panel().select(2);
+    panel().double_click();
+    const Object opened = same.desk().get(u"Displayed").to_object();
+    ASSERT_EQ(opened.get(u"Count").to_integer(), 1);
+    const Item shown_item(opened.call(u"Item", {1}).to_object());
+    EXPECT_EQ(shown_item.EntryID(), note.EntryID());
+    shown_item.Close(host::outlook::discard_changes);
+    EXPECT_EQ(count_messages(same), 0);
+}
+
+}  // namespace
+}  // namespace acceptance
