@@ -248,42 +248,42 @@ TEST_F(SearchOfThePanel, FindsNothingWithoutThePicker) {
 
 TEST_F(SearchOfThePanel, TellsAtEachFurtherItemThatItWasCancelledAndGoesOn) {
     World& same = made(old_host);
-    const Item contact = add_full_contact(same);
-    for (int i = 0; i < 3; ++i) add_note(same, u"A note", {{u"ContactID", u"C-200"}});
+    const Item account = add_full_account(same);
+    for (int i = 0; i < 3; ++i) add_note(same, u"A note", {{u"AccountID", u"A-100"}});
     panel().open_second(Item());
-    panel().open_second(contact);
+    panel().open_second(account);
     constexpr int most = 60;
     for (int i = 0; i < most; ++i) answer(u"Search Cancelled!", ok);
     same.desk().call(u"Meanwhile", {u"Searching... Notes", Value(panel().window()), u"Key", escape});
-    panel().choose(u"Contacts");
+    panel().choose(u"Accounts");
     EXPECT_TRUE(panel().ends());
-    EXPECT_EQ(panel().column(2), (Lines{"Ann Lee", "A note", "A note", "A note"}));
+    EXPECT_EQ(panel().column(2), (Lines{"North Mill Ltd", "A note", "A note", "A note"}));
     const Lines told = message_texts(same);
     EXPECT_GE(told.size(), 4U) << "of the folder, and of each item in it";
     EXPECT_EQ(told, Lines(told.size(), "Search Cancelled!"));
     // the next search begins anew
     const std::int32_t before = count_messages(same);
-    panel().search_for(contact);
+    panel().search_for(account);
     EXPECT_EQ(panel().count(), 4);
     EXPECT_EQ(count_messages(same), before);
 }
 
 TEST_F(SearchOfThePanel, EndsWithItsWindow) {
     World& same = made(old_host);
-    const Item contact = add_full_contact(same);
-    add_note(same, u"A note", {{u"ContactID", u"C-200"}});
+    const Item account = add_full_account(same);
+    add_note(same, u"A note", {{u"AccountID", u"A-100"}});
     panel().open_second(Item());
-    panel().open_second(contact);
+    panel().open_second(account);
     const std::int32_t held_before = held(same, u"Items");
     same.desk().call(u"Meanwhile",
                      {u"Searching... Notes", Value(panel().window()), u"Close", host::Missing{}});
-    panel().choose(u"Contacts");
+    panel().choose(u"Accounts");
     EXPECT_TRUE(same.wait_until([&] { return !panel().is_open(); }));
     same.settle();
     EXPECT_FALSE(window_of(same, panel_caption)) << "nothing brings it back";
     EXPECT_EQ(held(same, u"Items"), held_before);
-    panel().open_new(contact);
-    EXPECT_EQ(panel().column(2), (Lines{"Ann Lee", "A note"}));
+    panel().open_new(account);
+    EXPECT_EQ(panel().column(2), (Lines{"North Mill Ltd", "A note"}));
 }
 
 // results

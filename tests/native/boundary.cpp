@@ -83,7 +83,9 @@ Value Boundary::Across::invoke(Request& request) {
         const std::string member = request.access == Access::advise     ? "advise"
                                    : request.access == Access::unadvise ? "unadvise"
                                                                         : host::to_utf8(request.member);
-        boundary_->pass(class_name(*inner_.target()) + "." + member);
+        const std::string name = class_name(*inner_.target()) + "." + member;
+        if (boundary_->before_request) boundary_->before_request(name, request);
+        boundary_->pass(name);
     }
     Request passed = request;
     passed.kind = nullptr;

@@ -48,6 +48,10 @@ class NativeDesktop final : public host::Desktop {
     bool left_out(host::TextView prog_id) const;
 
     std::function<void()> on_yield = [] {};  ///< what a turn of the message loop does
+    /// Makes an object in place of the usual one; Nothing where it makes none.
+    std::function<host::Object(host::TextView prog_id)> stand_in = [](host::TextView) {
+        return host::Object();
+    };
 
     std::uint32_t slept = 0;  ///< milliseconds in all; nobody waits for them
     int beeps = 0;

@@ -1,0 +1,132 @@
+// The filter texts of the panel's search: each alone, and those that whole searches send.
+#include "searchpanel/panel_filters.h"
+
+#include "tests/acceptance/search_panel.h"
+#include "tests/native/native_world.h"
+
+namespace addin_tests {
+namespace {
+
+using acceptance::Lines;
+using addin::searchpanel::FilterForm;
+using host::Text;
+using host::TextView;
+using host::outlook::Item;
+using native::NativeWorld;
+
+constexpr FilterForm like = FilterForm::like, phrase = FilterForm::phrase;
+
+// "#" stands for the address of the property set
+std::string written(std::string text) {
+    const std::string address =
+        "http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/";
+    for (std::size_t at = text.find('#'); at != std::string::npos; at = text.find('#', at + address.size())) {
+        text.replace(at, 1, address);
+    }
+    return text;
+}
+
+TEST(PanelFilters, HaveTwoForms) {
+    namespace panel = addin::searchpanel;
+    struct Case {
+        Text built;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {panel::drop_down_filter(phrase, u"IPM.Post.X"),
+         R"(@SQL=("#RecordType" ci_phrasematch 'Folder Drop Down' AND "#MessageClass" ci_phrasematch 'IPM.Post.X'))"},
+        {panel::drop_down_filter(like, u"IPM.Post.X"),
+         R"(@SQL=("#RecordType" Like 'Folder Drop Down' AND "#MessageClass" Like 'IPM.Post.X'))"},
+        {panel::contact_filter(phrase, u"C-1", u"North Mill"),
+         R"(@SQL=("#ContactID" ci_phrasematch 'C-1' AND "#Account%20Name" ci_phrasematch 'North Mill'))"},
+        {panel::contact_filter(like, u"C-1", u"North Mill"), R"(@SQL=("#ContactID" Like 'C-1'))"},
+        {panel::account_filter(phrase, u"A-1", u"North Mill"),
+         R"(@SQL=("#AccountID" ci_phrasematch 'A-1' AND "#Account%20Name" ci_phrasematch 'North Mill'))"},
+        {panel::account_filter(like, u"A-1", u"North Mill"), R"(@SQL=("#AccountID" Like 'A-1'))"},
+        {panel::definition_filter(phrase, u"Contacts"),
+         R"(@SQL=("#RecordType" ci_phrasematch 'List Definition' AND "urn:schemas:httpmail:subject" ci_phrasematch 'Contacts'))"},
+        {panel::definition_filter(like, u"Contacts"),
+         R"(@SQL=("#RecordType" Like 'List Definition' AND "urn:schemas:httpmail:subject" Like 'Contacts'))"},
+        {panel::location_filter(phrase, u"A-1", u"North Mill"),
+         R"(@SQL=("#Account%20LocationID" ci_phrasematch 'A-1' AND "#Account%20Name" ci_phrasematch 'North Mill'))"},
+        {panel::location_filter(like, u"A-1", u"North Mill"), R"(@SQL=("#Account%20LocationID" Like 'A-1'))"},
+        {panel::items_filter(phrase, u"Inquiry ID", u"I-1", u"North Mill"),
+         R"(@SQL=("#Inquiry%20ID" ci_phrasematch 'I-1' AND "#Account%20Name" ci_phrasematch 'North Mill'))"},
+        {panel::items_filter(like, u"Inquiry ID", u"I-1", u"North Mill"),
+         R"(@SQL=("#Inquiry%20ID" Like 'I-1'))"},
+        {panel::items_filter(like, u"", u"", u""), R"(@SQL=("#" Like ''))"},
+        {panel::contact_filter(like, u"50% 'off'", u""), R"(@SQL=("#ContactID" Like '50% 'off''))"},
+    };
+    for (const Case& one : cases) EXPECT_EQ(host::to_utf8(one.built), written(one.expected));
+}
+
+/// A world with an account that has an apostrophe in its name, and a contact of it.
+struct Searched {
+    NativeWorld world;
+    Item account, contact;
+
+    explicit Searched(bool phrases) : world({.instant_search = phrases}) {
+        if (phrases) acceptance::search_in_phrases(world);
+        acceptance::install_panel(world);
+        account = acceptance::add_full_account(world, u"O'Malley's");
+        contact = acceptance::add_full_contact(world, u"O'Malley's");
+    }
+
+    /// The filters that a search sends, without the repeats of the walk.
+    Lines filters_of(const Item& item) {
+        Lines sent;
+        world.boundary().before_request = [&](const std::string& member, const host::Request& request) {
+            if (member != "Items.Restrict") return;
+            const std::string filter = host::to_utf8(request.arguments.at(0).to_text());
+            if (sent.empty() || sent.back() != filter) sent.push_back(filter);
+        };
+        world.connect().call(u"ShowItemsMenu", {host::Value(item)});
+        world.boundary().before_request = nullptr;
+        return sent;
+    }
+};
+
+Lines all_written(Lines texts) {
+    for (std::string& text : texts) text = written(text);
+    return texts;
+}
+
+TEST(PanelFilters, OfASearchInPhrasesNameKeyAndCompany) {
+    Searched searched(true);
+    EXPECT_EQ(
+        searched.filters_of(searched.account),
+        all_written(
+            {R"(@SQL=("#RecordType" ci_phrasematch 'Folder Drop Down' AND "#MessageClass" ci_phrasematch 'IPM.Post.Tarnwell_2000'))",
+             R"(@SQL=("#AccountID" ci_phrasematch 'A-100' AND "#Account%20Name" ci_phrasematch 'O'Malley's'))",
+             R"(@SQL=("#RecordType" ci_phrasematch 'List Definition' AND "urn:schemas:httpmail:subject" ci_phrasematch 'Accounts by id'))",
+             R"(@SQL=("#Account%20LocationID" ci_phrasematch 'A-100' AND "#Account%20Name" ci_phrasematch 'O''Malley''s'))",
+             R"(@SQL=("#AccountID" ci_phrasematch 'A-100' AND "#Account%20Name" ci_phrasematch 'O''Malley''s'))"}));
+    EXPECT_EQ(
+        searched.filters_of(searched.contact),
+        all_written(
+            {R"(@SQL=("#RecordType" ci_phrasematch 'Folder Drop Down' AND "#MessageClass" ci_phrasematch 'IPM.Contact.Account Contact'))",
+             R"(@SQL=("#ContactID" ci_phrasematch 'C-200' AND "#Account%20Name" ci_phrasematch 'O''Malley''s'))",
+             R"(@SQL=("#RecordType" ci_phrasematch 'List Definition' AND "urn:schemas:httpmail:subject" ci_phrasematch 'Contacts by id'))",
+             R"(@SQL=("#Account%20LocationID" ci_phrasematch '' AND "#Account%20Name" ci_phrasematch 'O'Malley's'))",
+             R"(@SQL=("#ContactID" ci_phrasematch 'C-200' AND "#Account%20Name" ci_phrasematch 'O'Malley's'))"}));
+}
+
+TEST(PanelFilters, OfAPlainSearchNameTheKeyAlone) {
+    Searched searched(false);
+    EXPECT_EQ(
+        searched.filters_of(searched.account),
+        all_written(
+            {R"(@SQL=("#RecordType" Like 'Folder Drop Down' AND "#MessageClass" Like 'IPM.Post.Tarnwell_2000'))",
+             R"(@SQL=("#AccountID" Like 'A-100'))",
+             R"(@SQL=("#RecordType" Like 'List Definition' AND "urn:schemas:httpmail:subject" Like 'Accounts by id'))",
+             R"(@SQL=("#Account%20LocationID" Like 'A-100'))", R"(@SQL=("#AccountID" Like 'A-100'))"}));
+    for (const TextView setting : {u"", u"0", u"yes", u"11"}) {
+        searched.world.option(u"EnableDesktopSearch", setting);
+        for (const std::string& filter : searched.filters_of(searched.contact)) {
+            EXPECT_EQ(filter.find("ci_phrasematch"), std::string::npos) << filter;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace addin_tests

@@ -1,0 +1,269 @@
+// What happens while the panel's search gives way to events: its window is closed, made anew, searches again,
+// and the host lets go of the add-in. Nothing that has gone is touched.
+#include <map>
+
+#include "core/status_windows.h"
+#include "searchpanel/show_items.h"
+#include "tests/acceptance/search_panel.h"
+#include "tests/native/native_world.h"
+#include "tests/native/nth_call.h"
+
+namespace addin_tests {
+namespace {
+
+using acceptance::Lines;
+using acceptance::SearchPanel;
+using host::TextView;
+using host::Value;
+using host::outlook::Item;
+using native::NativeWorld;
+
+const Lines of_account{"North Mill Ltd", "A note"};
+const Lines of_bell{"Bell & Sons", "Of Bell"};
+
+struct Searching {
+    NativeWorld world{acceptance::WorldSetup{}};
+    Item account, bell;
+    int yields_ = 0;
+
+    Searching() {
+        acceptance::install_panel(world);
+        account = acceptance::add_full_account(world);
+        bell = acceptance::add_full_account(world, u"Bell & Sons", u"A-7");
+        acceptance::add_note(world, u"A note", {{u"AccountID", u"A-100"}});
+        acceptance::add_note(world, u"Of Bell", {{u"AccountID", u"A-7"}});
+    }
+
+    addin::Session& session() { return world.add_in()->session(); }
+    void menu(TextView operation, const Item& item) { world.connect().call(operation, {Value(item)}); }
+
+    /// Does something at the n-th yield of a search; whether there was one.
+    bool at_yield(int n, const std::function<void()>& deed, const std::function<void()>& search) {
+        const std::function<void()> usual = world.system().on_yield;
+        int yields = 0;
+        world.system().on_yield = [&] {
+            if (++yields == n) deed();
+            usual();
+        };
+        search();
+        world.system().on_yield = usual;
+        yields_ = yields;
+        return yields >= n;
+    }
+};
+
+TEST(PanelSearchInside, OfAWindowThatIsClosedEndsAtEachYield) {
+    int yield = 1;
+    for (bool more = true; more; ++yield) {
+        SCOPED_TRACE(yield);
+        Searching searching;
+        SearchPanel panel(searching.world);
+        panel.open_second(Item());
+        searching.menu(u"ShowItemsMenu2", searching.account);
+        more = searching.at_yield(
+            yield, [&] { searching.world.engine().find(acceptance::panel_caption)->close(); },
+            [&] { panel.choose(u"Accounts"); });
+        if (more) {
+            EXPECT_FALSE(panel.window());
+            EXPECT_EQ(searching.yields_, yield) << "no folder is looked at any more";
+        }
+        EXPECT_FALSE(searching.session().SearchForm.window()->view().visible());
+        EXPECT_FALSE(searching.session().gOutlookApp);
+        panel.open_second(searching.bell);
+        EXPECT_EQ(panel.column(2), of_bell);
+        ASSERT_LT(yield, 60);
+    }
+    EXPECT_GT(yield, 5);
+}
+
+TEST(PanelSearchInside, GoesOnInNoWindowThatWasLoadedAnew) {
+    Searching searching;
+    SearchPanel panel(searching.world);
+    panel.open_second(Item());
+    searching.menu(u"ShowItemsMenu2", searching.account);
+    ASSERT_TRUE(searching.at_yield(
+        3,
+        [&] {
+            searching.world.engine().find(acceptance::panel_caption)->close();
+            searching.menu(u"ShowItemsMenu2", searching.bell);
+        },
+        [&] { panel.choose(u"Accounts"); }));
+    EXPECT_EQ(panel.column(2), of_bell);
+}
+
+TEST(PanelSearchInside, InALoadEndsWithItsPanelWhenThatIsMadeAnew) {
+    int yield = 1;
+    for (bool more = true; more; ++yield) {
+        SCOPED_TRACE(yield);
+        Searching searching;
+        SearchPanel panel(searching.world);
+        more = searching.at_yield(
+            yield, [&] { searching.menu(u"ShowItemsMenu", searching.bell); },
+            [&] { searching.menu(u"ShowItemsMenu", searching.account); });
+        EXPECT_EQ(panel.column(2), more ? of_bell : of_account);
+        EXPECT_EQ(searching.session().loaded_panels.size(), 1U);
+        EXPECT_EQ(searching.world.engine().thrown, std::vector<std::string>{});
+        ASSERT_LT(yield, 60);
+    }
+    EXPECT_GT(yield, 5);
+}
+
+TEST(PanelSearchInside, OutlivesTheEndOfTheAddIn) {
+    for (const bool in_load : {true, false}) {
+        int yield = 1;
+        for (bool more = true; more; ++yield) {
+            SCOPED_TRACE(yield);
+            Searching searching;
+            {
+                SearchPanel panel(searching.world);
+                if (!in_load) {
+                    panel.open_second(Item());
+                    searching.menu(u"ShowItemsMenu2", searching.account);
+                }
+                more = searching.at_yield(
+                    yield, [&] { searching.world.unload_add_in(1); },
+                    [&] {
+                        if (in_load) {
+                            const host::Object connect = searching.world.connect();
+                            connect.call(u"ShowItemsMenu2", {Value(searching.account)});
+                        } else {
+                            panel.choose(u"Accounts");
+                        }
+                    });
+            }
+            if (more) {
+                EXPECT_TRUE(searching.world.engine().windows().empty());
+                EXPECT_TRUE(searching.world.boundary().live().empty());
+            }
+            ASSERT_LT(yield, 60);
+        }
+        EXPECT_GT(yield, 5);
+    }
+}
+
+TEST(PanelSearchInside, StartedAgainFillsTheSameListUnderIt) {
+    int yield = 1;
+    for (bool more = true; more; ++yield) {
+        SCOPED_TRACE(yield);
+        Searching searching;
+        SearchPanel panel(searching.world);
+        panel.open_second(Item());
+        searching.menu(u"ShowItemsMenu2", searching.account);
+        more = searching.at_yield(
+            yield,
+            [&] {
+                searching.menu(u"ShowItemsMenu2", searching.bell);
+                panel.choose(u"Accounts");
+            },
+            [&] { panel.choose(u"Accounts"); });
+        Lines rows = panel.column(2);
+        if (more) {
+            ASSERT_GE(rows.size(), 2U);
+            EXPECT_EQ(Lines(rows.begin(), rows.begin() + 2), of_bell) << "the inner one clears and fills";
+            const Lines rest(rows.begin() + 2, rows.end());
+            EXPECT_TRUE(rest.empty() || rest == of_account || rest == Lines{"A note"})
+                << "and the outer one goes on where it was";
+            EXPECT_EQ(panel.text(u"CompanyName"), "Bell & Sons");
+        } else {
+            EXPECT_EQ(rows, of_account);
+        }
+        ASSERT_LT(yield, 60);
+    }
+    EXPECT_GT(yield, 5);
+}
+
+TEST(PanelSearchInside, IsResizedAndCancelledWhileItGoesOn) {
+    Searching searching;
+    SearchPanel panel(searching.world);
+    panel.open_second(Item());
+    searching.menu(u"ShowItemsMenu2", searching.account);
+    const auto before = panel.widths();
+    ASSERT_TRUE(searching.at_yield(
+        2,
+        [&] {
+            native::MemoryWindow& window = *searching.world.engine().find(acceptance::panel_caption);
+            EXPECT_TRUE(window.resize(900, 700));
+            EXPECT_TRUE(window.key(27));
+            EXPECT_TRUE(window.key('A')) << "any other key takes it back";
+        },
+        [&] { panel.choose(u"Accounts"); }));
+    EXPECT_NE(panel.widths(), before);
+    EXPECT_EQ(panel.column(2), of_account);
+    EXPECT_EQ(acceptance::count_messages(searching.world), 0);
+    // told at each folder from there on, and at each of the items
+    searching.menu(u"ShowItemsMenu2", searching.account);
+    const int folders = searching.yields_;
+    ASSERT_TRUE(searching.at_yield(
+        1, [&] { searching.world.engine().find(acceptance::panel_caption)->key(27); },
+        [&] { panel.choose(u"Accounts"); }));
+    EXPECT_EQ(panel.column(2), of_account);
+    EXPECT_EQ(acceptance::count_messages(searching.world), folders + 2);
+}
+
+// what calls it makes
+
+TEST(PanelSearchInside, AsksEachFolderOnceAndReadsOfARowWhatItShows) {
+    Searching searching;
+    for (int i = 0; i < 9; ++i) {
+        acceptance::add_note(searching.world, u"More", {{u"AccountID", u"A-100"}});
+    }
+    std::map<std::string, int> calls;
+    const auto count = [&] {
+        calls.clear();
+        searching.world.boundary().forget_calls();
+        searching.menu(u"ShowItemsMenu", searching.account);
+        for (const std::string& call : searching.world.boundary().calls()) ++calls[call];
+    };
+    count();
+    const int folders = [&] {
+        searching.at_yield(
+            1, [] {}, [&] { searching.menu(u"ShowItemsMenu", searching.account); });
+        return searching.yields_;
+    }();
+    constexpr int around = 4;  // the entry, the account, the definition, the account's locations
+    EXPECT_EQ(calls["Items.Restrict"], folders + around);
+    EXPECT_EQ(calls["SafeMailItem.SenderName"], 11) << "once for each row";
+    EXPECT_EQ(calls["create TarnwellOMG.SafeMailItem"], 2) << "once for each folder with a match";
+    const std::map<std::string, int> before = calls;
+    acceptance::add_note(searching.world, u"More", {{u"AccountID", u"A-100"}});
+    count();
+    int more = 0;
+    for (const auto& [name, times] : calls) more += times - before.at(name);
+    EXPECT_EQ(more, 8) << "item, wrapper, subject, sender, class, time, change, entry id";
+}
+
+// failing calls
+
+TEST(PanelFaults, SearchOutlivesEveryOne) {
+    for (const bool phrases : {false, true}) {
+        int n = 1;
+        Searching searching;
+        if (phrases) {
+            acceptance::desk_option(searching.world, u"InstantSearch", true);
+            acceptance::search_in_phrases(searching.world);
+        }
+        for (bool more = true; more; ++n) {
+            SearchPanel panel(searching.world);
+            std::string member;
+            {
+                const native::NthCall fault(searching.world, n);
+                ASSERT_NO_THROW(searching.menu(u"ShowItemsMenu", searching.account)) << n;
+                more = fault.came();
+                member = fault.member();
+            }
+            SCOPED_TRACE("call " + std::to_string(n) + " failed: " + member);
+            EXPECT_TRUE(panel.is_open());
+            EXPECT_LE(panel.count(), 5);
+            EXPECT_EQ(panel.text(u"StoreID"), "") << "the search came to its end";
+            EXPECT_EQ(acceptance::count_messages(searching.world), 0);
+            searching.session().gSelectedEntryID.clear();
+            ASSERT_LT(n, 600);
+            if (::testing::Test::HasFailure()) return;
+        }
+        EXPECT_GT(n, 100);
+        EXPECT_EQ(searching.world.engine().thrown, std::vector<std::string>{});
+    }
+}
+
+}  // namespace
+}  // namespace addin_tests
