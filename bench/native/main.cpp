@@ -20,9 +20,11 @@ int main() try {
     const bool opened_right = bench::calls_of_opened_items();
     const bool selection_right = bench::calls_of_a_selection();
     const bool search_right = bench::calls_of_a_search();
+    const bool walk_right = bench::calls_of_a_walk();
     const bool times_right = bench::time_of_a_mail();
-    return calls_right && opened_right && selection_right && search_right && times_right ? EXIT_SUCCESS
-                                                                                         : EXIT_FAILURE;
+    return calls_right && opened_right && selection_right && search_right && walk_right && times_right
+               ? EXIT_SUCCESS
+               : EXIT_FAILURE;
 } catch (const host::Failure& failure) {
     std::cout << "WRONG: a call failed: " << failure.what() << "\n";
     return EXIT_FAILURE;

@@ -24,6 +24,9 @@ bool calls_of_a_selection();
 /// The calls that a search of the Create Note dialog makes for each of its rows.
 bool calls_of_a_search();
 
+/// The calls that a search of the Search Panel makes for each folder and row, and what it holds meanwhile.
+bool calls_of_a_walk();
+
 /// What a mail's filing takes with few and with many contacts.
 bool time_of_a_mail();
 

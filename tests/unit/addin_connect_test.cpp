@@ -350,6 +350,8 @@ TEST(SearchPanels, AreOpenedOnAnItemOrOnNone) {
 TEST(SearchPanels, KeepAnEarlierChoiceWhereTheItemRefusesItsOwn) {
     NativeWorld world{{}};
     addin::Session& session = world.add_in()->session();
+    std::vector<std::string> told;  // a panel that leaves the choice as it is
+    session.gPanelMenu2.made_by([&] { return std::make_shared<ToldWindow>(told); });
     const host::outlook::Item contact = acceptance::add_contact(world);
     world.connect().call(u"ShowItemsMenu2", {Value(contact)});
     world.fail(u"MailItem.EntryID");

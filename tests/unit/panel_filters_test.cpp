@@ -107,7 +107,7 @@ TEST(PanelFilters, OfASearchInPhrasesNameKeyAndCompany) {
             {R"(@SQL=("#RecordType" ci_phrasematch 'Folder Drop Down' AND "#MessageClass" ci_phrasematch 'IPM.Contact.Account Contact'))",
              R"(@SQL=("#ContactID" ci_phrasematch 'C-200' AND "#Account%20Name" ci_phrasematch 'O''Malley''s'))",
              R"(@SQL=("#RecordType" ci_phrasematch 'List Definition' AND "urn:schemas:httpmail:subject" ci_phrasematch 'Contacts by id'))",
-             R"(@SQL=("#Account%20LocationID" ci_phrasematch '' AND "#Account%20Name" ci_phrasematch 'O'Malley's'))",
+             R"(@SQL=("#Account%20LocationID" ci_phrasematch 'C-200' AND "#Account%20Name" ci_phrasematch 'O'Malley's'))",
              R"(@SQL=("#ContactID" ci_phrasematch 'C-200' AND "#Account%20Name" ci_phrasematch 'O'Malley's'))"}));
 }
 

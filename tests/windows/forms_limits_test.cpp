@@ -5,6 +5,7 @@
 
 #include "core/status_windows.h"
 #include "createnote/dlg_send.h"
+#include "searchpanel/show_items.h"
 #include "tests/forms/gallery.h"
 #include "tests/windows/forms_layout.h"
 #include "tests/windows/forms_stage.h"
@@ -24,6 +25,9 @@ TEST(FormsLayout, NoTextIsCutAndNoControlsOverlapAtAnyResolution) {
     const Designed all[] = {{&gallery, {}, {}},
                             {&with_keys, {}, {}},
                             {&addin::createnote::dialog_table(), {}, {"SearchString and Combo1"}},
+                            {&addin::searchpanel::panel_table(),
+                             {},
+                             {"Street1 and City", "Street1 and State", "Street1 and Zip"}},
                             {&addin::search_form_table(), {}, {}},
                             {&addin::tarnwell_table(), {}, {}},
                             {&addin::tarnwell_info_table(), {}, {}}};

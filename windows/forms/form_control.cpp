@@ -69,6 +69,8 @@ DWORD style_of(const ControlRow& row, const FormWindow& form) {
     } else {
         style |= WS_GROUP;
     }
+    // what stands over a label is not painted over; a frame stands over all that is in it
+    if (row.kind == ControlKind::label && row.frame.empty()) style |= WS_CLIPSIBLINGS;
     return style;
 }
 
