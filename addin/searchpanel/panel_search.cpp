@@ -13,7 +13,6 @@ namespace addin::searchpanel {
 
 using host::Text;
 using host::TextView;
-using host::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 using host::outlook::Items;

@@ -71,7 +71,7 @@ TEST_F(SearchOfThePanel, ListsWhatBearsTheKeyInEveryFolderInBothForms) {
         add_note(same, u"Of the account", {{u"AccountID", u"A-100"}, {u"Account Name", name}});
         add_note(same, u"Of another",
                  {{u"AccountID", u"A-1000"}, {u"ContactID", u"C-2000"}, {u"Account Name", name}});
-        add_record(same, same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"An inquiry",
+        add_record(same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"An inquiry",
                    {{u"AccountID", u"A-100"}, {u"ContactID", u"C-200"}, {u"Account Name", name}});
 
         panel().open_new(contact);
@@ -92,7 +92,7 @@ TEST_F(SearchOfThePanel, ListsWhatBearsTheKeyInEveryFolderInBothForms) {
 
         // at a record of an inquiry the key's name has a blank
         const Item inquiry =
-            add_record(same, same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"With an id",
+            add_record(same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"With an id",
                        {{u"AccountID", u"A-100"}, {u"Inquiry ID", u"I-7"}, {u"Account Name", name}});
         add_note(same, u"Of the inquiry", {{u"Inquiry ID", u"I-7"}, {u"Account Name", name}});
         panel().open_new(inquiry);
@@ -144,7 +144,7 @@ TEST_F(SearchOfThePanel, ListsFiftyOneItemsOfAFolderAndGoesOn) {
     World& same = made(old_host);
     const Item contact = add_full_contact(same);
     for (int i = 0; i < 60; ++i) add_note(same, u"A note", {{u"ContactID", u"C-200"}});
-    add_record(same, same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"An inquiry",
+    add_record(same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"An inquiry",
                {{u"ContactID", u"C-200"}});
     panel().open_new(contact);
     EXPECT_EQ(panel().count(), 1 + 51 + 1);
@@ -176,7 +176,7 @@ TEST_F(SearchOfThePanel, OfATargetIsForTheRecordThatTheUserPicks) {
     add_full_account(same);
     const Item other = add_full_account(same, u"Bell & Sons", u"A-7");
     add_note(same, u"Of Bell", {{u"AccountID", u"A-7"}, {u"Account Name", u"Bell & Sons"}});
-    add_record(same, same.account_profiles(), u"IPM.Post.Tarnwell_2000", u"A branch",
+    add_record(same.account_profiles(), u"IPM.Post.Tarnwell_2000", u"A branch",
                {{u"AccountID", u"A-8"}, {u"Account LocationID", u"A-7"}, {u"Account Name", u"Bell & Sons"}});
     panel().open();
     panel().choose(u"Accounts");

@@ -67,7 +67,7 @@ void install_panel(World& world, const std::vector<PanelTarget>& targets) {
     write_targets_file(world, file);
 }
 
-Item add_record(World&, const host::outlook::Folder& folder, TextView message_class, const Text& subject,
+Item add_record(const host::outlook::Folder& folder, TextView message_class, const Text& subject,
                 const Fields& properties) {
     const Item record = folder.Items().Add(message_class);
     record.Subject(subject);
@@ -77,7 +77,7 @@ Item add_record(World&, const host::outlook::Folder& folder, TextView message_cl
 }
 
 Item add_note(World& world, const Text& subject, const Fields& properties) {
-    return add_record(world, world.below(u"Notes"), u"IPM.Post.Note", subject, properties);
+    return add_record(world.below(u"Notes"), u"IPM.Post.Note", subject, properties);
 }
 
 Item add_full_account(World& world, const Text& name, const Text& id) {

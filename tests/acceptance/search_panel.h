@@ -31,9 +31,8 @@ inline void install_panel(World& world) {
 inline void search_in_phrases(World& world) { world.option(u"EnableDesktopSearch", u"1"); }
 
 /// Saves a record of a class with these user properties to a folder.
-host::outlook::Item add_record(World& world, const host::outlook::Folder& folder,
-                               host::TextView message_class, const host::Text& subject,
-                               const Fields& properties);
+host::outlook::Item add_record(const host::outlook::Folder& folder, host::TextView message_class,
+                               const host::Text& subject, const Fields& properties);
 /// A note of a contact, or of an account alone.
 host::outlook::Item add_note(World& world, const host::Text& subject, const Fields& properties);
 /// An account with an address, as the panel shows it.

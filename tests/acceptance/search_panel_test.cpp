@@ -9,10 +9,8 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
 using host::Text;
 using host::TextView;
-using host::Value;
 using host::outlook::Item;
 
 constexpr const char* design_header = "Contact Name|Company Name|Phone|Fax|Street1|City|State|Zip";
@@ -152,7 +150,6 @@ TEST_F(SearchPanelWindow, SearchesAtAnActivationOnlyIfAnotherItemWasPendingAtThe
 TEST_F(SearchPanelWindow, HasThreeInstancesOfWhichOneIsAlwaysMadeAnew) {
     install_panel(world());
     const Item contact = add_full_contact(world());
-    const Lines design{design_header};
     panel().open_new(contact);
     panel().open_new(Item());
     EXPECT_EQ(panel().header(), design_header) << "a new one, on nothing";

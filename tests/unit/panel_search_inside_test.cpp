@@ -24,7 +24,7 @@ const Lines of_bell{"Bell & Sons", "Of Bell"};
 struct Searching {
     NativeWorld world{acceptance::WorldSetup{}};
     Item account, bell;
-    int yields_ = 0;
+    int last_yields = 0;
 
     Searching() {
         acceptance::install_panel(world);
@@ -47,7 +47,7 @@ struct Searching {
         };
         search();
         world.system().on_yield = usual;
-        yields_ = yields;
+        last_yields = yields;
         return yields >= n;
     }
 };
@@ -65,7 +65,7 @@ TEST(PanelSearchInside, OfAWindowThatIsClosedEndsAtEachYield) {
             [&] { panel.choose(u"Accounts"); });
         if (more) {
             EXPECT_FALSE(panel.window());
-            EXPECT_EQ(searching.yields_, yield) << "no folder is looked at any more";
+            EXPECT_EQ(searching.last_yields, yield) << "no folder is looked at any more";
             EXPECT_FALSE(searching.session().SearchForm.window()->view().visible());
             EXPECT_FALSE(searching.session().gOutlookApp);
             panel.open_second(searching.bell);
@@ -192,7 +192,7 @@ TEST(PanelSearchInside, IsResizedAndCancelledWhileItGoesOn) {
     EXPECT_EQ(acceptance::count_messages(searching.world), 0);
     // told at each folder from there on, and at each of the items
     searching.menu(u"ShowItemsMenu2", searching.account);
-    const int folders = searching.yields_;
+    const int folders = searching.last_yields;
     ASSERT_TRUE(searching.at_yield(
         1, [&] { searching.world.engine().find(acceptance::panel_caption)->key(27); },
         [&] { panel.choose(u"Accounts"); }));
@@ -218,7 +218,7 @@ TEST(PanelSearchInside, AsksEachFolderOnceAndReadsOfARowWhatItShows) {
     const int folders = [&] {
         searching.at_yield(
             1, [] {}, [&] { searching.menu(u"ShowItemsMenu", searching.account); });
-        return searching.yields_;
+        return searching.last_yields;
     }();
     constexpr int around = 4;  // the entry, the account, the definition, the account's locations
     EXPECT_EQ(calls["Items.Restrict"], folders + around);

@@ -3,6 +3,8 @@
 #include "windows/com/failure.h"
 #include "windows/desktop/module_file.h"
 
+#include <shellapi.h>
+
 namespace windows {
 namespace {
 
