@@ -303,5 +303,32 @@ TEST_F(SearchOfThePanel, OpensTheItemOfARowByADoubleClick) {
     EXPECT_EQ(count_messages(same), 0);
 }
 
+TEST_F(SearchOfThePanel, ListsMailAndFilesThatTheSystemsIndexKnowsAndOpensThem) {
+    World& same = made(indexed_host);
+    const Item account = add_full_account(same);
+    const Item mail = same.deliver(message({.subject = "About North Mill Ltd"}));
+    same.deliver(message({.subject = "About the mill"}));
+    same.write_document("offer.txt", "An offer for North Mill Ltd.");
+    panel().open_new(account);
+    ASSERT_EQ(panel().column(1), (Lines{"Account Profiles", "Inbox", "File Search"}));
+    EXPECT_EQ(panel().column(2), (Lines{"North Mill Ltd", "About North Mill Ltd", "offer.txt"}));
+    EXPECT_EQ(panel().cell(2, 3), "Ann Lee");
+    EXPECT_EQ(panel().cell(3, 3), panel().cell(3, 6));
+    EXPECT_TRUE(panel().cell(2, 6).starts_with("/Mailbox")) << panel().cell(2, 6);
+    panel().select(2);
+    panel().double_click();
+    const Object opened = same.desk().get(u"Displayed").to_object();
+    ASSERT_EQ(opened.get(u"Count").to_integer(), 1);
+    const Item shown_mail(opened.call(u"Item", {1}).to_object());
+    EXPECT_EQ(shown_mail.EntryID(), mail.EntryID());
+    shown_mail.Close(host::outlook::discard_changes);
+    panel().select(3);
+    panel().double_click();
+    const auto files = [&] { return texts_of(same, u"Opened"); };
+    EXPECT_TRUE(same.wait_until([&] { return files().size() == 1; }));
+    for (const std::string& file : files()) EXPECT_TRUE(file.ends_with("\\offer.txt")) << file;
+    EXPECT_EQ(count_messages(same), 0);
+}
+
 }  // namespace
 }  // namespace acceptance

@@ -255,11 +255,11 @@ TEST(PanelResults, OfFilesAreHandedToTheShell) {
     Listed listed;
     listed.add(u"File Search", u"offer.txt", u"C:\\Work\\Bell", u"C:\\Work\\Bell");
     listed.open(0);
-    EXPECT_EQ(listed.world.model().opened, std::vector<Text>{u"C:\\Work\\Bell\\offer.txt"});
+    EXPECT_EQ(listed.world.model().surroundings().opened(), std::vector<Text>{u"C:\\Work\\Bell\\offer.txt"});
     EXPECT_EQ(listed.world.system().shown_pointer, host::Pointer::standard);
     const native::NthCall fault(listed.world, 1);
     listed.open(0);
-    EXPECT_EQ(listed.world.model().opened.size(), 1U);
+    EXPECT_EQ(listed.world.model().surroundings().opened().size(), 1U);
     EXPECT_EQ(acceptance::count_messages(listed.world), 0) << "the shell's failure isn't told";
 }
 
@@ -271,7 +271,7 @@ TEST(PanelResults, WithoutATextAreRefusedWithABeep) {
     listed.open(0);
     listed.open(-1);
     EXPECT_EQ(listed.world.system().beeps, 3) << "no text, or no row";
-    EXPECT_TRUE(listed.world.model().opened.empty());
+    EXPECT_TRUE(listed.world.model().surroundings().opened().empty());
     EXPECT_EQ(acceptance::count_messages(listed.world), 0);
     EXPECT_EQ(listed.world.system().shown_pointer, host::Pointer::standard);
 }
