@@ -348,9 +348,9 @@ TEST(SearchPanels, AreOpenedOnAnItemOrOnNone) {
 }
 
 TEST(SearchPanels, KeepAnEarlierChoiceWhereTheItemRefusesItsOwn) {
+    std::vector<std::string> told;  // by a panel that leaves the choice as it is, to its end
     NativeWorld world{{}};
     addin::Session& session = world.add_in()->session();
-    std::vector<std::string> told;  // a panel that leaves the choice as it is
     session.gPanelMenu2.made_by([&] { return std::make_shared<ToldWindow>(told); });
     const host::outlook::Item contact = acceptance::add_contact(world);
     world.connect().call(u"ShowItemsMenu2", {Value(contact)});
