@@ -1,13 +1,13 @@
 #include "commands/context_menu.h"
 
 #include "commands/buttons.h"
+#include "commands/sticky_notes.h"
 #include "records/names.h"
 
 namespace addin::commands {
 
 using host::office::CommandBar;
 using host::office::CommandBarControl;
-namespace object_class = host::outlook::object_class;
 
 namespace {
 
@@ -58,18 +58,6 @@ void AddContextEntries(Connect& connect, const CommandBar& bar) {
         [&] { connect.watch_button(&Connect::CreateNoteButton, connect.Control, CreateNoteButton_Click); });
 }
 
-/// Whether a window shows a sticky note of an account. What can't be told of a sticky note counts as so.
-bool is_note_of_account(Steps& steps, const host::outlook::Inspector& inspector,
-                        const host::Text& account_id) {
-    if (!steps.holds([&] { return inspector.CurrentItem().Class() == object_class::note; })) return false;
-    return steps.holds([&] {
-        const bool sticky = inspector.CurrentItem().MessageClass() == records::message_class::sticky_note;
-        const host::Text id =
-            inspector.CurrentItem().itemproperties().Item(records::property::account_id).value().to_text();
-        return sticky && id == account_id;
-    });
-}
-
 }  // namespace
 
 void ActiveExplorerCBars_OnUpdate(Connect& connect) {
@@ -96,25 +84,14 @@ void ContextButton_Click(Connect& connect) {
     Steps steps;
     Session& session = connect.session();
     host::outlook::Application application;
-    host::outlook::Inspectors inspectors;
     steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
-    steps.set(inspectors, [&] { return application.Inspectors(); });
-    std::int32_t count = 0;
-    steps.set(count, [&] { return inspectors.Count(); });
     const std::shared_ptr<QuickViewWindow> quick_view = session.QuickView.window();
     host::Text account_id;
     if (quick_view) steps.set(account_id, [&] { return quick_view->AccountID(); });
-    for (std::int32_t i = count; i > 0; --i) {
-        host::outlook::Inspector inspector;
-        steps.set(inspector, [&] { return inspectors.Item(i); });
-        if (is_note_of_account(steps, inspector, account_id)) {
-            steps.run([&] { inspector.Close(host::outlook::discard_changes); });
-        }
-    }
-    inspectors.reset();
+    close_sticky_notes(session, account_id);
     steps.run([&] {
         host::Value selection(application.ActiveExplorer().Selection());
-        if (session.ShowQuickView) session.ShowQuickView(selection);
+        if (session.ShowQuickView) session.ShowQuickView(connect, selection);
     });
 }
 

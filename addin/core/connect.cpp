@@ -19,9 +19,9 @@ Value nothing() { return {}; }
 Settings settings(Connect& self) { return Settings(self.session().desktop); }
 
 /// Runs work whose room may not stand.
-template <class Room, class Argument>
-void run_room(const Room& room, Argument&& argument) {
-    if (room) room(std::forward<Argument>(argument));
+template <class Room, class... Given>
+void run_room(const Room& room, Given&&... given) {
+    if (room) room(std::forward<Given>(given)...);
 }
 
 /// A flag that is published as it is.
@@ -77,7 +77,7 @@ const host::Members<Connect>& Connect::members() {
          Use::method,
          {{u"Selection"}},
          [](Connect& self, const Arguments& a) {
-             run_room(self.session_.ShowQuickView, a[0]);
+             run_room(self.session_.ShowQuickView, self, a[0]);
              return nothing();
          }},
         {u"ShowTarnwell",
@@ -85,7 +85,7 @@ const host::Members<Connect>& Connect::members() {
          Use::method,
          {{u"Selection"}},
          [](Connect& self, const Arguments& a) {
-             run_room(self.session_.ShowTarnwell, a[0]);
+             run_room(self.session_.ShowTarnwell, self, a[0]);
              return nothing();
          }},
         {u"ShowMessage",

@@ -6,6 +6,7 @@
 #include "conversions/furnish.h"
 #include "core/status_windows.h"
 #include "createnote/dlg_send.h"
+#include "quickview/quick_view.h"
 #include "searchpanel/show_items.h"
 #include "templates/template_commands.h"
 
@@ -23,6 +24,7 @@ Session::Session(host::Desktop& platform, forms::Engine& form_engine)
     conversions::furnish(*this);
     searchpanel::furnish(*this);
     templates::furnish(*this);
+    quickview::furnish(*this);
 }
 
 Session::~Session() {

@@ -84,7 +84,8 @@ struct Session {
     std::unique_ptr<ExplorerTrackers> gExplorerList;
     bool gSkipExplorerTracking = false;  ///< nothing sets it
 
-    std::int32_t LastSortColumn = 0;          ///< of all lists, from 0
+    std::int32_t LastSortColumn = 0;  ///< of all lists but Quick View's, from 0
+    bool SortAscending = false;       ///< of Quick View's list; turned over by each click on a heading
     records::ListDefinition list_definition;  ///< the current one
     host::cdo::Session cdo;                   ///< while a list definition is read
     DialogSearch search;
@@ -104,8 +105,8 @@ struct Session {
     std::function<std::shared_ptr<NoteDialog>()> dlgSend;
 
     /// Work of rooms that open windows of their own; an empty one does nothing.
-    std::function<void(host::Value& selection)> ShowQuickView;
-    std::function<void(host::Value& selection)> ShowTarnwell;
+    std::function<void(Connect& connect, host::Value& selection)> ShowQuickView;
+    std::function<void(Connect& connect, host::Value& selection)> ShowTarnwell;
     std::array<std::function<void(Connect& connect)>, static_cast<std::size_t>(Command::count)> commands;
 };
 

@@ -218,12 +218,14 @@ void dlgSend::create_for_new_contact(Steps& steps, const ChosenMail& mail,
                                      const Folder& folder, const Text& name) {
     // the dialog goes away before the contact is made: what it holds is kept
     const DialogTexts texts{control(u"Combo1").text(), control(u"txtNote").text()};
-    const std::optional<NewContact> made = offer_new_contact(steps, session_,
-                                                             {.address = row_text(),
-                                                              .name = name,
-                                                              .main_add_in = main_add_in,
-                                                              .account_profiles = profiles,
-                                                              .before_choice = [this] { unload(); }});
+    const std::optional<NewContact> made =
+        offer_new_contact(steps, session_,
+                          {.row = new_contact_row(records::Path::create_new_contact),
+                           .address = row_text(),
+                           .name = name,
+                           .main_add_in = main_add_in,
+                           .account_profiles = profiles,
+                           .before_choice = [this] { unload(); }});
     if (!made) return;
     const records::PathRow& path = records::row(records::Path::create_new_contact);
     const Item note = records::make_note(steps, path, folder);

@@ -1,7 +1,10 @@
 #include "createnote/new_contact.h"
 
+#include <algorithm>
+
 #include "core/question.h"
 #include "records/accounts.h"
+#include "records/names.h"
 #include "records/stamp.h"
 
 namespace addin::createnote {
@@ -20,8 +23,20 @@ constexpr TextView create_question = u"\rWould you like to Create an Account/Con
 constexpr TextView account_question = u"Would you like to search for an Account Name? ";
 constexpr TextView commercial_end = u".com", web_start = u"www.";
 
-/// Where the chooser's answer holds the entry id of the chosen account.
-constexpr std::int32_t entry_id_row = 7, entry_id_column = 0;
+// clang-format off
+constexpr NewContactRow rows[] = {
+    // path                                     chooser          keeps values  alignment of kept  address is domain
+    {records::Path::quick_view_new_contact,     Chooser::search, true,         false,             false},
+    {records::Path::open_contact_new_contact,   Chooser::dialog, true,         true,              true},
+    {records::Path::create_new_contact,         Chooser::dialog, false,        false,             true},
+};
+// clang-format on
+
+/// Where the chooser's answer holds the entry id of the chosen account: a search counts the rows first, the
+/// dialog the columns.
+constexpr std::int32_t first_choice = 0, entry_id_place = 7;
+
+constexpr TextView chooser_kind = u"Account", chooser_title = u"Account List";
 
 Text property_text(const Item& item, TextView name) {
     return item.UserProperties().Item(name).value().to_text();
@@ -31,27 +46,38 @@ Text property_text(const Item& item, TextView name) {
 struct Domain {
     Text company, web_page;
 };
-Domain domain_of(const Text& address) {
+Domain domain_of(const Text& address, bool address_is_domain) {
     const std::size_t at = address.find(u'@');
+    if (at == Text::npos && !address_is_domain) return {};
     const Text domain = at == Text::npos ? address : address.substr(at + 1);
     return {domain.substr(0, domain.find(commercial_end)), Text(web_start) + domain};
+}
+
+void show_chooser(Steps& steps, const ListPicker& picker, Chooser chooser) {
+    if (chooser == Chooser::search) {
+        steps.run([&] { picker.searchany(chooser_kind, chooser_title); });
+        return;
+    }
+    steps.run([&] { picker.loaddialog(); });
+    steps.run([&] { picker.refreshaccounts(); });
+    steps.run([&] { picker.showdialog(); });
 }
 
 /// The account that the user chooses; Nothing if none is chosen.
 Item choose_account(Steps& steps, Session& session, const NewContactPlan& plan) {
     const ListPicker picker = records::make_account_picker(steps, session.desktop, plan.account_profiles);
-    steps.run([&] { picker.loaddialog(); });
-    steps.run([&] { picker.refreshaccounts(); });
-    steps.run([&] { picker.showdialog(); });
+    show_chooser(steps, picker, plan.row.chooser);
     Item account;
     if (steps.holds([&] { return !picker.dialogcancel(); })) {
         host::Array chosen;
         steps.set(chosen, [&] { return picker.slist(); });
+        const bool rows_first = plan.row.chooser == Chooser::search;
         steps.set(account, [&] {
+            const Value& id = rows_first ? chosen.at(first_choice, entry_id_place)
+                                         : chosen.at(entry_id_place, first_choice);
             return host::outlook::Application(session.desktop.application())
                 .GetNamespace(u"MAPI")
-                .GetItemFromID(chosen.at(entry_id_row, entry_id_column).to_text(),
-                               plan.account_profiles.StoreID());
+                .GetItemFromID(id.to_text(), plan.account_profiles.StoreID());
         });
     }
     return account;
@@ -63,7 +89,8 @@ void copy_account(Steps& steps, const Item& account, const NewContactPlan& plan,
         const bool name = pair.account_property == property::account_name;
         if (name) continue;
         const auto value = [&] {
-            const bool kept = pair.account_property == property::alignment && plan.keeps_account_values;
+            const bool kept =
+                pair.account_property == property::alignment && plan.row.kept_alignment_is_copied;
             return kept ? Value(contact.alignment)
                         : account.UserProperties().Item(pair.account_property).value();
         };
@@ -73,14 +100,31 @@ void copy_account(Steps& steps, const Item& account, const NewContactPlan& plan,
     steps.set(contact.company, [&] { return property_text(account, property::account_name); });
 }
 
+Value kept_value(const NewContact& made, const records::Key& key) {
+    const std::pair<records::Name, const Text*> values[] = {
+        {property::account_id, &made.account_id},
+        {property::contact_id, &made.contact_id},
+        {property::account_manager, &made.account_manager},
+        {property::team, &made.team},
+        {property::alignment, &made.alignment}};
+    for (const auto& [name, value] : values) {
+        if (key.property == name) return *value;
+    }
+    throw host::Failure(host::result::not_found, Text(key.property));
+}
+
 }  // namespace
+
+const NewContactRow& new_contact_row(records::Path path) {
+    return *std::ranges::find(rows, path, &NewContactRow::path);
+}
 
 std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, const NewContactPlan& plan) {
     if (!asks(session.desktop,
               Text(not_found_start) + plan.address + Text(not_found_end) + Text(create_question))) {
         return std::nullopt;
     }
-    const Domain domain = domain_of(plan.address);
+    const Domain domain = domain_of(plan.address, plan.row.address_is_domain);
     NewContact contact;
     contact.company = domain.company;
     steps.set(contact.contact_id, [&] { return plan.main_add_in.generateid(); });
@@ -92,7 +136,7 @@ std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, cons
         if (account) {
             steps.set(contact.account_id, [&] { return property_text(account, property::account_id); });
         }
-        if (account && plan.keeps_account_values) {
+        if (account && plan.row.keeps_account_values) {
             steps.set(contact.company, [&] { return property_text(account, property::account_name); });
             steps.set(contact.account_manager,
                       [&] { return property_text(account, property::account_manager); });
@@ -125,6 +169,21 @@ std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, cons
     steps.run([&] { contact.item.Save(); });
     steps.run([&] { contact.item.Display(); });
     return contact;
+}
+
+void post_note_for_new_contact(Steps& steps, Session& session, const NewContactPlan& plan,
+                               const NewContact& made, const host::family::SafeMailItem& mail) {
+    const records::PathRow& path = records::row(plan.row.path);
+    const host::outlook::Folder folder =
+        records::choose_folder(steps, session.desktop, plan.account_profiles, path.place);
+    const Item note = records::make_note(steps, path, folder);
+    records::write_keys(steps, path, note, [&](const records::Key& key) { return kept_value(made, key); });
+    records::write_property(steps, note, property::account_name, [&] { return Value(made.company); });
+    records::write_property(steps, note, property::contact_name, [&] { return Value(mail.SenderName()); });
+    records::write_property(steps, note, property::type, [&] { return Value(records::note_type::received); });
+    steps.run([&] { note.Subject(mail.Subject()); });
+    records::write_body(steps, path, note, mail);
+    records::attach_and_post(steps, note, mail);
 }
 
 }  // namespace addin::createnote

@@ -12,11 +12,9 @@ namespace addin::createnote {
 
 using host::Text;
 using host::TextView;
-using host::Value;
 using host::family::SafeMailItem;
 using host::outlook::Folder;
 using host::outlook::Item;
-namespace property = records::property;
 namespace tag = host::family::tag;
 
 namespace {
@@ -24,19 +22,6 @@ namespace {
 constexpr TextView received_only = u"Please use the Open Contact button for received emails only.";
 constexpr TextView dead_link = u"Tarnwell Contact was not found";
 constexpr TextView searching = u"Searching for ";
-
-Value kept_value(const NewContact& made, const records::Key& key) {
-    const std::pair<records::Name, const Text*> values[] = {
-        {property::account_id, &made.account_id},
-        {property::contact_id, &made.contact_id},
-        {property::account_manager, &made.account_manager},
-        {property::team, &made.team},
-        {property::alignment, &made.alignment}};
-    for (const auto& [name, value] : values) {
-        if (key.property == name) return *value;
-    }
-    throw host::Failure(host::result::not_found, Text(key.property));
-}
 
 }  // namespace
 
@@ -96,24 +81,14 @@ void dlgSend::OpenContact() {
         return;
     }
 
-    const std::optional<NewContact> made = offer_new_contact(steps, session_,
-                                                             {.address = address,
-                                                              .name = addresses.sender_name,
-                                                              .main_add_in = main_add_in,
-                                                              .account_profiles = profiles,
-                                                              .keeps_account_values = true,
-                                                              .before_choice = [this] { unload(); }});
-    if (!made) return;
-    const records::PathRow& path = records::row(records::Path::open_contact_new_contact);
-    const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
-    const Item note = records::make_note(steps, path, folder);
-    records::write_keys(steps, path, note, [&](const records::Key& key) { return kept_value(*made, key); });
-    records::write_property(steps, note, property::account_name, [&] { return Value(made->company); });
-    records::write_property(steps, note, property::contact_name, [&] { return Value(wrapper.SenderName()); });
-    records::write_property(steps, note, property::type, [&] { return Value(records::note_type::received); });
-    steps.run([&] { note.Subject(wrapper.Subject()); });
-    records::write_body(steps, path, note, wrapper);
-    records::attach_and_post(steps, note, wrapper);
+    const NewContactPlan plan{.row = new_contact_row(records::Path::open_contact_new_contact),
+                              .address = address,
+                              .name = addresses.sender_name,
+                              .main_add_in = main_add_in,
+                              .account_profiles = profiles,
+                              .before_choice = [this] { unload(); }};
+    const std::optional<NewContact> made = offer_new_contact(steps, session_, plan);
+    if (made) post_note_for_new_contact(steps, session_, plan, *made, wrapper);
 }
 
 void dlgSend::OpenTarnwellContact() {

@@ -1,5 +1,7 @@
 #include "filing/address_resolution.h"
 
+#include <algorithm>
+
 #include "core/settings.h"
 #include "records/filters.h"
 
@@ -36,13 +38,13 @@ constexpr Term smtp_then_names[] = {
 
 // clang-format off
 constexpr VariantRow variant_rows[] = {
-    // variant                  terms                   for an Internet address  for any other type       gate                                   empty stops  trimmed  no To line                                  folders
-    {Variant::received,          TermKind::equality,     native_addresses,        smtp_then_native_if_any, Gate::sender_is_exchange,              true,        false,   NoToLine::stop,                             Folders::account_contacts},
-    {Variant::sent,              TermKind::equality,     native_addresses,        smtp_then_native_if_any, Gate::sender_or_recipient_is_exchange, true,        false,   NoToLine::leave_the_loop,                   Folders::account_contacts},
-    {Variant::quick_view_launch, TermKind::equality,     native_addresses,        smtp_then_native,        Gate::none,                            false,       true,    NoToLine::stop_if_no_native_address_either, Folders::leads_then_account_contacts},
-    {Variant::tarnwell_launch,   TermKind::equality,     native_then_names,       smtp_then_names,         Gate::none,                            false,       false,   NoToLine::stop,                             Folders::account_contacts},
-    {Variant::open_contact,      TermKind::prefix_range, native_then_names,       smtp_then_names,         Gate::none,                            false,       true,    NoToLine::stop,                             Folders::account_contacts},
-    {Variant::create_note,       TermKind::from_dialog,  {},                      {},                      Gate::none,                            false,       false,   NoToLine::message,                          Folders::by_dialog_level},
+    // variant                  terms                   for an Internet address  for any other type       gate                                   empty stops  trimmed  gives way  no To line                                  folders
+    {Variant::received,          TermKind::equality,     native_addresses,        smtp_then_native_if_any, Gate::sender_is_exchange,              true,        false,   false,     NoToLine::stop,                             Folders::account_contacts},
+    {Variant::sent,              TermKind::equality,     native_addresses,        smtp_then_native_if_any, Gate::sender_or_recipient_is_exchange, true,        false,   false,     NoToLine::leave_the_loop,                   Folders::account_contacts},
+    {Variant::quick_view_launch, TermKind::equality,     native_addresses,        smtp_then_native,        Gate::none,                            false,       false,   true,      NoToLine::stop_if_no_native_address_either, Folders::leads_then_account_contacts},
+    {Variant::tarnwell_launch,   TermKind::equality,     native_then_names,       smtp_then_names,         Gate::none,                            false,       false,   true,      NoToLine::stop,                             Folders::account_contacts},
+    {Variant::open_contact,      TermKind::prefix_range, native_then_names,       smtp_then_names,         Gate::none,                            false,       true,    false,     NoToLine::stop,                             Folders::account_contacts},
+    {Variant::create_note,       TermKind::from_dialog,  {},                      {},                      Gate::none,                            false,       false,   false,     NoToLine::message,                          Folders::by_dialog_level},
 };
 // clang-format on
 
@@ -76,6 +78,49 @@ Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addres
     return filter;
 }
 
+std::optional<ReadSender> read_sender(Steps& steps, Session& session, const VariantRow& row,
+                                      const host::family::SafeMailItem& mail) {
+    const auto give_way = [&] {
+        if (row.gives_way) steps.run([&] { session.desktop.yield(); });
+    };
+    ReadSender read;
+    Addresses& addresses = read.addresses;
+    steps.set(addresses.native, [&] { return mail.Fields(tag::sender_address); });
+    give_way();
+    if (row.empty_native_address_stops && addresses.native.empty()) return std::nullopt;
+    if (row.native_is_trimmed) addresses.native = host::trimmed(addresses.native);
+    Text type;
+    steps.set(type, [&] { return host::upper(mail.Fields(tag::sender_address_type)); });
+    const bool internet = type == type_smtp;
+    const std::span<const Term> terms = internet ? row.for_smtp : row.for_other;
+
+    if (!internet) {
+        const bool gated = row.gate != Gate::none;
+        const Text option =
+            gated ? Settings(session.desktop).option(setting::save_exchange_email) : Text(option_on);
+        if (gated && (option != option_on || type != type_exchange)) return std::nullopt;
+        host::family::SafeAddressEntry entry;
+        steps.set(entry, [&] { return mail.sender(); });
+        steps.set(addresses.smtp, [&] { return host::trimmed(entry.Fields(tag::smtp_address)); });
+        give_way();
+        steps.set(addresses.native, [&] { return host::trimmed(mail.Fields(tag::sender_address)); });
+        give_way();
+    }
+    if (std::ranges::find(terms, Address::sender_name, &Term::value) != terms.end()) {
+        steps.set(addresses.sender_name, [&] { return mail.SenderName(); });
+    }
+    read.address = internet ? addresses.native : addresses.smtp;
+    read.filter = contact_filter(row.terms, terms, addresses);
+    return read;
+}
+
+bool stops_without_to_line(Steps& steps, const VariantRow& row, const host::family::SafeMailItem& mail,
+                           const Addresses& addresses) {
+    const bool native_helps = row.no_to_line == NoToLine::stop_if_no_native_address_either;
+    return steps.holds(
+        [&] { return mail.To().empty() && (!native_helps || host::trimmed(addresses.native).empty()); });
+}
+
 std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
                                      const host::outlook::Item& mail) {
     Steps steps;
@@ -84,35 +129,22 @@ std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
         return host::family::SafeMailItem(session.desktop.create(host::family::prog_id::safe_mail_item));
     });
     steps.run([&] { sender.mail.Item(mail); });
-
-    Addresses addresses;
-    steps.set(addresses.native, [&] { return sender.mail.Fields(tag::sender_address); });
-    if (row.empty_native_address_stops && addresses.native.empty()) return std::nullopt;
-    Text type;
-    steps.set(type, [&] { return host::upper(sender.mail.Fields(tag::sender_address_type)); });
-
-    if (type == type_smtp) {
-        sender.filter = contact_filter(row.terms, row.for_smtp, addresses);
-    } else {
-        const bool gated = row.gate != Gate::none;
-        const Text option =
-            gated ? Settings(session.desktop).option(setting::save_exchange_email) : Text(option_on);
-        if (gated && (option != option_on || type != type_exchange)) return std::nullopt;
-        host::family::SafeAddressEntry entry;
-        steps.set(entry, [&] { return sender.mail.sender(); });
-        steps.set(addresses.smtp, [&] { return host::trimmed(entry.Fields(tag::smtp_address)); });
-        steps.set(addresses.native, [&] { return host::trimmed(sender.mail.Fields(tag::sender_address)); });
-        sender.filter = contact_filter(row.terms, row.for_other, addresses);
-    }
-    if (steps.holds([&] { return sender.mail.To().empty(); })) return std::nullopt;
+    const std::optional<ReadSender> read = read_sender(steps, session, row, sender.mail);
+    if (!read || stops_without_to_line(steps, row, sender.mail, read->addresses)) return std::nullopt;
+    sender.filter = read->filter;
     return sender;
+}
+
+host::outlook::Items contact_items(Steps& steps, const host::outlook::Folder& account_profiles) {
+    host::outlook::Items contacts;
+    steps.set(contacts,
+              [&] { return account_profiles.Folders().Item(records::folder::account_contacts).Items(); });
+    return contacts;
 }
 
 host::outlook::Item find_contact(Steps& steps, Session& session,
                                  const host::outlook::Folder& account_profiles, TextView filter) {
-    host::outlook::Items contacts;
-    steps.set(contacts,
-              [&] { return account_profiles.Folders().Item(records::folder::account_contacts).Items(); });
+    const host::outlook::Items contacts = contact_items(steps, account_profiles);
     steps.run([&] { session.desktop.yield(); });
     host::outlook::Item contact;
     steps.set(contact, [&] { return contacts.Find(filter); });

@@ -43,7 +43,8 @@ struct VariantRow {
     std::span<const Term> for_other;  ///< the filter for any other type of address
     Gate gate;
     bool empty_native_address_stops;
-    bool native_is_trimmed;
+    bool native_is_trimmed;  ///< of an Internet address, too
+    bool gives_way;          ///< waiting events come after each read of an address
     NoToLine no_to_line;
     Folders folders;
 };
@@ -61,6 +62,22 @@ struct Addresses {
 /// The contact filter: the terms joined by " Or ".
 host::Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addresses);
 
+/// Whom a mail is from, as a path reads it.
+struct ReadSender {
+    Addresses addresses;
+    host::Text
+        address;  ///< the one that a new contact gets: the Internet address of a directory's entry, too
+    host::Text filter;
+};
+
+/// Reads the sender of a wrapped mail and builds the filter; nothing if the path stops on the way.
+std::optional<ReadSender> read_sender(Steps& steps, Session& session, const VariantRow& row,
+                                      const host::family::SafeMailItem& mail);
+
+/// The test of the To line.
+bool stops_without_to_line(Steps& steps, const VariantRow& row, const host::family::SafeMailItem& mail,
+                           const Addresses& addresses);
+
 /// A sender who can be searched for.
 struct Sender {
     host::family::SafeMailItem mail;  ///< the wrapper that the addresses were read through
@@ -71,6 +88,9 @@ struct Sender {
 /// the way.
 std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
                                      const host::outlook::Item& mail);
+
+/// The contact records' items, or Nothing.
+host::outlook::Items contact_items(Steps& steps, const host::outlook::Folder& account_profiles);
 
 /// The first contact that matches, or Nothing. Several matches are no failure: the host's order decides.
 host::outlook::Item find_contact(Steps& steps, Session& session,

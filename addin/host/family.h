@@ -61,6 +61,7 @@ class ListPicker : public Face<ListPicker> {
     void FolderId(TextView value) const { put(u"FolderId", value); }
     void accountfolderid(TextView value) const { put(u"accountfolderid", value); }
     void refreshaccounts() const { call(u"refreshaccounts"); }
+    void searchany(TextView kind, TextView title) const { call(u"searchany", {Value(kind), Value(title)}); }
     bool dialogcancel() const { return boolean(u"dialogcancel"); }
     Array slist() const { return get(u"slist").to_array(); }
     void searchany(TextView definition, TextView title) const {
@@ -124,11 +125,16 @@ class SafeMailItem : public Face<SafeMailItem> {
     SafeAddressEntry sender() const { return SafeAddressEntry(object(u"sender")); }
     SafeRecipients Recipients() const { return SafeRecipients(object(u"Recipients")); }
     void ResolveAll() const { call(u"ResolveAll"); }
+    Text EntryID() const { return text(u"EntryID"); }
     Text SenderName() const { return text(u"SenderName"); }
     Text To() const { return text(u"To"); }
     Text Subject() const { return text(u"Subject"); }
     Text Body() const { return text(u"Body"); }
     Value SentOn() const { return get(u"SentOn"); }
+    void FlagStatus(std::int32_t value) const { put(u"FlagStatus", value); }
+    void FlagRequest(TextView value) const { put(u"FlagRequest", value); }
+    void BillingInformation(TextView value) const { put(u"BillingInformation", value); }
+    void Save() const { call(u"Save"); }
 };
 
 /// A record's protected properties: a post's or a contact's. Made for each use.

@@ -90,6 +90,7 @@ class Item : public Face<Item> {
     void FlagRequest(TextView value) const { put(u"FlagRequest", value); }
     bool Saved() const { return boolean(u"Saved"); }
     bool Sent() const { return boolean(u"Sent"); }
+    Value LastModificationTime() const { return get(u"LastModificationTime"); }
     Text CompanyName() const { return text(u"CompanyName"); }
     void CompanyName(TextView value) const { put(u"CompanyName", value); }
     Text FullName() const { return text(u"FullName"); }

@@ -86,6 +86,14 @@ Text named_folder(host::Desktop& desktop, TextView otherwise) {
     return named.empty() ? Text(otherwise) : named;
 }
 
+template <class Mail>
+void mark(Steps& steps, const PathRow& row, const Mail& mail) {
+    steps.run([&] { mail.FlagStatus(host::outlook::flag_complete); });
+    steps.run([&] { mail.FlagRequest(row.flag_request); });
+    if (row.billing_information) steps.run([&] { mail.BillingInformation(auto_filed); });
+    steps.run([&] { mail.Save(); });
+}
+
 }  // namespace
 
 std::span<const PathRow> paths() { return path_rows; }
@@ -151,8 +159,12 @@ void write_body(Steps& steps, const PathRow& row, const host::outlook::Item& not
     steps.run([&] { note.Body(Text(row.body_start) + mail.Body()); });
 }
 
-void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail) {
+void attach(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail) {
     steps.run([&] { note.Attachments().Add(mail, attachment_position); });
+}
+
+void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail) {
+    attach(steps, note, mail);
     steps.run([&] { note.Post(); });
 }
 
@@ -181,11 +193,10 @@ void mark_chosen_mail(Steps& steps, const PathRow& row, const host::outlook::Ins
     mark_mail(steps, row, selected);
 }
 
-void mark_mail(Steps& steps, const PathRow& row, const host::outlook::Item& mail) {
-    steps.run([&] { mail.FlagStatus(host::outlook::flag_complete); });
-    steps.run([&] { mail.FlagRequest(row.flag_request); });
-    if (row.billing_information) steps.run([&] { mail.BillingInformation(auto_filed); });
-    steps.run([&] { mail.Save(); });
+void mark_mail(Steps& steps, const PathRow& row, const host::outlook::Item& mail) { mark(steps, row, mail); }
+
+void mark_mail(Steps& steps, const PathRow& row, const host::family::SafeMailItem& mail) {
+    mark(steps, row, mail);
 }
 
 }  // namespace addin::records

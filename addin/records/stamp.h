@@ -111,6 +111,7 @@ void write_activity_date(Steps& steps, const host::outlook::Item& note,
 void write_body(Steps& steps, const PathRow& row, const host::outlook::Item& note,
                 const host::family::SafeMailItem& mail);
 /// The mail is attached through its wrapper, which stands for it.
+void attach(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
 void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
 
 /// Makes, fills and posts the note of a mail that was matched with a contact. The mail is attached through
@@ -123,7 +124,8 @@ void post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& fo
 void mark_chosen_mail(Steps& steps, const PathRow& row, const host::outlook::Inspector& inspector,
                       const host::outlook::Selection& selection);
 
-/// Marks a mail as filed, on the item itself.
+/// Marks a mail as filed, on the item itself or through its wrapper.
 void mark_mail(Steps& steps, const PathRow& row, const host::outlook::Item& mail);
+void mark_mail(Steps& steps, const PathRow& row, const host::family::SafeMailItem& mail);
 
 }  // namespace addin::records

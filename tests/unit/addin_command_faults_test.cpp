@@ -133,7 +133,7 @@ TEST(CommandFaults, ASelectionChangesWhateverFails) {
     world.option(addin::setting::enable_quick_view, u"1");
     const Item mail = world.deliver(acceptance::message());
     int shown = 0;
-    world.add_in()->session().ShowQuickView = [&](Value&) { ++shown; };
+    world.add_in()->session().ShowQuickView = [&](addin::Connect&, Value&) { ++shown; };
     int n = 1;
     for (bool more = true; more; ++n) {
         ASSERT_LT(n, many);

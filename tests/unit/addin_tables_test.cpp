@@ -217,7 +217,7 @@ TEST(VariantTable, SaysHowEachVariantSearches) {
          Folders::account_contacts},
         {Variant::sent, TermKind::equality, Gate::sender_or_recipient_is_exchange, true, false,
          NoToLine::leave_the_loop, Folders::account_contacts},
-        {Variant::quick_view_launch, TermKind::equality, Gate::none, false, true,
+        {Variant::quick_view_launch, TermKind::equality, Gate::none, false, false,
          NoToLine::stop_if_no_native_address_either, Folders::leads_then_account_contacts},
         {Variant::tarnwell_launch, TermKind::equality, Gate::none, false, false, NoToLine::stop,
          Folders::account_contacts},

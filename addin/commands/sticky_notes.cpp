@@ -1,0 +1,40 @@
+#include "commands/sticky_notes.h"
+
+#include "core/steps.h"
+#include "records/names.h"
+
+namespace addin::commands {
+namespace {
+
+/// Whether a window shows a sticky note of an account. What can't be told of a sticky note counts as so.
+bool is_note_of_account(Steps& steps, const host::outlook::Inspector& inspector,
+                        const host::Text& account_id) {
+    namespace object_class = host::outlook::object_class;
+    if (!steps.holds([&] { return inspector.CurrentItem().Class() == object_class::note; })) return false;
+    return steps.holds([&] {
+        const bool sticky = inspector.CurrentItem().MessageClass() == records::message_class::sticky_note;
+        const host::Text id =
+            inspector.CurrentItem().itemproperties().Item(records::property::account_id).value().to_text();
+        return sticky && id == account_id;
+    });
+}
+
+}  // namespace
+
+void close_sticky_notes(Session& session, const host::Text& account_id) {
+    Steps steps;
+    host::outlook::Inspectors inspectors;
+    steps.set(inspectors,
+              [&] { return host::outlook::Application(session.desktop.application()).Inspectors(); });
+    std::int32_t count = 0;
+    steps.set(count, [&] { return inspectors.Count(); });
+    for (std::int32_t i = count; i > 0; --i) {
+        host::outlook::Inspector inspector;
+        steps.set(inspector, [&] { return inspectors.Item(i); });
+        if (is_note_of_account(steps, inspector, account_id)) {
+            steps.run([&] { inspector.Close(host::outlook::discard_changes); });
+        }
+    }
+}
+
+}  // namespace addin::commands

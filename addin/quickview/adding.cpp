@@ -1,0 +1,148 @@
+// A new record for the contact that is shown, made from the mail with which the window was opened.
+#include <algorithm>
+
+#include "quickview/quick_view.h"
+#include "records/names.h"
+
+namespace addin::quickview {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::family::SafeMailItem;
+using host::outlook::Folder;
+using host::outlook::Item;
+using records::Path;
+namespace default_folder = host::outlook::default_folder;
+namespace property = records::property;
+
+namespace {
+
+constexpr std::size_t subject_length = 512;  // characters of the mail's body that become an inquiry's subject
+
+enum class SubjectOf { mail, none, body, people };
+
+/// The records that can be made, by the entry of `cmbFolders`.
+struct NewRecord {
+    TextView chosen;
+    records::Name folder;         ///< below the anchor; empty for the mail folder and the user's own ones
+    std::int32_t default_folder;  ///< of the user's own
+    records::Name message_class;
+    records::Name key;          ///< the property that takes the new id
+    records::Name key_as_read;  ///< its spelling where it is read back
+    SubjectOf subject;
+    bool with_mail;  ///< in its body, and attached
+};
+// clang-format off
+constexpr NewRecord new_records[] = {
+    // chosen                          folder                            default folder            message class                        key                                   key as read               subject            with mail
+    {records::folder::notes,            u"",                              0,                        records::message_class::note,        u"",                                  u"",                      SubjectOf::mail,   true},
+    {records::folder::opportunities,    records::folder::opportunities,   0,                        records::message_class::opportunity, property::opportunity_id_as_written,  property::opportunity_id, SubjectOf::none,   false},
+    {records::folder::customer_service, records::folder::customer_service, 0,                       records::message_class::inquiry,     property::inquiry_id,                 property::inquiry_id,     SubjectOf::body,   false},
+    {my_calendar,                       u"",                              default_folder::calendar, records::message_class::appointment, property::appointment_id,             u"",                      SubjectOf::people, true},
+    {my_tasks,                          u"",                              default_folder::tasks,    records::message_class::task,        u"",                                  u"",                      SubjectOf::people, true},
+};
+// clang-format on
+
+const NewRecord* find_record(const Text& chosen) {
+    const auto found = std::ranges::find(new_records, chosen, &NewRecord::chosen);
+    return found == std::end(new_records) ? nullptr : found;
+}
+
+}  // namespace
+
+void QuickView::cmdAdd_Click() {
+    Steps steps;
+    const Text chosen = shown(u"cmbFolders");
+    SafeMailItem mail;
+    steps.set(mail, [&] { return make_wrapper(); });
+    steps.run([&] { mail.Item(name_space().GetItemFromID(shown(u"EmailID"))); });
+    const Database database = open_database(steps);
+    Text key;
+    steps.set(key, [&] { return database.main_add_in.generateid(); });
+    const Item record = make_record(steps, chosen, key, database.account_profiles, mail);
+    write_shown_values(steps, record);
+    steps.run([&] { record.Display(); });
+    if (const NewRecord* const made = find_record(chosen); made && !made->key_as_read.empty()) {
+        steps.set(key, [&] { return record.UserProperties().Item(made->key_as_read).value().to_text(); });
+    }
+    const auto new_id = [&](const records::Key&) { return Value(key); };
+    // without a new record, both tests fail, and the mail is filed both ways
+    if (steps.holds([&] { return record.MessageClass() == records::message_class::opportunity; })) {
+        file_mail(steps, records::row(Path::quick_view_opportunity), database.account_profiles, mail, new_id);
+    }
+    if (steps.holds([&] { return record.MessageClass() == records::message_class::inquiry; })) {
+        file_mail(steps, records::row(Path::quick_view_inquiry), database.account_profiles, mail, new_id);
+    }
+    records::mark_mail(steps, records::row(Path::quick_view_note), mail);
+    session_.desktop.pointer(host::Pointer::standard);
+}
+
+Item QuickView::make_record(Steps& steps, const Text& chosen, const Text& key, const Folder& profiles,
+                            const SafeMailItem& mail) {
+    const NewRecord* const row = find_record(chosen);
+    if (!row) return {};
+    const records::PathRow& note = records::row(Path::quick_view_note);
+    Folder folder;
+    if (row->default_folder != 0) {
+        steps.set(folder, [&] { return name_space().GetDefaultFolder(row->default_folder); });
+    } else if (row->folder.empty()) {
+        folder = records::choose_folder(steps, session_.desktop, profiles, note.place);
+    } else {
+        steps.set(folder, [&] { return profiles.Folders().Item(row->folder); });
+    }
+    Item record;
+    steps.set(record, [&] { return folder.Items().Add(row->message_class); });
+    if (!row->key.empty()) records::write_property(steps, record, row->key, [&] { return Value(key); });
+    if (row->message_class == records::message_class::note) {
+        records::write_property(steps, record, property::type,
+                                [&] { return Value(records::note_type::received); });
+    }
+    if (row->message_class == records::message_class::inquiry) {
+        records::write_property(steps, record, property::business_phone,
+                                [&] { return Value(shown(u"Phone")); });
+        records::write_property(steps, record, property::business_fax, [&] { return Value(shown(u"Fax")); });
+    }
+    switch (row->subject) {
+        case SubjectOf::mail:
+            steps.run([&] { record.Subject(mail.Subject()); });
+            break;
+        case SubjectOf::body:
+            steps.run([&] { record.Subject(mail.Body().substr(0, subject_length)); });
+            break;
+        case SubjectOf::people:
+            steps.run([&] {
+                record.Subject(shown(u"Contactname") + u", " + shown(u"CompanyName") + u" " +
+                               shown(u"Phone") + u" " + mail.Subject());
+            });
+            break;
+        case SubjectOf::none:
+            break;
+    }
+    if (row->with_mail) {
+        records::write_body(steps, note, record, mail);
+        records::attach(steps, record, mail);
+    }
+    return record;
+}
+
+void QuickView::file_mail(Steps& steps, const records::PathRow& path, const Folder& profiles,
+                          const SafeMailItem& mail, const records::KeySource& others) {
+    const Folder folder = records::choose_folder(steps, session_.desktop, profiles, path.place);
+    const Item filed = records::make_note(steps, path, folder);
+    records::write_keys(steps, path, filed, [&](const records::Key& key) {
+        return key.from == records::From::quick_view ? Value(shown_value(key.property)) : others(key);
+    });
+    for (const records::Name name : {property::account_name, property::contact_name}) {
+        records::write_property(steps, filed, name, [&] { return Value(shown_value(name)); });
+    }
+    records::write_property(steps, filed, property::type,
+                            [&] { return Value(records::note_type::received); });
+    steps.run([&] { filed.Subject(mail.Subject()); });
+    records::write_body(steps, path, filed, mail);
+    records::attach(steps, filed, mail);
+    if (path.ends != records::Ends::post) steps.run([&] { filed.Display(); });
+    if (path.ends != records::Ends::display) steps.run([&] { filed.Post(); });
+}
+
+}  // namespace addin::quickview

@@ -1,0 +1,65 @@
+// Mail that is dropped on the row of an opportunity or inquiry is filed for it.
+#include "quickview/quick_view.h"
+#include "records/names.h"
+
+namespace addin::quickview {
+
+using host::Text;
+using host::TextView;
+using host::family::SafeMailItem;
+using host::outlook::Item;
+using records::Path;
+
+namespace {
+
+constexpr TextView copying = u"Copying Email.";
+constexpr std::uint32_t time_to_see = 1000;  // milliseconds
+
+/// What a mail becomes by the class of the record that it is dropped on.
+struct Target {
+    records::Name message_class;
+    Path path;
+};
+constexpr Target targets[] = {{records::message_class::opportunity, Path::drop_on_opportunity},
+                              {records::message_class::inquiry, Path::drop_on_inquiry}};
+
+}  // namespace
+
+void QuickView::lstItems_OLEDragDrop(int x, int y) {
+    host::Desktop& desktop = session_.desktop;
+    Steps steps;
+    forms::Hit hit;
+    steps.set(hit, [&] { return list().hit(x, y); });
+    if (hit.row < 0) return;
+    steps.run([&] { list().select(hit.row); });
+    host::outlook::Explorer explorer;
+    host::outlook::Selection selection;
+    SafeMailItem mail;
+    steps.set(explorer, [&] { return host::outlook::Application(desktop.application()).ActiveExplorer(); });
+    steps.set(mail, [&] { return make_wrapper(); });
+    steps.set(selection, [&] { return explorer.Selection(); });
+    desktop.pointer(host::Pointer::hourglass);
+    if (steps.holds(
+            [&] { return list().count() == 0 || list().text(list().selected(), column::subject).empty(); })) {
+        desktop.pointer(host::Pointer::standard);
+        desktop.beep();
+        return;
+    }
+    Item dropped, target;
+    steps.set(dropped, [&] { return name_space().GetItemFromID(selection.Item(1).EntryID()); });
+    steps.set(target,
+              [&] { return name_space().GetItemFromID(list().text(list().selected(), column::entry_id)); });
+    steps.run([&] { mail.Item(dropped); });
+    const host::outlook::Folder profiles = open_database(steps).account_profiles;
+    for (const Target& row : targets) {
+        if (!steps.holds([&] { return target.MessageClass() == row.message_class; })) continue;
+        steps.run([&] { caption(copying); });
+        file_mail(steps, records::row(row.path), profiles, mail, records::copied_from(target));
+        desktop.sleep(time_to_see);
+    }
+    records::mark_mail(steps, records::row(Path::drop_on_opportunity), mail);
+    steps.run([&] { caption(quick_view_table().caption); });
+    desktop.pointer(host::Pointer::standard);
+}
+
+}  // namespace addin::quickview

@@ -1,0 +1,14 @@
+// From a selected mail to its contact in Quick View, or to a new one.
+#pragma once
+
+#include "core/connect.h"
+
+namespace addin::quickview {
+
+/// The two operations: the one that follows the explorer, and a narrower one for callers from outside.
+enum class Launch { quick_view, tarnwell };
+
+/// Looks for the contact of the first mail of a selection, which `selection` becomes.
+void launch(Connect& connect, Launch which, host::Value& selection);
+
+}  // namespace addin::quickview

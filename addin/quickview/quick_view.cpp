@@ -1,0 +1,198 @@
+#include "quickview/quick_view.h"
+
+#include <algorithm>
+
+#include "commands/sticky_notes.h"
+#include "quickview/launch.h"
+#include "records/database.h"
+#include "records/names.h"
+
+namespace addin::quickview {
+
+using host::Text;
+using host::TextView;
+namespace property = records::property;
+
+namespace {
+
+/// A database of no more folders is one from before the inquiries.
+constexpr std::int32_t folders_of_old = 11;
+
+constexpr std::uint32_t track_select = 8;  // LVS_EX_TRACKSELECT
+constexpr int rising = 0, falling = 1;
+
+/// As many characters of a cell as are read for a comparison: the buffer's 32 with the one that ends them.
+constexpr std::size_t compared_characters = 31;
+
+/// Which control shows a property of the record, in the order in which a new record gets them.
+struct ShownValue {
+    records::Name property;
+    TextView control;
+};
+constexpr ShownValue shown_values[] = {{property::account_name, u"CompanyName"},
+                                       {property::contact_name, u"Contactname"},
+                                       {property::account_manager, u"AccountManager"},
+                                       {property::team, u"Team"},
+                                       {property::account_id, u"AccountID"},
+                                       {property::contact_id, u"ContactID"},
+                                       {property::alignment, u"Alignment"}};
+
+}  // namespace
+
+void furnish(Session& session) {
+    session.QuickView.made_by([&session] { return std::make_shared<QuickView>(session); });
+    session.ShowQuickView = [](Connect& connect, host::Value& selection) {
+        launch(connect, Launch::quick_view, selection);
+    };
+    session.ShowTarnwell = [](Connect& connect, host::Value& selection) {
+        launch(connect, Launch::tarnwell, selection);
+    };
+}
+
+void QuickView::on_load() {
+    Steps steps;
+    steps.run([&] { view().topmost(); });
+    steps.run([&] { list().extended_style(track_select, track_select); });
+    session_.SortAscending = true;
+    const Database database = open_database(steps);
+    host::outlook::Folders folders;
+    steps.set(folders, [&] { return database.account_profiles.Folders(); });
+    if (!steps.holds([&] { return folders.Count() > folders_of_old; })) return;
+    steps.run([&] { control(u"cmbFolders").choice().add(records::folder::customer_service); });
+    host::outlook::Folder email;
+    steps.set(email, [&] { return folders.Item(records::folder::email); });
+    if (email) steps.run([&] { control(u"cmbFolders").choice().add(records::folder::email); });
+}
+
+void QuickView::on_unload() { commands::close_sticky_notes(session_, shown(u"AccountID")); }
+
+void QuickView::on_click(TextView name) {
+    struct Row {
+        TextView control;
+        void (QuickView::*run)();
+    };
+    static constexpr Row rows[] = {{u"cmbFolders", &QuickView::cmbFolders_Click},
+                                   {u"cmdAdd", &QuickView::cmdAdd_Click},
+                                   {u"cmdSearchpanel", &QuickView::cmdSearchpanel_Click},
+                                   {u"CompanyName", &QuickView::CompanyName_Click},
+                                   {u"Contactname", &QuickView::Contactname_Click}};
+    const auto row = std::ranges::find(rows, name, &Row::control);
+    if (row != std::end(rows)) (this->*row->run)();
+}
+
+void QuickView::on_double_click(TextView name) {
+    if (name == TextView(u"lstItems")) lstItems_DblClick();
+}
+
+void QuickView::on_drop(TextView name, int x, int y) {
+    if (name == TextView(u"lstItems")) lstItems_OLEDragDrop(x, y);
+}
+
+void QuickView::on_column_click(TextView, int clicked) {
+    Steps steps;
+    session_.SortAscending = !session_.SortAscending;
+    steps.run([&] { list().sort_key(clicked); });
+    if (clicked == column::subject) {
+        steps.run([&] { list().sort_key(column::subject); });
+        steps.run([&] { list().sort_order(session_.SortAscending ? falling : rising); });
+        steps.run([&] { list().sorted(true); });
+    } else if (clicked == column::modified) {
+        steps.run([&] { list().sorted(false); });
+        steps.run([&] {
+            list().sort_rows(
+                [this](std::intptr_t first, std::intptr_t second) { return CompareDates(first, second); });
+        });
+    }
+}
+
+int QuickView::CompareDates(std::intptr_t lngParam1, std::intptr_t lngParam2) {
+    Steps steps;
+    host::Date first, second;
+    const auto read = [&](std::intptr_t parameter) {
+        const Text cell = list().text(list().find(parameter), column::modified);
+        return host::Value(cell.substr(0, compared_characters)).to_date();
+    };
+    steps.set(first, [&] { return read(lngParam1); });
+    steps.set(second, [&] { return read(lngParam2); });
+    constexpr int before = 0, equal = 1, later = 2;
+    if (first.days < second.days) return session_.SortAscending ? before : later;
+    if (first.days > second.days) return session_.SortAscending ? later : before;
+    return equal;
+}
+
+void QuickView::cmdSearchpanel_Click() {
+    Steps steps;
+    session_.gSelectedEntryID = shown(u"EntryID");
+    session_.gSelectedStoreID = shown(u"StoreID");
+    session_.gSelectedClass = shown(u"MessageClass");
+    steps.run([&] { session_.gPanelMenu.unload(); });
+    steps.run([&] { session_.gPanelMenu.show(); });
+}
+
+void QuickView::CompanyName_Click() {
+    Steps steps;
+    const Database database = open_database(steps);
+    host::outlook::Item record;
+    steps.set(record, [&] {
+        return database.account_profiles.Items().Find(u"[AccountID] = '" + shown(u"AccountID") + u"'");
+    });
+    steps.run([&] { record.Display(); });
+}
+
+void QuickView::Contactname_Click() {
+    Steps steps;
+    const Database database = open_database(steps);
+    host::outlook::Item record;
+    steps.set(record, [&] {
+        return database.account_profiles.Folders()
+            .Item(records::folder::account_contacts)
+            .Items()
+            .Find(u"[ContactID] = '" + shown(u"ContactID") + u"'");
+    });
+    steps.run([&] { record.Display(); });
+}
+
+void QuickView::lstItems_DblClick() {
+    Steps steps;
+    host::outlook::Item item;
+    steps.set(item,
+              [&] { return name_space().GetItemFromID(list().text(list().selected(), column::entry_id)); });
+    steps.run([&] { item.Display(); });
+}
+
+host::outlook::NameSpace QuickView::name_space() const {
+    return host::outlook::Application(session_.desktop.application()).GetNamespace(u"MAPI");
+}
+
+QuickView::Database QuickView::open_database(Steps& steps) const {
+    Database database;
+    steps.set(database.main_add_in, [&] { return records::make_main_add_in(session_.desktop); });
+    steps.set(database.account_profiles, [&] {
+        return records::open_folder(session_.desktop, database.main_add_in,
+                                    records::folder::account_profiles);
+    });
+    return database;
+}
+
+host::family::SafeMailItem QuickView::make_wrapper() const {
+    return host::family::SafeMailItem(session_.desktop.create(host::family::prog_id::safe_mail_item));
+}
+
+Text QuickView::shown_value(records::Name name) {
+    const auto value = std::ranges::find(shown_values, name, &ShownValue::property);
+    if (value == std::end(shown_values)) throw host::Failure(host::result::not_found, Text(name));
+    return shown(value->control);
+}
+
+void QuickView::write_shown_values(Steps& steps, const host::outlook::Item& record) {
+    for (const ShownValue& value : shown_values) {
+        records::write_property(steps, record, value.property,
+                                [&] { return host::Value(shown(value.control)); });
+    }
+}
+
+void QuickView::caption(TextView text) {
+    if (loaded()) view().caption(text);
+}
+
+}  // namespace addin::quickview

@@ -1,0 +1,89 @@
+// Quick View: the side window that shows one contact with its related items while the user reads mail.
+#pragma once
+
+#include "core/session.h"
+#include "core/steps.h"
+#include "records/stamp.h"
+
+namespace addin::quickview {
+
+const forms::FormTable& quick_view_table();
+
+/// The columns of `lstItems`, from 0.
+namespace column {
+inline constexpr int subject = 0, modified = 1, entry_id = 2;
+}
+
+/// What `cmbFolders` shows as long as nothing was chosen.
+inline constexpr host::TextView choose_folder = u"Choose Folder";
+
+/// Entries of `cmbFolders` that are folders of the user's own.
+inline constexpr host::TextView my_calendar = u"My Calendar", my_tasks = u"My Tasks";
+
+/// The filters that the related items are found by: the one that is tried first, and the one for stores that
+/// refuse it.
+host::Text indexed_filter(const host::Text& contact_id, const host::Text& company);
+host::Text like_filter(const host::Text& contact_id);
+
+class QuickView final : public QuickViewWindow {
+  public:
+    explicit QuickView(Session& session)
+        : QuickViewWindow(session.engine, quick_view_table()), session_(session) {}
+
+    host::Text AccountID() override { return control(u"AccountID").text(); }
+
+    /// Compares the rows of two parameters by the dates in their second column. It answers 0, 1 and 2, never
+    /// less: that is how the order comes about that users know. A text that is no date counts as the first
+    /// of all days.
+    int CompareDates(std::intptr_t lngParam1, std::intptr_t lngParam2);
+
+  private:
+    struct Database {
+        host::family::MainAddIn main_add_in;
+        host::outlook::Folder account_profiles;
+    };
+
+    void on_load() override;
+    void on_unload() override;
+    void on_click(host::TextView control) override;
+    void on_double_click(host::TextView control) override;
+    void on_column_click(host::TextView control, int column) override;
+    void on_drop(host::TextView control, int x, int y) override;
+
+    void cmbFolders_Click();
+    void cmdAdd_Click();
+    void cmdSearchpanel_Click();
+    void CompanyName_Click();
+    void Contactname_Click();
+    void lstItems_DblClick();
+    void lstItems_OLEDragDrop(int x, int y);
+
+    host::outlook::Items related_items(Steps& steps, const host::Text& chosen);
+    void add_row(Steps& steps, const host::outlook::Item& item, bool by_name, int& row);
+
+    host::outlook::Item make_record(Steps& steps, const host::Text& chosen, const host::Text& key,
+                                    const host::outlook::Folder& profiles,
+                                    const host::family::SafeMailItem& mail);
+    void write_shown_values(Steps& steps, const host::outlook::Item& record);
+    /// Files a mail by one of the paths; what the window doesn't show of a key comes from `others`.
+    void file_mail(Steps& steps, const records::PathRow& path, const host::outlook::Folder& profiles,
+                   const host::family::SafeMailItem& mail, const records::KeySource& others);
+
+    host::outlook::NameSpace name_space() const;
+    Database open_database(Steps& steps) const;
+    host::family::SafeMailItem make_wrapper() const;
+
+    forms::List& list() { return control(u"lstItems").list(); }
+    /// What a label or box shows; empty if the window has gone meanwhile.
+    host::Text shown(host::TextView name) { return loaded() ? control(name).text() : host::Text(); }
+    /// What the window shows of a record's property.
+    host::Text shown_value(records::Name property);
+    void caption(host::TextView text);
+
+    Session& session_;
+};
+
+/// Has the session open the window.
+void furnish(Session& session);
+
+}  // namespace addin::quickview
