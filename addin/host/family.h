@@ -61,7 +61,6 @@ class ListPicker : public Face<ListPicker> {
     void FolderId(TextView value) const { put(u"FolderId", value); }
     void accountfolderid(TextView value) const { put(u"accountfolderid", value); }
     void refreshaccounts() const { call(u"refreshaccounts"); }
-    void searchany(TextView kind, TextView title) const { call(u"searchany", {Value(kind), Value(title)}); }
     bool dialogcancel() const { return boolean(u"dialogcancel"); }
     Array slist() const { return get(u"slist").to_array(); }
     void searchany(TextView definition, TextView title) const {

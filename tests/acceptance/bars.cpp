@@ -129,6 +129,18 @@ Item new_item(World& world, std::int32_t default_folder, TextView message_class)
     return world.session().GetDefaultFolder(default_folder).Items().Add(message_class);
 }
 
+host::outlook::Item new_sticky_note(World& world, host::TextView account_id) {
+    const host::outlook::Item note = new_item(world, item_type::note);
+    note.Body(u"Call Ann");
+    note.get(u"PropertyAccessor")
+        .to_object()
+        .call(u"SetProperty",
+              {u"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/AccountID",
+               host::Value(account_id)});
+    note.Save();
+    return note;
+}
+
 void show_folder(World& world, const host::outlook::Folder& folder) {
     world.application()
         .get(u"Explorers")

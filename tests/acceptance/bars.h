@@ -55,6 +55,9 @@ host::outlook::Item new_item(World& world, std::int32_t type);
 /// A new item of a class in one of the user's own folders, not saved.
 host::outlook::Item new_item(World& world, std::int32_t default_folder, host::TextView message_class);
 
+/// A sticky note that bears an account's id.
+host::outlook::Item new_sticky_note(World& world, host::TextView account_id);
+
 /// What the first explorer shows.
 void show_folder(World& world, const host::outlook::Folder& folder);
 

@@ -190,18 +190,7 @@ TEST_F(ExplorerCommands, QuickViewClosesTheStickyNotesOfTheAccountThatIsShown) {
         return find_control(first_explorer(world), menu, quick_view);
     }();
     ASSERT_TRUE(quick_view_entry);
-    const auto sticky_note = [&](TextView account) {
-        const Item note = new_item(world, item_type::note);
-        note.Body(u"Call Ann");
-        note.get(u"PropertyAccessor")
-            .to_object()
-            .call(
-                u"SetProperty",
-                {u"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/AccountID",
-                 Value(account)});
-        note.Save();
-        return note;
-    };
+    const auto sticky_note = [&](TextView account) { return new_sticky_note(world, account); };
     // as long as no record was shown, the window's account is the empty one
     OpenedItem of_account(sticky_note(u"")), second(sticky_note(u"")), of_another(sticky_note(u"A-100")),
         mail(new_item(world, item_type::mail)), contact(new_item(world, item_type::contact));
@@ -222,6 +211,21 @@ TEST_F(ExplorerCommands, QuickViewClosesTheStickyNotesOfTheAccountThatIsShown) {
     EXPECT_TRUE(is_open(mail));
     EXPECT_TRUE(is_open(contact));
     EXPECT_EQ(world.application().Inspectors().Count(), 3);
+
+    // and afterwards that of the record
+    add_contact(world);
+    world.desk().call(u"Select", {Value(world.deliver(message()))});
+    quick_view_entry.call(u"Execute");
+    EXPECT_TRUE(world.wait_for_handlers());
+    EXPECT_TRUE(is_open(of_another)) << "it was not yet shown";
+    OpenedItem of_none(sticky_note(u""));
+    of_none.show();
+    quick_view_entry.call(u"Execute");
+    EXPECT_TRUE(world.wait_for_handlers());
+    EXPECT_FALSE(is_open(of_another));
+    EXPECT_TRUE(is_open(of_none));
+    EXPECT_TRUE(is_open(mail));
+    EXPECT_TRUE(is_open(contact));
 }
 
 }  // namespace

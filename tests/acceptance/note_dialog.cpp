@@ -13,11 +13,13 @@ namespace {
 
 constexpr TextView caption = u"Tarnwell Create Note";
 constexpr TextView list = u"lstRecipients";
-constexpr int shown_columns = 7;  // with the key; the last one holds the entry id
+constexpr int columns = 8;
 
 std::string number(std::size_t value) { return std::to_string(value); }
 
 }  // namespace
+
+NoteDialog::NoteDialog(World& world) : AddInWindow(world, caption, list, columns) {}
 
 NoteDialog::~NoteDialog() {
     try {
@@ -26,17 +28,6 @@ NoteDialog::~NoteDialog() {
     } catch (const host::Failure&) {
         // the host has gone, and the window with it
     }
-}
-
-Object NoteDialog::window() const { return window_of(world_, caption); }
-
-bool NoteDialog::is_open() const {
-    const Object there = window();
-    return there && there.get(u"Visible").to_boolean();
-}
-
-bool NoteDialog::closes() const {
-    return world_.wait_until([&] { return !is_open(); });
 }
 
 bool NoteDialog::open(const OpenedItem& opened) {
@@ -59,109 +50,8 @@ bool NoteDialog::open_from_explorer() {
     return up;
 }
 
-Object NoteDialog::control(TextView name) const {
-    return window().call(u"Control", {Value(name)}).to_object();
-}
-
-std::string NoteDialog::text(TextView name) const { return shown(control(name).get(u"Text").to_text()); }
-
-bool NoteDialog::is_chosen(TextView toggle) const {
-    return control(toggle).get(u"Selected").to_integer() == 1;
-}
-
-bool NoteDialog::is_enabled(TextView name) const { return control(name).get(u"Enabled").to_boolean(); }
-
 bool NoteDialog::header_becomes(TextView text) const {
     return world_.wait_until([&] { return control(u"lblHeader").get(u"Text").to_text() == text; });
-}
-
-void NoteDialog::click(TextView name) const {
-    control(name).call(u"Click");
-    world_.settle();
-}
-
-void NoteDialog::type(TextView name, TextView text) const { control(name).put(u"Text", text); }
-
-void NoteDialog::choose(TextView list_name, TextView entry) const {
-    const Lines all = entries(list_name);
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (all[i] != shown(entry)) continue;
-        control(list_name).call(u"Select", {static_cast<std::int32_t>(i) + 1});
-        world_.settle();
-        return;
-    }
-    ADD_FAILURE() << "there is no entry " << shown(entry);
-}
-
-Lines NoteDialog::entries(TextView list_name) const {
-    const Object box = control(list_name);
-    const std::int32_t entry_count = box.get(u"Count").to_integer();
-    Lines all;
-    for (std::int32_t i = 1; i <= entry_count; ++i) all.push_back(shown(box.call(u"Item", {i}).to_text()));
-    return all;
-}
-
-std::int32_t NoteDialog::count() const { return control(list).get(u"Count").to_integer(); }
-
-std::string NoteDialog::cell(std::int32_t row, int column) const {
-    const Object there = control(list).call(u"Item", {row}).to_object();
-    return shown(column == 1 ? there.get(u"Text").to_text() : there.get(u"SubItems", {column - 1}).to_text());
-}
-
-Lines NoteDialog::column(int number) const {
-    Lines cells;
-    const std::int32_t row_count = count();
-    for (std::int32_t row = 1; row <= row_count; ++row) cells.push_back(cell(row, number));
-    return cells;
-}
-
-Lines NoteDialog::rows() const {
-    Lines told;
-    const std::int32_t row_count = count();
-    for (std::int32_t row = 1; row <= row_count; ++row) {
-        std::string line = cell(row, 1);
-        for (int column = 2; column <= shown_columns; ++column) line += "|" + cell(row, column);
-        while (line.ends_with('|')) line.pop_back();
-        told.push_back(line);
-    }
-    return told;
-}
-
-Lines NoteDialog::headings() const {
-    Lines texts;
-    for (int i = 1; i <= shown_columns; ++i) {
-        texts.push_back(shown(control(list).get(u"Columns", {i}).to_object().get(u"Text").to_text()));
-    }
-    return texts;
-}
-
-std::vector<std::int32_t> NoteDialog::marks() const {
-    std::vector<std::int32_t> images;
-    for (int i = 1; i <= shown_columns + 1; ++i) {
-        images.push_back(control(list).get(u"Columns", {i}).to_object().get(u"Image").to_integer());
-    }
-    return images;
-}
-
-std::int32_t NoteDialog::width(int column) const {
-    return control(list).get(u"Columns", {column}).to_object().get(u"Width").to_integer();
-}
-
-std::int32_t NoteDialog::selected() const { return control(list).get(u"Selected").to_integer(); }
-
-void NoteDialog::select(std::int32_t row) const {
-    control(list).call(u"Select", {row});
-    world_.settle();
-}
-
-void NoteDialog::click_column(int number) const {
-    control(list).call(u"ColumnClick", {number});
-    world_.settle();
-}
-
-void NoteDialog::double_click() const {
-    control(list).call(u"DoubleClick");
-    world_.settle();
 }
 
 void NoteDialog::search(TextView target, TextView text) const {

@@ -3,15 +3,15 @@
 
 #include <array>
 
-#include "tests/acceptance/bars.h"
+#include "tests/acceptance/add_in_window.h"
 #include "tests/acceptance/notes.h"
 
 namespace acceptance {
 
 /// The dialog from outside. It is modal: when this ends, it is closed.
-class NoteDialog {
+class NoteDialog : public AddInWindow {
   public:
-    explicit NoteDialog(World& world) : world_(world) {}
+    explicit NoteDialog(World& world);
     ~NoteDialog();
     NoteDialog(const NoteDialog&) = delete;
     NoteDialog& operator=(const NoteDialog&) = delete;
@@ -21,45 +21,13 @@ class NoteDialog {
     bool open(const OpenedItem& opened);
     bool open_from_explorer();
 
-    bool is_open() const;
-    bool closes() const;  ///< waits until it has gone
-
-    host::Object window() const;
-    host::Object control(host::TextView name) const;
-
-    std::string text(host::TextView name) const;
-    bool is_chosen(host::TextView toggle) const;
-    bool is_enabled(host::TextView name) const;
     bool header_becomes(host::TextView text) const;  ///< waits for a text of the status line
-
-    void click(host::TextView name) const;
-    void type(host::TextView name, host::TextView text) const;
-    /// Chooses an entry of a drop-down list; fails the test if there is none such.
-    void choose(host::TextView list, host::TextView entry) const;
-    Lines entries(host::TextView list) const;
-
-    // the list of addresses and records
-
-    std::int32_t count() const;
-    std::string cell(std::int32_t row, int column) const;  ///< both from 1
-    Lines column(int number) const;
-    Lines rows() const;  ///< each as "cell|cell", without the entry id and without empty cells at the end
-    Lines headings() const;
-    std::vector<std::int32_t> marks() const;
-    std::int32_t width(int column) const;
-    std::int32_t selected() const;
-    void select(std::int32_t row) const;
-    void click_column(int number) const;
-    void double_click() const;
 
     /// Chooses a target and searches for a text in it.
     void search(host::TextView target, host::TextView text) const;
 
     /// Has the next "Done" box closed, and creates a note of the selected row.
     void create() const;
-
-  private:
-    World& world_;
 };
 
 /// Tests that have the dialog open over one mail after another.

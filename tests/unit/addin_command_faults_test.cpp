@@ -1,6 +1,6 @@
 // The commands and the sending of mail, with their n-th call to the outside failing, for every n.
 #include "core/settings.h"
-#include "tests/acceptance/people.h"
+#include "tests/acceptance/quick_view.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
 
@@ -143,6 +143,105 @@ TEST(CommandFaults, ASelectionChangesWhateverFails) {
     }
     EXPECT_GT(n, 10);
     EXPECT_GE(shown, 1);
+}
+
+// Quick View
+
+std::unique_ptr<NativeWorld> quick_view_world() {
+    auto world = std::make_unique<NativeWorld>(acceptance::WorldSetup{});
+    world->option(addin::setting::enable_quick_view, u"1");
+    acceptance::show_folder(*world, world->inbox());
+    return world;
+}
+
+TEST(CommandFaults, QuickViewIsLaunchedWhateverFails) {
+    for (const bool known : {true, false}) {
+        const auto world = quick_view_world();
+        if (known) acceptance::add_contact(*world);
+        const Item mail = world->deliver(acceptance::message());
+        int n = 1;
+        for (bool more = true; more; ++n) {
+            ASSERT_LT(n, many);
+            if (!known) {
+                for (const TextView question : {acceptance::create_question, acceptance::account_question}) {
+                    world->desk().call(u"Answer", {u"Tarnwell", Value(question),
+                                                   question == acceptance::create_question ? 6 : 7});
+                }
+            }
+            const NthCall fault(*world, n);
+            ASSERT_NO_THROW(world->desk().call(u"Select", {Value(mail)})) << n;
+            more = fault.came();
+            SCOPED_TRACE("call " + std::to_string(n) + " failed: " + fault.member());
+            EXPECT_LE(count_in(*world, u"Email") + count_in(*world, u"Notes"), 1);
+            EXPECT_FALSE(world->inbox().Items().Item(1).BillingInformation() == u"TW Auto Filed");
+            const native::MemoryWindow* const shown = world->engine().find(u"TW Quick View");
+            if (!more) {
+                EXPECT_EQ(shown && shown->visible(), known);
+            }
+            if (!more && !known) {
+                EXPECT_EQ(count_in(*world, u"Email"), 1);
+            }
+            if (!known) {
+                empty(world->below(u"Account Contacts"));
+                empty(world->below(u"Email"));
+                empty(world->below(u"Notes"));
+            }
+            world->add_in()->session().QuickView.unload();
+            if (::testing::Test::HasFailure()) return;
+        }
+        EXPECT_GT(n, known ? 50 : 60);
+        EXPECT_EQ(world->memory_registry().open_keys(), 0U);
+    }
+}
+
+/// A deed in Quick View, and how many calls it makes at least.
+struct Deed {
+    const char* name;
+    int folder;  ///< of the drop-down, or -1
+    std::function<void(native::MemoryWindow&)> deed;
+    int least_calls;
+};
+const Deed deeds[] = {
+    {"lists notes", -1, [](native::MemoryWindow& w) { w.control(u"cmbFolders").choose(0); }, 15},
+    {"lists appointments", -1, [](native::MemoryWindow& w) { w.control(u"cmbFolders").choose(2); }, 15},
+    {"adds a note", 0, [](native::MemoryWindow& w) { w.control(u"cmdAdd").click(); }, 40},
+    {"adds an opportunity", 1, [](native::MemoryWindow& w) { w.control(u"cmdAdd").click(); }, 60},
+    {"adds an appointment", 2, [](native::MemoryWindow& w) { w.control(u"cmdAdd").click(); }, 40},
+    {"adds nothing", -1, [](native::MemoryWindow& w) { w.control(u"cmdAdd").click(); }, 60},
+    {"files what is dropped", 1, [](native::MemoryWindow& w) { w.control(u"lstItems").drop(0); }, 50},
+};
+
+TEST(CommandFaults, QuickViewWorksWhateverFails) {
+    for (const Deed& one : deeds) {
+        int n = 1;
+        for (bool more = true; more; ++n) {
+            ASSERT_LT(n, many);
+            const auto world = quick_view_world();
+            acceptance::add_contact(*world);
+            acceptance::add_record(*world, u"Opportunities", u"IPM.Post.Opportunity", u"Row",
+                                   {{u"ContactID", u"C-200"}, {u"Name", u"Row"}, {u"OppID", u"O-1"}});
+            const Item mail = world->deliver(acceptance::message());
+            world->desk().call(u"Select", {Value(mail)});
+            native::MemoryWindow* const shown = world->engine().find(u"TW Quick View");
+            ASSERT_NE(shown, nullptr);
+            if (one.folder != -1) shown->control(u"cmbFolders").choose(one.folder);
+            world->settle();
+            {
+                const NthCall fault(*world, n);
+                ASSERT_NO_THROW(one.deed(*shown)) << n;
+                ASSERT_NO_THROW(world->settle()) << n;
+                more = fault.came();
+                SCOPED_TRACE(std::string(one.name) + ": call " + std::to_string(n) +
+                             " failed: " + fault.member());
+                EXPECT_EQ(world->engine().find(u"TW Quick View"), shown) << "its caption is the usual one";
+                EXPECT_LE(count_in(*world, u"Email") + count_in(*world, u"Notes"), 1);
+                EXPECT_EQ(count_in(*world, u"Opportunities"), 1);
+            }
+            EXPECT_EQ(world->memory_registry().open_keys(), 0U);
+            if (::testing::Test::HasFailure()) return;
+        }
+        EXPECT_GT(n, one.least_calls) << one.name;
+    }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "core/status_windows.h"
 #include "createnote/dlg_send.h"
+#include "quickview/quick_view.h"
 #include "searchpanel/show_items.h"
 #include "tests/forms/gallery.h"
 #include "tests/windows/forms_layout.h"
@@ -28,6 +29,7 @@ TEST(FormsLayout, NoTextIsCutAndNoControlsOverlapAtAnyResolution) {
                             {&addin::searchpanel::panel_table(),
                              {},
                              {"Street1 and City", "Street1 and State", "Street1 and Zip"}},
+                            {&addin::quickview::quick_view_table(), {}, {"cmbFolders and cmdSearchpanel"}},
                             {&addin::search_form_table(), {}, {}},
                             {&addin::tarnwell_table(), {}, {}},
                             {&addin::tarnwell_info_table(), {}, {}}};

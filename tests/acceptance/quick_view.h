@@ -1,0 +1,66 @@
+// Quick View from outside, and a world in which it follows the selected mail.
+#pragma once
+
+#include "tests/acceptance/add_in_window.h"
+#include "tests/acceptance/note_dialog.h"
+
+namespace acceptance {
+
+class QuickView : public AddInWindow {
+  public:
+    explicit QuickView(World& world);
+
+    /// What it shows of a record: each label that isn't empty as "name: text", and what is chosen.
+    Lines told() const;
+
+    /// Chooses a folder in the drop-down.
+    void choose_folder(host::TextView name) const { choose(u"cmbFolders", name); }
+    /// Whether the list, which has rows, refuses what is dropped. If it doesn't, this was a drop.
+    bool refuses_drops() const;
+    /// Drops something on a row, counted from 1, and waits until all is done.
+    void drop(std::int32_t row) const;
+    void close() const;
+};
+
+class SideView : public Filing {
+  protected:
+    /// A world in which the window follows the explorer, with the Inbox before it.
+    World& viewing(const WorldSetup& setup = {});
+
+    /// Clicks mails in the explorer, and waits until nothing happens any more.
+    void select(const host::outlook::Item& mail);
+    /// The entry of the explorer's context menu; it comes back at once.
+    void press_entry();
+
+    QuickView view() { return QuickView(world()); }
+
+    /// Shows Ann Lee, by a mail of hers, which is answered too.
+    host::outlook::Item show_ann(const ContactPlan& contact = full_contact());
+
+    /// A contact with all that the window shows.
+    static ContactPlan full_contact();
+
+    /// As many folders below the accounts as a database with inquiries has.
+    void add_folders();
+
+    void answer(host::TextView question, std::int32_t button);
+
+    /// The ids of the items that were shown since a place.
+    std::int32_t displayed();
+    Lines displayed_since(std::int32_t before);
+
+    /// Every program that was started, as "command line in folder".
+    Lines programs();
+};
+
+inline constexpr host::TextView create_question = u"Would you like to Create an Account/Contact",
+                                account_question = u"Would you like to search for an Account Name? ";
+
+/// Saves a record of a class to a folder below "Account Profiles".
+host::outlook::Item add_record(World& world, host::TextView folder, host::TextView message_class,
+                               host::TextView subject, const Fields& properties);
+
+/// The keys of Ann Lee's records.
+extern const Fields keys_of_ann;
+
+}  // namespace acceptance

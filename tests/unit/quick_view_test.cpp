@@ -1,0 +1,320 @@
+// Quick View's own pieces: the texts of its filters, the order of its list, and what becomes of it when the
+// world changes while it works.
+#include "quickview/quick_view.h"
+
+#include <algorithm>
+#include <random>
+#include <set>
+
+#include "tests/acceptance/quick_view.h"
+#include "tests/native/native_world.h"
+
+namespace addin_tests {
+namespace {
+
+using acceptance::add_contact;
+using acceptance::message;
+using addin::quickview::QuickView;
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Item;
+using native::NativeWorld;
+
+TEST(QuickViewFilters, NameTheContactAndTheCompany) {
+    EXPECT_EQ(host::to_utf8(addin::quickview::indexed_filter(u"C-200", u"North Mill Ltd")),
+              "@SQL=(\"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/"
+              "ContactID\" ci_phrasematch 'C-200' AND \"http://schemas.microsoft.com/mapi/string/"
+              "{00020329-0000-0000-C000-000000000046}/Account%20Name\" ci_phrasematch 'North Mill Ltd')");
+    EXPECT_EQ(host::to_utf8(addin::quickview::like_filter(u"C-200")),
+              "@SQL=(\"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/"
+              "ContactID\" Like 'C-200')");
+    EXPECT_TRUE(addin::quickview::like_filter(u"").ends_with(u"/ContactID\" Like '')"));
+    EXPECT_TRUE(addin::quickview::indexed_filter(u"1", u"Mill's").ends_with(u" ci_phrasematch 'Mill's')"))
+        << "an apostrophe is left as it is";
+}
+
+// the order of the list
+
+/// A window with rows of given dates.
+class SortedQuickView : public testing::Test {
+  protected:
+    NativeWorld world_{{}};
+    std::shared_ptr<QuickView> window_ = std::make_shared<QuickView>(world_.add_in()->session());
+
+    addin::forms::List& list() { return window_->control(u"lstItems").list(); }
+
+    void fill(const std::vector<Text>& dates) {
+        list().sorted(false);
+        list().clear();
+        int number = 0;
+        for (const Text& date : dates) {
+            const int row = list().add(host::to_text(static_cast<long long>(number++)));
+            list().text(row, 1, date);
+        }
+    }
+    std::vector<Text> dates() {
+        std::vector<Text> all;
+        for (int row = 0; row < list().count(); ++row) all.push_back(list().text(row, 1));
+        return all;
+    }
+    std::vector<Text> texts() {
+        std::vector<Text> all;
+        for (int row = 0; row < list().count(); ++row) all.push_back(list().text(row, 0));
+        return all;
+    }
+    std::set<Text> rows() {
+        const std::vector<Text> all = texts();
+        EXPECT_EQ(std::set<Text>(all.begin(), all.end()).size(), all.size());
+        return {all.begin(), all.end()};
+    }
+    /// The parameter of a row; they count on for as long as the list is there.
+    std::intptr_t parameter_of(int row) {
+        constexpr std::intptr_t most = 100000;
+        for (std::intptr_t parameter = 1; parameter < most; ++parameter) {
+            if (list().find(parameter) == row) return parameter;
+        }
+        return 0;
+    }
+    void click(int column) {
+        native::MemoryWindow* const shown = world_.engine().find(u"TW Quick View");
+        ASSERT_NE(shown, nullptr);
+        window_->show();
+        ASSERT_TRUE(shown->control(u"lstItems").column_click(column));
+        world_.settle();
+    }
+};
+
+Text date_of(int day) { return host::to_text(host::Date{46000.0 + day}); }
+
+TEST_F(SortedQuickView, ComparesDatesWithThreeNumbers) {
+    struct Case {
+        const char* name;
+        Text first, second;
+        int rising, falling;
+    };
+    const Case cases[] = {
+        {"before", date_of(1), date_of(2), 0, 2},
+        {"equal", date_of(1), date_of(1), 1, 1},
+        {"later", date_of(2), date_of(1), 2, 0},
+        {"unreadable and a date", u"no date", date_of(1), 0, 2},
+        {"a date and an empty text", date_of(1), u"", 2, 0},
+        {"both unreadable", u"no date", u"neither", 1, 1},
+        {"an earlier day than the first one", u"1890-01-01", u"no date", 0, 2},
+        // the buffer's 32 characters end with the terminator
+        {"a date in 31 characters and more behind", Text(21, u' ') + u"1890-01-01" + u"x", u"no date", 0, 2},
+        {"a date of which 30 characters are blanks", Text(22, u' ') + u"1890-01-01", u"no date", 1, 1},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        fill({one.first, one.second});
+        addin::Session& session = world_.add_in()->session();
+        const std::intptr_t first = parameter_of(0), second = parameter_of(1);
+        session.SortAscending = true;
+        EXPECT_EQ(window_->CompareDates(first, second), one.rising);
+        session.SortAscending = false;
+        EXPECT_EQ(window_->CompareDates(first, second), one.falling);
+        EXPECT_EQ(window_->CompareDates(0, 0), 1) << "rows that aren't there";
+    }
+}
+
+TEST_F(SortedQuickView, SortsListsOfAnyLengthWithAnyDates) {
+    std::mt19937 chance(7);  // the same each time
+    for (const std::size_t count : {1U, 2U, 50U, 2000U}) {
+        for (const char* const kind : {"different", "many equal", "all equal", "some unreadable", "none"}) {
+            SCOPED_TRACE(std::to_string(count) + " " + kind);
+            std::vector<Text> dates_before;
+            for (std::size_t i = 0; i < count; ++i) {
+                const int day = static_cast<int>(chance() % 10000);
+                const std::string how = kind;
+                if (how == "different") dates_before.push_back(date_of(static_cast<int>(i)));
+                if (how == "many equal") dates_before.push_back(date_of(day % 5));
+                if (how == "all equal") dates_before.push_back(date_of(1));
+                if (how == "some unreadable") dates_before.push_back(day % 3 ? date_of(day) : Text(u"?"));
+                if (how == "none") dates_before.emplace_back();
+            }
+            std::ranges::shuffle(dates_before, chance);
+            fill(dates_before);
+            const std::set<Text> rows_before = rows();
+            std::vector<Text> rising = dates_before;
+            std::ranges::sort(rising);
+            std::ranges::stable_partition(rising, [](const Text& date) { return date.size() < 5; });
+            std::vector<Text> falling(rising.rbegin(), rising.rend());
+            addin::Session& session = world_.add_in()->session();
+            session.SortAscending = true;
+            click(1);
+            EXPECT_FALSE(session.SortAscending);
+            EXPECT_EQ(dates(), falling);
+            EXPECT_EQ(rows(), rows_before) << "each row is still there, once";
+            click(1);
+            EXPECT_EQ(dates(), rising);
+            EXPECT_EQ(rows(), rows_before);
+            click(0);
+            EXPECT_EQ(rows(), rows_before);
+            EXPECT_TRUE(std::ranges::is_sorted(texts())) << "the flag is off";
+        }
+    }
+}
+
+// what the button for the panel hands over
+
+TEST(QuickViewPanelButton, HandsOverTheRecordAndMakesThePanelAnew) {
+    class Panel : public addin::Window {
+      public:
+        explicit Panel(std::vector<std::string>& told) : told_(told) {}
+        void show() override { told_.emplace_back("show"); }
+        void hide() override {}
+        void unload() override { told_.emplace_back("unload"); }
+
+      private:
+        std::vector<std::string>& told_;
+    };
+    NativeWorld world{{}};
+    addin::Session& session = world.add_in()->session();
+    std::vector<std::string> told;
+    session.gPanelMenu.made_by([&] { return std::make_shared<Panel>(told); });
+    session.gPanelMenu.show();
+    const auto window = std::make_shared<QuickView>(session);
+    window->control(u"EntryID").text(u"E");
+    window->control(u"StoreID").text(u"S");
+    window->control(u"MessageClass").text(u"M");
+    window->show();
+    world.engine().find(u"TW Quick View")->control(u"cmdSearchpanel").click();
+    world.settle();
+    EXPECT_EQ(session.gSelectedEntryID, u"E");
+    EXPECT_EQ(session.gSelectedStoreID, u"S");
+    EXPECT_EQ(session.gSelectedClass, u"M");
+    EXPECT_EQ(told, (std::vector<std::string>{"show", "unload", "show"}));
+}
+
+// a drop beside the rows
+
+TEST(QuickViewDrop, BelowTheRowsDoesNothing) {
+    NativeWorld world{{}};
+    const auto window = std::make_shared<QuickView>(world.add_in()->session());
+    addin::forms::List& list = window->control(u"lstItems").list();
+    list.add(u"row");
+    list.takes_drops(true);
+    window->show();
+    native::MemoryControl& shown = world.engine().find(u"TW Quick View")->control(u"lstItems");
+    world.boundary().forget_calls();
+    ASSERT_TRUE(shown.drop(-1));
+    world.settle();
+    EXPECT_TRUE(world.boundary().calls().empty());
+    EXPECT_EQ(list.selected(), -1);
+    const addin::forms::Hit second_column = list.hit(shown.memory_list().pixel_width(0) + 5, 30);
+    EXPECT_EQ(second_column.row, 0) << "a cell of another column is the row's, too";
+}
+
+// what comes while it waits
+
+constexpr int many = 400;
+
+std::unique_ptr<NativeWorld> followed_world() {
+    auto world = std::make_unique<NativeWorld>(acceptance::WorldSetup{});
+    world->option(u"EnableQuickView", u"1");
+    acceptance::show_folder(*world, world->inbox());
+    add_contact(*world);
+    add_contact(*world, u"Bob Ray", u"bob@ray.example");
+    return world;
+}
+
+/// Runs an action at the next yield after the n-th call of a routine, for every n.
+template <class Action, class After>
+void at_every_call(const Action& action, const After& after) {
+    bool more = true;
+    for (int n = 1; more; ++n) {
+        ASSERT_LT(n, many);
+        SCOPED_TRACE("at call " + std::to_string(n));
+        const auto world = followed_world();
+        const Item of_ann = world->deliver(message());
+        const Item of_bob = world->deliver(message({.from = "Bob Ray <bob@ray.example>"}));
+        int calls = 0;
+        more = false;
+        world->boundary().before_call = [&](const std::string&) {
+            if (++calls != n) return;
+            more = true;
+            world->model().surroundings().post([&] { action(*world, of_bob); });
+        };
+        ASSERT_NO_THROW(world->desk().call(u"Select", {Value(of_ann)}));
+        world->settle();
+        world->boundary().before_call = nullptr;
+        after(*world);
+        if (testing::Test::HasFailure()) return;
+    }
+}
+
+TEST(QuickViewMeanwhile, AnotherSelectionMayComeAtAnyYield) {
+    at_every_call([](NativeWorld& world, const Item& other) { world.desk().call(u"Select", {Value(other)}); },
+                  [](NativeWorld& world) {
+                      const native::MemoryWindow* const shown = world.engine().find(u"TW Quick View");
+                      ASSERT_NE(shown, nullptr);
+                      EXPECT_TRUE(shown->visible());
+                  });
+}
+
+TEST(QuickViewMeanwhile, ItsWindowMayGoAtAnyYield) {
+    at_every_call(
+        [](NativeWorld& world, const Item&) {
+            if (world.add_in()) world.add_in()->session().QuickView.unload();
+        },
+        [](NativeWorld&) {});
+}
+
+TEST(QuickViewMeanwhile, TheAddInMayStopAtAnyYield) {
+    at_every_call(
+        [](NativeWorld& world, const Item&) {
+            if (world.add_in()) world.add_in()->StopAddIn();
+        },
+        [](NativeWorld& world) { world.unload_add_in(1); });
+}
+
+TEST(QuickViewMeanwhile, ItMayEndInItsOwnEvents) {
+    struct Case {
+        const char* name;
+        std::function<void(native::MemoryWindow&)> deed;
+    };
+    const Case cases[] = {
+        {"a folder is chosen", [](native::MemoryWindow& w) { w.control(u"cmbFolders").choose(0); }},
+        {"a record is made", [](native::MemoryWindow& w) { w.control(u"cmdAdd").click(); }},
+        {"a mail is dropped", [](native::MemoryWindow& w) { w.control(u"lstItems").drop(0); }},
+        {"a link is followed", [](native::MemoryWindow& w) { w.control(u"Contactname").click(); }},
+        {"a row is opened", [](native::MemoryWindow& w) { w.control(u"lstItems").double_click(0); }},
+    };
+    for (const Case& one : cases) {
+        const auto world = followed_world();
+        const Item mail = world->deliver(message());
+        const Item row = acceptance::add_record(*world, u"Opportunities", u"IPM.Post.Opportunity", u"Row",
+                                                acceptance::keys_of_ann);
+        bool more = true;
+        for (int n = 1; more; ++n) {
+            ASSERT_LT(n, many);
+            SCOPED_TRACE(std::string(one.name) + ", call " + std::to_string(n));
+            world->desk().call(u"Select", {Value(mail)});
+            native::MemoryWindow* const shown = world->engine().find(u"TW Quick View");
+            ASSERT_NE(shown, nullptr);
+            addin::Session& session = world->add_in()->session();
+            addin::forms::List& list = session.QuickView.window()->control(u"lstItems").list();
+            list.add(u"row");
+            list.text(0, 2, row.EntryID());
+            list.takes_drops(true);
+            int calls = 0;
+            more = false;
+            world->boundary().before_call = [&](const std::string&) {
+                if (++calls != n) return;
+                more = true;
+                session.QuickView.unload();
+            };
+            one.deed(*shown);
+            world->settle();
+            world->boundary().before_call = nullptr;
+            EXPECT_EQ(more && world->engine().find(u"TW Quick View") != nullptr, false)
+                << "what has gone doesn't come back";
+            if (testing::Test::HasFailure()) return;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace addin_tests
