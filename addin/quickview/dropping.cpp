@@ -4,7 +4,6 @@
 
 namespace addin::quickview {
 
-using host::Text;
 using host::TextView;
 using host::family::SafeMailItem;
 using host::outlook::Item;

@@ -3,7 +3,6 @@
 namespace acceptance {
 
 using host::Object;
-using host::Text;
 using host::TextView;
 using host::Value;
 using host::outlook::Item;

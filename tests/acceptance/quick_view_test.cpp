@@ -6,10 +6,8 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
 using host::Text;
 using host::TextView;
-using host::Value;
 using host::outlook::Item;
 namespace default_folder = host::outlook::default_folder;
 

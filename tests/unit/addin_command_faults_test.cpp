@@ -9,7 +9,6 @@ namespace {
 
 using acceptance::count_in;
 using host::Object;
-using host::Text;
 using host::TextView;
 using host::Value;
 using host::outlook::Item;

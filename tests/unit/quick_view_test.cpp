@@ -15,9 +15,7 @@ namespace {
 using acceptance::add_contact;
 using acceptance::message;
 using addin::quickview::QuickView;
-using host::Object;
 using host::Text;
-using host::TextView;
 using host::Value;
 using host::outlook::Item;
 using native::NativeWorld;
