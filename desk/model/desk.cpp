@@ -134,38 +134,30 @@ void Desk::remove_folder(RowId id) {
     store_->remove_folder(id);
     load_folders();
     std::erase_if(contents_, [&](const auto& entry) { return !folder_row(entry.first); });
-    std::erase_if(members_, [&](const auto& entry) { return !folder_row(entry.first); });
+    std::erase_if(departures_, [&](const auto& entry) { return !folder_row(entry.first); });
     tell_folders(parent, u"FolderRemove", 0);
     surroundings_.changed();
 }
 
 const std::vector<RowId>& Desk::contents(RowId folder) {
     const auto [entry, fresh] = contents_.try_emplace(folder);
-    if (fresh) {
-        entry->second = store_->items(folder);
-        members_[folder] = {entry->second.begin(), entry->second.end()};
-    }
+    if (fresh) entry->second = store_->items(folder);
     return entry->second;
 }
 
-bool Desk::holds(RowId folder, RowId item) {
-    contents(folder);
-    return members_[folder].contains(item);
+std::int64_t Desk::departures(RowId folder) const {
+    const auto found = departures_.find(folder);
+    return found == departures_.end() ? 0 : found->second;
 }
 
 void Desk::item_added(RowId folder, RowId item) {
-    if (contents_.contains(folder)) {
-        contents_[folder].push_back(item);
-        members_[folder].insert(item);
-    }
+    if (contents_.contains(folder)) contents_[folder].push_back(item);
     surroundings_.changed();
 }
 
 void Desk::item_removed(RowId folder, RowId item) {
-    if (contents_.contains(folder)) {
-        std::erase(contents_[folder], item);
-        members_[folder].erase(item);
-    }
+    if (contents_.contains(folder)) std::erase(contents_[folder], item);
+    ++departures_[folder];
     surroundings_.changed();
 }
 
@@ -182,9 +174,13 @@ std::shared_ptr<Item> Desk::open_item(RowId id) {
 }
 
 void Desk::remember_open(RowId id, const std::shared_ptr<Item>& object) {
-    constexpr std::size_t sweep_above = 4096;  // forgotten entries are swept out before they add up
-    if (open_items_.size() > sweep_above)
+    // An entry keeps the memory of its item, though not what the item held. So entries of items that nobody
+    // holds any more must not add up, whatever the session's length.
+    constexpr std::size_t least = 32;
+    if (open_items_.size() >= std::max(sweep_above_, least)) {
         std::erase_if(open_items_, [](const auto& e) { return e.second.expired(); });
+        sweep_above_ = 2 * open_items_.size();
+    }
     open_items_[id] = object;
 }
 

@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 
 #include "desk/model/surroundings.h"
 #include "desk/store/store.h"
@@ -110,12 +109,15 @@ class Desk {
     const std::vector<RowId>& contents(RowId folder);
     void item_added(RowId folder, RowId item);
     void item_removed(RowId folder, RowId item);
-    bool holds(RowId folder, RowId item);
+    /// How many items have left a folder since the start.
+    std::int64_t departures(RowId folder) const;
 
     /// The one object for an item while anybody holds it.
     std::shared_ptr<Item> open_item(RowId item);
     void remember_open(RowId item, const std::shared_ptr<Item>& object);
     void forget_open(RowId item);
+    /// How many items are remembered: those that are held, and at most as many more.
+    std::size_t remembered() const { return open_items_.size(); }
 
     /// Stores an item anew past the objects that show it. Who opens it from now on gets another object; its
     /// folder tells of the change as of one that somebody else has made: at the next yield.
@@ -197,8 +199,9 @@ class Desk {
     std::vector<FolderRow> folders_;
     std::unordered_map<RowId, std::size_t> folder_places_;
     std::unordered_map<RowId, std::vector<RowId>> contents_;
-    std::unordered_map<RowId, std::unordered_set<RowId>> members_;
+    std::unordered_map<RowId, std::int64_t> departures_;
     std::unordered_map<RowId, std::weak_ptr<Item>> open_items_;
+    std::size_t sweep_above_ = 0;  ///< so many remembered items are looked through for those that have gone
     std::unordered_map<RowId, std::vector<std::weak_ptr<Items>>> watchers_;
     std::unordered_map<RowId, std::vector<std::weak_ptr<FoldersCollection>>> folder_watchers_;
     std::deque<std::function<void()>> waiting_;

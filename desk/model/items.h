@@ -45,6 +45,7 @@ class Items : public ModelObject<Items> {
 
     RowId folder_;
     std::optional<std::vector<RowId>> own_order_;  ///< of a selection or after a sort
+    std::int64_t departures_ = -1;  ///< the folder's, when the own order was last looked through
     std::optional<filter::Filter> search_;
     std::vector<RowId> found_;  ///< what is still to be looked at by FindNext
     std::size_t looked_at_ = 0;

@@ -185,21 +185,16 @@ void ExplorerWindow::take_selection() {
 }
 
 void ExplorerWindow::show_selection() {
-    std::vector<RowId> selected;
+    std::vector<int> lines;
     for (const host::Object& object : explorer_->selected()) {
-        if (const auto item = std::dynamic_pointer_cast<Item>(object.target()))
-            selected.push_back(item->id());
+        const auto item = std::dynamic_pointer_cast<Item>(object.target());
+        const auto line = item ? std::ranges::find(shown_items_, item->id()) : shown_items_.end();
+        if (line != shown_items_.end()) lines.push_back(static_cast<int>(line - shown_items_.begin()));
     }
-    if (selected == shown_selection_ && shown_items_ == selected_among_) return;
-    shown_selection_ = selected;
-    selected_among_ = shown_items_;
+    if (lines == shown_selection_) return;
+    shown_selection_ = lines;
     ListView_SetItemState(list_, -1, 0, LVIS_SELECTED);
-    for (const RowId item : selected) {
-        const auto line = std::ranges::find(shown_items_, item);
-        if (line == shown_items_.end()) continue;
-        ListView_SetItemState(list_, static_cast<int>(line - shown_items_.begin()), LVIS_SELECTED,
-                              LVIS_SELECTED);
-    }
+    for (const int line : lines) ListView_SetItemState(list_, line, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 namespace {

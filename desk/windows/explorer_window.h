@@ -38,8 +38,8 @@ class ExplorerWindow : public HostFrame {
     HWND tree_, list_, status_;
     std::map<RowId, HTREEITEM> places_;
     std::vector<std::pair<RowId, host::Text>> shown_folders_;
-    std::vector<RowId> shown_items_;  ///< newest first
-    std::vector<RowId> shown_selection_, selected_among_;
+    std::vector<RowId> shown_items_;    ///< newest first
+    std::vector<int> shown_selection_;  ///< lines
     RowId shown_folder_ = 0;
     bool refreshing_ = false;
 };
