@@ -84,12 +84,42 @@ const FieldRow* find_field(const ItemKind& kind, std::int32_t id) {
     return find_row(kind, [&](const FieldRow& row) { return row.id == id; });
 }
 
-bool is_built_in_field(TextView name) {
+namespace {
+
+/// The name of the first built-in field, of any kind of item, whose name fits; empty if none does.
+template <class Fits>
+TextView find_built_in(Fits fits) {
     constexpr TextView computed[] = {u"MessageClass", u"Size", u"EntryID", u"Parent", u"Class"};
-    return std::ranges::any_of(kinds,
-                               [&](const ItemKind& kind) { return find_field(kind, name) != nullptr; }) ||
-           std::ranges::any_of(computed,
-                               [&](TextView field) { return host::same_ignoring_case(field, name); });
+    for (const ItemKind& kind : kinds) {
+        if (const FieldRow* row = find_row(kind, [&](const FieldRow& each) { return fits(each.name); }))
+            return row->name;
+    }
+    const auto* const found = std::ranges::find_if(computed, fits);
+    return found == std::end(computed) ? TextView() : *found;
+}
+
+constexpr bool is_capital(char16_t c) { return c >= u'A' && c <= u'Z'; }
+
+/// Whether a text is a name of several words, such as "MessageClass", with a blank between each two of them.
+bool are_words_of(TextView words, TextView name) {
+    std::size_t at = 0;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        const bool begins_word = i > 0 && is_capital(name[i]) && !is_capital(name[i - 1]);
+        if (begins_word && (at == words.size() || words[at++] != u' ')) return false;
+        if (at == words.size() || host::upper(words[at++]) != host::upper(name[i])) return false;
+    }
+    return at == words.size();
+}
+
+}  // namespace
+
+bool is_built_in_field(TextView name) {
+    return !find_built_in([&](TextView field) { return host::same_ignoring_case(field, name); }).empty();
+}
+
+TextView built_in_field_of_words(TextView words) {
+    if (words.find(u' ') == TextView::npos) return {};
+    return find_built_in([&](TextView field) { return are_words_of(words, field); });
 }
 
 Value converted(const Value& value, FieldType type) {
@@ -138,11 +168,16 @@ void apply_form(ItemData& item) {
 }
 
 std::optional<Value> field_value(const ItemData& item, TextView name) {
+    const bool is_set = item.fields.contains(name);
+    for (const UserPropertyData& property : item.user_properties) {
+        if (!is_set && host::same_ignoring_case(property.name, name)) return property.value;
+    }
+    return built_in_value(item, name);
+}
+
+std::optional<Value> built_in_value(const ItemData& item, TextView name) {
     const ItemKind& kind = kind_of(item.message_class);
     if (const auto set = item.fields.find(name); set != item.fields.end()) return set->second;
-    for (const UserPropertyData& property : item.user_properties) {
-        if (host::same_ignoring_case(property.name, name)) return property.value;
-    }
     if (host::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
     if (const FieldRow* field = find_field(kind, name)) return default_value(kind, *field);
     return std::nullopt;

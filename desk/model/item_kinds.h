@@ -34,6 +34,10 @@ bool is_built_in_field(host::TextView name);
 /// A value in the type of a field. Throws `result::type_mismatch` if it can't be turned into it.
 host::Value converted(const host::Value& value, tables::FieldType type);
 
+/// The built-in field that a name means which is written as the host's windows write it, with a blank between
+/// its words: "MessageClass" for "Message Class". Empty if there is none such.
+host::TextView built_in_field_of_words(host::TextView words);
+
 /// The value of a field that isn't set.
 host::Value default_value(const ItemKind& kind, const tables::FieldRow& field);
 
@@ -60,5 +64,8 @@ host::Text field_of_address(host::TextView address);
 
 /// A field of an item by its English name, built-in or user property.
 std::optional<host::Value> field_value(const ItemData& item, host::TextView name);
+
+/// The same of a built-in field alone, whatever user properties the item bears.
+std::optional<host::Value> built_in_value(const ItemData& item, host::TextView name);
 
 }  // namespace desk

@@ -27,9 +27,11 @@ class FolderNames : public filter::Names {
   public:
     explicit FolderNames(const FolderRow& row) : row_(row) {}
     bool knows(TextView field) const override {
-        return is_built_in_field(field) || std::ranges::any_of(row_.fields, [&](const FolderField& f) {
-                   return host::same_ignoring_case(f.name, field);
-               });
+        return is_built_in_field(field) || is_own(field) || !built_in_field_of_words(field).empty();
+    }
+    bool is_own(TextView field) const {
+        return std::ranges::any_of(
+            row_.fields, [&](const FolderField& f) { return host::same_ignoring_case(f.name, field); });
     }
 
   private:
@@ -39,16 +41,18 @@ class FolderNames : public filter::Names {
 /// An item as a filter sees it. A field of the folder that the item doesn't bear is an empty one.
 class ItemRecord : public filter::Record {
   public:
-    explicit ItemRecord(const ItemData& item) : item_(item) {}
+    ItemRecord(const ItemData& item, const FolderNames& names) : item_(item), names_(names) {}
     std::optional<Value> field(TextView name) const override {
         if (std::optional<Value> value = field_value(item_, name)) return value;
         if (is_built_in_field(name)) return std::nullopt;
-        return Value(u"");
+        if (names_.is_own(name)) return Value(u"");
+        return built_in_value(item_, built_in_field_of_words(name));
     }
     std::optional<Value> property(TextView address) const override { return schema_property(item_, address); }
 
   private:
     const ItemData& item_;
+    const FolderNames& names_;
 };
 
 /// Orders values of one field: by type where they agree, else as text.
@@ -81,7 +85,12 @@ Value Items::invoke(host::Request& request) {
 const std::vector<RowId>& Items::ids() {
     if (!desk().folder_row(folder_)) throw Failure(result::object_deleted, u"The folder has been deleted.");
     if (!own_order_) return desk().contents(folder_);
-    std::erase_if(*own_order_, [&](RowId id) { return !desk().holds(folder_, id); });
+    if (const std::int64_t left = desk().departures(folder_); departures_ != left) {
+        departures_ = left;
+        std::vector<RowId> there = desk().contents(folder_);
+        std::ranges::sort(there);
+        std::erase_if(*own_order_, [&](RowId id) { return !std::ranges::binary_search(there, id); });
+    }
     return *own_order_;
 }
 
@@ -150,7 +159,8 @@ std::vector<RowId> Items::candidates(const filter::Filter& filter) {
 
 bool Items::matches(const filter::Filter& filter, RowId id) const {
     const std::optional<ItemRow> row = desk().store().load(id);
-    return row && filter.matches(ItemRecord(row->data));
+    const FolderRow* const folder = desk().folder_row(folder_);
+    return row && folder && filter.matches(ItemRecord(row->data, FolderNames(*folder)));
 }
 
 Object Items::find(const Text& text) {
@@ -189,14 +199,15 @@ Object Items::step(std::int32_t to) {
 
 void Items::sort(const Text& property, bool descending) {
     const Text field = bare_name(property);
-    if (!FolderNames(*desk().folder_row(folder_)).knows(field)) {
+    const FolderNames names(*desk().folder_row(folder_));
+    if (!names.knows(field)) {
         throw Failure(result::invalid_argument, u"The property \"" + field + u"\" is unknown.");
     }
     std::vector<RowId> order = ids();
     std::map<RowId, Value> keys;
     for (const RowId id : order) {
         if (const std::optional<ItemRow> row = desk().store().load(id)) {
-            keys[id] = field_value(row->data, field).value_or(Value(u""));
+            keys[id] = ItemRecord(row->data, names).field(field).value_or(Value(u""));
         }
     }
     std::ranges::stable_sort(order, [&](RowId left, RowId right) {

@@ -8,6 +8,7 @@ using host::Object;
 using host::Text;
 using host::TextView;
 using host::Value;
+using host::outlook::Folder;
 using host::outlook::Item;
 
 constexpr TextView invalid = u"Invalid List Definition Record in the Tarnwell System Folder";
@@ -153,6 +154,29 @@ TEST_F(ListDefinitions, GiveTheHeadings) {
     EXPECT_EQ(count_messages(same), 0);
 }
 
+TEST_F(ListDefinitions, AreFoundBesideTheAccountsAndAmongThem) {
+    World& same = world();
+    install(same, {Target{}});
+    const Folder beside = Folder(same.account_profiles().Parent()).Folders().Item(u"System Folder");
+    NoteDialog& dialog = opened();
+    for (const bool among : {false, true}) {
+        SCOPED_TRACE(among);
+        if (among) {
+            const Object inside =
+                same.account_profiles().Folders().call(u"Add", {u"System Folder"}).to_object();
+            const host::outlook::Items records = beside.Items();
+            for (std::int32_t i = records.Count(); i >= 1; --i)
+                records.Item(i).call(u"Move", {Value(inside)});
+            beside.put(u"Name", u"Another folder");
+        }
+        dialog.click(u"Option2");  // brings its own headings back
+        same.fail(u"NameSpace.GetFolderFromID");
+        dialog.choose(u"Combo2", u"People");
+        EXPECT_EQ(dialog.headings().front(), "Full Name");
+        EXPECT_EQ(count_messages(same), 0);
+    }
+}
+
 TEST_F(ListDefinitions, ThatAreMissingAreReportedAndLeaveWhatWasThere) {
     World& same = world();
     add_contact(same);
@@ -263,58 +287,65 @@ constexpr LanguageCase languages[] = {
     {2055, u"", u""},
 };
 
-/// A definition of another class, so that only a language's names of fields lead to it. Its heading is that
-/// of the subject.
-Item add_definition_in(World& world, const LanguageCase& language) {
+constexpr TextView english_subject = u"Subject";
+
+/// A definition of another class, so that only the fields of a language lead to it, which the folder has
+/// then. Its heading is that of the subject.
+void add_definition_in(World& world, const LanguageCase& language) {
     constexpr std::int32_t text = 1;  // OlUserPropertyType
-    const Text subject = u"People of accounts";
     const Item record = system_items(world).Add(u"IPM.Post.Other");
     const host::outlook::UserProperties properties = record.UserProperties();
     properties.Add(language.message_class, text, true).value(u"IPM.Post.ListDefinition");
-    if (language.subject == TextView(u"Subject")) {
-        record.Subject(subject);
-    } else {
-        properties.Add(language.subject, text, true).value(subject);
-    }
+    properties.Add(language.subject, text, true).value(u"People of accounts");
     properties.Add(u"ColumnName1", text, false).value(language.subject);
-    record.Body(u"[FullName] = 'Nobody'");
     record.Save();
-    return record;
+}
+
+/// Has a target chosen whose definition can't be asked for but by names of fields.
+void choose_by_names_alone(World& world, const NoteDialog& dialog, TextView target) {
+    constexpr std::int32_t of_the_drop_down = 1;
+    world.fail(u"Items.Restrict", of_the_drop_down);
+    dialog.choose(u"Combo2", target);
 }
 
 TEST_F(ListDefinitions, AreLookedForInTheHostsLanguageIfTheyAreNotFound) {
     World& same = world();
-    add_drop_down(same, u"People", u"People of accounts");
-    write_targets_file(same, section("People"));
+    install(same, {Target{}});
     for (const LanguageCase& one : languages) {
-        if (!one.subject.empty()) add_definition_in(same, one);
+        if (!one.subject.empty() && one.subject != english_subject) add_definition_in(same, one);
     }
     NoteDialog& dialog = opened();
     for (const LanguageCase& one : languages) {
         SCOPED_TRACE(one.locale);
         desk_option(same, u"Language", one.locale);
+        const std::int32_t before = count_messages(same);
+        if (one.subject.empty()) same.desk().call(u"Answer", {u"Tarnwell", Value(invalid), ok});
+        choose_by_names_alone(same, dialog, u"People");
         if (one.subject.empty()) {
-            choose_missing(dialog, u"People");
+            EXPECT_EQ(message_texts(same, before), Lines{shown(invalid)});
             continue;
         }
-        const std::int32_t before = count_messages(same);
-        dialog.choose(u"Combo2", u"People");
-        EXPECT_EQ(dialog.headings().front(), shown(one.subject));
         EXPECT_EQ(count_messages(same), before);
+        EXPECT_EQ(dialog.headings().front(),
+                  one.subject == english_subject ? "Full Name" : shown(one.subject));
     }
 }
 
 TEST_F(ListDefinitions, ThatAreFoundInTheHostsLanguageAloneKeepTheLastFilter) {
     World& same = world();
     add_contact(same);
-    install(same, {{.definition = u"Its own"}});
-    add_drop_down(same, u"Two", u"People of accounts");
-    add_definition_in(same, languages[0]);
-    write_targets_file(same, section("People") + section("Two"));
+    install(same, {{.definition = u"Its own"},
+                   {.name = u"Two",
+                    .definition = u"Another",
+                    .headings = {u"A", u"B", u"C", u"D", u"E", u"F"},
+                    .filter = u"[FullName] = 'Nobody'"}});
     NoteDialog& dialog = opened();
     dialog.choose(u"Combo2", u"People");
-    dialog.search(u"Two", u"Ann");
-    EXPECT_EQ(dialog.headings().front(), "Subject");
+    choose_by_names_alone(same, dialog, u"Two");
+    EXPECT_EQ(dialog.headings().front(), "A");
+    dialog.type(u"SearchString", u"Ann");
+    dialog.click(u"cmdSearch");
+    EXPECT_TRUE(dialog.header_becomes(u"Search Complete for Ann"));
     EXPECT_EQ(dialog.column(1), Lines{"Ann Lee"});
     EXPECT_EQ(count_messages(same), 0);
 }

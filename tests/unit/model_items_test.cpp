@@ -224,6 +224,76 @@ TEST_F(ItemsOfAFolder, RestrictedAreASnapshotThatShrinks) {
     EXPECT_EQ(restricted(found, u"[Subject] = \"B\"").Count(), 0);
 }
 
+TEST_F(ItemsOfAFolder, AreFoundByFieldsAsTheHostsWindowsWriteThem) {
+    const Item mail = add_mail(u"One");
+    mail.put(u"FlagStatus", 1);
+    constexpr std::int32_t text = 1;  // OlUserPropertyType
+    mail.UserProperties().Add(u"Message.Class", text, false).value(u"not what is meant");
+    mail.Save();
+    struct Case {
+        TextView filter;
+        bool is_understood = true;
+    };
+    constexpr Case cases[] = {
+        {u"[Message Class] = 'IPM.Note'"},
+        {u"[message class] = 'ipm.note' And [Subject] = 'One'"},
+        {u"[MessageClass] = 'IPM.Note'"},
+        {u"[Billing Information] = '' And [Sender Name] = ''"},
+        {u"[Flag Request] = '' And [Un Read] = False"},
+        {u"[Mess ageClass] = 'IPM.Note'", false},
+        {u"[Message  Class] = 'IPM.Note'", false},
+        {u"[Sub ject] = 'One'", false},
+    };
+    for (const auto& [filter, is_understood] : cases) {
+        SCOPED_TRACE(shown(filter));
+        const Items items = inbox().Items();
+        if (is_understood) {
+            EXPECT_TRUE(items.Find(filter));
+        } else {
+            EXPECT_EQ(failure_of([&] { items.Find(filter); }), result::invalid_argument);
+        }
+    }
+    add_mail(u"A second one");
+    const Items sorted = inbox().Items();
+    sorted.call(u"Sort", {u"[Conversation Topic]"});
+    sorted.call(u"Sort", {u"[Flag Status]", true});
+    EXPECT_EQ(sorted.Item(1).Subject(), u"One");
+}
+
+TEST_F(ItemsOfAFolder, AreFoundByTheFoldersOwnFieldWhereItIsCalledLikeABuiltInOne) {
+    constexpr std::int32_t text = 1;  // OlUserPropertyType
+    const Item mail = add_mail(u"One");
+    mail.UserProperties().Add(u"Message Class", text, true).value(u"of its own");
+    mail.Save();
+    add_mail(u"Two");
+    EXPECT_EQ(subjects(restricted(inbox().Items(), u"[Message Class] = 'of its own'")),
+              std::vector<Text>{u"One"});
+    EXPECT_EQ(subjects(restricted(inbox().Items(), u"[Message Class] = ''")), std::vector<Text>{u"Two"});
+}
+
+TEST_F(ItemsOfAFolder, AreRememberedWhileSomebodyHoldsThemAndNotLonger) {
+    constexpr std::int32_t held_count = 100, count = 1000;
+    std::vector<Item> held;
+    for (std::int32_t i = 0; i < count; ++i) {
+        const Item mail = add_mail(host::to_text(i));
+        if (i % (count / held_count) == 0) held.push_back(mail);
+    }
+    EXPECT_LE(world.model().remembered(), 2 * held.size() + 1);
+    for (const Item& mail : held) {
+        mail.Subject(u"Changed, and not saved");
+        EXPECT_TRUE(Item(session.call(u"GetItemFromID", {Value(mail.EntryID())}).to_object()) == mail);
+    }
+    const Items all = inbox().Items();
+    std::int32_t changed = 0;
+    for (std::int32_t i = 1; i <= count; ++i) {
+        if (all.Item(i).Subject() == u"Changed, and not saved") ++changed;
+    }
+    EXPECT_EQ(changed, held_count) << "who asks for an item that is held gets that one";
+    held.clear();
+    for (std::int32_t i = 1; i <= count; ++i) all.Item(i).Subject();
+    EXPECT_LE(world.model().remembered(), 64U);
+}
+
 TEST_F(ItemsOfAFolder, AreRestrictedWithinARestriction) {
     for (const TextView subject : {u"A", u"B"}) {
         const Item mail = add_mail(subject);
