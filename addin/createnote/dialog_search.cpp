@@ -48,7 +48,8 @@ std::int32_t to_number(const Text& text) {
 /// Reads the fields of one item, by the notations of a definition.
 class FieldReader {
   public:
-    FieldReader(Steps& steps, const SafeRecordItem& item) : steps_(steps), item_(item) {}
+    FieldReader(Steps& steps, const SafeRecordItem& item, host::Desktop& desktop)
+        : steps_(steps), item_(item), desktop_(desktop) {}
 
     /// The value into `target`, which stays as it is if it can't be read.
     void read(Text& target, const Text& name) {
@@ -60,7 +61,7 @@ class FieldReader {
     }
 
     void read_tag(Text& target, const Text& tag) {
-        steps_.set(target, [&] { return item_.Fields(Value(tag)); });
+        steps_.set(target, [&] { return desktop_.text_of(item_.Fields(Value(tag))); });
     }
 
     /// The same for a name that is none of a tag.
@@ -77,7 +78,7 @@ class FieldReader {
         } else {
             steps_.set(id_, [&] { return item_.GetIDsFromNames(part(0), Value(host::trimmed(part(1)))); });
         }
-        steps_.set(target, [&] { return item_.Fields(id_); });
+        steps_.set(target, [&] { return desktop_.text_of(item_.Fields(id_)); });
     }
 
     void forget_id() { id_ = Value(); }
@@ -87,6 +88,7 @@ class FieldReader {
   private:
     Steps& steps_;
     const SafeRecordItem& item_;
+    host::Desktop& desktop_;
     Value id_;  ///< outlives a field: one that can't be read shows the field that it was set for
 };
 
@@ -186,7 +188,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
 void dlgSend::add_row(Steps& steps, const SafeRecordItem& wrapper, const Items& items, std::int32_t place,
                       Text& key) {
     const records::ListDefinition& definition = session_.list_definition;
-    FieldReader reader(steps, wrapper);
+    FieldReader reader(steps, wrapper, session_.desktop);
     std::array<Text, records::shown_fields> cells;
     for (std::size_t i = 0; i < cells.size(); ++i) {
         reader.read(cells[i], definition.FieldName[i]);

@@ -105,6 +105,10 @@ class Desktop {
     /// The folder that the add-in's own file lies in, without a backslash at its end.
     virtual Text own_folder() = 0;
 
+    /// A value as text: numbers and dates as the user's regional settings write them (the platform's
+    /// VariantChangeType), so that `format` can read them. Throws `Failure` for what has no text.
+    virtual Text text_of(const Value& value) = 0;
+
     /// A value's text in one of the system's named formats ("Currency", "Short Date", "General Date",
     /// "Percent"), by the user's regional settings, first day of the week and first week of the year given as
     /// 1 (the platform's VarFormat). Throws `Failure` for a text that can't be read as a number or date.

@@ -181,6 +181,39 @@ TEST_F(DialogSearch, ShowsAmountsDatesAndSharesByTheirTypes) {
     EXPECT_EQ(found(target), Lines{"Ann Lee|$1,234.50||1234.5|12/31/2009|25.00%|0.25"});
 }
 
+TEST_F(DialogSearch, SortsAmountsByTheirTexts) {
+    for (const TextView amount : {u"9", u"10", u"200"}) {
+        add_contact(world(), {.full_name = u"Ann Lee", .properties = {{u"Team", Text(amount)}}});
+    }
+    Target target{.types = {u"Currency", u"String", u"String", u"String", u"String", u"String"}};
+    target.fields[0] = named_field(u"Team");
+    install(world(), {target});
+    NoteDialog& dialog = opened();
+    dialog.search(u"People", u"Ann");
+    EXPECT_EQ(dialog.column(1), (Lines{"$9.00", "$10.00", "$200.00"}));
+    dialog.click_column(2);
+    dialog.click_column(1);
+    EXPECT_EQ(dialog.column(1), (Lines{"$10.00", "$200.00", "$9.00"}));
+}
+
+TEST_F(DialogSearch, ShowsFieldsThatAreNoTextsByTheirTypes) {
+    constexpr std::int32_t number = 3, date = 5, yes_or_no = 6;  // OlUserPropertyType
+    const Item contact = add_contact(world());
+    const auto add = [&](TextView name, std::int32_t type, const Value& value) {
+        contact.UserProperties().Add(name, type, false).value(value);
+    };
+    add(u"Amount", number, -1234.5);
+    add(u"Day", date, host::to_date({2009, 12, 31, 22, 30, 0}));
+    add(u"Share", number, 0.256);
+    add(u"Known", yes_or_no, true);
+    contact.Save();
+    Target target{.types = {u"Currency", u"Date", u"Percent", u"String", u"", u"Other"}};
+    target.fields = {named_field(u"Amount"), named_field(u"Day"), named_field(u"Share"),
+                     named_field(u"Amount"), named_field(u"Day"), named_field(u"Known")};
+    target.key_field = named_field(u"Share");
+    EXPECT_EQ(found(target), Lines{"($1,234.50)|12/31/2009|25.60%|-1234.5|2009-12-31 22:30:00|True|0.256"});
+}
+
 // where it searches
 
 TEST_F(DialogSearch, SearchesPostsAsWellAsContacts) {

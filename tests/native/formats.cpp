@@ -67,6 +67,21 @@ Text general_date(TextView value) {
 
 }  // namespace
 
+Text written(const Value& value) {
+    if (!value.is(Value::Type::date)) return value.to_text();
+    const host::ClockTime clock = host::to_clock(value.to_date());
+    constexpr int noon = 12;
+    std::array<char, 80> buffer{};
+    int length =
+        std::snprintf(buffer.data(), buffer.size(), "%d/%d/%04d", clock.month, clock.day, clock.year);
+    if (clock.hour != 0 || clock.minute != 0 || clock.second != 0) {
+        length += std::snprintf(buffer.data() + length, buffer.size() - static_cast<std::size_t>(length),
+                                " %d:%02d:%02d %s", (clock.hour + noon - 1) % noon + 1, clock.minute,
+                                clock.second, clock.hour < noon ? "AM" : "PM");
+    }
+    return host::from_utf8({buffer.data(), static_cast<std::size_t>(length)});
+}
+
 Text formatted(TextView value, TextView named_format) {
     if (named_format == u"Currency") return currency(value);
     if (named_format == u"Percent") return percent(value);

@@ -1,9 +1,12 @@
 // The system's named formats as a machine with United States settings shows them.
 #pragma once
 
-#include "host/text.h"
+#include "host/value.h"
 
 namespace native {
+
+/// A value as text, a date as "12/31/2009 10:30:00 AM", without the time at midnight.
+host::Text written(const host::Value& value);
 
 /// A value's text in "Currency", "Short Date" or "Percent". Throws `host::Failure` with
 /// `result::type_mismatch` for a text that can't be read as a number or date, and with

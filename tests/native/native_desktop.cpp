@@ -140,6 +140,8 @@ Text NativeDesktop::profile_text(TextView path, TextView section, TextView key, 
     return ini_text(local_path(path), section, key, size);
 }
 
+Text NativeDesktop::text_of(const host::Value& value) { return written(value); }
+
 Text NativeDesktop::format(TextView value, TextView named_format) { return formatted(value, named_format); }
 
 // the 8-bit form is UTF-8 here

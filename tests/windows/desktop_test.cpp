@@ -165,17 +165,6 @@ TEST_F(DesktopTest, OwnFolderIsWhereThisProgramLies) {
     EXPECT_EQ(desktop.find_file(module_file()), u"desktop_tests.exe");
 }
 
-TEST_F(DesktopTest, NamedFormatsFollowTheRegionalSettings) {
-    const struct {
-        TextView value, format, text;
-    } cases[] = {{u"1234.5", u"Currency", u"$1,234.50"},
-                 {u"0.256", u"Percent", u"25.60%"},
-                 {u"2026-03-05 14:00:00", u"Short Date", u"3/5/2026"}};
-    ASSERT_EQ(GetUserDefaultLCID(), 0x409U) << "the expected texts are those of the United States";
-    for (const auto& each : cases) EXPECT_EQ(desktop.format(each.value, each.format), each.text);
-    EXPECT_EQ(desktop.format(u"no number", u"Currency"), u"no number") << "what is no number stays";
-}
-
 TEST_F(DesktopTest, TextNarrowsToTheSystemsCodePageAndBack) {
     const Text text = u"a\u00FC\u20AC";
     ASSERT_EQ(GetACP(), 1252U);

@@ -120,6 +120,21 @@ host::Text WindowsDesktop::own_folder() {
     return file.substr(0, file.find_last_of(u'\\'));
 }
 
+host::Text WindowsDesktop::text_of(const host::Value& value) {
+    Variant from, to;
+    if (value.is(host::Value::Type::number)) {
+        from.vt = VT_R8;
+        from.dblVal = value.to_number();
+    } else if (value.is(host::Value::Type::date)) {
+        from.vt = VT_DATE;
+        from.date = value.to_date().days;
+    } else {
+        return value.to_text();
+    }
+    check(VariantChangeTypeEx(&to, &from, LOCALE_USER_DEFAULT, 0, VT_BSTR));
+    return host::Text(from_wide(to.bstrVal, SysStringLen(to.bstrVal)));
+}
+
 host::Text WindowsDesktop::format(host::TextView value, host::TextView named_format) {
     Variant text;
     text.bstrVal = Bstr(value).detach();

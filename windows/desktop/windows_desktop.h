@@ -36,6 +36,7 @@ class WindowsDesktop final : public host::Desktop {
     void beep() override;
     host::Text own_folder() override;
 
+    host::Text text_of(const host::Value& value) override;
     host::Text format(host::TextView value, host::TextView named_format) override;
     std::string narrow(host::TextView text) override;
     host::Text widen(const std::string& bytes) override;

@@ -1,0 +1,72 @@
+// Amounts, dates and shares as the user's regional settings write them.
+#include <gtest/gtest.h>
+
+#include "tests/windows/regional_settings.h"
+#include "windows/desktop/windows_desktop.h"
+
+namespace windows::testing {
+namespace {
+
+using host::Text;
+using host::TextView;
+using host::Value;
+
+class Formats : public ::testing::Test {
+  protected:
+    Formats() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~Formats() override { CoUninitialize(); }
+
+    /// A value as a list shows it: turned into text, and that text into a format.
+    std::string shown(const Value& value, TextView format) {
+        return host::to_utf8(desktop.format(desktop.text_of(value), format));
+    }
+
+    Module module;
+    WindowsDesktop desktop{Apartment::create(module, u"Test")};
+};
+
+constexpr double amount = 1234.5, share = 0.25;
+const host::Date new_years_eve = host::to_date({2009, 12, 31, 22, 30, 0});
+
+TEST_F(Formats, FollowTheRegionalSettings) {
+    for (const RegionalCase& one : regional_cases) {
+        SCOPED_TRACE(one.name);
+        const RegionalSettings settings(one.locale);
+        EXPECT_EQ(shown(amount, u"Currency"), host::to_utf8(one.amount));
+        EXPECT_EQ(shown(-amount, u"Currency"), host::to_utf8(one.debt));
+        EXPECT_EQ(shown(new_years_eve, u"Short Date"), host::to_utf8(one.date));
+        EXPECT_EQ(shown(share, u"Percent"), host::to_utf8(one.share));
+        EXPECT_EQ(shown(Value(Text(one.date)), u"Short Date"), host::to_utf8(one.date))
+            << "what the user writes is read as he writes it";
+        EXPECT_EQ(shown(Value(u"2009-12-31 22:30:00"), u"Short Date"), host::to_utf8(one.date));
+        EXPECT_EQ(shown(Value(u"soon"), u"Currency"), "soon");
+    }
+}
+
+TEST_F(Formats, ReadATextAsTheUserWritesIt) {
+    const struct {
+        LCID locale;
+        TextView text;
+        const char* amount;
+    } cases[] = {{0x0409, u"1234.5", "$1,234.50"},
+                 {0x0409, u"1,234.5", "$1,234.50"},
+                 {0x0407, u"1234,5", "1.234,50 \xE2\x82\xAC"},
+                 {0x0407, u"1.234,5", "1.234,50 \xE2\x82\xAC"}};
+    for (const auto& one : cases) {
+        const RegionalSettings settings(one.locale);
+        EXPECT_EQ(shown(Value(one.text), u"Currency"), one.amount) << host::to_utf8(one.text);
+    }
+}
+
+TEST_F(Formats, WriteNumbersAndDatesByTheSettingsAndTheRestAsItIs) {
+    const RegionalSettings german(0x0407);
+    EXPECT_EQ(desktop.text_of(amount), u"1234,5");
+    EXPECT_EQ(desktop.text_of(new_years_eve), u"31.12.2009 22:30:00");
+    EXPECT_EQ(desktop.text_of(7), u"7");
+    EXPECT_EQ(desktop.text_of(true), u"True");
+    EXPECT_EQ(desktop.text_of(Value(u"1234.5")), u"1234.5");
+    EXPECT_EQ(desktop.text_of(Value()), u"");
+}
+
+}  // namespace
+}  // namespace windows::testing
