@@ -13,6 +13,9 @@ bool start_and_end();
 /// So many mails, one after the other, in one session.
 bool soak(int mail_count);
 
+/// A search of the dialog that finds thousands of records.
+bool large_search();
+
 /// What the add-in adds to the time in which an item's window opens.
 bool opened_items_time();
 

@@ -295,6 +295,15 @@ void Surface::meanwhile(const Text& moment, const Object& object, const Text& me
             object.call(member);
             return;
         }
+        if (value.is(Value::Type::array)) {  // a method with several arguments
+            const host::Array& all = value.to_array();
+            host::Request request{.access = host::Access::call, .member = member};
+            const host::Array::Bounds bounds = all.dimensions().front();
+            for (std::int32_t i = 0; i < bounds.count; ++i)
+                request.arguments.push_back(all.at(bounds.lower + i));
+            object.invoke(request);
+            return;
+        }
         try {
             object.put(member, value);
         } catch (const Failure& failure) {
@@ -302,6 +311,26 @@ void Surface::meanwhile(const Text& moment, const Object& object, const Text& me
             object.call(member, {value});  // a method with one argument
         }
     });
+}
+
+void Surface::copies(const Object& original, std::int32_t count, const Text& field) {
+    const auto item = std::dynamic_pointer_cast<Item>(original.target());
+    if (!item) throw Failure(result::type_mismatch, u"Copies are made of an item.");
+    const auto place = [&field](Item& of) {
+        const Object property =
+            of.self().get(u"UserProperties").to_object().call(u"Find", {Value(field)}).to_object();
+        return property ? std::pair(property, Text(u"Value")) : std::pair(of.self(), field);
+    };
+    const auto [object, member] = place(*item);
+    const Text text = object.get(member).to_text();
+    const std::size_t digits = host::to_text(count).size();
+    for (std::int32_t i = 1; i <= count; ++i) {
+        const std::shared_ptr<Item> twin = item->copy();
+        const Text number = host::to_text(i);
+        const auto [twin_object, twin_member] = place(*twin);
+        twin_object.put(twin_member, Value(text + u" " + Text(digits - number.size(), u'0') + number));
+        twin->save();
+    }
 }
 
 const host::Members<Surface>& Surface::members() {
@@ -429,6 +458,14 @@ const host::Members<Surface>& Surface::members() {
           {u"Value", Takes::value, true}},
          [](Surface& self, const Arguments& a) {
              self.meanwhile(a[0].to_text(), a[1].to_object(), a[2].to_text(), a[3]);
+             return Value();
+         }},
+        {u"Copies",
+         host::no_id,
+         Use::method,
+         {{u"Item", Takes::object}, {u"Count", Takes::integer}, {u"Field", Takes::text}},
+         [](Surface& self, const Arguments& a) {
+             self.copies(a[0].to_object(), a[1].to_integer(), a[2].to_text());
              return Value();
          }},
         {u"Calls", host::no_id, Use::get,

@@ -74,6 +74,8 @@ class Surface : public ModelObject<Surface> {
     void press(const host::Value& control);
     host::Object context_menu();
     host::Object window(const host::Text& caption);
+    /// Makes copies of an item, each with a number of its own, "001" and so on, behind the text of one field.
+    void copies(const host::Object& original, std::int32_t count, const host::Text& field);
     void meanwhile(const host::Text& moment, const host::Object& object, const host::Text& member,
                    const host::Value& value);
 

@@ -129,6 +129,59 @@ TEST_F(ListPickerWindow, TakesTheHighlightedRowWithEnter) {
     EXPECT_EQ(account_of_contact(), "A-2");
 }
 
+TEST_F(ListPickerWindow, TakesSeveralWhereTheCallerAllowsIt) {
+    const Object picker_object =
+        world().application().call(u"CreateObject", {u"ContactList.List"}).to_object();
+    const Item other = world().deliver(message());
+    world().desk().call(u"Meanwhile", {u"SelectionChange", Value(picker_object), u"searchany",
+                                       Value(host::Array::of({u"Account", Value(picker_caption), false}))});
+    world().desk().call(u"Select", {Value(other)});
+    ASSERT_TRUE(world().wait_until([&] { return is_open(picker_caption); }));
+    world().settle();
+    const auto add = [&](std::int32_t row) {
+        items().call(u"Select", {row});
+        picker(u"cmdAdd").call(u"Click");
+        world().settle();
+    };
+    for (const std::int32_t row : {3, 1, 2, 3}) add(row);
+    picker(u"lstChosen").call(u"Select", {2});
+    picker(u"cmdRemove").call(u"Click");
+    world().settle();
+    const Object chosen_rows = picker(u"lstChosen");
+    ASSERT_EQ(chosen_rows.get(u"Count").to_integer(), 2);
+    for (const auto& [row, name] : {std::pair(1, u"Baker Ltd"), std::pair(2, u"Arden Mills")}) {
+        EXPECT_EQ(chosen_rows.call(u"Item", {row}).to_object().get(u"Text"), Value(name));
+    }
+    picker(u"cmdOK").call(u"Click");
+    ASSERT_TRUE(world().wait_until([&] { return !is_open(picker_caption); }));
+    ASSERT_TRUE(world().wait_for_handlers());
+    const Value answer = picker_object.get(u"slist");
+    const host::Array& table = answer.to_array();
+    ASSERT_EQ(table.dimensions().size(), 2U);
+    EXPECT_EQ(table.dimensions()[0].count, 3) << "its upper bound is the number of rows";
+    const host::outlook::Items accounts = world().account_profiles().Items();
+    EXPECT_EQ(table.at(0, 7), Value(accounts.Item(3).EntryID()));
+    EXPECT_EQ(table.at(1, 7), Value(accounts.Item(2).EntryID()));
+    EXPECT_FALSE(picker_object.get(u"dialogcancel").to_boolean());
+}
+
+TEST_F(ListPickerWindow, ListsThousandsAndFindsOneAmongThem) {
+    constexpr std::int32_t many = 3000;
+    const Item first = world().account_profiles().Items().Item(1);
+    world().desk().call(u"Copies", {Value(first), many, u"Account Name"});
+    open_picker();
+    EXPECT_EQ(items().get(u"Count").to_integer(), many + 3);
+    for (const std::int32_t row : {1, 1000, many}) {
+        const std::string number = std::to_string(row);
+        EXPECT_EQ(shown(items().call(u"Item", {row + 3}).to_object().get(u"Text").to_text()),
+                  "Cooper & Sons " + std::string(4 - number.size(), '0') + number);
+    }
+    picker(u"txtSearch").put(u"Text", u"sons 2999");
+    EXPECT_EQ(names(), Lines{"Cooper & Sons 2999"});
+    picker(u"cmdOK").call(u"Click");
+    EXPECT_EQ(account_of_contact(), "A-1");
+}
+
 TEST_F(ListPickerWindow, IsCancelledByEscape) {
     constexpr std::int32_t escape = 27;
     open_picker();

@@ -152,6 +152,17 @@ void install(World& world, const std::vector<Target>& targets) {
     write_targets_file(world, file);
 }
 
+void install_many_records(World& world, std::int32_t count) {
+    const Item first = world.below(u"Opportunities").Items().Add(u"IPM.Post.Opportunity");
+    first.Subject(u"Mill");
+    first.Save();
+    world.desk().call(u"Copies", {Value(first), count - 1, u"Subject"});
+    Target target{.folder = Text(accounts_path) + u"\\Opportunities",
+                  .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
+    target.fields[0] = u"&H0037001E";
+    install(world, {target});
+}
+
 // Records, notes and mails
 
 Item add_account(World& world, const Fields& properties, const Text& subject) {

@@ -91,6 +91,10 @@ host::outlook::Item add_definition(World& world, const Target& target);
 /// All that these targets need, and no others.
 void install(World& world, const std::vector<Target>& targets);
 
+/// Saves so many opportunities, with the subjects "Mill", "Mill 001", "Mill 002" and so on, and installs the
+/// target "People" that finds them by these.
+void install_many_records(World& world, std::int32_t count);
+
 /// Saves an account to "Account Profiles".
 host::outlook::Item add_account(World& world, const Fields& properties, const host::Text& subject);
 

@@ -1,0 +1,60 @@
+// The picker of accounts as a person uses it who files a mail of somebody whom the database does not know: it lists
+// the sample company's accounts, is shortened by what is typed, and gives the new contact its account. With a folder as
+// argument, it takes pictures.
+var app = new ActiveXObject("Outlook.Application"), desk = app.Desk, wrong = 0;
+var folder = WScript.Arguments.length > 0 ? WScript.Arguments(0) : "";
+var root = app.GetNamespace("MAPI").Folders("Public Folders").Folders("All Public Folders").Folders("Tarnwell");
+var profiles = root.Folders("Account Profiles");
+var contacts = profiles.Folders("Account Contacts").Items, contactsBefore = contacts.Count;
+
+function same(what, found, wanted) {
+    if (String(found) === String(wanted)) return;
+    wrong++;
+    WScript.Echo(what + ": " + found + " instead of " + wanted);
+}
+function waitUntil(what, test) {
+    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
+    same(what, test(), true);
+}
+function picture(name) {
+    if (folder === "") return;
+    desk.Pump(300);
+    desk.Snapshot(folder + "\\" + name + ".png");
+}
+function picker() { return desk.Window("Account List"); }
+function dialog() { return desk.Window("Tarnwell Create Note"); }
+
+var files = new ActiveXObject("Scripting.FileSystemObject");
+var path = files.GetSpecialFolder(2).Path + "\\list-picker.eml";
+var file = files.CreateTextFile(path, true);
+file.WriteLine("From: Eve Stone <eve@stone.example>");
+file.WriteLine("To: Pat Example <pat@tarnwell.example>");
+file.WriteLine("Date: Mon, 02 Mar 2026 09:15:00 +0000");
+file.WriteLine("Subject: A first question");
+file.WriteLine("");
+file.WriteLine("Do you deliver to the coast?");
+file.Close();
+desk.Deliver(path).Display();
+desk.Answer("Tarnwell", " NOT FOUND!", 6);
+desk.Answer("Tarnwell", "search for an Account Name", 6);
+desk.Press(app.ActiveInspector().CommandBars.Item("TarnwellCreateNote").Controls.Item("Create Tarnwell Note"));
+waitUntil("the dialog comes up", function() { return dialog() != null && dialog().Visible; });
+desk.Pump(100);
+dialog().Control("cmdSend").Click();
+waitUntil("the picker comes up", function() { return picker() != null && picker().Visible; });
+var list = picker().Control("lstItems"), all = list.Count;
+same("it lists the company's accounts", all >= 40, true);
+picker().Control("lstItems").ColumnClick(1);
+picture("list-picker");
+picker().Control("txtSearch").Text = "mill";
+waitUntil("the list is shortened", function() { return list.Count < all; });
+picture("list-picker-search");
+picker().Control("txtSearch").Text = "";
+waitUntil("the list is whole again", function() { return list.Count == all; });
+list.Select(1);
+var chosen = list.Item(1).Text;
+picker().Control("cmdOK").Click();
+waitUntil("a contact is made", function() { return contacts.Count == contactsBefore + 1; });
+waitUntil("the picker goes", function() { return picker() == null; });
+same("its account", contacts.Item(contacts.Count).UserProperties("Account Name").Value, chosen);
+WScript.Quit(wrong ? 1 : 0);
