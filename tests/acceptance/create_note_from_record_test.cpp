@@ -245,6 +245,25 @@ TEST_F(CreateNoteFromRecord, IsMadeAgainOfTheSameRows) {
     EXPECT_EQ(World::property(notes.Item(2), u"ContactID"), u"C-300");
 }
 
+TEST_F(CreateNoteFromRecord, IsMadeByTheButtonAloneWhereTheRowHasAKeyAndNoText) {
+    World& world = with({});
+    add_contact(world);
+    Target target;
+    target.fields[0] = u"";
+    install(world, {target});
+    NoteDialog& dialog = opened(world.deliver(message()));
+    dialog.search(u"People", u"Ann");
+    ASSERT_EQ(dialog.cell(1, 1), "");
+    ASSERT_EQ(dialog.cell(1, 7), "C-200");
+    dialog.double_click();
+    EXPECT_TRUE(dialog.header_becomes(no_row));
+    EXPECT_EQ(count_in(world, u"Email"), 0);
+    dialog.create();
+    EXPECT_TRUE(dialog.closes());
+    EXPECT_EQ(World::property(only_item(world), u"ContactID"), u"C-200");
+    EXPECT_EQ(message_texts(world), Lines{"Done - creating Note for "});
+}
+
 TEST_F(CreateNoteFromRecord, IsMadeOfTheAddressWhereTheRecordHasNoKey) {
     World& world = with({});
     add_contact(world, {.full_name = u"Ann Lee", .properties = {{u"AccountID", u"A-100"}}});

@@ -27,13 +27,15 @@ class OpenContact : public Filing {
     }
 
     /// Opens a mail, and presses the button in its window.
-    void press(const Item& mail) {
+    void press(
+        const Item& mail, const std::function<void()>& just_before = [] {}) {
         OpenedItem window(mail);
         prepare_bar(window.window, BarState::empty);
         window.show();
         displayed_before_ = displayed();
         const Object button = find_control(window.window, u"TarnwellCreateNote", u"OpenContactButton");
         ASSERT_TRUE(button);
+        just_before();
         world().desk().call(u"Press", {Value(button)});
         EXPECT_TRUE(world().wait_for_handlers());
     }
@@ -84,6 +86,24 @@ TEST_F(OpenContact, OpensTheSendersContact) {
     EXPECT_EQ(count_messages(world), 0);
     EXPECT_EQ(count_in(world, u"Account Contacts"), 1);
     expect_left_alone(world, mail);
+}
+
+TEST_F(OpenContact, TakesTheSelectedMailWhereNoWindowTellsOne) {
+    World& world = furnished();
+    add_contact(world);
+    const Item bob = add_contact(world, u"Bob Ray", u"bob@ray.example");
+    const Item mail = world.deliver(message());
+    const Item selected = world.deliver(message({.from = "Bob Ray <bob@ray.example>"}));
+    world.desk().call(u"Select", {Value(selected)});
+    for (const TextView member : {u"Application.ActiveInspector", u"Inspector.CurrentItem"}) {
+        SCOPED_TRACE(shown(member));
+        press(mail, [&] { world.fail(member); });
+        EXPECT_EQ(opened(), Lines{shown(bob.EntryID())});
+        EXPECT_EQ(statuses(world).back(), "Searching for Bob Ray");
+    }
+    world.desk().call(u"Select");
+    press(mail, [&] { world.fail(u"Application.ActiveInspector"); });
+    EXPECT_EQ(opened(), Lines{}) << "there is neither a window nor a selection";
 }
 
 TEST_F(OpenContact, FindsWhatBeginsWithTheAddressOrTheName) {

@@ -90,5 +90,40 @@ TEST(DialogSearchInside, EndsWithTheWindow) {
     EXPECT_EQ(acceptance::count_messages(searching.world), 0);
 }
 
+TEST(DialogSearchInside, StopsWhereItIsCancelledAndKeepsTheRowsSoFar) {
+    Searching searching;
+    NoteDialog dialog(searching.world);
+    ASSERT_TRUE(dialog.open(*searching.mail));
+    dialog.choose(u"Combo2", u"People");
+    dialog.type(u"SearchString", u"Ann");
+    addin::Session& session = searching.world.add_in()->session();
+    const auto cancel = [&] { session.gSearchCancelled = true; };
+    const auto search = [&] { dialog.control(u"cmdSearch").call(u"Click"); };
+    constexpr int before_the_rows = 2, after_the_second_row = 4;
+    searching.at_yield(before_the_rows, cancel, search);
+    EXPECT_EQ(dialog.column(1), names) << "what was cancelled before is none of its business";
+    EXPECT_EQ(acceptance::count_messages(searching.world), 0);
+    searching.at_yield(after_the_second_row, cancel, search);
+    EXPECT_EQ(dialog.column(1), (Lines{"Ann One", "Ann Two"}));
+    EXPECT_EQ(acceptance::message_texts(searching.world), Lines{"Search Cancelled!"});
+    EXPECT_EQ(dialog.text(u"lblHeader"), "Search Complete for Ann");
+    EXPECT_EQ(dialog.width(8), 0);
+}
+
+TEST(CreateNoteOfARecord, IsReportedAsDoneButNotMadeWhereNoTargetIsChosenAnyMore) {
+    Searching searching;
+    NativeWorld& world = searching.world;
+    NoteDialog dialog(world);
+    ASSERT_TRUE(dialog.open(*searching.mail));
+    dialog.search(u"People", u"Ann");
+    world.engine().find(u"Tarnwell Create Note")->control(u"Combo2").choice().choose(-1);
+    ASSERT_EQ(dialog.text(u"Combo2"), "");
+    dialog.create();
+    EXPECT_TRUE(dialog.closes());
+    EXPECT_EQ(acceptance::message_texts(world), Lines{"Done - creating Note for Ann One"});
+    EXPECT_EQ(acceptance::count_in(world, u"Email"), 0);
+    EXPECT_EQ(searching.mail->item.BillingInformation(), u"");
+}
+
 }  // namespace
 }  // namespace addin_tests

@@ -132,7 +132,23 @@ TEST_F(DeskWindowsTest, ShowWhatOthersChangeInAnItem) {
     EXPECT_EQ(window_text(windows_of_class(u"Edit", inspector_window())[1]), u"From elsewhere");
 }
 
-/// Presses keys in the menu that is about to open.
+/// The entries of the menu that is open, a line as "|".
+std::vector<Text> entries_of_menu() {
+    constexpr UINT menu_of_window = 0x01E1;  // MN_GETHMENU
+    const HWND window = windows_of_class(u"#32768").front();
+    const auto menu = reinterpret_cast<HMENU>(SendMessageW(window, menu_of_window, 0, 0));
+    std::vector<Text> entries;
+    const int count = GetMenuItemCount(menu);
+    for (int i = 0; i < count; ++i) {
+        std::array<wchar_t, 100> text{};
+        GetMenuStringW(menu, static_cast<UINT>(i), text.data(), static_cast<int>(text.size()), MF_BYPOSITION);
+        const bool line = (GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION) & MF_SEPARATOR) != 0;
+        entries.emplace_back(line ? u"|" : reinterpret_cast<const char16_t*>(text.data()));
+    }
+    return entries;
+}
+
+/// Presses keys in the menu that is about to open, and notes its entries before.
 class MenuKeys {
   public:
     explicit MenuKeys(std::vector<int> keys) : keys_(std::move(keys)) {
@@ -148,12 +164,15 @@ class MenuKeys {
     MenuKeys(const MenuKeys&) = delete;
     MenuKeys& operator=(const MenuKeys&) = delete;
 
+    std::vector<Text> entries;
+
   private:
     static MenuKeys*& self() {
         static MenuKeys* the_one = nullptr;
         return the_one;
     }
     void press() {
+        if (!keys_.empty()) entries = entries_of_menu();
         for (const int key : std::exchange(keys_, {})) {
             PostMessageW(explorer_of_thread(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
         }
@@ -164,33 +183,124 @@ class MenuKeys {
     UINT_PTR timer_;
 };
 
-TEST_F(DeskWindowsTest, OpenAContextMenuWithTheBarsEntries) {
-    const Object inbox = desk.application()
-                             ->self()
-                             .call(u"GetNamespace", {u"MAPI"})
-                             .to_object()
-                             .call(u"GetDefaultFolder", {6})
-                             .to_object();
-    const Object mail = inbox.get(u"Items").to_object().call(u"Add", {u"IPM.Note"}).to_object();
-    mail.put(u"Subject", u"One");
-    mail.call(u"Save");
+class ContextMenuTest : public DeskWindowsTest {
+  protected:
+    /// A mail of the Inbox.
+    Object add_mail(TextView subject) {
+        const Object inbox = desk.application()
+                                 ->self()
+                                 .call(u"GetNamespace", {u"MAPI"})
+                                 .to_object()
+                                 .call(u"GetDefaultFolder", {6})
+                                 .to_object();
+        const Object mail = inbox.get(u"Items").to_object().call(u"Add", {u"IPM.Note"}).to_object();
+        mail.put(u"Subject", Value(subject));
+        mail.call(u"Save");
+        return mail;
+    }
+
+    Object menu_bar() const {
+        return bars_of(desk.explorers()->active()).get(u"Item", {u"Context Menu"}).to_object();
+    }
+
+    static HWND list() { return windows_of_class(u"SysListView32", explorer_window()).front(); }
+
+    /// The subjects of what is selected in the explorer.
+    std::vector<Text> selected() const {
+        const Object selection = desk.explorers()->active().get(u"Selection").to_object();
+        const std::int32_t count = selection.get(u"Count").to_integer();
+        std::vector<Text> subjects;
+        for (std::int32_t i = 1; i <= count; ++i) {
+            subjects.push_back(selection.call(u"Item", {i}).to_object().get(u"Subject").to_text());
+        }
+        return subjects;
+    }
+
+    /// A point in a line, or below all lines, of the list.
+    static POINT point_in(int line) {
+        RECT box{};
+        GetClientRect(list(), &box);
+        POINT point{5, box.bottom - 5};
+        if (ListView_GetItemRect(list(), line, &box, LVIR_LABEL)) {
+            point = {box.left + 5, (box.top + box.bottom) / 2};
+        }
+        return point;
+    }
+
+    /// Has the menu opened at a line, as the system does after a right click, and left again. Its entries are
+    /// answered.
+    std::vector<Text> open_menu_at(int line) {
+        MenuKeys pressed({VK_ESCAPE});
+        POINT point = point_in(line);
+        ClientToScreen(list(), &point);
+        SendMessageW(explorer_window(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(list()),
+                     MAKELPARAM(point.x, point.y));
+        run_messages();
+        return pressed.entries;
+    }
+};
+
+TEST_F(ContextMenuTest, SelectsWhatItIsOpenedAtUnlessThatIsSelected) {
+    const Object one = add_mail(u"One"), two = add_mail(u"Two");
     const Object explorer = desk.explorers()->active();
-    const Object bar = bars_of(explorer).get(u"Item", {u"Context Menu"}).to_object();
+    struct Case {
+        const char* name;
+        std::vector<Object> selected;
+        int line;
+        std::vector<Text> then;
+    };
+    constexpr int first_line = 0, second_line = 1, below = 9;  // the newest mail comes first
+    const Case cases[] = {
+        {"another item", {two}, second_line, {u"One"}},
+        {"an item, and none is selected", {}, first_line, {u"Two"}},
+        {"the selected item", {one}, second_line, {u"One"}},
+        {"one of the selected items", {two, one}, second_line, {u"Two", u"One"}},
+        {"nothing", {two}, below, {u"Two"}},
+    };
+    for (const Case& one_case : cases) {
+        SCOPED_TRACE(one_case.name);
+        desk.explorers()->open.front()->select(one_case.selected);
+        run_messages();
+        EXPECT_FALSE(open_menu_at(one_case.line).empty());
+        EXPECT_EQ(selected(), one_case.then);
+    }
+}
+
+TEST_F(ContextMenuTest, SetsTheBarsEntriesApartFromTheHostsOwnOnce) {
+    const Object one = add_button(menu_bar(), u"Tarnwell One");
+    add_button(menu_bar(), u"Tarnwell Two").put(u"BeginGroup", true);
+    add_button(menu_bar(), u"Tarnwell Three");
+    add_mail(u"One");
+    const std::vector<Text> own{u"&Open", u"Mark as &Read", u"Mark as U&nread", u"&Delete"};
+    const std::vector<Text> of_the_bar{u"Tarnwell One", u"|", u"Tarnwell Two", u"Tarnwell Three"};
+    std::vector<Text> both = own;
+    both.emplace_back(u"|");
+    both.insert(both.end(), of_the_bar.begin(), of_the_bar.end());
+    for (const bool begins_group : {false, true}) {
+        SCOPED_TRACE(begins_group);
+        one.put(u"BeginGroup", begins_group);
+        desk.explorers()->open.front()->select({});
+        run_messages();
+        EXPECT_EQ(open_menu_at(9), of_the_bar) << "no line stands above the first entry";
+        EXPECT_EQ(open_menu_at(0), both);
+    }
+}
+
+TEST_F(ContextMenuTest, OpensWithTheBarsEntries) {
+    add_mail(u"One");
+    const Object explorer = desk.explorers()->active();
     int updates = 0, clicks = 0;
     host::Sink update, click_of_one;
     update.connect(host::events::command_bars, bars_of(explorer),
                    {{u"OnUpdate", [&](std::span<Value>) { ++updates; }}});
-    const Object one = add_button(bar, u"Tarnwell One");
+    const Object one = add_button(menu_bar(), u"Tarnwell One");
     click_of_one.connect(host::events::button, one, {{u"Click", [&](std::span<Value>) { ++clicks; }}});
     run_messages();
-    const HWND list = windows_of_class(u"SysListView32", explorer_window()).front();
     const auto right_click = [&](int line, std::vector<int> keys) {
         const MenuKeys pressed(std::move(keys));
-        RECT box{};
-        ListView_GetItemRect(list, line, &box, LVIR_LABEL);
-        const LPARAM point = MAKELPARAM(box.left + 5, (box.top + box.bottom) / 2);
-        PostMessageW(list, WM_RBUTTONDOWN, MK_RBUTTON, point);
-        PostMessageW(list, WM_RBUTTONUP, 0, point);
+        const LPARAM point = MAKELPARAM(point_in(line).x, point_in(line).y);
+        PostMessageW(list(), WM_RBUTTONDOWN, MK_RBUTTON, point);
+        PostMessageW(list(), WM_RBUTTONUP, 0, point);
         run_messages();
     };
     const int before = updates;
