@@ -177,6 +177,19 @@ TEST_F(Discovery, GoesOnOneLevelUpAfterNo) {
     EXPECT_FALSE(goes_on(world));
 }
 
+TEST_F(Discovery, EndsWithAYesOrACancelHoweverDeepItIsGiven) {
+    World& world = with({});
+    for (const TextView name : {u"First", u"Second"}) add(add(store(world, 1), name), u"Account Profiles");
+    std::size_t offered = 0;
+    for (const std::int32_t button : {cancel, yes}) {
+        answer(world, button);
+        search(world);
+        EXPECT_EQ(boxes(world).size(), ++offered);
+        EXPECT_FALSE(goes_on(world));
+    }
+    EXPECT_EQ(option(world, u"AccountProfileFolderName"), u"\\Mailbox - Tarnwell\\First\\Account Profiles\\");
+}
+
 TEST_F(Discovery, SearchesOneCollectionOfFoldersOnDemand) {
     World& world = with({});
     add(add(store(world, 1), u"Zone"), u"Account Profiles");

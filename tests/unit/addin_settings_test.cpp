@@ -140,6 +140,17 @@ TEST_F(SettingsCalls, OfANumberThatCannotBeReadLeaveTheValue) {
     EXPECT_EQ(registry.calls.back(), "query 3 Name into 4");
 }
 
+TEST_F(SettingsCalls, OfANumberTakeFourBytesWhateverSizeIsTold) {
+    for (const char* const stored : {"ab", "abcdefgh"}) {
+        registry.answers.push_back({.type = type::dword, .bytes = stored});
+        registry.answers.push_back({.status = status::more_data, .type = type::dword, .bytes = stored});
+        Value found = u"before";
+        EXPECT_EQ(settings.QueryValueEx(3, u"Name", found), status::more_data);
+        EXPECT_EQ(registry.calls.back(), "query 3 Name into 4");
+        EXPECT_EQ(found, Value(u"before"));
+    }
+}
+
 TEST_F(SettingsCalls, OfAnotherTypeAskOnceOnly) {
     for (const std::uint32_t kind : {0U, 2U, 3U, 5U, 7U, 11U}) {
         registry.calls.clear();

@@ -1,0 +1,44 @@
+// The Create Note dialog where a single call of the host fails.
+#include <algorithm>
+
+#include "tests/acceptance/note_dialog.h"
+#include "tests/native/native_world.h"
+
+namespace addin_tests {
+namespace {
+
+using native::NativeWorld;
+
+/// Creates a note of the sender while the n-th look below a folder fails. Answers whether there was such a
+/// call.
+bool create_with_fault(NativeWorld& world, std::int32_t n) {
+    acceptance::add_contact(world);
+    acceptance::OpenedItem mail(world.deliver(acceptance::message()));
+    mail.show();
+    acceptance::NoteDialog dialog(world);
+    EXPECT_TRUE(dialog.open(mail));
+    world.fail(u"MAPIFolder.Folders", n);
+    dialog.click(u"cmdSend");
+    const bool failed = std::ranges::any_of(world.model().faults,
+                                            [](const desk::PlannedFault& fault) { return fault.times == 0; });
+    world.model().faults.clear();
+    return failed;
+}
+
+TEST(CreateNoteFaults, NoSingleLookupThatFailsSendsTheNoteToAnotherFolder) {
+    constexpr std::int32_t most_lookups = 40;
+    std::int32_t n = 0, posted = 0;
+    for (bool failed = true; failed && n < most_lookups; ++n) {
+        SCOPED_TRACE(n);
+        NativeWorld world{acceptance::WorldSetup{}};
+        failed = create_with_fault(world, n);
+        EXPECT_EQ(acceptance::count_in(world, u"Notes"), 0) << "the folder of mail is looked for twice";
+        posted += acceptance::count_in(world, u"Email");
+    }
+    EXPECT_GT(n, 3) << "the contacts, and the notes' folder twice";
+    EXPECT_LT(n, most_lookups);
+    EXPECT_GE(posted, 2);
+}
+
+}  // namespace
+}  // namespace addin_tests
