@@ -61,7 +61,7 @@ class FieldReader {
     }
 
     void read_tag(Text& target, const Text& tag) {
-        steps_.set(target, [&] { return desktop_.text_of(item_.Fields(Value(tag))); });
+        steps_.set(target, [&] { return desktop_.text_of(item_.field(Value(tag))); });
     }
 
     /// The same for a name that is none of a tag.
@@ -78,7 +78,7 @@ class FieldReader {
         } else {
             steps_.set(id_, [&] { return item_.GetIDsFromNames(part(0), Value(host::trimmed(part(1)))); });
         }
-        steps_.set(target, [&] { return desktop_.text_of(item_.Fields(id_)); });
+        steps_.set(target, [&] { return desktop_.text_of(item_.field(id_)); });
     }
 
     void forget_id() { id_ = Value(); }

@@ -149,7 +149,8 @@ class SafeRecordItem : public Face<SafeRecordItem> {
     void Close(std::int32_t mode) const { call(u"Close", {mode}); }
 
     /// A property by its tag: a number, its text, or what `GetIDsFromNames` answers.
-    Value Fields(const Value& tag) const { return get(u"Fields", {tag}); }
+    Text Fields(const Value& tag) const { return field(tag).to_text(); }
+    Value field(const Value& tag) const { return get(u"Fields", {tag}); }  ///< in its own type
     Value GetIDsFromNames(TextView set, const Value& id_or_name) const {
         return call(u"GetIDsFromNames", {Value(set), id_or_name});
     }

