@@ -16,6 +16,7 @@
 #include "host/shell.h"
 #include "records/database.h"
 #include "records/names.h"
+#include "replicas/replicas.h"
 
 namespace addin {
 
@@ -138,8 +139,19 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
             {{u"ItemAdd", [&session](auto a) { filing::goInbox_ItemAdd(session, item_of(a)); }},
              {u"ItemChange", [&session](auto a) { filing::goInbox_ItemChange(session, item_of(a)); }}});
     });
-    steps.run([&] { wire_folder(goCalendar, default_folder::calendar, {}); });
-    steps.run([&] { wire_folder(goTask, default_folder::tasks, {}); });
+    steps.run([&] {
+        wire_folder(
+            goCalendar, default_folder::calendar,
+            {{u"ItemAdd", [this](auto a) { replicas::ItemAdd(*this, replicas::calendar, item_of(a)); }},
+             {u"ItemChange", [this](auto a) { replicas::ItemChange(*this, replicas::calendar, item_of(a)); }},
+             {u"ItemRemove", [](auto) { replicas::goCalendar_ItemRemove(); }}});
+    });
+    steps.run([&] {
+        wire_folder(
+            goTask, default_folder::tasks,
+            {{u"ItemAdd", [this](auto a) { replicas::ItemAdd(*this, replicas::tasks, item_of(a)); }},
+             {u"ItemChange", [this](auto a) { replicas::ItemChange(*this, replicas::tasks, item_of(a)); }}});
+    });
 
     host::family::MainAddIn main_add_in;
     host::outlook::Folder folder;

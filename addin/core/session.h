@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <memory>
 #include <vector>
 
@@ -56,6 +57,12 @@ struct DialogSearch {
     host::family::SafeRecordItem wrapper;
 };
 
+/// The copy that a replication has made in the item's own folder, as long as it works on it.
+struct ReplicaCopy {
+    bool in_the_making = true;
+    host::Text entry_id;  ///< once it is made; empty if it couldn't be read
+};
+
 struct Session {
     Session(host::Desktop& platform, forms::Engine& form_engine);
     Session(const Session&) = delete;
@@ -90,6 +97,7 @@ struct Session {
     host::cdo::Session cdo;                   ///< while a list definition is read
     DialogSearch search;
     bool gSearchCancelled = false;  ///< nothing sets it
+    std::list<ReplicaCopy> copies_under_way;
 
     WindowPlace<addin::SearchForm> SearchForm;
     WindowPlace<> Tarnwell;

@@ -21,8 +21,10 @@ int main() try {
     const bool selection_right = bench::calls_of_a_selection();
     const bool search_right = bench::calls_of_a_search();
     const bool walk_right = bench::calls_of_a_walk();
+    const bool replica_right = bench::calls_of_a_replica();
     const bool times_right = bench::time_of_a_mail();
-    return calls_right && opened_right && selection_right && search_right && walk_right && times_right
+    return calls_right && opened_right && selection_right && search_right && walk_right && replica_right &&
+                   times_right
                ? EXIT_SUCCESS
                : EXIT_FAILURE;
 } catch (const host::Failure& failure) {

@@ -27,6 +27,9 @@ bool calls_of_a_search();
 /// The calls that a search of the Search Panel makes for each folder and row, and what it holds meanwhile.
 bool calls_of_a_walk();
 
+/// The calls that the add-in makes when a linked item is changed and its replica replaced.
+bool calls_of_a_replica();
+
 /// What a mail's filing takes with few and with many contacts.
 bool time_of_a_mail();
 

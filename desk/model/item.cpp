@@ -276,6 +276,7 @@ std::shared_ptr<Item> Item::move_to(RowId target) {
         return shared_from_this();
     }
     if (changed_) save();
+    check_there();  // who was told of the change may have moved or deleted it
     desk().store().move_item(id_, target);
     leave_folder();
     desk().item_added(target, id_);

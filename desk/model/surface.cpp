@@ -4,6 +4,7 @@
 
 #include "desk/model/application.h"
 #include "desk/model/command_bars.h"
+#include "desk/model/description.h"
 #include "desk/model/desk.h"
 #include "desk/model/explorers.h"
 #include "desk/model/folder.h"
@@ -468,6 +469,11 @@ const host::Members<Surface>& Surface::members() {
              self.copies(a[0].to_object(), a[1].to_integer(), a[2].to_text());
              return Value();
          }},
+        {u"Describe",
+         host::no_id,
+         Use::method,
+         {{u"Item", Takes::object}},
+         [](Surface&, const Arguments& a) { return Value(description(a[0].to_object())); }},
         {u"Calls", host::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.calls()); }},
         {u"Telling", host::no_id, Use::get,

@@ -1,0 +1,40 @@
+// Linked appointments and tasks of the user's own folders, kept as copies in folders that the team shares.
+#pragma once
+
+#include <span>
+
+#include "core/connect.h"
+#include "records/names.h"
+
+namespace addin::replicas {
+
+/// What becomes of the copy that a handler has made in the item's own folder.
+enum class Ending {
+    move,            ///< it goes to the shared folder at once
+    yield_and_move,  ///< the same, after a yield
+    save_and_delete  ///< nothing goes to the shared folder: what is added comes there with its next change
+};
+
+/// All in which the two kinds of replicas differ.
+struct ReplicaRow {
+    bool Connect::*guard;          ///< an item of the class is open, so what changes is the user's doing
+    host::TextView enabled;        ///< the option that turns it off
+    host::TextView folder_option;  ///< the option that names the shared folder
+    records::Name default_folder;  ///< its name where the option is empty
+    records::Name message_class;   ///< of the linked items
+    records::Name key;             ///< the property that an item and its replica have in common
+    host::TextView status;         ///< what the status window shows meanwhile
+    std::span<const records::Name> copied;  ///< properties that are set on the copy one by one, in this order
+    Ending on_add, on_change;
+};
+
+extern const ReplicaRow calendar;
+extern const ReplicaRow tasks;
+
+void ItemAdd(Connect& connect, const ReplicaRow& row, const host::outlook::Item& item);
+void ItemChange(Connect& connect, const ReplicaRow& row, const host::outlook::Item& item);
+
+/// Does nothing: what the user deletes stays in the shared folder.
+void goCalendar_ItemRemove();
+
+}  // namespace addin::replicas
