@@ -9,7 +9,6 @@ namespace desk {
 using host::Failure;
 using host::Text;
 using host::TextView;
-using host::Value;
 
 namespace {
 
