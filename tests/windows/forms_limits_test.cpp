@@ -23,16 +23,20 @@ struct Designed {
 };
 
 TEST(FormsLayout, NoTextIsCutAndNoControlsOverlapAtAnyResolution) {
-    const Designed all[] = {{&gallery, {}, {}},
-                            {&with_keys, {}, {}},
-                            {&addin::createnote::dialog_table(), {}, {"SearchString and Combo1"}},
-                            {&addin::searchpanel::panel_table(),
-                             {},
-                             {"Street1 and City", "Street1 and State", "Street1 and Zip"}},
-                            {&addin::quickview::quick_view_table(), {}, {"cmbFolders and cmdSearchpanel"}},
-                            {&addin::search_form_table(), {}, {}},
-                            {&addin::tarnwell_table(), {}, {}},
-                            {&addin::tarnwell_info_table(), {}, {}}};
+    const Designed all[] = {
+        {&gallery, {}, {}},
+        {&with_keys, {}, {}},
+        {&addin::createnote::dialog_table(), {}, {"SearchString and Combo1"}},
+        {&addin::searchpanel::panel_table(),
+         {},
+         {"Street1 and City", "Street1 and State", "Street1 and Zip"}},
+        {&addin::quickview::quick_view_table(),
+         {},
+         {"Contactname and CompanyName", "CompanyName and Phone", "Phone and Fax", "Fax and Street1",
+          "Street1 and City", "Street1 and State", "Street1 and Zip", "cmbFolders and cmdSearchpanel"}},
+        {&addin::search_form_table(), {}, {}},
+        {&addin::tarnwell_table(), {}, {}},
+        {&addin::tarnwell_info_table(), {}, {}}};
     WindowsStage stage;
     for (const int dots : {96, 120, 144, 192}) {
         stage.dots_per_inch(dots);
