@@ -222,6 +222,7 @@ TEST_F(QuickViewAdding, MakesAnAppointmentAndATaskOfOnesOwn) {
         EXPECT_TRUE(is_marked_by_user(mail));
         EXPECT_EQ(count_in(world, u"Notes"), 0) << "nothing more is filed";
         item.Save();
+        EXPECT_TRUE(world.wait_for_handlers());  // while a replica is made, its copy stands there, too
         EXPECT_EQ(world.session().GetDefaultFolder(one.folder).Items().Count(), 1);
     }
 }
