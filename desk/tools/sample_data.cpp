@@ -119,6 +119,21 @@ std::vector<UserPropertyData> fill_form(const std::vector<FolderField>& form, co
     return properties;
 }
 
+/// What the host notes by itself: a record was last changed when it was made, and a posted one was posted
+/// then, by the one who looks after its account.
+void note_making(const Json& properties, ItemData& item) {
+    auto& fields = item.fields;
+    const auto made = fields.find(u"CreationTime");
+    if (made == fields.end()) return;
+    const host::Value when = made->second;
+    fields.try_emplace(u"LastModificationTime", when);
+    if (!item.message_class.starts_with(u"IPM.Post")) return;
+    for (const host::TextView posted : {u"ReceivedTime", u"SentOn"}) fields.try_emplace(Text(posted), when);
+    if (const auto author = properties.find("Account Manager"); author != properties.end()) {
+        fields.try_emplace(u"SenderName", mail::from_json_value(*author, "Account Manager"));
+    }
+}
+
 void read_record(const Json& json, const Text& folder_path, const Text& message_class, Database& database) {
     RecordPlan plan;
     plan.folder_path = folder_path;
@@ -130,6 +145,7 @@ void read_record(const Json& json, const Text& folder_path, const Text& message_
     const auto form = database.forms.find(message_class);
     const Json set = json.contains("properties") ? json["properties"] : Json::object();
     if (form == database.forms.end() && !set.empty()) refuse("the class has no form, so no properties");
+    note_making(set, plan.item);
     if (form != database.forms.end()) plan.item.user_properties = fill_form(form->second, set, plan.lacks);
     database.records.push_back(std::move(plan));
 }
