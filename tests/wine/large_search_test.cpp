@@ -10,7 +10,7 @@ using acceptance::NoteDialog;
 using acceptance::World;
 using host::Object;
 
-constexpr std::int32_t many = 1000;
+constexpr std::int32_t many = 400;  // thousands are for the bench: each takes some hundredths of a second
 
 /// What a row may ask of the host: the item twice, the accessor and two answers for each of seven fields, the
 /// number that is not used, and the entry id.
@@ -71,7 +71,7 @@ TEST_F(LargeSearch, FillsTheListInOrderWhileTheWindowStaysAlive) {
     EXPECT_EQ(dialog.text(u"lblHeader"), "Search Complete for Mill");
     ASSERT_EQ(dialog.count(), many);
     EXPECT_EQ(dialog.cell(1, 1), "Mill");
-    for (const std::int32_t row : {2, 3, 250, 777, many}) {
+    for (const std::int32_t row : {2, 3, 250, 333, many}) {
         const std::string number = std::to_string(row - 1);
         EXPECT_EQ(dialog.cell(row, 1), "Mill " + std::string(3 - number.size(), '0') + number);
     }
