@@ -168,9 +168,9 @@ TEST(QuickViewPanelButton, HandsOverTheRecordAndMakesThePanelAnew) {
       private:
         std::vector<std::string>& told_;
     };
+    std::vector<std::string> told;  // by a panel that ends with the world
     NativeWorld world{{}};
     addin::Session& session = world.add_in()->session();
-    std::vector<std::string> told;
     session.gPanelMenu.made_by([&] { return std::make_shared<Panel>(told); });
     session.gPanelMenu.show();
     const auto window = std::make_shared<QuickView>(session);
