@@ -17,7 +17,6 @@ using host::Text;
 using host::TextView;
 using host::Value;
 using tables::FieldRow;
-using tables::FieldType;
 namespace result = host::result;
 
 namespace {

@@ -8,7 +8,6 @@ namespace {
 
 using host::Text;
 using host::TextView;
-using host::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 

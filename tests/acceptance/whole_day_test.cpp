@@ -11,7 +11,6 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
 using host::Text;
 using host::TextView;
 using host::Value;

@@ -244,13 +244,13 @@ TEST_F(ItemsOfAFolder, AreFoundByFieldsAsTheHostsWindowsWriteThem) {
         {u"[Message  Class] = 'IPM.Note'", false},
         {u"[Sub ject] = 'One'", false},
     };
-    for (const auto& [filter, is_understood] : cases) {
-        SCOPED_TRACE(shown(filter));
+    for (const Case& one : cases) {
+        SCOPED_TRACE(shown(one.filter));
         const Items items = inbox().Items();
-        if (is_understood) {
-            EXPECT_TRUE(items.Find(filter));
+        if (one.is_understood) {
+            EXPECT_TRUE(items.Find(one.filter));
         } else {
-            EXPECT_EQ(failure_of([&] { items.Find(filter); }), result::invalid_argument);
+            EXPECT_EQ(failure_of([&] { items.Find(one.filter); }), result::invalid_argument);
         }
     }
     add_mail(u"A second one");

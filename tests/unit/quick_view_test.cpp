@@ -137,7 +137,8 @@ TEST_F(SortedQuickView, SortsListsOfAnyLengthWithAnyDates) {
             const std::set<Text> rows_before = rows();
             std::vector<Text> rising = dates_before;
             std::ranges::sort(rising);
-            std::ranges::stable_partition(rising, [](const Text& date) { return date.size() < 5; });
+            std::stable_partition(rising.begin(), rising.end(),
+                                  [](const Text& date) { return date.size() < 5; });
             std::vector<Text> falling(rising.rbegin(), rising.rend());
             addin::Session& session = world_.add_in()->session();
             session.SortAscending = true;
