@@ -1,6 +1,8 @@
 // What happens while the panel's search gives way to events: its window is closed, made anew, searches again,
 // and the host lets go of the add-in. Nothing that has gone is touched.
+#include <algorithm>
 #include <map>
+#include <set>
 
 #include "core/status_windows.h"
 #include "searchpanel/show_items.h"
@@ -51,6 +53,32 @@ struct Searching {
         return yields >= n;
     }
 };
+
+TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
+    Searching searching;
+    for (int i = 0; i < 59; ++i) {
+        acceptance::add_note(searching.world, u"A note", {{u"AccountID", u"A-100"}});
+    }
+    SearchPanel panel(searching.world);
+    panel.open_second(Item());
+    searching.menu(u"ShowItemsMenu2", searching.account);
+    std::set<std::string> told;
+    const std::function<void()> usual = searching.world.system().on_yield;
+    searching.world.system().on_yield = [&] {
+        if (panel.window()) told.insert(panel.text(u"StoreID"));
+        usual();
+    };
+    panel.choose(u"Accounts");
+    searching.world.system().on_yield = usual;
+    EXPECT_TRUE(told.contains("Found 1 items in folder Account Profiles."));
+    EXPECT_EQ(std::ranges::count_if(told,
+                                    [](const std::string& text) {
+                                        return text.starts_with("Found 60 items in folder ") &&
+                                               text.ends_with(". Stopping at 50.");
+                                    }),
+              1);
+    EXPECT_EQ(panel.text(u"StoreID"), "") << "at the end";
+}
 
 TEST(PanelSearchInside, OfAWindowThatIsClosedEndsAtEachYield) {
     int yield = 1;
