@@ -1,11 +1,16 @@
 // tarnwell-mail: reads a mail file and writes it as JSON. The desk starts it under Wine, where GMime is not
 // at hand.
+#include <poll.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
+#include <array>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <thread>
+#include <tuple>
 #include <vector>
 
 #include "desk/mail/message.h"
@@ -46,11 +51,33 @@ int answer(const std::string& file, const std::string& output) {
     return code;
 }
 
+/// Sleeps until something changes in a folder, or goes with it.
+class FolderWatch {
+  public:
+    explicit FolderWatch(const std::filesystem::path& folder) : events_(inotify_init1(IN_CLOEXEC)) {
+        inotify_add_watch(events_, folder.c_str(), IN_MOVED_TO | IN_DELETE_SELF | IN_ONLYDIR);
+    }
+    ~FolderWatch() { close(events_); }
+    FolderWatch(const FolderWatch&) = delete;
+    FolderWatch& operator=(const FolderWatch&) = delete;
+
+    void wait(std::chrono::milliseconds longest) const {
+        pollfd happened{events_, POLLIN, 0};
+        std::array<char, 4096> names{};
+        if (poll(&happened, 1, static_cast<int>(longest.count())) <= 0) return;
+        std::ignore = read(events_, names.data(), names.size());  // which they are, the folder itself tells
+    }
+
+  private:
+    int events_;
+};
+
 /// Answers the requests in a folder, each a file "*.request" with two lines: the message file and the file to
 /// write. Ends when the folder is gone, or nothing came for a while.
 void serve(const std::filesystem::path& folder) {
     using Clock = std::chrono::steady_clock;
     Clock::time_point end = Clock::now() + desk::mail::longest_idle_time;
+    const FolderWatch watch(folder);  // before the first look, so that no request comes in between
     std::error_code error;
     while (std::filesystem::is_directory(folder, error) && Clock::now() < end) {
         std::vector<std::filesystem::path> requests;
@@ -66,8 +93,7 @@ void serve(const std::filesystem::path& folder) {
             answer(file, output);
             end = Clock::now() + desk::mail::longest_idle_time;
         }
-        constexpr std::chrono::milliseconds look_again{1};
-        if (requests.empty()) std::this_thread::sleep_for(look_again);
+        if (requests.empty()) watch.wait(desk::mail::longest_idle_time);
     }
 }
 

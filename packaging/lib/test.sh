@@ -29,31 +29,41 @@ run_ctest() {
     count "$name" "$good" "$((all - good))"
 }
 
-# The tests that were built for Windows, with the desk and the family registered and a screen to show windows on.
+# The tests that were built for Windows, as many at a time as there are lanes: what such a test does most is wait.
 run_wine_tests() {
+    local lane lanes=(script second)
+    local TARNWELL_PICTURES= TARNWELL_LANES=$BUILD/lanes
     # The surroundings of Wine end with this suite: the suites after it start their own.
-    local TARNWELL_PICTURES=
     local HOME=${HOME:-} DISPLAY=${DISPLAY:-} XAUTHORITY=${XAUTHORITY:-} WINEPREFIX= WINEARCH= WINEDLLOVERRIDES= WINEDEBUG=
     lock "$BUILD/script.lock" "a script runs; waiting for it"
-    start_display
-    use_prefix script
-    prepare_desk "$BUILD/script" sample
-    stop_wine # one that runs would not become persistent
-    (unlocked "$wine_server" -p) # else each test would wait for a new one
-    warm_up_wine
-    mkdir -p "$BUILD/pictures"
-    export TARNWELL_PICTURES # each window at several resolutions, for a person's eyes
+    rm -rf "$TARNWELL_LANES"
+    mkdir -p "$TARNWELL_LANES" "$BUILD/pictures"
+    for lane in "${lanes[@]}"; do prepare_lane "$lane"; done
+    export TARNWELL_LANES TARNWELL_PICTURES # each window at several resolutions, for a person's eyes
     TARNWELL_PICTURES=$(windows_path "$BUILD/pictures")
-    run_ctest x64 "$BUILD/x64" 1
-    stop_wine
-    rm -rf "$BUILD/script"
+    run_ctest x64 "$BUILD/x64" "${#lanes[@]}"
+    for lane in "${lanes[@]}"; do
+        stop_wine "$BUILD/prefix-$lane"
+        rm -rf "${BUILD:?}/$lane"
+    done
     unlock
 }
 
-# Starts the services that stay while the server does. A test would have them inherit its output, and CTest waits for the
-# end of that.
+# prepare_lane NAME: what one Wine test at a time needs for itself: a prefix with the desk and the family registered, and a
+# screen to show windows on. packaging/in-lane finds it by a file in build/lanes.
+prepare_lane() {
+    start_display
+    use_prefix "$1"
+    prepare_desk "$BUILD/$1" sample
+    stop_wine # one that runs would not become persistent
+    (unlocked "$wine_server" -p) # else each test would wait for a new one
+    warm_up_wine "$BUILD/$1"
+    printf 'export WINEPREFIX=%q DISPLAY=%q\n' "$WINEPREFIX" "$DISPLAY" >"$TARNWELL_LANES/$1"
+}
+
+# warm_up_wine FOLDER: starts the services that stay while the server does, so that no test has to wait for them.
 warm_up_wine() {
-    local folder=$BUILD/script
+    local folder=$1
     start_desk "$folder/program" "$folder/state"
     cat >"$folder/end.js" <<'SCRIPT'
 new ActiveXObject("Outlook.Application").Quit();

@@ -20,20 +20,23 @@ owned_prefix=
 # with us, unless it is shared with another ./tarnwell. The home is below build/, so that nothing touches the user's own folders.
 wine_environment() {
     mkdir -p "$BUILD/home"
+    # Without such a file, Wine's display driver looks for it with each font that a window takes.
+    [[ -f $BUILD/home/.Xdefaults ]] || printf '! no resources\n' >"$BUILD/home/.Xdefaults"
     export XAUTHORITY=${XAUTHORITY:-${HOME:-/root}/.Xauthority}
     export WINEPREFIX=$1 WINEARCH=win64 WINEDLLOVERRIDES='mscoree,mshtml,winemenubuilder.exe=' WINEDEBUG=-all
     export HOME=$BUILD/home TARNWELL_WINE=$wine_loader
-    if [[ ${2:-} != shared ]]; then
-        [[ -n $owned_prefix ]] || at_end stop_wine
+    if [[ ${2:-} != shared && $owned_prefix != "$1" ]]; then
+        at_end "stop_wine '$1'"
         owned_prefix=$1
     fi
 }
 
-# stop_wine: ends every program of the prefix that is ours to end, and only of it.
+# stop_wine [PREFIX]: ends every program of a prefix that is ours to end, by default the one in use, and only of it.
 stop_wine() {
-    [[ -d $owned_prefix ]] || return 0
-    (export WINEPREFIX=$owned_prefix && unlocked timeout 20 "$wine_server" -k) >/dev/null 2>&1 || true
-    (export WINEPREFIX=$owned_prefix && unlocked timeout 20 "$wine_server" -w) >/dev/null 2>&1 || true
+    local prefix=${1:-$owned_prefix}
+    [[ -d $prefix ]] || return 0
+    (export WINEPREFIX=$prefix && unlocked timeout 20 "$wine_server" -k) >/dev/null 2>&1 || true
+    (export WINEPREFIX=$prefix && unlocked timeout 20 "$wine_server" -w) >/dev/null 2>&1 || true
 }
 
 # in_wine SECONDS PROGRAM ARGUMENT...: runs a program to its end, without output.
@@ -56,7 +59,7 @@ start_display() {
     rm -f "$pipe"
     mkfifo "$pipe"
     (unlocked setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 1600x1200x24 -dpi 96 -nolisten tcp -noreset) \
-        3>"$pipe" >"$BUILD/logs/display.log" 2>&1 </dev/null &
+        3>"$pipe" >>"$BUILD/logs/display.log" 2>&1 </dev/null &
     at_end "end_process $!"
     read -r -t 20 number <"$pipe" || true
     rm -f "$pipe"

@@ -1,8 +1,9 @@
 // The server's tests bring applications of their own: a desk that is registered here must not be started for
-// them.
+// them. And they register the library in many ways: the tests after them find it as it was.
 #include <gtest/gtest.h>
 
 #include <array>
+#include <string>
 
 #include "windows/com/platform.h"
 
@@ -29,6 +30,38 @@ class WithoutHost : public testing::Environment {
     std::array<wchar_t, 64> class_id_{};
     bool there_ = false;
 };
+
+/// Registers the library again where it was before, if it was.
+class RegisteredAgain : public testing::Environment {
+  public:
+    void SetUp() override {
+        std::array<wchar_t, MAX_PATH> class_id{}, file{};
+        if (!text_at(L"CreateNote.Connect\\CLSID", class_id)) return;
+        const std::wstring server = L"CLSID\\" + std::wstring(class_id.data()) + L"\\InprocServer32";
+        if (text_at(server.c_str(), file)) library_ = file.data();
+    }
+    void TearDown() override {
+        if (library_.empty()) return;
+        const HMODULE module = LoadLibraryW(library_.c_str());
+        ASSERT_NE(module, nullptr);
+        const auto entry = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
+            reinterpret_cast<void*>(GetProcAddress(module, "DllRegisterServer")));
+        ASSERT_NE(entry, nullptr);
+        EXPECT_EQ(entry(), S_OK);
+        FreeLibrary(module);
+    }
+
+  private:
+    static bool text_at(const wchar_t* path, std::array<wchar_t, MAX_PATH>& text) {
+        DWORD size = sizeof text;
+        return RegGetValueW(HKEY_CLASSES_ROOT, path, nullptr, RRF_RT_REG_SZ, nullptr, text.data(), &size) ==
+               ERROR_SUCCESS;
+    }
+
+    std::wstring library_;
+};
+
+const testing::Environment* const registered_again = testing::AddGlobalTestEnvironment(new RegisteredAgain);
 
 const testing::Environment* const without_host = testing::AddGlobalTestEnvironment(new WithoutHost);
 

@@ -103,11 +103,27 @@ class LeftOutAddIn {
     LeftOutAddIn& operator=(const LeftOutAddIn&) = delete;
 };
 
-/// The folder of the program that serves `Outlook.Application`.
-fs::path program_folder() {
+/// The program that serves `Outlook.Application`.
+fs::path desk_program() {
     Text command = read_text(HKEY_CLASSES_ROOT, desk_server_key, {}).value_or(Text());
     if (command.starts_with(u"\"")) command = command.substr(1, command.find(u'"', 1) - 1);
-    return fs::path(command).parent_path();
+    return {command};
+}
+
+fs::path program_folder() { return desk_program().parent_path(); }
+
+/// Starts the desk as COM starts the server of a class. COM would then look for it once in a second only.
+windows_handle start_desk() {
+    Text command_line = u"\"" + text_of(desk_program()) + u"\" -Embedding";
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(nullptr, reinterpret_cast<wchar_t*>(command_line.data()), nullptr, nullptr, FALSE, 0,
+                        nullptr, nullptr, &startup, &process)) {
+        throw std::runtime_error("the desk could not be started");
+    }
+    CloseHandle(process.hThread);
+    return windows_handle(process.hProcess);
 }
 
 class WineWorld : public acceptance::World {
@@ -160,18 +176,17 @@ class WineWorld : public acceptance::World {
         set(u"InstantSearch", setup_.instant_search ? u"1" : u"0");
         set(u"EventOrder", host::from_utf8(setup_.event_order));
         set(u"Unattended", u"1");
-        application_ = host::outlook::Application(client().desktop.create(u"Outlook.Application"));
+        desk_ = start_desk();
         wait_for_log("ready");
+        application_ = host::outlook::Application(client().desktop.create(u"Outlook.Application"));
     }
 
     void quit() override {
         if (!application_) return;
         const host::outlook::Application leaving = std::exchange(application_, {});
-        const DWORD process_id = static_cast<DWORD>(std::stoul(wait_for_log("process ")));
-        const windows_handle process(OpenProcess(SYNCHRONIZE, FALSE, process_id));
         leaving.call(u"Quit");
         wait_for_log("ended");
-        if (process) WaitForSingleObject(process.get(), longest_wait);
+        WaitForSingleObject(desk_.get(), longest_wait);
     }
 
     host::outlook::Application application() override { return application_; }
@@ -215,6 +230,7 @@ class WineWorld : public acceptance::World {
     std::vector<std::unique_ptr<LeftOutClass>> classes_;
     std::vector<std::unique_ptr<LeftOutFile>> files_;
     std::unique_ptr<LeftOutAddIn> add_in_;
+    windows_handle desk_;
     host::outlook::Application application_;
 };
 
