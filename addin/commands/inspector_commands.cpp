@@ -240,12 +240,8 @@ void Fitting::offer_conversions() {
     build(&Connect::ConvertContactButton, true);
     visible(&Connect::ConvertContactButton, steps_.holds(is_unlinked));
 
-    host::family::MainAddIn main_add_in;
-    host::outlook::Folder profiles, leads;
-    steps_.set(main_add_in, [&] { return records::make_main_add_in(session_.desktop); });
-    steps_.set(profiles, [&] {
-        return records::open_folder(session_.desktop, main_add_in, records::folder::account_profiles);
-    });
+    const host::outlook::Folder profiles = records::open_database(steps_, session_.desktop).account_profiles;
+    host::outlook::Folder leads;
     steps_.set(leads, [&] {
         return host::outlook::Folder(profiles.Parent()).Folders().Item(records::folder::leads);
     });

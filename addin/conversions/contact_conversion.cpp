@@ -176,11 +176,8 @@ class ContactConversion {
 void ContactConversion::run() {
     if (!asks(desktop_, row_.question)) return;
     steps_.set(source_, [&] { return shown_item(application(), host::outlook::object_class::contact); });
-    host::family::MainAddIn main_add_in;
-    steps_.set(main_add_in, [&] { return records::make_main_add_in(desktop_); });
-    steps_.set(profiles_, [&] {
-        return records::open_folder(desktop_, main_add_in, records::folder::account_profiles);
-    });
+    const auto [main_add_in, profiles] = records::open_database(steps_, desktop_);
+    profiles_ = profiles;
     Text id, user;
     steps_.set(id, [&] { return main_add_in.generateid(); });
     steps_.set(user, [&] { return main_add_in.GetUserName(); });

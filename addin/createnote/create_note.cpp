@@ -173,11 +173,8 @@ void dlgSend::CreateNote() {
         steps.run([&] { mail.item.Save(); });
         steps.run([&] { mail.wrapper.Item(mail.item); });
     }
-    host::family::MainAddIn main_add_in;
-    Folder profiles;
-    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
-    steps.set(profiles,
-              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const records::Database database = records::open_database(steps, desktop);
+    const Folder& profiles = database.account_profiles;
     const bool at_contact = contact_level();
     const records::PathRow& path =
         records::row(at_contact ? records::Path::create_contact_level : records::Path::create_account_level);
@@ -185,7 +182,7 @@ void dlgSend::CreateNote() {
     RecordSearch search(steps, *this, mail, profiles);
     const Item record = at_contact ? search.contact() : search.account();
     if (!record) {
-        create_for_new_contact(steps, mail, main_add_in, profiles, folder, search.name());
+        create_for_new_contact(steps, mail, database.main_add_in, profiles, folder, search.name());
         return;
     }
     if (steps.holds(
@@ -253,11 +250,7 @@ void dlgSend::CreateNoteEx() {
         steps.run([&] { mail.item.Save(); });
         steps.run([&] { mail.wrapper.Item(mail.item); });
     }
-    host::family::MainAddIn main_add_in;
-    Folder profiles;
-    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
-    steps.set(profiles,
-              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const Folder profiles = records::open_database(steps, desktop).account_profiles;
     const records::PathRow& path = records::row(records::Path::create_from_record);
     const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
     if (!control(u"Combo2").text().empty()) create_from_record(steps, path, folder, profiles, mail);

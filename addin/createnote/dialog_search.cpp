@@ -110,13 +110,10 @@ void dlgSend::cmdSearch_Click() {
     desktop.pointer(host::Pointer::hourglass);
     steps.run([&] { desktop.yield(); });
     if (closed_meanwhile()) return;
-    host::family::MainAddIn main_add_in;
-    Folder folder;
-    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
-    steps.set(folder,
-              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const records::Database database = records::open_database(steps, desktop);
+    Folder folder = database.account_profiles;
     steps.set(folder, [&] {
-        return Folder(main_add_in.ReturnFolderFromPath(session_.list_definition.SearchFolder));
+        return Folder(database.main_add_in.ReturnFolderFromPath(session_.list_definition.SearchFolder));
     });
     SearchListTarget(folder);
     if (closed_meanwhile()) return;

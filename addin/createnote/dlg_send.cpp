@@ -70,9 +70,7 @@ void dlgSend::on_focus() { control(u"SearchString").focus(); }
 ChosenMail dlgSend::choose_mail(Steps& steps) {
     ChosenMail mail;
     const auto application = [&] { return host::outlook::Application(session_.desktop.application()); };
-    steps.set(mail.wrapper, [&] {
-        return host::family::SafeMailItem(session_.desktop.create(host::family::prog_id::safe_mail_item));
-    });
+    steps.set(mail.wrapper, [&] { return records::make_wrapper(session_.desktop); });
     if (!session_.gNoteFromExplorer) {
         steps.set(mail.inspector, [&] { return application().ActiveInspector(); });
         steps.set(mail.item, [&] { return mail.inspector.CurrentItem(); });

@@ -7,6 +7,7 @@
 #include "filing/address_resolution.h"
 #include "records/database.h"
 #include "records/names.h"
+#include "records/property_filters.h"
 
 namespace addin::createnote {
 
@@ -34,7 +35,7 @@ void dlgSend::OpenContact() {
     host::outlook::Inspector inspector;
     Item item;
     steps.set(inspector, [&] { return application().ActiveInspector(); });
-    steps.set(wrapper, [&] { return SafeMailItem(desktop.create(host::family::prog_id::safe_mail_item)); });
+    steps.set(wrapper, [&] { return records::make_wrapper(desktop); });
     steps.set(item, [&] { return inspector.CurrentItem(); });
     if (!item) steps.set(item, [&] { return application().ActiveExplorer().Selection().Item(1); });
     steps.run([&] { wrapper.Item(item); });
@@ -61,11 +62,9 @@ void dlgSend::OpenContact() {
         filter = filing::contact_filter(variant.terms, variant.for_other, addresses);
     }
 
-    host::family::MainAddIn main_add_in;
-    Folder profiles, contacts;
-    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
-    steps.set(profiles,
-              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const records::Database database = records::open_database(steps, desktop);
+    const Folder& profiles = database.account_profiles;
+    Folder contacts;
     steps.set(contacts, [&] { return profiles.Folders().Item(records::folder::account_contacts); });
     steps.run([&] { show_status(session_, Text(searching) + addresses.sender_name); });
     steps.run([&] { desktop.yield(); });
@@ -84,7 +83,7 @@ void dlgSend::OpenContact() {
     const NewContactPlan plan{.row = new_contact_row(records::Path::open_contact_new_contact),
                               .address = address,
                               .name = addresses.sender_name,
-                              .main_add_in = main_add_in,
+                              .main_add_in = database.main_add_in,
                               .account_profiles = profiles,
                               .before_choice = [this] { unload(); }};
     const std::optional<NewContact> made = offer_new_contact(steps, session_, plan);
@@ -94,11 +93,8 @@ void dlgSend::OpenContact() {
 void dlgSend::OpenTarnwellContact() {
     host::Desktop& desktop = session_.desktop;
     Steps steps;
-    host::family::MainAddIn main_add_in;
-    Folder profiles, target;
-    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
-    steps.set(profiles,
-              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
+    const Folder profiles = records::open_database(steps, desktop).account_profiles;
+    Folder target;
     const auto account_contacts = [&] { return profiles.Folders().Item(records::folder::account_contacts); };
     steps.set(target, [&] { return Folder(profiles.Parent()).Folders().Item(records::folder::leads); });
     if (steps.holds([&] { return target.Name() != records::folder::leads; })) {
@@ -109,7 +105,7 @@ void dlgSend::OpenTarnwellContact() {
         return host::outlook::Application(desktop.application()).ActiveInspector().CurrentItem();
     });
     Text filter;
-    steps.set(filter, [&] { return u"[ContactID] = '" + item.CustomerID() + u"'"; });
+    steps.set(filter, [&] { return records::equality(records::property::contact_id, item.CustomerID()); });
     Item record;
     steps.set(record, [&] { return target.Items().Find(filter); });
     host::family::SafeRecordItem wrapper;

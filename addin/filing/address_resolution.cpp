@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/settings.h"
+#include "records/database.h"
 #include "records/filters.h"
 
 namespace addin::filing {
@@ -125,9 +126,7 @@ std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
                                      const host::outlook::Item& mail) {
     Steps steps;
     Sender sender;
-    steps.set(sender.mail, [&] {
-        return host::family::SafeMailItem(session.desktop.create(host::family::prog_id::safe_mail_item));
-    });
+    steps.set(sender.mail, [&] { return records::make_wrapper(session.desktop); });
     steps.run([&] { sender.mail.Item(mail); });
     const std::optional<ReadSender> read = read_sender(steps, session, row, sender.mail);
     if (!read || stops_without_to_line(steps, row, sender.mail, read->addresses)) return std::nullopt;

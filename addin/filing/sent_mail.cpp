@@ -53,8 +53,7 @@ class Sending {
 
 void Sending::run() {
     steps_.set(main_add_in_, [&] { return records::make_main_add_in(session_.desktop); });
-    steps_.set(wrapper_,
-               [&] { return SafeMailItem(session_.desktop.create(host::family::prog_id::safe_mail_item)); });
+    steps_.set(wrapper_, [&] { return records::make_wrapper(session_.desktop); });
     steps_.run([&] { wrapper_.Item(mail_); });
     steps_.run([&] { wrapper_.ResolveAll(); });
     steps_.run([&] { wrapper_.Recipients().ResolveAll(); });

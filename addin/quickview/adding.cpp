@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "quickview/quick_view.h"
+#include "records/database.h"
 #include "records/names.h"
 
 namespace addin::quickview {
@@ -55,9 +56,9 @@ void QuickView::cmdAdd_Click() {
     Steps steps;
     const Text chosen = shown(u"cmbFolders");
     SafeMailItem mail;
-    steps.set(mail, [&] { return make_wrapper(); });
+    steps.set(mail, [&] { return records::make_wrapper(session_.desktop); });
     steps.run([&] { mail.Item(name_space().GetItemFromID(shown(u"EmailID"))); });
-    const Database database = open_database(steps);
+    const records::Database database = records::open_database(steps, session_.desktop);
     Text key;
     steps.set(key, [&] { return database.main_add_in.generateid(); });
     const Item record = make_record(steps, chosen, key, database.account_profiles, mail);

@@ -1,5 +1,6 @@
 // Mail that is dropped on the row of an opportunity or inquiry is filed for it.
 #include "quickview/quick_view.h"
+#include "records/database.h"
 #include "records/names.h"
 
 namespace addin::quickview {
@@ -35,7 +36,7 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
     host::outlook::Selection selection;
     SafeMailItem mail;
     steps.set(explorer, [&] { return host::outlook::Application(desktop.application()).ActiveExplorer(); });
-    steps.set(mail, [&] { return make_wrapper(); });
+    steps.set(mail, [&] { return records::make_wrapper(session_.desktop); });
     steps.set(selection, [&] { return explorer.Selection(); });
     desktop.pointer(host::Pointer::hourglass);
     if (steps.holds(
@@ -49,7 +50,7 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
     steps.set(target,
               [&] { return name_space().GetItemFromID(list().text(list().selected(), column::entry_id)); });
     steps.run([&] { mail.Item(dropped); });
-    const host::outlook::Folder profiles = open_database(steps).account_profiles;
+    const host::outlook::Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
     for (const Target& row : targets) {
         if (!steps.holds([&] { return target.MessageClass() == row.message_class; })) continue;
         steps.run([&] { caption(copying); });

@@ -143,8 +143,7 @@ class Run {
         host::Desktop& desktop = session_.desktop;
         steps_.set(main_add_in_, [&] { return records::make_main_add_in(desktop); });
         give_way();
-        steps_.set(wrapper_,
-                   [&] { return SafeMailItem(desktop.create(host::family::prog_id::safe_mail_item)); });
+        steps_.set(wrapper_, [&] { return records::make_wrapper(desktop); });
         if (!row_.tests_wrapper || wrapper_) return true;
         desktop.message_box(no_wrapper, product_title, host::box::critical);
         return false;

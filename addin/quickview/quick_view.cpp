@@ -6,6 +6,7 @@
 #include "quickview/launch.h"
 #include "records/database.h"
 #include "records/names.h"
+#include "records/property_filters.h"
 
 namespace addin::quickview {
 
@@ -54,7 +55,7 @@ void QuickView::on_load() {
     steps.run([&] { view().topmost(); });
     steps.run([&] { list().extended_style(track_select, track_select); });
     session_.SortAscending = true;
-    const Database database = open_database(steps);
+    const records::Database database = records::open_database(steps, session_.desktop);
     host::outlook::Folders folders;
     steps.set(folders, [&] { return database.account_profiles.Folders(); });
     if (!steps.holds([&] { return folders.Count() > folders_of_old; })) return;
@@ -131,23 +132,24 @@ void QuickView::cmdSearchpanel_Click() {
 
 void QuickView::CompanyName_Click() {
     Steps steps;
-    const Database database = open_database(steps);
+    const records::Database database = records::open_database(steps, session_.desktop);
     host::outlook::Item record;
     steps.set(record, [&] {
-        return database.account_profiles.Items().Find(u"[AccountID] = '" + shown(u"AccountID") + u"'");
+        return database.account_profiles.Items().Find(
+            records::equality(records::property::account_id, shown(u"AccountID")));
     });
     steps.run([&] { record.Display(); });
 }
 
 void QuickView::Contactname_Click() {
     Steps steps;
-    const Database database = open_database(steps);
+    const records::Database database = records::open_database(steps, session_.desktop);
     host::outlook::Item record;
     steps.set(record, [&] {
         return database.account_profiles.Folders()
             .Item(records::folder::account_contacts)
             .Items()
-            .Find(u"[ContactID] = '" + shown(u"ContactID") + u"'");
+            .Find(records::equality(records::property::contact_id, shown(u"ContactID")));
     });
     steps.run([&] { record.Display(); });
 }
@@ -162,20 +164,6 @@ void QuickView::lstItems_DblClick() {
 
 host::outlook::NameSpace QuickView::name_space() const {
     return host::outlook::Application(session_.desktop.application()).GetNamespace(u"MAPI");
-}
-
-QuickView::Database QuickView::open_database(Steps& steps) const {
-    Database database;
-    steps.set(database.main_add_in, [&] { return records::make_main_add_in(session_.desktop); });
-    steps.set(database.account_profiles, [&] {
-        return records::open_folder(session_.desktop, database.main_add_in,
-                                    records::folder::account_profiles);
-    });
-    return database;
-}
-
-host::family::SafeMailItem QuickView::make_wrapper() const {
-    return host::family::SafeMailItem(session_.desktop.create(host::family::prog_id::safe_mail_item));
 }
 
 Text QuickView::shown_value(records::Name name) {

@@ -20,11 +20,6 @@ inline constexpr host::TextView choose_folder = u"Choose Folder";
 /// Entries of `cmbFolders` that are folders of the user's own.
 inline constexpr host::TextView my_calendar = u"My Calendar", my_tasks = u"My Tasks";
 
-/// The filters that the related items are found by: the one that is tried first, and the one for stores that
-/// refuse it.
-host::Text indexed_filter(const host::Text& contact_id, const host::Text& company);
-host::Text like_filter(const host::Text& contact_id);
-
 class QuickView final : public QuickViewWindow {
   public:
     explicit QuickView(Session& session)
@@ -38,11 +33,6 @@ class QuickView final : public QuickViewWindow {
     int CompareDates(std::intptr_t lngParam1, std::intptr_t lngParam2);
 
   private:
-    struct Database {
-        host::family::MainAddIn main_add_in;
-        host::outlook::Folder account_profiles;
-    };
-
     void on_load() override;
     void on_unload() override;
     void on_click(host::TextView control) override;
@@ -70,8 +60,6 @@ class QuickView final : public QuickViewWindow {
                    const host::family::SafeMailItem& mail, const records::KeySource& others);
 
     host::outlook::NameSpace name_space() const;
-    Database open_database(Steps& steps) const;
-    host::family::SafeMailItem make_wrapper() const;
 
     forms::List& list() { return control(u"lstItems").list(); }
     /// What a label or box shows; empty if the window has gone meanwhile.

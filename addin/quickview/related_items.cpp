@@ -1,6 +1,9 @@
 // The items of a folder that belong to the contact that is shown.
 #include "quickview/quick_view.h"
+#include "records/database.h"
+#include "records/filters.h"
 #include "records/names.h"
+#include "records/property_filters.h"
 
 namespace addin::quickview {
 
@@ -9,20 +12,6 @@ using host::TextView;
 using host::outlook::Items;
 
 namespace {
-
-constexpr TextView sql_start = u"@SQL=(", filter_end = u"')";
-constexpr TextView phrase = u" ci_phrasematch '", like = u" Like '", and_next = u"' AND ";
-
-/// The address of a user property, as a filter quotes it. Blanks stand in it as their code.
-Text quoted_address(records::Name name) {
-    return u"\"" + Text(records::schema_root) + u"mapi/string/" + Text(records::user_property_set) + u"/" +
-           host::replaced(name, u" ", u"%20") + u"\"";
-}
-
-Text without_leading_blanks(const Text& text) {
-    const std::size_t first = text.find_first_not_of(u' ');
-    return first == Text::npos ? Text() : text.substr(first);
-}
 
 /// What is shown of the folders of one kind.
 struct FolderRow {
@@ -47,17 +36,6 @@ const FolderRow& row_of(const Text& chosen) {
 
 }  // namespace
 
-Text indexed_filter(const Text& contact_id, const Text& company) {
-    return Text(sql_start) + quoted_address(records::property::contact_id) + Text(phrase) + contact_id +
-           Text(and_next) + quoted_address(records::property::account_name) + Text(phrase) + company +
-           Text(filter_end);
-}
-
-Text like_filter(const Text& contact_id) {
-    return Text(sql_start) + quoted_address(records::property::contact_id) + Text(like) + contact_id +
-           Text(filter_end);
-}
-
 void QuickView::cmbFolders_Click() {
     Steps steps;
     const Text chosen = shown(u"cmbFolders");
@@ -75,14 +53,18 @@ void QuickView::cmbFolders_Click() {
 }
 
 Items QuickView::related_items(Steps& steps, const Text& chosen) {
-    const host::outlook::Folder profiles = open_database(steps).account_profiles;
+    const host::outlook::Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
     // which form the store takes is found out by trying
-    Text filter = indexed_filter(shown(u"ContactID"), shown(u"CompanyName"));
+    const auto of_contact = [&](records::FilterForm form) {
+        return records::key_filter(form, records::property::contact_id, shown(u"ContactID"),
+                                   shown(u"CompanyName"));
+    };
+    Text filter = of_contact(records::FilterForm::phrase);
     Items probe;
     steps.set(probe, [&] {
         return profiles.Folders().Item(records::folder::account_contacts).Items().Restrict(filter);
     });
-    if (!probe) filter = like_filter(shown(u"ContactID"));
+    if (!probe) filter = of_contact(records::FilterForm::like);
     Items found;
     steps.set(found, [&] { return profiles.Folders().Item(chosen).Items().Restrict(filter); });
     if (!loaded()) return found;
@@ -101,7 +83,7 @@ void QuickView::add_row(Steps& steps, const host::outlook::Item& item, bool by_n
     steps.set(row, [&] {
         const Text text =
             by_name ? item.UserProperties().Item(records::property::name).value().to_text() : item.Subject();
-        return list().add(without_leading_blanks(text));
+        return list().add(records::without_leading_blanks(text));
     });
     steps.run([&] { list().text(row, column::modified, item.LastModificationTime().to_text()); });
     steps.run([&] { list().text(row, column::entry_id, item.EntryID()); });

@@ -5,12 +5,18 @@
 #include "host/desktop.h"
 #include "host/family.h"
 #include "host/outlook.h"
+#include "records/names.h"
 
 namespace addin::records {
 
 /// Makes the sibling object that knows where the database is. It is made for each use.
 inline host::family::MainAddIn make_main_add_in(host::Desktop& desktop) {
     return host::family::MainAddIn(desktop.create(host::family::prog_id::main_add_in));
+}
+
+/// The sibling object that reads a mail's guarded members.
+inline host::family::SafeMailItem make_wrapper(host::Desktop& desktop) {
+    return host::family::SafeMailItem(desktop.create(host::family::prog_id::safe_mail_item));
 }
 
 /// Opens a folder of the database by its name, "Account Profiles" or "System Folder". Throws `Failure` if
@@ -22,6 +28,21 @@ inline host::outlook::Folder open_folder(host::Desktop& desktop, const host::fam
     return host::outlook::Application(desktop.application())
         .GetNamespace(u"MAPI")
         .GetFolderFromID(folder_id, store_id);
+}
+
+/// The database as most routines begin with it: the sibling object, and the folder of the accounts. What
+/// can't be had is empty.
+struct Database {
+    host::family::MainAddIn main_add_in;
+    host::outlook::Folder account_profiles;
+};
+
+inline Database open_database(Steps& steps, host::Desktop& desktop) {
+    Database database;
+    steps.set(database.main_add_in, [&] { return make_main_add_in(desktop); });
+    steps.set(database.account_profiles,
+              [&] { return open_folder(desktop, database.main_add_in, folder::account_profiles); });
+    return database;
 }
 
 }  // namespace addin::records

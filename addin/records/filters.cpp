@@ -164,4 +164,8 @@ Text FormatFieldValue(const Text& value, TextView field_type, host::Desktop& des
     return shown;
 }
 
+Text without_leading_blanks(TextView text) {
+    return Text(text.substr(std::min(text.find_first_not_of(u' '), text.size())));
+}
+
 }  // namespace addin::records

@@ -37,4 +37,7 @@ host::Text TemplateFilter(host::Text& S, host::TextView filter_template);
 /// it stands. A value that can't be read as a number or date comes back as it stands.
 host::Text FormatFieldValue(const host::Text& value, host::TextView field_type, host::Desktop& desktop);
 
+/// A name as a list shows it.
+host::Text without_leading_blanks(host::TextView text);
+
 }  // namespace addin::records

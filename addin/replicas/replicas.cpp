@@ -7,6 +7,7 @@
 #include "core/steps.h"
 #include "host/host_events.h"
 #include "records/database.h"
+#include "records/property_filters.h"
 #include "records/stamp.h"
 
 namespace addin::replicas {
@@ -118,12 +119,7 @@ bool Replication::is_linked() {
 }
 
 bool Replication::open_shared_folder() {
-    host::family::MainAddIn main_add_in;
-    Folder account_profiles;
-    steps_.set(main_add_in, [&] { return records::make_main_add_in(session_.desktop); });
-    steps_.set(account_profiles, [&] {
-        return records::open_folder(session_.desktop, main_add_in, records::folder::account_profiles);
-    });
+    const Folder account_profiles = records::open_database(steps_, session_.desktop).account_profiles;
     steps_.set(shared_, [&] { return Folder(account_profiles.Parent()).Folders().Item(folder_name_); });
     return static_cast<bool>(shared_);
 }
@@ -132,7 +128,7 @@ void Replication::clean(std::int32_t kept) {
     Text filter;  // stays empty if the key can't be read, and the host refuses an empty one: nothing is found
     if (!steps_.holds([&] {
             const Text key = item_.UserProperties().Find(row_.key).value().to_text();
-            filter = u"[" + Text(row_.key) + u"] = '" + key + u"'";
+            filter = records::equality(row_.key, key);
             return !key.empty();
         })) {
         return;

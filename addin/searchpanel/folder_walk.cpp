@@ -1,6 +1,8 @@
 // The walk over all folders of the database.
 #include "core/product.h"
 #include "core/status_windows.h"
+#include "records/database.h"
+#include "records/filters.h"
 #include "searchpanel/panel_search.h"
 #include "searchpanel/result_texts.h"
 
@@ -83,9 +85,9 @@ void PanelSearch::list_folder(Steps& steps, const Items& found, const std::optio
                   known(name) + u".");
     });
     host::family::SafeMailItem wrapper;
-    steps.set(wrapper, [&] { return make_wrapper(session_.desktop); });
+    steps.set(wrapper, [&] { return records::make_wrapper(session_.desktop); });
     std::optional<Text> shown_name;
-    steps.set(shown_name, [&] { return std::optional(without_leading_blanks(known(name))); });
+    steps.set(shown_name, [&] { return std::optional(records::without_leading_blanks(known(name))); });
     int rows = 0;
     for (std::int32_t i = 1; i <= count; ++i) {
         Item item;

@@ -6,6 +6,7 @@
 #include "core/status_windows.h"
 #include "forms/sort_marks.h"
 #include "records/database.h"
+#include "records/filters.h"
 #include "records/names.h"
 #include "searchpanel/result_texts.h"
 
@@ -117,10 +118,9 @@ bool PanelSearch::run() {
 
 void PanelSearch::open_database() {
     host::Desktop& desktop = session_.desktop;
-    steps_.set(main_add_in_, [&] { return records::make_main_add_in(desktop); });
-    steps_.set(profiles_, [&] {
-        return records::open_folder(desktop, main_add_in_, records::folder::account_profiles);
-    });
+    const records::Database database = records::open_database(steps_, desktop);
+    main_add_in_ = database.main_add_in;
+    profiles_ = database.account_profiles;
     steps_.set(system_, [&] { return records::open_folder(desktop, main_add_in_, records::folder::system); });
     if (!system_) {
         steps_.set(system_,
@@ -218,7 +218,9 @@ void PanelSearch::show_record() {
 void PanelSearch::show_contact(const Text& key) {
     steps_.set(shown_, [&] {
         const Folder contacts = profiles_.Folders().Item(records::folder::account_contacts);
-        return contacts.Items().Restrict(contact_filter(form_, key, company_)).GetFirst();
+        return contacts.Items()
+            .Restrict(records::key_filter(form_, property::contact_id, key, company_))
+            .GetFirst();
     });
     for (const HeaderRow& row : contact_header) {
         steps_.run([&] { control(row.control).text(value_of(shown_, row)); });
@@ -232,7 +234,8 @@ void PanelSearch::show_account() {
     steps_.set(filter, [&] {
         const Text id = property_of(record_, property::account_id);
         const bool with_name = form_ == FilterForm::phrase;
-        return account_filter(form_, id, with_name ? property_of(record_, property::account_name) : Text());
+        return records::key_filter(form_, property::account_id, id,
+                                   with_name ? property_of(record_, property::account_name) : Text());
     });
     steps_.set(shown_, [&] { return profiles_.Items().Restrict(filter).GetFirst(); });
     for (const HeaderRow& row : account_header) {
@@ -257,7 +260,10 @@ void PanelSearch::list_items() {
 
     steps_.clear();
     Items found;
-    steps_.set(found, [&] { return profiles_.Items().Restrict(location_filter(form_, id, company_)); });
+    steps_.set(found, [&] {
+        return profiles_.Items().Restrict(
+            records::key_filter(form_, property::account_location, id, company_));
+    });
     std::int32_t count = 0;
     if (found && steps_.holds([&] {
             count = found.Count();
@@ -265,8 +271,8 @@ void PanelSearch::list_items() {
         })) {
         host::family::SafeMailItem wrapper;
         std::optional<Text> folder;  // unknown for a pending item
-        steps_.set(wrapper, [&] { return make_wrapper(session_.desktop); });
-        steps_.set(folder, [&] { return std::optional(without_leading_blanks(target_.Name())); });
+        steps_.set(wrapper, [&] { return records::make_wrapper(session_.desktop); });
+        steps_.set(folder, [&] { return std::optional(records::without_leading_blanks(target_.Name())); });
         for (std::int32_t i = 1; i <= count; ++i) {
             Item item;
             steps_.set(item, [&] { return found.Item(i); });
@@ -276,7 +282,7 @@ void PanelSearch::list_items() {
     }
     host::outlook::Folders top;
     steps_.set(top, [&] { return Folder(profiles_.Parent()).Folders(); });
-    SearchMeRecurse(items_filter(form_, key_name, id, company_), top);
+    SearchMeRecurse(records::key_filter(form_, key_name, id, company_), top);
 }
 
 void PanelSearch::end() {

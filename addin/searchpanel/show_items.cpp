@@ -7,6 +7,7 @@
 #include "forms/sort_marks.h"
 #include "records/database.h"
 #include "records/names.h"
+#include "records/property_filters.h"
 #include "searchpanel/panel_search.h"
 
 namespace addin::searchpanel {
@@ -28,8 +29,6 @@ constexpr double shares = 7, share_loss = 40, parts_of_share = 5, subject_parts 
 
 int rounded(double twips) { return static_cast<int>(std::lround(twips)); }
 
-Text key_filter(records::Name key, const Text& value) { return u"[" + Text(key) + u"] = '" + value + u"'"; }
-
 }  // namespace
 
 void furnish(Session& session) {
@@ -45,10 +44,9 @@ void ShowItems::on_load() {
     session_.loaded_panels.push_back(shared_from_this());
     Steps steps;
     steps.run([&] { ArrangeList(); });
-    steps.set(sobj, [&] { return records::make_main_add_in(session_.desktop); });
-    steps.set(Hostfolder, [&] {
-        return records::open_folder(session_.desktop, sobj, records::folder::account_profiles);
-    });
+    const records::Database database = records::open_database(steps, session_.desktop);
+    sobj = database.main_add_in;
+    Hostfolder = database.account_profiles;
     steps.run([&] { LoadPanelDefinitions(); });
     if (!session_.gSelectedEntryID.empty()) {
         MySavedEntryID = session_.gSelectedEntryID;
@@ -126,32 +124,22 @@ bool ShowItems::search() { return PanelSearch(*this).run(); }
 
 void ShowItems::OpenCompany() {
     Steps steps;
-    host::family::MainAddIn main_add_in;
-    Folder profiles;
+    const Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
     Text filter;
     host::outlook::Items found;
-    steps.set(main_add_in, [&] { return records::make_main_add_in(session_.desktop); });
-    steps.set(profiles, [&] {
-        return records::open_folder(session_.desktop, main_add_in, records::folder::account_profiles);
-    });
     steps.set(filter,
-              [&] { return key_filter(records::property::account_id, control(u"AccountID").text()); });
+              [&] { return records::equality(records::property::account_id, control(u"AccountID").text()); });
     steps.set(found, [&] { return profiles.Items().Restrict(filter); });
     steps.run([&] { found.Item(1).Display(); });
 }
 
 void ShowItems::OpenContact() {
     Steps steps;
-    host::family::MainAddIn main_add_in;
-    Folder profiles;
+    const Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
     Text filter;
     Item found;
-    steps.set(main_add_in, [&] { return records::make_main_add_in(session_.desktop); });
-    steps.set(profiles, [&] {
-        return records::open_folder(session_.desktop, main_add_in, records::folder::account_profiles);
-    });
     steps.set(filter,
-              [&] { return key_filter(records::property::contact_id, control(u"ContactID").text()); });
+              [&] { return records::equality(records::property::contact_id, control(u"ContactID").text()); });
     steps.set(found, [&] {
         return profiles.Folders().Item(records::folder::account_contacts).Items().Find(filter);
     });

@@ -4,6 +4,7 @@
 #include "core/steps.h"
 #include "records/database.h"
 #include "records/names.h"
+#include "records/property_filters.h"
 #include "records/stamp.h"
 
 namespace addin::templates {
@@ -53,12 +54,8 @@ void show_list(host::Desktop& desktop, const TemplateList& list) {
 void save_as_template(host::Desktop& desktop) {
     if (!asks(desktop, template_question)) return;
     Steps steps;
-    MainAddIn main_add_in;
-    Folder database;
-    steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
-    steps.set(database,
-              [&] { return records::open_folder(desktop, main_add_in, records::folder::account_profiles); });
-    const auto drop_downs = [&] { return database.Folders().Item(records::folder::drop_downs); };
+    const Folder profiles = records::open_database(steps, desktop).account_profiles;
+    const auto drop_downs = [&] { return profiles.Folders().Item(records::folder::drop_downs); };
     Item item, copy;
     Text subject;
     steps.set(item, [&] { return shown_item(desktop); });
@@ -73,7 +70,7 @@ void save_as_template(host::Desktop& desktop) {
     item.reset();
     steps.set(item, [&] {
         const host::outlook::Items items = drop_downs().Items();
-        return items.Find(u"[Subject] = '" + subject + u"'");
+        return items.Find(records::equality(u"Subject", subject));
     });
     records::write_property(steps, item, records::property::record_type,
                             [] { return Value(records::record_type::email_template); });

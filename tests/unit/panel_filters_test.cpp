@@ -8,7 +8,8 @@ namespace addin_tests {
 namespace {
 
 using acceptance::Lines;
-using addin::searchpanel::FilterForm;
+using addin::records::FilterForm;
+using addin::records::key_filter;
 using host::Text;
 using host::TextView;
 using host::outlook::Item;
@@ -37,25 +38,25 @@ TEST(PanelFilters, HaveTwoForms) {
          R"(@SQL=("#RecordType" ci_phrasematch 'Folder Drop Down' AND "#MessageClass" ci_phrasematch 'IPM.Post.X'))"},
         {panel::drop_down_filter(like, u"IPM.Post.X"),
          R"(@SQL=("#RecordType" Like 'Folder Drop Down' AND "#MessageClass" Like 'IPM.Post.X'))"},
-        {panel::contact_filter(phrase, u"C-1", u"North Mill"),
+        {key_filter(phrase, u"ContactID", u"C-1", u"North Mill"),
          R"(@SQL=("#ContactID" ci_phrasematch 'C-1' AND "#Account%20Name" ci_phrasematch 'North Mill'))"},
-        {panel::contact_filter(like, u"C-1", u"North Mill"), R"(@SQL=("#ContactID" Like 'C-1'))"},
-        {panel::account_filter(phrase, u"A-1", u"North Mill"),
+        {key_filter(like, u"ContactID", u"C-1", u"North Mill"), R"(@SQL=("#ContactID" Like 'C-1'))"},
+        {key_filter(phrase, u"AccountID", u"A-1", u"North Mill"),
          R"(@SQL=("#AccountID" ci_phrasematch 'A-1' AND "#Account%20Name" ci_phrasematch 'North Mill'))"},
-        {panel::account_filter(like, u"A-1", u"North Mill"), R"(@SQL=("#AccountID" Like 'A-1'))"},
+        {key_filter(like, u"AccountID", u"A-1", u"North Mill"), R"(@SQL=("#AccountID" Like 'A-1'))"},
         {panel::definition_filter(phrase, u"Contacts"),
          R"(@SQL=("#RecordType" ci_phrasematch 'List Definition' AND "urn:schemas:httpmail:subject" ci_phrasematch 'Contacts'))"},
         {panel::definition_filter(like, u"Contacts"),
          R"(@SQL=("#RecordType" Like 'List Definition' AND "urn:schemas:httpmail:subject" Like 'Contacts'))"},
-        {panel::location_filter(phrase, u"A-1", u"North Mill"),
+        {key_filter(phrase, u"Account LocationID", u"A-1", u"North Mill"),
          R"(@SQL=("#Account%20LocationID" ci_phrasematch 'A-1' AND "#Account%20Name" ci_phrasematch 'North Mill'))"},
-        {panel::location_filter(like, u"A-1", u"North Mill"), R"(@SQL=("#Account%20LocationID" Like 'A-1'))"},
-        {panel::items_filter(phrase, u"Inquiry ID", u"I-1", u"North Mill"),
+        {key_filter(like, u"Account LocationID", u"A-1", u"North Mill"),
+         R"(@SQL=("#Account%20LocationID" Like 'A-1'))"},
+        {key_filter(phrase, u"Inquiry ID", u"I-1", u"North Mill"),
          R"(@SQL=("#Inquiry%20ID" ci_phrasematch 'I-1' AND "#Account%20Name" ci_phrasematch 'North Mill'))"},
-        {panel::items_filter(like, u"Inquiry ID", u"I-1", u"North Mill"),
-         R"(@SQL=("#Inquiry%20ID" Like 'I-1'))"},
-        {panel::items_filter(like, u"", u"", u""), R"(@SQL=("#" Like ''))"},
-        {panel::contact_filter(like, u"50% 'off'", u""), R"(@SQL=("#ContactID" Like '50% 'off''))"},
+        {key_filter(like, u"Inquiry ID", u"I-1", u"North Mill"), R"(@SQL=("#Inquiry%20ID" Like 'I-1'))"},
+        {key_filter(like, u"", u"", u""), R"(@SQL=("#" Like ''))"},
+        {key_filter(like, u"ContactID", u"50% 'off'", u""), R"(@SQL=("#ContactID" Like '50% 'off''))"},
     };
     for (const Case& one : cases) EXPECT_EQ(host::to_utf8(one.built), written(one.expected));
 }

@@ -16,22 +16,10 @@ using acceptance::add_contact;
 using acceptance::message;
 using addin::quickview::QuickView;
 using host::Text;
+using host::TextView;
 using host::Value;
 using host::outlook::Item;
 using native::NativeWorld;
-
-TEST(QuickViewFilters, NameTheContactAndTheCompany) {
-    EXPECT_EQ(host::to_utf8(addin::quickview::indexed_filter(u"C-200", u"North Mill Ltd")),
-              "@SQL=(\"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/"
-              "ContactID\" ci_phrasematch 'C-200' AND \"http://schemas.microsoft.com/mapi/string/"
-              "{00020329-0000-0000-C000-000000000046}/Account%20Name\" ci_phrasematch 'North Mill Ltd')");
-    EXPECT_EQ(host::to_utf8(addin::quickview::like_filter(u"C-200")),
-              "@SQL=(\"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/"
-              "ContactID\" Like 'C-200')");
-    EXPECT_TRUE(addin::quickview::like_filter(u"").ends_with(u"/ContactID\" Like '')"));
-    EXPECT_TRUE(addin::quickview::indexed_filter(u"1", u"Mill's").ends_with(u" ci_phrasematch 'Mill's')"))
-        << "an apostrophe is left as it is";
-}
 
 // the order of the list
 
@@ -242,6 +230,43 @@ void at_every_call(const Action& action, const After& after) {
         after(*world);
         if (testing::Test::HasFailure()) return;
     }
+}
+
+/// The filters that the choice of a folder sends, in their order.
+std::vector<std::string> filters_of_choice(bool instant_search, TextView company) {
+    NativeWorld world({.instant_search = instant_search});
+    const auto window = std::make_shared<QuickView>(world.add_in()->session());
+    window->show();
+    window->control(u"ContactID").text(u"C-200");
+    window->control(u"CompanyName").text(company);
+    std::vector<std::string> sent;
+    world.boundary().before_request = [&](const std::string& member, const host::Request& request) {
+        if (member == "Items.Restrict") sent.push_back(host::to_utf8(request.arguments.at(0).to_text()));
+    };
+    addin::forms::Choice& folders = window->control(u"cmbFolders").choice();
+    folders.clear();
+    folders.add(u"Notes");
+    world.engine().find(u"TW Quick View")->control(u"cmbFolders").choose(0);
+    world.settle();
+    world.boundary().before_request = nullptr;
+    return sent;
+}
+
+TEST(QuickViewFilters, NameTheContactAndTheCompany) {
+    const std::string address =
+        "\"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/";
+    const std::string like = "@SQL=(" + address + "ContactID\" Like 'C-200')";
+    const auto indexed = [&](const std::string& company) {
+        return "@SQL=(" + address + "ContactID\" ci_phrasematch 'C-200' AND " + address +
+               "Account%20Name\" ci_phrasematch '" + company + "')";
+    };
+    const std::string of_mill = indexed("North Mill Ltd"), of_malley = indexed("O'Malley");
+    EXPECT_EQ(filters_of_choice(true, u"North Mill Ltd"), (std::vector{of_mill, of_mill}))
+        << "the probe, and the folder";
+    EXPECT_EQ(filters_of_choice(false, u"North Mill Ltd"), (std::vector{of_mill, like}))
+        << "a store without an index refuses the probe";
+    EXPECT_EQ(filters_of_choice(true, u"O'Malley"), (std::vector{of_malley, like}))
+        << "an apostrophe is left as it is, and the store refuses what it makes of the filter";
 }
 
 TEST(QuickViewMeanwhile, AnotherSelectionMayComeAtAnyYield) {
