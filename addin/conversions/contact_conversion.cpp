@@ -176,11 +176,11 @@ class ContactConversion {
 void ContactConversion::run() {
     if (!asks(desktop_, row_.question)) return;
     steps_.set(source_, [&] { return shown_item(application(), host::outlook::object_class::contact); });
-    const auto [main_add_in, profiles] = records::open_database(steps_, desktop_);
-    profiles_ = profiles;
+    const records::Database database = records::open_database(steps_, desktop_);
+    profiles_ = database.account_profiles;
     Text id, user;
-    steps_.set(id, [&] { return main_add_in.generateid(); });
-    steps_.set(user, [&] { return main_add_in.GetUserName(); });
+    steps_.set(id, [&] { return database.main_add_in.generateid(); });
+    steps_.set(user, [&] { return database.main_add_in.GetUserName(); });
     const Text key = Text(key_start) + id;
     steps_.run([&] { source_.CustomerID(key); });
     steps_.run([&] { source_.Save(); });
