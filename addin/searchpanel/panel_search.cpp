@@ -258,7 +258,6 @@ void PanelSearch::list_items() {
     steps_.set(id, [&] { return property_of(record_, key_name); });
     steps_.run([&] { list().clear(); });
 
-    steps_.clear();
     Items found;
     steps_.set(found, [&] {
         return profiles_.Items().Restrict(

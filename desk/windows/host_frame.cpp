@@ -25,11 +25,10 @@ HostFrame::HostFrame(FrameContext& context, const wchar_t* class_name, HostWindo
       context_(context),
       window_(window),
       bars_(handle(), window.bars(), context.faces),
-      times_brought_up_(window.times_brought_up()) {
-    SetMenu(handle(), make_menu());
-}
+      times_brought_up_(window.times_brought_up()) {}
 
 void HostFrame::open() {
+    SetMenu(handle(), make_menu());  // tells the window a new size, so not before it is whole
     bars_.follow();
     RECT client{};
     GetClientRect(handle(), &client);

@@ -12,6 +12,7 @@
 #include "desk/model/application.h"
 #include "desk/model/cdo.h"
 #include "desk/windows/desk_windows.h"
+#include "desk/windows/fault_watch.h"
 #include "desk/windows/main_loop.h"
 #include "desk/windows/message_watch.h"
 #include "desk/windows/status_watch.h"
@@ -162,8 +163,10 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     const desk::DeskSettings settings = desk::read_settings();
     LogFile log(settings.log_file);
+    const desk::FaultWatch faults;
     try {
         run(settings, log);
+        log.line(u"faults: " + desk::FaultWatch::told());
         log.line(u"ended");
         return 0;
     } catch (const std::exception& failure) {

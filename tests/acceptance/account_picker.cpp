@@ -12,10 +12,7 @@ namespace {
 constexpr TextView caption = u"Account List", entries = u"lstItems";
 }
 
-bool AccountPicker::is_open() const {
-    const Object there = window_of(world_, caption);
-    return there && there.get(u"Visible").to_boolean();
-}
+bool AccountPicker::is_open() const { return is_shown(window_of(world_, caption)); }
 
 bool AccountPicker::opens() const {
     return world_.wait_until([this] { return is_open(); });

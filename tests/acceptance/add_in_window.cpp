@@ -8,10 +8,7 @@ using host::Value;
 
 Object AddInWindow::window() const { return window_of(world_, caption_); }
 
-bool AddInWindow::is_open() const {
-    const Object there = window();
-    return there && there.get(u"Visible").to_boolean();
-}
+bool AddInWindow::is_open() const { return is_shown(window()); }
 
 bool AddInWindow::closes() const {
     return world_.wait_until([&] { return !is_open(); });

@@ -43,10 +43,7 @@ class ListPickerWindow : public Acceptance {
         account.Save();
     }
 
-    bool is_open(TextView caption) {
-        const Object there = window_of(world(), caption);
-        return there && there.get(u"Visible").to_boolean();
-    }
+    bool is_open(TextView caption) { return is_shown(window_of(world(), caption)); }
     Object control(TextView caption, TextView name) {
         return window_of(world(), caption).call(u"Control", {Value(name)}).to_object();
     }

@@ -177,7 +177,8 @@ TEST_F(SearchOfThePanel, OfATargetIsForTheRecordThatTheUserPicks) {
     const Item other = add_full_account(same, u"Bell & Sons", u"A-7");
     add_note(same, u"Of Bell", {{u"AccountID", u"A-7"}, {u"Account Name", u"Bell & Sons"}});
     add_record(same.account_profiles(), u"IPM.Post.Tarnwell_2000", u"A branch",
-               {{u"AccountID", u"A-8"}, {u"Account LocationID", u"A-7"}, {u"Account Name", u"Bell & Sons"}});
+               {{u"AccountID", u"A-8"}, {u"Account LocationID", u"A-7"}, {u"Account Name", u"Bell & Sons"}})
+        .call(u"Post");
     panel().open();
     panel().choose(u"Accounts");
     pick(u"Accounts by id", {2});
@@ -187,6 +188,7 @@ TEST_F(SearchOfThePanel, OfATargetIsForTheRecordThatTheUserPicks) {
     EXPECT_EQ(panel().column(1), (Lines{"Account Profiles", "Account Profiles", "Notes"}))
         << "what is located there comes first, under the folder that was searched";
     EXPECT_EQ(panel().column(2), (Lines{"A branch", "Bell & Sons", "Of Bell"}));
+    EXPECT_EQ(panel().column(3), (Lines{"Tarnwell User", "", ""})) << "the others were saved only";
     EXPECT_EQ(count_messages(same), 0);
 
     // cancelled, nothing is searched, and the rows stay
@@ -198,6 +200,39 @@ TEST_F(SearchOfThePanel, OfATargetIsForTheRecordThatTheUserPicks) {
     EXPECT_TRUE(panel().ends());
     EXPECT_EQ(panel().count(), 3);
     EXPECT_EQ(panel().ids(), "A-7|");
+}
+
+TEST_F(SearchOfThePanel, ShowsNothingOfTheRecordBefore) {
+    World& same = made(old_host);
+    add_full_account(same);
+    add_record(same.account_profiles(), u"IPM.Post.Tarnwell_2000", u"Bare Ltd",
+               {{u"AccountID", u"A-9"}, {u"Account Name", u"Bare Ltd"}});
+    add_full_contact(same);
+    add_record(same.below(u"Account Contacts"), u"IPM.Contact.Account Contact", u"Bare",
+               {{u"ContactID", u"C-9"}, {u"Account Name", u"Bare Ltd"}});
+    struct Case {
+        const char* name;
+        TextView target, definition;
+        std::int32_t row;
+        std::string header, ids;
+    };
+    const Case cases[] = {
+        {"a contact", u"Contacts", u"Contacts by id", 1,
+         "Ann Lee|North Mill Ltd|555 200|555 201|2 Mill Lane|Leeds|WA|98765", "A-100|C-200"},
+        {"an account that tells only its name", u"Accounts", u"Accounts by id", 2, "|Bare Ltd||||||", "A-9|"},
+        {"an account", u"Accounts", u"Accounts by id", 1,
+         "|North Mill Ltd|555 100|555 101|1 Mill Lane|York|NY|12345", "A-100|"},
+        {"a contact that tells only its id", u"Contacts", u"Contacts by id", 2, "|||||||", "|C-9"},
+    };
+    panel().open();
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        panel().choose(one.target);
+        pick(one.definition, {one.row});
+        EXPECT_TRUE(panel().ends());
+        EXPECT_EQ(panel().header(), one.header);
+        EXPECT_EQ(panel().ids(), one.ids);
+    }
 }
 
 TEST_F(SearchOfThePanel, TakesTheFirstOfSeveralIfTheUserAgrees) {

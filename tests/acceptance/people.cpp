@@ -107,6 +107,15 @@ host::Object window_of(World& world, TextView caption) {
     return world.desk().call(u"Window", {host::Value(caption)}).to_object();
 }
 
+bool is_shown(const host::Object& window) {
+    try {
+        return window && window.get(u"Visible").to_boolean();
+    } catch (const host::Failure& failure) {
+        if (failure.number() != host::result::object_deleted) throw;
+        return false;
+    }
+}
+
 std::int32_t held(World& world) { return world.desk().get(u"Live").to_object().get(u"Total").to_integer(); }
 
 std::int32_t held(World& world, TextView kind) {

@@ -86,6 +86,9 @@ void desk_option(World& world, host::TextView name, const host::Value& value);
 /// The add-in's window with that caption, or Nothing.
 host::Object window_of(World& world, host::TextView caption);
 
+/// Whether there is a window that is visible. It may close at any time.
+bool is_shown(const host::Object& window);
+
 /// How many of the desk's objects the outside holds, in all or of one kind.
 std::int32_t held(World& world);
 std::int32_t held(World& world, host::TextView kind);

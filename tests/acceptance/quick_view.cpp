@@ -112,8 +112,9 @@ Lines SideView::displayed_since(std::int32_t before) {
     return ids;
 }
 
-Lines SideView::programs() {
+Lines SideView::programs(std::int32_t at_least) {
     const Object all = world().desk().get(u"Programs").to_object();
+    world().wait_until([&] { return all.get(u"Count").to_integer() >= at_least; });
     Lines lines;
     const std::int32_t count = all.get(u"Count").to_integer();
     for (std::int32_t i = 1; i <= count; ++i) {

@@ -49,8 +49,9 @@ class SideView : public Filing {
     std::int32_t displayed();
     Lines displayed_since(std::int32_t before);
 
-    /// Every program that was started, as "command line in folder".
-    Lines programs();
+    /// Every program that was started, as "command line in folder", once there are so many: each notes its
+    /// start itself.
+    Lines programs(std::int32_t at_least = 0);
 };
 
 inline constexpr host::TextView create_question = u"Would you like to Create an Account/Contact",

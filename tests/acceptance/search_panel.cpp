@@ -26,8 +26,6 @@ void write(const Item& record, TextView name, const Text& value) {
     record.UserProperties().Add(name, text, false).value(value);
 }
 
-bool is_shown(const Object& window) { return window && window.get(u"Visible").to_boolean(); }
-
 }  // namespace
 
 PanelTarget contacts_target() { return {.folder = u"\\Account Contacts"}; }

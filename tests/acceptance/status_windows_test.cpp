@@ -19,10 +19,7 @@ class StatusWindows : public Acceptance {
   protected:
     static Object window(World& world) { return window_of(world, u"Tarnwell"); }
 
-    static bool is_shown(World& world) {
-        const Object there = window(world);
-        return there && there.get(u"Visible").to_boolean();
-    }
+    static bool is_shown(World& world) { return acceptance::is_shown(window(world)); }
 
     static std::string label(World& world) {
         return shown(window(world).call(u"Control", {u"Label1"}).to_object().get(u"Text").to_text());

@@ -112,6 +112,20 @@ TEST(PanelFilters, OfASearchInPhrasesNameKeyAndCompany) {
              R"(@SQL=("#ContactID" ci_phrasematch 'C-200' AND "#Account%20Name" ci_phrasematch 'O'Malley's'))"}));
 }
 
+TEST(PanelFilters, NameTheCompanyOfTheAccountThatIsFoundAndNotOfTheRecord) {
+    Searched searched(true);
+    acceptance::add_full_account(searched.world, u"North Mill Ltd", u"A-300");
+    // one that was made before the account got its whole name
+    const Item record =
+        acceptance::add_record(searched.world.account_profiles(), u"IPM.Post.Tarnwell_2000", u"Old",
+                               {{u"AccountID", u"A-300"}, {u"Account Name", u"North Mill"}});
+    const Lines sent = searched.filters_of(record);
+    ASSERT_EQ(sent.size(), 5U);
+    EXPECT_TRUE(sent[1].ends_with("ci_phrasematch 'North Mill')")) << sent[1];
+    EXPECT_TRUE(sent[3].ends_with("ci_phrasematch 'North Mill Ltd')")) << sent[3];
+    EXPECT_TRUE(sent[4].ends_with("ci_phrasematch 'North Mill Ltd')")) << sent[4];
+}
+
 TEST(PanelFilters, OfAPlainSearchNameTheKeyAlone) {
     Searched searched(false);
     EXPECT_EQ(

@@ -80,6 +80,94 @@ TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
     EXPECT_EQ(panel.text(u"StoreID"), "") << "at the end";
 }
 
+TEST(PanelSearchInside, ShowsTheStatusDuringTheWalkForAccountsAlone) {
+    Searching searching;
+    const Item contact = acceptance::add_full_contact(searching.world);
+    const std::function<void()> usual = searching.world.system().on_yield;
+    for (const bool of_account : {true, false}) {
+        SCOPED_TRACE(of_account);
+        std::set<bool> shown;
+        searching.world.system().on_yield = [&] {
+            shown.insert(searching.session().SearchForm.window()->view().visible());
+            usual();
+        };
+        searching.menu(u"ShowItemsMenu", of_account ? searching.account : contact);
+        EXPECT_EQ(shown, std::set<bool>{of_account});
+        EXPECT_FALSE(searching.session().SearchForm.window()->view().visible()) << "at the end";
+    }
+    searching.world.system().on_yield = usual;
+}
+
+TEST(PanelSearchInside, LeavesNothingPending) {
+    Searching searching;
+    searching.menu(u"ShowItemsMenu", searching.account);
+    EXPECT_EQ(searching.session().gSelectedEntryID, u"");
+    EXPECT_EQ(searching.session().gSelectedStoreID, u"");
+}
+
+/// What the members of a kind are given, as "member text".
+Lines arguments_of(NativeWorld& world, const std::set<std::string>& members,
+                   const std::function<void()>& deed) {
+    Lines given;
+    world.boundary().before_request = [&](const std::string& member, const host::Request& request) {
+        if (!members.contains(member)) return;
+        given.push_back(member);
+        for (const Value& argument : request.arguments)
+            given.back() += " " + host::to_utf8(argument.to_text());
+    };
+    deed();
+    world.boundary().before_request = nullptr;
+    return given;
+}
+
+TEST(PanelSearchInside, OpensTheTwoFoldersByTheirIds) {
+    Searching searching;
+    EXPECT_EQ(arguments_of(searching.world, {"MainAddIn.GetFolderId"},
+                           [&] { searching.menu(u"ShowItemsMenu", searching.account); }),
+              (Lines{"MainAddIn.GetFolderId Account Profiles",  // the window's own
+                     "MainAddIn.GetFolderId Account Profiles", "MainAddIn.GetFolderId System Folder"}));
+}
+
+TEST(PanelSearchInside, HandsThePickerTheFolderAndTheDefinition) {
+    Searching searching;
+    SearchPanel panel(searching.world);
+    panel.open();
+    const host::outlook::Folder profiles = searching.world.account_profiles();
+    const Lines given = arguments_of(
+        searching.world, {"ListPicker.StoreID", "ListPicker.FolderId", "ListPicker.searchany"}, [&] {
+            panel.choose(u"Accounts");
+            const acceptance::Picker picker(searching.world, u"Accounts by id");
+            ASSERT_TRUE(picker.comes_up());
+            picker.click(u"cmdCancel");
+            EXPECT_TRUE(picker.goes());
+        });
+    EXPECT_EQ(given, (Lines{"ListPicker.StoreID " + acceptance::shown(profiles.StoreID()),
+                            "ListPicker.FolderId " + acceptance::shown(profiles.EntryID()),
+                            "ListPicker.searchany Accounts by id Accounts by id False"}));
+}
+
+TEST(PanelSearchInside, TakesTheDefinitionOfTheTargetThatIsChosenWhenThePickerGoes) {
+    Searching searching;
+    SearchPanel panel(searching.world);
+    panel.open();
+    panel.choose(u"Accounts");
+    const acceptance::Picker picker(searching.world, u"Accounts by id");
+    ASSERT_TRUE(picker.comes_up());
+    searching.world.engine().find(acceptance::panel_caption)->control(u"SearchMe").text(u"Contacts");
+    const Lines definitions = arguments_of(searching.world, {"Items.Restrict"}, [&] {
+        picker.highlight(1);
+        picker.click(u"cmdAdd");
+        picker.click(u"cmdOK");
+        EXPECT_TRUE(picker.goes());
+        EXPECT_TRUE(panel.ends());
+    });
+    EXPECT_EQ(std::ranges::count_if(definitions,
+                                    [](const std::string& filter) {
+                                        return filter.ends_with("subject\" Like 'Contacts by id')");
+                                    }),
+              1);
+}
+
 TEST(PanelSearchInside, OfAWindowThatIsClosedEndsAtEachYield) {
     int yield = 1;
     for (bool more = true; more; ++yield) {

@@ -1,4 +1,6 @@
 // The world of the acceptance tests under Wine: the real desk, a process of its own, with the real DLL.
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstdlib>
 #include <filesystem>
@@ -186,6 +188,7 @@ class WineWorld : public acceptance::World {
         const host::outlook::Application leaving = std::exchange(application_, {});
         leaving.call(u"Quit");
         wait_for_log("ended");
+        EXPECT_EQ(wait_for_log("faults: "), "0") << "in the desk or in what it has loaded";
         WaitForSingleObject(desk_.get(), longest_wait);
     }
 
