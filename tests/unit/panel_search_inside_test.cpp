@@ -71,6 +71,8 @@ TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
     panel.choose(u"Accounts");
     searching.world.system().on_yield = usual;
     EXPECT_TRUE(told.contains("Found 1 items in folder Account Profiles."));
+    EXPECT_TRUE(told.contains("Please Wait.. Searching for North Mill Ltd  in folder Account Contacts"))
+        << "where nothing is found, for an account without a contact";
     EXPECT_EQ(std::ranges::count_if(told,
                                     [](const std::string& text) {
                                         return text.starts_with("Found 60 items in folder ") &&
@@ -144,6 +146,23 @@ TEST(PanelSearchInside, HandsThePickerTheFolderAndTheDefinition) {
     EXPECT_EQ(given, (Lines{"ListPicker.StoreID " + acceptance::shown(profiles.StoreID()),
                             "ListPicker.FolderId " + acceptance::shown(profiles.EntryID()),
                             "ListPicker.searchany Accounts by id Accounts by id False"}));
+}
+
+TEST(PanelSearchInside, KeepsNoPickerBeyondItsEnd) {
+    Searching searching;
+    SearchPanel panel(searching.world);
+    panel.open();
+    for (int search = 1; search <= 2; ++search) {
+        SCOPED_TRACE(search);
+        searching.world.boundary().forget_calls();
+        panel.choose(u"Accounts");
+        const acceptance::Picker picker(searching.world, u"Accounts by id");
+        ASSERT_TRUE(picker.comes_up());
+        picker.click(u"cmdCancel");
+        EXPECT_TRUE(picker.goes());
+        EXPECT_TRUE(panel.ends());
+        EXPECT_EQ(std::ranges::count(searching.world.boundary().calls(), "create ContactList.List"), 1);
+    }
 }
 
 TEST(PanelSearchInside, TakesTheDefinitionOfTheTargetThatIsChosenWhenThePickerGoes) {
