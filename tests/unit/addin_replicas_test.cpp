@@ -136,6 +136,88 @@ TEST(Replication, SetsTheThirteenPropertiesOfATaskInTheirOrder) {
     }
 }
 
+TEST(Replication, TakesTheCopyTheWayOfItsKindAndEvent) {
+    struct Case {
+        const LinkedKind* kind;
+        bool is_add;
+        Texts steps;
+    };
+    const Case cases[] = {
+        {&acceptance::appointments, true, {"yield", "Copy", "Move", "yield"}},
+        {&acceptance::appointments, false, {"yield", "Copy", "Move", "yield"}},
+        {&acceptance::linked_tasks, true, {"yield", "Copy", "Save", "yield", "Delete"}},
+        {&acceptance::linked_tasks, false, {"yield", "Copy", "yield", "Move", "yield"}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(std::string(one.kind->name) + (one.is_add ? ", add" : ", change"));
+        NativeWorld world({});
+        const Item item = new_linked(world, *one.kind);
+        if (one.is_add) {
+            world.add_in()->GlobalCalendar = world.add_in()->GlobalTask = true;
+        } else {
+            world.add_in()->GlobalCalendar = world.add_in()->GlobalTask = false;
+            item.Save();
+            world.settle();
+            item.Subject(u"Changed");
+        }
+        Texts steps;
+        const std::function<void()> usual = world.system().on_yield;
+        world.system().on_yield = [&] {
+            steps.emplace_back("yield");
+            usual();
+        };
+        world.boundary().before_call = [&](const std::string& member) {
+            for (const char* const step : {"Copy", "Save", "Move", "Delete"}) {
+                if (member.ends_with("Item." + std::string(step))) steps.emplace_back(step);
+            }
+        };
+        item.Save();
+        world.settle();
+        world.boundary().before_call = nullptr;
+        world.system().on_yield = usual;
+        EXPECT_EQ(steps, one.steps);
+        close_window(item);
+    }
+}
+
+TEST(Replication, LetsAnotherItemsReplicaPassAtEachOfItsYields) {
+    for (const LinkedKind* const kind : acceptance::linked_kinds) {
+        bool more = true;
+        for (int n = 1; more; ++n) {
+            SCOPED_TRACE(std::string(kind->name) + ", yield " + std::to_string(n));
+            NativeWorld world({});
+            world.add_in()->GlobalCalendar = world.add_in()->GlobalTask = false;
+            const Item other = new_linked(world, *kind, u"K-2"), item = new_linked(world, *kind);
+            other.Save();
+            item.Save();
+            world.settle();
+            empty(shared(world, *kind));
+            int yields = 0;
+            more = false;
+            const std::function<void()> usual = world.system().on_yield;
+            world.system().on_yield = [&] {
+                if (++yields == n) {
+                    more = true;
+                    other.Subject(u"Other, changed");
+                    other.Save();
+                }
+                usual();
+            };
+            item.Subject(u"Changed");
+            item.Save();
+            world.settle();
+            world.system().on_yield = usual;
+            world.settle();
+            Texts replicas = subjects(shared(world, *kind));
+            std::ranges::sort(replicas);
+            EXPECT_EQ(replicas, (more ? Texts{"Changed", "Other, changed"} : Texts{"Changed"}));
+            close_window(item);
+            close_window(other);
+            ASSERT_LT(n, 30);
+        }
+    }
+}
+
 TEST(Replication, LeavesTheLastInspectorAsItWas) {
     NativeWorld world({});
     for (const LinkedKind* kind : acceptance::linked_kinds) {
