@@ -269,6 +269,78 @@ TEST(QuickViewFilters, NameTheContactAndTheCompany) {
         << "an apostrophe is left as it is, and the store refuses what it makes of the filter";
 }
 
+/// Quick View on a mail of Ann Lee's, with the row of an opportunity.
+struct Followed {
+    std::unique_ptr<NativeWorld> world = followed_world();
+    Item mail = world->deliver(message());
+    Item opportunity = acceptance::add_record(*world, u"Opportunities", u"IPM.Post.Opportunity", u"Row",
+                                              acceptance::keys_of_ann);
+    native::MemoryWindow* window = nullptr;
+
+    Followed() {
+        world->desk().call(u"Select", {Value(mail)});
+        world->settle();
+        window = world->engine().find(u"TW Quick View");
+        addin::forms::List& rows = list();
+        rows.add(u"Row");
+        rows.text(0, 2, opportunity.EntryID());
+        rows.takes_drops(true);
+    }
+    addin::forms::List& list() {
+        return world->add_in()->session().QuickView.window()->control(u"lstItems").list();
+    }
+};
+
+TEST(QuickViewDrop, TellsThatTheMailIsCopiedForASecond) {
+    Followed followed;
+    native::NativeDesktop& system = followed.world->system();
+    const std::uint32_t slept_before = system.slept;
+    std::set<Text> captions;
+    std::set<host::Pointer> pointers;
+    followed.world->boundary().before_call = [&](const std::string&) {
+        captions.insert(followed.window->caption());
+        pointers.insert(system.shown_pointer);
+    };
+    ASSERT_TRUE(followed.window->control(u"lstItems").drop(0));
+    followed.world->settle();
+    followed.world->boundary().before_call = nullptr;
+    EXPECT_EQ(captions, (std::set<Text>{u"Copying Email.", u"TW Quick View"}));
+    EXPECT_TRUE(pointers.contains(host::Pointer::hourglass));
+    EXPECT_EQ(system.slept - slept_before, 1000U);
+    EXPECT_EQ(followed.window->caption(), u"TW Quick View");
+    EXPECT_EQ(system.shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(system.beeps, 0);
+}
+
+TEST(QuickViewDrop, OnARowWithoutATextIsRefusedWithABeep) {
+    Followed followed;
+    followed.list().text(0, 0, u"");
+    native::NativeDesktop& system = followed.world->system();
+    ASSERT_TRUE(followed.window->control(u"lstItems").drop(0));
+    followed.world->settle();
+    EXPECT_EQ(system.beeps, 1);
+    EXPECT_EQ(system.shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(acceptance::count_in(*followed.world, u"Email"), 0);
+}
+
+TEST(QuickViewAdd, ReadsTheKeyOfTheRecordAgainAfterItIsShown) {
+    Followed followed;
+    followed.world->system().shown_pointer = host::Pointer::hourglass;
+    followed.world->add_in()->session().QuickView.window()->control(u"cmbFolders").text(u"Opportunities");
+    bool displayed = false;
+    std::vector<Text> read;
+    followed.world->boundary().before_request = [&](const std::string& member, const host::Request& request) {
+        displayed = displayed || member.ends_with(".Display");
+        if (displayed && member == "UserProperties.Item") read.push_back(request.arguments.at(0).to_text());
+    };
+    ASSERT_TRUE(followed.window->control(u"cmdAdd").click());
+    followed.world->settle();
+    followed.world->boundary().before_request = nullptr;
+    ASSERT_FALSE(read.empty());
+    EXPECT_EQ(read.front(), u"OppID") << "the form may have given it another one";
+    EXPECT_EQ(followed.world->system().shown_pointer, host::Pointer::standard);
+}
+
 TEST(QuickViewMeanwhile, AnotherSelectionMayComeAtAnyYield) {
     at_every_call([](NativeWorld& world, const Item& other) { world.desk().call(u"Select", {Value(other)}); },
                   [](NativeWorld& world) {
