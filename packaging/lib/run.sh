@@ -44,6 +44,7 @@ open_desk() {
     { desk_rows "$folder/program" "$folder/database" "$folder/state" &&
         { [[ -z $fresh ]] || friendly_rows; }; } | import_rows "$folder/desk.reg"
     start_desk "$folder/program" "$folder/state"
+    [[ -z $fresh ]] || deliver_samples
     say "the desk is open; closing its window ends it"
     say "in another terminal, './tarnwell deliver FILE...' hands it mails, for example data/sample/mails/*.eml"
     wait "$desk_pid" || code=$?
@@ -52,6 +53,20 @@ open_desk() {
         fail "the desk died (exit code $code)"
     fi
     say "the desk was closed; its data stay in $folder/database ('./tarnwell run --fresh' starts anew)"
+}
+
+# deliver_samples: puts the sample mails into a fresh Inbox, so that there is something to read.
+deliver_samples() {
+    local folder=$run_folder/deliver log=$BUILD/logs/samples.log file given=()
+    mkdir -p "$folder"
+    for file in "$ROOT"/data/sample/mails/*.eml; do given+=("$(windows_path "$file")|${file##*/}"); done
+    say "delivering ${#given[@]} sample mails"
+    run_script 300 "$folder" "$ROOT/desk/scripts/deliver.js" "${given[@]}" >"$log"
+    rm -rf "$folder"
+    ((script_status == 0)) || {
+        show_tail "$log"
+        fail "the sample mails could not be delivered"
+    }
 }
 
 # Without a display: the sample mails, delivered and read, and what the add-in made of each.
