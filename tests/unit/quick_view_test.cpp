@@ -269,6 +269,54 @@ TEST(QuickViewFilters, NameTheContactAndTheCompany) {
         << "an apostrophe is left as it is, and the store refuses what it makes of the filter";
 }
 
+/// The turns of the message loop and the calls by which a launch can be followed, in their order.
+std::vector<std::string> steps_of_launch(NativeWorld& world, const Item& mail) {
+    constexpr std::string_view told[] = {"create Tarnwell.connect",
+                                         "create TarnwellOMG.SafeMailItem",
+                                         "NameSpace.GetFolderFromID",
+                                         "SafeMailItem.SenderName",
+                                         "Items.Find",
+                                         "WshShell.Run"};
+    std::vector<std::string> steps;
+    const std::function<void()> usual = world.system().on_yield;
+    world.system().on_yield = [&] {
+        steps.emplace_back("yield");
+        usual();
+    };
+    world.boundary().before_call = [&](const std::string& member) {
+        if (std::ranges::find(told, member) != std::end(told)) steps.push_back(member);
+    };
+    world.desk().call(u"Select", {Value(mail)});
+    world.settle();
+    world.boundary().before_call = nullptr;
+    world.system().on_yield = usual;
+    return steps;
+}
+
+TEST(QuickViewLaunch, GivesWayBetweenItsSteps) {
+    const auto world = followed_world();
+    const Item of_ann = world->deliver(message());
+    const Item of_nobody = world->deliver(message({.from = "No One <no.one@nowhere.example>"}));
+    using Steps = std::vector<std::string>;
+    const Steps begins = {"yield", "yield",
+                          "yield", "create Tarnwell.connect",
+                          "yield", "create TarnwellOMG.SafeMailItem",
+                          "yield", "NameSpace.GetFolderFromID",
+                          "yield", "SafeMailItem.SenderName",
+                          "yield", "Items.Find",
+                          "yield", "Items.Find",
+                          "yield"};
+    const auto followed_by = [&](const Steps& rest) {
+        Steps all = begins;
+        all.insert(all.end(), rest.begin(), rest.end());
+        return all;
+    };
+    EXPECT_EQ(steps_of_launch(*world, of_ann), followed_by({"yield", "yield", "create Tarnwell.connect",
+                                                            "NameSpace.GetFolderFromID", "yield"}))
+        << "the window that comes opens the database, too";
+    EXPECT_EQ(steps_of_launch(*world, of_nobody), followed_by({"yield", "SafeMailItem.SenderName", "yield"}));
+}
+
 /// Quick View on a mail of Ann Lee's, with the row of an opportunity.
 struct Followed {
     std::unique_ptr<NativeWorld> world = followed_world();
