@@ -8,7 +8,6 @@ namespace addin::commands {
 void goExplorer_SelectionChange(Connect& connect) {
     Steps steps;
     Session& session = connect.session();
-    const std::shared_ptr<Connect> alive = connect.shared_from_this();  // the add-in may go while this waits
     // a selection changes all the time: with the option off, this is all that it costs
     if (Settings(session.desktop).option(setting::enable_quick_view) != option_on) return;
     host::outlook::Application application;

@@ -29,6 +29,7 @@ Connect& TrackExpl::mConnect() {
 }
 
 void TrackExpl::m_objExpl_Close() {
+    const std::shared_ptr<void> load = session_.owner.lock();     // the add-in may go while this gives way
     const std::shared_ptr<TrackExpl> alive = shared_from_this();  // the list holds the last reference
     Steps steps;
     steps.run([&] { mConnect().RemoveExplorerTracker(ExpID_); });

@@ -69,7 +69,7 @@ void Arrival::run() {
 void Arrival::of_one_selected() {
     // the error state tells whether the contact has an id: what came before must not show in it
     steps_.clear();
-    steps_.run([&] { item_.UserProperties().Item(property::contact_id); });
+    steps_.run([&] { item_.UserProperties().Item(property::contact_id).value(); });
     if (!steps_.failed()) return;
 
     steps_.set(source_, [&] { return selection_.Item(1); });

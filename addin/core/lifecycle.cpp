@@ -69,6 +69,13 @@ void Connect::IDTExtensibility2_OnStartupComplete() {}
 
 void Connect::watch(host::Sink& sink, const host::EventInterface& interface, const Object& source,
                     std::vector<Handler> handlers) {
+    for (Handler& handler : handlers) {
+        // a handler may give way, and the host let go of the add-in meanwhile
+        handler.run = [this, run = std::move(handler.run)](std::span<host::Value> arguments) {
+            const std::shared_ptr<Connect> alive = shared_from_this();
+            run(arguments);
+        };
+    }
     sink.connect(interface, source, std::move(handlers));
 }
 

@@ -99,6 +99,9 @@ struct Session {
     bool gSearchCancelled = false;  ///< nothing sets it
     std::list<ReplicaCopy> copies_under_way;
 
+    /// What the session is a part of. Who gives way holds it: the host may let go of the add-in meanwhile.
+    std::weak_ptr<void> owner;
+
     WindowPlace<addin::SearchForm> SearchForm;
     WindowPlace<> Tarnwell;
     WindowPlace<> TarnwellInfo;

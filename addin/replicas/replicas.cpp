@@ -244,7 +244,6 @@ void ItemAdd(Connect& connect, const ReplicaRow& row, const Item& item) {
 }
 
 void ItemChange(Connect& connect, const ReplicaRow& row, const Item& item) {
-    const auto alive = connect.shared_from_this();  // a yield may let it be taken away
     Session& session = connect.session();
     if (is_under_way(session, item) || is_off(session, row)) return;
     look_at_open_windows(connect, row, Offer::nothing);

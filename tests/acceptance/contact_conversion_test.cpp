@@ -419,5 +419,20 @@ TEST_F(ContactConversion, MakesARecordOfNothingWhereNoWindowIsFound) {
     EXPECT_EQ(world.application().Inspectors().Count(), 1) << "nothing is closed";
 }
 
+TEST_F(ContactConversion, IsDoneEvenIfTheHostLetsGoOfTheAddInMeanwhile) {
+    for (const Kind* const kind : {&to_contact, &to_lead}) {
+        SCOPED_TRACE(shown(kind->tag));
+        World& world = furnished();
+        const Item contact = personal({{u"FullName", u"Ann Lee"}});
+        const Object entry = world.application().COMAddIns().Item(u"CreateNote.Connect");
+        world.desk().call(u"Meanwhile",
+                          {Value(u"Ann Lee" + host::from_utf8(kind->told)), Value(entry), u"Connect", false});
+        convert(*kind, contact);
+        EXPECT_TRUE(world.wait_until([&] { return !entry.get(u"Connect").to_boolean(); }));
+        ASSERT_TRUE(record(*kind));
+        EXPECT_EQ(record(*kind).FullName(), u"Ann Lee");
+    }
+}
+
 }  // namespace
 }  // namespace acceptance

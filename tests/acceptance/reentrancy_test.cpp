@@ -208,5 +208,66 @@ TEST_F(Reentrancy, AStatusTextMayBeOverwrittenByAnother) {
     EXPECT_FALSE(window && window.get(u"Visible").to_boolean());
 }
 
+/// Something that gives way, and a moment of it that a yield follows.
+struct GivesWay {
+    const char* name;
+    TextView moment;
+    std::function<void(World&)> deed;
+};
+
+TEST_F(Reentrancy, TheHostMayLetGoOfTheAddInWhileItGivesWay) {
+    const auto select = [](World& world) {
+        world.option(u"EnableQuickView", u"1");
+        show_folder(world, world.inbox());
+        world.desk().call(u"Select", {Value(world.deliver(message()))});
+    };
+    const auto add_linked = [](World& world, std::int32_t folder, TextView message_class) {
+        const Item item = new_item(world, folder, message_class);
+        item.Subject(u"Linked");
+        item.UserProperties().Item(u"AccountID").value(Value(u"A-100"));
+        OpenedItem form(item);
+        form.show();
+        item.Save();
+        world.settle();
+        item.Subject(u"Changed");
+        item.Save();
+        EXPECT_TRUE(world.wait_for_handlers());
+        EXPECT_EQ(item.Subject(), u"Changed");
+    };
+    const GivesWay cases[] = {
+        {"a mail is read", u"ItemChange", [](World& world) { about_to_be_read(world).Save(); }},
+        {"a mail is sent", u"Checking names - Ann Lee", [](World& world) { send(world, new_mail(world)); }},
+        {"a mail is sent, and its note made", u"Ann Lee - Saving",
+         [](World& world) { send(world, new_mail(world)); }},
+        {"a selection is looked at", u"SelectionChange", select},
+        {"Quick View searches", u"Searching for Ann Lee", select},
+        {"an appointment is replicated", u"Updating Global Calendar ",
+         [&](World& world) {
+             add_linked(world, host::outlook::default_folder::calendar, u"IPM.Appointment.TarnwellAppt");
+         }},
+        {"a task is replicated", u"Updating Global Tasks ",
+         [&](World& world) {
+             add_linked(world, host::outlook::default_folder::tasks, u"IPM.Task.TarnwellTask");
+         }},
+        {"a message is shown", u"First",
+         [](World& world) { world.connect().call(u"ShowMessage", {u"First"}); }},
+    };
+    for (const GivesWay& one : cases) {
+        SCOPED_TRACE(one.name);
+        World& world = both_ways();
+        const Object entry = world.application().COMAddIns().Item(u"CreateNote.Connect");
+        meanwhile(world, one.moment, entry, u"Connect", false);
+        one.deed(world);
+        EXPECT_TRUE(world.wait_until([&] { return !entry.get(u"Connect").to_boolean(); }));
+        EXPECT_TRUE(world.wait_for_handlers());
+
+        // it comes back, and works
+        entry.put(u"Connect", true);
+        const std::int32_t before = count_in(world, u"Email");
+        about_to_be_read(world, {.from = "Bob Ray <bob@ray.example>", .subject = "Later"}).Save();
+        EXPECT_TRUE(world.wait_until([&] { return count_in(world, u"Email") == before + 1; }));
+    }
+}
+
 }  // namespace
 }  // namespace acceptance

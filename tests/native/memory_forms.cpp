@@ -134,13 +134,16 @@ addin::forms::Size MemoryWindow::size() const {
 bool MemoryWindow::raise(const Deed& event) {
     const std::weak_ptr<bool> alive = alive_;
     MemoryEngine& engine = engine_;
-    if (const std::shared_ptr<Events> events = events_.lock()) {
-        try {
-            event(*events);
-        } catch (const NotInAStrand&) {
-            throw;  // the test's own mistake
-        } catch (const std::exception& failure) {
-            engine.thrown.emplace_back(failure.what());
+    {
+        const std::shared_ptr<void> owner = engine.owner_.lock();
+        if (const std::shared_ptr<Events> events = events_.lock()) {
+            try {
+                event(*events);
+            } catch (const NotInAStrand&) {
+                throw;  // the test's own mistake
+            } catch (const std::exception& failure) {
+                engine.thrown.emplace_back(failure.what());
+            }
         }
     }
     return !alive.expired();

@@ -103,6 +103,9 @@ class MemoryEngine final : public addin::forms::Engine {
     std::unique_ptr<addin::forms::View> make(const addin::forms::FormTable& table,
                                              std::weak_ptr<addin::forms::Events> events) override;
 
+    /// What an event keeps alive while it runs.
+    void keep_during_events(std::weak_ptr<void> owner) { owner_ = std::move(owner); }
+
     /// The living windows, hidden ones too, in the order in which they were made.
     const std::vector<MemoryWindow*>& windows() const { return windows_; }
 
@@ -125,6 +128,7 @@ class MemoryEngine final : public addin::forms::Engine {
     friend class MemoryWindow;
 
     Strands& strands_;
+    std::weak_ptr<void> owner_;
     std::vector<MemoryWindow*> windows_;
     MemoryWindow* active_ = nullptr;
     int made_ = 0, shows_ = 0, modal_shows_ = 0;

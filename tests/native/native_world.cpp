@@ -124,7 +124,7 @@ void NativeWorld::start() {
     surroundings.is_registered = [this](TextView prog_id) { return !desktop_.left_out(prog_id); };
     surroundings.make_object = [this](TextView prog_id) { return desktop_.make(prog_id); };
     surroundings.connect = [this](TextView, bool connect) {
-        if (connect && !loaded_) load_add_in(mode_after_startup);
+        if (connect && !connect_) load_add_in(mode_after_startup);
         if (!connect) unload_add_in(mode_user_closed);
     };
     surroundings.remember = [this](TextView name, TextView value) {
@@ -152,7 +152,7 @@ void NativeWorld::watch_status() {
 
 void NativeWorld::quit() {
     strands_.finish();  // what is still shown as a modal window goes first
-    if (loaded_) loaded_->connect->IDTExtensibility2_OnBeginShutdown();
+    if (connect_) connect_->IDTExtensibility2_OnBeginShutdown();
     running().desk.application()->raise(u"Quit");
     unload_add_in(mode_host_shutdown);
     end_host();
@@ -165,8 +165,12 @@ void NativeWorld::end_host() {
 }
 
 void NativeWorld::load_add_in(std::int32_t connect_mode) {
-    loaded_ = std::make_unique<Loaded>(desktop_, engine_);
-    const std::shared_ptr<addin::Connect> connect = loaded_->connect;
+    const auto session = std::make_shared<addin::Session>(desktop_, engine_);
+    session->owner = session;
+    engine_.keep_during_events(session);
+    const std::shared_ptr<addin::Connect> connect(new addin::Connect(*session),
+                                                  [session](addin::Connect* last) { delete last; });
+    connect_ = connect;
     connect->IDTExtensibility2_OnConnection(application_for_add_in(), connect_mode, entry_for_add_in());
     host_->desk.add_ins()->all.front()->connected = true;
     connect->IDTExtensibility2_OnAddInsUpdate();
@@ -174,12 +178,13 @@ void NativeWorld::load_add_in(std::int32_t connect_mode) {
 }
 
 void NativeWorld::unload_add_in(std::int32_t remove_mode) {
-    if (!loaded_) return;
-    loaded_->connect->IDTExtensibility2_OnDisconnection(remove_mode);
+    if (!connect_) return;
+    const std::shared_ptr<addin::Connect> going = connect_;
+    going->IDTExtensibility2_OnDisconnection(remove_mode);
     const auto& entry = host_->desk.add_ins()->all.front();
     entry->connected = false;
     entry->published.reset();
-    loaded_.reset();
+    connect_.reset();
 }
 
 NativeWorld::Host& NativeWorld::running() {
@@ -193,7 +198,7 @@ host::outlook::Application NativeWorld::application() {
 
 desk::Desk& NativeWorld::model() { return running().desk; }
 
-addin::Connect* NativeWorld::add_in() { return loaded_ ? loaded_->connect.get() : nullptr; }
+addin::Connect* NativeWorld::add_in() { return connect_.get(); }
 
 Object NativeWorld::application_for_add_in() { return boundary_->to_add_in(application()); }
 

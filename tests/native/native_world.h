@@ -47,14 +47,6 @@ class NativeWorld final : public acceptance::World {
   private:
     struct Host;
 
-    /// The add-in in memory, with the session that it shares.
-    struct Loaded {
-        addin::Session session;
-        std::shared_ptr<addin::Connect> connect;
-        Loaded(host::Desktop& desktop, addin::forms::Engine& engine)
-            : session(desktop, engine), connect(std::make_shared<addin::Connect>(session)) {}
-    };
-
     Host& running();
     void end_host();
     void watch_status();
@@ -68,7 +60,7 @@ class NativeWorld final : public acceptance::World {
     std::unique_ptr<Host> host_;
     Strands strands_;
     MemoryEngine engine_{strands_};
-    std::unique_ptr<Loaded> loaded_;
+    std::shared_ptr<addin::Connect> connect_;  ///< the add-in, with the session that it keeps
 };
 
 }  // namespace native

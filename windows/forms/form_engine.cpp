@@ -20,11 +20,14 @@ FormEngine::FormEngine(Module& module, std::function<int()> dots_per_inch,
                                          .dots_per_inch = std::move(dots_per_inch),
                                          .pointer = std::move(pointer),
                                          .window_class = FormClass(&FormWindow::procedure),
-                                         .hook = {}}) {
+                                         .hook = {},
+                                         .owner = {}}) {
     load_controls();
 }
 
 FormEngine::~FormEngine() = default;
+
+void FormEngine::keep_during_events(std::weak_ptr<void> owner) { surroundings_->owner = std::move(owner); }
 
 std::unique_ptr<addin::forms::View> FormEngine::make(const addin::forms::FormTable& table,
                                                      std::weak_ptr<addin::forms::Events> events) {

@@ -18,6 +18,10 @@ class FormEngine final : public addin::forms::Engine {
                std::shared_ptr<const ScreenPointer> pointer = std::make_shared<ScreenPointer>());
     ~FormEngine() override;
 
+    /// What an event of a window keeps alive while it runs. If it is let go of meanwhile, its end comes with
+    /// a message of its own.
+    void keep_during_events(std::weak_ptr<void> owner);
+
     std::unique_ptr<addin::forms::View> make(const addin::forms::FormTable& table,
                                              std::weak_ptr<addin::forms::Events> events) override;
 

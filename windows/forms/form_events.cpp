@@ -14,6 +14,10 @@ namespace {
 /// To a window whose form has ended inside of an event: now its own end may come.
 constexpr UINT end_message = WM_APP + 1;
 
+/// To the window in whose event the engine's owner was let go of: `lParam` is the last reference to it.
+constexpr UINT owner_end_message = WM_APP + 2;
+using LastReference = std::shared_ptr<void>;
+
 }  // namespace
 
 /// An event that runs. The system's controls go on with their own work after they have told something, so a
@@ -34,6 +38,7 @@ class FormWindow::Running {
 
 bool FormWindow::raise(const std::function<void(Events&)>& event) {
     const std::shared_ptr<FormFrame> frame = frame_;
+    LastReference owner = surroundings_->owner.lock();
     {
         const Running running(frame);
         if (const std::shared_ptr<Events> events = events_.lock()) {
@@ -44,7 +49,15 @@ bool FormWindow::raise(const std::function<void(Events&)>& event) {
             }
         }
     }
-    return frame->form != nullptr;
+    const bool still_there = frame->form != nullptr;
+    if (owner && owner.use_count() == 1) {
+        // not here, in the midst of the system's own work with the window
+        auto last = std::make_unique<LastReference>(std::move(owner));
+        if (PostMessageW(frame->window, owner_end_message, 0, reinterpret_cast<LPARAM>(last.get()))) {
+            static_cast<void>(last.release());
+        }
+    }
+    return still_there;
 }
 
 bool FormWindow::click(const FormControl& control) {
@@ -52,6 +65,10 @@ bool FormWindow::click(const FormControl& control) {
 }
 
 LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    if (message == owner_end_message) {
+        const std::unique_ptr<LastReference> last(reinterpret_cast<LastReference*>(second));
+        return 0;
+    }
     auto* const form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (!form) {
         if (message == end_message) DestroyWindow(window);

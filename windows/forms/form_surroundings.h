@@ -49,6 +49,7 @@ struct FormSurroundings {
     /// end.
     UINT control_name_message = RegisterWindowMessageW(L"WM_GETCONTROLNAME");
     std::weak_ptr<KeyboardHook> hook;  ///< there is one as long as there is a window
+    std::weak_ptr<void> owner;         ///< kept while an event runs
 };
 
 /// Answers the question for a name.

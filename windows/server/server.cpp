@@ -27,6 +27,8 @@ ComPtr<IUnknown> Server::make_connect() {
     std::shared_ptr<Load> load = load_.lock();
     if (!load) {
         load = std::make_shared<Load>(module_);
+        load->session.owner = load;
+        load->engine.keep_during_events(load);
         load_ = load;
     }
     return ConnectObject::create(load, new_connect(load));
