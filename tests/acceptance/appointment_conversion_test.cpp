@@ -85,6 +85,22 @@ TEST_F(AppointmentConversion, ChangesTheClassAndNothingElse) {
     EXPECT_EQ(count_messages(world), 0);
 }
 
+TEST_F(AppointmentConversion, OfALinkedOneIsOnlyToldOf) {
+    World& world = with({});
+    const Item appointment = calendar().Items().Add(linked_class);
+    appointment.Subject(u"Tea at the mill");
+    appointment.Save();
+    const ItemState before = state_of(appointment);
+    OpenedItem window(appointment);
+    window.show();
+    press(world, window.window, u"Menu Bar", u"ApptButton1");
+    const Object told = window_of(world, u"Tarnwell Information");
+    EXPECT_TRUE(is_shown(told));
+    EXPECT_EQ(world.application().Inspectors().Count(), 1);
+    EXPECT_EQ(changes(before, state_of(appointment)), Lines{});
+    EXPECT_EQ(count_messages(world), 0);
+}
+
 TEST_F(AppointmentConversion, DropsWhatWasTypedIntoASavedOne) {
     with({});
     const Item appointment = planned(calendar());

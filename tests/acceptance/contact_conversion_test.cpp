@@ -277,6 +277,13 @@ const AccountCase account_cases[] = {
      false,
      of_york,
      "North Mill Ltd|1 Mill Lane|York|Yorkshire|YO1|999|www.mill.example|"},
+    {"a web page of its own, and the account's telephone",
+     {{u"CompanyName", u"North Mill Ltd"},
+      {u"BusinessAddressPostalCode", u"YO1"},
+      {u"WebPage", u"ann.example"}},
+     false,
+     of_york,
+     "North Mill Ltd|1 Mill Lane|York|Yorkshire|YO1|111|ann.example|"},
     {"an apostrophe breaks the search",
      {{u"CompanyName", u"O'Malley"}, {u"BusinessAddressPostalCode", u"D02"}},
      true,
@@ -293,7 +300,11 @@ TEST_F(ContactConversion, TiesTheContactToTheAccountOfItsCompanyAndPostalCode) {
         Fields fields = one.contact;
         fields.emplace_back(u"FullName", u"Ann Lee");
         const std::int32_t before = count_messages(world);
-        convert(to_contact, personal(fields));
+        const Item source = personal(fields);
+        const ItemState of_source = state_of(source);
+        convert(to_contact, source);
+        EXPECT_EQ(changes(of_source, state_of(source)),
+                  Lines{"CustomerID: " + shown(source.CustomerID()) + " instead of "});
         EXPECT_EQ(boxes(world, before),
                   one.asks ? (Lines{box_of(to_contact), account_box}) : Lines{box_of(to_contact)});
         const Item made = record(to_contact);
@@ -318,11 +329,47 @@ TEST_F(ContactConversion, TiesALeadToNoAccount) {
 TEST_F(ContactConversion, LetsTheUserChooseTheAccount) {
     World& world = furnished();
     add_accounts(world);
+    Fields bell = mill_of_york;
+    bell[0].second = u"A-4";
+    bell[1].second = u"Bell & Sons";
+    add_account(world, bell, u"Bell & Sons");
+    const std::string of_bell = "A-4|Bell & Sons|Tom Prior|Sales|North|";
     const AccountPicker picker(world);
-    for (const bool chosen : {true, false}) {
-        SCOPED_TRACE(chosen ? "chosen" : "cancelled");
-        const Item source = personal(
-            {{u"FullName", u"Ann Lee"}, {u"CompanyName", u"The Mill"}, {u"BusinessTelephoneNumber", u"999"}});
+    struct Case {
+        const char* name;
+        TextView chosen;  ///< nothing: the picker is cancelled
+        bool found;       ///< or else the chosen account has gone
+        Fields own;
+        std::string owner, fields;
+    };
+    const Case cases[] = {
+        {"one that tells little",
+         u"O'Malley",
+         true,
+         {{u"BusinessTelephoneNumber", u"999"}},
+         "A-3|O'Malley|Tom Prior|||",
+         "O'Malley||||D02|999||"},
+        {"one that tells all",
+         u"Bell & Sons",
+         true,
+         {},
+         of_bell,
+         "Bell & Sons|1 Mill Lane|York|Yorkshire|YO1|111|www.mill.example|"},
+        {"beside a street of its own",
+         u"Bell & Sons",
+         true,
+         {{u"BusinessAddressStreet", u"5 Own Street"}},
+         of_bell,
+         "Bell & Sons|5 Own Street||||111|www.mill.example|"},
+        {"one that can't be opened", u"Bell & Sons", false, {}, untied, "The Mill|||||||"},
+        {"none", u"", true, {{u"BusinessTelephoneNumber", u"999"}}, untied, "The Mill|||||999||"},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        Fields fields = {{u"FullName", u"Ann Lee"}, {u"CompanyName", u"The Mill"}};
+        fields.insert(fields.end(), one.own.begin(), one.own.end());
+        const Item source = personal(fields);
+        const ItemState of_source = state_of(source);
         const std::size_t calls_before = world.family_calls().size();
         OpenedItem window(source);
         window.show();
@@ -330,11 +377,12 @@ TEST_F(ContactConversion, LetsTheUserChooseTheAccount) {
         answer(world, account_question, yes);
         press(world, window.window, bar, to_contact.tag, false);
         ASSERT_TRUE(picker.opens());
-        EXPECT_EQ(picker.count(), 3);
-        if (chosen) {
-            picker.choose(u"O'Malley");
-        } else {
+        EXPECT_EQ(picker.count(), 4);
+        if (!one.found) world.fail(u"NameSpace.GetItemFromID", 0, 1);
+        if (one.chosen.empty()) {
             picker.cancel();
+        } else {
+            picker.choose(one.chosen);
         }
         EXPECT_TRUE(world.wait_for_handlers());
         EXPECT_FALSE(picker.is_open());
@@ -351,9 +399,10 @@ TEST_F(ContactConversion, LetsTheUserChooseTheAccount) {
                          "ListPicker.searchany(Account, Account List)"}));
         const Item made = record(to_contact);
         ASSERT_TRUE(made);
-        EXPECT_EQ(told_owner(made), chosen ? "A-3|O'Malley|Tom Prior|||" : untied);
-        EXPECT_EQ(told_fields(made), chosen ? "O'Malley||||D02|999||" : "The Mill|||||999||");
-        EXPECT_EQ(source.CompanyName(), u"The Mill");
+        EXPECT_EQ(told_owner(made), one.owner);
+        EXPECT_EQ(told_fields(made), one.fields);
+        EXPECT_EQ(changes(of_source, state_of(source)),
+                  Lines{"CustomerID: " + shown(source.CustomerID()) + " instead of "});
         empty_folder(folder_of(to_contact));
     }
 }

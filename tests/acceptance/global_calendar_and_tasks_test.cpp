@@ -26,9 +26,13 @@ TEST_F(Replicas, OfAnItemThatIsChangedThroughItsFormAreEqualToIt) {
         const std::size_t shown_before = statuses(world).size();
         EXPECT_TRUE(guard(world, *kind)) << "its form is open";
         EXPECT_EQ(count(shared(world, *kind)), 0);
-        change(world, item, u"Plan of the new line, 2");
-        const std::string as_saved = described(world, item);
-        EXPECT_NE(as_saved.find("Subject: Plan of the new line, 2\n"), std::string::npos) << as_saved;
+        item.Subject(u"Plan of the new line, 2");
+        const std::string edited = described(world, item);
+        item.Save();
+        world.wait_for_handlers();
+        EXPECT_EQ(described(world, item), edited) << "the user's own item is as it was saved";
+        EXPECT_TRUE(item.Saved());
+        EXPECT_NE(edited.find("Subject: Plan of the new line, 2\n"), std::string::npos) << edited;
         expect_one_replica(world, *kind, item);
         EXPECT_EQ(statuses(world, shown_before), Texts{kind->status});
         EXPECT_FALSE(window_of(world, u"Tarnwell").get(u"Visible").to_boolean());
@@ -68,6 +72,20 @@ TEST_F(Replicas, AreMadeUnlessTheOptionSaysZero) {
             EXPECT_EQ(count(own(world, *kind)), 1);
             EXPECT_TRUE(guard(world, *kind)) << "the form is open";
         }
+
+        // nor is anything done about a new item, whose coming would clean the shared folder
+        World& world = emptied(*kind);
+        world.option(kind->enabled, u"0");
+        add_twin(*kind, shared(world, *kind), u"Older");
+        const std::size_t shown_before = statuses(world).size();
+        const Item item = new_item(world, kind->own_folder, kind->message_class);
+        open(item);
+        item.UserProperties().Item(kind->key).value(u"K-1");
+        item.UserProperties().Item(u"AccountID").value(u"A-100");
+        item.Save();
+        world.wait_for_handlers();
+        EXPECT_EQ(subjects(shared(world, *kind)), Texts{"Older"});
+        EXPECT_EQ(statuses(world, shown_before), Texts{});
     }
 }
 
@@ -155,10 +173,12 @@ TEST_F(Replicas, AreReplacedWhereverTheSameKeyStands) {
         add_twin(*kind, own(world, *kind), u"Third");
         add_twin(*kind, own(world, *kind), u"Another", u"K-2");
         world.wait_for_handlers();
+        const std::string another = described(world, own(world, *kind)).back();
         open(item);
         change(world, item, u"New");
         EXPECT_EQ(subjects(shared(world, *kind)), (Texts{"Another's", "New"}));
-        EXPECT_EQ(subjects(own(world, *kind)), (Texts{"New", "Another"})) << "the first stays";
+        EXPECT_EQ(described(world, own(world, *kind)), (Texts{described(world, item), another}))
+            << "the first stays, and another's";
     }
 }
 

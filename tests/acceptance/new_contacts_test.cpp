@@ -108,7 +108,11 @@ TEST_F(NewContacts, BecomeRecordsByWhatIsSelected) {
         SCOPED_TRACE(one.name);
         world.option(u"PDAContactSync", one.sync);
         std::vector<Item> sources;
-        for (const TextView name : one.selected) sources.push_back(personal(name));
+        std::vector<ItemState> before;
+        for (const TextView name : one.selected) {
+            sources.push_back(personal(name));
+            before.push_back(state_of(sources.back()));
+        }
         if (sources.empty()) {
             select_nothing();
         } else {
@@ -129,8 +133,9 @@ TEST_F(NewContacts, BecomeRecordsByWhatIsSelected) {
         }
         EXPECT_TRUE(contact.Saved());
         for (std::size_t i = 0; i < sources.size(); ++i) {
-            EXPECT_EQ(shown(sources[i].CustomerID()), one.tied[i] ? shown(id) : "") << i;
-            EXPECT_EQ(sources[i].MessageClass(), personal_class);
+            EXPECT_EQ(changes(before[i], state_of(sources[i])),
+                      one.tied[i] ? Lines{"CustomerID: " + shown(id) + " instead of "} : Lines{})
+                << i;
             EXPECT_TRUE(sources[i].Saved());
         }
         EXPECT_EQ(shown(sync()), shown(one.sync));
@@ -174,6 +179,33 @@ TEST_F(NewContacts, ThatAreDraggedTogetherEachFindTheirSource) {
     EXPECT_NE(ann.CustomerID(), first);
     EXPECT_EQ(count_in(world, u"Account Contacts"), 3);
     EXPECT_EQ(sync(), u"1");
+}
+
+TEST_F(NewContacts, ThatAreDraggedAtOnceAreTiedToTheirSourcesInAnyOrderOfEvents) {
+    for (const char* const order : {"host", "deferred", "at-once"}) {
+        SCOPED_TRACE(order);
+        World& world = furnished({.event_order = order});
+        world.option(u"PDAContactSync", u"1");
+        const Item sources[] = {personal(u"Ann Lee"), personal(u"Bob Ray")};
+        const ItemState before[] = {state_of(sources[0]), state_of(sources[1])};
+        show_folder(world, own());
+        select({sources[0], sources[1]});
+        world.desk().call(u"Drag", {Value(world.below(u"Account Contacts")), true});
+        EXPECT_TRUE(world.wait_until([&] { return count_in(world, u"Account Contacts") == 2; }));
+        EXPECT_TRUE(world.wait_for_handlers());
+        const host::outlook::Items made = world.below(u"Account Contacts").Items();
+        ASSERT_EQ(made.Count(), 2);
+        for (std::int32_t i = 1; i <= 2; ++i) {
+            const Item record = made.Item(i);
+            const std::size_t source = record.FullName() == u"Ann Lee" ? 0 : 1;
+            const std::string id = shown(World::property(record, u"ContactID"));
+            EXPECT_EQ(record.MessageClass(), record_class);
+            EXPECT_EQ(changes(before[source], state_of(sources[source])),
+                      Lines{"CustomerID: " + id + " instead of "});
+        }
+        EXPECT_NE(sources[0].CustomerID(), sources[1].CustomerID());
+        EXPECT_EQ(sync(), u"1");
+    }
 }
 
 TEST_F(NewContacts, AreStampedForEachSelectedOfTheirName) {

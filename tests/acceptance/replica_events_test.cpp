@@ -40,8 +40,10 @@ ReplicaEvents::Seen ReplicaEvents::add_and_change(World& world, const LinkedKind
     seen.after_add = subjects(shared_folder);
     change(world, item, u"One");
     seen.after_change = subjects(shared_folder);
+    if (!key.empty()) expect_one_replica(world, kind, item);
     change(world, item, u"Two");
     seen.after_second = subjects(shared_folder);
+    if (!key.empty()) expect_one_replica(world, kind, item);
     seen.own = subjects(own(world, kind));
     return seen;
 }
@@ -92,6 +94,31 @@ TEST_F(ReplicaEvents, OfACopyWithoutAKeyStartNoOther) {
             SCOPED_TRACE(kind->name + order_events(world, order));
             EXPECT_EQ(add_and_change(world, *kind, u""), expected);
             close_forms();
+            order_events(world, usual_order);
+        }
+    }
+}
+
+TEST_F(ReplicaEvents, InAnyOrderCleanBothFoldersAndLeaveTheReplicaOfADeletedItem) {
+    for (const LinkedKind* kind : linked_kinds) {
+        for (unsigned order = 0; order < event_orders; ++order) {
+            World& world = emptied(*kind);
+            SCOPED_TRACE(kind->name + order_events(world, order));
+            const Item item = add(world, *kind, {.opened = false});
+            add_twin(*kind, own(world, *kind), u"Second");
+            add_twin(*kind, shared(world, *kind), u"Old");
+            add_twin(*kind, shared(world, *kind), u"Older");
+            world.wait_for_handlers();
+            open(item);
+            change(world, item, u"New");
+            expect_one_replica(world, *kind, item);
+
+            const std::string replica = described(world, item);
+            close_forms();
+            item.call(u"Delete");
+            world.wait_for_handlers();
+            EXPECT_EQ(subjects(own(world, *kind)), Texts{});
+            EXPECT_EQ(described(world, shared(world, *kind)), Texts{replica});
             order_events(world, usual_order);
         }
     }

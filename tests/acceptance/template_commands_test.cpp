@@ -126,8 +126,10 @@ TEST_F(TemplateCommands, SayThatItWasCreatedWhateverBecameOfIt) {
         OpenedItem window(world.deliver(message({.subject = one.subject})));
         window.show();
         const std::int32_t before = count_messages(world);
+        const ItemState mail = state_of(window.item);
         save_template(window);
         EXPECT_EQ(boxes(world, before), (Lines{question_box, created(one.subject)}));
+        EXPECT_EQ(changes(mail, state_of(window.item)), Lines{});
         Lines types;
         for (std::int32_t i = 1; i <= templates().Count(); ++i)
             types.push_back(record_type(templates().Item(i)));
@@ -141,8 +143,10 @@ TEST_F(TemplateCommands, LeaveTheCopyWhereItIsWithoutADatabase) {
     OpenedItem window(world.deliver(message({.subject = "A greeting"})));
     window.show();
     world.family(u"Fail", u"MainAddIn.GetFolderId");
+    const ItemState mail = state_of(window.item);
     save_template(window);
     EXPECT_EQ(boxes(world), (Lines{question_box, created("A greeting")}));
+    EXPECT_EQ(changes(mail, state_of(window.item)), Lines{});
     EXPECT_EQ(templates().Count(), 0);
     ASSERT_EQ(world.inbox().Items().Count(), 2);
     EXPECT_EQ(world.inbox().Items().Item(2).MessageClass(), u"IPM.Post.Drop Down");
