@@ -7,13 +7,13 @@
 
 namespace acceptance {
 
-/// The values of all fields and user properties by their names, the message class and the number of
-/// attachments.
+/// The values of all fields by their names, the message class, the user properties ("[name, type]"), the
+/// recipients and the attachments; what is empty is left out, and so is when the item was made and changed
+/// last.
 using ItemState = std::map<std::string, std::string>;
 ItemState state_of(const host::outlook::Item& item);
 
-/// What differs, as "CustomerID: C-1 instead of ", in the order of the names. When the item was changed last
-/// is left out.
+/// What differs, as "CustomerID: C-1 instead of ", in the order of the names.
 Lines changes(const ItemState& before, const ItemState& after);
 
 /// Removes all items of a folder.
