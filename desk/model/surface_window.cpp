@@ -138,9 +138,11 @@ void SurfaceControl::column_click(std::int32_t place) {
     list.column_click(place_from_0(place, list.columns()));
 }
 
-void SurfaceControl::drop(std::int32_t place) {
+void SurfaceControl::drop(std::int32_t row, std::int32_t column) {
     ControlDriver& list = as_list();
-    list.drop(place_from_0(place, list.count()));
+    constexpr std::int32_t below_rows = 0;
+    const int onto = row == below_rows ? -1 : place_from_0(row, list.count());
+    list.drop(onto, place_from_0(column, list.columns()));
 }
 
 const host::Members<SurfaceControl>& SurfaceControl::members() {
@@ -168,7 +170,14 @@ const host::Members<SurfaceControl>& SurfaceControl::members() {
         {u"Columns", host::no_id, Use::get,
          [](Self& self, const Arguments&) { return Value(self.columns()); }},
         {u"ColumnClick", host::no_id, Use::method, index, told_number<&Self::column_click>},
-        {u"Drop", host::no_id, Use::method, {{u"Row", Takes::integer}}, told_number<&Self::drop>},
+        {u"Drop",
+         host::no_id,
+         Use::method,
+         {{u"Row", Takes::integer}, {u"Column", Takes::integer, true}},
+         [](Self& self, const Arguments& a) {
+             self.drop(a[0].to_integer(), a.has(1) ? a[1].to_integer() : 1);
+             return Value();
+         }},
     };
     return table;
 }

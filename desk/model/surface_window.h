@@ -47,7 +47,7 @@ class SurfaceControl : public ModelObject<SurfaceControl> {
     void select(std::int32_t place);
     host::Object columns();
     void column_click(std::int32_t place);
-    void drop(std::int32_t place);
+    void drop(std::int32_t row, std::int32_t column);  ///< below the rows if the row is 0
 
   private:
     std::shared_ptr<ControlDriver> driver_;

@@ -51,7 +51,8 @@ class ControlDriver {
     virtual int columns() const = 0;
     virtual ShownColumn column(int index) const = 0;
     virtual void column_click(int index) = 0;
-    virtual void drop(int row) = 0;  ///< drags something onto a row and lets it go there
+    /// Drags something onto a row's cell and lets it go there; below the rows if the row is -1.
+    virtual void drop(int row, int column) = 0;
 };
 
 struct WindowPlace {

@@ -105,7 +105,7 @@ class RealControl : public ControlDriver {
     int columns() const override { throw no_entries(); }
     ShownColumn column(int) const override { throw no_entries(); }
     void column_click(int) override { throw no_entries(); }
-    void drop(int) override { throw no_entries(); }
+    void drop(int, int) override { throw no_entries(); }
 
   protected:
     static Failure no_entries() {
@@ -265,16 +265,16 @@ class RealList final : public RealControl {
             press_mouse(header, middle(box));
         });
     }
-    void drop(int row) override {
+    void drop(int row, int column) override {
         if (!GetPropW(there(), drop_target_property)) {
             throw Failure(result::fail, u"The list takes no drops.");
         }
-        act([row, &module = module_](HWND window) {
+        act([row, column, &module = module_](HWND window) {
             const ComPtr<IDropTarget> target(
                 static_cast<IDropTarget*>(GetPropW(window, drop_target_property)));
             if (!target) return;
             const ComPtr<IDataObject> dragged = Dragged::create(module);
-            POINT place = point_of(window, row);
+            POINT place = column == 0 ? point_of(window, row) : point_in_cell(window, row, column);
             ClientToScreen(window, &place);
             const POINTL point{place.x, place.y};
             DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
@@ -314,6 +314,25 @@ class RealList final : public RealControl {
         SendMessageW(window, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&box));
         constexpr LONG into_label = 4;  // pixels
         return {(box.left > 0 ? box.left : 0) + into_label, (box.top + box.bottom) / 2};
+    }
+
+    static POINT point_in_cell(HWND window, int row, int column) {
+        POINT place = point_of(window, row);
+        const auto left = [&] {
+            RECT box{};
+            box.top = column;
+            box.left = LVIR_LABEL;
+            SendMessageW(window, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row),
+                         reinterpret_cast<LPARAM>(&box));
+            return box.left;
+        };
+        RECT client{};
+        GetClientRect(window, &client);
+        constexpr LONG into_cell = 4;  // pixels
+        const LONG beyond = left() + 2 * into_cell - client.right;
+        if (beyond > 0) SendMessageW(window, LVM_SCROLL, static_cast<WPARAM>(beyond), 0);
+        place.x = left() + into_cell;
+        return place;
     }
 
     windows::Module& module_;

@@ -219,9 +219,9 @@ bool MemoryControl::column_click(int column) {
     });
 }
 
-bool MemoryControl::drop(int row) {
+bool MemoryControl::drop(int row, int column) {
     if (!usable() || !list_ || !list_->takes_drops() || row < -1 || row >= list_->count()) return false;
-    return window_.act([this, point = list_->middle(row)] {
+    return window_.act([this, point = list_->middle(row, column)] {
         window_.raise([name = row_.name, point](Events& events) { events.on_drop(name, point.x, point.y); });
     });
 }

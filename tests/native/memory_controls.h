@@ -71,11 +71,11 @@ class MemoryList final : public addin::forms::List {
     const addin::forms::HeaderItem& header_item(int column) const;  ///< as it was set last
     int mark(int column) const;  ///< the number of the picture that the heading shows, or -1
 
-    /// A point in the middle of a row's first column; below the rows for -1. Pixels.
+    /// A point in the middle of a row's cell; below the rows for -1. Pixels.
     struct Point {
         int x, y;
     };
-    Point middle(int row) const;
+    Point middle(int row, int column = 0) const;
 
   private:
     struct Row {
@@ -145,7 +145,7 @@ class MemoryControl final : public addin::forms::Control {
     bool select(int row);            ///< a click on a row of a list; -1: beside the rows
     bool double_click(int row);      ///< -1: beside the rows
     bool column_click(int column);
-    bool drop(int row);  ///< -1: below the rows; only where drops are taken
+    bool drop(int row, int column = 0);  ///< row -1: below the rows; only where drops are taken
 
     bool takes_focus() const;  ///< by its kind
     bool is_text_box() const { return row_.kind == addin::forms::ControlKind::text_box; }

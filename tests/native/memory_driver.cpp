@@ -96,9 +96,9 @@ class MemoryControlDriver final : public desk::ControlDriver {
     void column_click(int index) override {
         post([index](MemoryControl& control) { control.column_click(index); });
     }
-    void drop(int row) override {
+    void drop(int row, int column) override {
         if (!list().takes_drops()) throw Failure(result::fail, u"The list takes no drops.");
-        post([row](MemoryControl& control) { control.drop(row); });
+        post([row, column](MemoryControl& control) { control.drop(row, column); });
     }
 
   private:

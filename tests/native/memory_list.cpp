@@ -177,9 +177,12 @@ Hit MemoryList::hit(int x, int y) const {
     return {};
 }
 
-MemoryList::Point MemoryList::middle(int row) const {
+MemoryList::Point MemoryList::middle(int row, int column) const {
     const int shown = row == -1 ? count() : row;
-    return {pixel_width(0) / 2, scaled(heading_height) + scaled(row_height) * shown + scaled(row_height) / 2};
+    int left = 0;
+    for (int before = 0; before < column; ++before) left += pixel_width(before);
+    return {left + pixel_width(column) / 2,
+            scaled(heading_height) + scaled(row_height) * shown + scaled(row_height) / 2};
 }
 
 }  // namespace native

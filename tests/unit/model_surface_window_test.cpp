@@ -139,7 +139,10 @@ TEST_F(SurfaceWindows, HaveListsWithRowsAndColumns) {
     EXPECT_EQ(failure_of([&] { control.call(u"Drop", {1}); }), result::fail) << "it takes no drops";
     list.takes_drops(true);
     control.call(u"Drop", {1});
-    EXPECT_EQ(told(), Told{"drop List1"});
+    control.call(u"Drop", {1, 2});
+    control.call(u"Drop", {0});
+    EXPECT_EQ(told(), (Told{"drop List1", "drop List1", "drop List1"}));
+    EXPECT_EQ(failure_of([&] { control.call(u"Drop", {1, 9}); }), result::bad_index);
 }
 
 TEST_F(SurfaceWindows, MayShowAModalOneWhileTheScriptGoesOn) {
