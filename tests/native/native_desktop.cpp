@@ -127,8 +127,10 @@ void NativeDesktop::delete_file(TextView path) {
 
 std::intptr_t NativeDesktop::shell_execute(const host::ShellRequest& request) {
     boundary_->pass("shell_execute");
-    programs_.opened.push_back(Text(request.directory) + u"\\" + Text(request.file));
-    constexpr std::intptr_t success = 33;
+    const Text file = Text(request.directory) + u"\\" + Text(request.file);
+    constexpr std::intptr_t file_not_found = 2, success = 33;
+    if (!std::filesystem::exists(local_path(file))) return file_not_found;
+    programs_.opened.push_back(file);
     return success;
 }
 

@@ -253,9 +253,11 @@ struct Listed {
 
 TEST(PanelResults, OfFilesAreHandedToTheShell) {
     Listed listed;
-    listed.add(u"File Search", u"offer.txt", u"C:\\Work\\Bell", u"C:\\Work\\Bell");
+    const Text file = listed.world.write_document("offer.txt", "An offer");
+    const Text folder = file.substr(0, file.rfind(u'\\'));
+    listed.add(u"File Search", u"offer.txt", folder, folder);
     listed.open(0);
-    EXPECT_EQ(listed.world.model().surroundings().opened(), std::vector<Text>{u"C:\\Work\\Bell\\offer.txt"});
+    EXPECT_EQ(listed.world.model().surroundings().opened(), std::vector<Text>{file});
     EXPECT_EQ(listed.world.system().shown_pointer, host::Pointer::standard);
     const native::NthCall fault(listed.world, 1);
     listed.open(0);
