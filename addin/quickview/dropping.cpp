@@ -23,6 +23,14 @@ struct Target {
 constexpr Target targets[] = {{records::message_class::opportunity, Path::drop_on_opportunity},
                               {records::message_class::inquiry, Path::drop_on_inquiry}};
 
+/// Throws `Failure` for an item of another kind: it is neither copied nor marked.
+const Item& as_mail(const Item& item) {
+    if (item.Class() != host::outlook::object_class::mail) {
+        throw host::Failure(host::result::type_mismatch, u"What is selected is no mail.");
+    }
+    return item;
+}
+
 }  // namespace
 
 void QuickView::lstItems_OLEDragDrop(int x, int y) {
@@ -46,7 +54,7 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
         return;
     }
     Item dropped, target;
-    steps.set(dropped, [&] { return name_space().GetItemFromID(selection.Item(1).EntryID()); });
+    steps.set(dropped, [&] { return as_mail(name_space().GetItemFromID(selection.Item(1).EntryID())); });
     steps.set(target,
               [&] { return name_space().GetItemFromID(list().text(list().selected(), column::entry_id)); });
     steps.run([&] { mail.Item(dropped); });

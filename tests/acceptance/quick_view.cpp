@@ -35,8 +35,8 @@ bool QuickView::refuses_drops() const {
     return failure_of([&] { control(u"lstItems").call(u"Drop", {1}); }) == host::result::fail;
 }
 
-void QuickView::drop(std::int32_t row) const {
-    control(u"lstItems").call(u"Drop", {row});
+void QuickView::drop(std::int32_t row, std::int32_t column) const {
+    control(u"lstItems").call(u"Drop", {row, column});
     EXPECT_TRUE(world_.wait_for_handlers());
     EXPECT_TRUE(world_.wait_until([&] { return is_open(); })) << "its caption is the usual one again";
 }
@@ -59,6 +59,18 @@ World& SideView::viewing(const WorldSetup& setup) {
 void SideView::select(const Item& mail) {
     world().desk().call(u"Select", {Value(mail)});
     EXPECT_TRUE(world().wait_for_handlers());
+}
+
+Object SideView::call(TextView operation) {
+    return call(operation, Value(world().application().ActiveExplorer().Selection()));
+}
+
+Object SideView::call(TextView operation, const Value& selection) {
+    host::Request request{
+        .access = host::Access::call, .member = operation, .arguments = {selection}, .by_reference = 1};
+    world().connect().invoke(request);
+    EXPECT_TRUE(world().wait_for_handlers());
+    return request.arguments.at(0).to_object();
 }
 
 void SideView::press_entry() {

@@ -17,8 +17,9 @@ class QuickView : public AddInWindow {
     void choose_folder(host::TextView name) const { choose(u"cmbFolders", name); }
     /// Whether the list, which has rows, refuses what is dropped. If it doesn't, this was a drop.
     bool refuses_drops() const;
-    /// Drops something on a row, counted from 1, and waits until all is done.
-    void drop(std::int32_t row) const;
+    /// Drops something on a row's cell, both counted from 1, and waits until all is done. Below the rows if
+    /// the row is 0.
+    void drop(std::int32_t row, std::int32_t column = 1) const;
     void close() const;
 };
 
@@ -29,6 +30,10 @@ class SideView : public Filing {
 
     /// Clicks mails in the explorer, and waits until nothing happens any more.
     void select(const host::outlook::Item& mail);
+    /// Calls an operation for what is selected, or for another collection of items, as others of the family
+    /// do; answers what the collection became.
+    host::Object call(host::TextView operation);
+    host::Object call(host::TextView operation, const host::Value& selection);
     /// The entry of the explorer's context menu; it comes back at once.
     void press_entry();
 

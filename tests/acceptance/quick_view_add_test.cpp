@@ -1,6 +1,7 @@
 // New records and filed mail: the button of Quick View, and mail that is dropped on a row of its list.
 #include <algorithm>
 
+#include "tests/acceptance/item_state.h"
 #include "tests/acceptance/quick_view.h"
 
 namespace acceptance {
@@ -355,20 +356,50 @@ TEST_F(QuickViewDropping, FilesNothingButMarksForARowOfAnotherClass) {
     EXPECT_TRUE(is_marked_by_user(mail));
 }
 
-TEST_F(QuickViewDropping, FilesAnEmptyNoteWithoutASelection) {
+TEST_F(QuickViewDropping, FilesAnEmptyNoteWithoutAMailThatIsSelected) {
+    for (const bool with_contact : {false, true}) {
+        SCOPED_TRACE(with_contact);
+        World& world = viewing();
+        const Item mail = show_ann();
+        add_target(u"Opportunities", u"IPM.Post.Opportunity", u"OppID", u"O-1");
+        view().choose_folder(u"Opportunities");
+        world.option(u"EnableQuickView", u"0");
+        const Item contact = only_item(world, u"Account Contacts");
+        const ItemState before = state_of(contact);
+        if (with_contact) {
+            select(contact);
+        } else {
+            world.desk().call(u"Select");
+        }
+        view().drop(1);
+        const Item note = only_item(world, u"Notes");
+        ASSERT_TRUE(note);
+        EXPECT_EQ(note.Subject(), u"");
+        EXPECT_EQ(note.Body(), u"");
+        EXPECT_EQ(note.Attachments().Count(), 0);
+        EXPECT_EQ(shown(World::property(note, u"OppID")), "O-1");
+        EXPECT_FALSE(is_marked_by_user(mail));
+        EXPECT_EQ(changes(before, state_of(contact)), Lines{});
+        TearDown();
+    }
+}
+
+TEST_F(QuickViewDropping, CountsEveryCellAsItsRowAndNothingBelow) {
     World& world = viewing();
     const Item mail = show_ann();
     add_target(u"Opportunities", u"IPM.Post.Opportunity", u"OppID", u"O-1");
     view().choose_folder(u"Opportunities");
-    world.option(u"EnableQuickView", u"0");
-    world.desk().call(u"Select");
-    view().drop(1);
+    view().drop(0);
+    EXPECT_EQ(count_in(world, u"Notes"), 0) << "below the last row";
+    EXPECT_EQ(view().selected(), 0);
+    EXPECT_FALSE(is_marked_by_user(mail));
+    constexpr std::int32_t modified_date = 2;
+    view().drop(1, modified_date);
     const Item note = only_item(world, u"Notes");
     ASSERT_TRUE(note);
-    EXPECT_EQ(note.Subject(), u"");
-    EXPECT_EQ(note.Attachments().Count(), 0);
     EXPECT_EQ(shown(World::property(note, u"OppID")), "O-1");
-    EXPECT_FALSE(is_marked_by_user(mail));
+    EXPECT_EQ(view().selected(), 1);
+    EXPECT_TRUE(is_marked_by_user(mail));
 }
 
 TEST_F(QuickViewDropping, RefusesARowWithoutAText) {
