@@ -1,4 +1,5 @@
 // From the selected mail to the contact of its sender: when Quick View comes up, for whom, and with what.
+#include "host/automated.h"
 #include "tests/acceptance/account_picker.h"
 #include "tests/acceptance/quick_view.h"
 
@@ -14,20 +15,25 @@ using host::outlook::Item;
 constexpr std::int32_t yes = 6, no = 7;
 const std::string directory = "X-Desk-Sender: EX /o=Example/cn=ann\n";
 
-class QuickViewLaunch : public SideView {
-  protected:
-    /// Calls an operation for what is selected, as others of the family do; answers what the selection
-    /// became.
-    Object call(TextView operation) {
-        host::Request request{.access = host::Access::call,
-                              .member = operation,
-                              .arguments = {Value(world().application().ActiveExplorer().Selection())},
-                              .by_reference = 1};
-        world().connect().invoke(request);
-        EXPECT_TRUE(world().wait_for_handlers());
-        return request.arguments.at(0).to_object();
+/// What another part of the family may hand over in place of a selection: one item.
+class OneItem : public host::Automated<OneItem> {
+  public:
+    explicit OneItem(Item item) : item_(std::move(item)) {}
+    static const host::Members<OneItem>& members() {
+        constexpr std::int32_t item_id = 0x51;  // as of a Selection
+        static const host::Members<OneItem> table{
+            {u"Item", item_id, host::Use::method, {{u"Index"}}, [](OneItem& self, const host::Arguments&) {
+                 return Value(self.item_);
+             }}};
+        return table;
     }
 
+  private:
+    Item item_;
+};
+
+class QuickViewLaunch : public SideView {
+  protected:
     /// The usual world, emptied, with the window gone.
     World& again() {
         if (view().is_open()) view().close();
@@ -80,13 +86,14 @@ TEST_F(QuickViewLaunch, ShowsTheContactOfTheSelectedMail) {
     expect_left_alone(world, mail);
 }
 
-TEST_F(QuickViewLaunch, HappensOnlyForASingleMailThatWasReceived) {
+TEST_F(QuickViewLaunch, HappensOnlyForASingleReceivedMailInAFolderOfTheInboxsName) {
     struct Case {
         const char* name;
         MailPlan mail{};
         bool is_shown = false;
         const char16_t* option = u"1";
         bool with_another = false;
+        const char16_t* folder = nullptr;  ///< below the Inbox
     };
     const Case cases[] = {
         {.name = "an ordinary mail", .is_shown = true},
@@ -100,15 +107,21 @@ TEST_F(QuickViewLaunch, HappensOnlyForASingleMailThatWasReceived) {
         {.name = "no To line", .mail = {.to = "", .more = "Cc: Bo <bo@bo.example>\n"}, .is_shown = true},
         {.name = "no To line and no native address",
          .mail = {.to = "", .more = "Cc: Bo <bo@bo.example>\nX-Desk-Sender: EX -\n"}},
+        {.name = "a folder of the same name elsewhere", .is_shown = true, .folder = u"Inbox"},
+        {.name = "a folder of mail of another name", .folder = u"Orders"},
     };
-    World& first = viewing();
-    const Item another = first.deliver(message({.from = "Zoe <zoe@quill.example>"}));
+    viewing();
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
         World& world = again();
         world.option(u"EnableQuickView", one.option);
         add_contact(world);
-        const Item mail = world.deliver(message(one.mail));
+        Item mail = world.deliver(message(one.mail));
+        if (one.folder) {
+            const Object folder = world.inbox().Folders().call(u"Add", {one.folder}).to_object();
+            mail = Item(mail.call(u"Move", {Value(folder)}).to_object());
+            show_folder(world, host::outlook::Folder(folder));
+        }
         if (one.with_another) {
             world.desk().call(u"Select", {Value(mail), Value(world.deliver(message()))});
             EXPECT_TRUE(world.wait_for_handlers());
@@ -134,6 +147,28 @@ TEST_F(QuickViewLaunch, HidesTheWindowFirstUnlessTheOptionIsOff) {
     select(private_mail);
     EXPECT_FALSE(view().is_open());
     EXPECT_EQ(view().text(u"Contactname"), "Ann Lee") << "hidden, not gone";
+    const Item first = world.deliver(message()), second = world.deliver(message());
+    select(first);
+    EXPECT_TRUE(view().is_open());
+    world.desk().call(u"Select", {Value(first), Value(second)});
+    EXPECT_TRUE(world.wait_for_handlers());
+    EXPECT_FALSE(view().is_open()) << "it isn't for several";
+}
+
+TEST_F(QuickViewLaunch, EndsSilentlyForADraftThatWasNeverSaved) {
+    World& world = viewing();
+    add_contact(world);
+    const Item draft = new_item(world, item_type::mail);
+    draft.put(u"To", u"Ann Lee <ann.lee@northmill.example>");
+    ASSERT_EQ(draft.EntryID(), u"");
+    for (const TextView operation : {u"ShowQuickView", u"ShowTarnwell"}) {
+        SCOPED_TRACE(shown(operation));
+        const Object became = call(operation, Value(std::make_shared<OneItem>(draft)));
+        EXPECT_EQ(Item(became).get(u"Class").to_integer(), 43) << "it was looked at";
+        EXPECT_FALSE(view().is_open());
+        EXPECT_EQ(statuses(world), Lines{});
+        EXPECT_EQ(count_messages(world), 0);
+    }
 }
 
 TEST_F(QuickViewLaunch, IsForFoldersOfMail) {
@@ -430,6 +465,13 @@ TEST_F(QuickViewLaunch, MakesAContactAndANoteOfAStranger) {
         EXPECT_FALSE(view().is_open());
         EXPECT_EQ(programs(), Lines{});
         expect_status_window_gone();
+        // so it is filed once more when it is read
+        world.family(u"EmailAutoFile", u"1");
+        world.option(u"SaveExchangeEmail", u"1");
+        World::read(mail);
+        EXPECT_TRUE(world.wait_for_handlers());
+        EXPECT_EQ(count_in(world, u"Email"), 2);
+        EXPECT_TRUE(is_marked(mail));
     }
 }
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "tests/acceptance/quick_view.h"
+#include "tests/acceptance/search_panel.h"
 
 namespace acceptance {
 namespace {
@@ -192,6 +193,23 @@ TEST_F(QuickViewWindow, SortsByAClickOnAHeading) {
     window.click_column(3);
     EXPECT_EQ(window.column(1), by_date) << "nothing more than the key changes";
     EXPECT_EQ(window.marks(), (std::vector<std::int32_t>{-1, -1, -1}));
+
+    // whatever order a comparison that knows no "less" leaves among many of the same second, no row gets lost
+    constexpr int many = 50;
+    for (int i = 0; i < many; ++i) add_record(world, u"Notes", u"IPM.Post.Note", u"one of many", keys_of_ann);
+    window.choose_folder(u"Notes");
+    const auto sorted_ids = [&] {
+        Lines ids = window.column(3);
+        std::ranges::sort(ids);
+        return ids;
+    };
+    const Lines ids = sorted_ids();
+    EXPECT_EQ(ids.size(), by_date.size() + many);
+    for (const int click : {1, 2}) {
+        SCOPED_TRACE(click);
+        window.click_column(2);
+        EXPECT_EQ(sorted_ids(), ids);
+    }
 }
 
 TEST_F(QuickViewWindow, OpensWhatItsLinksAndRowsStandFor) {
@@ -223,6 +241,51 @@ TEST_F(QuickViewWindow, OpensWhatItsLinksAndRowsStandFor) {
     window.click(u"Contactname");
     window.double_click();
     EXPECT_EQ(displayed_since(before).size(), 3U) << "what isn't found isn't opened";
+    EXPECT_EQ(count_messages(world), 0);
+}
+
+TEST_F(QuickViewWindow, OpensTheSearchPanelOnTheRecordThatItWasLastTold) {
+    World& world = viewing();
+    install_panel(world);
+    world.option(u"EnableQuickView", u"0");
+    add_contact(world, full_contact());
+    add_contact(world, {.full_name = u"Bob Ray",
+                        .fields = {{u"Email1Address", u"bob@ray.example"}},
+                        .properties = {{u"AccountID", u"A-300"}, {u"ContactID", u"C-400"}}});
+    add_record(world, u"Notes", u"IPM.Post.Note", u"A call", keys_of_ann);
+    const Item of_ann = world.deliver(message());
+    const Item of_bob = world.deliver(message({.from = "Bob Ray <bob@ray.example>"}));
+    const SearchPanel panel(world);
+    struct Case {
+        const char* name;
+        TextView operation;  ///< one of them doesn't tell the record
+        Item mail;
+        std::string header;
+        Lines found;
+    };
+    const std::string ann = "Ann Lee|North Mill Ltd|111|222|1 Mill Lane|York|Yorkshire|YO1";
+    const Case cases[] = {
+        {"nothing was told yet",
+         u"ShowTarnwell",
+         of_bob,
+         "Contact Name|Company Name|Phone|Fax|Street1|City|State|Zip",
+         {}},
+        {"the record that is shown", u"ShowQuickView", of_ann, ann, {"Ann Lee", "A call"}},
+        {"another one is shown", u"ShowTarnwell", of_bob, ann, {"Ann Lee", "A call"}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        select(one.mail);
+        call(one.operation);
+        view().click(u"cmdSearchpanel");
+        ASSERT_TRUE(world.wait_until([&] { return panel.is_open(); }));
+        EXPECT_TRUE(panel.ends());
+        EXPECT_EQ(panel.header(), one.header);
+        EXPECT_EQ(panel.column(2), one.found);
+        EXPECT_EQ(panel.text(u"SearchMe"), one.found.empty() ? "SearchMe" : "Contacts");
+        panel.close();
+        EXPECT_TRUE(view().is_open());
+    }
     EXPECT_EQ(count_messages(world), 0);
 }
 
