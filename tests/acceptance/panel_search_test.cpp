@@ -1,6 +1,9 @@
 // What the Search Panel's search lists, by the record that it is for.
 #include "tests/acceptance/search_panel.h"
 
+#include <algorithm>
+
+#include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 
 namespace acceptance {
@@ -53,6 +56,28 @@ class SearchOfThePanel : public Acceptance {
         picker.click(u"cmdOK");
         EXPECT_TRUE(picker.goes());
     }
+    /// Double-clicks the first row of a subject.
+    void open_row(TextView subject) {
+        const Lines subjects = panel().column(2);
+        const auto row = std::ranges::find(subjects, shown(subject));
+        ASSERT_NE(row, subjects.end()) << shown(subject);
+        panel().select(static_cast<std::int32_t>(row - subjects.begin()) + 1);
+        panel().double_click();
+    }
+    Object displayed() { return world().desk().get(u"Displayed").to_object(); }
+    std::int32_t count_displayed() { return displayed().get(u"Count").to_integer(); }
+    /// The ids of the items that were shown since a place, once there are so many; they are closed again.
+    Lines take_displayed(std::int32_t before, std::int32_t count) {
+        EXPECT_TRUE(world().wait_until([&] { return count_displayed() >= before + count; }));
+        world().settle();
+        Lines ids;
+        for (std::int32_t i = before + 1; i <= count_displayed(); ++i) {
+            const Item item(displayed().call(u"Item", {i}).to_object());
+            ids.push_back(shown(item.EntryID()));
+            item.Close(host::outlook::discard_changes);
+        }
+        return ids;
+    }
 
   private:
     std::unique_ptr<SearchPanel> panel_;
@@ -98,6 +123,60 @@ TEST_F(SearchOfThePanel, ListsWhatBearsTheKeyInEveryFolderInBothForms) {
         panel().open_new(inquiry);
         EXPECT_EQ(panel().text(u"SearchMe"), "Inquiries");
         EXPECT_EQ(panel().column(2), (Lines{"Of the inquiry", "With an id"}));
+    }
+}
+
+TEST_F(SearchOfThePanel, PairsTheKeyWithTheContactsCompanyNotWithItsAccountsName) {
+    for (const WorldSetup& setup : {old_host, indexed_host}) {
+        World& same = made(setup);
+        SCOPED_TRACE(shown(setup.host_version));
+        const Text company = u"North Mill Ltd", account = u"North Mill";
+        const Item contact =
+            add_contact(same, {.company = company,
+                               .fields = {},
+                               .properties = {{u"ContactID", u"C-200"}, {u"Account Name", account}}});
+        add_note(same, u"Of the company", {{u"ContactID", u"C-200"}, {u"Account Name", company}});
+        add_note(same, u"Of the account", {{u"ContactID", u"C-200"}, {u"Account Name", account}});
+        panel().open_new(contact);
+        EXPECT_EQ(panel().text(u"CompanyName"), shown(company));
+        EXPECT_EQ(panel().column(2), setup.instant_search
+                                         ? Lines{"Of the company"}
+                                         : (Lines{"Ann Lee", "Of the company", "Of the account"}));
+    }
+}
+
+TEST_F(SearchOfThePanel, IsInPhrasesByTheOptionAlone) {
+    struct Case {
+        const char* name;
+        WorldSetup setup;
+        const char16_t* option;
+        Lines found;
+    };
+    const Case cases[] = {
+        {"a store that knows no words", old_host, u"1", {}},
+        {"an index that isn't asked",
+         indexed_host,
+         u"0",
+         {"North Mill Ltd", "Of this name", "Of another name"}},
+        {"a system without a search",
+         {.instant_search = true, .without = {"Search.CollatorDSO"}},
+         u"1",
+         {"North Mill Ltd", "Of this name"}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        World& same = made(one.setup);
+        same.option(u"EnableDesktopSearch", one.option);
+        const Item account = add_full_account(same);
+        add_note(same, u"Of this name", {{u"AccountID", u"A-100"}, {u"Account Name", u"North Mill Ltd"}});
+        add_note(same, u"Of another name", {{u"AccountID", u"A-100"}, {u"Account Name", u"Bell & Sons"}});
+        same.deliver(message({.subject = "About North Mill Ltd"}));
+        same.write_document("offer.txt", "An offer for North Mill Ltd.");
+        panel().open_new(account);
+        EXPECT_EQ(panel().column(2), one.found);
+        EXPECT_EQ(panel().text(u"CompanyName"), one.found.empty() ? "Company Name" : "North Mill Ltd");
+        EXPECT_EQ(panel().text(u"StoreID"), "") << "the search has ended as any";
+        EXPECT_EQ(count_messages(same), 0);
     }
 }
 
@@ -200,6 +279,10 @@ TEST_F(SearchOfThePanel, OfATargetIsForTheRecordThatTheUserPicks) {
     EXPECT_TRUE(panel().ends());
     EXPECT_EQ(panel().count(), 3);
     EXPECT_EQ(panel().ids(), "A-7|");
+
+    // of an item that was pending no folder was searched under which the branch could stand
+    panel().open_new(other);
+    EXPECT_EQ(panel().column(2), (Lines{"Bell & Sons", "Of Bell"}));
 }
 
 TEST_F(SearchOfThePanel, ShowsNothingOfTheRecordBefore) {
@@ -293,14 +376,43 @@ TEST_F(SearchOfThePanel, TellsAtEachFurtherItemThatItWasCancelledAndGoesOn) {
     panel().choose(u"Accounts");
     EXPECT_TRUE(panel().ends());
     EXPECT_EQ(panel().column(2), (Lines{"North Mill Ltd", "A note", "A note", "A note"}));
-    const Lines told = message_texts(same);
-    EXPECT_GE(told.size(), 4U) << "of the folder, and of each item in it";
-    EXPECT_EQ(told, Lines(told.size(), "Search Cancelled!"));
+    const Lines told = boxes(same);
+    EXPECT_GT(told.size(), 4U) << "of the folder, of each item in it, and of the folders after it";
+    EXPECT_EQ(told, Lines(told.size(), "Tarnwell, 64: Search Cancelled!"));
     // the next search begins anew
     const std::int32_t before = count_messages(same);
     panel().search_for(account);
     EXPECT_EQ(panel().count(), 4);
     EXPECT_EQ(count_messages(same), before);
+}
+
+TEST_F(SearchOfThePanel, LetsAnotherBeginInTheSameListAndTheWindowBeResized) {
+    World& same = made(old_host);
+    const Item account = add_full_account(same);
+    const Item other = add_full_account(same, u"Bell & Sons", u"A-7");
+    add_note(same, u"Of the mill", {{u"AccountID", u"A-100"}});
+    add_note(same, u"Of Bell", {{u"AccountID", u"A-7"}});
+    panel().open_second(Item());
+    panel().open_second(account);
+    same.desk().call(u"Meanwhile", {u"Searching... Account Profiles", Value(same.connect()),
+                                    u"ShowItemsMenu2", Value(other)});
+    same.desk().call(u"Meanwhile",
+                     {u"Searching... Account Contacts", Value(panel().control(u"SearchMe")), u"Select", 1});
+    panel().choose(u"Accounts");
+    EXPECT_TRUE(panel().ends());
+    EXPECT_EQ(panel().ids(), "A-7|");
+    EXPECT_EQ(panel().column(2), (Lines{"Bell & Sons", "Of Bell", "Of the mill"}))
+        << "the second one clears the list, and the first one goes on in it";
+
+    panel().close();
+    panel().open_second(Item());
+    const std::int32_t usual_width = panel().widths().front();
+    same.desk().call(u"Meanwhile", {u"Searching... Account Contacts", Value(panel().window()), u"Resize",
+                                    Value(host::Array::of({1200, 600}))});
+    panel().search_for(account);
+    EXPECT_GT(panel().widths().front(), usual_width);
+    EXPECT_EQ(panel().column(2), (Lines{"North Mill Ltd", "Of the mill"}));
+    EXPECT_EQ(count_messages(same), 0);
 }
 
 TEST_F(SearchOfThePanel, EndsWithItsWindow) {
@@ -363,6 +475,68 @@ TEST_F(SearchOfThePanel, ListsMailAndFilesThatTheSystemsIndexKnowsAndOpensThem) 
     EXPECT_TRUE(same.wait_until([&] { return files().size() == 1; }));
     for (const std::string& file : files()) EXPECT_TRUE(file.ends_with("\\offer.txt")) << file;
     EXPECT_EQ(count_messages(same), 0);
+}
+
+TEST_F(SearchOfThePanel, OpensFiveMailsOfASubjectAndSenderAndAsksForMore) {
+    World& same = made(indexed_host);
+    const Item account = add_full_account(same);
+    const std::string subject = "About North Mill Ltd";
+    Lines mails;
+    const auto deliver = [&] {
+        mails.push_back(shown(same.deliver(message({.subject = subject})).EntryID()));
+    };
+    constexpr std::int32_t unasked = 5;
+    for (int i = 0; i < unasked; ++i) deliver();
+    same.deliver(message({.from = "Zoe <zoe@quill.example>", .subject = subject}));
+    panel().open_new(account);
+    std::int32_t shown_before = count_displayed();
+    open_row(host::from_utf8(subject));
+    EXPECT_EQ(take_displayed(shown_before, unasked), mails);
+    EXPECT_EQ(count_messages(same), 0);
+
+    deliver();
+    const Lines first_five(mails.begin(), mails.begin() + unasked);
+    constexpr std::int32_t yes_no = 4;
+    for (const std::int32_t button : {no, yes}) {
+        SCOPED_TRACE(button);
+        const Lines& opened = button == yes ? mails : first_five;
+        const std::int32_t before = count_messages(same);
+        shown_before = count_displayed();
+        answer(u"There are 6 items", button);
+        open_row(host::from_utf8(subject));
+        EXPECT_EQ(take_displayed(shown_before, static_cast<std::int32_t>(opened.size())), opened);
+        expect_message(before,
+                       u"There are 6 items in this conversation.\r\rAbout North Mill Ltd\r\r"
+                       u"Do you want to open all items? Selecting No will open 5 items.",
+                       yes_no);
+    }
+}
+
+TEST_F(SearchOfThePanel, OpensNothingOfWhatCannotBeFoundAgain) {
+    World& same = made(indexed_host);
+    const Item account = add_full_account(same);
+    const Item note =
+        add_note(same, u"A note", {{u"AccountID", u"A-100"}, {u"Account Name", u"North Mill Ltd"}});
+    same.deliver(message({.subject = "O'Neill of North Mill Ltd"}));
+    const host::outlook::Folder offers(same.inbox().Folders().call(u"Add", {u"Offers"}).to_object());
+    same.deliver(message({.subject = "Offer to North Mill Ltd"})).call(u"Move", {Value(offers)});
+    const Text file = same.write_document("offer.txt", "An offer for North Mill Ltd.");
+    panel().open_new(account);
+    EXPECT_EQ(panel().column(1),
+              (Lines{"Account Profiles", "Notes", "Inbox", "Inbox/Offers", "File Search"}));
+
+    open_row(u"O'Neill of North Mill Ltd");
+    note.call(u"Delete");
+    open_row(u"A note");
+    same.remove_file(file);
+    open_row(u"offer.txt");
+    EXPECT_EQ(count_messages(same), 0) << "an apostrophe, a record and a file that have gone: silently";
+    answer(u"Item is not in a default folder.", ok);
+    open_row(u"Offer to North Mill Ltd");
+    EXPECT_TRUE(same.wait_until([&] { return count_messages(same) > 0; }));
+    expect_message(0, u"Item is not in a default folder. Please navigate to the folder to open the item", 0);
+    EXPECT_EQ(count_displayed(), 0);
+    EXPECT_EQ(texts_of(same, u"Opened"), Lines{});
 }
 
 }  // namespace
