@@ -286,20 +286,21 @@ TEST_F(ListDriver, ClicksHeadingsInSightAndBeyond) {
     EXPECT_EQ(told(), Told{"column 0"}) << "and back";
 }
 
-TEST_F(ListDriver, DropsOntoARow) {
-    EXPECT_EQ(failure_of([&] { control(u"List1")->drop(0); }), host::result::fail) << "it takes none";
-    std::vector<int> dropped;
+TEST_F(ListDriver, DropsOntoACellOfARow) {
+    EXPECT_EQ(failure_of([&] { control(u"List1")->drop(0, 0); }), host::result::fail) << "it takes none";
+    std::vector<std::pair<int, int>> dropped;
     const auto target = windows::DropTarget::create(module, list, [&](int x, int y) {
         LVHITTESTINFO hit{};
         hit.pt = {x, y};
-        dropped.push_back(
-            static_cast<int>(SendMessageW(list, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit))));
+        SendMessageW(list, LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+        dropped.emplace_back(hit.iItem, hit.iSubItem);
     });
     ASSERT_EQ(RegisterDragDrop(list, target.get()), S_OK);
-    control(u"List1")->drop(3);
-    control(u"List1")->drop(30);
+    control(u"List1")->drop(3, 0);
+    control(u"List1")->drop(30, 0);
+    control(u"List1")->drop(30, 2);
     SampleWindow::run_messages();
-    EXPECT_EQ(dropped, (std::vector<int>{3, 30}));
+    EXPECT_EQ(dropped, (std::vector<std::pair<int, int>>{{3, 0}, {30, 0}, {30, 2}}));
     RevokeDragDrop(list);
 }
 
