@@ -297,5 +297,38 @@ TEST_F(RealForms, HostsWindowsWaitBehindAModalOne) {
     DestroyWindow(disabled);
 }
 
+/// An engine with what it belongs to, as the add-in has them.
+struct Owner {
+    explicit Owner(WindowsStage& stage) : engine(stage.module(), [] { return 96; }) {}
+    windows::FormEngine engine;
+    std::shared_ptr<Noted> form = std::make_shared<Noted>(engine, gallery);
+};
+
+TEST_F(RealForms, BelongToSomethingThatOutlivesTheEventInWhichItIsLetGoOf) {
+    struct Case {
+        const char* name;
+        bool unloads;  ///< before, as the add-in does when it stops
+    };
+    for (const Case& one : {Case{"unloaded", true}, Case{"as they are", false}}) {
+        SCOPED_TRACE(one.name);
+        auto owner = std::make_shared<Owner>(stage);
+        const std::weak_ptr<Owner> there = owner;
+        owner->engine.keep_during_events(owner);
+        owner->form->show();
+        pump();
+        bool outlived = false;
+        owner->form->at = [&](const std::string& event) {
+            if (event != "column list 1" || !owner) return;
+            if (one.unloads) owner->form->unload();
+            owner.reset();
+            outlived = !there.expired();
+        };
+        ASSERT_TRUE(stage.column_click({gallery_caption, u"list"}, 1));
+        EXPECT_TRUE(wait_until([&] { return there.expired(); }));
+        EXPECT_TRUE(outlived);
+        EXPECT_EQ(find_window(gallery_caption), nullptr);
+    }
+}
+
 }  // namespace
 }  // namespace forms_test

@@ -48,16 +48,16 @@ bool FormWindow::raise(const std::function<void(Events&)>& event) {
                 OutputDebugStringW(L"A window's event failed.\n");
             }
         }
-    }
-    const bool still_there = frame->form != nullptr;
-    if (owner && owner.use_count() == 1) {
-        // not here, in the midst of the system's own work with the window
-        auto last = std::make_unique<LastReference>(std::move(owner));
-        if (PostMessageW(frame->window, owner_end_message, 0, reinterpret_cast<LPARAM>(last.get()))) {
-            static_cast<void>(last.release());
+        if (owner && owner.use_count() == 1) {
+            // not here, in the midst of the system's own work with the window, but before the window's own
+            // end
+            auto last = std::make_unique<LastReference>(std::move(owner));
+            if (PostMessageW(frame->window, owner_end_message, 0, reinterpret_cast<LPARAM>(last.get()))) {
+                static_cast<void>(last.release());
+            }
         }
     }
-    return still_there;
+    return frame->form != nullptr;
 }
 
 bool FormWindow::click(const FormControl& control) {
