@@ -52,7 +52,7 @@ run_wine_tests() {
 # prepare_lane NAME: what one Wine test at a time needs for itself: a prefix with the desk and the family registered, and a
 # screen to show windows on. packaging/in-lane finds it by a file in build/lanes.
 prepare_lane() {
-    start_display
+    WINEPREFIX='' start_display # it stays to the end, and belongs to no prefix
     use_prefix "$1"
     prepare_desk "$BUILD/$1" sample
     stop_wine # one that runs would not become persistent
