@@ -53,11 +53,11 @@ bool FormWindow::raise(const std::function<void(Events&)>& event) {
             // end
             auto last = std::make_unique<LastReference>(std::move(owner));
             if (PostMessageW(frame->window, owner_end_message, 0, reinterpret_cast<LPARAM>(last.get()))) {
-                static_cast<void>(last.release());  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
+                static_cast<void>(last.release());  // the message has it now
             }
         }
     }
-    return frame->form != nullptr;
+    return frame->form != nullptr;  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 }
 
 bool FormWindow::click(const FormControl& control) {
