@@ -59,8 +59,9 @@ struct DialogSearch {
 
 /// The copy that a replication has made in the item's own folder, as long as it works on it.
 struct ReplicaCopy {
-    bool in_the_making = true;
-    host::Text entry_id;  ///< once it is made; empty if it couldn't be read
+    host::outlook::Item source{}, copy{};
+    bool in_the_making = true;  ///< the copy isn't at hand yet
+    host::Text entry_id{};      ///< of the copy; empty as long as the host gives it none
 };
 
 struct Session {

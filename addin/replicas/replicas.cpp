@@ -1,6 +1,7 @@
 #include "replicas/replicas.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "core/settings.h"
 #include "core/status_windows.h"
@@ -20,6 +21,7 @@ using host::outlook::Inspectors;
 using host::outlook::Item;
 using host::outlook::Items;
 using host::outlook::UserProperties;
+using host::outlook::UserProperty;
 namespace property = records::property;
 
 namespace {
@@ -36,15 +38,23 @@ constexpr records::Name task_properties[] = {
 /// Keeps the copy of one replication known in the session, until the replication has done with it.
 class CopyUnderWay {
   public:
-    explicit CopyUnderWay(Session& session)
-        : copies_(session.copies_under_way), entry_(copies_.emplace(copies_.end())) {}
+    CopyUnderWay(Session& session, const Item& source)
+        : copies_(session.copies_under_way), entry_(copies_.insert(copies_.end(), {.source = source})) {}
     ~CopyUnderWay() { copies_.erase(entry_); }
     CopyUnderWay(const CopyUnderWay&) = delete;
     CopyUnderWay& operator=(const CopyUnderWay&) = delete;
 
-    void is_made(Text entry_id) {
+    /// Nothing if it couldn't be made.
+    void is_made(Item copy) {
         entry_->in_the_making = false;
-        entry_->entry_id = std::move(entry_id);
+        entry_->copy = std::move(copy);
+        learn_id();
+    }
+
+    /// A copy that was not yet saved may have no id.
+    void learn_id() {
+        Steps steps;
+        steps.set(entry_->entry_id, [&] { return entry_->copy.EntryID(); });
     }
 
   private:
@@ -52,18 +62,52 @@ class CopyUnderWay {
     std::list<ReplicaCopy>::iterator entry_;
 };
 
+/// The text of a property; empty where the item has none. Throws `Failure` if it can't be read.
+Text property_text(const Item& item, records::Name name) {
+    const UserProperty found = item.UserProperties().Find(name);
+    return found ? found.value().to_text() : Text();
+}
+
+/// Whether an item may be a copy, as far as it can be told without the copy's id: nothing that they have in
+/// common is different. As long as the copy isn't at hand, its source stands for it; hosts put a word of
+/// theirs before a copy's subject.
+bool may_be_copy(const ReplicaRow& row, const ReplicaCopy& one, const Item& item, const Text& id) {
+    Steps steps;
+    const auto differ = [&](const auto& test) {
+        bool different = false;
+        steps.set(different, test);
+        return different;
+    };
+    const Item& like = one.copy ? one.copy : one.source;
+    const auto property_differs = [&](records::Name name) {
+        return differ([&] { return property_text(item, name) != property_text(like, name); });
+    };
+    if (differ([&] { return !id.empty() && id == one.source.EntryID(); })) return false;  // the source itself
+    if (differ([&] { return item.MessageClass() != row.message_class; })) return false;
+    if (property_differs(row.key) || property_differs(property::account_id) ||
+        property_differs(property::contact_id)) {
+        return false;
+    }
+    return !differ([&] { return !item.Subject().ends_with(like.Subject()); });
+}
+
 /// Whether an event tells of the copy that a replication under way has made, and not of the user's doing. The
 /// host tells of that copy as of any other item: while it is made, at the next yield, or when it is saved. A
 /// handler that took it for a second item would delete it before it comes to the shared folder or, where no
 /// key tells the two apart, copy the copy without end.
-bool is_under_way(const Session& session, const Item& item) {
+bool is_under_way(const Session& session, const ReplicaRow& row, const Item& item) {
     const std::list<ReplicaCopy>& copies = session.copies_under_way;
     if (copies.empty()) return false;
-    if (std::ranges::any_of(copies, &ReplicaCopy::in_the_making)) return true;
     Steps steps;
     Text id;
     steps.set(id, [&] { return item.EntryID(); });
-    return !id.empty() && std::ranges::find(copies, id, &ReplicaCopy::entry_id) != copies.end();
+    return std::ranges::any_of(copies, [&](const ReplicaCopy& one) {
+        if (!one.copy && !one.in_the_making) return false;
+        Text copy_id = one.entry_id;
+        if (copy_id.empty() && one.copy) steps.set(copy_id, [&] { return one.copy.EntryID(); });
+        if (!id.empty() && !copy_id.empty()) return id == copy_id;
+        return may_be_copy(row, one, item, id);
+    });
 }
 
 /// One item's way to its shared folder, once the handler's guard has let it pass.
@@ -79,9 +123,13 @@ class Replication {
     bool open_shared_folder();
 
     /// Deletes what bears the item's key: in its own folder all but the first, in the shared one all but the
-    /// first `kept`. An item without a key is left as it is.
+    /// first `kept`. An item without a key, or whose key can't be read, is left as it is.
     void clean(std::int32_t kept);
-    void delete_all_but(std::int32_t kept, const Folder& folder, const Text& filter);
+    void delete_all_but(std::int32_t kept, const Folder& folder, const Text& key);
+
+    /// Whether an item is known to bear a key. The key is foreign text: as a part of a filter it may find
+    /// what doesn't bear it.
+    bool bears(const Item& item, const Text& key);
 
     void copy_to_shared_folder(Ending ending);
 
@@ -125,43 +173,54 @@ bool Replication::open_shared_folder() {
 }
 
 void Replication::clean(std::int32_t kept) {
-    Text filter;  // stays empty if the key can't be read, and the host refuses an empty one: nothing is found
-    if (!steps_.holds([&] {
-            const Text key = item_.UserProperties().Find(row_.key).value().to_text();
-            filter = records::equality(row_.key, key);
-            return !key.empty();
-        })) {
-        return;
-    }
+    std::optional<Text> key;
+    steps_.set(key, [&] { return item_.UserProperties().Find(row_.key).value().to_text(); });
+    if (!key || key->empty()) return;  // no filter can be formed, and without one nothing is looked for
     Folder own;
     steps_.set(own, [&] { return Folder(item_.Parent()); });
-    delete_all_but(1, own, filter);
-    delete_all_but(kept, shared_, filter);
+    delete_all_but(1, own, *key);
+    delete_all_but(kept, shared_, *key);
 }
 
-void Replication::delete_all_but(std::int32_t kept, const Folder& folder, const Text& filter) {
+void Replication::delete_all_but(std::int32_t kept, const Folder& folder, const Text& key) {
     Items found;
-    steps_.set(found, [&] { return folder.Items().Restrict(filter); });
+    steps_.set(found, [&] { return folder.Items().Restrict(records::equality(row_.key, key)); });
     if (kept > 0 && !steps_.holds([&] { return found.Count() > kept; })) return;
-    std::int32_t last = 0;
+    std::int32_t last = 0, first = 1;
     steps_.set(last, [&] { return found.Count(); });
-    for (; last > kept; --last) steps_.run([&] { found.Item(last).call(u"Delete"); });
+    const auto item_at = [&](std::int32_t place) {
+        Item item;
+        steps_.set(item, [&] { return found.Item(place); });
+        return item;
+    };
+    for (; kept > 0 && first <= last; ++first) {
+        if (bears(item_at(first), key)) --kept;
+    }
+    for (; last >= first; --last) {
+        const Item item = item_at(last);
+        if (bears(item, key)) steps_.run([&] { item.call(u"Delete"); });
+    }
+}
+
+bool Replication::bears(const Item& item, const Text& key) {
+    bool same = false;
+    steps_.set(same, [&] { return item.UserProperties().Find(row_.key).value().to_text() == key; });
+    return same;
 }
 
 void Replication::copy_to_shared_folder(Ending ending) {
     const auto yield = [&] { steps_.run([&] { session_.desktop.yield(); }); };
-    CopyUnderWay under_way(session_);
+    CopyUnderWay under_way(session_, item_);
     Item copy;
-    Text id;
     steps_.set(copy, [&] { return item_.Copy(); });
-    steps_.set(id, [&] { return copy.EntryID(); });
-    under_way.is_made(std::move(id));
+    under_way.is_made(copy);
     for (const records::Name name : row_.copied) {
         records::write_property(steps_, copy, name,
                                 [&] { return item_.UserProperties().Item(name).value(); });
     }
     if (ending == Ending::save_and_delete) {
         steps_.run([&] { copy.Save(); });
+        under_way.learn_id();
         yield();
         steps_.run([&] { copy.call(u"Delete"); });
         return;
@@ -238,14 +297,14 @@ constinit const ReplicaRow tasks = {
 
 void ItemAdd(Connect& connect, const ReplicaRow& row, const Item& item) {
     Session& session = connect.session();
-    if (is_under_way(session, item) || is_off(session, row)) return;
+    if (is_under_way(session, row, item) || is_off(session, row)) return;
     const Text name = folder_name(session, row);
     if (connect.*row.guard) Replication(session, row, item, name).run(row.on_add);
 }
 
 void ItemChange(Connect& connect, const ReplicaRow& row, const Item& item) {
     Session& session = connect.session();
-    if (is_under_way(session, item) || is_off(session, row)) return;
+    if (is_under_way(session, row, item) || is_off(session, row)) return;
     look_at_open_windows(connect, row, Offer::nothing);
     if (!(connect.*row.guard)) return;
     const Text name = folder_name(session, row);

@@ -182,6 +182,42 @@ TEST_F(Replicas, AreReplacedWhereverTheSameKeyStands) {
     }
 }
 
+/// A key is foreign text. As a part of the filter it may find what doesn't bear it, which stays.
+TEST_F(Replicas, OfAForeignKeyTakeNothingElseAway) {
+    struct Case {
+        const char* name;
+        Text (*key)(const LinkedKind&);
+        bool replaced;  ///< the filter finds the older replica
+    };
+    const Case cases[] = {
+        {"a filter that finds everything",
+         [](const LinkedKind& k) { return u"x' Or [" + Text(k.key) + u"] <> 'x"; }, true},
+        {"one that finds the others only",
+         [](const LinkedKind& k) { return u"K-2' Or [" + Text(k.key) + u"] = 'K-1"; }, false},
+        {"doubled quotes, which stand for one", [](const LinkedKind&) { return Text(u"O''Malley"); }, false},
+    };
+    for (const LinkedKind* kind : linked_kinds) {
+        for (const Case& one : cases) {
+            SCOPED_TRACE(std::string(kind->name) + ", " + one.name);
+            World& world = emptied(*kind);
+            const Folder own_folder = own(world, *kind), shared_folder = shared(world, *kind);
+            for (const TextView key : {u"K-1", u"K-2", u"O'Malley"}) {
+                add_twin(*kind, own_folder, u"Own " + Text(key), key);
+                add_twin(*kind, shared_folder, u"Shared " + Text(key), key);
+            }
+            const Text key = one.key(*kind);
+            add_twin(*kind, shared_folder, u"Older", key);
+            const Item item = add(world, *kind, {.key = key});
+            change(world, item, u"New");
+            EXPECT_EQ(subjects(own_folder), (Texts{"Own K-1", "Own K-2", "Own O'Malley", "New"}));
+            Texts expected{"Shared K-1", "Shared K-2", "Shared O'Malley"};
+            if (!one.replaced) expected.emplace_back("Older");
+            expected.emplace_back("New");
+            EXPECT_EQ(subjects(shared_folder), expected);
+        }
+    }
+}
+
 TEST_F(Replicas, WithoutAKeyAddUp) {
     struct Case {
         const char* name;

@@ -2,6 +2,7 @@
 // steps, what is remembered, calls that fail, and what comes in between.
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "replicas/replicas.h"
 #include "tests/acceptance/linked_items.h"
@@ -215,6 +216,135 @@ TEST(Replication, LetsAnotherItemsReplicaPassAtEachOfItsYields) {
             close_window(other);
             ASSERT_LT(n, 30);
         }
+    }
+}
+
+/// What comes while the copy is being made and isn't of the copy.
+TEST(Replication, LetsAnotherItemsReplicaPassWhileItsCopyIsMade) {
+    struct Case {
+        const char* name;
+        TextView key, account;
+    };
+    const Case cases[] = {{"of another key", u"K-2", u"A-100"},
+                          {"without a key, of another account", u"", u"A-300"},
+                          {"without a key, of another subject", u"", u"A-100"}};
+    for (const LinkedKind* const kind : acceptance::linked_kinds) {
+        for (const Case& one : cases) {
+            SCOPED_TRACE(std::string(kind->name) + ", " + one.name);
+            NativeWorld world({});
+            world.add_in()->GlobalCalendar = world.add_in()->GlobalTask = false;
+            const Item other = new_linked(world, *kind, one.key),
+                       item = new_linked(world, *kind, one.key.empty() ? u"" : u"K-1");
+            other.UserProperties().Item(u"AccountID").value(Value(one.account));
+            other.Save();
+            item.Save();
+            world.settle();
+            empty(shared(world, *kind));
+            bool first = true;
+            world.boundary().before_call = [&](const std::string& member) {
+                if (!member.ends_with("Item.Copy") || !std::exchange(first, false)) return;
+                other.Subject(u"Other, changed");
+                other.Save();
+            };
+            item.Subject(u"Changed");
+            item.Save();
+            world.settle();
+            world.boundary().before_call = nullptr;
+            Texts replicas = subjects(shared(world, *kind));
+            std::ranges::sort(replicas);
+            EXPECT_EQ(replicas, (Texts{"Changed", "Other, changed"}));
+            close_window(item);
+            close_window(other);
+        }
+    }
+}
+
+/// A fresh copy's id comes with its saving, or can't be read at all.
+TEST(Replication, KnowsItsCopyWithoutAnId) {
+    for (const LinkedKind* const kind : acceptance::linked_kinds) {
+        for (const char* const order : {"host", "deferred", "at-once"}) {
+            for (const bool until_saved : {true, false}) {
+                for (const TextView key : {u"K-1", u""}) {
+                    SCOPED_TRACE(std::string(kind->name) + ", " + order + ", key " + host::to_utf8(key) +
+                                 (until_saved ? ", until it is saved" : ""));
+                    NativeWorld world({.event_order = order});
+                    world.add_in()->GlobalCalendar = world.add_in()->GlobalTask = true;
+                    const Item item = new_linked(world, *kind, key);
+                    int copies = 0;
+                    bool saved = false;
+                    world.boundary().before_call = [&](const std::string& member) {
+                        constexpr int enough = 4;  // a copy of each copy would go on without end
+                        if (member.ends_with("Item.Copy")) ++copies;
+                        if (member.ends_with("Item.Save")) saved = true;
+                        const bool has_id = copies > enough || (until_saved && saved);
+                        if (copies > 0 && !has_id && member.ends_with("Item.EntryID")) {
+                            throw host::Failure(host::result::fail, u"no id yet");
+                        }
+                    };
+                    item.Save();
+                    world.settle();
+                    EXPECT_EQ(copies, 1) << "of the new item";
+                    copies = 0;
+                    saved = false;
+                    item.Subject(u"Changed");
+                    item.Save();
+                    world.settle();
+                    EXPECT_EQ(copies, 1) << "of the changed one";
+                    world.boundary().before_call = nullptr;
+                    EXPECT_EQ(subjects(own(world, *kind)), Texts{"Changed"});
+                    EXPECT_TRUE(world.add_in()->session().copies_under_way.empty());
+                    close_window(item);
+                }
+            }
+        }
+    }
+}
+
+/// A key that can't be read makes no filter. A host may take an empty one for "everything".
+TEST(Replication, LooksForNothingWithoutAKeyToLookFor) {
+    for (const LinkedKind* const kind : acceptance::linked_kinds) {
+        SCOPED_TRACE(kind->name);
+        NativeWorld world({});
+        const Item item = new_linked(world, *kind);
+        item.UserProperties().Item(kind->key).call(u"Delete");
+        item.Save();
+        world.settle();
+        empty(shared(world, *kind));
+        world.boundary().forget_calls();
+        item.Subject(u"Changed");
+        item.Save();
+        world.settle();
+        EXPECT_EQ(std::ranges::count(world.boundary().calls(), "Items.Restrict"), 0);
+        EXPECT_EQ(subjects(shared(world, *kind)), Texts{"Changed"});
+        close_window(item);
+    }
+}
+
+TEST(Replication, DeletesNothingWhoseKeyCannotBeRead) {
+    for (const LinkedKind* const kind : acceptance::linked_kinds) {
+        SCOPED_TRACE(kind->name);
+        NativeWorld world({});
+        const Item item = new_linked(world, *kind);
+        item.Save();
+        world.settle();
+        empty(shared(world, *kind));
+        const Item older = shared(world, *kind).Items().Add(kind->message_class);
+        older.Subject(u"Older");
+        older.UserProperties().Item(kind->key).value(Value(u"K-1"));
+        older.Save();
+        bool searched = false;
+        world.boundary().before_call = [&](const std::string& member) {
+            if (member == "Items.Restrict") searched = true;
+            if (searched && member == "UserProperties.Find") throw host::Failure(host::result::fail, u"");
+        };
+        item.Subject(u"Changed");
+        item.Save();
+        world.settle();
+        world.boundary().before_call = nullptr;
+        EXPECT_TRUE(searched);
+        EXPECT_EQ(subjects(shared(world, *kind)), (Texts{"Older", "Changed"}));
+        EXPECT_EQ(subjects(own(world, *kind)), Texts{"Changed"});
+        close_window(item);
     }
 }
 
