@@ -6,17 +6,20 @@
 namespace addin::commands {
 namespace {
 
-/// Whether a window shows a sticky note of an account. What can't be told of a sticky note counts as so.
+/// Whether a window shows a sticky note of an account. One of which that can't be told belongs to none: it is
+/// the user's own, and closing it would drop what stands in it.
 bool is_note_of_account(Steps& steps, const host::outlook::Inspector& inspector,
                         const host::Text& account_id) {
     namespace object_class = host::outlook::object_class;
     if (!steps.holds([&] { return inspector.CurrentItem().Class() == object_class::note; })) return false;
-    return steps.holds([&] {
+    bool of_account = false;
+    steps.set(of_account, [&] {
         const bool sticky = inspector.CurrentItem().MessageClass() == records::message_class::sticky_note;
         const host::Text id =
             inspector.CurrentItem().itemproperties().Item(records::property::account_id).value().to_text();
         return sticky && id == account_id;
     });
+    return of_account;
 }
 
 }  // namespace

@@ -194,8 +194,11 @@ TEST_F(ExplorerCommands, QuickViewClosesTheStickyNotesOfTheAccountThatIsShown) {
     // as long as no record was shown, the window's account is the empty one
     OpenedItem of_account(sticky_note(u"")), second(sticky_note(u"")), of_another(sticky_note(u"A-100")),
         mail(new_item(world, item_type::mail)), contact(new_item(world, item_type::contact));
-    for (OpenedItem* const window : {&of_account, &of_another, &mail, &second, &contact}) window->show();
-    ASSERT_EQ(world.application().Inspectors().Count(), 5);
+    OpenedItem own(new_item(world, item_type::note));  // the user's own belongs to no account
+    for (OpenedItem* const window : {&of_account, &of_another, &mail, &second, &contact, &own})
+        window->show();
+    own.item.Body(u"Milk, not yet saved");
+    ASSERT_EQ(world.application().Inspectors().Count(), 6);
     quick_view_entry.call(u"Execute");
     world.settle();
     const auto is_open = [&](const OpenedItem& opened) {
@@ -210,7 +213,8 @@ TEST_F(ExplorerCommands, QuickViewClosesTheStickyNotesOfTheAccountThatIsShown) {
     EXPECT_TRUE(is_open(of_another));
     EXPECT_TRUE(is_open(mail));
     EXPECT_TRUE(is_open(contact));
-    EXPECT_EQ(world.application().Inspectors().Count(), 3);
+    EXPECT_TRUE(is_open(own));
+    EXPECT_EQ(world.application().Inspectors().Count(), 4);
 
     // and afterwards that of the record
     add_contact(world);
@@ -226,6 +230,8 @@ TEST_F(ExplorerCommands, QuickViewClosesTheStickyNotesOfTheAccountThatIsShown) {
     EXPECT_TRUE(is_open(of_none));
     EXPECT_TRUE(is_open(mail));
     EXPECT_TRUE(is_open(contact));
+    EXPECT_TRUE(is_open(own));
+    EXPECT_EQ(own.item.Body(), u"Milk, not yet saved");
 }
 
 }  // namespace
