@@ -49,7 +49,7 @@ class QuickView final : public QuickViewWindow {
     void lstItems_OLEDragDrop(int x, int y);
 
     host::outlook::Items related_items(Steps& steps, const host::Text& chosen);
-    void add_row(Steps& steps, const host::outlook::Item& item, bool by_name, int& row);
+    void add_row(Steps& steps, const host::outlook::Item& item, bool by_name);
 
     host::outlook::Item make_record(Steps& steps, const host::Text& chosen, const host::Text& key,
                                     const host::outlook::Folder& profiles,

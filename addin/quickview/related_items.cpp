@@ -44,11 +44,10 @@ void QuickView::cmbFolders_Click() {
     steps.run([&] { list().clear(); });
     std::int32_t count = 0;
     steps.set(count, [&] { return found.Count(); });
-    int row = -1;  // of the item before, where an item's own can't be added
     for (std::int32_t i = 1; i <= count && loaded(); ++i) {
         host::outlook::Item item;
         steps.set(item, [&] { return found.Item(i); });
-        add_row(steps, item, chosen == records::folder::opportunities, row);
+        add_row(steps, item, chosen == records::folder::opportunities);
     }
 }
 
@@ -79,12 +78,14 @@ Items QuickView::related_items(Steps& steps, const Text& chosen) {
     return found;
 }
 
-void QuickView::add_row(Steps& steps, const host::outlook::Item& item, bool by_name, int& row) {
+void QuickView::add_row(Steps& steps, const host::outlook::Item& item, bool by_name) {
+    int row = -1;
     steps.set(row, [&] {
         const Text text =
             by_name ? item.UserProperties().Item(records::property::name).value().to_text() : item.Subject();
         return list().add(records::without_leading_blanks(text));
     });
+    if (row < 0) return;  // nor is another row filled, which would then open this item
     steps.run([&] { list().text(row, column::modified, item.LastModificationTime().to_text()); });
     steps.run([&] { list().text(row, column::entry_id, item.EntryID()); });
 }

@@ -137,6 +137,20 @@ TEST_F(QuickViewWindow, ListsNothingWithoutAContactsId) {
     }
 }
 
+TEST_F(QuickViewWindow, LeavesTheRowBeforeAsItIsWhereAnItemCannotBeRead) {
+    World& world = viewing();
+    show_ann();
+    const Item first = add_record(world, u"Notes", u"IPM.Post.Note", u"A call", keys_of_ann);
+    add_record(world, u"Notes", u"IPM.Post.Note", u"A visit", keys_of_ann);
+    const QuickView window = view();
+    constexpr std::int32_t second = 1;
+    world.fail(u"PostItem.Subject", second);
+    window.choose_folder(u"Notes");
+    EXPECT_EQ(sorted_subjects(), Lines{"A call"});
+    EXPECT_EQ(window.cell(1, 2), shown(world.text(first, u"LastModificationTime")));
+    EXPECT_EQ(window.cell(1, 3), shown(first.EntryID())) << "it opens what it names";
+}
+
 TEST_F(QuickViewWindow, ReadsAFolderAtEachClickAndOnlyThen) {
     World& world = viewing();
     const Item mail = show_ann();
@@ -294,14 +308,17 @@ TEST_F(QuickViewWindow, TakesTheStickyNotesOfItsAccountWithIt) {
     show_ann();
     const auto sticky_note = [&](TextView account) { return new_sticky_note(world, account); };
     OpenedItem of_account(sticky_note(u"A-100")), second(sticky_note(u"A-100")),
-        of_another(sticky_note(u"A-300")), mail(new_item(world, item_type::mail));
-    for (OpenedItem* const opened : {&of_account, &of_another, &mail, &second}) opened->show();
-    ASSERT_EQ(world.application().Inspectors().Count(), 4);
+        of_another(sticky_note(u"A-300")), mail(new_item(world, item_type::mail)),
+        own(new_item(world, item_type::note));  // the user's own belongs to no account
+    for (OpenedItem* const opened : {&of_account, &of_another, &mail, &second, &own}) opened->show();
+    own.item.Body(u"Milk, not yet saved");
+    ASSERT_EQ(world.application().Inspectors().Count(), 5);
     view().close();
-    EXPECT_EQ(world.application().Inspectors().Count(), 2);
+    EXPECT_EQ(world.application().Inspectors().Count(), 3);
+    EXPECT_EQ(own.item.Body(), u"Milk, not yet saved");
     show_folder(world, world.inbox());
     select(world.deliver(message()));
-    EXPECT_EQ(world.application().Inspectors().Count(), 2);
+    EXPECT_EQ(world.application().Inspectors().Count(), 3);
     EXPECT_TRUE(view().is_open()) << "it comes up anew";
 }
 
