@@ -1,5 +1,7 @@
 #include "conversions/new_contacts.h"
 
+#include <functional>
+
 #include "core/settings.h"
 #include "core/steps.h"
 #include "records/database.h"
@@ -30,6 +32,7 @@ class Arrival {
     void of_one_selected();
     void of_several_selected();
     void stamp();
+    bool is_source(const std::function<Item()>& selected);
     void tie_source();  ///< it learns the id of its record, where contacts are synchronised
     void switch_on() { Settings(session_.desktop).store(setting::pda_contact_sync, option_on); }
 
@@ -39,6 +42,7 @@ class Arrival {
     host::family::MainAddIn main_add_in_;
     Selection selection_;
     Item source_;  ///< what the contact was copied from
+    bool source_is_known_ = false;
     bool synchronised_ = false;
 };
 
@@ -73,7 +77,7 @@ void Arrival::of_one_selected() {
     if (!steps_.failed()) return;
 
     steps_.set(source_, [&] { return selection_.Item(1); });
-    if (steps_.holds([&] { return source_.Subject() == item_.Subject(); })) {
+    if (is_source([&] { return source_; })) {
         stamp();
         steps_.run([&] { item_.Save(); });
         tie_source();
@@ -88,7 +92,7 @@ void Arrival::of_several_selected() {
     std::int32_t count = 0;
     steps_.set(count, [&] { return selection_.Count(); });
     for (std::int32_t i = 1; i <= count; ++i) {
-        if (!steps_.holds([&] { return item_.Subject() == selection_.Item(i).Subject(); })) continue;
+        if (!is_source([&] { return selection_.Item(i); })) continue;
         steps_.set(source_, [&] { return selection_.Item(i); });
         stamp();
         tie_source();
@@ -116,8 +120,18 @@ void Arrival::stamp() {
     }
 }
 
+bool Arrival::is_source(const std::function<Item()>& selected) {
+    source_is_known_ = false;
+    return steps_.holds([&] {
+        const bool same = item_.Subject() == selected().Subject();
+        source_is_known_ = true;
+        return same;
+    });
+}
+
 void Arrival::tie_source() {
-    if (!synchronised_) return;
+    // where it couldn't be told whose copy the contact is, what is selected may be anything of the user's
+    if (!synchronised_ || !source_is_known_) return;
     steps_.run([&] {
         const Value id = item_.UserProperties().Item(property::contact_id).value();
         source_.CustomerID(id.to_text());

@@ -107,7 +107,15 @@ void dlgSend::OpenTarnwellContact() {
     Text filter;
     steps.set(filter, [&] { return records::equality(records::property::contact_id, item.CustomerID()); });
     Item record;
-    steps.set(record, [&] { return target.Items().Find(filter); });
+    int answers = 0;
+    const auto search = [&] {
+        if (filter.empty()) return;
+        steps.run([&] {
+            record = target.Items().Find(filter);
+            ++answers;
+        });
+    };
+    search();
     host::family::SafeRecordItem wrapper;
     steps.set(wrapper, [&] {
         return host::family::SafeRecordItem(desktop.create(host::family::prog_id::safe_contact_item));
@@ -115,14 +123,18 @@ void dlgSend::OpenTarnwellContact() {
     steps.run([&] { wrapper.Item(record); });
     if (!record) {
         steps.set(target, account_contacts);
-        steps.set(record, [&] { return target.Items().Find(filter); });
+        search();
         steps.run([&] { wrapper.Item(record); });
     }
     if (!record) {
         desktop.message_box(dead_link, product_title, host::box::ok);
-        steps.run([&] { item.CustomerID(u""); });
-        steps.run([&] { item.Account(u""); });
-        steps.run([&] { item.Save(); });
+        // where a search gave no answer the link may be good: what the user has entered stays
+        constexpr int both = 2;
+        if (answers == both) {
+            steps.run([&] { item.CustomerID(u""); });
+            steps.run([&] { item.Account(u""); });
+            steps.run([&] { item.Save(); });
+        }
     }
     steps.run([&] { item.Close(host::outlook::discard_changes); });
     steps.run([&] { wrapper.Display(); });

@@ -72,9 +72,14 @@ void save_as_template(host::Desktop& desktop) {
         const host::outlook::Items items = drop_downs().Items();
         return items.Find(records::equality(u"Subject", subject));
     });
-    records::write_property(steps, item, records::property::record_type,
-                            [] { return Value(records::record_type::email_template); });
-    steps.run([&] { item.Save(); });
+    // the subject is foreign text: as a part of a filter it may find a record of another one
+    bool found = false;
+    steps.set(found, [&] { return item.Subject() == subject; });
+    if (found) {
+        records::write_property(steps, item, records::property::record_type,
+                                [] { return Value(records::record_type::email_template); });
+        steps.run([&] { item.Save(); });
+    }
     desktop.message_box(Text(created_start) + subject + Text(created_end), product_title, host::box::ok);
 }
 

@@ -256,6 +256,29 @@ TEST_F(NewContacts, BecomeRecordsInEachOrderOfEvents) {
     }
 }
 
+/// Where it can't be told whether what is selected is the source, the contact becomes a record, but nothing
+/// of the user's is rewritten.
+TEST_F(NewContacts, WhoseSourceCannotBeToldTieNone) {
+    World& world = furnished();
+    world.option(u"PDAContactSync", u"1");
+    for (const bool several : {false, true}) {
+        SCOPED_TRACE(several ? "several" : "one");
+        std::vector<Item> selected{personal(u"Bob Ray")};
+        if (several) selected.push_back(personal(u"Cid Fox"));
+        std::vector<ItemState> before;
+        for (const Item& one : selected) before.push_back(state_of(one));
+        select(selected);
+        world.fail(u"ContactItem.Subject");
+        const Item contact = arrives(u"Ann Lee");
+        EXPECT_EQ(contact.MessageClass(), record_class);
+        EXPECT_NE(World::property(contact, u"ContactID"), u"");
+        for (std::size_t i = 0; i < selected.size(); ++i) {
+            EXPECT_EQ(changes(before[i], state_of(selected[i])), Lines{});
+        }
+        EXPECT_EQ(sync(), u"1");
+    }
+}
+
 TEST_F(NewContacts, WithoutTheFamilyGetTheirClassAlone) {
     // the folder is found at the start; the sibling goes away later
     World& world = furnished();

@@ -69,7 +69,8 @@ class OpenLinkedContact : public Filing {
         return world.session().GetItemFromID(id, world.session().GetDefaultFolder(contacts).StoreID());
     }
 
-    static void expect_dead(World& world, const Item& contact) {
+    /// Nothing is found; the link is cut, or stays where it couldn't be looked up.
+    static void expect_dead(World& world, const Item& contact, TextView kept_link = {}) {
         const Text id = contact.EntryID();
         const std::int32_t before = count_messages(world);
         world.desk().call(u"Answer", {u"Tarnwell", Value(dead_link), ok});
@@ -79,8 +80,8 @@ class OpenLinkedContact : public Filing {
         EXPECT_EQ(box.get(u"Style").to_integer(), 0);
         EXPECT_EQ(box.get(u"Title").to_text(), u"Tarnwell");
         const Item there = again(world, id);
-        EXPECT_EQ(there.get(u"CustomerID").to_text(), u"");
-        EXPECT_EQ(there.get(u"Account").to_text(), u"");
+        EXPECT_EQ(there.get(u"CustomerID").to_text(), kept_link);
+        EXPECT_EQ(there.get(u"Account").to_text(), kept_link.empty() ? u"" : u"North Mill Ltd");
         EXPECT_EQ(there.get(u"FullName").to_text(), u"Ann Lee");
     }
 };
@@ -142,10 +143,26 @@ TEST_F(OpenLinkedContact, OpensARecordWithoutAnIdForALinkWithoutOne) {
     EXPECT_EQ(pressed(world, personal(world, u"")), Lines{shown(shared.EntryID())});
 }
 
-TEST_F(OpenLinkedContact, CutsALinkWhoseIdBreaksTheSearch) {
+TEST_F(OpenLinkedContact, CutsNoLinkThatCouldNotBeLookedUp) {
+    struct Case {
+        const char* name;
+        TextView id, failing;
+        std::int32_t times;
+    };
+    const Case cases[] = {
+        {"its id breaks the search", u"C'200", u"", 0},
+        {"the leads can't be searched", u"C-999", u"Items.Find", 1},
+        {"nor the contacts", u"C-200", u"Items.Find", 2},
+        {"the id can't be read, in its window first", u"C-200", u"ContactItem.CustomerID", 2},
+    };
     World& world = with({});
-    add_contact(world, {.properties = {{u"ContactID", u"C'200"}}});
-    expect_dead(world, personal(world, u"C'200"));
+    add_contact(world);
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        const Item contact = personal(world, one.id);
+        if (!one.failing.empty()) world.fail(one.failing, 0, one.times);
+        expect_dead(world, contact, one.id);
+    }
 }
 
 }  // namespace

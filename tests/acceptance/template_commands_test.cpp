@@ -109,18 +109,19 @@ TEST_F(TemplateCommands, SayThatItWasCreatedWhateverBecameOfIt) {
     struct Case {
         const char* name;
         std::string subject;
-        bool earlier;  ///< there is a template of that subject
-        Lines types;   ///< of the records, in their order
+        std::string earlier;  ///< the subject of a record that is there
+        Lines types;          ///< of the records, in their order
     };
     const Case cases[] = {
-        {"an apostrophe breaks the search", "Ann's greeting", false, {""}},
-        {"an earlier one of that subject gets the type", "A greeting", true, {"Email Blast", ""}},
+        {"an apostrophe breaks the search", "Ann's greeting", "", {""}},
+        {"an earlier one of that subject gets the type", "A greeting", "A greeting", {"Email Blast", ""}},
+        {"a subject that finds another's record", "x' Or [Subject] <> 'x", "Note Type", {"", ""}},
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        if (one.earlier) {
+        if (!one.earlier.empty()) {
             const Item earlier = templates().Add(u"IPM.Post.Drop Down");
-            earlier.Subject(host::from_utf8(one.subject));
+            earlier.Subject(host::from_utf8(one.earlier));
             earlier.Save();
         }
         OpenedItem window(world.deliver(message({.subject = one.subject})));

@@ -261,6 +261,30 @@ TEST_F(Conversions, OfNewContactsRestoreTheSynchronisationWhateverFails) {
     }
 }
 
+/// Whether a contact has an id is told by the read of it alone: what failed before doesn't show in the
+/// answer.
+TEST_F(Conversions, OfNewContactsThatHaveAnIdLeaveThemAloneWhateverFailedBefore) {
+    select(world(), {u"Ann Lee"});
+    for (const char* const failing : {"create Tarnwell.connect", "Application.ActiveExplorer"}) {
+        SCOPED_TRACE(failing);
+        const Item contact = world().below(u"Account Contacts").Items().Add(u"IPM.Contact");
+        contact.FullName(u"Ann Lee");
+        contact.UserProperties().Add(u"ContactID", 1, false).value(u"C-7");
+        int failed = 0;
+        world().boundary().before_call = [&](const std::string& member) {
+            if (member != failing) return;
+            ++failed;
+            throw host::Failure(host::result::fail, u"made to fail");
+        };
+        contact.Save();
+        world().settle();
+        world().boundary().before_call = nullptr;
+        EXPECT_EQ(failed, 1);
+        EXPECT_EQ(contact.MessageClass(), u"IPM.Contact");
+        EXPECT_EQ(NativeWorld::property(contact, u"ContactID"), u"C-7");
+    }
+}
+
 TEST_F(Conversions, OfNewContactsStampOnceForEachSelectedOfTheirName) {
     select(world(), {u"Ann Lee", u"Bob Ray", u"Ann Lee"});
     std::map<std::string, int> counts;
