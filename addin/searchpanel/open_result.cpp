@@ -54,7 +54,7 @@ void open_file(ShowItems& panel) {
 /// The index knows no entry id: the item is found again by its subject and sender.
 void open_indexed(ShowItems& panel, Steps& steps) {
     host::Desktop& desktop = panel.session().desktop;
-    Text folder_name, subject, filter;
+    Text folder_name, subject;
     Folder folder;
     steps.set(folder_name, [&] { return cell(panel, column::folder); });
     const auto row = std::ranges::find(folders, TextView(folder_name), &FolderRow::name);
@@ -66,13 +66,14 @@ void open_indexed(ShowItems& panel, Steps& steps) {
         });
     }
     steps.set(subject, [&] { return cell(panel, column::subject); });
-    steps.set(filter, [&] {
-        return u"@SQL=(\"urn:schemas:httpmail:subject\" = '" + subject +
-               u"' AND \"urn:schemas:httpmail:fromname\" = '" + cell(panel, column::creator) + u"')";
-    });
     host::outlook::Items found;
     std::int16_t count = 0;
-    steps.set(found, [&] { return folder.Items().Restrict(filter); });
+    steps.set(found, [&] {
+        const Text filter = u"@SQL=(\"urn:schemas:httpmail:subject\" = '" + subject +
+                            u"' AND \"urn:schemas:httpmail:fromname\" = '" + cell(panel, column::creator) +
+                            u"')";
+        return folder.Items().Restrict(filter);
+    });
     steps.set(count, [&] { return as_16_bits(found.Count()); });
     if (count > opened_unasked) {
         const Text question = Text(many_start) + host::to_text(static_cast<long long>(count)) +
@@ -98,7 +99,11 @@ void open_result(ShowItems& panel) {
         desktop.beep();
         return;
     }
-    if (steps.holds([&] { return cell(panel, column::key).find(in_files) != Text::npos; })) {
+    // a mail's place may hold the other sign as well, in a folder's name; its subject is never opened
+    if (steps.holds([&] {
+            const Text place = cell(panel, column::key);
+            return place.find(in_files) != Text::npos && !place.starts_with(in_index);
+        })) {
         steps.run([&] { open_file(panel); });
     } else if (steps.holds([&] { return cell(panel, column::key).starts_with(in_index); })) {
         open_indexed(panel, steps);

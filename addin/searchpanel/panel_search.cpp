@@ -230,14 +230,14 @@ void PanelSearch::show_contact(const Text& key) {
 }
 
 void PanelSearch::show_account() {
-    Text filter;
-    steps_.set(filter, [&] {
+    steps_.set(shown_, [&] {
         const Text id = property_of(record_, property::account_id);
         const bool with_name = form_ == FilterForm::phrase;
-        return records::key_filter(form_, property::account_id, id,
-                                   with_name ? property_of(record_, property::account_name) : Text());
+        return profiles_.Items()
+            .Restrict(records::key_filter(form_, property::account_id, id,
+                                          with_name ? property_of(record_, property::account_name) : Text()))
+            .GetFirst();
     });
-    steps_.set(shown_, [&] { return profiles_.Items().Restrict(filter).GetFirst(); });
     for (const HeaderRow& row : account_header) {
         steps_.run([&] { control(row.control).text(value_of(shown_, row)); });
     }
@@ -275,6 +275,7 @@ void PanelSearch::list_items() {
         for (std::int32_t i = 1; i <= count; ++i) {
             Item item;
             steps_.set(item, [&] { return found.Item(i); });
+            if (!item) continue;
             steps_.run([&] { wrapper.Item(item); });
             add_row(steps_, folder, item, wrapper);
         }

@@ -125,23 +125,23 @@ bool ShowItems::search() { return PanelSearch(*this).run(); }
 void ShowItems::OpenCompany() {
     Steps steps;
     const Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
-    Text filter;
     host::outlook::Items found;
-    steps.set(filter,
-              [&] { return records::equality(records::property::account_id, control(u"AccountID").text()); });
-    steps.set(found, [&] { return profiles.Items().Restrict(filter); });
+    steps.set(found, [&] {
+        return profiles.Items().Restrict(
+            records::equality(records::property::account_id, control(u"AccountID").text()));
+    });
     steps.run([&] { found.Item(1).Display(); });
 }
 
 void ShowItems::OpenContact() {
     Steps steps;
     const Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
-    Text filter;
     Item found;
-    steps.set(filter,
-              [&] { return records::equality(records::property::contact_id, control(u"ContactID").text()); });
     steps.set(found, [&] {
-        return profiles.Folders().Item(records::folder::account_contacts).Items().Find(filter);
+        return profiles.Folders()
+            .Item(records::folder::account_contacts)
+            .Items()
+            .Find(records::equality(records::property::contact_id, control(u"ContactID").text()));
     });
     steps.run([&] { found.Display(); });
 }

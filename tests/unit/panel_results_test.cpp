@@ -6,6 +6,7 @@
 
 #include "host/automated.h"
 #include "searchpanel/show_items.h"
+#include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/acceptance/search_panel.h"
 #include "tests/native/native_world.h"
@@ -263,6 +264,22 @@ TEST(PanelResults, OfFilesAreHandedToTheShell) {
     listed.open(0);
     EXPECT_EQ(listed.world.model().surroundings().opened().size(), 1U);
     EXPECT_EQ(acceptance::count_messages(listed.world), 0) << "the shell's failure isn't told";
+}
+
+TEST(PanelResults, OfMailAreNeverHandedToTheShell) {
+    Listed listed;
+    const Text file = listed.world.write_document("offer.txt", "An offer");
+    listed.add(u"Inbox", file, u"Ann Lee", u"/Mailbox - Pat/Inbox");
+    listed.add(u"Inbox/Bell\\Quill", file, u"Ann Lee", u"/Mailbox - Pat/Inbox/Bell\\Quill");
+    const auto handed = [&] { return std::ranges::count(listed.world.boundary().calls(), "shell_execute"); };
+    listed.open(0);
+    acceptance::answer(listed.world, u"Item is not in a default folder.", 1);
+    listed.open(1);
+    EXPECT_EQ(handed(), 0);
+    EXPECT_EQ(acceptance::count_messages(listed.world), 1);
+    listed.add(u"File Search", file, u"", u"C:\\Mailbox");
+    listed.open(2);
+    EXPECT_EQ(handed(), 1) << "a file is";
 }
 
 TEST(PanelResults, WithoutATextAreRefusedWithABeep) {
