@@ -1,4 +1,6 @@
 // The note of a row that holds an address.
+#include <functional>
+
 #include "core/product.h"
 #include "createnote/new_contact.h"
 #include "records/database.h"
@@ -40,7 +42,11 @@ class RecordSearch {
 
   private:
     Item by_entry_id();  ///< in the row's third column; it is tried, though nothing puts one there
-    Item found(const Folder& folder, const Text& filter);
+    /// Without a filter nothing is looked for.
+    Item found(const Folder& folder, const std::function<Text()>& filter);
+    Item found_by_row(const Folder& folder) {
+        return found(folder, [this] { return note_filter(dialog_.row_text()); });
+    }
     Text note_filter(Text value);
     Text filter_of_person();
     Text term_of_name(const Text& name) {
@@ -65,9 +71,9 @@ Text RecordSearch::note_filter(Text value) {
     return filter;
 }
 
-Item RecordSearch::found(const Folder& folder, const Text& filter) {
+Item RecordSearch::found(const Folder& folder, const std::function<Text()>& filter) {
     Item item;
-    steps_.set(item, [&] { return folder.Items().Find(filter); });
+    steps_.set(item, [&] { return folder.Items().Find(filter()); });
     return item;
 }
 
@@ -82,13 +88,13 @@ Item RecordSearch::by_entry_id() {
 }
 
 Text RecordSearch::filter_of_person() {
-    const Text row = dialog_.row_text();
     Text filter;
-    if (steps_.holds(
-            [&] { return host::trimmed(mail_.wrapper.sender().Fields(tag::smtp_address)) == row; })) {
+    if (steps_.holds([&] {
+            return host::trimmed(mail_.wrapper.sender().Fields(tag::smtp_address)) == dialog_.row_text();
+        })) {
         steps_.set(filter, [&] { return note_filter(host::trimmed(mail_.wrapper.sender().Address())); });
         if (!filter.empty()) filter += records::or_between_terms;
-        filter += note_filter(row);
+        steps_.run([&] { filter += note_filter(dialog_.row_text()); });
         if (steps_.holds([&] { return !mail_.wrapper.SenderName().empty(); })) {
             steps_.run([&] { filter += term_of_name(mail_.wrapper.SenderName()); });
         }
@@ -98,14 +104,17 @@ Text RecordSearch::filter_of_person() {
     }
     std::int32_t people = 0;
     steps_.set(people, [&] { return mail_.wrapper.Recipients().Count(); });
+    host::family::SafeAddressEntry entry;  // one that can't be read leaves that of the person before
     for (std::int32_t i = 1; i <= people; ++i) {
         const auto person = [&] { return mail_.wrapper.Recipients().Item(i); };
-        host::family::SafeAddressEntry entry;
         steps_.set(entry, [&] { return person().AddressEntry(); });
-        if (!steps_.holds([&] { return host::trimmed(entry.Fields(tag::smtp_address)) == row; })) continue;
+        if (!steps_.holds(
+                [&] { return host::trimmed(entry.Fields(tag::smtp_address)) == dialog_.row_text(); })) {
+            continue;
+        }
         steps_.set(filter, [&] {
-            return note_filter(person().Address()) + Text(records::or_between_terms) + note_filter(row) +
-                   term_of_name(person().name());
+            return note_filter(person().Address()) + Text(records::or_between_terms) +
+                   note_filter(dialog_.row_text()) + term_of_name(person().name());
         });
         filter = host::replaced(filter, apostrophe, quotation_mark);
         steps_.set(name_, [&] { return person().name(); });
@@ -119,32 +128,39 @@ Item RecordSearch::contact() {
     steps_.set(contacts, [&] { return profiles_.Folders().Item(records::folder::account_contacts); });
     if (steps_.holds([&] { return !third_column(dialog_).empty(); })) {
         if (Item item = by_entry_id()) return item;
-        return found(contacts, note_filter(dialog_.row_text()));
+        return found_by_row(contacts);
     }
-    name_ = dialog_.row_text();
+    steps_.set(name_, [&] { return dialog_.row_text(); });
     const Text filter = filter_of_person();
-    if (filter.empty()) return found(contacts, note_filter(dialog_.row_text()));
-    if (Item item = found(contacts, filter)) return item;
+    if (filter.empty()) return found_by_row(contacts);
+    if (Item item = found(contacts, [&] { return filter; })) return item;
     Text by_name;
     for (const TextView field :
          {records::field::full_name, records::field::files_as, records::property::email_search_string}) {
         if (!by_name.empty()) by_name += records::or_between_terms;
         by_name += records::RangeTerm(name_, field);
     }
-    return found(contacts, by_name);
+    return found(contacts, [&] { return by_name; });
 }
 
 Item RecordSearch::account() {
     if (steps_.holds([&] { return !third_column(dialog_).empty(); })) {
         if (Item item = by_entry_id()) return item;
     }
-    return found(profiles_, note_filter(dialog_.row_text()));
+    return found_by_row(profiles_);
 }
 
 /// What a note takes from the dialog.
 struct DialogTexts {
     Text type, subject;
 };
+
+DialogTexts read_texts(Steps& steps, dlgSend& dialog) {
+    DialogTexts texts;
+    steps.set(texts.type, [&] { return dialog.control(u"Combo1").text(); });
+    steps.set(texts.subject, [&] { return dialog.control(u"txtNote").text(); });
+    return texts;
+}
 
 void finish(Steps& steps, const records::PathRow& path, const Item& note, const DialogTexts& texts,
             const ChosenMail& mail) {
@@ -160,7 +176,8 @@ void finish(Steps& steps, const records::PathRow& path, const Item& note, const 
 void dlgSend::CreateNote() {
     host::Desktop& desktop = session_.desktop;
     Steps steps;
-    header(Text(creating) + row_text());
+    // the row may go at any time: the user clears the list while this gives way
+    steps.run([&] { header(Text(creating) + row_text()); });
     steps.run([&] { desktop.yield(); });
     if (!loaded()) return;
     ChosenMail mail = choose_mail(steps);
@@ -175,7 +192,7 @@ void dlgSend::CreateNote() {
     }
     const records::Database database = records::open_database(steps, desktop);
     const Folder& profiles = database.account_profiles;
-    const bool at_contact = contact_level();
+    const bool at_contact = steps.holds([&] { return contact_level(); });
     const records::PathRow& path =
         records::row(at_contact ? records::Path::create_contact_level : records::Path::create_account_level);
     const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
@@ -187,8 +204,10 @@ void dlgSend::CreateNote() {
     }
     if (steps.holds(
             [&] { return record.Class() != (at_contact ? object_class::contact : object_class::post); })) {
-        desktop.message_box(Text(not_found_start) + row_text() + Text(not_found_end), product_title,
-                            host::box::information);
+        steps.run([&] {
+            desktop.message_box(Text(not_found_start) + row_text() + Text(not_found_end), product_title,
+                                host::box::information);
+        });
         return;
     }
     const Item note = records::make_note(steps, path, folder);
@@ -199,13 +218,15 @@ void dlgSend::CreateNote() {
         records::write_property(steps, note, property::contact_name,
                                 [&] { return Value(record.FullName()); });
     }
-    finish(steps, path, note, {control(u"Combo1").text(), control(u"txtNote").text()}, mail);
+    finish(steps, path, note, read_texts(steps, *this), mail);
     records::mark_chosen_mail(steps, path, mail.inspector, mail.selection);
-    report_creation();
+    report_creation(steps);
 }
 
-void dlgSend::report_creation() {
-    session_.desktop.message_box(Text(done) + row_text(), product_title, host::box::information);
+void dlgSend::report_creation(Steps& steps) {
+    steps.run([&] {
+        session_.desktop.message_box(Text(done) + row_text(), product_title, host::box::information);
+    });
     if (loaded()) header(Text(invitation));
     gbCreated = true;
 }
@@ -214,11 +235,13 @@ void dlgSend::create_for_new_contact(Steps& steps, const ChosenMail& mail,
                                      const host::family::MainAddIn& main_add_in, const Folder& profiles,
                                      const Folder& folder, const Text& name) {
     // the dialog goes away before the contact is made: what it holds is kept
-    const DialogTexts texts{control(u"Combo1").text(), control(u"txtNote").text()};
+    const DialogTexts texts = read_texts(steps, *this);
+    Text address;
+    steps.set(address, [&] { return row_text(); });
     const std::optional<NewContact> made =
         offer_new_contact(steps, session_,
                           {.row = new_contact_row(records::Path::create_new_contact),
-                           .address = row_text(),
+                           .address = address,
                            .name = name,
                            .main_add_in = main_add_in,
                            .account_profiles = profiles,
@@ -241,7 +264,7 @@ void dlgSend::create_for_new_contact(Steps& steps, const ChosenMail& mail,
 void dlgSend::CreateNoteEx() {
     host::Desktop& desktop = session_.desktop;
     Steps steps;
-    header(Text(creating) + row_text());
+    steps.run([&] { header(Text(creating) + row_text()); });
     steps.run([&] { desktop.yield(); });
     if (!loaded()) return;
     ChosenMail mail = choose_mail(steps);
@@ -253,8 +276,10 @@ void dlgSend::CreateNoteEx() {
     const Folder profiles = records::open_database(steps, desktop).account_profiles;
     const records::PathRow& path = records::row(records::Path::create_from_record);
     const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
-    if (!control(u"Combo2").text().empty()) create_from_record(steps, path, folder, profiles, mail);
-    report_creation();
+    if (!steps.holds([&] { return control(u"Combo2").text().empty(); })) {
+        create_from_record(steps, path, folder, profiles, mail);
+    }
+    report_creation(steps);
 }
 
 void dlgSend::create_from_record(Steps& steps, const records::PathRow& path, const Folder& folder,
@@ -268,7 +293,8 @@ void dlgSend::create_from_record(Steps& steps, const records::PathRow& path, con
     const Item note = records::make_note(steps, path, folder);
     records::write_keys(steps, path, note, records::copied_from(record));
     records::write_activity_date(steps, note, mail.wrapper);
-    const Text key_column = list().heading(column::key);
+    Text key_column;
+    steps.set(key_column, [&] { return list().heading(column::key); });
     records::write_property(steps, note, key_column,
                             [&] { return record.UserProperties().Item(key_column).value(); });
     write_names(steps, record, note);

@@ -80,7 +80,7 @@ class dlgSend final : public NoteDialog {
     void add_row(Steps& steps, const host::family::SafeRecordItem& wrapper, const host::outlook::Items& items,
                  std::int32_t place, host::Text& key);
     void create(Steps& steps);
-    void report_creation();
+    void report_creation(Steps& steps);
     void create_for_new_contact(Steps& steps, const ChosenMail& mail,
                                 const host::family::MainAddIn& main_add_in,
                                 const host::outlook::Folder& profiles, const host::outlook::Folder& folder,

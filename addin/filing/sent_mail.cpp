@@ -1,5 +1,7 @@
 #include "filing/sent_mail.h"
 
+#include <functional>
+
 #include "core/settings.h"
 #include "core/status_windows.h"
 #include "filing/address_resolution.h"
@@ -37,7 +39,11 @@ class Sending {
     /// What `file_for` searches with; nothing if the recipient is passed over.
     std::optional<Text> filter_for(std::int32_t index);
 
-    void status(const Text& text);
+    /// A text that can't be put together leaves the one that is shown.
+    void status(const std::function<Text()>& text);
+    void status(const Text& text) {
+        status([&] { return text; });
+    }
     void wait();  ///< so that the user can read the status
 
     Session& session_;
@@ -48,7 +54,8 @@ class Sending {
     Text name_;  // what fails for one recipient keeps the value of the one before
     SafeAddressEntry entry_;
     Addresses addresses_;
-    Folder account_profiles_;
+    Folder account_profiles_, folder_;
+    Item note_;
 };
 
 void Sending::run() {
@@ -76,7 +83,7 @@ Sending::Next Sending::file_for(std::int32_t index) {
     steps_.set(account_profiles_, [&] {
         return records::open_folder(session_.desktop, main_add_in_, records::folder::account_profiles);
     });
-    const Folder folder = records::choose_folder(steps_, session_.desktop, account_profiles_, path.place);
+    folder_ = records::choose_folder(steps_, session_.desktop, account_profiles_, path.place, folder_);
     status(Text(searching) + name_);
     Item contact;
     if (!filter->empty()) contact = find_contact(steps_, session_, account_profiles_, *filter);
@@ -85,11 +92,9 @@ Sending::Next Sending::file_for(std::int32_t index) {
         wait();
         return Next::recipient;
     }
-    Text full_name;
-    steps_.set(full_name, [&] { return contact.FullName(); });
-    status(Text(searching) + full_name + Text(saving));
+    status([&] { return Text(searching) + contact.FullName() + Text(saving); });
     wait();
-    records::post_note(steps_, path, folder, contact, wrapper_);
+    note_ = records::post_note(steps_, path, folder_, contact, wrapper_, note_);
     records::mark_mail(steps_, path, mail_);
     steps_.run([&] { session_.desktop.yield(); });
     return Next::recipient;
@@ -117,8 +122,8 @@ std::optional<Text> Sending::filter_for(std::int32_t index) {
     return contact_filter(variant.terms, variant.for_other, addresses_);
 }
 
-void Sending::status(const Text& text) {
-    steps_.run([&] { session_.SearchForm.window()->status(text); });
+void Sending::status(const std::function<Text()>& text) {
+    steps_.run([&] { session_.SearchForm.window()->status(text()); });
     steps_.run([&] { session_.desktop.yield(); });
 }
 

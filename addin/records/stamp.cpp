@@ -101,8 +101,9 @@ std::span<const PathRow> paths() { return path_rows; }
 const PathRow& row(Path path) { return path_rows[static_cast<std::size_t>(path)]; }
 
 host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
-                                    const host::outlook::Folder& account_profiles, Place place) {
-    host::outlook::Folder chosen;
+                                    const host::outlook::Folder& account_profiles, Place place,
+                                    const host::outlook::Folder& before) {
+    host::outlook::Folder chosen = before;
     const auto take = [&](TextView name) {
         steps.set(chosen, [&] { return account_profiles.Folders().Item(name); });
     };
@@ -134,8 +135,9 @@ KeySource copied_from(const host::outlook::Item& record) {
     return [&record](const Key& key) { return record.UserProperties().Item(key.property).value(); };
 }
 
-host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder) {
-    host::outlook::Item note;
+host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+                              const host::outlook::Item& before) {
+    host::outlook::Item note = before;
     steps.set(note, [&] { return folder.Items().Add(row.message_class); });
     return note;
 }
@@ -168,9 +170,10 @@ void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::
     steps.run([&] { note.Post(); });
 }
 
-void post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
-               const host::outlook::Item& contact, const host::family::SafeMailItem& mail) {
-    const host::outlook::Item note = make_note(steps, row, folder);
+host::outlook::Item post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+                              const host::outlook::Item& contact, const host::family::SafeMailItem& mail,
+                              const host::outlook::Item& before) {
+    host::outlook::Item note = make_note(steps, row, folder, before);
     write_keys(steps, row, note, copied_from(contact));
     write_property(steps, note, property::account_name, [&] { return contact.CompanyName(); });
     write_property(steps, note, property::contact_name, [&] { return contact.FullName(); });
@@ -181,6 +184,7 @@ void post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& fo
     write_body(steps, row, note, mail);
     if (row.activity_date) write_activity_date(steps, note, mail);
     attach_and_post(steps, note, mail);
+    return note;
 }
 
 void mark_chosen_mail(Steps& steps, const PathRow& row, const host::outlook::Inspector& inspector,

@@ -90,9 +90,11 @@ struct PathRow {
 std::span<const PathRow> paths();
 const PathRow& row(Path path);
 
-/// The folder below the anchor for a path's note; Nothing if there is none.
+/// The folder below the anchor for a path's note. If none can be had it is the one of before, which is
+/// Nothing unless a loop has chosen one.
 host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
-                                    const host::outlook::Folder& account_profiles, Place place);
+                                    const host::outlook::Folder& account_profiles, Place place,
+                                    const host::outlook::Folder& before = {});
 
 // The moves that a note is made of. Each fills what it fills, skips what fails, and changes nothing else.
 
@@ -102,7 +104,8 @@ using KeySource = std::function<host::Value(const Key& key)>;
 /// Each key is copied from a record's property of its own name.
 KeySource copied_from(const host::outlook::Item& record);
 
-host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder);
+host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+                              const host::outlook::Item& before = {});
 void write_keys(Steps& steps, const PathRow& row, const host::outlook::Item& note, const KeySource& source);
 void write_property(Steps& steps, const host::outlook::Item& note, Name name,
                     const std::function<host::Value()>& value);
@@ -115,9 +118,11 @@ void attach(Steps& steps, const host::outlook::Item& note, const host::family::S
 void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
 
 /// Makes, fills and posts the note of a mail that was matched with a contact. The mail is attached through
-/// its wrapper, which stands for it.
-void post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
-               const host::outlook::Item& contact, const host::family::SafeMailItem& mail);
+/// its wrapper, which stands for it. Answers the note; if none can be made, the one of before is filled,
+/// which is Nothing unless a loop has made one.
+host::outlook::Item post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+                              const host::outlook::Item& contact, const host::family::SafeMailItem& mail,
+                              const host::outlook::Item& before = {});
 
 /// Marks the mail of the Create Note dialog, in the inspector and in the selection: one of them is Nothing. A
 /// mail that is being written isn't marked.

@@ -242,6 +242,34 @@ TEST_F(SentRecipients, AfterOneWhoseSearchFailedAreFiledStill) {
     EXPECT_EQ(World::property(note, u"Contact Name"), u"Bob Ray");
 }
 
+/// What can't be read or made for a recipient is still that of the one before.
+TEST_F(SentRecipients, KeepTheFolderAndTheStatusOfTheOneBefore) {
+    const auto send_to_both = [&](World& world) {
+        add_contact(world);
+        add_contact(world, u"Bob Ray", u"bob@ray.example");
+        return new_mail(world, {.to = u"ann.lee@northmill.example; bob@ray.example"});
+    };
+    World& world = cleared();
+    const Item mail = send_to_both(world);
+    // of each: the notes' folder and the contacts
+    constexpr std::int32_t notes_of_the_second = 2;
+    world.fail(u"MAPIFolder.Folders", notes_of_the_second);
+    send(world, mail);
+    EXPECT_EQ(count_in(world, u"Email"), 2);
+    EXPECT_EQ(count_in(world, u"Notes"), 0);
+
+    World& again = cleared();
+    const Item second_mail = send_to_both(again);
+    const std::size_t before = statuses(again).size();
+    again.fail(u"ContactItem.FullName");
+    send(again, second_mail);
+    Lines of_ann = status::contact("ann.lee@northmill.example", "Ann Lee");
+    of_ann.pop_back();  // "Saving", for want of the name
+    EXPECT_EQ(statuses(again, before),
+              joined({{status::entry}, of_ann, status::contact("bob@ray.example", "Bob Ray")}));
+    EXPECT_EQ(count_in(again, u"Email"), 2);
+}
+
 TEST_F(SentRecipients, DoNotInheritTheContactOfTheOneBefore) {
     World& world = sending();
     add_contact(world);

@@ -40,5 +40,33 @@ TEST(CreateNoteFaults, NoSingleLookupThatFailsSendsTheNoteToAnotherFolder) {
     EXPECT_GE(posted, 2);
 }
 
+/// A recipient whose entry can't be read is compared by the entry of the one before.
+TEST(CreateNoteFaults, ARecipientWhoCannotBeReadIsNotTakenForTheRow) {
+    NativeWorld world{acceptance::WorldSetup{}};
+    for (const char16_t* const name : {u"Bob Ray", u"Cid Fox"}) {
+        acceptance::add_contact(world, {.full_name = name, .fields = {}});
+    }
+    acceptance::OpenedItem mail(world.deliver(acceptance::message(
+        {.to = "Tom <tom@one.example>, Bob Ray <bob@one.example>, Cid Fox <cid@one.example>"})));
+    mail.show();
+    acceptance::NoteDialog dialog(world);
+    ASSERT_TRUE(dialog.open(mail));
+    constexpr int row_of_cid = 4;
+    dialog.select(row_of_cid);
+    ASSERT_EQ(dialog.cell(row_of_cid, 1), "cid@one.example");
+    int entries = 0;
+    world.boundary().before_call = [&](const std::string& member) {
+        constexpr int of_bob = 2;
+        if (!member.ends_with(".AddressEntry") || ++entries != of_bob) return;
+        throw host::Failure(host::result::fail, u"made to fail");
+    };
+    dialog.create();
+    world.boundary().before_call = nullptr;
+    EXPECT_EQ(entries, 3);
+    const host::outlook::Item note = acceptance::only_item(world);
+    ASSERT_TRUE(note);
+    EXPECT_EQ(NativeWorld::property(note, u"Contact Name"), u"Cid Fox");
+}
+
 }  // namespace
 }  // namespace addin_tests
