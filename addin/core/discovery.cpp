@@ -65,8 +65,10 @@ void take_database(Session& session, DatabaseSearch& search, Steps& steps, const
 }
 
 /// Asks for a found folder.
-void offer(Session& session, DatabaseSearch& search, Steps& steps, const Folder& folder, const Text& name,
+void offer(Session& session, DatabaseSearch& search, Steps& steps, const Folder& folder,
            const host::family::MainAddIn& main_add_in, const std::function<void()>& take_application) {
+    Text name;  // stays empty for a folder that was taken because its name can't be read
+    steps.set(name, [&] { return folder.Name(); });
     if (host::trimmed(name).empty()) {
         steps.run([&] {
             session.desktop.message_box(u"Could not find a Tarnwell Folder", u"Tarnwell",
@@ -133,11 +135,10 @@ void FindNextFolder(Session& session, DatabaseSearch& search, const Folders& ofo
     steps.set(count, [&] { return ofolders.Count(); });
     for (std::int32_t i = 1; i <= count; ++i) {
         Folder folder;
-        Text name;
         steps.set(folder, [&] { return ofolders.Item(i); });
-        steps.set(name, [&] { return folder.Name(); });
-        if (name == records::folder::account_profiles) {
-            offer(session, search, steps, folder, name, main_add_in, take_application);
+        if (!folder) continue;
+        if (steps.holds([&] { return folder.Name() == records::folder::account_profiles; })) {
+            offer(session, search, steps, folder, main_add_in, take_application);
             return;  // of one level's folders one database is offered
         }
         if (const Folders below = inhabited(steps, folder))

@@ -135,15 +135,14 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     Steps steps;
     host::Object application;
     steps.set(application, [&] { return desktop.create(host::outlook::application_prog_id); });
-    Text text = control(u"SearchString").text();
-    header(Text(searching) + text);
+    header(Text(searching) + control(u"SearchString").text());
     desktop.pointer(host::Pointer::hourglass);
     steps.run([&] { desktop.yield(); });
     if (!loaded()) return;
     DialogSearch& run = session_.search;
     run.folder = folder;
-    const bool contacts =
-        steps.holds([&] { return run.folder.DefaultItemType() == host::outlook::contact_items; });
+    steps.run([&] { run.folder.DefaultItemType(); });  // for a mode that no filter depends on
+    Text text = control(u"SearchString").text();       // as the user has left it meanwhile
     const Text filter = records::TemplateFilter(text, definition.filter_template);
     steps.set(run.items, [&] { return run.folder.Items().Restrict(filter); });
     list().clear();
@@ -155,6 +154,8 @@ void dlgSend::SearchListTarget(const Folder& folder) {
         session_.gSearchCancelled = false;
         Text key;  // of the item before, where an item's own can't be read
         for (std::int32_t i = 1; i <= count; ++i) {
+            const bool contacts =
+                steps.holds([&] { return run.folder.DefaultItemType() == host::outlook::contact_items; });
             steps.set(run.wrapper, [&] {
                 return SafeRecordItem(desktop.create(contacts ? host::family::prog_id::safe_contact_item
                                                               : host::family::prog_id::safe_post_item));

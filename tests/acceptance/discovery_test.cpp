@@ -215,6 +215,24 @@ TEST_F(Discovery, WalksOnWhereAStoreRefusesItsFolders) {
     }
 }
 
+/// A test that can't be made counts as passed: a folder whose name can't be read is taken for the one that is
+/// looked for, and of its level nothing else is looked at.
+TEST_F(Discovery, TellsOfAFolderWhoseNameCannotBeRead) {
+    World& world = with({});
+    constexpr std::int32_t ok = 1, information = 64, test_and_name = 2;
+    world.desk().call(u"Answer", {u"Tarnwell", u"Could not find", ok});
+    answer(world, yes);
+    world.fail(u"MAPIFolder.Name", 0, test_and_name);
+    search(world);
+    const std::vector<Box> all = boxes(world);
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(all[0].text, u"Could not find a Tarnwell Folder");
+    EXPECT_EQ(all[0].title, u"Tarnwell");
+    EXPECT_EQ(all[0].style, information);
+    EXPECT_EQ(all[1].text, question(sample_path)) << "the next store's";
+    EXPECT_EQ(option(world, u"AccountProfileFolderName"), sample_path);
+}
+
 TEST_F(Discovery, WorksWithoutSiblings) {
     struct Case {
         const char* sibling;

@@ -110,6 +110,76 @@ TEST(DialogSearchInside, StopsWhereItIsCancelledAndKeepsTheRowsSoFar) {
     EXPECT_EQ(dialog.width(8), 0);
 }
 
+TEST(DialogSearchInside, LooksForTheTextThatStandsThereWhenItHasGivenWay) {
+    Searching searching;
+    NoteDialog dialog(searching.world);
+    ASSERT_TRUE(dialog.open(*searching.mail));
+    dialog.choose(u"Combo2", u"People");
+    for (const int yield : {1, 2}) {
+        SCOPED_TRACE(yield);
+        dialog.type(u"SearchString", u"Ann One");
+        searching.at_yield(
+            yield, [&] { dialog.type(u"SearchString", u"Ann Two"); },
+            [&] { dialog.control(u"cmdSearch").call(u"Click"); });
+        EXPECT_EQ(dialog.column(1), Lines{"Ann Two"});
+    }
+}
+
+TEST(DialogSearchInside, AsksForTheFoldersKindBeforeItSearchesAndAtEachItem) {
+    Searching searching;
+    NoteDialog dialog(searching.world);
+    ASSERT_TRUE(dialog.open(*searching.mail));
+    dialog.choose(u"Combo2", u"People");
+    dialog.type(u"SearchString", u"Ann");
+    Lines order;
+    searching.world.boundary().before_call = [&](const std::string& member) {
+        if (member == "MAPIFolder.DefaultItemType") order.emplace_back("kind");
+        if (member == "Items.Restrict") order.emplace_back("search");
+        if (member == "create TarnwellOMG.SafeContactItem") order.emplace_back("wrapper");
+    };
+    dialog.control(u"cmdSearch").call(u"Click");
+    searching.world.boundary().before_call = nullptr;
+    EXPECT_EQ(order, (Lines{"kind", "search", "kind", "wrapper", "kind", "wrapper", "kind", "wrapper"}));
+}
+
+// a row that goes while the note is made
+
+/// Clears the list at the first yield of a creation.
+void create_while_the_list_is_cleared(Searching& searching, NoteDialog& dialog) {
+    searching.at_yield(
+        1, [&] { dialog.control(u"Option1").call(u"Click"); },
+        [&] { dialog.control(u"cmdSend").call(u"Click"); });
+}
+
+TEST(CreateNoteOfARowThatGoes, AsksAboutNobodyAndEnds) {
+    Searching searching;
+    NativeWorld& world = searching.world;
+    NoteDialog dialog(world);
+    ASSERT_TRUE(dialog.open(*searching.mail));
+    constexpr std::int32_t no = 7;
+    world.desk().call(u"Answer", {u"Tarnwell", u"Tarnwell Account/Contact  NOT FOUND!", no});
+    create_while_the_list_is_cleared(searching, dialog);
+    EXPECT_EQ(acceptance::message_texts(world),
+              Lines{"Tarnwell Account/Contact  NOT FOUND!\rWould you like to Create an Account/Contact"});
+    EXPECT_EQ(world.system().shown_pointer, host::Pointer::standard);
+    EXPECT_TRUE(dialog.is_open());
+    EXPECT_EQ(acceptance::count_in(world, u"Email"), 0);
+}
+
+TEST(CreateNoteOfARowThatGoes, OfARecordEndsAsUsualWithoutItsMessage) {
+    Searching searching;
+    NativeWorld& world = searching.world;
+    NoteDialog dialog(world);
+    ASSERT_TRUE(dialog.open(*searching.mail));
+    dialog.search(u"People", u"Ann");
+    create_while_the_list_is_cleared(searching, dialog);
+    EXPECT_EQ(acceptance::count_messages(world), 0) << "its text can't be put together";
+    EXPECT_EQ(world.system().shown_pointer, host::Pointer::standard);
+    EXPECT_TRUE(dialog.closes()) << "it counts as created";
+    EXPECT_EQ(acceptance::count_in(world, u"Email"), 1);
+    EXPECT_TRUE(acceptance::is_marked_by_user(searching.mail->item));
+}
+
 TEST(CreateNoteOfARecord, IsReportedAsDoneButNotMadeWhereNoTargetIsChosenAnyMore) {
     Searching searching;
     NativeWorld& world = searching.world;
