@@ -93,7 +93,7 @@ const host::Members<Connect>& Connect::members() {
          Use::method,
          {{u"MyText"}},
          [](Connect& self, const Arguments& a) {
-             addin::ShowMessage(self.session_, a[0].to_text());
+             addin::ShowMessage(self.session_, self.session_.desktop.text_of(a[0]));
              return nothing();
          }},
         {u"ShowImportMessage",

@@ -57,7 +57,7 @@ std::int32_t Settings::SetValueEx(host::KeyHandle hKey, TextView sValueName, std
     host::Registry& registry = desktop_.registry();
     const std::string name = desktop_.narrow(sValueName);
     if (lType == host::registry_type::text) {
-        const std::string bytes = desktop_.narrow(vValue.to_text());
+        const std::string bytes = desktop_.narrow(desktop_.text_of(vValue));
         return registry.set_value(hKey, name, lType, bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     }
     if (lType == host::registry_type::dword) {

@@ -46,8 +46,8 @@ class Settings {
     /// A value without its terminator: a text, an integer, or empty if it can't be read for whatever reason.
     host::Value GetKeyValueEx(std::int32_t lKey, host::TextView sKeyName, host::TextView sValueName);
 
-    /// Writes a text (without terminator) or an integer to an open key. Answers the registry's status; 0 for
-    /// any other type, of which nothing is written.
+    /// Writes a text (without terminator; numbers and dates as the user writes them) or an integer to an open
+    /// key. Answers the registry's status; 0 for any other type, of which nothing is written.
     std::int32_t SetValueEx(host::KeyHandle hKey, host::TextView sValueName, std::uint32_t lType,
                             const host::Value& vValue);
 

@@ -171,6 +171,8 @@ TEST_F(SettingsTest, SetAValueOfAnOpenKey) {
     std::uint32_t kind = 0;
     EXPECT_EQ(stored(u"", u"Tarnwell set", kind).substr(0, 4), "Mail");
     EXPECT_EQ(kind, type::text);
+    EXPECT_EQ(set(host::to_date({2009, 12, 31, 22, 30, 0}), 1), 0);
+    EXPECT_EQ(stored(u"", u"Tarnwell set", kind).substr(0, 22), "12/31/2009 10:30:00 PM");
     EXPECT_EQ(set(5, 4), 0);
     EXPECT_EQ(stored(u"", u"Tarnwell set", kind), std::string("\x05\0\0\0", 4));
     EXPECT_EQ(kind, type::dword);

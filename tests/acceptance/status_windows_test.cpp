@@ -48,7 +48,8 @@ TEST_F(StatusWindows, ShowAnythingAsText) {
     connect.call(u"ShowMessage", {42});
     connect.call(u"ShowMessage", {true});
     connect.call(u"ShowMessage", {u""});
-    EXPECT_EQ(statuses(world), (Lines{"42", "True", ""}));
+    connect.call(u"ShowMessage", {host::to_date({2009, 12, 31, 22, 30, 0})});
+    EXPECT_EQ(statuses(world), (Lines{"42", "True", "", "12/31/2009 10:30:00 PM"}));
 }
 
 TEST_F(StatusWindows, StayWithAnImportsMessagesUntilTheEmptyOneCloses) {
