@@ -211,8 +211,7 @@ void ContactConversion::make_contact(const Text& key, const Text& user) {
 
 SafeRecordItem ContactConversion::make_wrapper() {
     SafeRecordItem wrapper;
-    steps_.set(wrapper,
-               [&] { return SafeRecordItem(desktop_.create(host::family::prog_id::safe_contact_item)); });
+    steps_.set(wrapper, [&] { return SafeRecordItem::of_contact(desktop_); });
     return wrapper;
 }
 

@@ -157,8 +157,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
             const bool contacts =
                 steps.holds([&] { return run.folder.DefaultItemType() == host::outlook::contact_items; });
             steps.set(run.wrapper, [&] {
-                return SafeRecordItem(desktop.create(contacts ? host::family::prog_id::safe_contact_item
-                                                              : host::family::prog_id::safe_post_item));
+                return contacts ? SafeRecordItem::of_contact(desktop) : SafeRecordItem::of_post(desktop);
             });
             steps.run([&] { run.wrapper.Item(run.items.Item(i)); });
             if (run.wrapper) add_row(steps, run.wrapper, run.items, i, key);

@@ -147,9 +147,7 @@ void dlgSend::GetListDef() {
     steps.set(record, [&] { return found(records::message_class::list_definition, definition); });
     host::family::SafeRecordItem wrapper;
     if (record) {
-        steps.set(wrapper, [&] {
-            return host::family::SafeRecordItem(desktop.create(host::family::prog_id::safe_post_item));
-        });
+        steps.set(wrapper, [&] { return host::family::SafeRecordItem::of_post(desktop); });
         steps.run([&] { wrapper.Item(record); });
     } else {
         std::int32_t locale = 0;

@@ -117,9 +117,7 @@ void dlgSend::OpenTarnwellContact() {
     };
     search();
     host::family::SafeRecordItem wrapper;
-    steps.set(wrapper, [&] {
-        return host::family::SafeRecordItem(desktop.create(host::family::prog_id::safe_contact_item));
-    });
+    steps.set(wrapper, [&] { return host::family::SafeRecordItem::of_contact(desktop); });
     steps.run([&] { wrapper.Item(record); });
     if (!record) {
         steps.set(target, account_contacts);

@@ -1,6 +1,7 @@
 // The faces of the sibling objects of the family.
 #pragma once
 
+#include "host/desktop.h"
 #include "host/face.h"
 
 namespace host::family {
@@ -139,8 +140,16 @@ class SafeMailItem : public Face<SafeMailItem> {
 /// A record's protected properties: a post's or a contact's. Made for each use.
 class SafeRecordItem : public Face<SafeRecordItem> {
   public:
-    static constexpr Kind kind{"SafeRecordItem"};
-    using Face::Face;
+    static constexpr Kind post_kind{"SafePostItem"}, contact_kind{"SafeContactItem"};
+    SafeRecordItem() = default;
+
+    /// Each of the two classes has dispatch ids of its own.
+    static SafeRecordItem of_post(Desktop& desktop) {
+        return {desktop.create(prog_id::safe_post_item), post_kind};
+    }
+    static SafeRecordItem of_contact(Desktop& desktop) {
+        return {desktop.create(prog_id::safe_contact_item), contact_kind};
+    }
 
     void Item(const Object& item) const { put(u"Item", item); }
     Text Body() const { return text(u"Body"); }
@@ -153,6 +162,12 @@ class SafeRecordItem : public Face<SafeRecordItem> {
     Value field(const Value& tag) const { return get(u"Fields", {tag}); }  ///< in its own type
     Value GetIDsFromNames(TextView set, const Value& id_or_name) const {
         return call(u"GetIDsFromNames", {Value(set), id_or_name});
+    }
+
+  private:
+    SafeRecordItem(const Object& made, const Kind& its_class) {
+        Object::operator=(made);
+        kind(&its_class);
     }
 };
 

@@ -23,6 +23,13 @@ namespace {
 
 constexpr std::int32_t deleted_items = 3, sent_items = 5;
 
+/// Posts are posted, what has recipients is sent; the name of the other is none of theirs.
+bool knows(const ItemKind& kind, TextView member) {
+    if (host::same_ignoring_case(member, u"Post")) return kind.number == object_class::post;
+    if (host::same_ignoring_case(member, u"Send")) return kind.has_people;
+    return true;
+}
+
 /// The lines of a mail that name its recipients.
 struct PeopleLine {
     TextView field;
@@ -65,6 +72,7 @@ void Item::check_there() const {
 
 Value Item::invoke(Request& request) {
     if (request.access != host::Access::identify) check_there();  // names are resolved for what is gone, too
+    if (!knows(kind(), request.member)) host::throw_no_member(request);
     return ModelObject::invoke(request);
 }
 

@@ -1,3 +1,5 @@
+#include "desk/model/item_kinds.h"
+#include "host/item_classes.h"
 #include "tests/unit/model_support.h"
 
 namespace model_tests {
@@ -17,6 +19,47 @@ constexpr ClassCase classes[] = {
     {u"IPM.StickyNote", u"NoteItem", folder_number::notes, 44},
     {u"IPM.Post", u"PostItem", folder_number::drafts, 45},
 };
+
+TEST_F(ItemsOfAFolder, ArePostedOrSentAsTheirClassHasIt) {
+    const auto made = [&](TextView message_class) {
+        return default_folder(folder_number::drafts).Items().Add(message_class);
+    };
+    EXPECT_EQ(failure_of([&] { made(u"IPM.Note").Post(); }), result::unknown_name);
+    EXPECT_EQ(failure_of([&] { made(u"IPM.Post").call(u"Send"); }), result::unknown_name);
+    EXPECT_EQ(failure_of([&] { made(u"IPM.StickyNote").call(u"Send"); }), result::unknown_name);
+    EXPECT_EQ(failure_of([&] { made(u"IPM.Note").call(u"Send"); }), result::fail) << "nobody to send it to";
+    EXPECT_EQ(failure_of([&] { made(u"IPM.Post").Post(); }), 0);
+}
+
+TEST(ClassesOfItems, PartWhereTheTableSaysSoAndNowhereElse) {
+    using host::outlook::ItemClass;
+    using host::outlook::parts_item_classes;
+    constexpr std::pair<ItemClass, TextView> kinds[] = {
+        {ItemClass::mail, u"IPM.Note"}, {ItemClass::contact, u"IPM.Contact"},
+        {ItemClass::post, u"IPM.Post"}, {ItemClass::appointment, u"IPM.Appointment"},
+        {ItemClass::task, u"IPM.Task"}, {ItemClass::note, u"IPM.StickyNote"},
+    };
+    for (const auto& [item_class, base_class] : kinds) {
+        const desk::ItemKind& kind = desk::kind_of(base_class);
+        for (const host::outlook::PublishedMember& row : host::outlook::parting_members) {
+            const auto* const field = desk::find_field(kind, row.name);
+            if (!field || row.item_class != item_class) continue;
+            EXPECT_EQ(field->id, row.id) << acceptance::shown(row.name);
+        }
+        for (const auto& [other_class, other_base] : kinds) {
+            for (const desk::tables::FieldRow& field : kind.own_fields()) {
+                SCOPED_TRACE(acceptance::shown(field.name));
+                const auto* const of_name = desk::find_field(desk::kind_of(other_base), field.name);
+                const auto* const of_id = desk::find_field(desk::kind_of(other_base), field.id);
+                const bool parts =
+                    (of_name && of_name->id != field.id) || (of_id && of_id->name != field.name);
+                if (parts) {
+                    EXPECT_TRUE(parts_item_classes(field.name));
+                }
+            }
+        }
+    }
+}
 
 TEST_F(ItemsOfAFolder, OfEveryClassAreMadeSavedChangedCopiedMovedAndDeleted) {
     for (const ClassCase& one : classes) {

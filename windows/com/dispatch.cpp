@@ -140,6 +140,18 @@ Value Adapter::identify(Request& request) {
     return host::Array::of(std::move(places));
 }
 
+/// Where a member's id is remembered: for the whole class, or for this object alone where an id of one class
+/// could reach an object of another.
+MemberTable& Adapter::shared_members(const Request& request) {
+    if (!request.kind) return own_members_;
+    if (kind_ != request.kind) {
+        class_ = &apartment_->dispatch_ids().of(*request.kind, *dispatch_.get());
+        kind_ = request.kind;
+    }
+    const bool shared = class_->told || DispatchIds::shared_by_all(*kind_, request.member);
+    return shared ? class_->members : own_members_;
+}
+
 Value Adapter::access(Request& request) {
     if (request.id != host::no_id && request.named.empty()) {
         KnownMember member{.ids = {request.id}};
@@ -148,7 +160,7 @@ Value Adapter::access(Request& request) {
     }
     if (request.member.empty()) throw host::Failure(host::result::no_named_arguments);
 
-    MemberTable& shared = request.kind ? apartment_->dispatch_ids().of(*request.kind) : own_members_;
+    MemberTable& shared = shared_members(request);
     const KnownMember* known = own_members_.find(request);
     const bool own = known != nullptr;
     if (!known) known = shared.find(request);

@@ -6,7 +6,7 @@
 namespace windows {
 
 /// Offers an IDispatch to the inside. A member access is one call of the object's Invoke once the id is
-/// known: from the table of the request's kind, or else from the object's own.
+/// known: from the table of the object's class, or else from the object's own.
 class Adapter final : public host::Invocable {
   public:
     Adapter(std::shared_ptr<Apartment> apartment, ComPtr<IDispatch> dispatch)
@@ -18,6 +18,7 @@ class Adapter final : public host::Invocable {
     const ComPtr<IDispatch>& dispatch() const { return dispatch_; }
 
   private:
+    MemberTable& shared_members(const host::Request& request);
     host::Value identify(host::Request& request);
     host::Value access(host::Request& request);
     host::Value advise(const host::Request& request);
@@ -29,6 +30,8 @@ class Adapter final : public host::Invocable {
     std::shared_ptr<Apartment> apartment_;
     ComPtr<IDispatch> dispatch_;
     MemberTable own_members_;
+    const host::Kind* kind_ = nullptr;  ///< as which it was seen last
+    ClassMembers* class_ = nullptr;     ///< what is known of the class, seen so
 };
 
 }  // namespace windows

@@ -1,7 +1,27 @@
 #include "windows/com/dispatch_ids.h"
 
+#include <optional>
+
+#include "host/item_classes.h"
+#include "host/outlook.h"
+#include "windows/com/com_ptr.h"
+
 namespace windows {
 namespace {
+
+/// The id of an object's type, as the object itself tells it.
+std::optional<host::Guid> type_of(IDispatch& object) {
+    UINT count = 0;
+    if (FAILED(object.GetTypeInfoCount(&count)) || count == 0) return std::nullopt;
+    ComPtr<ITypeInfo> info;
+    TYPEATTR* attributes = nullptr;
+    if (FAILED(object.GetTypeInfo(0, LOCALE_USER_DEFAULT, info.put())) || !info) return std::nullopt;
+    if (FAILED(info->GetTypeAttr(&attributes)) || !attributes) return std::nullopt;
+    const host::Guid type = from_guid(attributes->guid);
+    info->ReleaseTypeAttr(attributes);
+    if (type == host::Guid{}) return std::nullopt;
+    return type;
+}
 
 /// The member's name and those of the arguments, in one text. No name holds a zero.
 host::Text joined_names(const host::Request& request) {
@@ -23,6 +43,19 @@ const KnownMember* MemberTable::find(const host::Request& request) const {
 
 void MemberTable::remember(const host::Request& request, KnownMember member) {
     members_.insert_or_assign(joined_names(request), std::move(member));
+}
+
+ClassMembers& DispatchIds::of(const host::Kind& kind, IDispatch& object) {
+    if (const auto untold = untold_.find(&kind); untold != untold_.end()) return untold->second;
+    const std::optional<host::Guid> type = type_of(object);
+    if (!type) return untold_[&kind];
+    ClassMembers& known = told_[{&kind, *type}];
+    known.told = true;
+    return known;
+}
+
+bool DispatchIds::shared_by_all(const host::Kind& kind, host::TextView member) {
+    return &kind != &host::outlook::Item::kind || !host::outlook::parts_item_classes(member);
 }
 
 }  // namespace windows

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "host/object.h"
@@ -33,13 +34,25 @@ class MemberTable {
     std::map<host::Text, KnownMember, IgnoringCase> members_;
 };
 
-/// The known members of every kind of object that an apartment has met. Kinds are compared by address.
+/// The known members of one class of objects.
+struct ClassMembers {
+    bool told = false;  ///< the objects tell which class they are of; else the kind may stand for several
+    MemberTable members{};
+};
+
+/// The known members of all classes of objects that an apartment has met, under the kind as which they are
+/// seen. Kinds are compared by address.
 class DispatchIds {
   public:
-    MemberTable& of(const host::Kind& kind) { return tables_[&kind]; }
+    /// The table of an object's class. The object is asked for its type, unless one of the kind had none.
+    ClassMembers& of(const host::Kind& kind, IDispatch& object);
+
+    /// Whether an id of a member is good for all objects of a kind that don't tell their classes.
+    static bool shared_by_all(const host::Kind& kind, host::TextView member);
 
   private:
-    std::map<const host::Kind*, MemberTable> tables_;
+    std::map<const host::Kind*, ClassMembers> untold_;
+    std::map<std::pair<const host::Kind*, host::Guid>, ClassMembers> told_;
 };
 
 }  // namespace windows
