@@ -207,6 +207,18 @@ install_programs() {
     done
 }
 
+# copy_user_classes FILE: Wine finds the classes of the machine alone, so those that a library has entered for the user are
+# copied there. FILE is for the work.
+copy_user_classes() {
+    local file=$1
+    in_wine 60 regedit.exe /E "$(windows_path "$file")" 'HKEY_CURRENT_USER\Software\Classes' && [[ -s $file ]] ||
+        fail "the user's classes of $WINEPREFIX could not be read"
+    { printf '\xff\xfe' && iconv -f UTF-16 -t UTF-8 "$file" |
+        sed 's/^\[HKEY_CURRENT_USER\\/[HKEY_LOCAL_MACHINE\\/' | iconv -f UTF-8 -t UTF-16LE; } >"$file.machine"
+    in_wine 60 regedit.exe /S "$(windows_path "$file.machine")" || fail "the registry of $WINEPREFIX could not be written"
+    rm "$file" "$file.machine"
+}
+
 # register_servers FOLDER [fresh]: lets the libraries of a folder register themselves. What comes of it is put aside and
 # taken from there as long as the libraries are the same. With `fresh`, the registry is otherwise as Wine made it.
 register_servers() {
@@ -222,6 +234,7 @@ register_servers() {
         in_wine 60 regsvr32.exe /s "$(windows_path "$library")" ||
             fail "${library##*/} could not register itself in $WINEPREFIX"
     done
+    copy_user_classes "$folder/classes.reg"
     crash_rows | import_rows "$folder/crash.reg"
     rm -f "$folder/crash.reg"
     stop_wine # writes the registry to its files

@@ -19,19 +19,14 @@ struct Entry {
     std::variant<Text, DWORD> value;
 };
 
-/// A place that holds a set of entries.
-struct Place {
-    HKEY root;
-    Text path;  ///< what comes before the entries' keys
-};
-
 constexpr DWORD connected_at_start = 3;
 
 Text class_key() { return u"CLSID\\" + host::from_utf8(connect_class_spelling); }
 Text prog_id() { return Text(addin::connect_prog_id); }
-Place machine_classes() { return {HKEY_LOCAL_MACHINE, u"Software\\Classes\\"}; }
-Place user_classes() { return {HKEY_CURRENT_USER, u"Software\\Classes\\"}; }
-Place add_ins() { return {HKEY_CURRENT_USER, u"Software\\Microsoft\\Office\\Outlook\\Addins\\"}; }
+
+// All is entered for the user alone: nobody needs to be an administrator, neither to enter it nor to undo it.
+constexpr host::TextView user_classes = u"Software\\Classes\\";
+constexpr host::TextView add_ins = u"Software\\Microsoft\\Office\\Outlook\\Addins\\";
 
 std::vector<Entry> class_entries(const Text& file) {
     return {
@@ -67,11 +62,11 @@ class OpenKey {
     HKEY key_ = nullptr;
 };
 
-bool write(const Place& place, const Entry& entry) {
+bool write(host::TextView place, const Entry& entry) {
     OpenKey key;
-    const Text path = place.path + entry.key;
-    if (RegCreateKeyExW(place.root, wide(path), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_SET_VALUE, nullptr,
-                        key.put(), nullptr) != ERROR_SUCCESS) {
+    const Text path = Text(place) + entry.key;
+    if (RegCreateKeyExW(HKEY_CURRENT_USER, wide(path), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_SET_VALUE,
+                        nullptr, key.put(), nullptr) != ERROR_SUCCESS) {
         return false;
     }
     const auto set = [&](DWORD type, const void* data, std::size_t size) {
@@ -83,7 +78,7 @@ bool write(const Place& place, const Entry& entry) {
     return set(REG_SZ, text.c_str(), (text.size() + 1) * sizeof(char16_t));
 }
 
-bool write(const Place& place, const std::vector<Entry>& entries) {
+bool write(host::TextView place, const std::vector<Entry>& entries) {
     for (const Entry& entry : entries) {
         if (!write(place, entry)) return false;
     }
@@ -91,59 +86,50 @@ bool write(const Place& place, const std::vector<Entry>& entries) {
 }
 
 /// Deletes a key and all below it.
-bool remove(const Place& place, const Text& key) {
-    const LSTATUS status = RegDeleteTreeW(place.root, wide(place.path + key));
+bool remove(host::TextView place, const Text& key) {
+    const LSTATUS status = RegDeleteTreeW(HKEY_CURRENT_USER, wide(Text(place) + key));
     return status == ERROR_SUCCESS || status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND;
 }
 
-bool remove_class(const Place& place) {
-    const bool class_gone = remove(place, class_key());
-    const bool name_gone = remove(place, prog_id());
+bool remove_class() {
+    const bool class_gone = remove(user_classes, class_key());
+    const bool name_gone = remove(user_classes, prog_id());
     return class_gone && name_gone;
 }
 
-bool is_empty(HKEY root, const Text& path) {
+bool is_empty(const Text& path) {
     OpenKey key;
     DWORD keys = 1, values = 1;
-    return RegOpenKeyExW(root, wide(path), 0, KEY_QUERY_VALUE, key.put()) == ERROR_SUCCESS &&
+    return RegOpenKeyExW(HKEY_CURRENT_USER, wide(path), 0, KEY_QUERY_VALUE, key.put()) == ERROR_SUCCESS &&
            RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
                             nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
            keys == 0 && values == 0;
 }
 
 bool remove_add_in() {
-    if (!remove(add_ins(), prog_id())) return false;
+    if (!remove(add_ins, prog_id())) return false;
     // On a machine without the host, the keys above it came with the entry.
-    for (Text path = add_ins().path; path.ends_with(u'\\') && path != u"Software\\Microsoft\\";) {
+    for (Text path(add_ins); path.ends_with(u'\\') && path != u"Software\\Microsoft\\";) {
         path.pop_back();
-        if (!is_empty(HKEY_CURRENT_USER, path)) break;
+        if (!is_empty(path)) break;
         RegDeleteKeyW(HKEY_CURRENT_USER, wide(path));
         path.resize(path.find_last_of(u'\\') + 1);
     }
     return true;
 }
 
-bool register_class(const Place& place, const Text& file) {
-    if (write(place, class_entries(file))) return true;
-    remove_class(place);
-    return false;
-}
-
 }  // namespace
 
 HRESULT register_server(const Text& file) {
-    const bool for_machine = register_class(machine_classes(), file);
-    const bool for_user = register_class(user_classes(), file);
-    if ((for_machine || for_user) && write(add_ins(), add_in_entries())) return S_OK;
+    if (write(user_classes, class_entries(file)) && write(add_ins, add_in_entries())) return S_OK;
     unregister_server();
     return SELFREG_E_CLASS;
 }
 
 HRESULT unregister_server() {
-    const bool machine_gone = remove_class(machine_classes());
-    const bool user_gone = remove_class(user_classes());
+    const bool class_gone = remove_class();
     const bool add_in_gone = remove_add_in();
-    return machine_gone && user_gone && add_in_gone ? S_OK : SELFREG_E_CLASS;
+    return class_gone && add_in_gone ? S_OK : SELFREG_E_CLASS;
 }
 
 }  // namespace windows

@@ -5,9 +5,8 @@
 
 namespace windows {
 
-/// Registers the class for a server file, for the machine and for the user, or for the user alone where the
-/// machine's classes are refused, and enters the add-in for the user. SELFREG_E_CLASS if either can't be
-/// done; what was written is taken back then.
+/// Registers the class for a server file and enters the add-in, both for the user alone. SELFREG_E_CLASS if
+/// either can't be done; what was written is taken back then.
 HRESULT register_server(const host::Text& file);
 
 /// Takes back all that `register_server` writes. Nothing to take back is no failure.
