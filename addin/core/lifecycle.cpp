@@ -58,6 +58,7 @@ void Connect::IDTExtensibility2_OnConnection(const Object& Application, std::int
     } catch (const host::Failure&) {
         return;
     }
+    if (!Application) return;  // no host is nothing to start in
     StartAddIn(Application, prog_id);
 }
 
@@ -236,9 +237,10 @@ void Connect::goOutlook_ItemSend(const host::outlook::Item& item) {
 }
 
 void Connect::goOutlook_Quit() {
-    session_.search_panel.hide();
-    session_.search_panel.unload();
-    StopAddIn();
+    Steps steps;
+    steps.run([&] { session_.search_panel.hide(); });
+    steps.run([&] { session_.search_panel.unload(); });
+    steps.run([&] { StopAddIn(); });
 }
 
 void Connect::IDTExtensibility2_OnBeginShutdown() {

@@ -418,6 +418,31 @@ TEST(Stop, ThroughTheLastWindowHappensOnce) {
     EXPECT_TRUE(connect.goInbox.source());
 }
 
+/// A window that can't be hidden.
+class StubbornWindow final : public ToldWindow {
+  public:
+    using ToldWindow::ToldWindow;
+    void hide() override {
+        ToldWindow::hide();
+        throw host::Failure(result::fail);
+    }
+};
+
+TEST(Stop, AtTheHostsEndRunsEachOfItsSteps) {
+    NativeWorld world{{}};
+    world.unload_add_in(1);
+    std::vector<std::string> told;
+    addin::Session session(world.desktop(), world.engine());
+    session.search_panel.made_by([&] { return std::make_shared<StubbornWindow>(told); });
+    const auto connect = std::make_shared<Connect>(session);
+    connect->IDTExtensibility2_OnConnection(world.application_for_add_in(), 1, world.entry_for_add_in());
+    session.search_panel.show();
+    world.model().application()->raise(u"Quit");
+    EXPECT_EQ(told, (std::vector<std::string>{"show", "hide", "unload"}));
+    EXPECT_FALSE(connect->goInbox.source());
+    EXPECT_FALSE(connect->goOutlook.source());
+}
+
 TEST(Stop, OpensTheContextMenuForChangesWhenTheWindowCloses) {
     NativeWorld world{{}};
     constexpr std::int32_t drafts = 16, no_customize = 1, no_move = 4;

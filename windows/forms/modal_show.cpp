@@ -10,8 +10,12 @@ struct Search {
 
 BOOL CALLBACK collect_waiting(HWND window, LPARAM data) {
     const auto& search = *reinterpret_cast<const Search*>(data);
-    if (window != search.modal && IsWindowVisible(window) && IsWindowEnabled(window)) {
-        search.found->push_back(window);
+    try {
+        if (window != search.modal && IsWindowVisible(window) && IsWindowEnabled(window)) {
+            search.found->push_back(window);
+        }
+    } catch (...) {
+        return FALSE;  // nothing may travel into the system
     }
     return TRUE;
 }

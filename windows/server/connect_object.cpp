@@ -53,7 +53,6 @@ HRESULT ConnectObject::Extensibility::run(Operation&& operation) noexcept {
 
 HRESULT ConnectObject::Extensibility::OnConnection(IDispatch* application, long mode, IDispatch* add_in,
                                                    SAFEARRAY**) noexcept {
-    if (!application || !add_in) return E_POINTER;
     return run([&] {
         Apartment& apartment = whole_.apartment();
         lifecycle_.on_connection(apartment.adapt(application), static_cast<std::int32_t>(mode),
