@@ -19,7 +19,7 @@ bool Server::may_unload() {
     const std::lock_guard lock(mutex_);
     const bool shows_windows = std::ranges::any_of(
         rooms_, [](const auto& entry) { return entry.second.surroundings->shows_windows(); });
-    return module_.idle() && !shows_windows;
+    return !shows_windows && module_.may_unload();
 }
 
 Server::Room Server::room_of_this_thread() {

@@ -110,6 +110,17 @@ TEST_F(Lifetime, FactoriesMakeObjectsAndLockTheModule) {
     EXPECT_TRUE(module.idle());
 }
 
+TEST_F(Lifetime, HoldsKeepTheModuleWithoutAnyObject) {
+    {
+        const ModuleHold hold(module);
+        const auto second = std::make_unique<ModuleHold>(hold);
+        EXPECT_FALSE(module.may_unload());
+    }
+    EXPECT_EQ(module.objects(), 0);
+    EXPECT_TRUE(module.may_unload());
+    EXPECT_TRUE(module.may_unload()) << "asked again, it is the same";
+}
+
 TEST_F(Lifetime, AFactoryWhoseMakerFailsReportsIt) {
     const auto factory = ClassFactory::create(
         module, []() -> ComPtr<IUnknown> { throw Failure(host::result::access_denied); });

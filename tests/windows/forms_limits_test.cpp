@@ -167,7 +167,27 @@ TEST(FormsEnd, EngineTakesItsClassAndItsLateWindowsWithIt) {
     stage.end_engine();
     EXPECT_FALSE(IsWindow(window));
     EXPECT_FALSE(GetClassInfoW(instance, name.data(), &found));
-    EXPECT_EQ(stage.module().objects(), 0);
+    EXPECT_TRUE(stage.module().idle());
+}
+
+TEST(FormsEnd, ModuleIsHeldUntilTheLastWindowHasGone) {
+    WindowsStage stage;
+    EXPECT_TRUE(stage.module().idle());
+    auto form = std::make_shared<Noted>(stage.engine(), gallery);
+    form->show();
+    EXPECT_FALSE(stage.module().idle()) << "a window";
+    bool held_in_event = false;
+    form->at = [&](const std::string& event) {
+        if (event != "click go") return;
+        form->unload();
+        held_in_event = !stage.module().idle();
+    };
+    const HWND window = find_window(gallery_caption);
+    SendMessageW(find_control(window, u"go"), BM_CLICK, 0, 0);
+    EXPECT_TRUE(held_in_event);
+    EXPECT_FALSE(stage.module().idle()) << "a window that waits for its end";
+    EXPECT_TRUE(wait_until([&] { return !IsWindow(window); }));
+    EXPECT_TRUE(stage.module().idle());
 }
 
 }  // namespace

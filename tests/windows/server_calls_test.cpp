@@ -39,6 +39,22 @@ TEST_F(ServerCalls, TheDllStaysAsLongAsItIsNeeded) {
     EXPECT_EQ(can_unload(), S_OK);
 }
 
+TEST_F(ServerCalls, TheDllStaysWithItsObjectsAlsoIfItIsFreedWithoutAQuestion) {
+    auto object = connect();
+    FreeLibrary(dll);
+    EXPECT_TRUE(GetModuleHandleW(L"TarnwellNote.dll"));
+    object.reset();
+    EXPECT_TRUE(GetModuleHandleW(L"TarnwellNote.dll"))
+        << "nothing of it can know that its code has been left";
+
+    dll = LoadLibraryW(wide(folder + u"TarnwellNote.dll"));
+    EXPECT_EQ(can_unload(), S_OK);
+    FreeLibrary(dll);
+    EXPECT_FALSE(GetModuleHandleW(L"TarnwellNote.dll"))
+        << "who was told that it may go is the last to hold it";
+    dll = LoadLibraryW(wide(folder + u"TarnwellNote.dll"));
+}
+
 TEST_F(ServerCalls, AllInterfacesAreOfOneObject) {
     const auto object = connect();
     const auto add_in = extensibility(object);
@@ -126,13 +142,6 @@ TEST_F(ServerCalls, PublishedOperationsWork) {
     EXPECT_EQ(answer, Value(false));
 }
 
-TEST_F(ServerCalls, NullPointersOfTheHostAreRefused) {
-    const auto add_in = extensibility(connect());
-    const auto application = apartment->bridge(std::make_shared<HostApplication>());
-    EXPECT_EQ(add_in->OnConnection(nullptr, 1, application.get(), nullptr), E_POINTER);
-    EXPECT_EQ(add_in->OnConnection(application.get(), 1, nullptr, nullptr), E_POINTER);
-}
-
 /// The file that keeps a first start from running the programs of the family.
 class FirstStart : public ServerTest {
   protected:
@@ -173,6 +182,19 @@ TEST_F(FirstStart, WorksByNameAsWell) {
     EXPECT_EQ(apartment->bridge(application->published.to_object().target()).get(), object.get());
     EXPECT_EQ(call(*add_in.get(), L"OnDisconnection", {0}, *apartment), S_OK);
     application->published = {};
+}
+
+TEST_F(FirstStart, WithNothingForAnArgumentFailsSilently) {
+    const auto add_in = extensibility(connect());
+    const Object host(application);
+    const std::pair<Object, Object> cases[] = {{Object(), host}, {host, Object()}, {Object(), Object()}};
+    for (const auto& [given, entry] : cases) {
+        const auto given_pointer = apartment->bridge(given.target()),
+                   entry_pointer = apartment->bridge(entry.target());
+        EXPECT_EQ(add_in->OnConnection(given_pointer.get(), 1, entry_pointer.get(), nullptr), S_OK);
+        EXPECT_EQ(call(*add_in.get(), L"OnConnection", {Value(given), 1, Value(entry)}, *apartment), S_OK);
+        EXPECT_TRUE(marker_is_there()) << "nothing was started";
+    }
 }
 
 TEST_F(FirstStart, WithoutAHostFailsSilently) {

@@ -140,18 +140,32 @@ void FormControl::subclass(HWND window) {
 LRESULT CALLBACK FormControl::procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
                                         DWORD_PTR control) {
     FormControl& self = *reinterpret_cast<FormControl*>(control);
-    bool pass_on = true;
-    if (message == WM_KEYDOWN || message == WM_SYSKEYDOWN) {
-        pass_on = self.form_.key_down(&self, static_cast<int>(first));
-    } else if (message == WM_CHAR) {
-        pass_on = self.form_.character(self, static_cast<char16_t>(first));
-    } else if (message == posted_message) {
-        self.on_posted();
-        pass_on = false;
-    } else if (message == self.form_.surroundings().control_name_message && window == self.window_) {
+    const ModuleHold hold(self.form_.surroundings().module);  // a key may end the form, and all with it
+    if (message == self.form_.surroundings().control_name_message && window == self.window_) {
         return tell_name(self.row_.name, first, second);
     }
+    bool pass_on = false;
+    try {
+        pass_on = self.takes(message, first);
+    } catch (...) {
+        OutputDebugStringW(L"A control's message failed.\n");  // nothing may travel into the system
+    }
     return pass_on ? DefSubclassProc(window, message, first, second) : 0;
+}
+
+bool FormControl::takes(UINT message, WPARAM value) {
+    switch (message) {
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN:
+            return form_.key_down(this, static_cast<int>(value));
+        case WM_CHAR:
+            return form_.character(*this, static_cast<char16_t>(value));
+        case posted_message:
+            on_posted();
+            return false;
+        default:
+            return true;
+    }
 }
 
 // What the logic sees

@@ -66,6 +66,8 @@ class FormControl : public addin::forms::Control {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
                                       DWORD_PTR control);
+    /// Deals with a message to its window. True: the system is to go on with it.
+    bool takes(UINT message, WPARAM value);
     void subclass(HWND window);
     RECT pixels() const;
 

@@ -37,6 +37,7 @@ class FormWindow::Running {
 };
 
 bool FormWindow::raise(const std::function<void(Events&)>& event) {
+    const ModuleHold hold(surroundings_->module);
     const std::shared_ptr<FormFrame> frame = frame_;
     LastReference owner = surroundings_->owner.lock();
     {
@@ -65,6 +66,15 @@ bool FormWindow::click(const FormControl& control) {
 }
 
 LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    const auto* const kept =
+        reinterpret_cast<const ModuleHold*>(GetWindowLongPtrW(window, FormClass::hold_place));
+    if (!kept) return DefWindowProcW(window, message, first, second);  // not made yet
+    const ModuleHold hold(*kept);  // what the message does may end the window, and all else with it
+    if (message == WM_NCDESTROY) {
+        SetWindowLongPtrW(window, FormClass::hold_place, 0);
+        const std::unique_ptr<const ModuleHold> last(kept);
+        return DefWindowProcW(window, message, first, second);
+    }
     if (message == owner_end_message) {
         const std::unique_ptr<LastReference> last(reinterpret_cast<LastReference*>(second));
         return 0;

@@ -32,6 +32,7 @@ LRESULT CALLBACK FormWindow::hook_procedure(int code, WPARAM removed, LPARAM dat
         auto* const form =
             ours ? reinterpret_cast<FormWindow*>(GetWindowLongPtrW(root, GWLP_USERDATA)) : nullptr;
         if (form) {
+            const ModuleHold hold(form->surroundings_->module);
             try {
                 form->dispatch_key(message);
             } catch (...) {

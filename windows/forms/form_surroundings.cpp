@@ -27,6 +27,7 @@ FormClass::FormClass(WNDPROC procedure) {
     form.lpfnWndProc = procedure;
     form.hInstance = own_module();
     form.lpszClassName = name();
+    form.cbWndExtra = sizeof(ModuleHold*);
     form.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     form.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
     form.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
@@ -39,8 +40,8 @@ FormClass::~FormClass() {
     UnregisterClassW(name(), own_module());
 }
 
-KeyboardHook::KeyboardHook(HOOKPROC procedure)
-    : hook_(SetWindowsHookExW(WH_GETMESSAGE, procedure, nullptr, GetCurrentThreadId())) {
+KeyboardHook::KeyboardHook(Module& module, HOOKPROC procedure)
+    : hold_(module), hook_(SetWindowsHookExW(WH_GETMESSAGE, procedure, nullptr, GetCurrentThreadId())) {
     if (!hook_) throw Failure(host::result::fail, u"The keyboard could not be hooked.");
 }
 

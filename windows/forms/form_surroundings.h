@@ -13,6 +13,9 @@ namespace windows {
 /// The registered class of the windows. With its end, windows of the class that wait for their end are ended.
 class FormClass {
   public:
+    /// Where a window keeps its `ModuleHold`, which ends with its last message.
+    static constexpr int hold_place = 0;
+
     explicit FormClass(WNDPROC procedure);
     FormClass(const FormClass&) = delete;
     FormClass& operator=(const FormClass&) = delete;
@@ -30,12 +33,13 @@ class FormClass {
 /// shortcuts.
 class KeyboardHook {
   public:
-    explicit KeyboardHook(HOOKPROC procedure);
+    KeyboardHook(Module& module, HOOKPROC procedure);
     KeyboardHook(const KeyboardHook&) = delete;
     KeyboardHook& operator=(const KeyboardHook&) = delete;
     ~KeyboardHook() { UnhookWindowsHookEx(hook_); }
 
   private:
+    ModuleHold hold_;
     HHOOK hook_;
 };
 

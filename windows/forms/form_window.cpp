@@ -62,7 +62,7 @@ FormWindow::FormWindow(std::shared_ptr<FormSurroundings> surroundings, const For
       fonts_(dots_per_inch_) {
     hook_ = surroundings_->hook.lock();
     if (!hook_) {
-        hook_ = std::make_shared<KeyboardHook>(hook_procedure);
+        hook_ = std::make_shared<KeyboardHook>(surroundings_->module, hook_procedure);
         surroundings_->hook = hook_;
     }
     try {
@@ -102,11 +102,13 @@ void FormWindow::make_window() {
     const SIZE size{box.right - box.left, box.bottom - box.top};
     const POINT middle = middle_of_screen(size);
     const Text title(table_.caption);
+    auto hold = std::make_unique<ModuleHold>(surroundings_->module);
     frame_->window = CreateWindowExW(extended_style_of(table_), surroundings_->window_class.name(),
                                      wide(title), style_of(table_), table_.sizable ? CW_USEDEFAULT : middle.x,
                                      table_.sizable ? CW_USEDEFAULT : middle.y, size.cx, size.cy, nullptr,
                                      nullptr, own_module(), nullptr);
     if (!handle()) throw Failure(host::result::fail, u"A window could not be made: " + Text(table_.name));
+    SetWindowLongPtrW(handle(), FormClass::hold_place, reinterpret_cast<LONG_PTR>(hold.release()));
     frame_->form = this;
     SetWindowLongPtrW(handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     GetWindowRect(handle(), &last_size_);

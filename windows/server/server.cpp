@@ -17,7 +17,8 @@ std::shared_ptr<addin::Connect> new_connect(const std::shared_ptr<Load>& load) {
 }  // namespace
 
 Load::Load(Module& module)
-    : apartment(Apartment::create(module, host::Text(source_name))),
+    : hold(module),
+      apartment(Apartment::create(module, host::Text(source_name))),
       desktop(apartment),
       engine(
           module, [this] { return desktop.dots_per_inch(); }, desktop.screen_pointer()),

@@ -13,6 +13,7 @@ namespace windows {
 struct Load {
     explicit Load(Module& module);
 
+    ModuleHold hold;  // until all else has ended
     std::shared_ptr<Apartment> apartment;
     WindowsDesktop desktop;
     FormEngine engine;  // outlives the session, whose windows it has made
@@ -25,7 +26,7 @@ class Server {
     /// CLASS_E_CLASSNOTAVAILABLE for any class but the add-in's.
     HRESULT class_object(REFCLSID class_id, REFIID iid, void** answer) noexcept;
 
-    bool may_unload() const noexcept { return module_.idle(); }
+    bool may_unload() noexcept { return module_.may_unload(); }
 
   private:
     ComPtr<IUnknown> make_connect();
