@@ -333,6 +333,12 @@ void Desk::status_shown(TextView text) {
     post_planned([&](const Text& moment) { return text.find(moment) != TextView::npos; });
 }
 
+void Desk::note_filter(TextView filter) {
+    constexpr std::size_t most = 500;
+    if (filters.size() == most) filters.pop_front();
+    filters.emplace_back(filter);
+}
+
 int Desk::take_answer(TextView title, TextView text) {
     const auto found = std::ranges::find_if(answers, [&](const QueuedAnswer& answer) {
         return answer.title == title && text.find(answer.fragment) != TextView::npos;

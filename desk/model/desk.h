@@ -172,6 +172,10 @@ class Desk {
     std::vector<host::Text> statuses;
     std::vector<host::Object> displayed;
     std::vector<PlannedFault> faults;
+    std::deque<host::Text> filters;  ///< the last ones that items were asked for, in order
+
+    /// Keeps the last filters that items were asked for.
+    void note_filter(host::TextView filter);
 
     /// The button that a waiting answer gives to a message box, and the answer is used up; 0 if none waits.
     int take_answer(host::TextView title, host::TextView text);

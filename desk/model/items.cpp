@@ -127,6 +127,7 @@ Object Items::add(const Value& type) {
 }
 
 filter::Filter Items::read(const Text& text, bool for_find) const {
+    desk().note_filter(text);
     const FolderRow* const row = desk().folder_row(folder_);
     if (!row) throw Failure(result::object_deleted, u"The folder has been deleted.");
     const bool words = desk().options().instant_search && !for_find;

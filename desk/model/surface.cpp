@@ -193,6 +193,14 @@ Object Surface::statuses() {
         ->self();
 }
 
+Object Surface::filters() {
+    Desk& all = desk();
+    return std::make_shared<Listing>(
+               all, [&all] { return all.filters.size(); },
+               [&all](std::size_t i) { return Value(all.filters.at(i)); })
+        ->self();
+}
+
 Object Surface::opened() {
     Desk& all = desk();
     return std::make_shared<Listing>(
@@ -474,6 +482,16 @@ const host::Members<Surface>& Surface::members() {
          Use::method,
          {{u"Item", Takes::object}},
          [](Surface&, const Arguments& a) { return Value(description(a[0].to_object())); }},
+        {u"Filters", host::no_id, Use::get,
+         [](Surface& self, const Arguments&) { return Value(self.filters()); }},
+        {u"Raise",
+         host::no_id,
+         Use::method,
+         {{u"Event", Takes::text}},
+         [](Surface& self, const Arguments& a) {
+             self.desk().application()->raise(a[0].to_text());  // one of the application's, alone
+             return Value();
+         }},
         {u"Calls", host::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.calls()); }},
         {u"Telling", host::no_id, Use::get,

@@ -65,6 +65,7 @@ class Surface : public ModelObject<Surface> {
     host::Object programs();
     host::Object calls();
     host::Object statuses();
+    host::Object filters();
     host::Object opened();
     host::Value live(const host::Value& kind);
     host::Value option(const host::Text& option_name) const;

@@ -68,6 +68,7 @@ const host::Members<SurfaceWindow>& SurfaceWindow::members() {
         {u"Top", host::no_id, Use::get, measure<&WindowPlace::top>},
         {u"Width", host::no_id, Use::get, measure<&WindowPlace::width>},
         {u"Height", host::no_id, Use::get, measure<&WindowPlace::height>},
+        {u"Busy", host::no_id, Use::get, asked<Self, &WindowDriver::busy>},
         {u"Close", host::no_id, Use::method, told<Self, &WindowDriver::close>},
         {u"Resize",
          host::no_id,

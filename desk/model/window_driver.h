@@ -67,6 +67,7 @@ class WindowDriver {
     virtual bool visible() const = 0;
     virtual bool topmost() const = 0;
     virtual WindowPlace place() const = 0;
+    virtual bool busy() const = 0;  ///< the mouse pointer over it is the hourglass
     virtual void close() = 0;
     virtual void resize(int width, int height) = 0;
     virtual void key(int code) = 0;  ///< to the control that has the focus

@@ -28,6 +28,11 @@ class RealWindow final : public WindowDriver {
         GetWindowRect(there(), &place);
         return {place.left, place.top, place.right - place.left, place.bottom - place.top};
     }
+    bool busy() const override {
+        SendMessageW(there(), WM_SETCURSOR, reinterpret_cast<WPARAM>(window_),
+                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return GetCursor() == LoadCursorW(nullptr, IDC_WAIT);
+    }
     void close() override {
         if (IsWindowEnabled(there())) PostMessageW(window_, WM_CLOSE, 0, 0);
     }

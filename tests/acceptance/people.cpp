@@ -122,6 +122,16 @@ std::int32_t held(World& world, TextView kind) {
     return world.desk().get(u"Live", {host::Value(kind)}).to_integer();
 }
 
+std::int32_t calls_of(World& world, TextView member) {
+    const host::Object calls = world.desk().get(u"Calls").to_object();
+    const std::int32_t count = calls.get(u"Count").to_integer();
+    for (std::int32_t i = 1; i <= count; ++i) {
+        const host::Object call = calls.call(u"Item", {i}).to_object();
+        if (call.get(u"Member").to_text() == member) return call.get(u"Invocations").to_integer();
+    }
+    return 0;
+}
+
 std::int32_t failure_of(const std::function<void()>& action) {
     try {
         action();

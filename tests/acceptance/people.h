@@ -89,6 +89,9 @@ host::Object window_of(World& world, host::TextView caption);
 /// Whether there is a window that is visible. It may close at any time.
 bool is_shown(const host::Object& window);
 
+/// How often a member was asked for, of whatever object, since the desk's `ResetCalls`.
+std::int32_t calls_of(World& world, host::TextView member);
+
 /// How many of the desk's objects the outside holds, in all or of one kind.
 std::int32_t held(World& world);
 std::int32_t held(World& world, host::TextView kind);

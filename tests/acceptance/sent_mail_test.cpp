@@ -167,17 +167,8 @@ TEST_F(SentMail, IsSavedOnceBeforeTheSearchAndOnceForEachMark) {
         new_mail(world, {.to = u"ann.lee@northmill.example; zoe@quill.example; bob@ray.example"});
     world.desk().call(u"ResetCalls");
     mail.call(u"Send");
-    const Object calls = world.desk().get(u"Calls").to_object();
-    const auto count_of = [&](TextView member) {
-        const std::int32_t count = calls.get(u"Count").to_integer();
-        for (std::int32_t i = 1; i <= count; ++i) {
-            const Object call = calls.call(u"Item", {i}).to_object();
-            if (call.get(u"Member").to_text() == member) return call.get(u"Invocations").to_integer();
-        }
-        return 0;
-    };
-    EXPECT_EQ(count_of(u"Save"), 3);
-    EXPECT_EQ(count_of(u"Find"), 3) << "one search for each recipient";
+    EXPECT_EQ(calls_of(world, u"Save"), 3);
+    EXPECT_EQ(calls_of(world, u"Find"), 3) << "one search for each recipient";
 }
 
 TEST_F(SentMail, ThatWasNeverSavedHasAnIdBeforeItIsFiled) {

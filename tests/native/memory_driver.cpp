@@ -128,6 +128,7 @@ class MemoryWindowDriver final : public desk::WindowDriver {
         const MemoryWindow& window = watched_.window();
         return {0, 0, window.pixel_width(), window.pixel_height()};
     }
+    bool busy() const override { return watched_.window().busy(); }
     void close() override {
         watched_.post([](MemoryWindow& window) { window.close(); });
     }

@@ -158,6 +158,10 @@ bool MemoryWindow::act(const std::function<void()>& deed) {
 
 // The focus
 
+bool MemoryWindow::busy() const {
+    return pointer_ == host::Pointer::hourglass || engine_.screen_pointer() == host::Pointer::hourglass;
+}
+
 bool MemoryWindow::active() const { return engine_.active_ == this; }
 
 void MemoryWindow::become_active() {

@@ -42,6 +42,7 @@ class MemoryWindow final : public addin::forms::View {
     bool is_topmost() const { return topmost_; }
     std::weak_ptr<const bool> life() const { return alive_; }  ///< expires with the window
     host::Pointer pointer() const { return pointer_; }
+    bool busy() const;  ///< the mouse pointer over it is the hourglass
     bool active() const;
     bool blocked() const { return blocked_by_ != 0; }  ///< behind a modal window
     MemoryControl* find(host::TextView name);          ///< null if it has none of that name
@@ -119,6 +120,9 @@ class MemoryEngine final : public addin::forms::Engine {
     std::vector<std::string> thrown;
 
     int dots_per_inch = 96;  ///< set before windows are made
+
+    /// The mouse pointer over all windows that have none of their own.
+    std::function<host::Pointer()> screen_pointer = [] { return host::Pointer::standard; };
 
     // for whoever watches the windows
     std::function<void(MemoryWindow&)> on_show = [](MemoryWindow&) {};

@@ -112,6 +112,7 @@ void NativeWorld::start() {
     host_ = std::make_unique<Host>(*boundary_, programs_, strands_, engine_, folder_ / "database.desk",
                                    std::move(options));
     desktop_.attach(&host_->desk);
+    engine_.screen_pointer = [this] { return desktop_.shown_pointer; };
     desktop_.on_yield = [this] {
         if (host_) host_->yield();
     };
@@ -122,7 +123,10 @@ void NativeWorld::start() {
     };
     surroundings.indexed_folder = folder_ / "documents";
     surroundings.is_registered = [this](TextView prog_id) { return !desktop_.left_out(prog_id); };
-    surroundings.make_object = [this](TextView prog_id) { return desktop_.make(prog_id); };
+    surroundings.make_object = [this](TextView prog_id) {
+        if (!host::same_ignoring_case(prog_id, addin::connect_prog_id)) return desktop_.make(prog_id);
+        return boundary_->to_outside(Object(make_connect()));
+    };
     surroundings.connect = [this](TextView, bool connect) {
         if (connect && !connect_) load_add_in(mode_after_startup);
         if (!connect) unload_add_in(mode_user_closed);
@@ -164,12 +168,19 @@ void NativeWorld::end_host() {
     host_.reset();
 }
 
+std::shared_ptr<addin::Connect> NativeWorld::make_connect() {
+    std::shared_ptr<addin::Session> session = session_.lock();
+    if (!session) {
+        session = std::make_shared<addin::Session>(desktop_, engine_);
+        session->owner = session;
+        engine_.keep_during_events(session);
+        session_ = session;
+    }
+    return {new addin::Connect(*session), [session](addin::Connect* last) { delete last; }};
+}
+
 void NativeWorld::load_add_in(std::int32_t connect_mode) {
-    const auto session = std::make_shared<addin::Session>(desktop_, engine_);
-    session->owner = session;
-    engine_.keep_during_events(session);
-    const std::shared_ptr<addin::Connect> connect(new addin::Connect(*session),
-                                                  [session](addin::Connect* last) { delete last; });
+    const std::shared_ptr<addin::Connect> connect = make_connect();
     connect_ = connect;
     connect->IDTExtensibility2_OnConnection(application_for_add_in(), connect_mode, entry_for_add_in());
     host_->desk.add_ins()->all.front()->connected = true;

@@ -50,6 +50,7 @@ class NativeWorld final : public acceptance::World {
     Host& running();
     void end_host();
     void watch_status();
+    std::shared_ptr<addin::Connect> make_connect();
 
     acceptance::WorldSetup setup_;
     TemporaryFolder folder_;
@@ -61,6 +62,7 @@ class NativeWorld final : public acceptance::World {
     Strands strands_;
     MemoryEngine engine_{strands_};
     std::shared_ptr<addin::Connect> connect_;  ///< the add-in, with the session that it keeps
+    std::weak_ptr<addin::Session> session_;    ///< of the load, which all objects of the class share
 };
 
 }  // namespace native
