@@ -1,6 +1,6 @@
 // Finding a database in the profile's stores, and what the user's answer does.
 #include "core/settings.h"
-#include "tests/acceptance/people.h"
+#include "tests/acceptance/search_panel.h"
 
 namespace acceptance {
 namespace {
@@ -250,6 +250,25 @@ TEST_F(Discovery, WorksWithoutSiblings) {
         EXPECT_EQ(option(world, u"AccountProfileFolderName"), sample_path);
         EXPECT_EQ(option(world, u"UserName"), u"New User");
         EXPECT_EQ(world.family_calls(), one.calls);
+    }
+}
+
+/// An object of the class that the host has never connected, after the connected one has gone.
+TEST_F(Discovery, WithAYesTakesTheApplicationThatItLacks) {
+    for (const std::int32_t button : {no, yes}) {
+        SCOPED_TRACE(button);
+        World& world = with({});
+        const Object other = world.application().call(u"CreateObject", {u"CreateNote.Connect"}).to_object();
+        world.application().COMAddIns().Item(u"CreateNote.Connect").put(u"Connect", false);
+        answer(world, button);
+        other.call(u"FindFolder");
+        ASSERT_EQ(boxes(world).size(), 1U);
+        const SearchPanel panel(world);
+        other.call(u"PowerPanel");
+        world.settle();
+        ASSERT_TRUE(panel.is_open());
+        world.desk().call(u"Raise", {u"Quit"});
+        EXPECT_EQ(panel.is_open(), button == no) << "who holds the application hears of its end";
     }
 }
 

@@ -2,7 +2,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "tests/acceptance/people.h"
+#include "tests/acceptance/outgoing.h"
+#include "tests/acceptance/search_panel.h"
 
 namespace acceptance {
 namespace {
@@ -58,6 +59,12 @@ class Lifecycle : public Filing {
         const std::int32_t before = count_in(world, u"Email");
         read_mail(world);
         return count_in(world, u"Email") == before + 1;
+    }
+
+    static bool fits_windows_with_buttons(World& world) {
+        OpenedItem window(new_mail(world));
+        window.show();
+        return static_cast<bool>(find_control(window.window, u"TarnwellCreateNote", u"CreateNoteButton"));
     }
 
     static Object new_explorer(World& world) {
@@ -167,8 +174,69 @@ TEST_F(Lifecycle, WithoutTheMainAddInStartsTheProgramsWhereTheShellStands) {
         EXPECT_EQ(program.folder, started[0].folder);
     }
     ASSERT_TRUE(world.connect()) << "the add-in is loaded with what it could reach";
+    EXPECT_TRUE(fits_windows_with_buttons(world));
+    world.option(u"AutoFileSentEmails", u"1");
+    send(world, new_mail(world));
+    EXPECT_EQ(statuses(world).back(), "Searching for Ann Lee - NOT FOUND") << "but nobody is to be found";
     EXPECT_EQ(world.desk().get(u"Messages").to_object().get(u"Count").to_integer(), 0);
     world.quit();
+}
+
+/// The folder is missing while the add-in starts, and is there again when the events come.
+TEST_F(Lifecycle, WithoutTheContactsFolderReceivesAllOtherEvents) {
+    World& world = filing();
+    world.option(u"AutoFileSentEmails", u"1");
+    world.option(u"EnableQuickView", u"1");
+    world.option(u"PDAContactSync", u"1");
+    const auto rename = [&](TextView name, TextView to) { world.below(name).put(u"Name", Value(to)); };
+    const auto arrives = [&] {  // a contact that comes through synchronisation
+        const Item contact = world.below(u"Account Contacts").Items().Add(u"IPM.Contact");
+        contact.FullName(u"Bob Ray");
+        contact.Save();
+        EXPECT_TRUE(world.wait_for_handlers());
+        return contact.MessageClass();
+    };
+    for (const bool missing : {true, false}) {
+        SCOPED_TRACE(missing);
+        if (missing) rename(u"Account Contacts", u"Former Contacts");
+        world.quit();
+        world.start();
+        if (missing) {
+            rename(u"Former Contacts", u"Account Contacts");
+            add_contact(world);
+        }
+        EXPECT_TRUE(is_filing(world));
+        const std::int32_t notes = count_in(world, u"Email");
+        send(world, new_mail(world));
+        EXPECT_EQ(count_in(world, u"Email"), notes + 1);
+        EXPECT_TRUE(fits_windows_with_buttons(world));
+        world.desk().get(u"ContextMenu");
+        EXPECT_TRUE(
+            find_control(world.application().ActiveExplorer(), u"Context Menu", u"Tarnwell Quick View"));
+        for (const auto& [folder, message_class, shared, key] :
+             {std::tuple(host::outlook::default_folder::calendar, u"IPM.Appointment.TarnwellAppt",
+                         u"Global Calendar", u"ApptID"),
+              std::tuple(host::outlook::default_folder::tasks, u"IPM.Task.TarnwellTask", u"Global Tasks",
+                         u"TaskID")}) {
+            const Item plan = new_item(world, folder, message_class);
+            plan.UserProperties().Item(key).value(missing ? u"K-1" : u"K-2");
+            plan.UserProperties().Item(u"AccountID").value(u"A-1");
+            plan.Save();
+            OpenedItem form(plan);
+            form.show();
+            plan.Subject(u"A plan");
+            plan.Save();
+            EXPECT_TRUE(world.wait_for_handlers());
+            const host::outlook::Folder beside(
+                host::outlook::Folder(world.account_profiles().Parent()).Folders().Item(shared));
+            EXPECT_EQ(beside.Items().Count(), missing ? 1 : 2) << shown(shared);
+        }
+        show_folder(world, world.inbox());
+        world.desk().call(u"Select", {Value(world.deliver(message()))});
+        EXPECT_TRUE(world.wait_for_handlers());
+        EXPECT_TRUE(is_shown(window_of(world, u"TW Quick View")));
+        EXPECT_EQ(arrives() == u"IPM.Contact.Account Contact", !missing);
+    }
 }
 
 TEST_F(Lifecycle, LeavesTheProgramsOutOnceIfTheMarkerIsThere) {
@@ -265,6 +333,32 @@ TEST_F(Lifecycle, EndsWhenTheUserDisconnectsItAndComesBack) {
     EXPECT_FALSE(is_filing(world));
     entry.put(u"Connect", true);
     EXPECT_TRUE(is_filing(world));
+}
+
+TEST_F(Lifecycle, EndsWithTheHostsQuitAloneAndOnlyOnce) {
+    World& world = filing();
+    add_contact(world);
+    const Object explorer = world.application().ActiveExplorer();
+    const auto entry = [&] { return find_control(explorer, u"Context Menu", u"Tarnwell Quick View"); };
+    world.desk().get(u"ContextMenu");
+    ASSERT_TRUE(entry());
+    const SearchPanel panel(world);
+    panel.open();
+    ASSERT_TRUE(panel.is_open());
+    ASSERT_TRUE(is_filing(world));
+    world.desk().call(u"Raise", {u"Quit"});
+    EXPECT_FALSE(is_filing(world));
+    EXPECT_FALSE(panel.is_open());
+    EXPECT_FALSE(entry());
+    EXPECT_TRUE(find_bar(explorer, u"Context Menu")) << "the host's own bar stays";
+
+    // the stop that follows finds nothing left to let go of
+    const Object add_in = world.application().COMAddIns().Item(u"CreateNote.Connect");
+    world.desk().call(u"ResetCalls");
+    add_in.put(u"Connect", false);
+    for (const TextView member : {u"Delete", u"Reset", u"Priority", u"FindControl"})
+        EXPECT_EQ(calls_of(world, member), 0) << shown(member);
+    EXPECT_EQ(count_messages(world), 0);
 }
 
 TEST_F(Lifecycle, HoldsNothingOfTheHostOnceItIsDisconnected) {

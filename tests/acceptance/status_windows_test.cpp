@@ -71,6 +71,24 @@ TEST_F(StatusWindows, StayWithAnImportsMessagesUntilTheEmptyOneCloses) {
     EXPECT_EQ(statuses(world), (Lines{"Importing contacts", "Importing mails", "Importing tasks"}));
 }
 
+TEST_F(StatusWindows, KeepTheHourglassUntilTheEmptyOneCloses) {
+    World& world = with({});
+    const SearchPanel panel(world);
+    panel.open();
+    const auto busy = [&] { return panel.window().get(u"Busy").to_boolean(); };
+    EXPECT_FALSE(busy());
+    for (const std::int32_t milliseconds : {0, 10}) {
+        import_message(world, u"Importing contacts", milliseconds);
+        EXPECT_TRUE(busy()) << "over other windows, too";
+        EXPECT_TRUE(window(world).get(u"Busy").to_boolean());
+        import_message(world, u"", 0);
+        EXPECT_FALSE(busy());
+    }
+    world.connect().call(u"ShowMessage", {u"A moment"});
+    EXPECT_FALSE(busy()) << "a message alone has none";
+    EXPECT_TRUE(window(world).get(u"Busy").to_boolean()) << "but in its own window";
+}
+
 TEST_F(StatusWindows, CloseAtOnceHoweverLongTheyWereToSleep) {
     World& world = with({});
     import_message(world, u"Importing", 0);
@@ -141,9 +159,11 @@ TEST_F(StatusWindows, AreNotNeededToTellAFile) {
     const auto exists = [&](const Text& path) { return connect.call(u"FileExists", {path}); };
     const Text file = world.write_file("here.txt", "x");
     EXPECT_EQ(exists(file), Value(true));
-    EXPECT_EQ(exists(file + u"\\"), Value(false)) << "a path that ends so is not even looked for";
+    world.desk().call(u"ResetCalls");
+    EXPECT_EQ(exists(file + u"\\"), Value(false));
     EXPECT_EQ(exists(u"\\"), Value(false));
     EXPECT_EQ(exists(u""), Value(false));
+    EXPECT_EQ(calls_of(world, u"find_file"), 0) << "such a path is not even looked for";
     EXPECT_EQ(exists(file + u".not"), Value(false));
     EXPECT_FALSE(window(world));
 }
@@ -165,7 +185,15 @@ TEST_F(StatusWindows, TheSearchPanelIsOpenedWithAndWithoutAnItem) {
             connect.call(operation, {Value(new_item(world, item_type::mail))});
         }
         EXPECT_EQ(count_messages(world), 0);
-        EXPECT_TRUE(panels.is_open());
+        for (const char* const panel : {"of its own", "the new one", "the default one"}) {
+            EXPECT_TRUE(panels.is_open()) << panel;
+            panels.close();
+        }
+        EXPECT_FALSE(panels.is_open()) << "each is one window, however often it was opened";
+        connect.call(u"ShowItemsMenu2", {Value(contact)});
+        connect.call(u"ShowItemsMenu2", {Value(contact)});
+        panels.close();
+        EXPECT_FALSE(panels.is_open());
     }
     world.settle();
     EXPECT_EQ(held(world), before) << "the item's ids are kept, not the item";
