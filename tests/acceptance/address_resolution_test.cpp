@@ -7,6 +7,7 @@ namespace {
 
 using host::Text;
 using host::TextView;
+using host::Value;
 using host::outlook::Item;
 
 class AddressResolution : public Filing {
@@ -175,6 +176,26 @@ TEST_F(AddressResolution, TellsInternetAddressesFromOthers) {
             expect_left_alone(world, mail);
             EXPECT_EQ(world.desk().get(u"Messages").to_object().get(u"Count").to_integer(), 0);
         }
+    }
+}
+
+TEST_F(AddressResolution, StopsBeforeItLooksAtTheTypeWhereThereIsNoAddress) {
+    struct Case {
+        const char* header;
+        std::int32_t asked;  ///< how many properties of the mail
+    };
+    for (const auto& [header, asked] : {Case{"", 2}, Case{"X-Desk-Sender: SMTP -\n", 1},
+                                        Case{"X-Desk-Sender: - -\n", 1}, Case{"X-Desk-Sender: EX -\n", 1}}) {
+        SCOPED_TRACE(header);
+        World& world = emptied();
+        world.option(u"SaveExchangeEmail", u"1");
+        add_contact(world);  // with two empty addresses, which an empty one would equal
+        const Item mail = world.deliver(message({.more = header}));
+        world.desk().call(u"ResetCalls");
+        world.connect().call(u"AutomaticCreateNote", {Value(mail)});
+        // the wrapper's member where that is seen, and else what the wrapper asks the host for
+        EXPECT_EQ(calls_of(world, u"Fields") + calls_of(world, u"GetProperty"), asked);
+        EXPECT_EQ(calls_of(world, u"Find"), asked - 1);
     }
 }
 

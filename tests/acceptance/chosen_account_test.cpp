@@ -23,7 +23,10 @@ class ChosenAccount : public Filing {
         world.family(u"UserName", u"Tom Prior");
         world.family(u"Alignment", u"South");
         show_folder(world, world.inbox());
-        add_account(world, {{u"AccountID", u"A-1"}, {u"Account Name", u"Cooper & Sons"}}, u"Cooper");
+        // its fax bears the name that only the Search Panel reads
+        add_account(world,
+                    {{u"AccountID", u"A-1"}, {u"Account Name", u"Cooper & Sons"}, {u"AccountFax", u"333"}},
+                    u"Cooper");
         add_account(world,
                     {{u"AccountID", u"A-7"},
                      {u"Account Name", u"North Mill Ltd"},
@@ -186,6 +189,7 @@ TEST_F(ChosenAccount, ThatHasLittleGivesLittle) {
         choose(u"Cooper & Sons");
         expect_contact({{u"CompanyName", u"Cooper & Sons"},
                         {u"BusinessAddressCity", u""},
+                        {u"BusinessFaxNumber", u""},
                         {u"WebPage", u"www.northmill.example"}},
                        {{u"AccountID", u"A-1"},
                         {u"Account Name", u"Cooper & Sons"},

@@ -289,7 +289,9 @@ TEST_F(SearchOfThePanel, ShowsNothingOfTheRecordBefore) {
     World& same = made(old_host);
     add_full_account(same);
     add_record(same.account_profiles(), u"IPM.Post.Tarnwell_2000", u"Bare Ltd",
-               {{u"AccountID", u"A-9"}, {u"Account Name", u"Bare Ltd"}});
+               {{u"AccountID", u"A-9"},
+                {u"Account Name", u"Bare Ltd"},
+                {u"Account Fax", u"222"}});  // the name that only new contacts are filled from
     add_full_contact(same);
     add_record(same.below(u"Account Contacts"), u"IPM.Contact.Account Contact", u"Bare",
                {{u"ContactID", u"C-9"}, {u"Account Name", u"Bare Ltd"}});
