@@ -1,6 +1,7 @@
 // Main windows come and go; the add-in follows them, and goes on as long as its own one is not the end of it.
 #include "tests/acceptance/button_lines.h"
 #include "tests/acceptance/outgoing.h"
+#include "tests/acceptance/search_panel.h"
 
 namespace acceptance {
 namespace {
@@ -8,6 +9,8 @@ namespace {
 using host::Object;
 using host::Text;
 using host::TextView;
+using host::Value;
+using host::outlook::Item;
 
 constexpr TextView first_host = u"9.0.0.3821", later_host = u"16.0.0.0";
 
@@ -85,6 +88,38 @@ TEST_F(ExplorerTracking, TwoFurtherWindowsTogether) {
     }
 }
 
+TEST_F(ExplorerTracking, TheSharedWindowsGoWithTheLastFurtherWindow) {
+    World& world = tracking(later_host);
+    world.option(u"EnableQuickView", u"1");
+    show_folder(world, world.inbox());
+    world.desk().call(u"Select", {Value(world.deliver(message()))});
+    ASSERT_TRUE(world.wait_for_handlers());
+    const SearchPanel panel(world);
+    const auto quick_view = [&] { return window_of(world, u"TW Quick View"); };
+    const Object second = new_explorer(world), third = new_explorer(world);
+    panel.open();
+    panel.open_new(Item());
+    panel.open_second(Item());
+    close(second);
+    world.settle();
+    EXPECT_TRUE(is_shown(quick_view()));
+    EXPECT_TRUE(panel.is_open()) << "one is left that is followed";
+    close(third);
+    world.settle();
+    EXPECT_FALSE(quick_view());
+    EXPECT_FALSE(panel.is_open()) << "though the first window is open still";
+    ASSERT_EQ(count_explorers(world), 1);
+    expect_at_work(world, true);
+
+    // the first window isn't followed: when it goes, nothing else does
+    const Object first = world.application().Explorers().Item(1);
+    new_explorer(world);
+    panel.open();
+    close(first);
+    world.settle();
+    EXPECT_TRUE(panel.is_open());
+}
+
 TEST_F(ExplorerTracking, AFurtherWindowLeavesWhatIsOpenAsItIs) {
     World& world = tracking(later_host);
     OpenedItem mail(world.deliver(message()));
@@ -148,7 +183,7 @@ TEST_F(ExplorerTracking, OnTheFirstHostTheFirstWindowEndsTheWorkAfterAFurtherOne
 TEST_F(ExplorerTracking, WindowsThatAreClosedWhileAMailIsSentDoNotDisturbIt) {
     World& world = tracking(later_host);
     const Object second = new_explorer(world);
-    world.desk().call(u"Meanwhile", {u"Checking names - ", host::Value(second), u"Close"});
+    world.desk().call(u"Meanwhile", {u"Checking names - ", Value(second), u"Close"});
     EXPECT_TRUE(files_sent_mail(world));
     EXPECT_EQ(count_explorers(world), 1);
     expect_at_work(world, true);

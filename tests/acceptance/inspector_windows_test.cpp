@@ -183,6 +183,31 @@ TEST_F(InspectorWindows, ThatAreLeftAloneLeaveTheLastOneWhatItIs) {
     }
 }
 
+TEST_F(InspectorWindows, StayTheLastOneThoughAReplicationOffersItsItem) {
+    World& world = sending();
+    for (const auto& [folder, message_class, key, shared] :
+         {std::tuple(default_folder::calendar, u"IPM.Appointment.TarnwellAppt", u"ApptID",
+                     u"Global Calendar"),
+          std::tuple(default_folder::tasks, u"IPM.Task.TarnwellTask", u"TaskID", u"Global Tasks")}) {
+        SCOPED_TRACE(shown(message_class));
+        const Item plan = new_item(world, folder, message_class);
+        for (const TextView name : {TextView(key), TextView(u"AccountID")})
+            plan.UserProperties().Item(name).value(u"A-1");
+        plan.Save();
+        OpenedItem form(plan), word(word_mail(world));
+        form.show();
+        word.show();
+        plan.Subject(u"Another plan");
+        plan.Save();
+        EXPECT_TRUE(world.wait_for_handlers());
+        const host::outlook::Folder root(world.account_profiles().Parent());
+        EXPECT_EQ(root.Folders().Item(shared).Items().Count(), 1);
+        ASSERT_TRUE(find_bar(word.window, bar));
+        send_unseen(world);
+        EXPECT_FALSE(find_bar(word.window, bar)) << "its end is still the one that is seen";
+    }
+}
+
 TEST_F(InspectorWindows, CloseQuietlyWhileTheStatusWindowIsUp) {
     World& world = with({});
     world.connect().call(u"ShowImportMessage", {u"Importing", 0});
