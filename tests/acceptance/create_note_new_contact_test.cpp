@@ -162,12 +162,26 @@ TEST_F(CreateNoteForANewContact, TakesTheNameOfTheRowsPerson) {
 }
 
 TEST_F(CreateNoteForANewContact, HasAnotherSignForTheApostropheOfItsName) {
-    World& world = furnished();
-    create(opened(world.deliver(message({.from = "Bo O'Hara <bo@ohara.example>"}))));
-    const Item contact = only_item(world, u"Account Contacts");
-    ASSERT_TRUE(contact);
-    EXPECT_EQ(field(contact, u"FullName"), "Bo O~Hara") << "it has been through a filter";
-    EXPECT_EQ(shown(World::property(only_item(world), u"Contact Name")), "Bo O~Hara");
+    struct Case {
+        const char *from, *name, *address;
+    };
+    const Case cases[] = {
+        {"Bo O'Hara <bo@ohara.example>", "Bo O~Hara", "bo@ohara.example"},
+        {"bo.o'hara@ohara.example", "bo.o~hara@ohara.example", "bo.o'hara@ohara.example"},
+        {"Bo <bo.o'hara@ohara.example>", "Bo", "bo.o'hara@ohara.example"},
+    };
+    furnished();
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.from);
+        close_dialog();
+        World& world = emptied();
+        create(opened(world.deliver(message({.from = one.from}))));
+        const Item contact = only_item(world, u"Account Contacts");
+        ASSERT_TRUE(contact);
+        EXPECT_EQ(field(contact, u"FullName"), one.name) << "it has been through a filter";
+        EXPECT_EQ(field(contact, u"Email1Address"), one.address) << "which the address hasn't";
+        EXPECT_EQ(shown(World::property(only_item(world), u"Contact Name")), one.name);
+    }
 }
 
 TEST_F(CreateNoteForANewContact, HasNoNameAtAccountLevel) {
@@ -179,6 +193,7 @@ TEST_F(CreateNoteForANewContact, HasNoNameAtAccountLevel) {
     const Item contact = only_item(world, u"Account Contacts");
     ASSERT_TRUE(contact);
     EXPECT_EQ(field(contact, u"FullName"), "");
+    EXPECT_EQ(shown(contact.Subject()), "");
     EXPECT_EQ(field(contact, u"Email1Address"), "ann.lee@northmill.example");
     const Item note = only_item(world);
     ASSERT_TRUE(note);

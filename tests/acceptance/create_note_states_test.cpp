@@ -66,6 +66,22 @@ TEST_F(NoteDialogStates, AddressesAreListedByLoadOptionAndEmailTarget) {
     expect_addresses();
 }
 
+TEST_F(NoteDialogStates, TheEmailTargetLeavesTheHeadingsAsTheyAre) {
+    const auto expect_kept = [&](const Lines& first_two) {
+        dialog().choose(u"Combo2", u"Search by Email");
+        expect_addresses();
+        const Lines all = dialog().headings();
+        EXPECT_EQ(Lines(all.begin(), all.begin() + 2), first_two);
+    };
+    expect_kept({"Contact Name", "Company Name"});
+    dialog().click(u"Option1");
+    expect_kept({"Company Name", "Company City"});
+    dialog().choose(u"Combo2", u"People");
+    expect_kept({"Full Name", "Company"});
+    dialog().click(u"Option2");
+    expect_kept({"Contact Name", "Company Name"});
+}
+
 TEST_F(NoteDialogStates, AddressesAreLeftByATarget) {
     dialog().choose(u"Combo2", u"People");
     EXPECT_EQ(dialog().rows(), Lines{});

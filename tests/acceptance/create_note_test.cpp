@@ -229,6 +229,22 @@ TEST_F(CreateNote, DoesNotLookForTheNameOfSomebodyWhoIsNoneOfTheMailsPeople) {
     expect_stranger(opened(world.deliver(message({.more = "X-Desk-Sender: SMTP other@native.example\n"}))));
 }
 
+TEST_F(CreateNote, LooksForTheRowsAddressAloneWhereTheSenderHasNone) {
+    // the list has the native address; an address of the directory, which a row is compared with, there isn't
+    const MailPlan plan{.from = "Ann Lee", .more = "X-Desk-Sender: SMTP ann.lee@northmill.example\n"};
+    World& world = with({});
+    know_files_as();
+    add_contact(world, {.full_name = u"Ann Lee", .fields = {{u"Email1Address", u"ann@elsewhere.example"}}});
+    NoteDialog& dialog = opened(world.deliver(message(plan)));
+    ASSERT_EQ(dialog.column(1).front(), "ann.lee@northmill.example");
+    world.desk().call(u"ResetCalls");
+    expect_stranger(dialog);
+    EXPECT_EQ(calls_of(world, u"Find"), 1) << "neither the name nor another filter is tried";
+    add_contact(world, {.full_name = u"By address"});
+    dialog.create();
+    EXPECT_EQ(World::property(only_item(world), u"Contact Name"), u"By address");
+}
+
 TEST_F(CreateNote, LooksForAccountsBySubjectAloneAtAccountLevel) {
     World& world = with({});
     add_contact(world);
@@ -283,6 +299,25 @@ TEST_F(CreateNote, NeedsARecipientInTheToLine) {
     EXPECT_TRUE(dialog.is_open());
     EXPECT_EQ(dialog.text(u"lblHeader"), "Please Wait - creating Note for ann.lee@northmill.example");
     expect_left_alone(world, mail);
+}
+
+TEST_F(CreateNote, SavesNothingOfAMailWithoutAToLineThatIsBeingWritten) {
+    World& world = with({});
+    add_contact(world);
+    const Item written = new_mail(world, {.to = u"", .cc = u"Ann Lee <ann.lee@northmill.example>"});
+    NoteDialog& dialog = opened(written);
+    ASSERT_EQ(dialog.column(1), Lines{"ann.lee@northmill.example"});
+    written.Subject(u"Changed after the dialog came up");
+    ASSERT_FALSE(written.Saved());
+    world.desk().call(u"Answer", {u"Tarnwell", u"Note not created.", ok});
+    world.desk().call(u"ResetCalls");
+    dialog.click(u"cmdSend");
+    EXPECT_EQ(message_texts(world),
+              Lines{"Note not created. You must enter an email address in the To field."});
+    EXPECT_FALSE(written.Saved());
+    EXPECT_EQ(calls_of(world, u"Save"), 0);
+    EXPECT_TRUE(dialog.is_open());
+    expect_left_alone(world, written);
 }
 
 TEST_F(CreateNote, GoesToTheFolderOfTheOptionOrToNotes) {

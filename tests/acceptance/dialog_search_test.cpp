@@ -281,6 +281,40 @@ TEST_F(DialogSearch, OfAnItemThatCantBeWrappedMakesNoRow) {
     EXPECT_EQ(count_messages(same), 0);
 }
 
+TEST_F(DialogSearch, WrapsContactsInOneWayAndAllElseInAnother) {
+    World& same = world();
+    add_contact(same);
+    add_account(same, {{u"AccountID", u"A-1"}}, u"Annex");
+    Target accounts{.name = u"Accounts",
+                    .definition = u"Accounts",
+                    .folder = Text(accounts_path),
+                    .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
+    accounts.fields[0] = u"&H0037001E";
+    install(same, {Target{}, accounts});
+    NoteDialog& dialog = opened();
+    struct Case {
+        TextView target, unreadable;
+        const char* cell;
+    };
+    constexpr Case cases[] = {
+        {u"People", u"SafeContactItem.Fields", ""},
+        {u"People", u"SafePostItem.Fields", "Ann Lee"},
+        {u"Accounts", u"SafeContactItem.Fields", "Annex"},
+        {u"Accounts", u"SafePostItem.Fields", ""},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(shown(one.target) + ", " + shown(one.unreadable));
+        dialog.choose(u"Combo2", one.target);
+        dialog.type(u"SearchString", u"Ann");
+        same.family(u"Fail", one.unreadable);
+        dialog.click(u"cmdSearch");
+        EXPECT_TRUE(dialog.header_becomes(u"Search Complete for Ann"));
+        same.family(u"Fail", u"");
+        EXPECT_EQ(dialog.column(1), Lines{one.cell});
+    }
+    EXPECT_EQ(count_messages(same), 0);
+}
+
 // a search inside a search
 
 TEST_F(DialogSearch, StartedWithinAnotherFillsTheListUnderIt) {

@@ -114,6 +114,11 @@ TEST_F(OpenLinkedContact, LooksAmongTheContactsAloneWithoutAFolderOfLeads) {
     add_lead(world, u"C-200");
     leads(world).put(u"Name", u"Prospects");
     EXPECT_EQ(pressed(world, personal(world, u"C-200")), Lines{shown(shared.EntryID())});
+    // and among these twice
+    const Item contact = personal(world, u"C-200");
+    world.fail(u"Items.Find");
+    EXPECT_EQ(pressed(world, contact), Lines{shown(shared.EntryID())});
+    EXPECT_EQ(count_messages(world), 0);
 }
 
 TEST_F(OpenLinkedContact, TriesAgainWhereTheFirstSearchFails) {
