@@ -341,6 +341,18 @@ TEST_F(QuickViewDropping, TakesTheMailFromTheExplorerNotFromTheWindow) {
     view().drop(1);
     EXPECT_EQ(shown(only_item(world, u"Notes").Subject()), "From a stranger");
     EXPECT_FALSE(is_marked_by_user(shown_mail));
+
+    // of several it is the one that the explorer names first, wherever it lies and whichever was taken hold
+    // of
+    const Item upper = world.deliver(message({.subject = "Above"}));
+    const Item lower = world.deliver(message({.subject = "Below"}));
+    world.desk().call(u"Select", {Value(lower), Value(upper)});
+    EXPECT_TRUE(world.wait_for_handlers());
+    view().drop(1);
+    ASSERT_EQ(count_in(world, u"Notes"), 2);
+    EXPECT_EQ(shown(world.below(u"Notes").Items().Item(2).Subject()), "Below");
+    EXPECT_TRUE(is_marked_by_user(lower));
+    EXPECT_FALSE(is_marked_by_user(upper));
 }
 
 TEST_F(QuickViewDropping, FilesNothingButMarksForARowOfAnotherClass) {

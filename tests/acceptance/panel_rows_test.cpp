@@ -1,0 +1,152 @@
+// The rows of the Search Panel: what is asked for them, how many come of a folder, how they are sorted, and
+// which mails open together.
+#include <algorithm>
+
+#include "tests/acceptance/note_dialog.h"
+#include "tests/acceptance/search_panel.h"
+
+namespace acceptance {
+namespace {
+
+using host::Object;
+using host::Text;
+using host::TextView;
+using host::Value;
+using host::outlook::Item;
+
+class PanelRows : public Acceptance {
+  protected:
+    void TearDown() override { panel_.reset(); }
+
+    World& made(const WorldSetup& setup = {}) {
+        panel_.reset();
+        World& made = with(setup);
+        if (setup.instant_search) search_in_phrases(made);
+        install_panel(made);
+        panel_ = std::make_unique<SearchPanel>(made);
+        return made;
+    }
+    SearchPanel& panel() { return *panel_; }
+
+    /// Searches for what bears the key of an account, in the second panel as it is open.
+    void begin_search(const Item& account) {
+        panel().open_second(account);
+        panel().choose(u"Accounts");
+    }
+
+  private:
+    std::unique_ptr<SearchPanel> panel_;
+};
+
+TEST_F(PanelRows, AreAskedForInWordsByTheOptionAlone) {
+    for (const bool in_words : {false, true}) {
+        SCOPED_TRACE(in_words);
+        World& same = made({.instant_search = true});
+        same.option(u"EnableDesktopSearch", in_words ? u"1" : u"0");
+        const Item account = add_full_account(same);
+        add_note(same, u"A note", {{u"AccountID", u"A-100"}, {u"Account Name", u"North Mill Ltd"}});
+        const std::size_t before = texts_of(same, u"Filters").size();
+        panel().open_new(account);
+        EXPECT_EQ(panel().column(2), (Lines{"North Mill Ltd", "A note"}));
+        const Lines filters = texts_of(same, u"Filters", before);
+        EXPECT_GT(filters.size(), 5U) << "one for each folder";
+        const auto has_words = [](const std::string& filter) {
+            return filter.find("ci_") != std::string::npos;
+        };
+        EXPECT_EQ(std::ranges::any_of(filters, has_words), in_words);
+    }
+}
+
+TEST_F(PanelRows, OfAFolderStopAtFiftyAndTheStatusSaysSo) {
+    World& same = made();
+    const Item account = add_full_account(same);
+    for (int i = 0; i < 60; ++i) add_note(same, u"A note", {{u"AccountID", u"A-100"}});
+    panel().open_second(Item());
+    begin_search(account);
+    ASSERT_TRUE(panel().ends());
+    const Lines moments = statuses(same);
+    const auto notes = std::ranges::find(moments, "Searching... Notes");
+    ASSERT_LT(notes - moments.begin() + 1, static_cast<std::ptrdiff_t>(moments.size()));
+
+    // what stands there after the folder stays to be read while another search waits for the user
+    same.desk().call(u"Meanwhile", {Value(host::from_utf8(*(notes + 1))), Value(panel().control(u"SearchMe")),
+                                    u"Select", 1});
+    begin_search(account);
+    const Picker picker(same, u"Accounts by id");
+    ASSERT_TRUE(picker.comes_up());
+    EXPECT_EQ(panel().text(u"StoreID"), "Found 60 items in folder Notes. Stopping at 50.");
+    picker.click(u"cmdCancel");
+    EXPECT_TRUE(picker.goes());
+    EXPECT_TRUE(panel().ends());
+    EXPECT_EQ(panel().count(), 1 + 51);
+    EXPECT_EQ(panel().text(u"StoreID"), "");
+}
+
+TEST_F(PanelRows, AreSortedByTheTextsOfTheirDates) {
+    World& same = made();
+    const Item contact = add_full_contact(same);
+    for (const char* const received : {"Wed, 24 Dec 2025 09:15:00 +0000", "Mon, 9 Mar 2026 09:15:00 +0000",
+                                       "Fri, 9 Oct 2026 09:15:00 +0000"}) {
+        const Item mail =
+            same.deliver(message({.more = std::string("Received: by mx.example; ") + received + "\n"}));
+        const Item moved(mail.call(u"Move", {Value(same.below(u"Notes"))}).to_object());
+        moved.UserProperties().Add(u"ContactID", 1, false).value(u"C-200");
+        moved.Save();
+    }
+    constexpr int created = 4;
+    panel().open_new(contact);
+    Lines by_date = panel().column(created), by_text = by_date;
+    ASSERT_EQ(by_date.size(), 4U);
+    std::ranges::rotate(by_date, by_date.begin() + 1);  // the contact was made last
+    std::ranges::sort(by_text);
+    ASSERT_NE(by_text, by_date);
+    panel().click_column(created);
+    EXPECT_EQ(panel().column(created), by_text);
+    panel().click_column(created);
+    std::ranges::reverse(by_text);
+    EXPECT_EQ(panel().column(created), by_text);
+}
+
+TEST_F(PanelRows, OfAMailAndItsReplyOpenBothForTheirSubjectAndSender) {
+    World& same = made({.instant_search = true});
+    const Item account = add_full_account(same);
+    const std::string subject = "About North Mill Ltd";
+    const auto deliver = [&](const MailPlan& plan) { return shown(same.deliver(message(plan)).EntryID()); };
+    const std::string mail = deliver({.subject = subject});
+    const std::string reply = deliver({.subject = subject, .more = "In-Reply-To: <1@northmill.example>\n"});
+    // neither what a reply is usually called, nor what somebody else has answered
+    const std::string renamed =
+        deliver({.subject = "RE: " + subject, .more = "In-Reply-To: <1@northmill.example>\n"});
+    const std::string answer = deliver({.from = "Zoe <zoe@quill.example>", .subject = subject});
+    panel().open_new(account);
+    const auto opened_by = [&](std::string_view row_subject, std::string_view sender, std::size_t count) {
+        const Lines subjects = panel().column(2), senders = panel().column(3);
+        std::int32_t row = 1;
+        while (subjects.at(static_cast<std::size_t>(row) - 1) != row_subject ||
+               senders.at(static_cast<std::size_t>(row) - 1) != sender) {
+            ++row;
+        }
+        const Object displayed = same.desk().get(u"Displayed").to_object();
+        const auto shown_items = [&] { return displayed.get(u"Count").to_integer(); };
+        const std::int32_t before = shown_items();
+        panel().select(row);
+        panel().double_click();
+        EXPECT_TRUE(
+            same.wait_until([&] { return shown_items() >= before + static_cast<std::int32_t>(count); }));
+        same.settle();
+        Lines ids;
+        for (std::int32_t i = before + 1; i <= shown_items(); ++i) {
+            const Item item(displayed.call(u"Item", {i}).to_object());
+            ids.push_back(shown(item.EntryID()));
+            item.Close(host::outlook::discard_changes);
+        }
+        return ids;
+    };
+    EXPECT_EQ(opened_by(subject, "Ann Lee", 2), (Lines{mail, reply}));
+    EXPECT_EQ(opened_by("RE: " + subject, "Ann Lee", 1), Lines{renamed});
+    EXPECT_EQ(opened_by(subject, "Zoe", 1), Lines{answer});
+    EXPECT_EQ(count_messages(same), 0);
+}
+
+}  // namespace
+}  // namespace acceptance
