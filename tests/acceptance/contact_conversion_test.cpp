@@ -468,6 +468,30 @@ TEST_F(ContactConversion, MakesARecordOfNothingWhereNoWindowIsFound) {
     EXPECT_EQ(world.application().Inspectors().Count(), 1) << "nothing is closed";
 }
 
+TEST_F(ContactConversion, MakesARecordOfNothingWhereTheItemIsNoContact) {
+    World& world = furnished();
+    OpenedItem window(personal({{u"FullName", u"Bob Ray"}, {u"CompanyName", u"The Mill"}}));
+    window.show();
+    window.item.put(u"MessageClass", u"IPM.Post");  // with its buttons it has become something else
+    const ItemState before = state_of(window.item);
+    for (const Kind* const kind : {&to_contact, &to_lead}) {
+        SCOPED_TRACE(shown(kind->tag));
+        const std::size_t statuses_before = statuses(world).size();
+        convert_shown(*kind, window.window, no);
+        EXPECT_EQ(statuses(world, statuses_before), Lines{kind->told});
+        const Item made = record(*kind);
+        ASSERT_TRUE(made);
+        EXPECT_EQ(made.FullName(), u"");
+        const Text key = World::property(made, u"ContactID");
+        EXPECT_EQ(shown(key).substr(0, 1), "C");
+        EXPECT_EQ(told_note(made), (Lines{"Subject: ", "ContactID: " + shown(key),
+                                          "Account Manager: Tom Prior", "Team: Tom Prior"}));
+        EXPECT_EQ(changes(before, state_of(window.item)), Lines{});
+        EXPECT_FALSE(window.item.Saved());
+        EXPECT_EQ(world.application().Inspectors().Count(), 1) << "nothing is closed";
+    }
+}
+
 TEST_F(ContactConversion, IsDoneEvenIfTheHostLetsGoOfTheAddInMeanwhile) {
     for (const Kind* const kind : {&to_contact, &to_lead}) {
         SCOPED_TRACE(shown(kind->tag));

@@ -212,8 +212,17 @@ TEST_F(NewContacts, AreStampedForEachSelectedOfTheirName) {
     World& world = furnished();
     world.option(u"PDAContactSync", u"1");
     const Item first = personal(u"Ann Lee"), other = personal(u"Bob Ray"), second = personal(u"Ann Lee");
+    const auto adds_at_arrival = [&] {
+        world.desk().call(u"ResetCalls");
+        arrives(u"Ann Lee");
+        return calls_of(world, u"Add");
+    };
+    select({first});
+    const std::int32_t once = adds_at_arrival();
     select({first, other, second});
-    const Item contact = arrives(u"Ann Lee");
+    constexpr std::int32_t properties = 5;
+    EXPECT_EQ(adds_at_arrival(), once + properties) << "each property is added with each stamp";
+    const Item contact = arrived();
     EXPECT_NE(first.CustomerID(), u"");
     EXPECT_EQ(second.CustomerID(), World::property(contact, u"ContactID"));
     EXPECT_NE(first.CustomerID(), second.CustomerID()) << "each stamp makes an id of its own";

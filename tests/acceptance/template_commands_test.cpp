@@ -72,9 +72,31 @@ TEST_F(TemplateCommands, OpenTheListsOfTheFamily) {
     EXPECT_EQ(count_messages(world), 0);
 }
 
+TEST_F(TemplateCommands, OpenTheirListsWithoutAWindow) {
+    // the windows of mails that Word shows share their bar; it outlives them if another's end is seen
+    World& world = with({});
+    desk_option(world, u"WordMail", true);
+    OpenedItem mail(new_item(world, item_type::mail)), task(new_item(world, item_type::task));
+    mail.show();
+    task.show();
+    const host::Object button = find_control(mail.window, bar, u"EmailTemplateButton");
+    ASSERT_TRUE(button);
+    mail.close();
+    task.close();
+    ASSERT_EQ(world.application().Inspectors().Count(), 0);
+    world.desk().call(u"Press", {host::Value(button)});
+    EXPECT_TRUE(world.wait_for_handlers());
+    EXPECT_EQ(told(), Lines{"MainAddIn.ShowMailer"});
+    EXPECT_EQ(count_messages(world), 0);
+}
+
 TEST_F(TemplateCommands, SaveACopyOfTheMailAndLeaveTheMailAlone) {
     World& world = with({});
-    const Item mail = world.deliver(message({.subject = "A greeting", .body = "Dear all\n"}));
+    const Item mail = world.deliver(message({.subject = "A greeting",
+                                             .body = "Dear all\n",
+                                             .more = "Importance: high\nCc: Bo Ray <bo@ray.example>\n"}));
+    mail.put(u"Categories", u"Blue, Green");
+    mail.Save();
     OpenedItem window(mail);
     window.show();
     const ItemState before = state_of(mail);
@@ -87,6 +109,10 @@ TEST_F(TemplateCommands, SaveACopyOfTheMailAndLeaveTheMailAlone) {
     EXPECT_EQ(record.Subject(), u"A greeting");
     EXPECT_EQ(record.Body(), mail.Body());
     EXPECT_EQ(record.MessageClass(), u"IPM.Post.Drop Down");
+    EXPECT_EQ(changes(before, state_of(record)),
+              (Lines{"MessageClass: IPM.Post.Drop Down instead of IPM.Note",
+                     "[RecordType, 1]: Email Blast instead of "}))
+        << "all else is the mail's";
     EXPECT_EQ(changes(before, state_of(mail)), Lines{});
     EXPECT_EQ(world.inbox().Items().Count(), 1);
     EXPECT_EQ(world.application().Inspectors().Count(), 1) << "the mail stays open";
