@@ -54,9 +54,9 @@ const VariantRow& row(Variant variant);
 
 /// The addresses of one person.
 struct Addresses {
-    host::Text native;
-    host::Text smtp;
-    host::Text sender_name;
+    host::Text native{};
+    host::Text smtp{};
+    host::Text sender_name{};
 };
 
 /// The contact filter: the terms joined by " Or ".

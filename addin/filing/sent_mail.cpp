@@ -53,7 +53,7 @@ class Sending {
     SafeMailItem wrapper_;
     Text name_;  // what fails for one recipient keeps the value of the one before
     SafeAddressEntry entry_;
-    Addresses addresses_;
+    Text address_, native_;
     Folder account_profiles_, folder_;
     Item note_;
 };
@@ -104,9 +104,9 @@ std::optional<Text> Sending::filter_for(std::int32_t index) {
     const VariantRow& variant = row(Variant::sent);
     steps_.set(entry_, [&] { return wrapper_.Recipients().Item(index).AddressEntry(); });
     if (steps_.holds([&] { return host::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
-        steps_.set(addresses_.native, [&] { return wrapper_.Recipients().Item(index).Address(); });
-        if (variant.empty_native_address_stops && addresses_.native.empty()) return std::nullopt;
-        return contact_filter(variant.terms, variant.for_smtp, addresses_);
+        steps_.set(address_, [&] { return wrapper_.Recipients().Item(index).Address(); });
+        if (variant.empty_native_address_stops && address_.empty()) return std::nullopt;
+        return contact_filter(variant.terms, variant.for_smtp, {.native = address_});
     }
     // the first half of the test looks at the mail's sender, not at the recipient
     if (!steps_.holds([&] {
@@ -117,9 +117,9 @@ std::optional<Text> Sending::filter_for(std::int32_t index) {
         })) {
         return std::nullopt;
     }
-    steps_.set(addresses_.smtp, [&] { return host::trimmed(entry_.Fields(tag::smtp_address)); });
-    steps_.set(addresses_.native, [&] { return host::trimmed(entry_.Fields(tag::address)); });
-    return contact_filter(variant.terms, variant.for_other, addresses_);
+    steps_.set(address_, [&] { return host::trimmed(entry_.Fields(tag::smtp_address)); });
+    steps_.set(native_, [&] { return host::trimmed(entry_.Fields(tag::address)); });
+    return contact_filter(variant.terms, variant.for_other, {.native = native_, .smtp = address_});
 }
 
 void Sending::status(const std::function<Text()>& text) {
