@@ -40,6 +40,7 @@ const Text& known(const std::optional<Text>& name) {
 void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
     Steps steps;
     std::int32_t folder_count = 0;
+    host::family::SafeMailItem wrapper;
     steps.set(folder_count, [&] { return ofolders.Count(); });
     for (std::int32_t i = 1; i <= folder_count; ++i) {
         Folder folder;
@@ -56,7 +57,7 @@ void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
         Items found;
         steps.set(found, [&] { return folder.Items().Restrict(filter); });
         if (found) {
-            list_folder(steps, found, name);
+            list_folder(steps, found, name, wrapper);
             if (gone()) return;
         }
         Folders below;
@@ -66,7 +67,8 @@ void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
     }
 }
 
-void PanelSearch::list_folder(Steps& steps, const Items& found, const std::optional<Text>& name) {
+void PanelSearch::list_folder(Steps& steps, const Items& found, const std::optional<Text>& name,
+                              host::family::SafeMailItem& wrapper) {
     steps.run([&] {
         const Text company = control(u"CompanyName").text(), contact = control(u"Contactname").text();
         control(u"StoreID")
@@ -84,7 +86,6 @@ void PanelSearch::list_folder(Steps& steps, const Items& found, const std::optio
             .text(Text(found_start) + host::to_text(static_cast<long long>(count)) + Text(found_middle) +
                   known(name) + u".");
     });
-    host::family::SafeMailItem wrapper;
     steps.set(wrapper, [&] { return records::make_wrapper(session_.desktop); });
     std::optional<Text> shown_name;
     steps.set(shown_name, [&] { return std::optional(records::without_leading_blanks(known(name))); });

@@ -42,7 +42,9 @@ class PanelSearch {
 
     /// Lists what matches a filter in each folder of a collection and below.
     void SearchMeRecurse(const host::Text& filter, const host::outlook::Folders& ofolders);
-    void list_folder(Steps& steps, const host::outlook::Items& found, const std::optional<host::Text>& name);
+    /// `wrapper` is the one of the folder before, where none can be made.
+    void list_folder(Steps& steps, const host::outlook::Items& found, const std::optional<host::Text>& name,
+                     host::family::SafeMailItem& wrapper);
     /// One found item as a row; none without the name of its folder.
     void add_row(Steps& steps, const std::optional<host::Text>& folder, const host::outlook::Item& item,
                  const host::family::SafeMailItem& wrapper) const;

@@ -122,6 +122,31 @@ Lines arguments_of(NativeWorld& world, const std::set<std::string>& members,
     return given;
 }
 
+/// The sender is read through a wrapper that is made for each folder, or was made for the one before.
+TEST(PanelSearchInside, ReadsTheSenderThroughTheLastWrapperThatCouldBeMade) {
+    Searching searching;
+    for (const TextView folder : {u"Email", u"Notes"}) {
+        const Item mail = searching.world.deliver(acceptance::message());
+        mail.UserProperties().Add(u"AccountID", 1, false).value(Value(u"A-100"));
+        mail.Save();
+        mail.Move(searching.world.below(folder));
+    }
+    int made = 0;
+    searching.world.boundary().before_call = [&](const std::string& member) {
+        constexpr int of_the_second = 3;  // the accounts' folder has its own
+        if (member != "create TarnwellOMG.SafeMailItem" || ++made != of_the_second) return;
+        throw host::Failure(host::result::fail, u"made to fail");
+    };
+    SearchPanel panel(searching.world);
+    panel.open_second(Item());
+    searching.menu(u"ShowItemsMenu2", searching.account);
+    EXPECT_TRUE(panel.ends());
+    searching.world.boundary().before_call = nullptr;
+    EXPECT_EQ(made, 3);
+    const Lines creators = panel.column(3);
+    EXPECT_EQ(std::ranges::count(creators, "Ann Lee"), 2);
+}
+
 TEST(PanelSearchInside, OpensTheTwoFoldersByTheirIds) {
     Searching searching;
     EXPECT_EQ(arguments_of(searching.world, {"MainAddIn.GetFolderId"},
