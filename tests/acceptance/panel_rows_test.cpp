@@ -97,7 +97,7 @@ TEST_F(PanelRows, AreSortedByTheTextsOfTheirDates) {
     panel().open_new(contact);
     Lines by_date = panel().column(created), by_text = by_date;
     ASSERT_EQ(by_date.size(), 4U);
-    std::ranges::rotate(by_date, by_date.begin() + 1);  // the contact was made last
+    std::rotate(by_date.begin(), by_date.begin() + 1, by_date.end());  // the contact was made last
     std::ranges::sort(by_text);
     ASSERT_NE(by_text, by_date);
     panel().click_column(created);

@@ -5,9 +5,7 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
 using host::TextView;
-using host::Value;
 using host::outlook::Item;
 
 class QuickViewOption : public SideView {
