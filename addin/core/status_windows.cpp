@@ -28,6 +28,7 @@ constexpr FormTable search_form{.name = u"SearchForm",
                                 .width = 5940,
                                 .height = 720,
                                 .tool_window = true,
+                                .takes_keyboard = false,
                                 .controls = search_form_controls};
 
 constexpr ControlRow tarnwell_controls[] = {

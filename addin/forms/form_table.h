@@ -101,6 +101,8 @@ struct FormTable {
     bool sizable = false;
     bool can_minimize = false;
     bool tool_window = false;         ///< a small title bar and no button in the task bar
+    bool takes_keyboard = true;       ///< becomes the active window by being shown, and not only by a click
+    bool beside_host = false;         ///< comes up beside the host's window, and later where the user left it
     host::TextView default_button{};  ///< pressed by Enter
     host::TextView cancel_button{};   ///< pressed by Escape
     host::TextView first_focus{};     ///< empty: the first control that takes the focus

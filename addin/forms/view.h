@@ -122,7 +122,7 @@ class View {
     virtual void caption(host::TextView text) = 0;
 
     virtual bool visible() const = 0;
-    virtual void show() = 0;        ///< and brings it to the front; comes back at once
+    virtual void show() = 0;        ///< and brings it to the front, active or not; comes back at once
     virtual void show_modal() = 0;  ///< comes back when the window is hidden or gone; the host's windows wait
     virtual void hide() = 0;
     virtual void topmost() = 0;  ///< SetWindowPos with HWND_TOPMOST, no move, no size
@@ -142,8 +142,8 @@ class Events {
     virtual void on_activate() {}
     virtual void on_focus() {}  ///< the window itself got the focus, since none of its controls had it
     virtual void on_resize() {}
-    virtual void on_key(int) {}  ///< a key goes down anywhere in the window; its virtual-key code
-    virtual void on_close() {}   ///< the close box, or the system's menu; the window stays unless it is ended
+    virtual void on_character(char16_t) {}  ///< a key press anywhere in the window, by what it writes
+    virtual void on_close() {}  ///< the close box, or the system's menu; the window stays unless it is ended
     /// Button, check box, link; an option that becomes the selected one; a choice of an entry, the same one
     /// again too.
     virtual void on_click(host::TextView) {}

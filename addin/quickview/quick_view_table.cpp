@@ -83,6 +83,8 @@ constexpr forms::FormTable table{.name = u"QuickView",
                                  .height = 4845,
                                  .font = small_print,
                                  .tool_window = true,
+                                 .takes_keyboard = false,
+                                 .beside_host = true,
                                  .first_focus = u"cmbFolders",
                                  .controls = controls};
 

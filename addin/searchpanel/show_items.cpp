@@ -19,7 +19,7 @@ using host::outlook::Item;
 
 namespace {
 
-constexpr int escape_key = 27;
+constexpr char16_t escape_key = 27;
 constexpr std::uint32_t full_row_select = 0x20;  // LVS_EX_FULLROWSELECT
 constexpr std::uint32_t all_bits = 0xFFFFFFFF;
 
@@ -110,7 +110,7 @@ void ShowItems::on_column_click(TextView, int column) {
 
 // Keys and clicks
 
-void ShowItems::on_key(int code) { CancelLoop = code == escape_key; }
+void ShowItems::on_character(char16_t character) { CancelLoop = character == escape_key; }
 
 void ShowItems::on_click(TextView name) {
     if (name == TextView(u"SearchMe")) search();

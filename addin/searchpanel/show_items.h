@@ -43,7 +43,7 @@ class ShowItems final : public forms::Form {
     void on_close() override;
     void on_activate() override;
     void on_resize() override;
-    void on_key(int code) override;
+    void on_character(char16_t character) override;
     void on_click(host::TextView control) override;
     void on_double_click(host::TextView control) override;
     void on_column_click(host::TextView control, int column) override;

@@ -144,6 +144,11 @@ void DeskSurroundings::changed() {
     if (hooks.changed) hooks.changed();
 }
 
+void DeskSurroundings::came_up() {
+    changed();
+    if (hooks.came_up) hooks.came_up();
+}
+
 void DeskSurroundings::remember_option(TextView name, TextView value) { store_setting(name, value); }
 
 }  // namespace desk

@@ -16,6 +16,7 @@ struct DeskHooks {
     std::function<void(std::function<void()>)> post;
     std::function<void(std::int32_t milliseconds)> pump;
     std::function<void()> changed;
+    std::function<void()> came_up;
     std::function<void()> quit;
     std::function<void(host::TextView prog_id, bool connect)> connect_add_in;
 };
@@ -49,6 +50,7 @@ class DeskSurroundings : public Surroundings {
     void connect_add_in(host::TextView prog_id, bool connect) override;
     void quit() override;
     void changed() override;
+    void came_up() override;
     void remember_option(host::TextView name, host::TextView value) override;
 
   private:

@@ -22,15 +22,19 @@ void HostWindow::come_up() {
     auto& order = object().desk().window_order;
     const host::Object alive = held();
     ++times_brought_up_;
-    object().desk().surroundings().changed();
+    Surroundings& surroundings = object().desk().surroundings();
     const bool was_active = !order.empty() && order.back() == this;
     HostWindow* const former = order.empty() || was_active ? nullptr : order.back();
-    if (was_active) return;
+    if (was_active) {
+        surroundings.came_up();
+        return;
+    }
     std::erase(order, this);
     order.push_back(this);
     is_open_ = true;
+    const host::Object former_alive = former ? former->held() : host::Object();
+    surroundings.came_up();
     if (former) {
-        const host::Object former_alive = former->held();
         former->object().raise(u"Deactivate");
     }
     if (!is_open_ || order.back() != this) return;  // whoever was told has closed it, or brought up another

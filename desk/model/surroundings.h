@@ -94,6 +94,9 @@ class Surroundings {
     /// The windows follow the model: something that they show has changed.
     virtual void changed() = 0;
 
+    /// A window comes to the front, one that was just opened too. It is there when this comes back.
+    virtual void came_up() { changed(); }
+
     /// An option that holds from the next start on is remembered.
     virtual void remember_option(host::TextView name, host::TextView value) = 0;
 };

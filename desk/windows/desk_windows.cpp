@@ -23,6 +23,18 @@ void follow_list(Windows& windows, const Objects& open, Make make) {
     }
 }
 
+/// While it lives, the windows are brought in line with the model.
+class Following {
+  public:
+    explicit Following(FrameContext& context) : context_(context) { context_.following = true; }
+    ~Following() { context_.following = false; }
+    Following(const Following&) = delete;
+    Following& operator=(const Following&) = delete;
+
+  private:
+    FrameContext& context_;
+};
+
 }  // namespace
 
 DeskWindows::DeskWindows(Desk& desk, windows::Module& module) : context_{desk, module, {}, {}} {}
@@ -31,7 +43,7 @@ DeskWindows::~DeskWindows() = default;
 
 void DeskWindows::follow() {
     if (context_.following) return;
-    context_.following = true;
+    const Following following(context_);
     Desk& desk = context_.desk;
     follow_list(explorers_, desk.explorers()->open, [this](const auto& explorer) {
         return std::make_unique<ExplorerWindow>(context_, explorer);
@@ -39,7 +51,6 @@ void DeskWindows::follow() {
     follow_list(inspectors_, desk.inspectors()->open, [this](const auto& inspector) {
         return std::make_unique<InspectorWindow>(context_, inspector);
     });
-    context_.following = false;
 }
 
 void DeskWindows::close_all() {

@@ -22,6 +22,7 @@ class ExplorerWindow : public HostFrame {
     LRESULT on_notify(NMHDR& notice) override;
 
     RowId shown_folder() const override { return explorer_->folder(); }
+    HWND first_focus() const override { return list_; }
 
     void take_drops();
     void show_folders();
@@ -35,7 +36,7 @@ class ExplorerWindow : public HostFrame {
 
     Desk& desk_;
     std::shared_ptr<Explorer> explorer_;
-    HWND tree_, list_, status_;
+    HWND tree_ = nullptr, list_ = nullptr, status_ = nullptr;
     std::map<RowId, HTREEITEM> places_;
     std::vector<std::pair<RowId, host::Text>> shown_folders_;
     std::vector<RowId> shown_items_;    ///< newest first

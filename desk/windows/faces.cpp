@@ -83,7 +83,7 @@ int pixels_for(int at_96) {
 windows::ImageListHandle make_images(int pixels) {
     std::vector<const Picture*> pictures;
     for (const FaceRow& row : face_rows) pictures.push_back(row.picture);
-    return windows::make_image_list(pictures, pixels);
+    return windows::make_image_list(pictures, pixels, false);
 }
 
 }  // namespace

@@ -122,6 +122,7 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     };
     surroundings.hooks.post = [&loop](std::function<void()> action) { loop.post(std::move(action)); };
     surroundings.hooks.changed = [&loop] { loop.change(); };
+    surroundings.hooks.came_up = [&desk_windows] { desk_windows.follow(); };
     surroundings.hooks.connect_add_in = [&add_ins](TextView name, bool connect) {
         add_ins.connect(name, connect);
     };

@@ -59,6 +59,16 @@ LRESULT CALLBACK DeskWindow::procedure(HWND window, UINT message, WPARAM first, 
     }
 }
 
+void DeskWindow::note_focus() {
+    const HWND focus = GetFocus();
+    if (focus && IsChild(window_, focus)) focus_ = focus;
+}
+
+void DeskWindow::restore_focus() const {
+    const bool is_there = focus_ && IsChild(window_, focus_) && IsWindowVisible(focus_);
+    if (const HWND wanted = is_there ? focus_ : first_focus()) SetFocus(wanted);
+}
+
 LRESULT DeskWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
     switch (message) {
         case WM_SIZE:
@@ -71,8 +81,15 @@ LRESULT DeskWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
             on_command(LOWORD(first), HIWORD(first));
             return 0;
         case WM_ACTIVATE:
-            if (LOWORD(first) != WA_INACTIVE) on_activate();
+            if (LOWORD(first) != WA_INACTIVE) {
+                on_activate();
+            } else {
+                note_focus();
+            }
             return DefWindowProcW(window_, message, first, second);
+        case WM_SETFOCUS:
+            restore_focus();
+            return 0;
         case WM_CONTEXTMENU:
             on_context_menu(reinterpret_cast<HWND>(first), {GET_X_LPARAM(second), GET_Y_LPARAM(second)});
             return 0;

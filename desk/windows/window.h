@@ -23,6 +23,7 @@ class DeskWindow {
     HWND add_control(const wchar_t* class_name, DWORD style, DWORD extended_style, int id,
                      const wchar_t* text = L"");
 
+    virtual HWND first_focus() const { return GetNextDlgTabItem(window_, nullptr, FALSE); }
     virtual void on_size(int width, int height) = 0;
     virtual void on_close() = 0;
     virtual LRESULT on_notify(NMHDR&) { return 0; }
@@ -35,7 +36,11 @@ class DeskWindow {
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT handle_message(UINT message, WPARAM first, LPARAM second);
 
+    void note_focus();
+    void restore_focus() const;
+
     HWND window_ = nullptr;
+    HWND focus_ = nullptr;  ///< the control that had the focus when the window was last active
     host::Text caption_;
 };
 

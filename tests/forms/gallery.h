@@ -26,7 +26,7 @@ class Noted : public addin::forms::Form {
     void on_activate() override { note("activate"); }
     void on_focus() override { note("focus"); }
     void on_resize() override { note("resize"); }
-    void on_key(int code) override { note("key " + std::to_string(code)); }
+    void on_character(char16_t character) override { note("character " + std::to_string(character)); }
     void on_close() override;
     void on_click(host::TextView name) override;
     void on_double_click(host::TextView name) override;

@@ -98,7 +98,11 @@ MemoryControl& MemoryWindow::control(TextView name) {
 void MemoryWindow::show() {
     const bool came_up = !std::exchange(visible_, true);
     minimized_ = false;
-    become_active();
+    if (table_.takes_keyboard) {
+        become_active();
+    } else {
+        brought_to_front_ = ++engine_.shows_;
+    }
     if (came_up) engine_.on_show(*this);
 }
 
@@ -229,33 +233,38 @@ bool MemoryWindow::press(TextView button) {
 }
 
 void MemoryWindow::press_key(int code) {
-    if (!raise([code](Events& events) { events.on_key(code); })) return;
-    if (!reachable()) return;
     MemoryControl* const at = focused_ && focused_->usable() ? focused_ : nullptr;
     if (code == virtual_key::tab) {
         move_focus_on();
-    } else if (at && at->is_pressed_by(code)) {
+    } else if (code == virtual_key::enter && at && at->is_pressed_by(code)) {
         at->press();
     } else if ((code == virtual_key::enter && press(table_.default_button)) ||
                (code == virtual_key::escape && press(table_.cancel_button))) {
         return;
-    } else if (at && at->is_text_box()) {
-        put_character(code);
+    } else if (const char16_t character = character_of(code); character != 0) {
+        if (!raise([character](Events& events) { events.on_character(character); })) return;
+        if (!at || !at->usable()) return;
+        if (at->is_pressed_by(code)) {
+            at->press();
+        } else if (at->is_text_box()) {
+            put_character(*at, character);
+        }
     }
 }
 
-void MemoryWindow::put_character(int code) {
-    MemoryControl& box = *focused_;
+void MemoryWindow::put_character(MemoryControl& box, char16_t character) {
     const TextView name = box.row().name;
-    const char16_t character = character_of(code);
-    if (character == 0) return;
     if (!raise([&](Events& events) { events.on_key_press(name, character); })) return;
     if (box.put_character(character)) raise([&](Events& events) { events.on_change(name); });
 }
 
 bool MemoryWindow::key(int code) {
     if (!reachable()) return false;
-    return act([this, code] { press_key(code); });
+    const std::weak_ptr<bool> alive = alive_;
+    return act([this, alive, code] {
+        become_active();  // keys come to no other
+        if (!alive.expired() && reachable()) press_key(code);
+    });
 }
 
 bool MemoryWindow::resize(int width, int height) {

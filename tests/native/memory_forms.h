@@ -77,7 +77,7 @@ class MemoryWindow final : public addin::forms::View {
     void select_option(const MemoryControl& option);
     bool press(host::TextView button);  ///< the window's default or cancel button, if it can be pressed
     void press_key(int code);
-    void put_character(int code);
+    void put_character(MemoryControl& box, char16_t character);
     void move_focus_on();
 
     MemoryEngine& engine_;

@@ -1,64 +1,16 @@
 // Items that are dragged out of the list of a main window, with a real mouse as far as the system goes.
 #include <functional>
-#include <vector>
 
 #include "desk/model/item.h"
 #include "desk/windows/dragged.h"
 #include "tests/windows/desk_windows_fixture.h"
+#include "tests/windows/hand.h"
 #include "windows/forms/drop_target.h"
 
 namespace desk_tests {
 namespace {
 
 constexpr std::int32_t deleted_items = 3, inbox = 6, drafts = 16;
-
-/// Moves the mouse pointer, and presses and releases its button, step by step while messages are handled.
-class Hand {
-  public:
-    struct Step {
-        POINT point;       ///< of the screen
-        DWORD button = 0;  ///< MOUSEEVENTF_LEFTDOWN or MOUSEEVENTF_LEFTUP
-    };
-    explicit Hand(std::vector<Step> steps) : steps_(std::move(steps)) {
-        self() = this;
-        constexpr UINT pace = 40;  // milliseconds
-        timer_ = SetTimer(nullptr, 0, pace, [](HWND, UINT, UINT_PTR, DWORD) {
-            if (self()) self()->go_on();
-        });
-    }
-    ~Hand() {
-        KillTimer(nullptr, timer_);
-        self() = nullptr;
-    }
-    Hand(const Hand&) = delete;
-    Hand& operator=(const Hand&) = delete;
-
-    bool done() const { return next_ == steps_.size(); }
-
-  private:
-    static Hand*& self() {
-        static Hand* the_one = nullptr;
-        return the_one;
-    }
-    void go_on() {
-        if (done()) return;
-        const Step& step = steps_[next_++];
-        INPUT input{};
-        input.type = INPUT_MOUSE;
-        input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-        constexpr LONG whole = 65535;
-        input.mi.dx = MulDiv(step.point.x, whole, GetSystemMetrics(SM_CXSCREEN) - 1);
-        input.mi.dy = MulDiv(step.point.y, whole, GetSystemMetrics(SM_CYSCREEN) - 1);
-        SendInput(1, &input, sizeof input);
-        if (step.button == 0) return;
-        input.mi.dwFlags = step.button;
-        SendInput(1, &input, sizeof input);
-    }
-
-    std::vector<Step> steps_;
-    std::size_t next_ = 0;
-    UINT_PTR timer_;
-};
 
 class DeskDragging : public DeskWindowsTest {
   protected:

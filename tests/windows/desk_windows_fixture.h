@@ -29,6 +29,7 @@ class QuietSurroundings final : public desk::Surroundings {
   public:
     desk::MainLoop loop;
     bool asked_to_quit = false;
+    std::function<void()> on_came_up;
 
     host::Date now() override { return host::to_date({2026, 3, 3, 9, 15, 0}); }
     std::string random_bytes(std::size_t count) override { return std::string(count, 'r'); }
@@ -50,6 +51,10 @@ class QuietSurroundings final : public desk::Surroundings {
     void connect_add_in(TextView, bool) override {}
     void quit() override { asked_to_quit = true; }
     void changed() override { loop.change(); }
+    void came_up() override {
+        changed();
+        if (on_came_up) on_came_up();
+    }
     void remember_option(TextView, TextView) override {}
 };
 
@@ -116,10 +121,14 @@ class DeskWindowsTest : public testing::Test {
     DeskWindowsTest() {
         surroundings.loop.on_wake = [this] { desk.yield(); };
         surroundings.loop.on_change = [this] { windows.follow(); };
+        surroundings.on_came_up = [this] { windows.follow(); };
         windows.follow();
         run_messages();
     }
-    ~DeskWindowsTest() override { windows.close_all(); }
+    ~DeskWindowsTest() override {
+        surroundings.on_came_up = {};
+        windows.close_all();
+    }
 
     void run_messages() { surroundings.loop.pump(0); }
     /// Lets messages come until a condition holds, or a generous time has passed.

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "windows/forms/form_control.h"
+#include "windows/forms/form_surroundings.h"
 
 namespace forms_test {
 
@@ -139,6 +140,8 @@ WindowsStage::WindowsStage()
     OleInitialize(nullptr);
     engine_ = std::make_unique<windows::FormEngine>(
         module_, [this] { return dots_; }, pointer_);
+    engine_->ask({.dots_per_inch_of = [this](HWND) { return dots_; },
+                  .is_high_contrast = [this] { return high_contrast_; }});
     pump();
 }
 

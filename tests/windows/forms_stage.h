@@ -32,6 +32,7 @@ class WindowsStage final : public Stage {
     windows::ScreenPointer& pointer() { return *pointer_; }
     windows::Module& module() { return module_; }
     void end_engine() { engine_.reset(); }
+    void high_contrast(bool is_on) { high_contrast_ = is_on; }
 
     bool click(Spot spot) override;
     bool type(Spot spot, host::TextView text) override;
@@ -57,6 +58,7 @@ class WindowsStage final : public Stage {
     windows::Module module_;
     std::shared_ptr<windows::ScreenPointer> pointer_ = std::make_shared<windows::ScreenPointer>();
     int dots_ = 96;
+    bool high_contrast_ = false;
     HWND host_;
     std::unique_ptr<windows::FormEngine> engine_;
 };

@@ -1,7 +1,9 @@
 #include "windows/desktop/windows_desktop.h"
 
 #include "windows/com/failure.h"
+#include "windows/desktop/modal_show.h"
 #include "windows/desktop/module_file.h"
+#include "windows/desktop/window_worked_in.h"
 
 #include <shellapi.h>
 
@@ -52,7 +54,9 @@ host::Object WindowsDesktop::application() {
 }
 
 int WindowsDesktop::message_box(host::TextView text, host::TextView title, std::uint32_t style) {
-    return MessageBoxW(GetActiveWindow(), wide(host::Text(text)), wide(host::Text(title)), style);
+    const HWND owner = window_worked_in();
+    const WaitingWindows others(owner);  // the owner itself waits by the box's own doing
+    return MessageBoxW(owner, wide(host::Text(text)), wide(host::Text(title)), style);
 }
 
 void WindowsDesktop::yield() {

@@ -55,7 +55,15 @@ HFONT Fonts::get(const forms::Font& font) {
     return made_.back().handle.get();
 }
 
-void draw_picture(HDC context, const RECT& box, const Picture& picture) {
+COLORREF shown_color(forms::Color color, bool high_contrast) {
+    if (color == forms::black) return GetSysColor(COLOR_BTNTEXT);
+    if (!high_contrast) return to_color(color);
+    constexpr int brightest = 3 * 255;
+    const bool is_ground = color.red + color.green + color.blue > brightest * 9 / 10;
+    return GetSysColor(is_ground ? COLOR_BTNFACE : COLOR_BTNTEXT);
+}
+
+void draw_picture(HDC context, const RECT& box, const Picture& picture, bool high_contrast) {
     const int size = static_cast<int>(std::min(box.right - box.left, box.bottom - box.top));
     const int left = static_cast<int>(box.left + box.right - size) / 2;
     const int top = static_cast<int>(box.top + box.bottom - size) / 2;
@@ -67,13 +75,13 @@ void draw_picture(HDC context, const RECT& box, const Picture& picture) {
             corners.push_back(
                 {left + MulDiv(corner.x, size, picture.grid), top + MulDiv(corner.y, size, picture.grid)});
         }
-        const DrawingObject<HBRUSH> fill(CreateSolidBrush(to_color(shape.fill)));
+        const DrawingObject<HBRUSH> fill(CreateSolidBrush(shown_color(shape.fill, high_contrast)));
         const Selected filled(context, fill.get());
         Polygon(context, corners.data(), static_cast<int>(corners.size()));
     }
 }
 
-ImageListHandle make_image_list(std::span<const Picture* const> pictures, int pixels) {
+ImageListHandle make_image_list(std::span<const Picture* const> pictures, int pixels, bool high_contrast) {
     ImageListHandle list(
         ImageList_Create(pixels, pixels, ILC_COLOR24 | ILC_MASK, static_cast<int>(pictures.size()), 0));
     const ScreenContext screen;
@@ -86,7 +94,7 @@ ImageListHandle make_image_list(std::span<const Picture* const> pictures, int pi
         {
             const Selected drawn_on(context.get(), bitmap.get());
             FillRect(context.get(), &box, grey.get());
-            draw_picture(context.get(), box, *picture);
+            draw_picture(context.get(), box, *picture, high_contrast);
         }
         if (!list || !bitmap || ImageList_AddMasked(list.get(), bitmap.get(), background) == -1) {
             throw Failure(host::result::fail, u"A list of images could not be made.");

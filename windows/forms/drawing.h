@@ -52,6 +52,9 @@ class Selected {
 
 constexpr COLORREF to_color(addin::forms::Color color) { return RGB(color.red, color.green, color.blue); }
 
+/// A colour of ours as it is shown: with high contrast, the system's of texts and of what is behind them.
+COLORREF shown_color(addin::forms::Color color, bool high_contrast);
+
 /// The fonts of a form at its resolution; each is made once.
 class Fonts {
   public:
@@ -68,10 +71,11 @@ class Fonts {
 };
 
 /// Draws a picture into the largest square in the middle of a box.
-void draw_picture(HDC context, const RECT& box, const addin::forms::Picture& picture);
+void draw_picture(HDC context, const RECT& box, const addin::forms::Picture& picture, bool high_contrast);
 
 /// The pictures on the grey that a list of images takes for its background, each so many pixels wide and
 /// high.
-ImageListHandle make_image_list(std::span<const addin::forms::Picture* const> pictures, int pixels);
+ImageListHandle make_image_list(std::span<const addin::forms::Picture* const> pictures, int pixels,
+                                bool high_contrast);
 
 }  // namespace windows

@@ -1,5 +1,7 @@
 #include "windows/forms/form_choice.h"
 
+#include <utility>
+
 #include "host/failure.h"
 #include "windows/forms/form_window.h"
 
@@ -59,19 +61,32 @@ void FormChoice::choose(int index) {
     SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
+void FormChoice::take_back() {
+    const std::optional<Chosen> before = std::exchange(before_, std::nullopt);
+    const int index = current();
+    if (!before || index == -1 || index == before->index || text() != entry(index)) return;
+    SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(before->index), 0);
+    if (row().kind == ControlKind::combo_box) SetWindowTextW(handle(), wide(before->text));
+}
+
 void FormChoice::on_command(WORD code) {
-    if (code != CBN_SELCHANGE && code != CBN_SELENDOK) return;
+    if (code == CBN_DROPDOWN) before_ = Chosen{current(), text()};
+    if (code == CBN_SELENDOK) before_.reset();
+    if (code == CBN_SELENDCANCEL) take_back();  // where the arrows have led to in the open list is no choice
+    // An entry that is chosen again is told by CBN_SELENDOK alone, a change made by the arrow keys in a
+    // closed list by CBN_SELCHANGE alone, and one made with the mouse by both. With the list open, the arrows
+    // only lead to an entry.
+    const bool is_choice = code == CBN_SELENDOK || (code == CBN_SELCHANGE && !dropped());
+    if (!is_choice || click_posted_) return;
+    // The click comes when the system has told all of it and has closed the list: a handler may run a message
+    // loop of its own.
+    click_posted_ = PostMessageW(handle(), posted_message, 0, 0) != FALSE;
+}
+
+void FormChoice::on_posted() {
+    click_posted_ = false;
     const int index = current();
     if (index == -1) return;
-    // An entry that is chosen again is told by CBN_SELENDOK alone, a change made by the arrow keys by
-    // CBN_SELCHANGE alone, and one made with the mouse by both.
-    const Told before = told_;
-    told_ = {code, index, GetMessageTime()};
-    if (before.code != 0 && before.code != code && before.index == index && before.time == told_.time) {
-        told_ = {};
-        return;
-    }
-    // The field gets its new text only after the event.
     if (row().kind == ControlKind::combo_box) SetWindowTextW(handle(), wide(entry(index)));
     form().click(*this);
 }

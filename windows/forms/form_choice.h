@@ -13,6 +13,7 @@ class FormChoice final : public FormControl, private addin::forms::Choice {
     void text(host::TextView text) override;
     addin::forms::Choice& choice() override { return *this; }
     void on_command(WORD code) override;
+    void on_posted() override;
 
   private:
     void clear() override;
@@ -24,14 +25,14 @@ class FormChoice final : public FormControl, private addin::forms::Choice {
 
     int current() const;  ///< what is marked in the open entries
 
-    /// The system tells of one choice by up to two codes, in one stroke. This is the first of them.
-    struct Told {
-        WORD code = 0;
-        int index = 0;
-        LONG time = 0;
-        bool operator==(const Told&) const = default;
+    void take_back();
+
+    struct Chosen {
+        int index = -1;
+        host::Text text;
     };
-    Told told_;
+    std::optional<Chosen> before_;  ///< what was chosen when the list was opened, as long as it is open
+    bool click_posted_ = false;
 };
 
 }  // namespace windows

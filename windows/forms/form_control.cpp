@@ -114,9 +114,7 @@ FormControl::FormControl(FormWindow& form, const ControlRow& row, int id)
                               WS_CHILD | style_of(row, form), 0, 0, 0, 0, form.handle(),
                               reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), own_module(), nullptr);
     if (!window_) throw Failure(host::result::fail, u"A control could not be made: " + Text(row.name));
-    forms::Font font = row.font ? *row.font : form.table().font;
-    if (row.kind == ControlKind::link) font.underlined = true;
-    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(form.fonts().get(font)), FALSE);
+    set_font();
     if (row.selected) SendMessageW(window_, BM_SETCHECK, BST_CHECKED, 0);
     if (!enabled_) EnableWindow(window_, FALSE);
     COMBOBOXINFO parts{};
@@ -159,7 +157,7 @@ bool FormControl::takes(UINT message, WPARAM value) {
         case WM_SYSKEYDOWN:
             return form_.key_down(this, static_cast<int>(value));
         case WM_CHAR:
-            return form_.character(*this, static_cast<char16_t>(value));
+            return form_.character(this, static_cast<char16_t>(value));
         case posted_message:
             on_posted();
             return false;
@@ -174,6 +172,7 @@ Text FormControl::text() const { return window_ && kind_of(row_).shows_text ? wi
 
 void FormControl::text(TextView text) {
     text_ = text;
+    last_click_.reset();
     if (!window_ || !kind_of(row_).shows_text) return;
     changing_ = true;
     SetWindowTextW(window_, wide(text_));
@@ -217,6 +216,31 @@ void FormControl::selected(bool selected) {
 bool FormControl::newly_selected() {
     const bool before = std::exchange(known_selected_, selected());
     return known_selected_ && !before;
+}
+
+bool FormControl::is_new_click() {
+    const auto now = static_cast<DWORD>(GetMessageTime());
+    // The time of the system goes round; an earlier one is a click that had to wait for the work of the last.
+    const bool is_new =
+        !last_click_ || static_cast<LONG>(now - *last_click_) > static_cast<LONG>(GetDoubleClickTime());
+    last_click_ = is_new || static_cast<LONG>(now - *last_click_) > 0 ? now : *last_click_;
+    return is_new;
+}
+
+void FormControl::click_is_over() {
+    if (last_click_) last_click_ = GetTickCount();
+}
+
+void FormControl::set_font() {
+    forms::Font font = row_.font ? *row_.font : form_.table().font;
+    if (row_.kind == ControlKind::link) font.underlined = true;
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(form_.fonts().get(font)), FALSE);
+}
+
+void FormControl::follow_look(int former_dots_per_inch) {
+    if (!window_ || former_dots_per_inch == form_.dots_per_inch()) return;
+    set_font();
+    apply_place();
 }
 
 RECT FormControl::pixels() const {
@@ -297,12 +321,13 @@ void FormControl::draw(const DRAWITEMSTRUCT& item) const {
         const int edge = form_.to_pixels(forms::twips_per_inch / 32);
         InflateRect(&box, -edge, -edge);
     }
-    if (row_.picture) draw_picture(item.hDC, box, *row_.picture);
+    if (row_.picture) draw_picture(item.hDC, box, *row_.picture, form_.is_high_contrast());
     if (row_.kind == ControlKind::link) {
         const auto font = reinterpret_cast<HFONT>(SendMessageW(window_, WM_GETFONT, 0, 0));
         const Selected with_font(item.hDC, font);
         const bool disabled = (item.itemState & ODS_DISABLED) != 0;
-        SetTextColor(item.hDC, disabled ? GetSysColor(COLOR_GRAYTEXT) : to_color(row_.color));
+        SetTextColor(item.hDC, disabled ? GetSysColor(COLOR_GRAYTEXT)
+                                        : shown_color(row_.color, form_.is_high_contrast()));
         SetBkMode(item.hDC, TRANSPARENT);
         DrawTextW(item.hDC, wide(window_text(window_)), -1, &box, DT_LEFT | DT_NOPREFIX | DT_END_ELLIPSIS);
     }

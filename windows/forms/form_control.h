@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "forms/view.h"
 #include "windows/forms/common_controls.h"
@@ -45,12 +46,20 @@ class FormControl : public addin::forms::Control {
     HWND inner() const { return inner_; }  ///< the edit control in a combo box, or null
     bool in_change() const { return changing_; }  ///< its text is being set by the program
 
+    /// Whether a click begins something new. Quick clicks are one: what the first of them opens may take a
+    /// while to be seen, and all that were made until then meant the same.
+    bool is_new_click();
+    void click_is_over();  ///< its work is done
+
     /// Whether an option was selected since it was last asked.
     bool newly_selected();
 
     /// Shows or hides the window by what was asked for, of it and of its frame.
     void apply_visible();
     void apply_place();
+
+    /// Takes over another resolution than the former one, or other colours.
+    virtual void follow_look(int former_dots_per_inch);
 
     // what the control tells its form
 
@@ -70,6 +79,7 @@ class FormControl : public addin::forms::Control {
     bool takes(UINT message, WPARAM value);
     void subclass(HWND window);
     RECT pixels() const;
+    void set_font();
 
     FormWindow& form_;
     const addin::forms::ControlRow& row_;
@@ -79,6 +89,7 @@ class FormControl : public addin::forms::Control {
     bool visible_, enabled_;
     bool known_selected_;
     bool changing_ = false;
+    std::optional<DWORD> last_click_;  ///< of the system's milliseconds; none since the text was set
     addin::forms::Place place_;
 };
 

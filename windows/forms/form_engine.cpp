@@ -29,6 +29,8 @@ FormEngine::~FormEngine() = default;
 
 void FormEngine::keep_during_events(std::weak_ptr<void> owner) { surroundings_->owner = std::move(owner); }
 
+void FormEngine::ask(ScreenChoices screens) { surroundings_->screens = std::move(screens); }
+
 std::unique_ptr<addin::forms::View> FormEngine::make(const addin::forms::FormTable& table,
                                                      std::weak_ptr<addin::forms::Events> events) {
     return std::make_unique<FormWindow>(surroundings_, table, std::move(events));

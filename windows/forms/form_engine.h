@@ -8,6 +8,7 @@
 namespace windows {
 
 struct FormSurroundings;
+struct ScreenChoices;
 
 /// Belongs to one thread, whose windows it makes. The windows end before it does.
 class FormEngine final : public addin::forms::Engine {
@@ -17,6 +18,9 @@ class FormEngine final : public addin::forms::Engine {
     FormEngine(Module& module, std::function<int()> dots_per_inch,
                std::shared_ptr<const ScreenPointer> pointer = std::make_shared<ScreenPointer>());
     ~FormEngine() override;
+
+    /// Another source than the system of what the user has chosen for the screens.
+    void ask(ScreenChoices screens);
 
     /// What an event of a window keeps alive while it runs. If it is let go of meanwhile, its end comes with
     /// a message of its own.

@@ -105,6 +105,11 @@ LRESULT FormWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
         case WM_ACTIVATE:
             on_activate(LOWORD(first) != WA_INACTIVE);
             return 0;
+        case WM_MOUSEACTIVATE:
+            // Where a window manager hands out the keyboard, each window that comes up is asked as if its
+            // menu had been clicked, which none has.
+            if (!table_.takes_keyboard && LOWORD(second) == HTMENU) return MA_NOACTIVATE;
+            break;
         case WM_SETFOCUS:
             if (raise([](Events& events) { events.on_focus(); }) && GetFocus() == window) focus_moves_on();
             return 0;
@@ -118,6 +123,9 @@ LRESULT FormWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
         case WM_SYSKEYDOWN:
             if (!key_down(nullptr, static_cast<int>(first))) return 0;
             break;
+        case WM_CHAR:
+            if (!character(nullptr, static_cast<char16_t>(first))) return 0;
+            break;
         case WM_SETCURSOR:
             if (on_set_cursor(reinterpret_cast<HWND>(first), LOWORD(second))) return TRUE;
             break;
@@ -126,11 +134,21 @@ LRESULT FormWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
             if (const FormControl* const drawn = find(item.hwndItem)) drawn->draw(item);
             return TRUE;
         }
+        case WM_DPICHANGED:
+            follow_resolution(LOWORD(first), *reinterpret_cast<const RECT*>(second));
+            return 0;
+        case WM_SETTINGCHANGE:
+            if (first == SPI_SETHIGHCONTRAST) follow_colors();
+            break;
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            follow_colors();
+            break;
         case WM_CTLCOLORSTATIC:
             if (const FormControl* const label = find(reinterpret_cast<HWND>(second));
                 label && label->row().color != forms::black) {
                 const auto context = reinterpret_cast<HDC>(first);
-                SetTextColor(context, to_color(label->row().color));
+                SetTextColor(context, shown_color(label->row().color, is_high_contrast()));
                 SetBkColor(context, GetSysColor(COLOR_BTNFACE));
                 return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
             }
@@ -164,6 +182,8 @@ LRESULT FormWindow::on_command(WPARAM first, LPARAM second) {
         if (!clicked || !control->newly_selected()) return 0;
         let_others_go(*control);
         click(*control);
+    } else if (kind == ControlKind::link) {
+        if (clicked && control->is_new_click() && click(*control)) control->click_is_over();
     } else if (clicked && (control->is_button() || kind == ControlKind::check_box)) {
         click(*control);
     }

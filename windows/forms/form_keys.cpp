@@ -45,18 +45,10 @@ LRESULT CALLBACK FormWindow::hook_procedure(int code, WPARAM removed, LPARAM dat
 }
 
 void FormWindow::dispatch_key(MSG message) {
-    const std::shared_ptr<FormFrame> frame = frame_;
-    if (goes_down(message.message)) {
-        const int code = static_cast<int>(message.wParam);
-        if (!raise([code](Events& events) { events.on_key(code); })) return;
-        if (!visible()) return;
-        frame->key_told = true;
-    }
     // Characters are kept from the dialog's search for underlined letters: no caption has one on purpose, but
     // a company may be called "Smith & Sons".
     const bool for_dialog = goes_down(message.message) && !is_own_key(message);
-    if (!for_dialog || !IsDialogMessageW(frame->window, &message)) pass_on(message);
-    frame->key_told = false;
+    if (!for_dialog || !IsDialogMessageW(handle(), &message)) pass_on(message);
 }
 
 const FormControl* FormWindow::button(host::TextView name) const {
@@ -70,11 +62,6 @@ const FormControl* FormWindow::pressed_by(const FormControl* at, int code) const
 }
 
 bool FormWindow::key_down(const FormControl* control, int code) {
-    if (frame_->key_told) {
-        frame_->key_told = false;
-    } else if (!raise([code](Events& events) { events.on_key(code); })) {
-        return false;
-    }
     if (!visible()) return false;
     if (control && control->dropped()) return true;
     const FormControl* const pressed = pressed_by(control, code);
@@ -83,14 +70,14 @@ bool FormWindow::key_down(const FormControl* control, int code) {
     return false;
 }
 
-bool FormWindow::character(const FormControl& control, char16_t character) {
+bool FormWindow::character(const FormControl* control, char16_t character) {
     const bool named_key = character == VK_RETURN || character == VK_ESCAPE || character == VK_TAB;
-    if (control.dropped()) return true;
-    if (!visible() || pressed_by(&control, character)) return false;  // its key has done the work
-    if (control.row().kind == ControlKind::text_box &&
-        !raise([name = control.row().name, character](Events& events) {
-            events.on_key_press(name, character);
-        })) {
+    if (control && control->dropped()) return true;
+    if (!visible() || pressed_by(control, character)) return false;  // its key has done the work
+    const bool in_text_box = control && control->row().kind == ControlKind::text_box;
+    const host::TextView name = control ? control->row().name : host::TextView();
+    if (!raise([character](Events& events) { events.on_character(character); })) return false;
+    if (in_text_box && !raise([name, character](Events& events) { events.on_key_press(name, character); })) {
         return false;
     }
     return !named_key;  // the system's controls would only beep

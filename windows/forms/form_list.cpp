@@ -332,10 +332,29 @@ void FormRows::takes_drops(bool takes) {
     takes_drops_ = takes;
 }
 
+void FormRows::follow_look(int former_dots_per_inch) {
+    const int dots = form_.dots_per_inch();
+    for (int column = 0; dots != former_dots_per_inch && column < columns(); ++column) {
+        const auto pixels = static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+        send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MulDiv(pixels, dots, former_dots_per_inch));
+    }
+    if (HIMAGELIST images = form_.images(row_.image_list)) {
+        SendMessageW(header(), HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
+    }
+    send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+    send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+    send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOWTEXT)));
+}
+
 // The control
 
 FormList::FormList(FormWindow& form, const forms::ControlRow& row, int id)
     : FormControl(form, row, id), rows_(form, row, handle()) {}
+
+void FormList::follow_look(int former_dots_per_inch) {
+    FormControl::follow_look(former_dots_per_inch);
+    rows_.follow_look(former_dots_per_inch);
+}
 
 void FormList::on_notify(const NMHDR& header) {
     const TextView name = row().name;

@@ -41,6 +41,7 @@ class FormRows final : public addin::forms::List {
     addin::forms::Hit hit(int x, int y) const override;
     void takes_drops(bool takes) override;
 
+    void follow_look(int former_dots_per_inch);
     void paint_again();  ///< shows what has come since `hold_painting`
 
   private:
@@ -89,6 +90,8 @@ class FormList final : public FormControl {
     addin::forms::List& list() override { return rows_; }
     void on_notify(const NMHDR& header) override;
     void on_posted() override { rows_.paint_again(); }
+
+    void follow_look(int former_dots_per_inch) override;
 
   private:
     FormRows rows_;

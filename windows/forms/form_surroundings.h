@@ -2,10 +2,12 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 
 #include "windows/com/module.h"
 #include "windows/desktop/screen_pointer.h"
+#include "windows/desktop/screens.h"
 #include "windows/forms/common_controls.h"
 
 namespace windows {
@@ -43,6 +45,12 @@ class KeyboardHook {
     HHOOK hook_;
 };
 
+/// What the user has chosen for the screens, as it is asked for.
+struct ScreenChoices {
+    std::function<int(HWND)> dots_per_inch_of = windows::dots_per_inch_of;
+    std::function<bool()> is_high_contrast = windows::is_high_contrast;
+};
+
 struct FormSurroundings {
     Module& module;
     std::function<int()> dots_per_inch;
@@ -54,6 +62,9 @@ struct FormSurroundings {
     UINT control_name_message = RegisterWindowMessageW(L"WM_GETCONTROLNAME");
     std::weak_ptr<KeyboardHook> hook;  ///< there is one as long as there is a window
     std::weak_ptr<void> owner;         ///< kept while an event runs
+    ScreenChoices screens{};
+    /// Where the user has left windows that have ended, by the names of their tables.
+    std::map<host::TextView, POINT> left_at{};
 };
 
 /// Answers the question for a name.

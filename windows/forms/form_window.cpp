@@ -1,9 +1,11 @@
 #include "windows/forms/form_window.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/failure.h"
 #include "windows/desktop/module_file.h"
+#include "windows/desktop/window_worked_in.h"
 
 namespace windows {
 
@@ -37,6 +39,39 @@ POINT middle_of_screen(SIZE window) {
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
     return {std::max(area.left, (area.left + area.right - window.cx) / 2),
             std::max(area.top, (area.top + area.bottom - window.cy) / 2)};
+}
+
+bool is_of_host(HWND window) {
+    return GetClassLongPtrW(window, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(&FormWindow::procedure);
+}
+
+/// The part of a screen that is free for windows: of the one on which a box is, or of the nearest.
+RECT free_part_of_screen(const RECT& box) {
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoW(MonitorFromRect(&box, MONITOR_DEFAULTTONEAREST), &screen);
+    return screen.rcWork;
+}
+
+/// Beside the right edge of a window, or where the screen ends on top of it, away from its title and buttons.
+POINT place_beside(HWND host, SIZE size) {
+    RECT box{};
+    if (!host || !GetWindowRect(host, &box)) return middle_of_screen(size);
+    const RECT screen = free_part_of_screen(box);
+    if (box.right + size.cx <= screen.right) return {box.right, box.top};
+    return {screen.right - size.cx, std::min(box.bottom, screen.bottom) - size.cy};
+}
+
+/// A place at which the user can get hold of a window's title. Screens come and go.
+POINT place_in_sight(POINT place, SIZE size) {
+    const RECT box{place.x, place.y, place.x + size.cx, place.y + size.cy};
+    const RECT screen = free_part_of_screen(box);
+    const LONG enough = size.cx / 3;
+    const bool in_sight = box.right - enough >= screen.left && box.left + enough <= screen.right &&
+                          box.top >= screen.top && box.top + GetSystemMetrics(SM_CYCAPTION) <= screen.bottom;
+    if (in_sight) return place;
+    return {std::clamp(box.left, screen.left, std::max(screen.left, screen.right - size.cx)),
+            std::clamp(box.top, screen.top, std::max(screen.top, screen.bottom - size.cy))};
 }
 
 /// A label that only readers of the screen notice: they take the text before a field for the field's name.
@@ -80,6 +115,9 @@ FormWindow::~FormWindow() { end(); }
 void FormWindow::end() {
     if (!handle()) return;
     const std::shared_ptr<FormFrame> frame = frame_;
+    if (RECT box{}; was_shown_ && GetWindowRect(frame->window, &box)) {
+        surroundings_->left_at[table_.name] = {box.left, box.top};
+    }
     frame->form = nullptr;
     SetWindowLongPtrW(frame->window, GWLP_USERDATA, 0);
     const bool was_modal = frame->modal.has_value();
@@ -96,10 +134,14 @@ void FormWindow::end() {
     if (was_modal) wake_messages();
 }
 
-void FormWindow::make_window() {
+SIZE FormWindow::outer_size() const {
     RECT box{0, 0, to_pixels(table_.width), to_pixels(table_.height)};
     AdjustWindowRectEx(&box, style_of(table_), FALSE, extended_style_of(table_));
-    const SIZE size{box.right - box.left, box.bottom - box.top};
+    return {box.right - box.left, box.bottom - box.top};
+}
+
+void FormWindow::make_window() {
+    const SIZE size = outer_size();
     const POINT middle = middle_of_screen(size);
     const Text title(table_.caption);
     auto hold = std::make_unique<ModuleHold>(surroundings_->module);
@@ -111,15 +153,28 @@ void FormWindow::make_window() {
     SetWindowLongPtrW(handle(), FormClass::hold_place, reinterpret_cast<LONG_PTR>(hold.release()));
     frame_->form = this;
     SetWindowLongPtrW(handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    // The place may be on a screen of another resolution than the one that was asked.
+    const int dots = surroundings_->screens.dots_per_inch_of(handle());
+    if (dots > 0 && dots != dots_per_inch_) {
+        dots_per_inch_ = dots;
+        fonts_ = Fonts(dots);
+        const SIZE there = outer_size();
+        SetWindowPos(handle(), nullptr, 0, 0, there.cx, there.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
     GetWindowRect(handle(), &last_size_);
 }
 
-void FormWindow::make_controls() {
+void FormWindow::make_images() {
     for (const ControlRow& row : table_.controls) {
         if (row.kind == ControlKind::image_list) {
-            images_.push_back({row.name, make_image_list(row.pictures, to_pixels(mark_size))});
+            images_.push_back(
+                {row.name, make_image_list(row.pictures, to_pixels(mark_size), is_high_contrast())});
         }
     }
+}
+
+void FormWindow::make_controls() {
+    make_images();
     for (const ControlRow& row : table_.controls) {
         if (is_field(row) && !row.accessible_name.empty()) make_unseen_label(*this, row.accessible_name);
         controls_.push_back(make_control(*this, row, first_id + static_cast<int>(controls_.size())));
@@ -149,6 +204,33 @@ void FormWindow::make_tool_tips() {
             SendMessageW(tool_tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
         }
     }
+}
+
+// What changes while the window is there
+
+void FormWindow::follow_look(int former_dots_per_inch) {
+    const auto former_images = std::exchange(images_, {});  // in use until the controls have others
+    make_images();
+    for (const auto& control : controls_) control->follow_look(former_dots_per_inch);
+    constexpr UINT all = RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN;
+    RedrawWindow(handle(), nullptr, nullptr, all);
+}
+
+void FormWindow::follow_resolution(int dots_per_inch, const RECT& box) {
+    if (dots_per_inch <= 0 || dots_per_inch == dots_per_inch_) return;
+    const int former = std::exchange(dots_per_inch_, dots_per_inch);
+    const Fonts former_fonts = std::exchange(fonts_, Fonts(dots_per_inch));
+    follow_look(former);
+    if (tool_tips_) SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, to_pixels(widest_tool_tip));
+    SetWindowPos(handle(), nullptr, box.left, box.top, box.right - box.left, box.bottom - box.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::follow_colors() {
+    for (HWND child = GetWindow(handle(), GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        SendMessageW(child, WM_SYSCOLORCHANGE, 0, 0);
+    }
+    follow_look(dots_per_inch_);
 }
 
 FormControl* FormWindow::find(TextView name) const {
@@ -184,10 +266,33 @@ void FormWindow::caption(TextView text) {
 
 bool FormWindow::visible() const { return IsWindowVisible(handle()) != FALSE; }
 
+void FormWindow::come_to_place() {
+    if (!table_.beside_host || visible()) return;
+    RECT box{};
+    GetWindowRect(handle(), &box);
+    const SIZE size{box.right - box.left, box.bottom - box.top};
+    POINT place{box.left, box.top};
+    if (!was_shown_) {
+        const auto left_at = surroundings_->left_at.find(table_.name);
+        place = left_at == surroundings_->left_at.end() ? place_beside(window_worked_in(is_of_host), size)
+                                                        : left_at->second;
+    }
+    was_shown_ = true;
+    place = place_in_sight(place, size);
+    SetWindowPos(handle(), nullptr, place.x, place.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void FormWindow::show() {
     const HWND window = handle();  // its events may end the form
-    ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
-    SetForegroundWindow(window);
+    const bool minimized = IsIconic(window) != FALSE;
+    come_to_place();
+    if (table_.takes_keyboard || frame_->modal) {
+        ShowWindow(window, minimized ? SW_RESTORE : SW_SHOW);
+        SetForegroundWindow(window);
+    } else {
+        ShowWindow(window, minimized ? SW_SHOWNOACTIVATE : SW_SHOWNA);
+        SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
 }
 
 void FormWindow::show_modal() {
@@ -207,8 +312,9 @@ void FormWindow::hide() {
 }
 
 void FormWindow::topmost() {
-    const UINT hidden = visible() ? 0 : SWP_NOACTIVATE;  // what can't be seen can't be active
-    SetWindowPos(handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | hidden);
+    // what can't be seen can't be active
+    const UINT activation = visible() && table_.takes_keyboard ? 0 : SWP_NOACTIVATE;
+    SetWindowPos(handle(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | activation);
 }
 
 forms::Size FormWindow::size() const {

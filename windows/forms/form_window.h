@@ -4,10 +4,10 @@
 #include <optional>
 #include <vector>
 
+#include "windows/desktop/modal_show.h"
 #include "windows/forms/drawing.h"
 #include "windows/forms/form_control.h"
 #include "windows/forms/form_surroundings.h"
-#include "windows/forms/modal_show.h"
 
 namespace windows {
 
@@ -16,7 +16,6 @@ struct FormFrame {
     HWND window = nullptr;
     FormWindow* form = nullptr;  ///< null: it has ended
     int running = 0;             ///< events that run
-    bool key_told = false;       ///< the key that is being handled was told already
     std::optional<ModalShow> modal;
 };
 
@@ -63,10 +62,11 @@ class FormWindow final : public addin::forms::View {
     void focus_moves_on();  ///< from a control that can't keep it
     void let_others_go(const FormControl& option);
     void visible_changed(const FormControl& frame);
+    bool is_high_contrast() const { return surroundings_->screens.is_high_contrast(); }
 
     /// A key goes down, or a character comes, at a control. False: it has been dealt with.
     bool key_down(const FormControl* control, int code);
-    bool character(const FormControl& control, char16_t character);
+    bool character(const FormControl* control, char16_t character);
 
   private:
     class Running;
@@ -75,6 +75,12 @@ class FormWindow final : public addin::forms::View {
     void make_window();
     void make_controls();
     void make_tool_tips();
+    void make_images();
+    SIZE outer_size() const;
+    void come_to_place();
+    void follow_resolution(int dots_per_inch, const RECT& box);
+    void follow_colors();
+    void follow_look(int former_dots_per_inch);
     void dispatch_key(MSG message);
     LRESULT handle_message(UINT message, WPARAM first, LPARAM second);
     LRESULT on_command(WPARAM first, LPARAM second);
@@ -106,6 +112,7 @@ class FormWindow final : public addin::forms::View {
     HWND wanted_focus_ = nullptr;  ///< where the focus goes when the window becomes active
     RECT last_size_{};
     bool was_minimized_ = false;
+    bool was_shown_ = false;  ///< at a place of its own choice
 };
 
 }  // namespace windows

@@ -1,17 +1,17 @@
-#include "windows/forms/modal_show.h"
+#include "windows/desktop/modal_show.h"
 
 namespace windows {
 namespace {
 
 struct Search {
-    HWND modal;
+    HWND shown;
     std::vector<HWND>* found;
 };
 
 BOOL CALLBACK collect_waiting(HWND window, LPARAM data) {
     const auto& search = *reinterpret_cast<const Search*>(data);
     try {
-        if (window != search.modal && IsWindowVisible(window) && IsWindowEnabled(window)) {
+        if (window != search.shown && IsWindowVisible(window) && IsWindowEnabled(window)) {
             search.found->push_back(window);
         }
     } catch (...) {
@@ -22,14 +22,18 @@ BOOL CALLBACK collect_waiting(HWND window, LPARAM data) {
 
 }  // namespace
 
-ModalShow::ModalShow(HWND modal) : active_(GetActiveWindow()) {
-    const Search search{modal, &waiting_};
+WaitingWindows::WaitingWindows(HWND shown) {
+    const Search search{shown, &waiting_};
     EnumThreadWindows(GetCurrentThreadId(), collect_waiting, reinterpret_cast<LPARAM>(&search));
     for (HWND window : waiting_) EnableWindow(window, FALSE);
 }
 
-ModalShow::~ModalShow() {
+WaitingWindows::~WaitingWindows() {
     for (HWND window : waiting_) EnableWindow(window, TRUE);  // one that is gone meanwhile is passed over
+}
+
+ModalShow::~ModalShow() {
+    others_.reset();  // a window that takes no input can't become active
     if (active_ && IsWindowVisible(active_) && IsWindowEnabled(active_)) SetActiveWindow(active_);
 }
 
