@@ -7,6 +7,7 @@
 #include "desk/mail/message.h"
 #include "desk/tools/mail_reader.h"
 #include "fuzz/harness.h"
+#include "fuzz/hostile_mails.h"
 
 namespace {
 
@@ -32,6 +33,9 @@ constexpr const char* stumbling_blocks[] = {
 
 std::vector<std::string> fuzz::seeds() {
     std::vector<std::string> mails(std::begin(stumbling_blocks), std::end(stumbling_blocks));
+    constexpr std::size_t small = 2000;  // bytes; what they do at their full size, a test of its own shows
+    for (const HostileMail& each : hostile_mails) mails.push_back(each.of_size(small));
+    mails.push_back(mail_of_pictures(small / 2, 20));
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::directory_iterator(TARNWELL_DATA_FOLDER "/sample/mails")) {
         files.push_back(entry.path());

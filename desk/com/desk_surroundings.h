@@ -25,7 +25,7 @@ class DeskSurroundings : public Surroundings {
   public:
     DeskSurroundings(const DeskSettings& settings, std::shared_ptr<windows::Apartment> apartment)
         : apartment_(std::move(apartment)),
-          mail_process_(settings.mail_reader, settings.state),
+          mail_process_(settings.mail_reader, settings.state, [this](std::int32_t time) { pump(time); }),
           indexed_folder_(settings.indexed_folder) {}
 
     DeskHooks hooks;

@@ -18,7 +18,9 @@ namespace result = host::result;
 
 namespace {
 
-constexpr DWORD longest_wait = 30000, longest_wait_for_server = 5000, wait_step = 1;  // milliseconds
+constexpr std::uint64_t longest_wait = 15000;       // milliseconds; the reader ends its own work before
+constexpr std::uint64_t look_at_reader_every = 50;  // milliseconds
+constexpr std::int32_t wait_step = 1;
 
 /// After an answer the reader waits for the next request at least this long; a part of its idle time is left
 /// for a busy machine.
@@ -55,25 +57,58 @@ Text quoted(const std::string& argument) {
     return text + u"\"";
 }
 
-/// Waits for a file that is made whole at once. False if it isn't there in time.
-bool wait_for(const Text& file, DWORD longest) {
-    for (DWORD waited = 0; GetFileAttributesW(windows::wide(file)) == INVALID_FILE_ATTRIBUTES;
-         waited += wait_step) {
-        if (waited > longest) return false;
-        Sleep(wait_step);
-    }
-    return true;
-}
+bool exists(const Text& file) { return GetFileAttributesW(windows::wide(file)) != INVALID_FILE_ATTRIBUTES; }
 
 }  // namespace
 
-MailProcess::MailProcess(Text reader, const Text& state)
-    : reader_(std::move(reader)),
-      folder_(state + u"\\mails-" + host::to_text(static_cast<long long>(GetCurrentProcessId()))) {
+MailProcess::MailProcess(Text reader, const Text& state, Pump pump)
+    : reader_(std::move(reader)), state_(state), pump_(std::move(pump)) {
+    use_new_folder();
+}
+
+MailProcess::~MailProcess() { leave_folder(); }
+
+void MailProcess::use_new_folder() {
+    folder_ = state_ + u"\\mails-" + host::to_text(static_cast<long long>(GetCurrentProcessId())) + u"-" +
+              host::to_text(static_cast<long long>(requests_));
     CreateDirectoryW(windows::wide(folder_), nullptr);
 }
 
-MailProcess::~MailProcess() { RemoveDirectoryW(windows::wide(folder_)); }
+/// A reader whose folder has gone ends.
+void MailProcess::leave_folder() {
+    DeleteFileW(windows::wide(folder_ + u"\\" + host::from_utf8(mail::life_sign)));
+    RemoveDirectoryW(windows::wide(folder_));
+    serves_until_ = 0;
+}
+
+bool MailProcess::reader_lives() const {
+    // a native program has no handle that could be waited for, but its lock can be felt
+    const HANDLE file = CreateFileW(windows::wide(folder_ + u"\\" + host::from_utf8(mail::life_sign)),
+                                    GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const bool locked = !LockFile(file, 0, 0, 1, 0);
+    if (!locked) UnlockFile(file, 0, 0, 1, 0);
+    CloseHandle(file);
+    return locked;
+}
+
+MailProcess::Outcome MailProcess::wait_for(const Text& file, bool lives) {
+    const std::uint64_t start_time = GetTickCount64();
+    std::uint64_t looked = start_time;
+    while (!exists(file)) {
+        const std::uint64_t now = GetTickCount64();
+        if (now - start_time > longest_wait) return Outcome::too_late;
+        if (now - looked > look_at_reader_every) {
+            looked = now;
+            const bool lived = lives;
+            lives = reader_lives();
+            if (lived && !lives) return exists(file) ? Outcome::answered : Outcome::reader_gone;
+        }
+        pump_(wait_step);
+    }
+    return Outcome::answered;
+}
 
 void MailProcess::start(const std::string& file, const std::string& answer_file) {
     Text command_line = u"\"Z:" + host::replaced(reader_, u"/", u"\\") + u"\" " + quoted(file) +
@@ -91,16 +126,17 @@ void MailProcess::start(const std::string& file, const std::string& answer_file)
     if (process.hProcess) CloseHandle(process.hProcess);
 }
 
-bool MailProcess::ask(const std::string& file, const std::string& answer_file, const Text& answer) {
+MailProcess::Outcome MailProcess::ask(const std::string& file, const std::string& answer_file,
+                                      const Text& answer) {
     const Text request = host::replaced(answer, u".json", u".request"), part = request + u".part";
     {
         std::ofstream lines(std::filesystem::path(part), std::ios::binary | std::ios::trunc);
         lines << file << '\n' << answer_file << '\n';
     }
     MoveFileW(windows::wide(part), windows::wide(request));
-    if (wait_for(answer, longest_wait_for_server)) return true;
+    const Outcome outcome = wait_for(answer, true);
     DeleteFileW(windows::wide(request));
-    return false;
+    return outcome;
 }
 
 ItemData MailProcess::read(const Text& path) {
@@ -109,10 +145,18 @@ ItemData MailProcess::read(const Text& path) {
     const Text answer = folder_ + u"\\" + name;
     // the answer's folder exists, the answer does not yet: its name is built from the folder's
     const std::string answer_file = native_path(folder_) + "/" + host::to_utf8(name);
-    const bool served = GetTickCount64() < serves_until_ && ask(file, answer_file, answer);
-    if (!served) {
+    Outcome outcome = Outcome::reader_gone;
+    if (GetTickCount64() < serves_until_ && reader_lives()) outcome = ask(file, answer_file, answer);
+    if (outcome == Outcome::reader_gone) {
         start(file, answer_file);
-        if (!wait_for(answer, longest_wait)) throw Failure(result::fail, u"The mail reader gave no answer.");
+        outcome = wait_for(answer, false);
+    }
+    if (outcome != Outcome::answered) {
+        leave_folder();
+        use_new_folder();
+        throw Failure(result::fail, outcome == Outcome::too_late
+                                        ? u"The mail reader gave no answer."
+                                        : u"The mail reader ended before it had read the mail.");
     }
     serves_until_ = GetTickCount64() + surely_served;
     const std::string json = read_file(answer);

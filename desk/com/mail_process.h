@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "desk/store/item_data.h"
 
@@ -12,8 +13,11 @@ namespace desk {
 /// back.
 class MailProcess {
   public:
+    using Pump = std::function<void(std::int32_t milliseconds)>;
+
     /// `reader` is the program, in the native system's spelling; `state` a folder for requests and answers.
-    MailProcess(host::Text reader, const host::Text& state);
+    /// The desk goes on with `pump` while a mail is read.
+    MailProcess(host::Text reader, const host::Text& state, Pump pump);
     ~MailProcess();  ///< the reader ends
     MailProcess(const MailProcess&) = delete;
     MailProcess& operator=(const MailProcess&) = delete;
@@ -23,11 +27,19 @@ class MailProcess {
     ItemData read(const host::Text& path);
 
   private:
-    /// Hands a mail to the reader that serves. False if it doesn't answer in time.
-    bool ask(const std::string& file, const std::string& answer_file, const host::Text& answer);
-    void start(const std::string& file, const std::string& answer_file);
+    enum class Outcome { answered, reader_gone, too_late };
 
-    host::Text reader_, folder_;
+    /// Hands a mail to the reader that serves.
+    Outcome ask(const std::string& file, const std::string& answer_file, const host::Text& answer);
+    void start(const std::string& file, const std::string& answer_file);
+    /// Waits for a file that is made whole at once. `lives` tells whether the reader is known to live.
+    Outcome wait_for(const host::Text& file, bool lives);
+    bool reader_lives() const;
+    void use_new_folder();
+    void leave_folder();
+
+    host::Text reader_, state_, folder_;
+    Pump pump_;
     std::uint64_t serves_until_ = 0;  ///< milliseconds of the system's clock
     std::uint64_t requests_ = 0;
 };

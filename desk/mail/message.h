@@ -35,6 +35,12 @@ std::string error_to_json(std::string_view sentence);
 /// is no such JSON.
 ItemData from_json(std::string_view json);
 
+/// The longest answer that the reader gives, in bytes; a mail of 50 MB fits in.
+inline constexpr std::size_t largest_answer = 64U * 1024 * 1024;
+
+/// A file in the folder of requests of which the reader keeps a lock as long as it lives.
+inline constexpr std::string_view life_sign = "reader.lock";
+
 /// How long the reader of mail files waits for the next one, when the desk has started it.
 inline constexpr std::chrono::seconds longest_idle_time{10};
 

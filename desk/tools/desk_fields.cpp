@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <unordered_map>
 
 #include "desk/mail/item_json.h"
 
@@ -27,6 +28,12 @@ Text take_word(TextView& rest) {
 /// `-` stands for an empty value.
 Text value_of(const Text& written) { return written == u"-" ? Text() : written; }
 
+/// The mail that the fields change, and its recipients by their addresses.
+struct Target {
+    ItemData& mail;
+    std::unordered_multimap<Text, Person*> recipients;
+};
+
 struct NativeAddress {
     Text type;
     Text address;
@@ -40,48 +47,52 @@ std::optional<NativeAddress> read_native(TextView rest) {
     return NativeAddress{value_of(type), value_of(address)};
 }
 
-bool set_sender(TextView value, ItemData& mail) {
+bool set_sender(TextView value, Target& target) {
     const auto native = read_native(value);
     if (!native) return false;
-    mail.fields[u"SenderEmailType"] = native->type;
-    mail.fields[u"SenderEmailAddress"] = native->address;
+    target.mail.fields[u"SenderEmailType"] = native->type;
+    target.mail.fields[u"SenderEmailAddress"] = native->address;
     return true;
 }
 
-bool set_recipient(TextView value, ItemData& mail) {
+Text in_lower_case(TextView text) {
+    Text low(text);
+    std::ranges::transform(low, low.begin(), [](char16_t unit) { return host::lower(unit); });
+    return low;
+}
+
+bool set_recipient(TextView value, Target& target) {
     const Text smtp = take_word(value);
     const auto native = read_native(value);
     if (!native) return false;
-    bool found = false;
-    for (Person& person : mail.recipients) {
-        if (!host::same_ignoring_case(person.smtp_address, smtp)) continue;
-        person.address_type = native->type;
-        person.address = native->address;
-        found = true;
+    const auto [first, end] = target.recipients.equal_range(in_lower_case(smtp));
+    for (auto each = first; each != end; ++each) {
+        each->second->address_type = native->type;
+        each->second->address = native->address;
     }
-    return found;
+    return first != end;
 }
 
-bool set_sensitivity(TextView value, ItemData& mail) {
+bool set_sensitivity(TextView value, Target& target) {
     if (value.size() != 1 || value[0] < u'0' || value[0] > u'3') return false;
-    mail.fields[u"Sensitivity"] = static_cast<std::int32_t>(value[0] - u'0');
+    target.mail.fields[u"Sensitivity"] = static_cast<std::int32_t>(value[0] - u'0');
     return true;
 }
 
-bool set_class(TextView value, ItemData& mail) {
+bool set_class(TextView value, Target& target) {
     const auto fits = [](char16_t c) {
         return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
                c == u'.' || c == u'_' || c == u'-' || c == u' ';
     };
     if (value.empty() || !std::ranges::all_of(value, fits)) return false;
-    mail.message_class = value;
+    target.mail.message_class = value;
     return true;
 }
 
 struct FieldRow {
     TextView name;
     bool repeats;
-    bool (*apply)(TextView value, ItemData& mail);  ///< tells whether the value was well-formed
+    bool (*apply)(TextView value, Target& target);  ///< tells whether the value was well-formed
     std::string_view expected;
 };
 constexpr std::array<FieldRow, 4> rows = {{
@@ -99,6 +110,10 @@ bool is_desk_field(std::string_view name) {
 }
 
 void apply_desk_fields(const std::vector<HeaderField>& fields, ItemData& mail) {
+    if (fields.empty()) return;
+    Target target{mail, {}};
+    for (Person& person : mail.recipients)
+        target.recipients.emplace(in_lower_case(person.smtp_address), &person);
     std::array<int, rows.size()> seen{};
     for (const HeaderField& field : fields) {
         const Text name = host::from_utf8(field.name);
@@ -109,7 +124,7 @@ void apply_desk_fields(const std::vector<HeaderField>& fields, ItemData& mail) {
         if (seen[static_cast<std::size_t>(row - rows.begin())]++ > 0 && !row->repeats) {
             refuse("The mail has the field " + field.name + " twice.");
         }
-        if (!row->apply(host::trimmed(field.value), mail)) {
+        if (!row->apply(host::trimmed(field.value), target)) {
             refuse("The field " + field.name + " of the mail is malformed: it takes " +
                    std::string(row->expected) + ".");
         }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace desk::mail {
 namespace {
@@ -72,6 +73,24 @@ void append_code_point(Text& text, std::uint32_t code) {
         code = 0xDC00 + ((code - 0x10000) & 0x3FF);
     }
     text += static_cast<char16_t>(code);
+}
+
+/// Whether a text holds some words; in time that grows with both alone, which `find` does not promise.
+bool contains(TextView text, TextView words) {
+    if (words.empty() || text.size() < words.size()) return words.empty();
+    // of each beginning of the words, how much of its end is a beginning of the words again
+    std::vector<std::size_t> again(words.size(), 0);
+    const auto follow = [&](std::size_t matched, char16_t unit) {
+        while (matched > 0 && words[matched] != unit) matched = again[matched - 1];
+        return words[matched] == unit ? matched + 1 : matched;
+    };
+    for (std::size_t i = 1; i < words.size(); ++i) again[i] = follow(again[i - 1], words[i]);
+    std::size_t matched = 0;
+    for (const char16_t unit : text) {
+        matched = follow(matched, unit);
+        if (matched == words.size()) return true;
+    }
+    return false;
 }
 
 /// Lines in the making: runs of blanks become one, and blocks ask for line ends that are only written before
@@ -226,7 +245,7 @@ class Reader {
     void close_link() {
         const Text link = std::exchange(link_, {});
         const bool leads_out = link.starts_with(u"http:") || link.starts_with(u"https:");
-        if (!leads_out || html_.substr(link_start_, at_ - link_start_).find(link) != TextView::npos) return;
+        if (!leads_out || contains(html_.substr(link_start_, at_ - link_start_), link)) return;
         lines_.add(u" <" + link + u">", false);
     }
 

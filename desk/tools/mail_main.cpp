@@ -1,12 +1,18 @@
 // tarnwell-mail: reads a mail file and writes it as JSON. The desk starts it under Wine, where GMime is not
 // at hand.
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/inotify.h>
+#include <sys/pidfd.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -32,24 +38,85 @@ bool write_whole(const std::filesystem::path& file, const std::string& text) {
     return false;
 }
 
-/// Reads one message and writes the answer, or prints it. Answers the exit code.
-int answer(const std::string& file, const std::string& output) {
-    std::string json;
-    int code = 0;
-    try {
-        json = desk::mail::to_json(desk::mail::read_message_file(file));
-    } catch (const std::exception& failure) {
-        json = desk::mail::error_to_json(failure.what());
-        code = 1;
-    }
+constexpr rlim_t longest_work = 3;                        // seconds of the processor
+constexpr std::chrono::milliseconds longest_time{10000};  // of the clock, for a machine that is busy
+
+/// Writes the answer, or prints it. Answers the exit code.
+int give(const std::string& json, const std::string& output, int code) {
     if (output.empty()) {
-        std::cout << json;
+        std::cout << json << std::flush;
     } else if (!write_whole(output, json)) {
         std::cerr << "\"" << output << "\" can't be written.\n";
         return 2;
     }
     return code;
 }
+
+int give_error(std::string_view sentence, const std::string& output) {
+    return give(desk::mail::error_to_json(sentence), output, 1);
+}
+
+int read_and_give(const std::string& file, const std::string& output) {
+    try {
+        const std::string json = desk::mail::to_json(desk::mail::read_message_file(file));
+        if (json.size() > desk::mail::largest_answer)
+            return give_error("The mail holds too much text.", output);
+        return give(json, output, 0);
+    } catch (const host::Failure& failure) {
+        return give_error(failure.what(), output);
+    } catch (const std::bad_alloc&) {
+        return give_error("The mail takes too much memory.", output);
+    }
+}
+
+/// Waits for a process to end, which is ended if it takes too long. False if it was.
+bool ends_in_time(pid_t process) {
+    const int handle = pidfd_open(process, 0);
+    if (handle < 0) return true;  // the limit on its work ends it
+    pollfd end{handle, POLLIN, 0};
+    const bool ended = poll(&end, 1, static_cast<int>(longest_time.count())) != 0;
+    close(handle);
+    if (!ended) kill(process, SIGKILL);
+    return ended;
+}
+
+/// Reads one message in a process of its own, since no parser is proof against each mail: whatever becomes of
+/// it, there is an answer. Answers the exit code.
+int answer(const std::string& file, const std::string& output) {
+    const pid_t process = fork();
+    if (process < 0) return give_error("The mail reader can't start.", output);
+    if (process == 0) {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        const rlimit work{longest_work, longest_work + 1}, no_dump{0, 0};  // the softer one tells why
+        setrlimit(RLIMIT_CPU, &work);
+        setrlimit(RLIMIT_CORE, &no_dump);
+        _exit(read_and_give(file, output));
+    }
+    const bool in_time = ends_in_time(process);
+    int status = 0;
+    waitpid(process, &status, 0);
+    if (WIFEXITED(status)) return WEXITSTATUS(status);
+    if (!in_time || WTERMSIG(status) == SIGXCPU)
+        return give_error("The mail takes too long to read.", output);
+    return give_error("The mail can't be read: the parser broke off.", output);
+}
+
+/// Tells the desk, which can't wait for a native process, that this one lives.
+class LifeSign {
+  public:
+    explicit LifeSign(const std::filesystem::path& folder)
+        : file_(open((folder / desk::mail::life_sign).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+        flock whole{};
+        whole.l_type = F_WRLCK;
+        fcntl(file_, F_SETLK, &whole);
+    }
+    ~LifeSign() { close(file_); }
+    LifeSign(const LifeSign&) = delete;
+    LifeSign& operator=(const LifeSign&) = delete;
+
+  private:
+    int file_;
+};
 
 /// Sleeps until something changes in a folder, or goes with it.
 class FolderWatch {
@@ -109,7 +176,9 @@ int main(int count, char** arguments) {
                    "afterwards answers the requests that come into this folder, until it is gone");
     CLI11_PARSE(app, count, arguments);
 
+    if (folder.empty()) return answer(file, output);
+    const LifeSign life_sign(folder);
     const int code = answer(file, output);
-    if (!folder.empty()) serve(folder);
+    serve(folder);
     return code;
 }

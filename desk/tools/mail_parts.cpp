@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <unordered_map>
 
 #include "desk/mail/item_json.h"
 #include "desk/tools/gmime_ownership.h"
@@ -117,6 +118,35 @@ struct Inline {
     Text content_id;
 };
 
+/// Where a body says that a picture stands: "[cid:...]" and "[image: ...]". Found once, since a mail may have
+/// a long body and thousands of pictures.
+class Marks {
+  public:
+    explicit Marks(TextView body) {
+        for (std::size_t at = body.find(u'['); at != TextView::npos; at = body.find(u'[', at + 1)) {
+            const TextView mark = body.substr(at + 1, longest);
+            if (!mark.starts_with(u"cid:") && !mark.starts_with(u"image: ")) continue;
+            std::size_t end = 0;
+            for (int closing = 0; closing < most_closings; ++closing) {  // a name may have brackets itself
+                end = mark.find(u']', end + 1);
+                if (end == TextView::npos) break;
+                places_.try_emplace(mark.substr(0, end), at);
+            }
+        }
+    }
+
+    /// The first one; `npos` if the body has none.
+    std::size_t place_of(TextView mark) const {
+        const auto found = places_.find(mark);
+        return found == places_.end() ? TextView::npos : found->second;
+    }
+
+  private:
+    static constexpr std::size_t longest = 256;
+    static constexpr int most_closings = 3;
+    std::unordered_map<TextView, std::size_t> places_;  ///< of what stands between the brackets
+};
+
 class PartReader {
   public:
     explicit PartReader(const ReadEmbedded& read_embedded) : read_embedded_(read_embedded) {}
@@ -143,9 +173,10 @@ class PartReader {
             ends.push_back(content.text.size());
             if (has_html) content.html += piece.html.empty() ? as_html(piece.text) : piece.html;
         }
+        const Marks marks(content.text);
         for (const Inline& picture : inlines_) {
             AttachmentData& attachment = attachments_[picture.attachment];
-            const std::size_t place = place_of(picture, attachment.display_name, content.text);
+            const std::size_t place = place_of(picture, attachment.display_name, marks);
             attachment.position = static_cast<std::int32_t>(1 + std::min(place, ends[picture.pieces]));
         }
         content.attachments = std::move(attachments_);
@@ -224,16 +255,28 @@ class PartReader {
     }
 
     /// Where the plain text itself marks the picture, as mailers do; else behind all of it.
-    static std::size_t place_of(const Inline& picture, const Text& name, const Text& body) {
+    static std::size_t place_of(const Inline& picture, const Text& name, const Marks& marks) {
         std::size_t place = Text::npos;
-        if (!picture.content_id.empty()) place = body.find(u"[cid:" + picture.content_id);
-        if (place == Text::npos) place = body.find(u"[image: " + name);
+        if (!picture.content_id.empty()) place = marks.place_of(u"cid:" + picture.content_id);
+        if (place == Text::npos) place = marks.place_of(u"image: " + name);
         return place;
     }
 
     static Text as_html(const Text& text) {
-        Text escaped = host::replaced(host::replaced(text, u"&", u"&amp;"), u"<", u"&lt;");
-        return u"<pre>" + host::replaced(escaped, u">", u"&gt;") + u"</pre>";
+        Text page = u"<pre>";
+        page.reserve(text.size() + text.size() / 16 + 16);
+        for (const char16_t unit : text) {
+            if (unit == u'&') {
+                page += u"&amp;";
+            } else if (unit == u'<') {
+                page += u"&lt;";
+            } else if (unit == u'>') {
+                page += u"&gt;";
+            } else {
+                page += unit;
+            }
+        }
+        return page += u"</pre>";
     }
 
     const ReadEmbedded& read_embedded_;

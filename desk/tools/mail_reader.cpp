@@ -12,6 +12,7 @@
 #include "desk/tools/gmime_ownership.h"
 #include "desk/tools/mail_header.h"
 #include "desk/tools/mail_parts.h"
+#include "desk/tools/mail_shape.h"
 #include "desk/tools/mail_text.h"
 
 namespace desk::mail {
@@ -82,11 +83,11 @@ std::optional<host::Date> read_time(const std::string& written) {
 }
 
 /// A subject without the "Re: " and "FW: " of up to three letters in front of it.
-Text without_prefixes(Text subject) {
+TextView without_prefixes(TextView subject) {
     while (true) {
-        const std::size_t colon = subject.find(u": ");
+        const std::size_t colon = subject.substr(0, 5).find(u": ");
         if (colon == 0 || colon > 3 || subject.substr(0, colon).find(u' ') != Text::npos) return subject;
-        subject.erase(0, colon + 2);
+        subject.remove_prefix(colon + 2);
     }
 }
 
@@ -120,7 +121,7 @@ class MessageReader {
         const Text subject = one_line(g_mime_message_get_subject(message_));
         const Text topic = one_line(header("Thread-Topic").c_str());
         mail_.fields[u"Subject"] = subject;
-        mail_.fields[u"ConversationTopic"] = topic.empty() ? without_prefixes(subject) : topic;
+        mail_.fields[u"ConversationTopic"] = topic.empty() ? Text(without_prefixes(subject)) : topic;
         const std::string id = to_string(g_mime_message_get_message_id(message_));
         if (!id.empty()) mail_.fields[u"InternetMessageId"] = host::from_utf8("<" + id + ">");
         mail_.fields[u"UnRead"] = true;
@@ -261,6 +262,7 @@ class MessageReader {
 ItemData read_message(std::string_view bytes) {
     start_library();
     bytes = checked_message(bytes);
+    check_shape(bytes);
     const std::string message_bytes = with_joined_words(bytes);
     Complaints complaints;
     ParserOptions options = make_options("", complaints);
