@@ -1,5 +1,7 @@
 // Built-in fields that follow each other.
+#include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "desk/model/item.h"
 
@@ -23,19 +25,45 @@ void put(ItemData& item, TextView field, Value value) { item.fields[Text(field)]
 
 bool is(TextView field, TextView name) { return host::same_ignoring_case(field, name); }
 
-/// "Ann van Lee": first name, middle names, last name.
-void split_full_name(ItemData& item) {
-    const Text full = host::trimmed(text_of(item, u"FullName"));
-    const std::size_t first = full.find(u' ');
-    const std::size_t last = full.rfind(u' ');
-    put(item, u"FirstName", full.substr(0, first));
-    put(item, u"LastName", first == Text::npos ? Text() : full.substr(last + 1));
-    put(item, u"MiddleName", first == last ? Text() : host::trimmed(full.substr(first, last - first)));
+constexpr TextView titles[] = {u"Dr", u"Miss", u"Mr", u"Mrs", u"Ms", u"Prof"};
+constexpr TextView suffixes[] = {u"I", u"II", u"III", u"Jr", u"Sr"};
+
+/// Whether a word of a name is one of these, with a full stop or without.
+bool is_one_of(std::span<const TextView> words, TextView word) {
+    if (word.ends_with(u'.')) word.remove_suffix(1);
+    return std::ranges::any_of(words, [&](TextView each) { return is(word, each); });
 }
+
+/// "Dr. Ann van Lee Jr.": title, first name, middle names, last name, suffix. A title or suffix alone is a
+/// name.
+void split_full_name(ItemData& item) {
+    Text name = host::trimmed(text_of(item, u"FullName"));
+    Text title, suffix;
+    if (const std::size_t end = name.find(u' ');
+        end != Text::npos && is_one_of(titles, name.substr(0, end))) {
+        title = name.substr(0, end);
+        name = host::trimmed(name.substr(end));
+    }
+    if (const std::size_t start = name.rfind(u' ');
+        start != Text::npos && is_one_of(suffixes, name.substr(start + 1))) {
+        suffix = name.substr(start + 1);
+        name = host::trimmed(name.substr(0, start));
+        if (name.ends_with(u',')) name.pop_back();
+    }
+    const std::size_t first = name.find(u' ');
+    const std::size_t last = name.rfind(u' ');
+    put(item, u"Title", title);
+    put(item, u"FirstName", name.substr(0, first));
+    put(item, u"LastName", first == Text::npos ? Text() : name.substr(last + 1));
+    put(item, u"MiddleName", first == last ? Text() : host::trimmed(name.substr(first, last - first)));
+    put(item, u"Suffix", suffix);
+}
+
+constexpr TextView parts_of_full_name[] = {u"Title", u"FirstName", u"MiddleName", u"LastName", u"Suffix"};
 
 void join_full_name(ItemData& item) {
     Text full;
-    for (const TextView part : {u"FirstName", u"MiddleName", u"LastName"}) {
+    for (const TextView part : parts_of_full_name) {
         const Text name = text_of(item, part);
         if (!name.empty() && !full.empty()) full += u' ';
         full += name;
@@ -46,7 +74,7 @@ void join_full_name(ItemData& item) {
 void follow_contact(ItemData& item, TextView changed, TextView filed_as_before) {
     const Text former_file_as = text_of(item, u"FileAs");
     if (is(changed, u"FullName")) split_full_name(item);
-    if (is(changed, u"FirstName") || is(changed, u"MiddleName") || is(changed, u"LastName"))
+    if (std::ranges::any_of(parts_of_full_name, [&](TextView part) { return is(changed, part); }))
         join_full_name(item);
     if (former_file_as.empty() || former_file_as == filed_as_before) put(item, u"FileAs", filed_as(item));
     for (const char16_t number : {u'1', u'2', u'3'}) {

@@ -163,7 +163,7 @@ TEST_F(ContactConversion, CopiesEveryFieldAndMarksTheSourceAlone) {
 
         EXPECT_EQ(boxes(world, boxes_before),
                   kind == &to_contact ? (Lines{box_of(*kind), account_box}) : Lines{box_of(*kind)});
-        EXPECT_EQ(statuses(world, statuses_before), Lines{"Ann Mary Lee" + kind->told});
+        EXPECT_EQ(statuses(world, statuses_before), Lines{"Dr. Ann Mary Lee Jr." + kind->told});
         EXPECT_FALSE(window_of(world, u"Tarnwell").get(u"Visible").to_boolean());
         EXPECT_EQ(world.application().Inspectors().Count(), 0);
 
@@ -176,13 +176,13 @@ TEST_F(ContactConversion, CopiesEveryFieldAndMarksTheSourceAlone) {
                 EXPECT_EQ(shown(world.text(made, row.field)), shown(row.value)) << shown(row.field);
         }
         for (const TextView field : not_copied) EXPECT_EQ(made.get(field).to_text(), u"") << shown(field);
-        EXPECT_EQ(made.FullName(), u"Ann Mary Lee");
+        EXPECT_EQ(made.FullName(), u"Dr. Ann Mary Lee Jr.");
 
         const std::string key = shown(World::property(made, u"ContactID"));
         EXPECT_EQ(key.substr(0, 1), "C");
         EXPECT_GT(key.size(), 1U);
         EXPECT_EQ(shown(made.CustomerID()), key) << "the source has it by the time it is copied";
-        EXPECT_EQ(told_note(made), (Lines{"Subject: Ann Mary Lee", "ContactID: " + key,
+        EXPECT_EQ(told_note(made), (Lines{"Subject: Dr. Ann Mary Lee Jr.", "ContactID: " + key,
                                           "Account Manager: Tom Prior", "Team: Tom Prior"}));
         EXPECT_EQ(changes(before, state_of(source)), Lines{"CustomerID: " + key + " instead of "})
             << "what was typed before is saved with it";

@@ -110,12 +110,16 @@ class Contacts : public ModelTest {};
 
 TEST_F(Contacts, HaveTheirNamesFollowEachOther) {
     struct Case {
-        TextView full, first, middle, last, file_as;
+        TextView full, first, middle, last, file_as, title = u"", suffix = u"";
     };
     constexpr Case cases[] = {
         {u"Ann Lee", u"Ann", u"", u"Lee", u"Lee, Ann"},
         {u"Ann van der Lee", u"Ann", u"van der", u"Lee", u"Lee, Ann van der"},
         {u"Ann", u"Ann", u"", u"", u"Ann"},
+        {u"Dr. Ann Lee Jr.", u"Ann", u"", u"Lee", u"Lee, Ann", u"Dr.", u"Jr."},
+        {u"Mrs Ann van Lee, III", u"Ann", u"van", u"Lee", u"Lee, Ann van", u"Mrs", u"III"},
+        {u"Miss Lee", u"Lee", u"", u"", u"Lee", u"Miss"},
+        {u"Dr.", u"Dr.", u"", u"", u"Dr."},
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(shown(one.full));
@@ -125,6 +129,8 @@ TEST_F(Contacts, HaveTheirNamesFollowEachOther) {
         EXPECT_EQ(text(contact, u"MiddleName"), one.middle);
         EXPECT_EQ(text(contact, u"LastName"), one.last);
         EXPECT_EQ(text(contact, u"FileAs"), one.file_as);
+        EXPECT_EQ(text(contact, u"Title"), one.title);
+        EXPECT_EQ(text(contact, u"Suffix"), one.suffix);
     }
     const Item contact = create(item_type::contact);
     contact.put(u"LastName", u"Lee");
@@ -134,8 +140,11 @@ TEST_F(Contacts, HaveTheirNamesFollowEachOther) {
     contact.put(u"FileAs", u"The boss");
     contact.put(u"FirstName", u"Anna");
     EXPECT_EQ(text(contact, u"FileAs"), u"The boss") << "what was chosen stays";
+    contact.put(u"Title", u"Dr.");
+    contact.put(u"Suffix", u"Jr.");
+    EXPECT_EQ(text(contact, u"FullName"), u"Dr. Anna Lee Jr.");
     contact.Save();
-    EXPECT_EQ(contact.Subject(), u"Anna Lee");
+    EXPECT_EQ(contact.Subject(), u"Dr. Anna Lee Jr.");
 }
 
 TEST_F(Contacts, FillInWhatBelongsToAnAddress) {
