@@ -1,5 +1,6 @@
 #include "commands/explorer_commands.h"
 
+#include "core/presence.h"
 #include "core/settings.h"
 #include "records/names.h"
 
@@ -8,6 +9,7 @@ namespace addin::commands {
 void goExplorer_SelectionChange(Connect& connect) {
     Steps steps;
     Session& session = connect.session();
+    const Presence here(session);
     // a selection changes all the time: with the option off, this is all that it costs
     if (Settings(session.desktop).option(setting::enable_quick_view) != option_on) return;
     host::outlook::Application application;
@@ -24,12 +26,12 @@ void goExplorer_SelectionChange(Connect& connect) {
     steps.run([&] { session.QuickView.hide(); });
     host::outlook::Selection selection;
     steps.set(selection, [&] { return application.ActiveExplorer().Selection(); });
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     if (steps.holds([&] { return selection.Count() != 1; })) return;
     if (steps.holds([&] { return selection.Item(1).MessageClass() != records::message_class::mail; })) {
         return;
     }
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     steps.run([&] {
         host::Value selected(selection);
         if (session.ShowQuickView) session.ShowQuickView(connect, selected);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/presence.h"
 #include "host/host_events.h"
 
 namespace addin {
@@ -29,12 +30,12 @@ Connect& TrackExpl::mConnect() {
 }
 
 void TrackExpl::m_objExpl_Close() {
-    const std::shared_ptr<void> load = session_.owner.lock();     // the add-in may go while this gives way
+    const Presence here(session_);
     const std::shared_ptr<TrackExpl> alive = shared_from_this();  // the list holds the last reference
     Steps steps;
     steps.run([&] { mConnect().RemoveExplorerTracker(ExpID_); });
     m_objExpl_.clear();
-    steps.run([&] { session_.desktop.yield(); });  // the host finishes closing the window
+    here.give_way(steps);  // the host finishes closing the window
     constexpr std::int32_t several = 2;
     if (steps.holds([&] {
             const bool few = session_.gOutlookApp.Explorers().Count() < several;

@@ -6,6 +6,7 @@
 #include "commands/inspector_commands.h"
 #include "conversions/new_contacts.h"
 #include "core/connect.h"
+#include "core/presence.h"
 #include "core/settings.h"
 #include "core/status.h"
 #include "core/status_windows.h"
@@ -225,10 +226,11 @@ void Connect::goExplorer_Close() {
 void Connect::goOutlook_ItemSend(const host::outlook::Item& item) {
     Steps steps;
     if (steps.holds([&] { return item.MessageClass() != records::message_class::mail; })) return;
+    const Presence here(session_);
     if (Settings(session_.desktop).option(setting::auto_file_sent_emails) == option_on) {
         steps.run([&] { session_.SearchForm.show(); });
         steps.run([&] { session_.SearchForm.window()->status(checking_names); });
-        steps.run([&] { session_.desktop.yield(); });
+        here.give_way(steps);
         // a mail that was never saved has no id, and the later steps need one
         if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
         filing::AutomaticCreateNoteSend(session_, item);

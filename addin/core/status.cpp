@@ -1,7 +1,7 @@
 #include "core/status.h"
 
+#include "core/presence.h"
 #include "core/status_windows.h"
-#include "core/steps.h"
 
 namespace addin {
 namespace {
@@ -16,18 +16,20 @@ void show_status(Session& session, host::TextView text) {
 }
 
 void ShowMessage(Session& session, host::TextView MyText) {
-    session.desktop.yield();
+    const Presence here(session);
+    here.give_way();
     show_status(session, MyText);
-    session.desktop.yield();
+    here.give_way();
     session.desktop.sleep(message_time);
-    session.desktop.yield();
+    here.give_way();
     session.SearchForm.hide();
 }
 
 void ShowImportMessage(Session& session, host::TextView MyText, std::int32_t SleepTime) {
     host::Desktop& desktop = session.desktop;
+    const Presence here(session);
     Steps steps;
-    steps.run([&] { desktop.yield(); });
+    here.give_way(steps);
     if (MyText.empty()) {
         steps.run([&] { desktop.pointer(host::Pointer::standard); });
         steps.run([&] { session.SearchForm.hide(); });
@@ -37,14 +39,14 @@ void ShowImportMessage(Session& session, host::TextView MyText, std::int32_t Sle
     steps.run([&] { session.SearchForm.show(); });
     steps.run([&] { session.SearchForm.window()->status(MyText); });
     steps.run([&] { desktop.pointer(host::Pointer::hourglass); });
-    steps.run([&] { desktop.yield(); });
+    here.give_way(steps);
     if (SleepTime == 0) {
-        steps.run([&] { desktop.yield(); });
+        here.give_way(steps);
     } else {
         steps.run([&] { desktop.sleep(static_cast<std::uint32_t>(SleepTime)); });
     }
     steps.run([&] { desktop.pointer(host::Pointer::hourglass); });
-    steps.run([&] { desktop.yield(); });
+    here.give_way(steps);
 }
 
 bool FileExists(host::Desktop& desktop, host::TextView Fname) {

@@ -178,8 +178,8 @@ void dlgSend::CreateNote() {
     Steps steps;
     // the row may go at any time: the user clears the list while this gives way
     steps.run([&] { header(Text(creating) + row_text()); });
-    steps.run([&] { desktop.yield(); });
-    if (!loaded()) return;
+    const Presence here(session_, *this);
+    if (!here.give_way(steps)) return;
     ChosenMail mail = choose_mail(steps);
     steps.run([&] { mail.wrapper.Item(mail.item); });
     if (steps.holds([&] { return mail.wrapper.To().empty(); })) {
@@ -220,14 +220,14 @@ void dlgSend::CreateNote() {
     }
     finish(steps, path, note, read_texts(steps, *this), mail);
     records::mark_chosen_mail(steps, path, mail.inspector, mail.selection);
-    report_creation(steps);
+    report_creation(steps, here);
 }
 
-void dlgSend::report_creation(Steps& steps) {
+void dlgSend::report_creation(Steps& steps, const Presence& here) {
     steps.run([&] {
         session_.desktop.message_box(Text(done) + row_text(), product_title, host::box::information);
     });
-    if (loaded()) header(Text(invitation));
+    if (here.lasts()) header(Text(invitation));
     gbCreated = true;
 }
 
@@ -265,8 +265,8 @@ void dlgSend::CreateNoteEx() {
     host::Desktop& desktop = session_.desktop;
     Steps steps;
     steps.run([&] { header(Text(creating) + row_text()); });
-    steps.run([&] { desktop.yield(); });
-    if (!loaded()) return;
+    const Presence here(session_, *this);
+    if (!here.give_way(steps)) return;
     ChosenMail mail = choose_mail(steps);
     steps.run([&] { mail.wrapper.Item(mail.item); });
     if (steps.holds([&] { return mail.item.EntryID().empty(); })) {
@@ -279,7 +279,7 @@ void dlgSend::CreateNoteEx() {
     if (!steps.holds([&] { return control(u"Combo2").text().empty(); })) {
         create_from_record(steps, path, folder, profiles, mail);
     }
-    report_creation(steps);
+    report_creation(steps, here);
 }
 
 void dlgSend::create_from_record(Steps& steps, const records::PathRow& path, const Folder& folder,

@@ -105,26 +105,27 @@ void dlgSend::cmdSearch_Click() {
         header(Text(no_text));
         return;
     }
+    const Presence here(session_, *this);
     Steps steps;
     header(Text(searching) + text);
     desktop.pointer(host::Pointer::hourglass);
-    steps.run([&] { desktop.yield(); });
-    if (closed_meanwhile()) return;
+    here.give_way(steps);
+    if (has_ended(here)) return;
     const records::Database database = records::open_database(steps, desktop);
     Folder folder = database.account_profiles;
     steps.set(folder, [&] {
         return Folder(database.main_add_in.ReturnFolderFromPath(session_.list_definition.SearchFolder));
     });
     SearchListTarget(folder);
-    if (closed_meanwhile()) return;
+    if (has_ended(here)) return;
     if (list().count() > 0) list().select(0);
     control(u"lstRecipients").focus();
     header(Text(complete) + control(u"SearchString").text());
     desktop.pointer(host::Pointer::standard);
 }
 
-bool dlgSend::closed_meanwhile() {
-    if (loaded()) return false;
+bool dlgSend::has_ended(const Presence& here) {
+    if (here.lasts()) return false;
     session_.desktop.pointer(host::Pointer::standard);
     return true;
 }
@@ -136,9 +137,9 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     host::Object application;
     steps.set(application, [&] { return desktop.create(host::outlook::application_prog_id); });
     header(Text(searching) + control(u"SearchString").text());
+    const Presence here(session_, *this);
     desktop.pointer(host::Pointer::hourglass);
-    steps.run([&] { desktop.yield(); });
-    if (!loaded()) return;
+    if (!here.give_way(steps)) return;
     DialogSearch& run = session_.search;
     run.folder = folder;
     steps.run([&] { run.folder.DefaultItemType(); });  // for a mode that no filter depends on
@@ -160,10 +161,9 @@ void dlgSend::SearchListTarget(const Folder& folder) {
                 return contacts ? SafeRecordItem::of_contact(desktop) : SafeRecordItem::of_post(desktop);
             });
             steps.run([&] { run.wrapper.Item(run.items.Item(i)); });
-            if (run.wrapper) add_row(steps, run.wrapper, run.items, i, key);
+            if (run.wrapper) add_row(steps, here, run.wrapper, run.items, i, key);
             run.wrapper.reset();
-            steps.run([&] { desktop.yield(); });
-            if (!loaded()) {
+            if (!here.give_way(steps)) {
                 run = {};
                 return;
             }
@@ -173,17 +173,21 @@ void dlgSend::SearchListTarget(const Folder& folder) {
             }
         }
     }
+    if (!here.lasts()) {  // a box gives way, too
+        run = {};
+        return;
+    }
     control(u"lstRecipients").focus();
     header(Text(complete) + control(u"SearchString").text());
     list().width(column::key, 0);
     list().width(column::entry_id, 0);
-    steps.run([&] { desktop.yield(); });
+    here.give_way(steps);
     run = {};
     desktop.pointer(host::Pointer::standard);
 }
 
-void dlgSend::add_row(Steps& steps, const SafeRecordItem& wrapper, const Items& items, std::int32_t place,
-                      Text& key) {
+void dlgSend::add_row(Steps& steps, const Presence& here, const SafeRecordItem& wrapper, const Items& items,
+                      std::int32_t place, Text& key) {
     const records::ListDefinition& definition = session_.list_definition;
     FieldReader reader(steps, wrapper, session_.desktop);
     std::array<Text, records::shown_fields> cells;
@@ -203,7 +207,7 @@ void dlgSend::add_row(Steps& steps, const SafeRecordItem& wrapper, const Items& 
                    .to_integer() +
                text_type;
     });
-    if (!loaded()) return;
+    if (!here.lasts()) return;
     const int row = list().add(cells.front());
     for (std::size_t i = 1; i < cells.size(); ++i) list().text(row, static_cast<int>(i), cells[i]);
     list().text(row, column::key, key);

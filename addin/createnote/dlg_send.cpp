@@ -172,13 +172,14 @@ void dlgSend::Option2_Click() {
 
 void dlgSend::Combo2_Click() {
     const Text chosen = control(u"Combo2").text();
+    const Presence here(session_, *this);
     if (chosen == search_by_email) {
         list().clear();
         PopulateList();
     } else {
         GetListDef();
     }
-    if (!loaded() || control(u"Combo2").text().empty()) return;
+    if (!here.lasts() || control(u"Combo2").text().empty()) return;
     control(u"SearchString").enabled(true);
     control(u"SearchString").text(u"");
 }
@@ -218,6 +219,7 @@ void dlgSend::lstRecipients_DblClick() {
 }
 
 void dlgSend::create(Steps& steps) {
+    const Presence here(session_, *this);
     if (!key_of_row(steps).empty()) {
         CreateNoteEx();
     } else {
@@ -225,7 +227,7 @@ void dlgSend::create(Steps& steps) {
     }
     session_.desktop.pointer(host::Pointer::standard);
     // the path that makes a contact has unloaded the window
-    if (gbCreated && loaded() && !control(u"Check1").selected()) hide();
+    if (gbCreated && here.lasts() && !control(u"Check1").selected()) hide();
 }
 
 void dlgSend::cmdCancel_Click() {

@@ -2,8 +2,7 @@
 // search.
 #pragma once
 
-#include "core/session.h"
-#include "core/steps.h"
+#include "core/presence.h"
 #include "host/family.h"
 #include "host/outlook.h"
 #include "records/stamp.h"
@@ -74,13 +73,13 @@ class dlgSend final : public NoteDialog {
     void Combo2_Click();
     void cmdSearch_Click();
     /// Whether the user has closed the window while the search gave way; the pointer is the usual one then.
-    bool closed_meanwhile();
+    bool has_ended(const Presence& here);
     void SearchListTarget(const host::outlook::Folder& folder);
     /// One found item as a row. `key` keeps the key of the item before where this one's can't be read.
-    void add_row(Steps& steps, const host::family::SafeRecordItem& wrapper, const host::outlook::Items& items,
-                 std::int32_t place, host::Text& key);
+    void add_row(Steps& steps, const Presence& here, const host::family::SafeRecordItem& wrapper,
+                 const host::outlook::Items& items, std::int32_t place, host::Text& key);
     void create(Steps& steps);
-    void report_creation(Steps& steps);
+    void report_creation(Steps& steps, const Presence& here);
     void create_for_new_contact(Steps& steps, const ChosenMail& mail,
                                 const host::family::MainAddIn& main_add_in,
                                 const host::outlook::Folder& profiles, const host::outlook::Folder& folder,

@@ -139,6 +139,7 @@ void dlgSend::GetListDef() {
     };
     Text chosen, definition;
     steps.set(chosen, [&] { return control(u"Combo2").text(); });
+    const Presence here(session_, *this);
     steps.set(definition, [&] {
         return property(found(records::message_class::folder_drop_down, chosen),
                         Text(records::property::find_definition));
@@ -170,12 +171,10 @@ void dlgSend::GetListDef() {
         list().heading(static_cast<int>(i), session_.list_definition.ColumnName[i]);
     }
     steps.run([&] { list().heading(column::key, property(record, u"KeyColumnName")); });
-    // the user may close the window while it gives way: then nothing of it is touched any more
-    steps.run([&] { desktop.yield(); });
-    if (loaded()) list().clear();
-    steps.run([&] { desktop.yield(); });
+    if (here.give_way(steps)) list().clear();
+    const bool lasts = here.give_way(steps);
     desktop.pointer(host::Pointer::standard);
-    if (loaded()) control(u"SearchString").focus();
+    if (lasts) control(u"SearchString").focus();
     session_.cdo.reset();
 }
 

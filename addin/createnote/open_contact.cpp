@@ -1,5 +1,6 @@
 // Opening the contact of a mail, or the record that a personal contact is linked with. The dialog isn't
 // shown.
+#include "core/presence.h"
 #include "core/product.h"
 #include "core/status.h"
 #include "core/status_windows.h"
@@ -28,8 +29,9 @@ constexpr TextView searching = u"Searching for ";
 
 void dlgSend::OpenContact() {
     host::Desktop& desktop = session_.desktop;
+    const Presence here(session_);
     Steps steps;
-    steps.run([&] { desktop.yield(); });
+    here.give_way(steps);
     const auto application = [&] { return host::outlook::Application(desktop.application()); };
     SafeMailItem wrapper;
     host::outlook::Inspector inspector;
@@ -67,12 +69,12 @@ void dlgSend::OpenContact() {
     Folder contacts;
     steps.set(contacts, [&] { return profiles.Folders().Item(records::folder::account_contacts); });
     steps.run([&] { show_status(session_, Text(searching) + addresses.sender_name); });
-    steps.run([&] { desktop.yield(); });
+    here.give_way(steps);
     Item contact;
     steps.set(contact, [&] { return contacts.Items().Find(filter); });
     steps.run([&] { session_.SearchForm.hide(); });
     steps.run([&] { session_.SearchForm.unload(); });
-    steps.run([&] { desktop.yield(); });
+    here.give_way(steps);
     if (contact) {
         if (steps.holds([&] { return contact.Class() == host::outlook::object_class::contact; })) {
             steps.run([&] { contact.Display(); });

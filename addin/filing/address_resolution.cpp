@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/presence.h"
 #include "core/settings.h"
 #include "records/database.h"
 #include "records/filters.h"
@@ -81,8 +82,9 @@ Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addres
 
 std::optional<ReadSender> read_sender(Steps& steps, Session& session, const VariantRow& row,
                                       const host::family::SafeMailItem& mail) {
+    const Presence here(session);
     const auto give_way = [&] {
-        if (row.gives_way) steps.run([&] { session.desktop.yield(); });
+        if (row.gives_way) here.give_way(steps);
     };
     ReadSender read;
     Addresses& addresses = read.addresses;
@@ -143,11 +145,12 @@ host::outlook::Items contact_items(Steps& steps, const host::outlook::Folder& ac
 
 host::outlook::Item find_contact(Steps& steps, Session& session,
                                  const host::outlook::Folder& account_profiles, TextView filter) {
+    const Presence here(session);
     const host::outlook::Items contacts = contact_items(steps, account_profiles);
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     host::outlook::Item contact;
     steps.set(contact, [&] { return contacts.Find(filter); });
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     return contact;
 }
 

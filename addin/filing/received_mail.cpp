@@ -1,6 +1,6 @@
 #include "filing/received_mail.h"
 
-#include "core/steps.h"
+#include "core/presence.h"
 #include "filing/address_resolution.h"
 #include "records/database.h"
 #include "records/stamp.h"
@@ -10,6 +10,7 @@ namespace addin::filing {
 void goInbox_ItemAdd(Session&, const host::outlook::Item&) {}
 
 void goInbox_ItemChange(Session& session, const host::outlook::Item& item) {
+    const Presence here(session);
     Steps steps;
     // both halves of a test are always asked, and one that can't be answered counts as passed
     if (!steps.holds([&] {
@@ -19,7 +20,7 @@ void goInbox_ItemChange(Session& session, const host::outlook::Item& item) {
         })) {
         return;
     }
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     if (steps.holds([&] {
             const bool unmarked = item.BillingInformation() != records::auto_filed;
             const bool open_to_all = item.Sensitivity() == host::outlook::sensitivity_normal;
@@ -30,8 +31,9 @@ void goInbox_ItemChange(Session& session, const host::outlook::Item& item) {
 }
 
 void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
+    const Presence here(session);
     Steps steps;
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     if (!steps.holds([&] { return item.Sensitivity() == host::outlook::sensitivity_normal; })) return;
     host::family::MainAddIn main_add_in;
     steps.set(main_add_in, [&] { return records::make_main_add_in(session.desktop); });
@@ -50,10 +52,10 @@ void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
     const host::outlook::Item contact = find_contact(steps, session, account_profiles, sender->filter);
     if (!contact) return;
 
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     records::post_note(steps, path, folder, contact, sender->mail);
     records::mark_mail(steps, path, item);
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
 }
 
 }  // namespace addin::filing

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "core/presence.h"
 #include "core/settings.h"
 #include "core/status_windows.h"
 #include "filing/address_resolution.h"
@@ -28,7 +29,7 @@ constexpr TextView searching = u"Searching for ", not_found = u" - NOT FOUND", s
 /// The filing of one mail.
 class Sending {
   public:
-    Sending(Session& session, const Item& mail) : session_(session), mail_(mail) {}
+    Sending(Session& session, const Item& mail) : here_(session), session_(session), mail_(mail) {}
 
     void run();
 
@@ -46,6 +47,7 @@ class Sending {
     }
     void wait();  ///< so that the user can read the status
 
+    Presence here_;  ///< goes last
     Session& session_;
     const Item& mail_;
     Steps steps_;
@@ -96,7 +98,7 @@ Sending::Next Sending::file_for(std::int32_t index) {
     wait();
     note_ = records::post_note(steps_, path, folder_, contact, wrapper_, note_);
     records::mark_mail(steps_, path, mail_);
-    steps_.run([&] { session_.desktop.yield(); });
+    here_.give_way(steps_);
     return Next::recipient;
 }
 
@@ -124,19 +126,20 @@ std::optional<Text> Sending::filter_for(std::int32_t index) {
 
 void Sending::status(const std::function<Text()>& text) {
     steps_.run([&] { session_.SearchForm.window()->status(text()); });
-    steps_.run([&] { session_.desktop.yield(); });
+    here_.give_way(steps_);
 }
 
 void Sending::wait() {
     steps_.run([&] { session_.desktop.sleep(reading_time); });
-    steps_.run([&] { session_.desktop.yield(); });
+    here_.give_way(steps_);
 }
 
 }  // namespace
 
 void AutomaticCreateNoteSend(Session& session, const Item& item) {
+    const Presence here(session);
     Steps steps;
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
     if (steps.holds([&] { return item.Sensitivity() == host::outlook::sensitivity_normal; })) {
         Sending(session, item).run();

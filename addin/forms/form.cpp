@@ -7,6 +7,7 @@ namespace addin::forms {
 View& Form::view() {
     if (!view_) {
         view_ = engine_.make(table_, weak_from_this());
+        ++loading_;
         on_load();
         if (!view_) throw host::Failure(host::result::object_deleted, u"The window ended in its load.");
     }

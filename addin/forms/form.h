@@ -12,6 +12,9 @@ class Form : public Window, public Events, public std::enable_shared_from_this<F
     Form(Engine& engine, const FormTable& table) : engine_(engine), table_(table) {}
 
     bool loaded() const { return view_ != nullptr; }
+
+    /// Counts the loads: a window that was closed and opened again is another one.
+    int loading() const { return loading_; }
     void show() override { view().show(); }
     void show_modal() { view().show_modal(); }
     void hide() override;
@@ -31,6 +34,7 @@ class Form : public Window, public Events, public std::enable_shared_from_this<F
     Engine& engine_;
     const FormTable& table_;
     std::unique_ptr<View> view_;
+    int loading_ = 0;
 };
 
 }  // namespace addin::forms

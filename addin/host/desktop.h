@@ -7,6 +7,10 @@
 #include "host/object.h"
 #include "host/text.h"
 
+namespace addin {
+class Presence;
+}
+
 namespace host {
 
 /// A registry key as the platform names it: a predefined root (sign-extended from 32 bits) or an open key.
@@ -77,8 +81,6 @@ class Desktop {
 
     virtual int message_box(TextView text, TextView title, std::uint32_t style) = 0;
 
-    /// Gives way to the host's message queue until it is empty.
-    virtual void yield() = 0;
     virtual void sleep(std::uint32_t milliseconds) = 0;
     virtual void pointer(Pointer pointer) = 0;
 
@@ -117,6 +119,12 @@ class Desktop {
     /// The 8-bit form that the registry and ini interfaces take, and back.
     virtual std::string narrow(TextView text) = 0;
     virtual Text widen(const std::string& bytes) = 0;
+
+  private:
+    /// Gives way to the host's message queue until it is empty. Only who can tell afterwards what is still
+    /// there may do so.
+    friend class addin::Presence;
+    virtual void yield() = 0;
 };
 
 }  // namespace host

@@ -1,5 +1,6 @@
 #include "quickview/launch.h"
 
+#include "core/presence.h"
 #include "core/product.h"
 #include "core/status_windows.h"
 #include "createnote/new_contact.h"
@@ -99,7 +100,7 @@ Text value_of(const FieldRow& row, const Item& contact, const SafeMailItem& mail
 class Run {
   public:
     Run(Session& session, const LaunchRow& row, Item mail)
-        : session_(session), row_(row), mail_(std::move(mail)) {}
+        : here_(session), session_(session), row_(row), mail_(std::move(mail)) {}
 
     void go() {
         if (steps_.holds([&] { return mail_.EntryID().empty(); })) return;
@@ -131,9 +132,7 @@ class Run {
     }
 
   private:
-    void give_way() {
-        steps_.run([&] { session_.desktop.yield(); });
-    }
+    void give_way() { here_.give_way(steps_); }
     void end_search() {
         steps_.run([&] { session_.SearchForm.hide(); });
     }
@@ -216,6 +215,7 @@ class Run {
         end_search();
     }
 
+    Presence here_;  ///< goes last
     Session& session_;
     const LaunchRow& row_;
     Steps steps_;
@@ -230,6 +230,7 @@ class Run {
 void launch(Connect& connect, Launch which, Value& selection) {
     const LaunchRow& row = rows[static_cast<std::size_t>(which)];
     Session& session = connect.session();
+    const Presence here(session);
     Steps steps;
     if (row.in_mail_folders_only && steps.holds([&] {
             return host::outlook::Explorer(connect.goExplorer.source())
@@ -241,7 +242,7 @@ void launch(Connect& connect, Launch which, Value& selection) {
     steps.set(selection, [&] { return Value(host::outlook::Selection(selection.to_object()).Item(1)); });
     Item mail;
     steps.set(mail, [&] { return Item(selection.to_object()); });
-    steps.run([&] { session.desktop.yield(); });
+    here.give_way(steps);
     Run(session, row, mail).go();
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "core/presence.h"
 #include "core/settings.h"
 #include "core/status_windows.h"
 #include "core/steps.h"
@@ -114,7 +115,7 @@ bool is_under_way(const Session& session, const ReplicaRow& row, const Item& ite
 class Replication {
   public:
     Replication(Session& session, const ReplicaRow& row, const Item& item, TextView folder_name)
-        : session_(session), row_(row), item_(item), folder_name_(folder_name) {}
+        : here_(session), session_(session), row_(row), item_(item), folder_name_(folder_name) {}
 
     void run(Ending ending);
 
@@ -133,6 +134,7 @@ class Replication {
 
     void copy_to_shared_folder(Ending ending);
 
+    Presence here_;  ///< goes last
     Session& session_;
     const ReplicaRow& row_;
     const Item& item_;
@@ -146,7 +148,7 @@ void Replication::run(Ending ending) {
     clean(0);
     steps_.run([&] { session_.SearchForm.show(); });
     steps_.run([&] { session_.SearchForm.window()->status(row_.status); });
-    steps_.run([&] { session_.desktop.yield(); });
+    here_.give_way(steps_);
     copy_to_shared_folder(ending);
     steps_.run([&] { session_.SearchForm.hide(); });
     clean(1);  // a handler that ran in one of the yields may have put its own copy there
@@ -209,7 +211,6 @@ bool Replication::bears(const Item& item, const Text& key) {
 }
 
 void Replication::copy_to_shared_folder(Ending ending) {
-    const auto yield = [&] { steps_.run([&] { session_.desktop.yield(); }); };
     CopyUnderWay under_way(session_, item_);
     Item copy;
     steps_.set(copy, [&] { return item_.Copy(); });
@@ -221,13 +222,13 @@ void Replication::copy_to_shared_folder(Ending ending) {
     if (ending == Ending::save_and_delete) {
         steps_.run([&] { copy.Save(); });
         under_way.learn_id();
-        yield();
+        here_.give_way(steps_);
         steps_.run([&] { copy.call(u"Delete"); });
         return;
     }
-    if (ending == Ending::yield_and_move) yield();
+    if (ending == Ending::yield_and_move) here_.give_way(steps_);
     steps_.run([&] { copy.Move(shared_); });
-    yield();
+    here_.give_way(steps_);
 }
 
 bool is_off(const Session& session, const ReplicaRow& row) {

@@ -52,8 +52,7 @@ void PanelSearch::ask_index() {
     Text text;
     steps_.set(text, [&] { return host::replaced(shown_.Subject(), u"'", u"''"); });
     caption(steps_, u"StoreID", status);
-    steps_.run([&] { session_.desktop.yield(); });
-    if (gone() || text.empty()) return;
+    if (!here_.give_way(steps_) || text.empty()) return;
 
     host::search::Connection connection;
     host::search::Recordset rows;

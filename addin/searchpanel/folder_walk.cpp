@@ -49,8 +49,7 @@ void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
         std::optional<Text> name;
         steps.set(name, [&] { return std::optional(folder.Name()); });
         steps.run([&] { session_.SearchForm.window()->status(Text(searching) + known(name)); });
-        steps.run([&] { session_.desktop.yield(); });
-        if (gone()) return;
+        if (!here_.give_way(steps)) return;
         tell_of_cancel();
         if (gone()) return;
 

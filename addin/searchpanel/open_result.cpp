@@ -3,8 +3,8 @@
 #include <iterator>
 #include <limits>
 
+#include "core/presence.h"
 #include "core/product.h"
-#include "core/steps.h"
 #include "searchpanel/show_items.h"
 
 namespace addin::searchpanel {
@@ -89,8 +89,7 @@ void open_indexed(ShowItems& panel, Steps& steps) {
 }  // namespace
 
 void open_result(ShowItems& panel) {
-    const std::shared_ptr<forms::Form> alive = panel.shared_from_this();
-    const std::weak_ptr<const bool> life = panel.session().life;
+    const Presence here(panel.session(), panel);
     host::Desktop& desktop = panel.session().desktop;
     Steps steps;
     desktop.pointer(host::Pointer::hourglass);
@@ -115,7 +114,7 @@ void open_result(ShowItems& panel) {
                 .Display();
         });
     }
-    if (!life.expired()) desktop.pointer(host::Pointer::standard);
+    if (here.session_lasts()) desktop.pointer(host::Pointer::standard);
 }
 
 }  // namespace addin::searchpanel

@@ -78,13 +78,7 @@ std::int32_t upper_bound(const std::optional<host::Array>& table) {
 }  // namespace
 
 PanelSearch::PanelSearch(ShowItems& panel)
-    : panel_(panel),
-      alive_(panel.shared_from_this()),
-      session_(panel.session()),
-      life_(session_.life),
-      load_(panel.loads()) {}
-
-bool PanelSearch::gone() const { return life_.expired() || !panel_.loaded() || panel_.loads() != load_; }
+    : here_(panel.session(), panel), panel_(panel), session_(panel.session()) {}
 
 forms::Control& PanelSearch::control(TextView name) const {
     if (gone()) throw host::Failure(host::result::object_deleted, u"The panel has been closed.");
@@ -112,7 +106,7 @@ bool PanelSearch::run() {
         list_items();
     }
     if (next != Next::end && instant && !gone()) ask_index();
-    if (!life_.expired()) end();
+    if (here_.session_lasts()) end();
     return !gone();
 }
 

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "core/steps.h"
+#include "core/presence.h"
 #include "searchpanel/panel_filters.h"
 #include "searchpanel/show_items.h"
 
@@ -23,7 +23,7 @@ class PanelSearch {
     /// How the search goes on when it is known what is searched for.
     enum class Next { list_items, ask_index, end };
 
-    [[nodiscard]] bool gone() const;
+    [[nodiscard]] bool gone() const { return !here_.lasts(); }
     /// A control of the window that the search began in. Throws `Failure` when that has gone.
     forms::Control& control(host::TextView name) const;
     forms::List& list() const { return control(u"lstItems").list(); }
@@ -54,11 +54,9 @@ class PanelSearch {
     void ask_index();
     void add_index_row(Steps& steps, const std::function<host::Value(host::TextView)>& field) const;
 
+    Presence here_;  ///< goes last
     ShowItems& panel_;
-    std::shared_ptr<forms::Form> alive_;
     Session& session_;
-    std::weak_ptr<const bool> life_;
-    int load_;
 
     Steps steps_;
     FilterForm form_ = FilterForm::like;

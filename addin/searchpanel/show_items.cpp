@@ -40,7 +40,6 @@ void furnish(Session& session) {
 // Load, activation and end
 
 void ShowItems::on_load() {
-    ++loads_;
     session_.loaded_panels.push_back(shared_from_this());
     Steps steps;
     steps.run([&] { ArrangeList(); });

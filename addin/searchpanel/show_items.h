@@ -34,9 +34,6 @@ class ShowItems final : public forms::Form {
     Session& session() { return session_; }
     forms::List& list() { return control(u"lstItems").list(); }
 
-    /// Counts the loads. Who gave way to events knows by it whether the window is still the same one.
-    int loads() const { return loads_; }
-
   private:
     void on_load() override;
     void on_unload() override;
@@ -55,7 +52,6 @@ class ShowItems final : public forms::Form {
     void OpenContact();
 
     Session& session_;
-    int loads_ = 0;
 };
 
 /// Opens what the selected row stands for.

@@ -1,7 +1,7 @@
 #include "templates/template_commands.h"
 
+#include "core/presence.h"
 #include "core/question.h"
-#include "core/steps.h"
 #include "records/database.h"
 #include "records/names.h"
 #include "records/property_filters.h"
@@ -51,7 +51,9 @@ void show_list(host::Desktop& desktop, const TemplateList& list) {
     });
 }
 
-void save_as_template(host::Desktop& desktop) {
+void save_as_template(Session& session) {
+    host::Desktop& desktop = session.desktop;
+    const Presence here(session);
     if (!asks(desktop, template_question)) return;
     Steps steps;
     const Folder profiles = records::open_database(steps, desktop).account_profiles;
@@ -64,7 +66,7 @@ void save_as_template(host::Desktop& desktop) {
     steps.run([&] { copy.MessageClass(records::message_class::drop_down); });
     steps.run([&] { copy.Save(); });
     steps.run([&] { copy.Move(drop_downs()); });
-    steps.run([&] { desktop.yield(); });
+    here.give_way(steps);
 
     // the record is looked for: it is another object than the copy that was moved
     item.reset();
@@ -92,7 +94,7 @@ void furnish(Session& session) {
     for (const TemplateList& list : template_lists) {
         command(list.command) = [&session, list](Connect&) { show_list(session.desktop, list); };
     }
-    command(Command::save_as_template) = [&session](Connect&) { save_as_template(session.desktop); };
+    command(Command::save_as_template) = [&session](Connect&) { save_as_template(session); };
 }
 
 }  // namespace addin::templates

@@ -107,6 +107,7 @@ Object NativeDesktop::application() {
 }
 
 int NativeDesktop::message_box(TextView text, TextView title, std::uint32_t style) {
+    on_message_box();
     const int answer = running().take_answer(title, text);
     running().messages.push_back({Text(title), Text(text), style, answer});
     return answer != 0 ? answer : answer_of_closing(style);

@@ -48,7 +48,8 @@ class NativeDesktop final : public host::Desktop {
     /// Whether an object isn't there in this world.
     bool left_out(host::TextView prog_id) const;
 
-    std::function<void()> on_yield = [] {};  ///< what a turn of the message loop does
+    std::function<void()> on_yield = [] {};        ///< what a turn of the message loop does
+    std::function<void()> on_message_box = [] {};  ///< what happens while a box is shown
     /// Makes an object in place of the usual one; Nothing where it makes none.
     std::function<host::Object(host::TextView prog_id)> stand_in = [](host::TextView) {
         return host::Object();

@@ -1,4 +1,5 @@
 // A search of the Create Note dialog that is started inside of another one, at each yield of the first.
+#include "createnote/dlg_send.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/native/native_world.h"
 
@@ -88,6 +89,53 @@ TEST(DialogSearchInside, EndsWithTheWindow) {
         EXPECT_EQ(acceptance::held(searching.world, u"Items"), held) << "and nothing of the search is left";
     }
     EXPECT_EQ(acceptance::count_messages(searching.world), 0);
+}
+
+TEST(DialogSearchInside, GoesOnInNoWindowThatWasClosedAndOpenedAgain) {
+    Searching searching;
+    constexpr int yields_of_a_search = 6;
+    for (int yield = 1; yield <= yields_of_a_search; ++yield) {
+        SCOPED_TRACE(yield);
+        const auto dialog = std::make_shared<addin::createnote::dlgSend>(searching.world.add_in()->session());
+        dialog->show();
+        const auto window = [&] { return searching.world.engine().find(u"Tarnwell Create Note"); };
+        struct Shown {
+            int rows;
+            host::Text first_row, header;
+            bool operator==(const Shown&) const = default;
+        };
+        const auto shown = [&] {
+            const addin::forms::List& list = window()->control(u"lstRecipients").list();
+            return Shown{list.count(), list.text(0, 0), window()->control(u"lblHeader").text()};
+        };
+        const Shown as_loaded = shown();
+        native::MemoryControl& targets = window()->control(u"Combo2");
+        int place = 0;
+        while (place < targets.choice().count() && targets.choice().entry(place) != u"People") ++place;
+        ASSERT_TRUE(targets.choose(place));
+        ASSERT_TRUE(window()->control(u"SearchString").type(u"Ann"));
+        const auto open_again = [&] {
+            dialog->unload();
+            dialog->show();
+        };
+        searching.at_yield(yield, open_again, [&] { window()->control(u"cmdSearch").click(); });
+        ASSERT_TRUE(window());
+        EXPECT_TRUE(shown() == as_loaded) << host::to_utf8(shown().header);
+        dialog->unload();
+    }
+    EXPECT_EQ(acceptance::count_messages(searching.world), 0);
+}
+
+TEST(DialogSearchInside, OfAWindowThatIsClosedWhileItsMessageIsShownDoesntBringItBack) {
+    Searching searching;
+    NoteDialog dialog(searching.world);
+    ASSERT_TRUE(dialog.open(*searching.mail));
+    dialog.choose(u"Combo2", u"People");
+    dialog.type(u"SearchString", u"Nobody of this name");
+    searching.world.system().on_message_box = [&] { dialog.window().call(u"Close"); };
+    dialog.control(u"cmdSearch").call(u"Click");
+    EXPECT_EQ(acceptance::message_texts(searching.world), Lines{"No Items Found!"});
+    EXPECT_FALSE(dialog.window());
 }
 
 TEST(DialogSearchInside, StopsWhereItIsCancelledAndKeepsTheRowsSoFar) {

@@ -209,7 +209,7 @@ TEST_F(MeanwhileOf, AnEventRunsOnceAtTheNextYield) {
     host::Sink sink;
     sink.connect(host::events::items, items, {{u"ItemChange", [&](std::span<Value>) {
                                                    in_the_handler = mail.BillingInformation();
-                                                   world.desktop().yield();
+                                                   world.system().yield();
                                                    after_the_yield = mail.BillingInformation();
                                                }}});
     meanwhile(u"ItemChange", mail, u"BillingInformation", u"meanwhile");
