@@ -6,7 +6,7 @@
 
 #include "tests/forms/gallery.h"
 #include "tests/windows/forms_stage.h"
-#include "windows/forms/modal_show.h"
+#include "windows/desktop/modal_show.h"
 
 namespace {
 
@@ -49,7 +49,7 @@ TEST(FormsMemory, MayRunOutAtAnyMomentOfWhatTheSystemTells) {
         void (*tell)(HWND target);
     } cases[] = {
         {"a character", u"words", [](HWND target) { SendMessageW(target, WM_CHAR, 'a', 0); }},
-        {"a key", u"words", [](HWND target) { SendMessageW(target, WM_KEYDOWN, VK_DOWN, 0); }},
+        {"a key", u"go", [](HWND target) { SendMessageW(target, WM_KEYDOWN, VK_RETURN, 0); }},
         {"a click", u"go", [](HWND target) { SendMessageW(target, BM_CLICK, 0, 0); }},
         {"a close box", u"", [](HWND target) { SendMessageW(target, WM_CLOSE, 0, 0); }},
         {"the windows that wait for a modal one", u"",
