@@ -1,8 +1,7 @@
 // Quick View: the side window that shows one contact with its related items while the user reads mail.
 #pragma once
 
-#include "core/session.h"
-#include "core/steps.h"
+#include "core/presence.h"
 #include "records/stamp.h"
 
 namespace addin::quickview {
@@ -48,7 +47,7 @@ class QuickView final : public QuickViewWindow {
     void lstItems_DblClick();
     void lstItems_OLEDragDrop(int x, int y);
 
-    host::outlook::Items related_items(Steps& steps, const host::Text& chosen);
+    host::outlook::Items related_items(Steps& steps, const Presence& here, const host::Text& chosen);
     void add_row(Steps& steps, const host::outlook::Item& item, bool by_name);
 
     host::outlook::Item make_record(Steps& steps, const host::Text& chosen, const host::Text& key,

@@ -39,19 +39,20 @@ const FolderRow& row_of(const Text& chosen) {
 void QuickView::cmbFolders_Click() {
     Steps steps;
     const Text chosen = shown(u"cmbFolders");
-    const Items found = related_items(steps, chosen);
-    if (!loaded()) return;
+    const Presence here(session_, *this);  // a store may let events run while it answers
+    const Items found = related_items(steps, here, chosen);
+    if (!here.lasts()) return;
     steps.run([&] { list().clear(); });
     std::int32_t count = 0;
     steps.set(count, [&] { return found.Count(); });
-    for (std::int32_t i = 1; i <= count && loaded(); ++i) {
+    for (std::int32_t i = 1; i <= count && here.lasts(); ++i) {
         host::outlook::Item item;
         steps.set(item, [&] { return found.Item(i); });
         add_row(steps, item, chosen == records::folder::opportunities);
     }
 }
 
-Items QuickView::related_items(Steps& steps, const Text& chosen) {
+Items QuickView::related_items(Steps& steps, const Presence& here, const Text& chosen) {
     const host::outlook::Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
     // which form the store takes is found out by trying
     const auto of_contact = [&](records::FilterForm form) {
@@ -66,7 +67,7 @@ Items QuickView::related_items(Steps& steps, const Text& chosen) {
     if (!probe) filter = of_contact(records::FilterForm::like);
     Items found;
     steps.set(found, [&] { return profiles.Folders().Item(chosen).Items().Restrict(filter); });
-    if (!loaded()) return found;
+    if (!here.lasts()) return found;
     steps.run([&] { list().takes_drops(true); });
     const FolderRow& folder = row_of(chosen);
     if (folder.default_folder != 0) {
