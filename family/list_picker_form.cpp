@@ -79,13 +79,6 @@ constexpr FormTable for_one =
     table_of(std::span(controls).first<std::size(controls) - controls_for_several>(), 4200);
 constexpr FormTable for_several = table_of(controls, 6150);
 
-void add_row(List& list, const PickerRow& row) {
-    const int place = list.add(row[picker_column::name]);
-    for (int column = 1; column < picker_column::count; ++column) {
-        list.text(place, column, row[static_cast<std::size_t>(column)]);
-    }
-}
-
 void set_headings(List& list, const PickerRows& rows) {
     for (int column = 0; column < picker_column::shown; ++column) {
         list.heading(column, rows.headings[static_cast<std::size_t>(column)]);
@@ -123,7 +116,7 @@ void ListPickerForm::show_matches() {
     const host::Text text = control(search_text).text();
     shown.clear();
     for (const PickerRow& row : rows_.rows) {
-        if (holds(row, text)) add_row(shown, row);
+        if (holds(row, text)) shown.add(row);
     }
     if (shown.count() > 0) shown.select(0);
 }
@@ -131,7 +124,7 @@ void ListPickerForm::show_matches() {
 void ListPickerForm::show_added() {
     List& shown = control(chosen_list).list();
     shown.clear();
-    for (const PickerRow& row : added_) add_row(shown, row);
+    for (const PickerRow& row : added_) shown.add(row);
     if (shown.count() > 0) shown.select(shown.count() - 1);
 }
 

@@ -1,5 +1,7 @@
 #include "family/template_list.h"
 
+#include <array>
+
 #include "family/database.h"
 
 namespace family {
@@ -58,8 +60,8 @@ void TemplateList::fill() {
     List& list = control(templates).list();
     list.clear();
     for (const host::outlook::Item& record : records) {
-        const int row = list.add(record.Subject());
-        list.text(row, id_column, record.EntryID());
+        const std::array<host::Text, 2> cells{record.Subject(), record.EntryID()};
+        list.add(cells);
     }
     if (list.count() > 0) list.select(0);
 }

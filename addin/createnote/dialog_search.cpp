@@ -190,8 +190,8 @@ void dlgSend::add_row(Steps& steps, const Presence& here, const SafeRecordItem& 
                       std::int32_t place, Text& key) {
     const records::ListDefinition& definition = session_.list_definition;
     FieldReader reader(steps, wrapper, session_.desktop);
-    std::array<Text, records::shown_fields> cells;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
+    std::array<Text, column::entry_id + 1> cells;
+    for (std::size_t i = 0; i < records::shown_fields; ++i) {
         reader.read(cells[i], definition.FieldName[i]);
         cells[i] = records::FormatFieldValue(cells[i], definition.FieldType[i], session_.desktop);
         if (i != 1) reader.forget_id();  // the second field's id stays for the third
@@ -207,11 +207,9 @@ void dlgSend::add_row(Steps& steps, const Presence& here, const SafeRecordItem& 
                    .to_integer() +
                text_type;
     });
-    if (!here.lasts()) return;
-    const int row = list().add(cells.front());
-    for (std::size_t i = 1; i < cells.size(); ++i) list().text(row, static_cast<int>(i), cells[i]);
-    list().text(row, column::key, key);
-    steps.run([&] { list().text(row, column::entry_id, items.Item(place).EntryID()); });
+    cells[column::key] = key;
+    steps.set(cells[column::entry_id], [&] { return items.Item(place).EntryID(); });
+    if (here.lasts()) list().add(cells);
 }
 
 }  // namespace addin::createnote

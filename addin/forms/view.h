@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <span>
 
 #include "forms/form_table.h"
 #include "host/desktop.h"
@@ -75,10 +76,16 @@ class List {
 
     virtual int count() const = 0;
     virtual void clear() = 0;
-    /// Adds a row; answers its place, which in a sorted list is where it belongs.
-    virtual int add(host::TextView text) = 0;
+    /// Adds a row with the texts of its first columns; answers its place, which in a sorted list is where it
+    /// belongs.
+    virtual int add(std::span<const host::Text> cells) = 0;
+    int add(host::TextView text) {
+        const host::Text cell(text);
+        return add(std::span(&cell, 1));
+    }
     virtual host::Text text(int row, int column) const = 0;
-    virtual void text(int row, int column, host::TextView text) = 0;
+    /// Answers the row's place: in a sorted list it moves where the new text belongs.
+    virtual int text(int row, int column, host::TextView text) = 0;
     virtual int selected() const = 0;  ///< -1: none
     virtual void select(int row) = 0;  ///< and brings it into sight; -1: none
 
@@ -89,8 +96,8 @@ class List {
     virtual void width(int column, int twips) = 0;
     virtual void header_item(int column, const HeaderItem& item) = 0;  ///< HDM_SETITEM
 
-    /// The sort of the list: by the text of a column, without regard to case; `order` 0 rises, 1 falls. A
-    /// sorted list keeps its order when rows come.
+    /// The sort of the list: by the text of a column, as the user's language orders words, without regard to
+    /// case; `order` 0 rises, 1 falls. A sorted list keeps its order when rows come and when they change.
     virtual int sort_order() const = 0;
     virtual void sort_order(int order) = 0;
     virtual void sort_key(int column) = 0;

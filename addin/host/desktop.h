@@ -111,6 +111,10 @@ class Desktop {
     /// VariantChangeType), so that `format` can read them. Throws `Failure` for what has no text.
     virtual Text text_of(const Value& value) = 0;
 
+    /// The date that a text tells, as the user's regional settings write dates: what `text_of` made of one
+    /// comes back (the platform's VarDateFromStr). Throws `Failure` for a text that is no date.
+    virtual Date date_of(TextView text) = 0;
+
     /// A value's text in one of the system's named formats ("Currency", "Short Date", "General Date",
     /// "Percent"), by the user's regional settings, first day of the week and first week of the year given as
     /// 1 (the platform's VarFormat). Throws `Failure` for a text that can't be read as a number or date.

@@ -111,7 +111,7 @@ int QuickView::CompareDates(std::intptr_t lngParam1, std::intptr_t lngParam2) {
     host::Date first, second;
     const auto read = [&](std::intptr_t parameter) {
         const Text cell = list().text(list().find(parameter), column::modified);
-        return host::Value(cell.substr(0, compared_characters)).to_date();
+        return session_.desktop.date_of(cell.substr(0, compared_characters));
     };
     steps.set(first, [&] { return read(lngParam1); });
     steps.set(second, [&] { return read(lngParam2); });

@@ -1,4 +1,6 @@
 // The items of a folder that belong to the contact that is shown.
+#include <array>
+
 #include "quickview/quick_view.h"
 #include "records/database.h"
 #include "records/filters.h"
@@ -80,15 +82,18 @@ Items QuickView::related_items(Steps& steps, const Presence& here, const Text& c
 }
 
 void QuickView::add_row(Steps& steps, const host::outlook::Item& item, bool by_name) {
-    int row = -1;
-    steps.set(row, [&] {
+    std::array<Text, column::entry_id + 1> cells;
+    bool is_known = false;
+    steps.run([&] {
         const Text text =
             by_name ? item.UserProperties().Item(records::property::name).value().to_text() : item.Subject();
-        return list().add(records::without_leading_blanks(text));
+        cells[column::subject] = records::without_leading_blanks(text);
+        is_known = true;
     });
-    if (row < 0) return;  // nor is another row filled, which would then open this item
-    steps.run([&] { list().text(row, column::modified, item.LastModificationTime().to_text()); });
-    steps.run([&] { list().text(row, column::entry_id, item.EntryID()); });
+    if (!is_known) return;  // nor is another row filled, which would then open this item
+    steps.set(cells[column::modified], [&] { return session_.desktop.text_of(item.LastModificationTime()); });
+    steps.set(cells[column::entry_id], [&] { return item.EntryID(); });
+    steps.run([&] { list().add(cells); });
 }
 
 }  // namespace addin::quickview

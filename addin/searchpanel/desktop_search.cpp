@@ -91,13 +91,13 @@ void PanelSearch::add_index_row(Steps& steps, const std::function<Value(TextView
     steps.set(path, [&] { return field(path_field).to_text(); });
     const bool is_mail = path.starts_with(separator);
     if (is_mail && !path.starts_with(mailbox)) return;  // another store's
-    int row = -1;
-    steps.set(row, [&] { return list().add(is_mail ? path_in_store(path) : Text(file_folder)); });
-    if (row < 0) return;
+    Cells cells;
+    cells[column::folder] = is_mail ? path_in_store(path) : Text(file_folder);
     for (const CellRow& cell : is_mail ? std::span<const CellRow>(mail_cells) : file_cells) {
-        fill(steps, row, cell.column,
+        fill(steps, cells[static_cast<std::size_t>(cell.column)],
              [&] { return cell.field == path_field ? Value(path) : field(cell.field); });
     }
+    steps.run([&] { list().add(cells); });
 }
 
 }  // namespace addin::searchpanel

@@ -104,27 +104,25 @@ void PanelSearch::list_folder(Steps& steps, const Items& found, const std::optio
     }
 }
 
-void PanelSearch::fill(Steps& steps, int row, int column, const std::function<Value()>& read) const {
-    steps.run([&] {
-        const Text text = shown_text(session_.desktop, read());
-        list().text(row, column, text);
-    });
+void PanelSearch::fill(Steps& steps, Text& cell, const std::function<Value()>& read) const {
+    steps.set(cell, [&] { return shown_text(session_.desktop, read()); });
 }
 
 void PanelSearch::add_row(Steps& steps, const std::optional<Text>& folder, const Item& item,
                           const host::family::SafeMailItem& wrapper) const {
-    int row = -1;
-    steps.set(row, [&] { return list().add(known(folder)); });
-    if (row < 0) return;
-    fill(steps, row, column::subject, [&] { return item.get(u"Subject"); });
-    fill(steps, row, column::creator, [&] { return Value(wrapper.SenderName()); });
+    Cells cells;
+    steps.set(cells[column::folder], [&] { return known(folder); });
+    if (!folder) return;
+    fill(steps, cells[column::subject], [&] { return item.get(u"Subject"); });
+    fill(steps, cells[column::creator], [&] { return Value(wrapper.SenderName()); });
     if (steps.holds([&] { return item.MessageClass().starts_with(received_classes); })) {
-        fill(steps, row, column::created, [&] { return item.get(u"ReceivedTime"); });
+        fill(steps, cells[column::created], [&] { return item.get(u"ReceivedTime"); });
     } else {
-        fill(steps, row, column::created, [&] { return item.get(u"CreationTime"); });
+        fill(steps, cells[column::created], [&] { return item.get(u"CreationTime"); });
     }
-    fill(steps, row, column::modified, [&] { return item.get(u"LastModificationTime"); });
-    fill(steps, row, column::key, [&] { return Value(item.EntryID()); });
+    fill(steps, cells[column::modified], [&] { return item.get(u"LastModificationTime"); });
+    fill(steps, cells[column::key], [&] { return Value(item.EntryID()); });
+    steps.run([&] { list().add(cells); });
 }
 
 void PanelSearch::tell_of_cancel() {

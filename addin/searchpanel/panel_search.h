@@ -1,6 +1,7 @@
 // One search of the panel: the record is found and shown, then everything that bears its key is listed.
 #pragma once
 
+#include <array>
 #include <optional>
 
 #include "core/presence.h"
@@ -48,7 +49,9 @@ class PanelSearch {
     /// One found item as a row; none without the name of its folder.
     void add_row(Steps& steps, const std::optional<host::Text>& folder, const host::outlook::Item& item,
                  const host::family::SafeMailItem& wrapper) const;
-    void fill(Steps& steps, int row, int column, const std::function<host::Value()>& read) const;
+    /// The texts of a row; a cell that can't be read stays empty.
+    using Cells = std::array<host::Text, column::key + 1>;
+    void fill(Steps& steps, host::Text& cell, const std::function<host::Value()>& read) const;
     void tell_of_cancel();
 
     void ask_index();

@@ -109,6 +109,24 @@ TEST_F(DialogSearch, ShowsRowsInTheOrderOfTheCollection) {
         << "but in the list's own order once it is sorted";
 }
 
+TEST_F(DialogSearch, PlacesNewRowsByTheColumnThatIsSorted) {
+    struct Contact {
+        TextView name, company;
+    };
+    for (const Contact& one : {Contact{u"Ann Ash", u"Zorn"}, Contact{u"Ann Birch", u"Arch"},
+                               Contact{u"Ann Cole", u"\u00C4rmel"}, Contact{u"Ann Dale", u"Mill"}}) {
+        add_contact(world(), {.full_name = Text(one.name), .company = Text(one.company)});
+    }
+    install(world(), {Target{}});
+    NoteDialog& dialog = opened();
+    dialog.search(u"People", u"Ann");
+    dialog.click_column(2);
+    const Lines sorted{"Ann Birch", "Ann Cole", "Ann Dale", "Ann Ash"};
+    EXPECT_EQ(dialog.column(1), sorted);
+    dialog.search(u"People", u"Ann");
+    EXPECT_EQ(dialog.column(1), sorted);
+}
+
 // oddities of long standing
 
 TEST_F(DialogSearch, ShowsTheSecondFieldAgainWhereTheThirdCantBeRead) {

@@ -225,12 +225,16 @@ TEST_F(SearchOfThePanel, ListsFiftyOneItemsOfAFolderAndGoesOn) {
     for (int i = 0; i < 60; ++i) add_note(same, u"A note", {{u"ContactID", u"C-200"}});
     add_record(same.below(u"Customer Service"), u"IPM.Post.CustomerService", u"An inquiry",
                {{u"ContactID", u"C-200"}});
-    panel().open_new(contact);
+    panel().search_for(contact);
     EXPECT_EQ(panel().count(), 1 + 51 + 1);
     EXPECT_EQ(panel().cell(53, 2), "An inquiry");
-    // sorted, they stay as many
-    for (const int column : {1, 2, 4, 4}) panel().click_column(column);
+    // sorted, they stay as many, in the next search too
+    for (const int column : {1, 4, 4, 2}) panel().click_column(column);
     EXPECT_EQ(panel().count(), 53);
+    panel().search_for(contact);
+    const Lines subjects = panel().column(2);
+    EXPECT_EQ(subjects.size(), 53U);
+    EXPECT_TRUE(std::ranges::is_sorted(subjects)) << subjects.front();
 }
 
 TEST_F(SearchOfThePanel, FindsNothingWithoutARecordOrADefinition) {

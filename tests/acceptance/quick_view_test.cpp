@@ -77,7 +77,7 @@ TEST_F(QuickViewWindow, ListsTheRelatedItemsOfEachFolder) {
         const QuickView window = view();
         window.choose_folder(u"Opportunities");
         const Item item = only_item(world, u"Opportunities");
-        EXPECT_EQ(window.cell(1, 2), shown(world.text(item, u"LastModificationTime")));
+        EXPECT_EQ(window.cell(1, 2), shown(world.desktop().text_of(item.LastModificationTime())));
         EXPECT_EQ(window.cell(1, 3), shown(item.EntryID()));
         EXPECT_EQ(window.width(3), 0);
     }
@@ -147,7 +147,7 @@ TEST_F(QuickViewWindow, LeavesTheRowBeforeAsItIsWhereAnItemCannotBeRead) {
     world.fail(u"PostItem.Subject", second);
     window.choose_folder(u"Notes");
     EXPECT_EQ(sorted_subjects(), Lines{"A call"});
-    EXPECT_EQ(window.cell(1, 2), shown(world.text(first, u"LastModificationTime")));
+    EXPECT_EQ(window.cell(1, 2), shown(world.desktop().text_of(first.LastModificationTime())));
     EXPECT_EQ(window.cell(1, 3), shown(first.EntryID())) << "it opens what it names";
 }
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 
 #include "host/failure.h"
 #include "tests/forms/gallery.h"
@@ -263,6 +264,58 @@ TEST_F(FormsTest, ListSortsByAnyColumn) {
     list().sorted(true);
     EXPECT_THAT(names(list(), 1), ElementsAre("Aachen", "Bonn", "Ulm"));
     EXPECT_EQ(list().add(u"y"), 0) << "its city is empty as yet";
+    EXPECT_EQ(list().text(0, 1, u"Celle"), 2) << "now it has one";
+    EXPECT_THAT(names(list(), 1), ElementsAre("Aachen", "Bonn", "Celle", "Ulm"));
+    EXPECT_THAT(names(list()), ElementsAre("x", "x", "y", "x"));
+    EXPECT_EQ(list().text(2, 0, u"a"), 2) << "it isn't sorted by its names";
+}
+
+TEST_F(FormsTest, WholeRowComesToItsPlaceAtOnce) {
+    const auto add = [&](const Text& name, const Text& city) {
+        const std::array<Text, 2> cells{name, city};
+        return list().add(cells);
+    };
+    list().sort_key(1);
+    list().sorted(true);
+    EXPECT_EQ(add(u"1", u"Ulm"), 0);
+    EXPECT_EQ(add(u"2", u"Aachen"), 0);
+    EXPECT_EQ(add(u"3", u"Bonn"), 1);
+    list().sort_order(1);
+    EXPECT_EQ(add(u"4", u"Celle"), 1);
+    EXPECT_THAT(names(list()), ElementsAre("1", "4", "3", "2"));
+    EXPECT_EQ(list().text(0, 2), u"") << "what isn't given is empty";
+    const std::array<Text, 4> too_many;
+    EXPECT_THROW(list().add(too_many), host::Failure);
+    EXPECT_EQ(list().count(), 4);
+}
+
+TEST_F(FormsTest, RowThatMovesStaysSelected) {
+    for (const TextView name : {u"apple", u"banana", u"cherry"}) list().add(name);
+    list().sorted(true);
+    list().select(0);
+    EXPECT_EQ(list().text(0, 0, u"damson"), 2);
+    EXPECT_EQ(list().selected(), 2);
+    EXPECT_EQ(list().text(2, 0, u"date"), 2) << "its place is the same";
+    EXPECT_THAT(names(list()), ElementsAre("banana", "cherry", "date"));
+}
+
+TEST_F(FormsTest, RowsAreSortedAsWordsAre) {
+    const std::vector<Text> sorted = {u"& Sons",   u"1st Street",  u"9 Mills", u"Aal",     u"\u00C4hre",
+                                      u"anton",    u"Antonia",     u"coop",    u"co-op",   u"Corn",
+                                      u"Mull Ltd", u"M\u00FCller", u"Obern",   u"O'Brien", u"Ocker",
+                                      u"Zoe",      u"Zo\u00EB",    u"Zoff"};
+    std::vector<Text> mixed = sorted;
+    std::ranges::reverse(mixed);
+    std::ranges::rotate(mixed, mixed.begin() + 5);
+    list().sorted(true);
+    for (const Text& word : mixed) list().add(word);
+    std::vector<std::string> expected;
+    std::ranges::transform(sorted, std::back_inserter(expected),
+                           [](const Text& word) { return host::to_utf8(word); });
+    EXPECT_EQ(names(list()), expected);
+    list().sort_order(1);
+    std::ranges::reverse(expected);
+    EXPECT_EQ(names(list()), expected);
 }
 
 TEST_F(FormsTest, SortByComparisonMayLookAtTheListAndNeverAnswerLess) {

@@ -35,14 +35,6 @@ Text currency(TextView value) {
 
 Text percent(TextView value) { return host::from_utf8(decimal(Value(value).to_number() * 100, false) + "%"); }
 
-/// A time alone is one of the day 0.
-host::Date date_or_time(TextView value) {
-    if (value.find(u':') != TextView::npos && value.find_first_of(u"/-") == TextView::npos) {
-        if (const auto date = host::read_date(u"1899-12-30 " + host::trimmed(value))) return *date;
-    }
-    return Value(value).to_date();
-}
-
 Text short_date(TextView value) {
     const host::ClockTime clock = host::to_clock(date_or_time(value));
     std::array<char, 40> buffer{};
@@ -66,6 +58,13 @@ Text general_date(TextView value) {
 }
 
 }  // namespace
+
+host::Date date_or_time(TextView text) {
+    if (text.find(u':') != TextView::npos && text.find_first_of(u"/-") == TextView::npos) {
+        if (const auto date = host::read_date(u"1899-12-30 " + host::trimmed(text))) return *date;
+    }
+    return Value(text).to_date();
+}
 
 Text written(const Value& value) {
     if (!value.is(Value::Type::date)) return value.to_text();

@@ -37,9 +37,10 @@ class MemoryList final : public addin::forms::List {
 
     int count() const override { return static_cast<int>(rows_.size()); }
     void clear() override;
-    int add(host::TextView text) override;
+    using List::add;
+    int add(std::span<const host::Text> cells) override;
     host::Text text(int row, int column) const override;
-    void text(int row, int column, host::TextView text) override;
+    int text(int row, int column, host::TextView text) override;
     int selected() const override;
     void select(int row) override;
 

@@ -3,6 +3,7 @@
 
 #include "host/failure.h"
 #include "tests/native/memory_controls.h"
+#include "tests/native/word_order.h"
 
 namespace native {
 
@@ -67,7 +68,7 @@ void MemoryList::clear() {
 
 int MemoryList::compare(const Row& left, const Row& right) const {
     const auto key = static_cast<std::size_t>(key_);
-    const int rising = host::compare_ignoring_case(left.texts[key], right.texts[key]);
+    const int rising = compare_words(left.texts[key], right.texts[key]);
     return order_ == 0 ? rising : -rising;
 }
 
@@ -76,9 +77,10 @@ void MemoryList::sort() {
     merge_sort(rows_, [this](const Row& left, const Row& right) { return compare(left, right); });
 }
 
-int MemoryList::add(TextView text) {
-    Row row{++made_, std::vector<Text>(columns_.size())};
-    row.texts.at(0) = text;
+int MemoryList::add(std::span<const Text> cells) {
+    if (!cells.empty()) column_at(static_cast<int>(cells.size()) - 1);
+    Row row{++made_, {cells.begin(), cells.end()}};
+    row.texts.resize(columns_.size());
     auto place = rows_.end();
     if (sorted_) {
         place = std::ranges::upper_bound(
@@ -93,10 +95,12 @@ Text MemoryList::text(int row, int column) const {
     return at(row).texts[static_cast<std::size_t>(column)];
 }
 
-void MemoryList::text(int row, int column, TextView text) {
-    at(row);
+int MemoryList::text(int row, int column, TextView text) {
+    const std::intptr_t changed = at(row).parameter;
     column_at(column);
     rows_[static_cast<std::size_t>(row)].texts[static_cast<std::size_t>(column)] = text;
+    if (column == key_) sort();
+    return find(changed);
 }
 
 int MemoryList::selected() const { return selected_ == 0 ? -1 : find(selected_); }

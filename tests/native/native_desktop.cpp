@@ -145,6 +145,8 @@ Text NativeDesktop::profile_text(TextView path, TextView section, TextView key, 
 
 Text NativeDesktop::text_of(const host::Value& value) { return written(value); }
 
+host::Date NativeDesktop::date_of(TextView text) { return date_or_time(text); }
+
 Text NativeDesktop::format(TextView value, TextView named_format) { return formatted(value, named_format); }
 
 // the 8-bit form is UTF-8 here

@@ -38,6 +38,7 @@ class NativeDesktop final : public host::Desktop {
     void beep() override { ++beeps; }
     host::Text own_folder() override { return own_folder_; }
     host::Text text_of(const host::Value& value) override;
+    host::Date date_of(host::TextView text) override;
     host::Text format(host::TextView value, host::TextView named_format) override;
     std::string narrow(host::TextView text) override;
     host::Text widen(const std::string& bytes) override;

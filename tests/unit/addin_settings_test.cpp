@@ -90,6 +90,7 @@ class RegistryOnly : public host::Desktop {
     void beep() override {}
     Text own_folder() override { return {}; }
     Text text_of(const host::Value& value) override { return value.to_text(); }
+    host::Date date_of(TextView text) override { return Value(text).to_date(); }
     Text format(TextView value, TextView) override { return Text(value); }
     std::string narrow(TextView text) override { return host::to_utf8(text); }
     Text widen(const std::string& bytes) override { return host::from_utf8(bytes); }

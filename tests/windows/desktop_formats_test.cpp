@@ -69,6 +69,24 @@ TEST_F(Formats, ReadATextAsTheUserWritesIt) {
     }
 }
 
+TEST_F(Formats, ReadADateBackAsItWasWritten) {
+    const host::ClockTime times[] = {{2026, 4, 3, 14, 5, 6},    {2026, 3, 4, 2, 5, 6},
+                                     {2009, 12, 31, 22, 30, 0}, {2030, 1, 2, 0, 0, 0},
+                                     {2026, 12, 1, 0, 0, 1},    {2026, 1, 12, 12, 0, 0}};
+    for (const RegionalCase& one : regional_cases) {
+        SCOPED_TRACE(one.name);
+        const RegionalSettings settings(one.locale);
+        for (const host::ClockTime& time : times) {
+            const Text written = desktop.text_of(host::to_date(time));
+            EXPECT_EQ(host::to_text(desktop.date_of(written)), host::to_text(host::to_date(time)))
+                << host::to_utf8(written);
+        }
+        for (const TextView wrong : {u"", u"soon"}) {
+            EXPECT_THROW(desktop.date_of(wrong), host::Failure) << host::to_utf8(wrong);
+        }
+    }
+}
+
 TEST_F(Formats, WriteNumbersAndDatesByTheSettingsAndTheRestAsItIs) {
     const RegionalSettings german(0x0407);
     EXPECT_EQ(desktop.text_of(amount), u"1234,5");

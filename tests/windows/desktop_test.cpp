@@ -91,6 +91,33 @@ TEST_F(DesktopTest, ObjectsAreMadeByName) {
     EXPECT_EQ(failure_number([&] { desktop.create(u"No.Such.Class"); }), host::result::bad_prog_id);
 }
 
+/// A class of the machine under a program id of its own: the system's dictionary.
+class OwnClass : public DesktopTest {
+  protected:
+    static constexpr TextView prog_id = u"Tarnwell.TestClass";
+    OwnClass() {
+        CLSID id{};
+        wchar_t text[40]{};
+        EXPECT_EQ(CLSIDFromProgID(L"Scripting.Dictionary", &id), S_OK);
+        StringFromGUID2(id, text, static_cast<int>(std::size(text)));
+        EXPECT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, L"Tarnwell.TestClass\\CLSID", nullptr, REG_SZ, text,
+                                  sizeof text),
+                  ERROR_SUCCESS);
+    }
+    ~OwnClass() override { forget(); }
+    static void forget() { RegDeleteTreeW(HKEY_CLASSES_ROOT, L"Tarnwell.TestClass"); }
+};
+
+TEST_F(OwnClass, IsLookedUpOnceAndStillMakesANewObjectEachTime) {
+    const host::Object first = desktop.create(prog_id);
+    forget();
+    const host::Object second = desktop.create(prog_id);
+    first.call(u"Add", {u"who", u"first"});
+    EXPECT_EQ(second.get(u"Count"), host::Value(0)) << "it is another object";
+    desktop.release_others();
+    EXPECT_EQ(failure_number([&] { desktop.create(prog_id); }), host::result::bad_prog_id);
+}
+
 TEST_F(DesktopTest, PropertiesOfTheSystemsObjectsAreReadAndWritten) {
     const host::Object shell = desktop.create(u"WScript.Shell");
     const host::Value before = shell.get(u"CurrentDirectory");

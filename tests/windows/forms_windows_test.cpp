@@ -116,14 +116,19 @@ TEST_F(RealForms, WhateverTakesTheFocusHasAnAccessibleName) {
     }
 }
 
+/// The window of the tips that the form's controls have.
+HWND tool_tips() {
+    for (const HWND other : windows_of_thread()) {
+        if (class_of(other) == u"tooltips_class32" && SendMessageW(other, TTM_GETTOOLCOUNT, 0, 0) > 0)
+            return other;
+    }
+    return nullptr;
+}
+
 TEST_F(RealForms, ToolTipsAreTheTables) {
     const auto form = shown(gallery);
     const HWND window = find_window(gallery_caption);
-    HWND tips = nullptr;
-    for (const HWND other : windows_of_thread()) {
-        if (class_of(other) == u"tooltips_class32" && SendMessageW(other, TTM_GETTOOLCOUNT, 0, 0) > 0)
-            tips = other;
-    }
+    const HWND tips = tool_tips();
     ASSERT_TRUE(tips);
     for (const ControlRow& row : gallery.controls) {
         const HWND control = find_control(window, row.name);
@@ -138,6 +143,16 @@ TEST_F(RealForms, ToolTipsAreTheTables) {
         EXPECT_EQ(Text(windows::from_wide(text.data(), wcslen(text.data()))), row.tool_tip)
             << host::to_utf8(row.name);
     }
+}
+
+TEST_F(RealForms, ToolTipComesUpWhereTheMouseRests) {
+    const auto form = shown(gallery);
+    const HWND control = find_control(find_window(gallery_caption), u"list");
+    POINT place{9, 9};
+    ClientToScreen(control, &place);
+    SetCursorPos(static_cast<int>(place.x), static_cast<int>(place.y));
+    PostMessageW(control, WM_MOUSEMOVE, 0, MAKELPARAM(9, 9));
+    EXPECT_TRUE(wait_until([] { return SendMessageW(tool_tips(), TTM_GETCURRENTTOOLW, 0, 0) != 0; }));
 }
 
 TEST_F(RealForms, TopmostStaysOnTop) {
@@ -206,6 +221,31 @@ TEST_F(RealForms, RowsAreChosenWithTheArrows) {
     EXPECT_EQ(list.selected(), 1);
 }
 
+/// Counts what comes to a window as long as it lives.
+class Messages {
+  public:
+    explicit Messages(HWND window) : window_(window) {
+        SetWindowSubclass(window_, procedure, id, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~Messages() { RemoveWindowSubclass(window_, procedure, id); }
+    Messages(const Messages&) = delete;
+    Messages& operator=(const Messages&) = delete;
+
+    int all = 0, paintings = 0;
+
+  private:
+    static constexpr UINT_PTR id = 77;
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
+                                      DWORD_PTR data) {
+        auto& messages = *reinterpret_cast<Messages*>(data);
+        ++messages.all;
+        if (message == WM_PAINT) ++messages.paintings;
+        return DefSubclassProc(window, message, first, second);
+    }
+
+    HWND window_;
+};
+
 TEST_F(RealForms, SelectedRowComesIntoSightThoughRowsArePaintedLate) {
     const auto form = shown(gallery);
     addin::forms::List& list = form->control(u"list").list();
@@ -214,12 +254,47 @@ TEST_F(RealForms, SelectedRowComesIntoSightThoughRowsArePaintedLate) {
     list.select(99);
     EXPECT_GT(SendMessageW(window, LVM_GETTOPINDEX, 0, 0), 50);
     pump();
+    Messages messages(window);
     list.add(u"one more");
-    EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE)) << "it waits for the next message";
-    MSG message{};
-    ASSERT_TRUE(PeekMessageW(&message, window, WM_APP, WM_APP + 10, PM_REMOVE));
-    DispatchMessageW(&message);
-    EXPECT_TRUE(GetUpdateRect(window, nullptr, FALSE));
+    EXPECT_FALSE(GetUpdateRect(window, nullptr, FALSE)) << "it waits for its time";
+    EXPECT_TRUE(wait_until([&] { return messages.paintings > 0; }));
+}
+
+BOOL CALLBACK count_property(HWND, wchar_t*, HANDLE, ULONG_PTR count) {
+    ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+TEST_F(RealForms, RowTakesOneMessageForEachCellAndNoProperty) {
+    const auto form = shown(gallery);
+    addin::forms::List& list = form->control(u"list").list();
+    const HWND window = find_control(find_window(gallery_caption), u"list");
+    int properties = 0;
+    EnumPropsExW(window, count_property, reinterpret_cast<LPARAM>(&properties));
+    EXPECT_EQ(properties, 0) << "one that is looked for at each message costs as much as the message";
+    Messages messages(window);
+    const std::array<Text, 3> cells{u"a", u"b", u"c"};
+    constexpr int rows = 100;
+    for (int row = 0; row < rows; ++row) list.add(cells);
+    constexpr int more = 30;  // when the painting is held back
+    EXPECT_LE(messages.all, rows * 3 + more);
+    EXPECT_EQ(list.count(), rows);
+}
+
+TEST_F(RealForms, ListThatIsFilledIsPaintedTenTimesASecond) {
+    const auto form = shown(gallery);
+    addin::forms::List& list = form->control(u"list").list();
+    Messages messages(find_control(find_window(gallery_caption), u"list"));
+    const ULONGLONG begin = GetTickCount64();
+    for (int row = 0; row < 200; ++row) {
+        list.add(u"row");
+        pump();
+    }
+    constexpr ULONGLONG interval = 100;  // milliseconds
+    EXPECT_LE(static_cast<ULONGLONG>(messages.paintings), (GetTickCount64() - begin) / interval + 2);
+    const int before = messages.paintings;
+    list.add(u"the last one");
+    EXPECT_TRUE(wait_until([&] { return messages.paintings > before; })) << "it is shown in the end";
 }
 
 TEST_F(RealForms, KeysNeverReachTheLoopOfTheHost) {

@@ -53,6 +53,7 @@ struct RegionalCase {
 };
 inline constexpr RegionalCase regional_cases[] = {
     {"United States", 0x0409, u"$1,234.50", u"($1,234.50)", u"12/31/2009", u"25.00%"},
+    {"British", 0x0809, u"\u00A31,234.50", u"(\u00A31,234.50)", u"31/12/2009", u"25.00%"},
     {"German", 0x0407, u"\u20AC1.234,50", u"(\u20AC1.234,50)", u"31.12.2009", u"25,00%"},
     {"French", 0x040C, u"\u20AC1\u00A0234,50", u"(\u20AC1\u00A0234,50)", u"31/12/2009", u"25,00%"},
 };

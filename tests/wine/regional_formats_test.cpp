@@ -1,7 +1,9 @@
 // What the dialog's list shows of amounts, dates and shares to users with other regional settings. The host
 // reads them as it starts.
 #include "tests/acceptance/note_dialog.h"
+#include "tests/acceptance/quick_view.h"
 #include "tests/windows/regional_settings.h"
+#include "tests/wine/registry.h"
 
 namespace wine {
 namespace {
@@ -46,6 +48,58 @@ TEST_F(RegionalFormats, ShowFiguresAsTheUserIsUsedToThem) {
         const auto shown = [](host::TextView text) { return acceptance::shown(text); };
         EXPECT_EQ(dialog.rows(), Lines{"Ann Lee|" + shown(one.amount) + "|" + shown(one.debt) + "|" +
                                        shown(one.date) + "|" + shown(one.share) + "||C-200"});
+    }
+}
+
+class RegionalQuickView : public acceptance::SideView {};
+
+/// What a program's messages and the list of related items show, and what is written to the registry.
+TEST_F(RegionalQuickView, ShowsAndReadsDatesAsTheUserWritesThem) {
+    struct Case {
+        const char* name;
+        LCID locale;
+        const char* date;
+    };
+    const Case cases[] = {{"United States", 0x0409, "12/31/2009 10:30:00 PM"},
+                          {"British", 0x0809, "31/12/2009 22:30:00"},
+                          {"German", 0x0407, "31.12.2009 22:30:00"}};
+    const host::Date date = host::to_date({2009, 12, 31, 22, 30, 0});
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        const windows::testing::RegionalSettings settings(one.locale);
+        World& world = viewing();
+        const host::Object connect = world.connect();
+        connect.call(u"ShowMessage", {date});
+        const host::Object statuses = world.desk().get(u"Statuses").to_object();
+        EXPECT_EQ(acceptance::shown(statuses.call(u"Item", {1}).to_text()), one.date);
+        constexpr std::int32_t as_text = 1;
+        connect.call(u"SetKeyValue",
+                     {host::current_user, u"Software\\Tarnwell\\Desk", u"Set", date, as_text});
+        EXPECT_EQ(acceptance::shown(
+                      wine::read_text(HKEY_CURRENT_USER, u"Software\\Tarnwell\\Desk", u"Set").value_or(u"")),
+                  one.date);
+
+        show_ann();
+        Lines dates;  // of different seconds, the later one first
+        for (const host::TextView subject : {u"first", u"second"}) {
+            const Item record =
+                acceptance::add_record(world, u"Notes", u"IPM.Post.Note", subject, acceptance::keys_of_ann);
+            const auto modified = [&] {
+                return acceptance::shown(world.desktop().text_of(record.LastModificationTime()));
+            };
+            while (!dates.empty() && modified() == dates.front()) {
+                record.Body(record.Body() + u".");
+                record.Save();
+            }
+            dates.insert(dates.begin(), modified());
+        }
+        const acceptance::QuickView window = view();
+        window.choose_folder(u"Notes");
+        EXPECT_EQ(window.column(2), (Lines{dates.back(), dates.front()}));
+        window.click_column(2);
+        EXPECT_EQ(window.column(2), dates);
+        window.click_column(2);
+        EXPECT_EQ(window.column(2), (Lines{dates.back(), dates.front()}));
     }
 }
 

@@ -38,14 +38,16 @@ class FoundFile {
 }  // namespace
 
 host::Object WindowsDesktop::create(host::TextView prog_id) {
-    CLSID id{};
-    if (FAILED(CLSIDFromProgID(wide(host::Text(prog_id)), &id))) {
-        throw host::Failure(host::result::bad_prog_id, host::Text(prog_id));
-    }
-    ComPtr<IDispatch> object;
-    check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_IDispatch,
-                           object.put_void()));
+    // The host's own class object is not kept: a host that closes waits for the last reference.
+    const ComPtr<IDispatch> object = host::same_ignoring_case(prog_id, application_prog_id)
+                                         ? make_object(class_id_of(prog_id))
+                                         : class_objects_.make(prog_id);
     return apartment_->adapt(object.get());
+}
+
+void WindowsDesktop::release_others() {
+    application_.reset();
+    class_objects_.let_go();
 }
 
 host::Object WindowsDesktop::application() {
@@ -137,6 +139,13 @@ host::Text WindowsDesktop::text_of(const host::Value& value) {
     }
     check(VariantChangeTypeEx(&to, &from, LOCALE_USER_DEFAULT, 0, VT_BSTR));
     return host::Text(from_wide(to.bstrVal, SysStringLen(to.bstrVal)));
+}
+
+host::Date WindowsDesktop::date_of(host::TextView text) {
+    host::Text units(text);
+    host::Date date;
+    check(VarDateFromStr(reinterpret_cast<wchar_t*>(units.data()), LOCALE_USER_DEFAULT, 0, &date.days));
+    return date;
 }
 
 host::Text WindowsDesktop::format(host::TextView value, host::TextView named_format) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "windows/com/apartment.h"
+#include "windows/com/class_objects.h"
 #include "windows/desktop/registry.h"
 #include "windows/desktop/screen_pointer.h"
 
@@ -17,8 +18,9 @@ class WindowsDesktop final : public host::Desktop {
 
     host::Registry& registry() override { return registry_; }
     host::Object create(host::TextView prog_id) override;
-    host::Object application() override;  ///< made on first use and kept until `release_application`
-    void release_application() { application_.reset(); }
+    host::Object application() override;  ///< made on first use and kept until `release_others`
+    /// Lets go of what is kept of others: the application and the class objects.
+    void release_others();
 
     int message_box(host::TextView text, host::TextView title, std::uint32_t style) override;
     void yield() override;  ///< a message to quit is left in the queue
@@ -37,6 +39,7 @@ class WindowsDesktop final : public host::Desktop {
     host::Text own_folder() override;
 
     host::Text text_of(const host::Value& value) override;
+    host::Date date_of(host::TextView text) override;
     host::Text format(host::TextView value, host::TextView named_format) override;
     std::string narrow(host::TextView text) override;
     host::Text widen(const std::string& bytes) override;
@@ -45,6 +48,7 @@ class WindowsDesktop final : public host::Desktop {
     std::shared_ptr<Apartment> apartment_;
     SystemRegistry registry_;
     std::shared_ptr<ScreenPointer> screen_pointer_ = std::make_shared<ScreenPointer>();
+    ClassObjects class_objects_;
     host::Object application_;
 };
 

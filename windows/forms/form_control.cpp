@@ -74,8 +74,12 @@ DWORD style_of(const ControlRow& row, const FormWindow& form) {
     return style;
 }
 
-constexpr UINT_PTR subclass_id = 1;
 constexpr int least_line = 2;  // pixels of an etched line
+
+/// What the system does with the messages of a control.
+WNDPROC system_procedure(HWND window) {
+    return reinterpret_cast<WNDPROC>(GetClassLongPtrW(window, GCLP_WNDPROC));
+}
 
 }  // namespace
 
@@ -120,50 +124,71 @@ FormControl::FormControl(FormWindow& form, const ControlRow& row, int id)
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;
     if (row.kind == ControlKind::combo_box && GetComboBoxInfo(window_, &parts)) inner_ = parts.hwndItem;
-    subclass(window_);
-    if (inner_) subclass(inner_);
+    next_ = take_messages(window_);
+    if (inner_) inner_next_ = take_messages(inner_);
     apply_place();
     apply_visible();
 }
 
 FormControl::~FormControl() {
-    if (inner_) RemoveWindowSubclass(inner_, procedure, subclass_id);
-    if (window_) RemoveWindowSubclass(window_, procedure, subclass_id);
+    if (inner_) leave_messages(inner_, inner_next_);
+    if (window_) leave_messages(window_, next_);
 }
 
-void FormControl::subclass(HWND window) {
-    SetWindowSubclass(window, procedure, subclass_id, reinterpret_cast<DWORD_PTR>(this));
+// Messages come here before the system's own procedure by the plain way. The common controls' way, a subclass
+// with an id, looks for a property of the window at each message.
+
+WNDPROC FormControl::take_messages(HWND window) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    return reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&FormControl::procedure)));
 }
 
-LRESULT CALLBACK FormControl::procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
-                                        DWORD_PTR control) {
-    FormControl& self = *reinterpret_cast<FormControl*>(control);
-    const ModuleHold hold(self.form_.surroundings().module);  // a key may end the form, and all with it
-    if (message == self.form_.surroundings().control_name_message && window == self.window_) {
-        return tell_name(self.row_.name, first, second);
+void FormControl::leave_messages(HWND window, WNDPROC next) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    const bool is_first =
+        GetWindowLongPtrW(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&FormControl::procedure);
+    // or else somebody who came later goes on handing messages to here
+    if (is_first) SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(next));
+}
+
+LRESULT CALLBACK FormControl::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    auto* const control = reinterpret_cast<FormControl*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!control) return CallWindowProcW(system_procedure(window), window, message, first, second);
+    const ModuleHold hold(control->form_.surroundings().module);  // a key may end the form, and all with it
+    if (message == control->form_.surroundings().control_name_message && window == control->window_) {
+        return tell_name(control->row_.name, first, second);
     }
+    const WNDPROC next = window == control->inner_ ? control->inner_next_ : control->next_;
     bool pass_on = false;
     try {
-        pass_on = self.takes(message, first);
+        pass_on = control->takes(window, message, first, second);
     } catch (...) {
         OutputDebugStringW(L"A control's message failed.\n");  // nothing may travel into the system
     }
-    return pass_on ? DefSubclassProc(window, message, first, second) : 0;
+    return pass_on ? CallWindowProcW(next, window, message, first, second) : 0;
 }
 
-bool FormControl::takes(UINT message, WPARAM value) {
+bool FormControl::takes(HWND window, UINT message, WPARAM first, LPARAM second) {
     switch (message) {
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
-            return form_.key_down(this, static_cast<int>(value));
+            return form_.key_down(this, static_cast<int>(first));
         case WM_CHAR:
-            return form_.character(this, static_cast<char16_t>(value));
+            return form_.character(this, static_cast<char16_t>(first));
         case posted_message:
             on_posted();
             return false;
+        case WM_TIMER:
+            if (first != own_timer) return true;
+            on_timer();
+            return false;
         default:
-            return true;
+            break;
     }
+    const bool is_of_mouse = message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
+    if (is_of_mouse && !row_.tool_tip.empty()) form_.tell_tool_tips(window, message, first, second);
+    return true;
 }
 
 // What the logic sees

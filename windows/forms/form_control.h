@@ -67,17 +67,19 @@ class FormControl : public addin::forms::Control {
     virtual void on_notify(const NMHDR&) {}
     virtual void on_posted() {}  ///< a `posted_message` to its own window
     static constexpr UINT posted_message = WM_APP + 2;
-    void draw(const DRAWITEMSTRUCT& item) const;  ///< of links, picture buttons and images
+    virtual void on_timer() {}  ///< the time of `own_timer` is over, which its own window has set
+    static constexpr UINT_PTR own_timer = 0x5457;  ///< the system's controls count their timers from 1
+    void draw(const DRAWITEMSTRUCT& item) const;   ///< of links, picture buttons and images
 
   protected:
     FormWindow& form() const { return form_; }
 
   private:
-    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
-                                      DWORD_PTR control);
-    /// Deals with a message to its window. True: the system is to go on with it.
-    bool takes(UINT message, WPARAM value);
-    void subclass(HWND window);
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+    /// Deals with a message to a window of its own. True: the system is to go on with it.
+    bool takes(HWND window, UINT message, WPARAM first, LPARAM second);
+    [[nodiscard]] WNDPROC take_messages(HWND window);
+    static void leave_messages(HWND window, WNDPROC next);
     RECT pixels() const;
     void set_font();
 
@@ -85,7 +87,8 @@ class FormControl : public addin::forms::Control {
     const addin::forms::ControlRow& row_;
     host::Text text_;  ///< of a control whose window shows none
     HWND window_ = nullptr;
-    HWND inner_ = nullptr;  ///< the edit control in a combo box
+    HWND inner_ = nullptr;                           ///< the edit control in a combo box
+    WNDPROC next_ = nullptr, inner_next_ = nullptr;  ///< what handles their messages afterwards
     bool visible_, enabled_;
     bool known_selected_;
     bool changing_ = false;

@@ -21,6 +21,15 @@ wchar_t* writable(Text& text) { return reinterpret_cast<wchar_t*>(text.data()); 
 
 constexpr std::size_t first_size = 260;  // characters; more are asked for where they are needed
 
+/// The order of words in the user's language, as the system's own sorted lists have it.
+int compare_words(TextView left, TextView right) {
+    const auto units = [](TextView text) { return reinterpret_cast<const wchar_t*>(text.data()); };
+    const int order =
+        CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, units(left), static_cast<int>(left.size()),
+                       units(right), static_cast<int>(right.size()));
+    return order == 0 ? host::compare_ignoring_case(left, right) : order - CSTR_EQUAL;
+}
+
 }  // namespace
 
 FormRows::FormRows(FormWindow& form, const forms::ControlRow& row, HWND window)
@@ -37,8 +46,9 @@ FormRows::FormRows(FormWindow& form, const forms::ControlRow& row, HWND window)
         send(LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&made));
         ++index;
     }
+    header_ = reinterpret_cast<HWND>(send(LVM_GETHEADER, 0, 0));
     if (HIMAGELIST images = form.images(row.image_list)) {
-        SendMessageW(header(), HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
+        SendMessageW(header_, HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
     }
 }
 
@@ -49,8 +59,6 @@ FormRows::~FormRows() {
 LRESULT FormRows::send(UINT message, WPARAM first, LPARAM second) const {
     return SendMessageW(window_, message, first, second);
 }
-
-HWND FormRows::header() const { return reinterpret_cast<HWND>(send(LVM_GETHEADER, 0, 0)); }
 
 void FormRows::expect_row(int row) const {
     if (row < 0 || row >= count()) throw Failure(host::result::bad_index, u"The list has no such row.");
@@ -64,46 +72,63 @@ void FormRows::expect_column(int column) const {
 
 // Rows
 
-int FormRows::count() const { return static_cast<int>(send(LVM_GETITEMCOUNT, 0, 0)); }
-
-void FormRows::clear() { send(LVM_DELETEALLITEMS, 0, 0); }
+void FormRows::clear() {
+    send(LVM_DELETEALLITEMS, 0, 0);
+    count_ = 0;
+}
 
 void FormRows::hold_painting() {
     if (holds_painting_ || !IsWindowVisible(window_)) return;
-    holds_painting_ = PostMessageW(window_, FormControl::posted_message, 0, 0) != FALSE;
+    const ULONGLONG now = GetTickCount64();
+    const ULONGLONG since = painted_ ? now - *painted_ : painting_interval;
+    const UINT wait = since < painting_interval ? static_cast<UINT>(painting_interval - since) : 0;
+    holds_painting_ = SetTimer(window_, FormControl::own_timer, wait, nullptr) != 0;
     if (holds_painting_) send(WM_SETREDRAW, FALSE, 0);
 }
 
 void FormRows::paint_again() {
     if (!std::exchange(holds_painting_, false)) return;
+    KillTimer(window_, FormControl::own_timer);
     send(WM_SETREDRAW, TRUE, 0);
     InvalidateRect(window_, nullptr, TRUE);
+    painted_ = GetTickCount64();
 }
 
-int FormRows::add(TextView text) {
-    int place = count();
-    if (sorted_) {
-        // The new row's other columns are empty as yet, so by one of these it belongs where the empty ones
-        // are.
-        const TextView key = key_ == 0 ? text : TextView();
-        int first = 0;
-        while (first < place) {
-            const int middle = (first + place) / 2;
-            if (compare(read_text(middle, key_), key) > 0) {
-                place = middle;
-            } else {
-                first = middle + 1;
-            }
+int FormRows::place_of(TextView key) const {
+    int place = count_, first = 0;
+    while (first < place) {
+        const int middle = (first + place) / 2;
+        if (compare(read_text(middle, key_), key) > 0) {
+            place = middle;
+        } else {
+            first = middle + 1;
         }
     }
+    return place;
+}
+
+int FormRows::add(std::span<const Text> cells) {
+    const auto cell = [&](int column) {
+        const auto place = static_cast<std::size_t>(column);
+        return place < cells.size() ? TextView(cells[place]) : TextView();
+    };
+    if (!cells.empty()) expect_column(static_cast<int>(cells.size()) - 1);
+    const int place = sorted_ ? place_of(cell(key_)) : count_;
     hold_painting();
-    Text shown(text);
+    Text shown(cell(0));
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_PARAM;
     item.iItem = place;
     item.pszText = writable(shown);
-    item.lParam = ++made_;
-    return static_cast<int>(send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+    item.lParam = made_ + 1;
+    const auto row = static_cast<int>(send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item)));
+    if (row < 0) throw Failure(host::result::fail, u"A row could not be added.");
+    ++made_;
+    ++count_;
+    for (int column = 1; column < static_cast<int>(cells.size()); ++column) {
+        if (!cell(column).empty()) write_text(row, column, cell(column));
+    }
+    return row;
 }
 
 Text FormRows::read_text(int row, int column) const {
@@ -132,15 +157,29 @@ Text FormRows::text(int row, int column) const {
     return read_text(row, column);
 }
 
-void FormRows::text(int row, int column, TextView text) {
-    expect_row(row);
-    expect_column(column);
-    hold_painting();
+void FormRows::write_text(int row, int column, TextView text) {
     Text shown(text);
     LVITEMW item{};
     item.iSubItem = column;
     item.pszText = writable(shown);
     send(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+bool FormRows::in_order(int row) const {
+    const Text key = read_text(row, key_);
+    return (row == 0 || compare(read_text(row - 1, key_), key) <= 0) &&
+           (row == count_ - 1 || compare(key, read_text(row + 1, key_)) <= 0);
+}
+
+int FormRows::text(int row, int column, TextView text) {
+    expect_row(row);
+    expect_column(column);
+    hold_painting();
+    write_text(row, column, text);
+    if (!sorted_ || column != key_ || in_order(row)) return row;
+    const std::intptr_t changed = parameter(row);
+    sort();
+    return find(changed);
 }
 
 int FormRows::selected() const {
@@ -161,8 +200,6 @@ void FormRows::select(int row) {
 
 // Columns
 
-int FormRows::columns() const { return static_cast<int>(SendMessageW(header(), HDM_GETITEMCOUNT, 0, 0)); }
-
 Text FormRows::heading(int column) const {
     expect_column(column);
     Text text(first_size, u'\0');
@@ -170,7 +207,7 @@ Text FormRows::heading(int column) const {
     item.mask = HDI_TEXT;
     item.pszText = writable(text);
     item.cchTextMax = static_cast<int>(text.size());
-    SendMessageW(header(), HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+    SendMessageW(header_, HDM_GETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
     text.resize(text.find(u'\0'));
     return text;
 }
@@ -205,7 +242,7 @@ void FormRows::header_item(int column, const forms::HeaderItem& item) {
     changed.fmt = item.format;
     changed.pszText = writable(shown);
     changed.iImage = item.image;
-    SendMessageW(header(), HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&changed));
+    SendMessageW(header_, HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&changed));
 }
 
 // Order
@@ -273,7 +310,7 @@ void FormRows::sort_rows(const std::function<int(std::intptr_t, std::intptr_t)>&
 }
 
 int FormRows::compare(TextView left, TextView right) const {
-    const int rising = host::compare_ignoring_case(left, right);
+    const int rising = compare_words(left, right);
     return order_ == 0 ? rising : -rising;
 }
 
@@ -339,7 +376,7 @@ void FormRows::follow_look(int former_dots_per_inch) {
         send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MulDiv(pixels, dots, former_dots_per_inch));
     }
     if (HIMAGELIST images = form_.images(row_.image_list)) {
-        SendMessageW(header(), HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
+        SendMessageW(header_, HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
     }
     send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
     send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));

@@ -1,6 +1,8 @@
 // A report list of a real window.
 #pragma once
 
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "windows/forms/form_control.h"
@@ -15,15 +17,16 @@ class FormRows final : public addin::forms::List {
     FormRows(const FormRows&) = delete;
     FormRows& operator=(const FormRows&) = delete;
 
-    int count() const override;
+    int count() const override { return count_; }
     void clear() override;
-    int add(host::TextView text) override;
+    using List::add;
+    int add(std::span<const host::Text> cells) override;
     host::Text text(int row, int column) const override;
-    void text(int row, int column, host::TextView text) override;
+    int text(int row, int column, host::TextView text) override;
     int selected() const override;
     void select(int row) override;
 
-    int columns() const override;
+    int columns() const override { return static_cast<int>(row_.columns.size()); }
     host::Text heading(int column) const override;
     void heading(int column, host::TextView text) override;
     int width(int column) const override;
@@ -44,6 +47,9 @@ class FormRows final : public addin::forms::List {
     void follow_look(int former_dots_per_inch);
     void paint_again();  ///< shows what has come since `hold_painting`
 
+    /// Between two paintings of a list that is filled, in milliseconds.
+    static constexpr DWORD painting_interval = 100;
+
   private:
     /// The rows as they are while the system sorts them: then its own answers are not to be relied on.
     struct Snapshot {
@@ -58,28 +64,34 @@ class FormRows final : public addin::forms::List {
     static int CALLBACK compare_rows(LPARAM first, LPARAM second, LPARAM comparison);
 
     LRESULT send(UINT message, WPARAM first, LPARAM second) const;
-    HWND header() const;
     host::Text read_text(int row, int column) const;
     std::intptr_t parameter(int row) const;
     void expect_row(int row) const;
     void expect_column(int column) const;
+    void write_text(int row, int column, host::TextView text);
+    int place_of(host::TextView key) const;  ///< where a row with this cell belongs in the sorted list
+    bool in_order(int row) const;            ///< between its neighbours
     int compare(host::TextView left, host::TextView right) const;
     void sort();
     void sort_by(const std::function<int(std::intptr_t, std::intptr_t)>& compare);
     Snapshot snapshot() const;
 
     /// The system paints and measures a list anew for each row that comes, which takes longer than all else.
-    /// So nothing is painted until the message comes that is left behind here.
+    /// So nothing is painted for a while, until the timer's message comes that is set here.
     void hold_painting();
 
     FormWindow& form_;
     const addin::forms::ControlRow& row_;
-    HWND window_;
+    HWND window_, header_ = nullptr;
+    // What only this object changes is kept here: to ask the control takes messages, and a filled list takes
+    // many.
+    int count_ = 0;
     std::intptr_t made_ = 0;  ///< parameters of rows count from 1
     int order_ = 0, key_ = 0;
     bool sorted_ = false;
     bool takes_drops_ = false;
     bool holds_painting_ = false;
+    std::optional<ULONGLONG> painted_;  ///< when, by the system's clock
     const Snapshot* sorting_ = nullptr;
 };
 
@@ -89,7 +101,7 @@ class FormList final : public FormControl {
 
     addin::forms::List& list() override { return rows_; }
     void on_notify(const NMHDR& header) override;
-    void on_posted() override { rows_.paint_again(); }
+    void on_timer() override { rows_.paint_again(); }
 
     void follow_look(int former_dots_per_inch) override;
 

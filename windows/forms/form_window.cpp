@@ -195,7 +195,7 @@ void FormWindow::make_tool_tips() {
         Text text(control->row().tool_tip);
         TTTOOLINFOW tool{};
         tool.cbSize = TTTOOLINFOW_V1_SIZE;  // known to every version of the controls
-        tool.uFlags = TTF_SUBCLASS | TTF_IDISHWND;
+        tool.uFlags = TTF_IDISHWND;         // its control tells them of the mouse
         tool.hwnd = handle();
         tool.lpszText = reinterpret_cast<wchar_t*>(text.data());
         for (HWND part : {control->handle(), control->inner()}) {
@@ -204,6 +204,18 @@ void FormWindow::make_tool_tips() {
             SendMessageW(tool_tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
         }
     }
+}
+
+void FormWindow::tell_tool_tips(HWND control, UINT message, WPARAM first, LPARAM second) const {
+    MSG told{};
+    told.hwnd = control;
+    told.message = message;
+    told.wParam = first;
+    told.lParam = second;
+    told.time = static_cast<DWORD>(GetMessageTime());
+    const DWORD place = GetMessagePos();
+    told.pt = {static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+    SendMessageW(tool_tips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&told));
 }
 
 // What changes while the window is there

@@ -58,6 +58,9 @@ class FormWindow final : public addin::forms::View {
     bool raise(const std::function<void(addin::forms::Events&)>& event);
     bool click(const FormControl& control);  ///< raises a click; as `raise`
 
+    /// Lets the tool tips see a message of the mouse over a control.
+    void tell_tool_tips(HWND control, UINT message, WPARAM first, LPARAM second) const;
+
     void focus(HWND control);
     void focus_moves_on();  ///< from a control that can't keep it
     void let_others_go(const FormControl& option);

@@ -77,7 +77,7 @@ void Lifecycle::on_connection(const host::Object& application, std::int32_t mode
 
 void Lifecycle::on_disconnection(std::int32_t mode) {
     silently([&] { connect_->IDTExtensibility2_OnDisconnection(mode); });
-    load_->desktop.release_application();  // a host that closes waits for the last reference
+    load_->desktop.release_others();  // a host that closes waits for the last reference
 }
 
 void Lifecycle::on_add_ins_update() {
