@@ -145,11 +145,14 @@ void ExplorerWindow::show_contents() {
         if (place != places_.end()) TreeView_SelectItem(tree_, place->second);
     }
     shown_items_.clear();
+    shown_row_.reset();
     if (desk_.folder_row(shown_folder_)) {
         const std::vector<RowId>& all = desk_.contents(shown_folder_);
         shown_items_.assign(all.rbegin(), all.rend());
     }
-    SendMessageW(list_, LVM_SETITEMCOUNT, shown_items_.size(), LVSICF_NOSCROLL);
+    if (ListView_GetItemCount(list_) != static_cast<int>(shown_items_.size())) {  // it arranges all anew
+        SendMessageW(list_, LVM_SETITEMCOUNT, shown_items_.size(), LVSICF_NOSCROLL);
+    }
     show_selection();
     InvalidateRect(list_, nullptr, FALSE);
     const Text status = host::to_text(static_cast<long long>(shown_items_.size())) + u" items, " +
@@ -166,9 +169,10 @@ void ExplorerWindow::show_cell(LVITEMW& cell) {
     const FolderRow* const folder = desk_.folder_row(shown_folder_);
     if (line >= shown_items_.size() || !folder) return;
     const auto columns = columns_of(*folder);
-    const auto row = desk_.store().load(shown_items_[line]);
-    if (!row || static_cast<std::size_t>(cell.iSubItem) >= columns.size()) return;
-    const Text text = shown_value(row->data, columns[static_cast<std::size_t>(cell.iSubItem)].field);
+    const RowId item = shown_items_[line];
+    if (!shown_row_ || shown_row_->id != item) shown_row_ = desk_.store().load(item);
+    if (!shown_row_ || static_cast<std::size_t>(cell.iSubItem) >= columns.size()) return;
+    const Text text = shown_value(shown_row_->data, columns[static_cast<std::size_t>(cell.iSubItem)].field);
     const std::size_t length = std::min(text.size(), static_cast<std::size_t>(cell.cchTextMax - 1));
     std::copy_n(windows::wide(text), length, cell.pszText);
     cell.pszText[length] = L'\0';

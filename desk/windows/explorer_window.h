@@ -3,6 +3,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "desk/model/explorers.h"
@@ -40,6 +41,7 @@ class ExplorerWindow : public HostFrame {
     std::map<RowId, HTREEITEM> places_;
     std::vector<std::pair<RowId, host::Text>> shown_folders_;
     std::vector<RowId> shown_items_;    ///< newest first
+    std::optional<ItemRow> shown_row_;  ///< whose cells are being asked for; until something changes
     std::vector<int> shown_selection_;  ///< lines
     RowId shown_folder_ = 0;
     bool refreshing_ = false;

@@ -112,7 +112,7 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     desk::Desk desk(surroundings, open_store(settings.database), settings.options);
     desk::MainLoop loop;
     desk::MessageWatch messages(desk);
-    const desk::StatusWatch status(desk);
+    desk::StatusWatch status(desk);
     desk::DeskWindows desk_windows(desk, module);
     desk::AddInLoader add_ins(desk, apartment, [&log](TextView text) { log.line(text); });
 

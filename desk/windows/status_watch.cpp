@@ -1,6 +1,6 @@
 #include "desk/windows/status_watch.h"
 
-#include <algorithm>
+#include <cwchar>
 
 #include "desk/windows/named_window.h"
 #include "windows/com/com_ptr.h"
@@ -14,6 +14,7 @@ using windows::window_text;
 namespace {
 
 constexpr const wchar_t* class_of_place = L"TarnwellDeskStatus";
+constexpr UINT_PTR subclass_id = 2;  // of a window that may be watched by others, too
 
 HWND make_place(StatusWatch* watch) {
     WNDCLASSW window_class{};
@@ -28,13 +29,19 @@ HWND make_place(StatusWatch* watch) {
 }
 
 /// The watch of this thread, or null.
-const StatusWatch* watch_of_thread() {
+StatusWatch* watch_of_thread() {
     for (HWND place = nullptr; (place = FindWindowExW(HWND_MESSAGE, place, class_of_place, nullptr));) {
         if (GetWindowThreadProcessId(place, nullptr) == GetCurrentThreadId()) {
-            return reinterpret_cast<const StatusWatch*>(GetWindowLongPtrW(place, GWLP_USERDATA));
+            return reinterpret_cast<StatusWatch*>(GetWindowLongPtrW(place, GWLP_USERDATA));
         }
     }
     return nullptr;
+}
+
+/// A name as a window is made with: none, a text, or a number of a resource.
+bool is_status_caption(const wchar_t* name) {
+    if (!name || IS_INTRESOURCE(name)) return false;
+    return windows::from_wide(name, wcslen(name)) == Desk::status_caption;
 }
 
 bool has_status_caption(HWND window) {
@@ -46,35 +53,63 @@ bool has_status_caption(HWND window) {
 StatusWatch::StatusWatch(Desk& desk)
     : desk_(desk),
       place_(make_place(this)),
-      hook_(SetWindowsHookExW(WH_CALLWNDPROCRET, hook_procedure, nullptr, GetCurrentThreadId())) {}
+      hook_(SetWindowsHookExW(WH_CBT, hook_procedure, nullptr, GetCurrentThreadId())) {}
 
 StatusWatch::~StatusWatch() {
     if (hook_) UnhookWindowsHookEx(hook_);
+    for (const HWND window : watched_) RemoveWindowSubclass(window, watched_procedure, subclass_id);
     DestroyWindow(place_);
 }
 
-LRESULT CALLBACK StatusWatch::hook_procedure(int code, WPARAM from_here, LPARAM data) {
-    const auto& message = *reinterpret_cast<const CWPRETSTRUCT*>(data);
-    if (code == HC_ACTION && (message.message == WM_SETTEXT || message.message == WM_WINDOWPOSCHANGED)) {
+LRESULT CALLBACK StatusWatch::hook_procedure(int code, WPARAM first, LPARAM second) {
+    if (code == HCBT_CREATEWND) {
         try {
-            if (const StatusWatch* const watch = watch_of_thread()) watch->look(message);
+            const auto& made = *reinterpret_cast<const CBT_CREATEWNDW*>(second)->lpcs;
+            if (StatusWatch* const watch = watch_of_thread())
+                watch->meet(reinterpret_cast<HWND>(first), made);
         } catch (...) {
-            OutputDebugStringW(L"The desk: a status could not be noted.\n");
+            OutputDebugStringW(L"The desk: a window could not be looked at.\n");
         }
     }
-    return CallNextHookEx(nullptr, code, from_here, data);
+    return CallNextHookEx(nullptr, code, first, second);
 }
 
-void StatusWatch::look(const CWPRETSTRUCT& message) const {
-    const HWND root = GetAncestor(message.hwnd, GA_ROOT);
+void StatusWatch::meet(HWND window, const CREATESTRUCTW& made) {
+    const bool inside = (made.style & WS_CHILD) != 0;
+    const bool is_status = inside ? has_status_caption(GetAncestor(made.hwndParent, GA_ROOT))
+                                  : is_status_caption(made.lpszName) && !is_desk_window(window);
+    if (!is_status) return;
+    if (SetWindowSubclass(window, watched_procedure, subclass_id, reinterpret_cast<DWORD_PTR>(this))) {
+        watched_.insert(window);
+    }
+}
+
+LRESULT CALLBACK StatusWatch::watched_procedure(HWND window, UINT message, WPARAM first, LPARAM second,
+                                                UINT_PTR id, DWORD_PTR data) {
+    const LRESULT answer = DefSubclassProc(window, message, first, second);
+    auto& watch = *reinterpret_cast<StatusWatch*>(data);
+    try {
+        if (message == WM_SETTEXT || message == WM_WINDOWPOSCHANGED) watch.look(window, message, second);
+    } catch (...) {
+        OutputDebugStringW(L"The desk: a status could not be noted.\n");
+    }
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, watched_procedure, id);
+        watch.watched_.erase(window);
+    }
+    return answer;
+}
+
+void StatusWatch::look(HWND window, UINT message, LPARAM second) const {
+    const HWND root = GetAncestor(window, GA_ROOT);
     if (!root || !IsWindowVisible(root) || !has_status_caption(root)) return;
-    if (message.message == WM_SETTEXT) {
-        if (message.hwnd == root || control_name(message.hwnd) != Desk::status_label) return;
-        desk_.status_shown(window_text(message.hwnd));
+    if (message == WM_SETTEXT) {
+        if (window == root || control_name(window) != Desk::status_label) return;
+        desk_.status_shown(window_text(window));
         return;
     }
-    const auto& change = *reinterpret_cast<const WINDOWPOS*>(message.lParam);
-    if (message.hwnd != root || !(change.flags & SWP_SHOWWINDOW)) return;
+    const auto& change = *reinterpret_cast<const WINDOWPOS*>(second);
+    if (window != root || !(change.flags & SWP_SHOWWINDOW)) return;
     for (const HWND control : windows_inside(root)) {
         if (control_name(control) == Desk::status_label) desk_.status_window_up(window_text(control));
     }

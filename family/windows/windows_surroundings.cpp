@@ -10,16 +10,35 @@ namespace family {
 using host::Text;
 using host::TextView;
 
-std::optional<Text> WindowsSurroundings::read_setting(TextView name) {
-    const std::wstring key(family_key);
-    const Text value(name);
-    Text text;
+namespace {
+
+LSTATUS read_text(HKEY key, const Text& name, Text& text) {
     DWORD bytes = 256;
     LSTATUS status = ERROR_MORE_DATA;
     while (status == ERROR_MORE_DATA) {  // somebody may write a longer text meanwhile
         text.resize(bytes / sizeof(char16_t));
-        status = RegGetValueW(HKEY_CURRENT_USER, key.c_str(), windows::wide(value), RRF_RT_REG_SZ, nullptr,
-                              text.data(), &bytes);
+        status = RegGetValueW(key, nullptr, windows::wide(name), RRF_RT_REG_SZ, nullptr, text.data(), &bytes);
+    }
+    return status;
+}
+
+}  // namespace
+
+WindowsSurroundings::Key WindowsSurroundings::open_settings() {
+    const std::wstring name(family_key);
+    HKEY key = nullptr;
+    RegOpenKeyExW(HKEY_CURRENT_USER, name.c_str(), 0, KEY_READ, &key);
+    return Key(key);
+}
+
+std::optional<Text> WindowsSurroundings::read_setting(TextView name) {
+    const Text value(name);
+    Text text;
+    LSTATUS status = settings_ ? read_text(settings_.get(), value, text) : ERROR_KEY_DELETED;
+    if (status == ERROR_KEY_DELETED) {  // or not yet there; another one of the same name may be
+        settings_ = open_settings();
+        if (!settings_) return std::nullopt;
+        status = read_text(settings_.get(), value, text);
     }
     if (status != ERROR_SUCCESS) return std::nullopt;
     text.resize(text.find(u'\0'));

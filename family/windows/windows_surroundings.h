@@ -1,6 +1,9 @@
 // The surroundings of the stand-ins in a real process: the registry and the host's application object.
 #pragma once
 
+#include <memory>
+#include <type_traits>
+
 #include "family/surroundings.h"
 #include "windows/com/apartment.h"
 #include "windows/forms/form_engine.h"
@@ -20,7 +23,14 @@ class WindowsSurroundings : public Surroundings {
     host::Text number_text(double number) override;
 
   private:
+    struct CloseKey {
+        void operator()(HKEY key) const noexcept { RegCloseKey(key); }
+    };
+    using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, CloseKey>;
+    static Key open_settings();
+
     std::shared_ptr<windows::Apartment> apartment_;
+    Key settings_;  ///< stays open, since every member of a stand-in looks for settings
     std::weak_ptr<windows::FormEngine> engine_;
 };
 
