@@ -36,10 +36,12 @@ int main(int count, char** arguments) try {
     const bool trips_right = bench::round_trips();
     const bool times_right = bench::start_and_end();
     const bool opened_right = bench::opened_items_time();
-    const bool search_right = bench::large_search();
+    const bool messages_right = bench::list_messages();
+    const bool lists_right = bench::filled_lists();
     const bool soak_right = bench::soak(*mails);
-    return trips_right && times_right && opened_right && search_right && soak_right ? EXIT_SUCCESS
-                                                                                    : EXIT_FAILURE;
+    const bool right =
+        trips_right && times_right && opened_right && messages_right && lists_right && soak_right;
+    return right ? EXIT_SUCCESS : EXIT_FAILURE;
 } catch (const std::exception& failure) {
     std::cout << "WRONG: " << failure.what() << std::endl;
     return EXIT_FAILURE;

@@ -13,8 +13,11 @@ bool start_and_end();
 /// So many mails, one after the other, in one session.
 bool soak(int mail_count);
 
-/// A search of the dialog that finds thousands of records.
-bool large_search();
+/// Lists that fill with hundreds and thousands of rows.
+bool filled_lists();
+
+/// The messages that a list takes for a row.
+bool list_messages();
 
 /// What the add-in adds to the time in which an item's window opens.
 bool opened_items_time();
