@@ -1,6 +1,7 @@
 #include "host/events.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace host {
 namespace {
@@ -15,11 +16,13 @@ class Receiver : public Invocable {
         const auto event = std::ranges::find_if(interface_.events, [&](const Event& e) {
             return request.id != no_id ? e.id == request.id : same_ignoring_case(e.name, request.member);
         });
-        if (event == interface_.events.end()) throw Failure(result::member_not_found, Text(request.member));
+        const bool known = event != interface_.events.end();
         if (request.access == Access::identify) {
+            if (!known) throw Failure(result::member_not_found, Text(request.member));
             request.id = event->id;
             return {};
         }
+        if (!known) return {};  // an event of later days is none of our business
         const auto handler =
             std::ranges::find_if(handlers_, [&](const Handler& h) { return h.event == event->name; });
         if (handler != handlers_.end()) {
@@ -54,22 +57,27 @@ void Sink::connect(const EventInterface& interface, Object source, std::vector<H
     }
 }
 
-void Sink::clear() noexcept {
-    if (receiver_) {
-        static_cast<Receiver&>(*receiver_).cut_off();
-        try {
-            Request request{.access = Access::unadvise,
-                            .member = {},
-                            .arguments = {cookie_},
-                            .interface = interface_->id};
-            source_.invoke(request);
-        } catch (...) {
-            // a source that is gone has no subscription left to end
-        }
+Sink::~Sink() {
+    try {
+        clear();
+    } catch (...) {
+        return;  // an end can tell nobody; who wants to know what went wrong clears before
     }
-    receiver_.reset();
-    source_.reset();
-    cookie_ = {};
+}
+
+void Sink::clear() {
+    const Object source = std::exchange(source_, {});
+    const Value cookie = std::exchange(cookie_, {});
+    const std::shared_ptr<Invocable> receiver = std::exchange(receiver_, nullptr);
+    if (!receiver) return;
+    static_cast<Receiver&>(*receiver).cut_off();
+    Request request{
+        .access = Access::unadvise, .member = {}, .arguments = {cookie}, .interface = interface_->id};
+    try {
+        source.invoke(request);
+    } catch (const Failure&) {
+        return;  // a source that is gone has no subscription left to end
+    }
 }
 
 }  // namespace host

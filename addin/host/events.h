@@ -36,7 +36,7 @@ struct Handler {
 class Sink {
   public:
     Sink() = default;
-    ~Sink() { clear(); }
+    ~Sink();
     Sink(const Sink&) = delete;
     Sink& operator=(const Sink&) = delete;
 
@@ -44,8 +44,8 @@ class Sink {
     /// held then all the same, as a member that was assigned is.
     void connect(const EventInterface& interface, Object source, std::vector<Handler> handlers);
 
-    /// Ends the subscription and lets go of the source. A source that fails meanwhile is let go of.
-    void clear() noexcept;
+    /// Ends the subscription and lets go of the source, also of one that fails meanwhile.
+    void clear();
 
     const Object& source() const { return source_; }
 

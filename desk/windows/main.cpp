@@ -12,12 +12,12 @@
 #include "desk/model/application.h"
 #include "desk/model/cdo.h"
 #include "desk/windows/desk_windows.h"
-#include "desk/windows/fault_watch.h"
 #include "desk/windows/main_loop.h"
 #include "desk/windows/message_watch.h"
 #include "desk/windows/status_watch.h"
 #include "windows/com/class_factory.h"
 #include "windows/com/failure.h"
+#include "windows/com/fault_watch.h"
 
 namespace {
 
@@ -164,10 +164,10 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
     const desk::DeskSettings settings = desk::read_settings();
     LogFile log(settings.log_file);
-    const desk::FaultWatch faults;
+    const windows::FaultWatch faults;
     try {
         run(settings, log);
-        log.line(u"faults: " + desk::FaultWatch::told());
+        log.line(u"faults: " + windows::FaultWatch::told());
         log.line(u"ended");
         return 0;
     } catch (const std::exception& failure) {

@@ -1,6 +1,7 @@
 #include "desk/windows/main_loop.h"
 
 #include "desk/windows/named_window.h"
+#include "windows/com/failure.h"
 
 namespace desk {
 namespace {
@@ -10,13 +11,9 @@ constexpr UINT_PTR tick_timer = 1, quit_timer = 2;
 constexpr UINT tick_time = 15, quit_delay = 60;  // milliseconds
 
 /// Runs what was set, and lets nothing out into the system's call.
-void run_guarded(const std::function<void()>& what) {
-    if (!what) return;
-    try {
-        what();
-    } catch (...) {
-        OutputDebugStringW(L"The desk: a message handler failed.\n");
-    }
+void run_guarded(const std::function<void()>& what,
+                 const std::source_location& where = std::source_location::current()) {
+    if (what) windows::contained(what, where);
 }
 
 /// In a window of an item the tabulator key leads from field to field.

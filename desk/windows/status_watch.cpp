@@ -4,6 +4,7 @@
 
 #include "desk/windows/named_window.h"
 #include "windows/com/com_ptr.h"
+#include "windows/com/failure.h"
 #include "windows/forms/form_control.h"
 
 namespace desk {
@@ -63,13 +64,11 @@ StatusWatch::~StatusWatch() {
 
 LRESULT CALLBACK StatusWatch::hook_procedure(int code, WPARAM first, LPARAM second) {
     if (code == HCBT_CREATEWND) {
-        try {
+        windows::contained([&] {
             const auto& made = *reinterpret_cast<const CBT_CREATEWNDW*>(second)->lpcs;
             if (StatusWatch* const watch = watch_of_thread())
                 watch->meet(reinterpret_cast<HWND>(first), made);
-        } catch (...) {
-            OutputDebugStringW(L"The desk: a window could not be looked at.\n");
-        }
+        });
     }
     return CallNextHookEx(nullptr, code, first, second);
 }
@@ -88,11 +87,9 @@ LRESULT CALLBACK StatusWatch::watched_procedure(HWND window, UINT message, WPARA
                                                 UINT_PTR id, DWORD_PTR data) {
     const LRESULT answer = DefSubclassProc(window, message, first, second);
     auto& watch = *reinterpret_cast<StatusWatch*>(data);
-    try {
+    windows::contained([&] {
         if (message == WM_SETTEXT || message == WM_WINDOWPOSCHANGED) watch.look(window, message, second);
-    } catch (...) {
-        OutputDebugStringW(L"The desk: a status could not be noted.\n");
-    }
+    });
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(window, watched_procedure, id);
         watch.watched_.erase(window);

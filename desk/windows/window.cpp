@@ -2,7 +2,7 @@
 
 #include <windowsx.h>
 
-#include "host/failure.h"
+#include "windows/com/failure.h"
 
 namespace desk {
 namespace {
@@ -52,11 +52,9 @@ HWND DeskWindow::add_control(const wchar_t* class_name, DWORD style, DWORD exten
 LRESULT CALLBACK DeskWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     auto* const self = reinterpret_cast<DeskWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (!self) return DefWindowProcW(window, message, first, second);
-    try {
-        return self->handle_message(message, first, second);
-    } catch (const std::exception&) {
-        return 0;  // what a click led to failed; the window goes on
-    }
+    LRESULT answer = 0;  // where what a click leads to fails, the window goes on
+    windows::contained([&] { answer = self->handle_message(message, first, second); });
+    return answer;
 }
 
 void DeskWindow::note_focus() {

@@ -61,6 +61,10 @@ class World {
     virtual bool file_exists(host::TextView path) = 0;
     virtual void remove_file(host::TextView path) = 0;
 
+    /// A world fails its test at the end if the program made a mistake of its own meanwhile: something was
+    /// thrown that no routine takes, or it crashed. A test that lets it make some says how many.
+    void expect_faults(std::size_t faults) { expected_faults_ = faults; }
+
     // what every test needs, the same for both
 
     host::Object desk() { return application().get(u"Desk").to_object(); }
@@ -99,7 +103,11 @@ class World {
     /// Waits until nobody handles an event any more; not for a handler that waits in a modal window.
     bool wait_for_handlers();
 
+  protected:
+    std::size_t expected_faults() const { return expected_faults_; }
+
   private:
+    std::size_t expected_faults_ = 0;
     host::Text anchor_id_, anchor_store_;  ///< of "Account Profiles", once it was found
 };
 

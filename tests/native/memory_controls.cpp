@@ -1,6 +1,7 @@
 #include "tests/native/memory_controls.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "host/failure.h"
 #include "tests/native/memory_forms.h"
@@ -96,12 +97,12 @@ void MemoryControl::focus() {
 }
 
 MemoryList& MemoryControl::memory_list() {
-    if (!list_) throw Failure(result::unknown_name, Text(row_.name) + u" is no list.");
+    if (!list_) throw std::logic_error(host::to_utf8(row_.name) + " is no list.");
     return *list_;
 }
 
 MemoryChoice& MemoryControl::memory_choice() {
-    if (!choice_) throw Failure(result::unknown_name, Text(row_.name) + u" has no entries.");
+    if (!choice_) throw std::logic_error(host::to_utf8(row_.name) + " has no entries.");
     return *choice_;
 }
 

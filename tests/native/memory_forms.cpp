@@ -1,6 +1,7 @@
 #include "tests/native/memory_forms.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "host/failure.h"
@@ -92,7 +93,7 @@ MemoryControl* MemoryWindow::find(TextView name) {
 
 MemoryControl& MemoryWindow::control(TextView name) {
     if (MemoryControl* const found = find(name)) return *found;
-    throw Failure(result::unknown_name, Text(name));
+    throw std::logic_error("There is no control " + host::to_utf8(name) + ".");
 }
 
 void MemoryWindow::show() {
@@ -145,8 +146,10 @@ bool MemoryWindow::raise(const Deed& event) {
                 event(*events);
             } catch (const NotInAStrand&) {
                 throw;  // the test's own mistake
-            } catch (const std::exception& failure) {
-                engine.thrown.emplace_back(failure.what());
+            } catch (const Failure& failure) {
+                engine.failures.emplace_back(failure.what());
+            } catch (const std::exception& exception) {
+                engine.faults.emplace_back(exception.what());
             }
         }
     }

@@ -116,8 +116,9 @@ class MemoryEngine final : public addin::forms::Engine {
     /// A window of the host's own becomes the active one, as when the user works there.
     void activate_host() { active_ = nullptr; }
 
-    /// What events have thrown. It ends here, as it does in real windows.
-    std::vector<std::string> thrown;
+    // What events have thrown. It ends here, as it does in real windows.
+    std::vector<std::string> failures;  ///< of the host
+    std::vector<std::string> faults;    ///< of the program: anything else
 
     int dots_per_inch = 96;  ///< set before windows are made
 

@@ -102,6 +102,8 @@ NativeWorld::~NativeWorld() {
     } catch (const std::exception& failure) {
         ADD_FAILURE() << "The host did not end: " << failure.what();
     }
+    EXPECT_EQ(engine_.faults.size(), expected_faults())
+        << "mistakes of the program in events of its windows: " << testing::PrintToString(engine_.faults);
 }
 
 void NativeWorld::start() {

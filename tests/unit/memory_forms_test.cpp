@@ -112,7 +112,15 @@ TEST_F(MemoryForms, EndOfTheWorldHidesModalWindows) {
 TEST_F(MemoryForms, WhatAnEventThrowsEndsAtTheEngine) {
     form->at = [](const std::string&) { throw host::Failure(host::result::fail, u"no luck"); };
     EXPECT_TRUE(at(u"go").click());
-    EXPECT_THAT(engine.thrown, ElementsAre("no luck"));
+    EXPECT_THAT(engine.failures, ElementsAre("no luck"));
+    EXPECT_THAT(engine.faults, ElementsAre());
+}
+
+TEST_F(MemoryForms, AMistakeInAnEventIsNoFailureOfTheHost) {
+    form->at = [](const std::string&) { throw std::logic_error("our own mistake"); };
+    EXPECT_TRUE(at(u"go").click());
+    EXPECT_THAT(engine.failures, ElementsAre());
+    EXPECT_THAT(engine.faults, ElementsAre("our own mistake"));
 }
 
 }  // namespace

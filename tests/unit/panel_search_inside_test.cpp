@@ -262,7 +262,7 @@ TEST(PanelSearchInside, InALoadEndsWithItsPanelWhenThatIsMadeAnew) {
             [&] { searching.menu(u"ShowItemsMenu", searching.account); });
         EXPECT_EQ(panel.column(2), more ? of_bell : of_account);
         EXPECT_EQ(searching.session().loaded_panels.size(), 1U);
-        EXPECT_EQ(searching.world.engine().thrown, std::vector<std::string>{});
+        EXPECT_EQ(searching.world.engine().failures, std::vector<std::string>{});
         ASSERT_LT(yield, 60);
     }
     EXPECT_GT(yield, 5);
@@ -421,7 +421,7 @@ TEST(PanelFaults, SearchOutlivesEveryOne) {
             if (::testing::Test::HasFailure()) return;
         }
         EXPECT_GT(n, 100);
-        EXPECT_EQ(searching.world.engine().thrown, std::vector<std::string>{});
+        EXPECT_EQ(searching.world.engine().failures, std::vector<std::string>{});
     }
 }
 

@@ -1,4 +1,5 @@
 #include "com_sample.h"
+#include "fault_check.h"
 #include "windows/com/com_object.h"
 
 namespace windows::testing {
@@ -92,6 +93,7 @@ TEST_F(Calls, TheCodesOfLateBindingArriveAsTheyAre) {
         {[&] { sample.call(u"Break", {u"anything"}); }, E_UNEXPECTED},
     };
     for (const auto& [action, number] : cases) EXPECT_EQ(failure_number(action), number);
+    expect_faults(2);  // the two breaks
 }
 
 TEST_F(Calls, AMissingMemberIsNamedInTheFailure) {

@@ -1,4 +1,5 @@
 #include "com_sample.h"
+#include "fault_check.h"
 #include "windows/com/event_sink.h"
 
 namespace windows::testing {
@@ -93,6 +94,17 @@ TEST_F(Events, AHandlersFailureStaysAFailureOfTheCall) {
     std::vector<Value> none;
     EXPECT_EQ(failure_number([&] { source->raise(1, none); }), host::result::access_denied);
     EXPECT_EQ(failure_number([&] { source->raise(3, none); }), E_UNEXPECTED);
+    expect_faults(1);
+}
+
+TEST_F(Events, AHandlersOwnMissingMemberIsNoUnknownEvent) {
+    auto source = std::make_shared<Sample>();
+    host::Sink sink;
+    sink.connect(
+        sample_interface, seen(source),
+        {{u"Opened", [](std::span<Value>) { throw Failure(host::result::member_not_found, u"Gone"); }}});
+    std::vector<Value> none;
+    EXPECT_EQ(failure_number([&] { source->raise(1, none); }), host::result::member_not_found);
     EXPECT_EQ(failure_number([&] { source->raise(99, none); }), 0) << "an event of later days";
 }
 

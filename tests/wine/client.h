@@ -2,6 +2,7 @@
 #pragma once
 
 #include "windows/com/apartment.h"
+#include "windows/com/fault_watch.h"
 #include "windows/desktop/windows_desktop.h"
 
 namespace wine {
@@ -16,6 +17,7 @@ class Com {
 };
 
 struct Client {
+    windows::FaultWatch faults;
     windows::Module module;
     Com com;
     std::shared_ptr<windows::Apartment> apartment = windows::Apartment::create(module, u"Acceptance tests");

@@ -11,6 +11,7 @@
 #include "tests/acceptance/world.h"
 #include "tests/wine/client.h"
 #include "tests/wine/registry.h"
+#include "windows/com/fault_watch.h"
 
 namespace wine {
 namespace {
@@ -159,9 +160,14 @@ class WineWorld : public acceptance::World {
     ~WineWorld() override {
         try {
             quit();
-        } catch (const host::Failure&) {
-            // a desk that has died is gone already
+        } catch (const std::exception& exception) {
+            ADD_FAILURE() << "The desk is gone, or does not end: " << exception.what();
+            TerminateProcess(desk_.get(), 1);
         }
+        const std::size_t own_faults = windows::FaultWatch::count() - own_faults_before_;
+        if (own_faults != 0) faults_told_ += "in the test: " + host::to_utf8(windows::FaultWatch::told());
+        EXPECT_EQ(faults_ + own_faults, expected_faults())
+            << "mistakes of the program, of the desk's or of what they have loaded: " << faults_told_;
     }
 
     void start() override {
@@ -188,7 +194,10 @@ class WineWorld : public acceptance::World {
         const host::outlook::Application leaving = std::exchange(application_, {});
         leaving.call(u"Quit");
         wait_for_log("ended");
-        EXPECT_EQ(wait_for_log("faults: "), "0") << "in the desk or in what it has loaded";
+        if (const std::string told = wait_for_log("faults: "); told != "0") {
+            faults_ += std::stoul(told);
+            faults_told_ += told + "\n";
+        }
         WaitForSingleObject(desk_.get(), longest_wait);
     }
 
@@ -218,11 +227,13 @@ class WineWorld : public acceptance::World {
     /// Waits for a line of the desk's log; answers what follows after its beginning.
     std::string wait_for_log(const std::string& start) const {
         for (DWORD waited = 0; waited < longest_wait; waited += wait_step) {
+            const bool ended = WaitForSingleObject(desk_.get(), 0) == WAIT_OBJECT_0;
             std::ifstream file(log(), std::ios::binary);
             for (std::string read; std::getline(file, read);) {
                 if (read.starts_with(start)) return read.substr(start.size());
                 if (read.starts_with("failed")) throw std::runtime_error("the desk " + read);
             }
+            if (ended) break;
             Sleep(wait_step);
         }
         throw std::runtime_error("the desk never said \"" + start + "\"");
@@ -234,6 +245,9 @@ class WineWorld : public acceptance::World {
     std::vector<std::unique_ptr<LeftOutFile>> files_;
     std::unique_ptr<LeftOutAddIn> add_in_;
     windows_handle desk_;
+    std::size_t faults_ = 0;  ///< of the desks that have ended
+    std::string faults_told_;
+    std::size_t own_faults_before_ = windows::FaultWatch::count();
     host::outlook::Application application_;
 };
 

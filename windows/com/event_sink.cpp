@@ -48,14 +48,13 @@ HRESULT EventSink::Invoke(DISPID id, REFIID iid, LCID, WORD, DISPPARAMS* paramet
     if (const HRESULT wrong = incoming.validate(); FAILED(wrong)) return wrong;
 
     const ComPtr<IDispatch> alive(this);  // a handler may end the subscription that it came through
-    const HRESULT result = guarded(details, apartment_->source(), [&] {
+    return guarded(details, apartment_->source(), [&] {
         host::Request request{.access = host::Access::call, .member = {}, .id = id};
         incoming.bring_into(request, *apartment_);
         receiver_->invoke(request);
         incoming.write_back(request, *apartment_);
         return S_OK;
     });
-    return result == DISP_E_MEMBERNOTFOUND ? S_OK : result;
 }
 
 }  // namespace windows

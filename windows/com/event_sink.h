@@ -17,7 +17,6 @@ class EventSink final : public ComObject<IDispatch> {
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) noexcept override;
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
                                             DISPID* ids) noexcept override;
-    /// An event that the receiver doesn't know is none of its business: S_OK, as for one that it has handled.
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* answer, EXCEPINFO* details,
                                      UINT* wrong_argument) noexcept override;

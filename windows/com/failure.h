@@ -1,9 +1,8 @@
 // Failures on their way across the border: exceptions inside, result codes outside.
 #pragma once
 
-#include <new>
-
 #include "host/failure.h"
+#include "windows/com/faults.h"
 #include "windows/com/platform.h"
 
 namespace windows {
@@ -23,29 +22,41 @@ HRESULT report(const host::Failure& failure, EXCEPINFO* details, host::TextView 
 
 /// Runs an action and makes a result code of whatever it throws.
 template <class Action>
-HRESULT guarded(Action&& action) noexcept {
+HRESULT guarded(Action&& action,
+                const std::source_location& where = std::source_location::current()) noexcept {
     try {
         return action();
     } catch (const host::Failure& failure) {
         return failure.number() < 0 ? failure.number() : E_FAIL;
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
     } catch (...) {
-        return E_UNEXPECTED;
+        return take_fault(where);
     }
 }
 
 /// The same for a late-bound call.
 template <class Action>
-HRESULT guarded(EXCEPINFO* details, host::TextView source, Action&& action) noexcept {
+HRESULT guarded(EXCEPINFO* details, host::TextView source, Action&& action,
+                const std::source_location& where = std::source_location::current()) noexcept {
     try {
         return action();
     } catch (const host::Failure& failure) {
         return report(failure, details, source);
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
     } catch (...) {
-        return E_UNEXPECTED;
+        return take_fault(where);
+    }
+}
+
+/// Runs what a callback of the system leads to: nothing may travel into the system. A failure of the host's
+/// ends here without a word, as it ends a step.
+template <class Action>
+void contained(Action&& action,
+               const std::source_location& where = std::source_location::current()) noexcept {
+    try {
+        action();
+    } catch (const host::Failure&) {
+        return;
+    } catch (...) {
+        take_fault(where);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "windows/desktop/modal_show.h"
 
+#include "windows/com/failure.h"
+
 namespace windows {
 namespace {
 
@@ -10,14 +12,14 @@ struct Search {
 
 BOOL CALLBACK collect_waiting(HWND window, LPARAM data) {
     const auto& search = *reinterpret_cast<const Search*>(data);
-    try {
+    BOOL goes_on = FALSE;
+    contained([&] {
         if (window != search.shown && IsWindowVisible(window) && IsWindowEnabled(window)) {
             search.found->push_back(window);
         }
-    } catch (...) {
-        return FALSE;  // nothing may travel into the system
-    }
-    return TRUE;
+        goes_on = TRUE;
+    });
+    return goes_on;
 }
 
 }  // namespace

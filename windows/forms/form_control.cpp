@@ -1,8 +1,9 @@
 #include "windows/forms/form_control.h"
 
+#include <stdexcept>
 #include <utility>
 
-#include "host/failure.h"
+#include "windows/com/failure.h"
 #include "windows/desktop/module_file.h"
 #include "windows/forms/form_choice.h"
 #include "windows/forms/form_list.h"
@@ -49,7 +50,7 @@ const KindRow& kind_of(const ControlRow& row) {
     for (const KindRow& kind : kinds) {
         if (kind.kind == row.kind) return kind;
     }
-    throw Failure(host::result::invalid_argument, u"There is no such kind of control.");
+    throw std::logic_error("There is no such kind of control.");
 }
 
 DWORD style_of(const ControlRow& row, const FormWindow& form) {
@@ -161,11 +162,7 @@ LRESULT CALLBACK FormControl::procedure(HWND window, UINT message, WPARAM first,
     }
     const WNDPROC next = window == control->inner_ ? control->inner_next_ : control->next_;
     bool pass_on = false;
-    try {
-        pass_on = control->takes(window, message, first, second);
-    } catch (...) {
-        OutputDebugStringW(L"A control's message failed.\n");  // nothing may travel into the system
-    }
+    contained([&] { pass_on = control->takes(window, message, first, second); });
     return pass_on ? CallWindowProcW(next, window, message, first, second) : 0;
 }
 
@@ -308,12 +305,10 @@ void FormControl::focus() {
     if (takes_focus()) form_.focus(window_);
 }
 
-forms::List& FormControl::list() {
-    throw Failure(host::result::unknown_name, Text(row_.name) + u" is no list.");
-}
+forms::List& FormControl::list() { throw std::logic_error(host::to_utf8(row_.name) + " is no list."); }
 
 forms::Choice& FormControl::choice() {
-    throw Failure(host::result::unknown_name, Text(row_.name) + u" has no entries.");
+    throw std::logic_error(host::to_utf8(row_.name) + " has no entries.");
 }
 
 // What the form asks

@@ -1,6 +1,7 @@
 // What the system tells a window, and what becomes of it.
 #include <algorithm>
 
+#include "windows/com/failure.h"
 #include "windows/forms/form_window.h"
 
 namespace windows {
@@ -43,11 +44,7 @@ bool FormWindow::raise(const std::function<void(Events&)>& event) {
     {
         const Running running(frame);
         if (const std::shared_ptr<Events> events = events_.lock()) {
-            try {
-                event(*events);
-            } catch (...) {
-                OutputDebugStringW(L"A window's event failed.\n");
-            }
+            contained([&] { event(*events); });
         }
         if (owner && owner.use_count() == 1) {
             // not here, in the midst of the system's own work with the window, but before the window's own
@@ -84,11 +81,9 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, 
         if (message == end_message) DestroyWindow(window);
         return message == end_message ? 0 : DefWindowProcW(window, message, first, second);
     }
-    try {
-        return form->handle_message(message, first, second);
-    } catch (...) {
-        return 0;  // nothing may travel into the system
-    }
+    LRESULT answer = 0;
+    contained([&] { answer = form->handle_message(message, first, second); });
+    return answer;
 }
 
 LRESULT FormWindow::handle_message(UINT message, WPARAM first, LPARAM second) {

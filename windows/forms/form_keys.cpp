@@ -1,5 +1,6 @@
 // The keyboard in a window. The message loop is the host's, or one of anybody's modal windows, so the keys
 // are taken where every loop of the thread gets its messages.
+#include "windows/com/failure.h"
 #include "windows/forms/form_window.h"
 
 namespace windows {
@@ -33,11 +34,7 @@ LRESULT CALLBACK FormWindow::hook_procedure(int code, WPARAM removed, LPARAM dat
             ours ? reinterpret_cast<FormWindow*>(GetWindowLongPtrW(root, GWLP_USERDATA)) : nullptr;
         if (form) {
             const ModuleHold hold(form->surroundings_->module);
-            try {
-                form->dispatch_key(message);
-            } catch (...) {
-                OutputDebugStringW(L"A key could not be handled.\n");
-            }
+            contained([&] { form->dispatch_key(message); });
             message.message = WM_NULL;
         }
     }

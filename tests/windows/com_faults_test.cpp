@@ -1,0 +1,60 @@
+#include <stdexcept>
+
+#include "com_sample.h"
+#include "fault_check.h"
+#include "windows/com/failure.h"
+#include "windows/com/fault_watch.h"
+
+namespace windows::testing {
+namespace {
+
+using Faults = Border;
+
+[[noreturn]] void go_wrong() { throw std::logic_error("our own mistake"); }
+[[noreturn]] void fail() { throw Failure(host::result::fail, u"the host's failure"); }
+
+TEST_F(Faults, AreCountedWhereverTheyEnd) {
+    const Object sample = seen(std::make_shared<Sample>());
+    host::Sink sink;
+    auto source = std::make_shared<Sample>();
+    sink.connect(sample_interface, seen(source), {{u"Opened", [](std::span<Value>) { go_wrong(); }}});
+    const std::pair<const char*, std::function<void()>> places[] = {
+        {"a call", [&] { failure_number([&] { sample.call(u"Break", {u"anything"}); }); }},
+        {"a call that needs memory", [&] { failure_number([&] { sample.call(u"Break", {u"memory"}); }); }},
+        {"an event",
+         [&] {
+             std::vector<Value> arguments{u"mail"};
+             failure_number([&] { source->raise(1, arguments); });
+         }},
+        {"an operation", [] { EXPECT_EQ(guarded([]() -> HRESULT { go_wrong(); }), E_UNEXPECTED); }},
+        {"a callback", [] { contained(go_wrong); }},
+    };
+    std::uint32_t faults = 0;
+    for (const auto& [where, act] : places) {
+        const std::uint32_t before = FaultWatch::count();
+        act();
+        EXPECT_EQ(FaultWatch::count(), before + 1) << where;
+        ++faults;
+    }
+    expect_faults(faults);
+}
+
+TEST_F(Faults, AreToldWithTheirPlace) {
+    contained([] { throw std::logic_error("a mistake to be told"); });
+    const std::string told = host::to_utf8(FaultWatch::told());
+    EXPECT_NE(told.find("AreToldWithTheirPlace"), std::string::npos) << told;
+    EXPECT_NE(told.find(": a mistake to be told"), std::string::npos) << told;
+    expect_faults(1);
+}
+
+TEST_F(Faults, AreNotWhatTheHostFailsWith) {
+    const Object sample = seen(std::make_shared<Sample>());
+    EXPECT_EQ(failure_number([&] { sample.call(u"Fail", {host::result::fail}); }), host::result::fail);
+    EXPECT_EQ(guarded([]() -> HRESULT { fail(); }), host::result::fail);
+    contained(fail);
+    OutputDebugStringA("Some other program's fault in a line\n");
+    expect_faults(0);
+}
+
+}  // namespace
+}  // namespace windows::testing
