@@ -4,6 +4,7 @@
 #include <span>
 #include <utility>
 
+#include "forms/named.h"
 #include "forms/pictures.h"
 #include "forms/sort_marks.h"
 
@@ -78,6 +79,7 @@ constexpr FormTable table_of(std::span<const ControlRow> shown, int height) {
 constexpr FormTable for_one =
     table_of(std::span(controls).first<std::size(controls) - controls_for_several>(), 4200);
 constexpr FormTable for_several = table_of(controls, 6150);
+static_assert(addin::forms::is_sound(for_one) && addin::forms::is_sound(for_several));
 
 void set_headings(List& list, const PickerRows& rows) {
     for (int column = 0; column < picker_column::shown; ++column) {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "family/database.h"
+#include "forms/named.h"
 
 namespace family {
 
@@ -38,6 +39,7 @@ constexpr FormTable table{.name = u"TemplateList",
                           .cancel_button = close_button,
                           .first_focus = templates,
                           .controls = controls};
+static_assert(addin::forms::is_sound(table));
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "core/status_windows.h"
 
 #include "core/steps.h"
+#include "forms/named.h"
 #include "forms/pictures.h"
 #include "host/family.h"
 
@@ -21,7 +22,10 @@ constexpr ControlRow search_form_controls[] = {
      .place = {120, 120, 480, 480},
      .picture = &forms::magnifier},
     // two lines of text: names of people can be long
-    {.kind = ControlKind::label, .name = u"Label1", .text = u"Label1", .place = {720, 150, 5100, 450}},
+    {.kind = ControlKind::label,
+     .name = SearchForm::label,
+     .text = u"Label1",
+     .place = {720, 150, 5100, 450}},
 };
 constexpr FormTable search_form{.name = u"SearchForm",
                                 .caption = title,
@@ -77,6 +81,8 @@ constexpr FormTable tarnwell_info{.name = u"TarnwellInfo",
                                   .height = 2040,
                                   .controls = tarnwell_info_controls};
 
+static_assert(forms::is_sound(search_form) && forms::is_sound(tarnwell) && forms::is_sound(tarnwell_info));
+
 }  // namespace
 
 const FormTable& search_form_table() { return search_form; }
@@ -84,7 +90,7 @@ const FormTable& tarnwell_table() { return tarnwell; }
 const FormTable& tarnwell_info_table() { return tarnwell_info; }
 
 void Tarnwell::on_click(host::TextView control) {
-    if (control != host::TextView(u"Command1")) return;
+    if (forms::Named<tarnwell>(u"Command1") != control) return;
     Steps steps;
     host::family::ListPicker picker;
     steps.set(picker, [&] {

@@ -15,7 +15,9 @@ class SearchForm : public forms::Form {
     explicit SearchForm(forms::Engine& engine) : Form(engine, search_form_table()) {}
 
     /// Sets the text of `Label1`; the window is loaded, but not shown, if it isn't there.
-    void status(host::TextView text) { control(u"Label1").text(text); }
+    void status(host::TextView text) { control(label).text(text); }
+
+    static constexpr host::TextView label = u"Label1";
 
   private:
     void on_load() override { view().pointer(host::Pointer::hourglass); }

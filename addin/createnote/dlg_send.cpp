@@ -99,7 +99,7 @@ void dlgSend::PopulateList() {
     host::Array types;
     steps.set(types,
               [&] { return records::make_main_add_in(session_.desktop).GetDropDownsCache(note_types); });
-    forms::Choice& type_box = control(u"Combo1").choice();
+    forms::Choice& type_box = choice(u"Combo1");
     type_box.clear();
     control(u"Combo1").text(type);
     const std::int32_t type_count = types.dimensions().front().count;
@@ -135,24 +135,25 @@ void dlgSend::PopulateList() {
 
 void dlgSend::on_click(TextView name) {
     struct Row {
-        TextView control;
+        ControlName control;
         void (dlgSend::*run)();
     };
     static constexpr Row rows[] = {
         {u"cmdSend", &dlgSend::cmdSend_Click},     {u"cmdCancel", &dlgSend::cmdCancel_Click},
         {u"cmdSearch", &dlgSend::cmdSearch_Click}, {u"Option1", &dlgSend::Option1_Click},
         {u"Option2", &dlgSend::Option2_Click},     {u"Combo2", &dlgSend::Combo2_Click}};
-    const auto row = std::ranges::find(rows, name, &Row::control);
+    const auto row = std::ranges::find_if(rows, [&](const Row& one) { return one.control == name; });
     if (row != std::end(rows)) (this->*row->run)();
 }
 
 void dlgSend::on_double_click(TextView name) {
-    if (name == TextView(u"lstRecipients")) lstRecipients_DblClick();
+    if (ControlName(u"lstRecipients") == name) lstRecipients_DblClick();
 }
 
 void dlgSend::on_key_press(TextView name, char16_t key) {
-    if (name != TextView(u"SearchString") || key != enter_key) return;
-    if (!control(name).text().empty()) cmdSearch_Click();
+    constexpr ControlName search_text(u"SearchString");
+    if (search_text != name || key != enter_key) return;
+    if (!control(search_text).text().empty()) cmdSearch_Click();
 }
 
 void dlgSend::on_column_click(TextView, int column) {

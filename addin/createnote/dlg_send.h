@@ -3,13 +3,12 @@
 #pragma once
 
 #include "core/presence.h"
+#include "createnote/dialog_table.h"
 #include "host/family.h"
 #include "host/outlook.h"
 #include "records/stamp.h"
 
 namespace addin::createnote {
-
-const forms::FormTable& dialog_table();
 
 /// The columns of `lstRecipients`, from 0.
 namespace column {
@@ -24,6 +23,9 @@ struct ChosenMail {
     host::outlook::Item item;
     host::family::SafeMailItem wrapper;
 };
+
+/// A control of the dialog, by its name.
+using ControlName = forms::Named<dialog::table>;
 
 class dlgSend final : public NoteDialog {
   public:
@@ -47,7 +49,13 @@ class dlgSend final : public NoteDialog {
     void GetListDef();
 
     Session& session() { return session_; }
-    forms::List& list() { return control(u"lstRecipients").list(); }
+    forms::Control& control(ControlName name) { return Form::control(name); }
+    forms::List& list() {
+        return Form::control(forms::Named<dialog::table, forms::is_list>(u"lstRecipients")).list();
+    }
+    forms::Choice& choice(forms::Named<dialog::table, forms::is_choice> name) {
+        return Form::control(name).choice();
+    }
     host::Text row_text() { return list().text(list().selected(), column::text); }
     bool contact_level() { return control(u"Option2").selected(); }
     void header(const host::Text& text) { control(u"lblHeader").text(text); }

@@ -103,7 +103,7 @@ Folder open_system_folder(Steps& steps, Session& session, const MainAddIn& main_
 void dlgSend::LoadFindDefinitions() {
     const MainAddIn main_add_in = records::make_main_add_in(session_.desktop);
     const Text folder = main_add_in.getspecialfolderlocation();
-    forms::Choice& targets = control(u"Combo2").choice();
+    forms::Choice& targets = choice(u"Combo2");
     for (const Target& target : read_targets(session_.desktop, folder, in_create_note)) {
         targets.add(target.name);
     }

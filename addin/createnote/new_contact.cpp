@@ -1,6 +1,7 @@
 #include "createnote/new_contact.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "core/question.h"
 #include "records/accounts.h"
@@ -110,7 +111,7 @@ Value kept_value(const NewContact& made, const records::Key& key) {
     for (const auto& [name, value] : values) {
         if (key.property == name) return *value;
     }
-    throw host::Failure(host::result::not_found, Text(key.property));
+    throw std::logic_error("a new contact keeps no " + host::to_utf8(key.property));
 }
 
 }  // namespace

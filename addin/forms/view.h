@@ -32,7 +32,7 @@ class Control {
     /// A hidden or disabled control takes none.
     virtual void focus() = 0;
 
-    /// The control as a list or a choice. Throws `Failure` with `result::unknown_name` for another kind.
+    /// The control as a list or a choice. Another kind is a mistake: `std::logic_error`.
     virtual List& list() = 0;
     virtual Choice& choice() = 0;
 };
@@ -123,7 +123,7 @@ class View {
   public:
     virtual ~View() = default;
 
-    /// Throws `Failure` with `result::unknown_name` for a name that the table hasn't.
+    /// A name that the table hasn't is a mistake: `std::logic_error`. See `Named`.
     virtual Control& control(host::TextView name) = 0;
     virtual host::Text caption() const = 0;
     virtual void caption(host::TextView text) = 0;

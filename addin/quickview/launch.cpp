@@ -50,7 +50,7 @@ constexpr LaunchRow rows[] = {
 /// Where a field of the window comes from.
 enum class Source { field, property, mail_id, parent_store, literal };
 struct FieldRow {
-    TextView control;
+    ControlName control;
     Source source;
     TextView name;
     bool of_record = false;  ///< not with every launch
@@ -183,7 +183,7 @@ class Run {
 
     void show(const Item& contact) {
         const std::shared_ptr<QuickViewWindow> window = session_.QuickView.window();
-        steps_.run([&] { window->control(u"lstItems").list().clear(); });
+        steps_.run([&] { window->control(ControlName(u"lstItems")).list().clear(); });
         for (const FieldRow& field : fields) {
             if (field.of_record && !row_.tells_record) continue;
             steps_.run([&] { window->control(field.control).text(value_of(field, contact, wrapper_)); });

@@ -1,6 +1,7 @@
 #include "quickview/quick_view.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "commands/sticky_notes.h"
 #include "quickview/launch.h"
@@ -28,7 +29,7 @@ constexpr std::size_t compared_characters = 31;
 /// Which control shows a property of the record, in the order in which a new record gets them.
 struct ShownValue {
     records::Name property;
-    TextView control;
+    ControlName control;
 };
 constexpr ShownValue shown_values[] = {{property::account_name, u"CompanyName"},
                                        {property::contact_name, u"Contactname"},
@@ -59,17 +60,17 @@ void QuickView::on_load() {
     host::outlook::Folders folders;
     steps.set(folders, [&] { return database.account_profiles.Folders(); });
     if (!steps.holds([&] { return folders.Count() > folders_of_old; })) return;
-    steps.run([&] { control(u"cmbFolders").choice().add(records::folder::customer_service); });
+    steps.run([&] { choice(u"cmbFolders").add(records::folder::customer_service); });
     host::outlook::Folder email;
     steps.set(email, [&] { return folders.Item(records::folder::email); });
-    if (email) steps.run([&] { control(u"cmbFolders").choice().add(records::folder::email); });
+    if (email) steps.run([&] { choice(u"cmbFolders").add(records::folder::email); });
 }
 
 void QuickView::on_unload() { commands::close_sticky_notes(session_, shown(u"AccountID")); }
 
 void QuickView::on_click(TextView name) {
     struct Row {
-        TextView control;
+        ControlName control;
         void (QuickView::*run)();
     };
     static constexpr Row rows[] = {{u"cmbFolders", &QuickView::cmbFolders_Click},
@@ -77,16 +78,16 @@ void QuickView::on_click(TextView name) {
                                    {u"cmdSearchpanel", &QuickView::cmdSearchpanel_Click},
                                    {u"CompanyName", &QuickView::CompanyName_Click},
                                    {u"Contactname", &QuickView::Contactname_Click}};
-    const auto row = std::ranges::find(rows, name, &Row::control);
+    const auto row = std::ranges::find_if(rows, [&](const Row& one) { return one.control == name; });
     if (row != std::end(rows)) (this->*row->run)();
 }
 
 void QuickView::on_double_click(TextView name) {
-    if (name == TextView(u"lstItems")) lstItems_DblClick();
+    if (ControlName(u"lstItems") == name) lstItems_DblClick();
 }
 
 void QuickView::on_drop(TextView name, int x, int y) {
-    if (name == TextView(u"lstItems")) lstItems_OLEDragDrop(x, y);
+    if (ControlName(u"lstItems") == name) lstItems_OLEDragDrop(x, y);
 }
 
 void QuickView::on_column_click(TextView, int clicked) {
@@ -168,7 +169,7 @@ host::outlook::NameSpace QuickView::name_space() const {
 
 Text QuickView::shown_value(records::Name name) {
     const auto value = std::ranges::find(shown_values, name, &ShownValue::property);
-    if (value == std::end(shown_values)) throw host::Failure(host::result::not_found, Text(name));
+    if (value == std::end(shown_values)) throw std::logic_error("no control shows " + host::to_utf8(name));
     return shown(value->control);
 }
 

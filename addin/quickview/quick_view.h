@@ -2,28 +2,25 @@
 #pragma once
 
 #include "core/presence.h"
+#include "quickview/quick_view_table.h"
 #include "records/stamp.h"
 
 namespace addin::quickview {
-
-const forms::FormTable& quick_view_table();
 
 /// The columns of `lstItems`, from 0.
 namespace column {
 inline constexpr int subject = 0, modified = 1, entry_id = 2;
 }
 
-/// What `cmbFolders` shows as long as nothing was chosen.
-inline constexpr host::TextView choose_folder = u"Choose Folder";
-
-/// Entries of `cmbFolders` that are folders of the user's own.
-inline constexpr host::TextView my_calendar = u"My Calendar", my_tasks = u"My Tasks";
+/// A control of the window, by its name.
+using ControlName = forms::Named<window::table>;
 
 class QuickView final : public QuickViewWindow {
   public:
     explicit QuickView(Session& session)
         : QuickViewWindow(session.engine, quick_view_table()), session_(session) {}
 
+    forms::Control& control(ControlName name) { return Form::control(name); }
     host::Text AccountID() override { return control(u"AccountID").text(); }
 
     /// Compares the rows of two parameters by the dates in their second column. It answers 0, 1 and 2, never
@@ -60,9 +57,14 @@ class QuickView final : public QuickViewWindow {
 
     host::outlook::NameSpace name_space() const;
 
-    forms::List& list() { return control(u"lstItems").list(); }
+    forms::List& list() {
+        return Form::control(forms::Named<window::table, forms::is_list>(u"lstItems")).list();
+    }
+    forms::Choice& choice(forms::Named<window::table, forms::is_choice> name) {
+        return Form::control(name).choice();
+    }
     /// What a label or box shows; empty if the window has gone meanwhile.
-    host::Text shown(host::TextView name) { return loaded() ? control(name).text() : host::Text(); }
+    host::Text shown(ControlName name) { return loaded() ? control(name).text() : host::Text(); }
     /// What the window shows of a record's property.
     host::Text shown_value(records::Name property);
     void caption(host::TextView text);

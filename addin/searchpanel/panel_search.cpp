@@ -31,7 +31,7 @@ constexpr std::int32_t picked_entry_id = 7;
 
 /// A control of the header, and what of the shown record it tells: a user property, or a field of a contact.
 struct HeaderRow {
-    TextView control;
+    ControlName control;
     TextView source;
     bool is_property;
 };
@@ -54,9 +54,9 @@ constexpr HeaderRow account_header[] = {
 };
 
 /// What is emptied for the record that the user has picked.
-constexpr TextView header_of_picked[] = {u"CompanyName", u"Contactname", u"Street1", u"City",
-                                         u"State",       u"Zip",         u"Phone",   u"Fax",
-                                         u"AccountID",   u"ContactID"};
+constexpr ControlName header_of_picked[] = {u"CompanyName", u"Contactname", u"Street1", u"City",
+                                            u"State",       u"Zip",         u"Phone",   u"Fax",
+                                            u"AccountID",   u"ContactID"};
 
 Text property_of(const Item& item, TextView name) {
     return item.UserProperties().Item(name).value().to_text();
@@ -80,12 +80,12 @@ std::int32_t upper_bound(const std::optional<host::Array>& table) {
 PanelSearch::PanelSearch(ShowItems& panel)
     : here_(panel.session(), panel), panel_(panel), session_(panel.session()) {}
 
-forms::Control& PanelSearch::control(TextView name) const {
+forms::Control& PanelSearch::control(ControlName name) const {
     if (gone()) throw host::Failure(host::result::object_deleted, u"The panel has been closed.");
     return panel_.control(name);
 }
 
-void PanelSearch::caption(Steps& steps, TextView name, TextView text) const {
+void PanelSearch::caption(Steps& steps, ControlName name, TextView text) const {
     steps.run([&] { control(name).text(text); });
 }
 
@@ -172,7 +172,7 @@ PanelSearch::Next PanelSearch::let_choose() {
     if (!steps_.holds([&] { return upper_bound(rows) > 1; })) {
         steps_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
         record_.reset();
-        for (const TextView name : header_of_picked) caption(steps_, name, u"");
+        for (const ControlName name : header_of_picked) caption(steps_, name, u"");
         steps_.run([&] { take_record(rows.value_or(host::Array())); });
         return Next::list_items;
     }

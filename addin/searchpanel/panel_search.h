@@ -26,9 +26,9 @@ class PanelSearch {
 
     [[nodiscard]] bool gone() const { return !here_.lasts(); }
     /// A control of the window that the search began in. Throws `Failure` when that has gone.
-    forms::Control& control(host::TextView name) const;
+    forms::Control& control(ControlName name) const;
     forms::List& list() const { return control(u"lstItems").list(); }
-    void caption(Steps& steps, host::TextView control, host::TextView text) const;
+    void caption(Steps& steps, ControlName control, host::TextView text) const;
 
     void open_database();
     Next take_pending_item();

@@ -76,7 +76,7 @@ void ShowItems::on_activate() {
 
 void ShowItems::LoadPanelDefinitions() {
     const Text folder = sobj.getspecialfolderlocation();
-    forms::Choice& entries = control(u"SearchMe").choice();
+    forms::Choice& entries = choice(u"SearchMe");
     gForms2 = createnote::read_targets(session_.desktop, folder, createnote::in_search_panel,
                                        [&](std::size_t place, const Text& name) {
                                            if (static_cast<int>(place) == entries.count()) entries.add(name);
@@ -112,9 +112,9 @@ void ShowItems::on_column_click(TextView, int column) {
 void ShowItems::on_character(char16_t character) { CancelLoop = character == escape_key; }
 
 void ShowItems::on_click(TextView name) {
-    if (name == TextView(u"SearchMe")) search();
-    if (name == TextView(u"CompanyName")) OpenCompany();
-    if (name == TextView(u"Contactname")) OpenContact();
+    if (ControlName(u"SearchMe") == name) search();
+    if (ControlName(u"CompanyName") == name) OpenCompany();
+    if (ControlName(u"Contactname") == name) OpenContact();
 }
 
 void ShowItems::on_double_click(TextView) { open_result(*this); }

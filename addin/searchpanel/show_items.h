@@ -5,10 +5,9 @@
 
 #include "core/session.h"
 #include "createnote/search_targets.h"
+#include "searchpanel/panel_table.h"
 
 namespace addin::searchpanel {
-
-const forms::FormTable& panel_table();
 
 /// The columns of `lstItems`, from 0.
 namespace column {
@@ -16,6 +15,9 @@ inline constexpr int folder = 0, subject = 1, creator = 2, created = 3, modified
 inline constexpr int key = 5;  ///< an entry id, or where the index found it
 inline constexpr int last = 6;
 }  // namespace column
+
+/// A control of the panel, by its name.
+using ControlName = forms::Named<panel::table>;
 
 class ShowItems final : public forms::Form {
   public:
@@ -32,7 +34,13 @@ class ShowItems final : public forms::Form {
     void ArrangeList();
 
     Session& session() { return session_; }
-    forms::List& list() { return control(u"lstItems").list(); }
+    forms::Control& control(ControlName name) { return Form::control(name); }
+    forms::List& list() {
+        return Form::control(forms::Named<panel::table, forms::is_list>(u"lstItems")).list();
+    }
+    forms::Choice& choice(forms::Named<panel::table, forms::is_choice> name) {
+        return Form::control(name).choice();
+    }
 
   private:
     void on_load() override;

@@ -1,6 +1,7 @@
 #include "windows/forms/form_window.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "host/failure.h"
@@ -266,7 +267,7 @@ HIMAGELIST FormWindow::images(TextView image_list) const {
 
 FormControl& FormWindow::control(TextView name) {
     if (FormControl* const found = find(name)) return *found;
-    throw Failure(host::result::unknown_name, Text(name));
+    throw std::logic_error("There is no control " + host::to_utf8(name) + ".");
 }
 
 Text FormWindow::caption() const { return window_text(handle()); }

@@ -1,24 +1,26 @@
 // The dialog's controls.
-#include "createnote/dlg_send.h"
+#pragma once
+
+#include "forms/named.h"
 #include "forms/pictures.h"
 
 namespace addin::createnote {
+
+namespace dialog {
 
 using forms::Column;
 using forms::ControlKind;
 using forms::ControlRow;
 
-namespace {
-
-constexpr Column columns[] = {
+inline constexpr Column columns[] = {
     {u"Name", 4586}, {u"Company Name", 2540}, {u"Business Phone", 2540}, {u"Address", 2540},
     {u"City", 2540}, {u"State", 2540},        {u"ENTRYID", 2540},        {u"", 2540}};
 
 /// Two lines of it fit where the usual font would take three.
-constexpr forms::Font small_print{.points = 6.75};
+inline constexpr forms::Font small_print{.points = 6.75};
 
 // The order is the tab order: the search text is the first.
-constexpr ControlRow controls[] = {
+inline constexpr ControlRow controls[] = {
     {.kind = ControlKind::text_box,
      .name = u"SearchString",
      .text = u"Please select a folder to search (Create Note for: drop down on the right).",
@@ -119,15 +121,17 @@ constexpr ControlRow controls[] = {
     {.kind = ControlKind::image_list, .name = u"ImageList1", .pictures = forms::sort_marks},
 };
 
-constexpr forms::FormTable table{.name = u"dlgSend",
-                                 .caption = u"Tarnwell Create Note",
-                                 .width = 11010,
-                                 .height = 4770,
-                                 .first_focus = u"SearchString",
-                                 .controls = controls};
+inline constexpr forms::FormTable table{.name = u"dlgSend",
+                                        .caption = u"Tarnwell Create Note",
+                                        .width = 11010,
+                                        .height = 4770,
+                                        .first_focus = u"SearchString",
+                                        .controls = controls};
 
-}  // namespace
+static_assert(forms::is_sound(table));
 
-const forms::FormTable& dialog_table() { return table; }
+}  // namespace dialog
+
+inline constexpr const forms::FormTable& dialog_table() { return dialog::table; }
 
 }  // namespace addin::createnote

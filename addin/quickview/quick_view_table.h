@@ -1,23 +1,31 @@
 // The window's controls.
+#pragma once
+
+#include "forms/named.h"
 #include "forms/pictures.h"
-#include "quickview/quick_view.h"
 #include "records/names.h"
 
 namespace addin::quickview {
+
+/// What `cmbFolders` shows as long as nothing was chosen.
+inline constexpr host::TextView choose_folder = u"Choose Folder";
+
+/// Entries of `cmbFolders` that are folders of the user's own.
+inline constexpr host::TextView my_calendar = u"My Calendar", my_tasks = u"My Tasks";
+
+namespace window {
 
 using forms::Column;
 using forms::ControlKind;
 using forms::ControlRow;
 
-namespace {
+inline constexpr Column columns[] = {{u"Subject", 5027}, {u"Modified Date", 2540}, {u"EntryID", 0}};
 
-constexpr Column columns[] = {{u"Subject", 5027}, {u"Modified Date", 2540}, {u"EntryID", 0}};
+inline constexpr host::TextView folders[] = {records::folder::notes, records::folder::opportunities,
+                                             my_calendar, my_tasks};
 
-constexpr host::TextView folders[] = {records::folder::notes, records::folder::opportunities, my_calendar,
-                                      my_tasks};
-
-constexpr forms::Font small_print{.face = u"Tahoma", .points = 6.75};
-constexpr forms::Font underlined{.face = u"Tahoma", .points = 6.75, .underlined = true};
+inline constexpr forms::Font small_print{.face = u"Tahoma", .points = 6.75};
+inline constexpr forms::Font underlined{.face = u"Tahoma", .points = 6.75, .underlined = true};
 
 /// A label that no one sees: it keeps a value of what is shown.
 constexpr ControlRow hidden(host::TextView name) {
@@ -25,7 +33,7 @@ constexpr ControlRow hidden(host::TextView name) {
 }
 
 // The order is the tab order.
-constexpr ControlRow controls[] = {
+inline constexpr ControlRow controls[] = {
     {.kind = ControlKind::link,
      .name = u"Contactname",
      .text = u"Contact Name",
@@ -77,19 +85,21 @@ constexpr ControlRow controls[] = {
     hidden(u"ContactID"),
 };
 
-constexpr forms::FormTable table{.name = u"QuickView",
-                                 .caption = u"TW Quick View",
-                                 .width = 3150,
-                                 .height = 4845,
-                                 .font = small_print,
-                                 .tool_window = true,
-                                 .takes_keyboard = false,
-                                 .beside_host = true,
-                                 .first_focus = u"cmbFolders",
-                                 .controls = controls};
+inline constexpr forms::FormTable table{.name = u"QuickView",
+                                        .caption = u"TW Quick View",
+                                        .width = 3150,
+                                        .height = 4845,
+                                        .font = small_print,
+                                        .tool_window = true,
+                                        .takes_keyboard = false,
+                                        .beside_host = true,
+                                        .first_focus = u"cmbFolders",
+                                        .controls = controls};
 
-}  // namespace
+static_assert(forms::is_sound(table));
 
-const forms::FormTable& quick_view_table() { return table; }
+}  // namespace window
+
+inline constexpr const forms::FormTable& quick_view_table() { return window::table; }
 
 }  // namespace addin::quickview

@@ -1,23 +1,25 @@
 // The panel's controls.
+#pragma once
+
+#include "forms/named.h"
 #include "forms/pictures.h"
-#include "searchpanel/show_items.h"
 
 namespace addin::searchpanel {
+
+namespace panel {
 
 using forms::Column;
 using forms::ControlKind;
 using forms::ControlRow;
 
-namespace {
+inline constexpr Column columns[] = {{u"Folder", 2206},  {u"Subject", 6174},  {u"Created By", 2117},
+                                     {u"Created", 1765}, {u"Modified", 1765}, {u"", 0},
+                                     {u"EntryID", 0}};
 
-constexpr Column columns[] = {{u"Folder", 2206},  {u"Subject", 6174},  {u"Created By", 2117},
-                              {u"Created", 1765}, {u"Modified", 1765}, {u"", 0},
-                              {u"EntryID", 0}};
-
-constexpr forms::Font link_font{.face = u"Tahoma", .underlined = true};
+inline constexpr forms::Font link_font{.face = u"Tahoma", .underlined = true};
 
 // The order is the tab order, and what stands earlier lies above: the list reaches into the address.
-constexpr ControlRow controls[] = {
+inline constexpr ControlRow controls[] = {
     {.kind = ControlKind::link,
      .name = u"Contactname",
      .text = u"Contact Name",
@@ -70,17 +72,19 @@ constexpr ControlRow controls[] = {
     {.kind = ControlKind::image_list, .name = u"ImageList1", .pictures = forms::sort_marks},
 };
 
-constexpr forms::FormTable table{.name = u"ShowItems",
-                                 .caption = u"Tarnwell Search Panel",
-                                 .width = 7335,
-                                 .height = 8070,
-                                 .sizable = true,
-                                 .can_minimize = true,
-                                 .first_focus = u"SearchMe",
-                                 .controls = controls};
+inline constexpr forms::FormTable table{.name = u"ShowItems",
+                                        .caption = u"Tarnwell Search Panel",
+                                        .width = 7335,
+                                        .height = 8070,
+                                        .sizable = true,
+                                        .can_minimize = true,
+                                        .first_focus = u"SearchMe",
+                                        .controls = controls};
 
-}  // namespace
+static_assert(forms::is_sound(table));
 
-const forms::FormTable& panel_table() { return table; }
+}  // namespace panel
+
+inline constexpr const forms::FormTable& panel_table() { return panel::table; }
 
 }  // namespace addin::searchpanel
