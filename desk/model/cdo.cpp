@@ -67,12 +67,10 @@ void CdoFolder::property(std::int32_t tag, const Value& value) {
 }
 
 void CdoFolder::update() {
-    row();
-    for (const auto& [tag, value] : changed_) {
-        desk().changeable_folder_row(folder_).*property_of(tag).member = value;
-    }
+    FolderRow now = row();
+    for (const auto& [tag, value] : changed_) now.*property_of(tag).member = value;
+    desk().change_folder(now);
     changed_.clear();
-    desk().save_folder(folder_);
 }
 
 const host::Members<CdoFolder>& CdoFolder::members() {

@@ -88,7 +88,11 @@ const FolderRow* Desk::folder_row(RowId id) const {
     return found == folder_places_.end() ? nullptr : &folders_[found->second];
 }
 
-FolderRow& Desk::changeable_folder_row(RowId id) { return folders_.at(folder_places_.at(id)); }
+const FolderRow& Desk::existing_folder(RowId id) const {
+    const FolderRow* const row = folder_row(id);
+    if (!row) throw Failure(result::object_deleted, u"The folder has been deleted.");
+    return *row;
+}
 
 RowId Desk::root_of(RowId folder) const {
     RowId root = folder;
@@ -124,25 +128,32 @@ RowId Desk::add_folder(const FolderRow& row) {
     return id;
 }
 
-void Desk::save_folder(RowId id) {
-    store_->update_folder(*folder_row(id));
+void Desk::change_folder(const FolderRow& row) {
+    existing_folder(row.id);
+    store_->update_folder(row);
+    folders_[folder_places_[row.id]] = row;
     surroundings_.changed();
 }
 
 void Desk::remove_folder(RowId id) {
-    const RowId parent = folder_row(id)->parent;
+    const RowId parent = existing_folder(id).parent;
     store_->remove_folder(id);
     load_folders();
     std::erase_if(contents_, [&](const auto& entry) { return !folder_row(entry.first); });
     std::erase_if(departures_, [&](const auto& entry) { return !folder_row(entry.first); });
+    std::vector<std::shared_ptr<Item>> gone;
+    for (const auto& [item, object] : open_items_) {
+        std::shared_ptr<Item> open = object.lock();
+        if (open && !folder_row(open->folder())) gone.push_back(std::move(open));
+    }
+    for (const std::shared_ptr<Item>& item : gone) item->folder_is_gone();
     tell_folders(parent, u"FolderRemove", 0);
     surroundings_.changed();
 }
 
 const std::vector<RowId>& Desk::contents(RowId folder) {
-    const auto [entry, fresh] = contents_.try_emplace(folder);
-    if (fresh) entry->second = store_->items(folder);
-    return entry->second;
+    const auto known = contents_.find(folder);
+    return known != contents_.end() ? known->second : contents_[folder] = store_->items(folder);
 }
 
 std::int64_t Desk::departures(RowId folder) const {
@@ -170,6 +181,12 @@ std::shared_ptr<Item> Desk::open_item(RowId id) {
     }
     auto item = std::make_shared<Item>(*this, std::move(*row));
     remember_open(id, item);
+    return item;
+}
+
+std::shared_ptr<Item> Desk::existing_item(RowId id) {
+    std::shared_ptr<Item> item = open_item(id);
+    if (!item) throw Failure(result::object_deleted, u"The item has been moved or deleted.");
     return item;
 }
 

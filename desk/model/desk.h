@@ -95,13 +95,15 @@ class Desk {
     // folders
     const std::vector<FolderRow>& folder_rows() const { return folders_; }
     const FolderRow* folder_row(RowId id) const;
-    FolderRow& changeable_folder_row(RowId id);
-    RowId root_of(RowId folder) const;                ///< the root of the store that a folder lies in
-    host::Text store_uid(RowId folder) const;         ///< of the store that a folder lies in
+    const FolderRow& existing_folder(
+        RowId id) const;                       ///< throws `result::object_deleted` for one that is gone
+    RowId root_of(RowId folder) const;         ///< the root of the store that a folder lies in
+    host::Text store_uid(RowId folder) const;  ///< of the store that a folder lies in
     RowId default_folder(std::int32_t number) const;  ///< 0 if the profile has none
     std::vector<RowId> folders_below(RowId parent) const;
     RowId add_folder(const FolderRow& row);
-    void save_folder(RowId id);
+    /// Stores a folder's row, and only then is it the folder's.
+    void change_folder(const FolderRow& row);
     void remove_folder(RowId id);
     void refresh_folders();
 
@@ -113,7 +115,9 @@ class Desk {
     std::int64_t departures(RowId folder) const;
 
     /// The one object for an item while anybody holds it.
-    std::shared_ptr<Item> open_item(RowId item);
+    std::shared_ptr<Item> open_item(RowId item);  ///< null for one that is gone
+    std::shared_ptr<Item> existing_item(
+        RowId item);  ///< throws `result::object_deleted` for one that is gone
     void remember_open(RowId item, const std::shared_ptr<Item>& object);
     void forget_open(RowId item);
     /// How many items are remembered: those that are held, and at most as many more.

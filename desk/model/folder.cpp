@@ -27,7 +27,7 @@ namespace {
 void check_name(Desk& desk, RowId parent, const Text& name) {
     if (host::trimmed(name).empty()) throw Failure(result::invalid_argument, u"A folder needs a name.");
     for (const RowId sibling : desk.folders_below(parent)) {
-        if (host::same_ignoring_case(desk.folder_row(sibling)->name, name)) {
+        if (host::same_ignoring_case(desk.existing_folder(sibling).name, name)) {
             throw Failure(result::fail, u"A folder named \"" + name + u"\" already exists there.");
         }
     }
@@ -41,11 +41,7 @@ Folder& folder_of(const Value& value) {
     return *folder;
 }
 
-const FolderRow& Folder::row() const {
-    const FolderRow* const row = desk().folder_row(id_);
-    if (!row) throw Failure(result::object_deleted, u"The folder has been deleted.");
-    return *row;
-}
+const FolderRow& Folder::row() const { return desk().existing_folder(id_); }
 
 Object Folder::parent() const {
     const RowId above = row().parent;
@@ -55,7 +51,7 @@ Object Folder::parent() const {
 Text Folder::path() const {
     Text path;
     for (RowId id = id_; id != 0;) {
-        const FolderRow& row = *desk().folder_row(id);
+        const FolderRow& row = desk().existing_folder(id);
         path = u"\\" + row.name + path;
         id = row.parent;
     }
@@ -64,8 +60,9 @@ Text Folder::path() const {
 
 void Folder::rename(const Text& new_name) {
     if (!host::same_ignoring_case(row().name, new_name)) check_name(desk(), row().parent, new_name);
-    desk().changeable_folder_row(id_).name = new_name;
-    desk().save_folder(id_);
+    FolderRow renamed = row();
+    renamed.name = new_name;
+    desk().change_folder(renamed);
     desk().tell_folders(row().parent, u"FolderChange", id_);
 }
 
@@ -77,19 +74,20 @@ void Folder::remove() {
 }
 
 void Folder::move_to(RowId target) {
-    for (RowId above = target; above != 0; above = desk().folder_row(above)->parent) {
+    for (RowId above = target; above != 0; above = desk().existing_folder(above).parent) {
         if (above == id_) throw Failure(result::fail, u"A folder can't be moved into itself.");
     }
     check_name(desk(), target, row().name);
     const RowId former = row().parent;
-    desk().changeable_folder_row(id_).parent = target;
-    desk().save_folder(id_);
+    FolderRow moved = row();
+    moved.parent = target;
+    desk().change_folder(moved);
     desk().tell_folders(former, u"FolderRemove", 0);
     desk().tell_folders(target, u"FolderAdd", id_);
 }
 
 Object Folder::copy_to(RowId target) {
-    for (RowId above = target; above != 0; above = desk().folder_row(above)->parent) {
+    for (RowId above = target; above != 0; above = desk().existing_folder(above).parent) {
         if (above == id_) throw Failure(result::fail, u"A folder can't be copied into itself.");
     }
     check_name(desk(), target, row().name);
@@ -99,8 +97,9 @@ Object Folder::copy_to(RowId target) {
     const RowId twin_id = desk().add_folder(twin);
     const std::vector<RowId> own_items = desk().contents(id_);
     for (const RowId item : own_items) {
-        ItemData data = desk().open_item(item)->whole();
-        std::make_shared<Item>(desk(), twin_id, std::move(data))->save();
+        const std::shared_ptr<Item> original = desk().open_item(item);
+        if (!original) continue;  // it has left meanwhile
+        std::make_shared<Item>(desk(), twin_id, original->whole())->save();
     }
     for (const RowId below : desk().folders_below(id_)) Folder(desk(), below).copy_to(twin_id);
     return std::make_shared<Folder>(desk(), twin_id)->self();
@@ -140,9 +139,9 @@ const host::Members<Folder>& Folder::members() {
         {u"Description", 0x3004, Use::get_put,
          [](Folder& self, const Arguments& a) {
              if (a.is_put()) {
-                 self.row();
-                 self.desk().changeable_folder_row(self.id()).description = a.assigned().to_text();
-                 self.desk().save_folder(self.id());
+                 FolderRow described = self.row();
+                 described.description = a.assigned().to_text();
+                 self.desk().change_folder(described);
              }
              return Value(self.row().description);
          }},
@@ -199,9 +198,7 @@ Value FoldersCollection::invoke(host::Request& request) {
 }
 
 std::vector<RowId> FoldersCollection::ids() const {
-    if (parent_ != 0 && !desk().folder_row(parent_)) {
-        throw Failure(result::object_deleted, u"The folder has been deleted.");
-    }
+    if (parent_ != 0) desk().existing_folder(parent_);
     return desk().folders_below(parent_);
 }
 
@@ -210,7 +207,7 @@ Object FoldersCollection::at(const Value& index) const {
     if (index.is(Value::Type::text)) {
         const Text wanted = index.to_text();
         for (const RowId id : all) {
-            if (host::same_ignoring_case(desk().folder_row(id)->name, wanted)) {
+            if (host::same_ignoring_case(desk().existing_folder(id).name, wanted)) {
                 return std::make_shared<Folder>(desk(), id)->self();
             }
         }
@@ -235,7 +232,7 @@ Object FoldersCollection::add(const Text& folder_name, const Value& type) {
     FolderRow row;
     row.parent = parent_;
     row.name = folder_name;
-    row.item_type = desk().folder_row(parent_)->item_type;
+    row.item_type = desk().existing_folder(parent_).item_type;
     if (!type.is_missing()) {
         const std::int32_t number = type.to_integer();
         const auto found = std::ranges::find(types, number, &TypeRow::number);

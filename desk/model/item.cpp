@@ -177,22 +177,10 @@ void Item::save() {
     std::vector<Value> cancel{false};
     raise_with_answer(u"Write", cancel);
     if (cancel[0].to_boolean()) return;
+    check_there();  // who was asked may have moved or deleted it
 
-    const host::Date now = desk().surroundings().now();
-    complete_for_saving(data_);
-    data_.fields[u"LastModificationTime"] = now;
-    if (!data_.fields.contains(u"CreationTime")) data_.fields[u"CreationTime"] = now;
     const bool is_new = id_ == 0;
-    if (folder_ == 0) folder_ = desk().default_folder(kind().default_folder);
-    {
-        Store::Transaction transaction(desk().store());
-        if (is_new) {
-            id_ = desk().store().add_item(folder_, data_);
-        } else {
-            desk().store().update_item(id_, data_, attachments_changed_);
-        }
-        transaction.keep();
-    }
+    write();
     changed_ = false;
     attachments_changed_ = false;
     if (is_new) {
@@ -202,6 +190,29 @@ void Item::save() {
     } else {
         desk().tell_item_changed(folder_, shared_from_this());
     }
+}
+
+/// What is in the file is what the item holds from then on; where that fails it is as it was.
+void Item::write() {
+    ItemData saved = data_;
+    const host::Date now = desk().surroundings().now();
+    complete_for_saving(saved);
+    saved.fields[u"LastModificationTime"] = now;
+    if (!saved.fields.contains(u"CreationTime")) saved.fields[u"CreationTime"] = now;
+    const RowId folder = folder_ != 0 ? folder_ : desk().default_folder(kind().default_folder);
+    RowId id = id_;
+    {
+        Store::Transaction transaction(desk().store());
+        if (id == 0) {
+            id = desk().store().add_item(folder, saved);
+        } else {
+            desk().store().update_item(id, saved, attachments_changed_);
+        }
+        transaction.keep();
+    }
+    id_ = id;
+    folder_ = folder;
+    data_ = std::move(saved);
 }
 
 void Item::revert() {
@@ -275,9 +286,16 @@ void Item::leave_folder() {
     if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
 }
 
+void Item::folder_is_gone() {
+    gone_ = true;
+    desk().forget_open(id_);
+    if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
+}
+
 std::shared_ptr<Item> Item::move_to(RowId target) {
     check_there();
     if (id_ == 0) {
+        desk().existing_folder(target);
         folder_ = target;
         save();
         return shared_from_this();

@@ -73,6 +73,9 @@ class Item : public ModelObject<Item> {
     /// Forgets what was changed since the last save.
     void revert();
 
+    /// The item's folder was deleted, and the item with it.
+    void folder_is_gone();
+
     /// The inspector that shows the item, made if there is none.
     std::shared_ptr<Inspector> inspector();
     std::weak_ptr<Inspector> shown_by;
@@ -90,6 +93,7 @@ class Item : public ModelObject<Item> {
     void load_attachments();
     void set_people_line(host::TextView line, host::TextView names);
     void leave_folder();
+    void write();
 
     RowId id_ = 0;
     RowId folder_ = 0;

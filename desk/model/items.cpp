@@ -83,7 +83,7 @@ Value Items::invoke(host::Request& request) {
 }
 
 const std::vector<RowId>& Items::ids() {
-    if (!desk().folder_row(folder_)) throw Failure(result::object_deleted, u"The folder has been deleted.");
+    desk().existing_folder(folder_);
     if (!own_order_) return desk().contents(folder_);
     if (const std::int64_t left = desk().departures(folder_); departures_ != left) {
         departures_ = left;
@@ -108,18 +108,17 @@ Object Items::at(const Value& index) {
     if (wanted < 1 || static_cast<std::size_t>(wanted) > all.size()) {
         throw Failure(result::bad_index, u"Array index out of bounds.");
     }
-    return desk().open_item(all[static_cast<std::size_t>(wanted - 1)])->self();
+    return desk().existing_item(all[static_cast<std::size_t>(wanted - 1)])->self();
 }
 
 Object Items::add(const Value& type) {
-    const FolderRow* const row = desk().folder_row(folder_);
-    if (!row) throw Failure(result::object_deleted, u"The folder has been deleted.");
+    const FolderRow& row = desk().existing_folder(folder_);
     ItemData data;
     if (type.is_missing()) {
-        data.message_class = row->default_class;
+        data.message_class = row.default_class;
     } else if (type.is(Value::Type::text)) {
         data.message_class = type.to_text();
-        if (data.message_class.empty()) data.message_class = row->default_class;
+        if (data.message_class.empty()) data.message_class = row.default_class;
     } else {
         data.message_class = Text(kind_of_type(type.to_integer()).base_class);
     }
@@ -128,10 +127,9 @@ Object Items::add(const Value& type) {
 
 filter::Filter Items::read(const Text& text, bool for_find) const {
     desk().note_filter(text);
-    const FolderRow* const row = desk().folder_row(folder_);
-    if (!row) throw Failure(result::object_deleted, u"The folder has been deleted.");
+    const FolderRow& row = desk().existing_folder(folder_);
     const bool words = desk().options().instant_search && !for_find;
-    return filter::Filter::parse(text, FolderNames(*row),
+    return filter::Filter::parse(text, FolderNames(row),
                                  words ? filter::Words::indexed : filter::Words::refused);
 }
 
@@ -179,7 +177,8 @@ Object Items::find_next() {
 Object Items::next_match() {
     while (looked_at_ < found_.size()) {
         const RowId id = found_[looked_at_++];
-        if (matches(*search_, id)) return desk().open_item(id)->self();
+        if (!matches(*search_, id)) continue;
+        if (const std::shared_ptr<Item> item = desk().open_item(id)) return item->self();
     }
     return {};
 }
@@ -195,12 +194,12 @@ Object Items::step(std::int32_t to) {
     const std::vector<RowId>& all = ids();
     place = to;
     if (to < 1 || static_cast<std::size_t>(to) > all.size()) return {};
-    return desk().open_item(all[static_cast<std::size_t>(to - 1)])->self();
+    return desk().existing_item(all[static_cast<std::size_t>(to - 1)])->self();
 }
 
 void Items::sort(const Text& property, bool descending) {
     const Text field = bare_name(property);
-    const FolderNames names(*desk().folder_row(folder_));
+    const FolderNames names(desk().existing_folder(folder_));
     if (!names.knows(field)) {
         throw Failure(result::invalid_argument, u"The property \"" + field + u"\" is unknown.");
     }

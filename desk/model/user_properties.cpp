@@ -101,10 +101,10 @@ host::Object UserProperties::add(const Text& property_name, std::int32_t type, b
     }
     if (!property(property_name)) item_->change().user_properties.push_back({property_name, type, {}});
     if (to_folder_fields && item_->folder() != 0) {
-        FolderRow& folder = desk().changeable_folder_row(item_->folder());
+        FolderRow folder = desk().existing_folder(item_->folder());
         if (find_in(folder.fields, property_name) == folder.fields.end()) {
             folder.fields.push_back({property_name, type});
-            desk().save_folder(folder.id);
+            desk().change_folder(folder);
         }
     }
     return property(property_name);

@@ -1,5 +1,7 @@
 #include "desk/store/database.h"
 
+#include "desk/store/store.h"
+
 namespace desk {
 namespace {
 
@@ -24,11 +26,16 @@ void Database::run(const char* sql) {
     if (sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) fail();
 }
 
-void Database::fail() const { fail(host::from_utf8(sqlite3_errmsg(handle_.get()))); }
+void Database::fail() const {
+    constexpr int primary_code = 0xFF;
+    const bool busy = (sqlite3_errcode(handle_.get()) & primary_code) == SQLITE_BUSY;
+    fail(busy ? database_in_use : host::result::fail, host::from_utf8(sqlite3_errmsg(handle_.get())));
+}
 
-void Database::fail(host::TextView what) const {
-    throw host::Failure(host::result::fail,
-                        u"The database \"" + name_ + u"\" failed: " + host::Text(what) + u".");
+void Database::fail(host::TextView what) const { fail(host::result::fail, what); }
+
+void Database::fail(std::int32_t number, host::TextView what) const {
+    throw host::Failure(number, u"The database \"" + name_ + u"\" failed: " + host::Text(what) + u".");
 }
 
 Statement::Statement(Database& database, const char* sql) : database_(database) {

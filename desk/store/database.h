@@ -23,6 +23,7 @@ class Database {
     /// Throws the failure that SQLite reported last.
     [[noreturn]] void fail() const;
     [[noreturn]] void fail(host::TextView what) const;
+    [[noreturn]] void fail(std::int32_t number, host::TextView what) const;
 
     bool in_transaction() const { return sqlite3_get_autocommit(handle_.get()) == 0; }
     std::int64_t last_id() const { return sqlite3_last_insert_rowid(handle_.get()); }

@@ -10,6 +10,17 @@ std::unique_ptr<Store> Store::open(const std::filesystem::path& file) {
     return std::make_unique<SqliteStore>(file);
 }
 
+std::unique_ptr<Store> Store::open_when_free(const std::filesystem::path& file,
+                                             const std::function<bool()>& wait) {
+    for (;;) {
+        try {
+            return open(file);
+        } catch (const host::Failure& failure) {
+            if (failure.number() != database_in_use || !wait()) throw;
+        }
+    }
+}
+
 SqliteStore::SqliteStore(const std::filesystem::path& file) : database_(open_database(file)) {}
 
 SqliteStore::Step::Step(SqliteStore& store) : store_(store) {

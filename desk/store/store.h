@@ -4,11 +4,13 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "desk/store/item_data.h"
+#include "host/failure.h"
 
 namespace desk {
 
@@ -45,6 +47,10 @@ struct ItemRow {
 /// The fields, built-in or user properties, that `Store::lookup` finds without a scan.
 bool is_indexed(host::TextView field);
 
+/// The number of the failure to open a database that another process has open.
+inline constexpr std::int32_t database_in_use =
+    host::result::code(0x80070020);  // HRESULT of ERROR_SHARING_VIOLATION
+
 /// What is asked of a folder or an item that is not there finds nothing; what is to change it fails with
 /// `result::not_found`, and has changed nothing. A failure of the database itself is a `host::Failure` with
 /// its own message: a call that stands alone has then changed nothing, and a transaction around it can't be
@@ -52,9 +58,14 @@ bool is_indexed(host::TextView field);
 class Store {
   public:
     /// Opens a database, or makes a new one (":memory:" makes one that is never written). Throws
-    /// `host::Failure`, whose text names the file, if it is not one of ours, is in use by another process, or
-    /// can't be opened.
+    /// `host::Failure`, whose text names the file, if it is not one of ours, is in use by another process
+    /// (`database_in_use`), or can't be opened.
     static std::unique_ptr<Store> open(const std::filesystem::path& file);
+
+    /// The same, and tries again as long as another process has the file open and `wait`, which waits a
+    /// moment, answers true.
+    static std::unique_ptr<Store> open_when_free(const std::filesystem::path& file,
+                                                 const std::function<bool()>& wait);
     virtual ~Store() = default;
 
     virtual std::vector<FolderRow> folders() = 0;           ///< all of them, in the order of their making

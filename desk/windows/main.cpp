@@ -67,14 +67,11 @@ class Com {
 
 /// Opens the database. A desk that is just ending may hold it for a moment.
 std::unique_ptr<desk::Store> open_store(const Text& path) {
-    for (DWORD waited = 0;; waited += wait_step) {
-        try {
-            return desk::Store::open(std::filesystem::path(path));
-        } catch (const host::Failure&) {
-            if (waited >= longest_wait_for_database) throw;
-        }
+    const ULONGLONG last_moment = GetTickCount64() + longest_wait_for_database;
+    return desk::Store::open_when_free(std::filesystem::path(path), [last_moment] {
         Sleep(wait_step);
-    }
+        return GetTickCount64() < last_moment;
+    });
 }
 
 /// The class object while the desk takes callers.

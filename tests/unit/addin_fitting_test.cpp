@@ -22,8 +22,10 @@ TEST(Fitting, HidesABarUnlessTheCalendarsFormIsThatOfLinkedAppointments) {
         SCOPED_TRACE(acceptance::shown(default_class));
         NativeWorld world({});
         desk::Desk& model = world.model();
-        model.changeable_folder_row(model.default_folder(host::outlook::default_folder::calendar))
-            .default_class = default_class;
+        desk::FolderRow calendar =
+            model.existing_folder(model.default_folder(host::outlook::default_folder::calendar));
+        calendar.default_class = default_class;
+        model.change_folder(calendar);
         constexpr std::int32_t appointment_item = 1, top = 1;
         const Item appointment(world.application().call(u"CreateItem", {appointment_item}).to_object());
         const Object window = appointment.get(u"GetInspector").to_object();

@@ -149,6 +149,25 @@ TEST(StoreFiles, AFileInUseIsRefused) {
     first->add_folder(folder_named(u"still works"));
 }
 
+TEST(StoreFiles, AFileInUseIsWaitedForAndADamagedOneIsNot) {
+    TemporaryFolder files;
+    auto first = Store::open(files / "desk.db");
+    int waits = 0;
+    const auto opened = Store::open_when_free(files / "desk.db", [&] {
+        first.reset();
+        return ++waits < 2;
+    });
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(waits, 1);
+
+    EXPECT_THROW(Store::open_when_free(files / "desk.db", [] { return false; }), host::Failure);
+
+    write(files / "damaged.db", std::string(5000, 'x'));
+    waits = 0;
+    EXPECT_THROW(Store::open_when_free(files / "damaged.db", [&] { return ++waits < 3; }), host::Failure);
+    EXPECT_EQ(waits, 0) << "it will not be better later";
+}
+
 TEST(Statements, NoBytesAreNotNull) {
     desk::Database database(":memory:");
     desk::Statement statement(database, "SELECT ?1 IS NULL");

@@ -1,0 +1,105 @@
+// What can't be written changes nothing, and what has gone fails with the host's number.
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "tests/unit/model_support.h"
+
+namespace model_tests {
+namespace {
+
+/// No file can be written while this lives, as on a disk that is full.
+class FullDisk {
+  public:
+    FullDisk() : former_handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &former_);
+        const rlimit none{0, former_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &former_);
+        std::signal(SIGXFSZ, former_handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    rlimit former_{};
+    void (*former_handler_)(int);
+};
+
+class Losses : public ModelTest {
+  protected:
+    Folder add_folder(TextView name) const {
+        return Folder(inbox().Folders().call(u"Add", {Value(name)}).to_object());
+    }
+};
+
+TEST_F(Losses, AnItemThatCouldNotBeWrittenHasNoPlaceYet) {
+    const Item mail = inbox().Items().Add(u"IPM.Note");
+    mail.Subject(u"Lost?");
+    const Object loose = create(item_type::contact);
+    {
+        const FullDisk disk;
+        EXPECT_EQ(failure_of([&] { mail.Save(); }), result::fail);
+        EXPECT_EQ(failure_of([&] { loose.call(u"Save"); }), result::fail);
+    }
+    for (const Object& item : {Object(mail), loose}) {
+        EXPECT_EQ(text(item, u"EntryID"), u"");
+        EXPECT_FALSE(item.get(u"Saved").to_boolean());
+    }
+    EXPECT_EQ(inbox().Items().Count(), 0);
+    mail.Save();
+    EXPECT_EQ(subjects(inbox().Items()), std::vector<Text>{u"Lost?"});
+}
+
+TEST_F(Losses, AFolderThatCouldNotBeWrittenIsAsItWas) {
+    const Folder folder = add_folder(u"Old");
+    const Folder target = add_folder(u"Target");
+    const Item item = folder.Items().Add(u"IPM.Note");
+    item.Save();
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"name", [&] { folder.put(u"Name", u"New"); }},
+        {"description", [&] { folder.put(u"Description", u"New"); }},
+        {"place", [&] { folder.call(u"MoveTo", {Value(target)}); }},
+        {"fields",
+         [&] {
+             item.get(u"UserProperties").to_object().call(u"Add", {u"New field", 1, true});
+         }},
+    };
+    for (const auto& [what, change] : changes) {
+        const FullDisk disk;
+        EXPECT_EQ(failure_of(change), result::fail) << what;
+    }
+    EXPECT_EQ(folder.Name(), u"Old");
+    EXPECT_EQ(text(folder, u"Description"), u"");
+    EXPECT_EQ(Folder(folder.get(u"Parent").to_object()).Name(), inbox().Name());
+    EXPECT_NE(failure_of([&] { restricted(folder.Items(), u"[New field] = \"x\""); }), 0);
+}
+
+TEST_F(Losses, WhatWasInADeletedFolderIsGone) {
+    const Folder folder = add_folder(u"Gone"), other = add_folder(u"Other");
+    const Items items = folder.Items();
+    const Item item = items.Add(u"IPM.Note");
+    item.Save();
+    const Object properties = item.get(u"UserProperties").to_object();
+    folder.call(u"Delete");
+    const std::pair<const char*, std::function<void()>> uses[] = {
+        {"its path", [&] { text(folder, u"FolderPath"); }},
+        {"its name", [&] { folder.put(u"Name", u"New"); }},
+        {"its place", [&] { folder.call(u"MoveTo", {Value(other)}); }},
+        {"a folder moved there", [&] { other.call(u"MoveTo", {Value(folder)}); }},
+        {"a folder copied there", [&] { other.call(u"CopyTo", {Value(folder)}); }},
+        {"its end", [&] { folder.call(u"Delete"); }},
+        {"its items' order", [&] { items.call(u"Sort", {u"[Subject]"}); }},
+        {"an item", [&] { item.Subject(); }},
+        {"a new property",
+         [&] {
+             properties.call(u"Add", {u"New field", 1, true});
+         }},
+    };
+    for (const auto& [what, use] : uses) EXPECT_EQ(failure_of(use), result::object_deleted) << what;
+}
+
+}  // namespace
+}  // namespace model_tests
