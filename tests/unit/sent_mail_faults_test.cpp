@@ -7,9 +7,6 @@ namespace {
 
 using acceptance::add_contact;
 using acceptance::message;
-using host::Text;
-using host::TextView;
-using host::outlook::Item;
 using host::outlook::Items;
 using native::NativeWorld;
 
