@@ -152,7 +152,7 @@ void FormWindow::make_window() {
                                      nullptr, own_module(), nullptr);
     if (!handle()) throw Failure(host::result::fail, u"A window could not be made: " + Text(table_.name));
     SetWindowLongPtrW(handle(), FormClass::hold_place, reinterpret_cast<LONG_PTR>(hold.release()));
-    frame_->form = this;
+    frame_->form = this;  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the window has the hold
     SetWindowLongPtrW(handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     // The place may be on a screen of another resolution than the one that was asked.
     const int dots = surroundings_->screens.dots_per_inch_of(handle());
