@@ -14,8 +14,7 @@ namespace native {
 
 class NativeSurroundings final : public desk::Surroundings {
   public:
-    NativeSurroundings(Boundary& boundary, const Programs& programs, Strands& strands,
-                       const MemoryEngine& engine)
+    NativeSurroundings(Boundary& boundary, const Programs& programs, Strands& strands, MemoryEngine& engine)
         : boundary_(boundary), programs_(programs), strands_(strands), engine_(engine) {}
 
     /// What the model asks for and only the whole world can do.
@@ -60,13 +59,14 @@ class NativeSurroundings final : public desk::Surroundings {
     void connect_add_in(host::TextView prog_id, bool is_to_be) override { connect(prog_id, is_to_be); }
     void quit() override { quit_asked = true; }
     void changed() override {}
+    void came_up() override { engine_.activate_host(); }
     void remember_option(host::TextView name, host::TextView value) override { remember(name, value); }
 
   private:
     Boundary& boundary_;
     const Programs& programs_;
     Strands& strands_;
-    const MemoryEngine& engine_;
+    MemoryEngine& engine_;
     std::deque<std::function<void()>> posted_;
     int waiting_ = 0;  ///< the events whose handlers wait in modal windows
 };

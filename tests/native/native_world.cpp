@@ -61,7 +61,7 @@ struct NativeWorld::Host {
     NativeSurroundings surroundings;
     desk::Desk desk;
 
-    Host(Boundary& boundary, const Programs& programs, Strands& strands, const MemoryEngine& engine,
+    Host(Boundary& boundary, const Programs& programs, Strands& strands, MemoryEngine& engine,
          const std::filesystem::path& database, desk::Options options)
         : surroundings(boundary, programs, strands, engine),
           desk(surroundings, desk::Store::open(database), std::move(options)) {
