@@ -94,8 +94,9 @@ class Unloading : public acceptance::SideView {
         World& same = viewing();
         show_ann();
         same.option(u"EnableQuickView", u"0");
-        acceptance::add_record(same, u"Opportunities", u"IPM.Post.Opportunity", u"Row",
-                               acceptance::keys_of_ann);
+        acceptance::Fields properties = acceptance::keys_of_ann;
+        properties.insert(properties.end(), {{u"OppID", u"O-1"}, {u"Name", u"Row"}});
+        acceptance::add_record(same, u"Opportunities", u"IPM.Post.Opportunity", u"Row", properties);
         view().choose_folder(u"Opportunities");
         const Item mail = same.deliver(acceptance::message());
         World::read(mail);
