@@ -9,8 +9,6 @@ namespace acceptance {
 namespace {
 
 using host::Object;
-using host::Text;
-using host::TextView;
 using host::Value;
 using host::outlook::Item;
 

@@ -5,7 +5,6 @@
 namespace acceptance {
 namespace {
 
-using host::TextView;
 using host::outlook::Item;
 
 class QuickViewOption : public SideView {
