@@ -1,5 +1,4 @@
-// The rows of the Search Panel: what is asked for them, how many come of a folder, how they are sorted, and
-// which mails open together.
+// The rows of the Search Panel: what is asked for them, how they are sorted, and which mails open together.
 #include <algorithm>
 
 #include "tests/acceptance/note_dialog.h"
@@ -26,12 +25,6 @@ class PanelRows : public Acceptance {
     }
     SearchPanel& panel() { return *panel_; }
 
-    /// Searches for what bears the key of an account, in the second panel as it is open.
-    void begin_search(const Item& account) {
-        panel().open_second(account);
-        panel().choose(u"Accounts");
-    }
-
   private:
     std::unique_ptr<SearchPanel> panel_;
 };
@@ -53,31 +46,6 @@ TEST_F(PanelRows, AreAskedForInWordsByTheOptionAlone) {
         };
         EXPECT_EQ(std::ranges::any_of(filters, has_words), in_words);
     }
-}
-
-TEST_F(PanelRows, OfAFolderStopAtFiftyAndTheStatusSaysSo) {
-    World& same = made();
-    const Item account = add_full_account(same);
-    for (int i = 0; i < 60; ++i) add_note(same, u"A note", {{u"AccountID", u"A-100"}});
-    panel().open_second(Item());
-    begin_search(account);
-    ASSERT_TRUE(panel().ends());
-    const Lines moments = statuses(same);
-    const auto notes = std::ranges::find(moments, "Searching... Notes");
-    ASSERT_LT(notes - moments.begin() + 1, static_cast<std::ptrdiff_t>(moments.size()));
-
-    // what stands there after the folder stays to be read while another search waits for the user
-    same.desk().call(u"Meanwhile", {Value(host::from_utf8(*(notes + 1))), Value(panel().control(u"SearchMe")),
-                                    u"Select", 1});
-    begin_search(account);
-    const Picker picker(same, u"Accounts by id");
-    ASSERT_TRUE(picker.comes_up());
-    EXPECT_EQ(panel().text(u"StoreID"), "Found 60 items in folder Notes. Stopping at 50.");
-    picker.click(u"cmdCancel");
-    EXPECT_TRUE(picker.goes());
-    EXPECT_TRUE(panel().ends());
-    EXPECT_EQ(panel().count(), 1 + 51);
-    EXPECT_EQ(panel().text(u"StoreID"), "");
 }
 
 TEST_F(PanelRows, AreSortedByTheTextsOfTheirDates) {
