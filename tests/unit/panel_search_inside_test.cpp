@@ -133,16 +133,15 @@ TEST(PanelSearchInside, ReadsTheSenderThroughTheLastWrapperThatCouldBeMade) {
     }
     int made = 0;
     searching.world.boundary().before_call = [&](const std::string& member) {
-        constexpr int of_the_second = 3;  // the accounts' folder has its own
-        if (member != "create TarnwellOMG.SafeMailItem" || ++made != of_the_second) return;
+        constexpr int of_the_first = 2;  // the accounts' folder above them has its own
+        if (member != "create TarnwellOMG.SafeMailItem" || ++made <= of_the_first) return;
         throw host::Failure(host::result::fail, u"made to fail");
     };
-    SearchPanel panel(searching.world);
-    panel.open_second(Item());
-    searching.menu(u"ShowItemsMenu2", searching.account);
+    searching.menu(u"ShowItemsMenu", searching.account);
+    const SearchPanel panel(searching.world);
     EXPECT_TRUE(panel.ends());
     searching.world.boundary().before_call = nullptr;
-    EXPECT_EQ(made, 3);
+    EXPECT_GT(made, 2);
     const Lines creators = panel.column(3);
     EXPECT_EQ(std::ranges::count(creators, "Ann Lee"), 2);
 }
