@@ -373,7 +373,10 @@ void FormRows::follow_look(int former_dots_per_inch) {
     const int dots = form_.dots_per_inch();
     for (int column = 0; dots != former_dots_per_inch && column < columns(); ++column) {
         const auto pixels = static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
-        send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), MulDiv(pixels, dots, former_dots_per_inch));
+        const int designed = row_.columns[static_cast<std::size_t>(column)].width;
+        const bool as_designed = pixels == forms::to_pixels(designed, former_dots_per_inch);
+        send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column),
+             as_designed ? form_.to_pixels(designed) : MulDiv(pixels, dots, former_dots_per_inch));
     }
     if (HIMAGELIST images = form_.images(row_.image_list)) {
         SendMessageW(header_, HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images));
