@@ -3,7 +3,7 @@
 source "$(dirname -- "${BASH_SOURCE[0]}")/support.bash"
 
 reader=$PWD/build/native/bin/tarnwell-mail
-repeated() { perl -e 'print $ARGV[0] x $ARGV[1]' "$1" "$2"; }
+repeated() { perl -e 'print $ARGV[0] x $ARGV[1]' -- "$1" "$2"; }
 head='From: Ann <ann@one.example>\r\nSubject: x\r\n'
 parts='Content-Type: multipart/mixed; boundary=x\r\n\r\n--x\r\n'
 
@@ -11,7 +11,7 @@ parts='Content-Type: multipart/mixed; boundary=x\r\n\r\n--x\r\n'
 { printf '%b%b\r\n' "$head" "$parts" && repeated a 2000000 && printf '\r\n' &&
     repeated $'--x\r\nContent-ID: <i>\r\nContent-Type: image/png\r\n\r\nx\r\n' 5000 && printf -- '--x--\r\n'; } >"$work/pictures.eml"
 { printf '%b%b\r\n' "$head" "$parts" && repeated $'--x\r\n\r\n' 2900000 && printf -- '--x--\r\n'; } >"$work/parts.eml"
-{ printf '%bContent-Type: text/html\r\n\r\n' "$head" && repeated '<a href="http:x">&' 1100000; } >"$work/links.eml"
+{ printf '%bContent-Type: text/html\r\n\r\n' "$head" && repeated '<a href="http:x">&' 150000; } >"$work/links.eml"
 # what no look at the lines sees beforehand, and ends the parser
 { printf "%bContent-Type: multipart/mixed; boundary*=us-ascii''x\r\n\r\n--x\r\nContent-Type: message/rfc822\r\n\r\nTo: " "$head" &&
     repeated g: 200000 && printf '\r\n\r\nHi\r\n--x--\r\n'; } >"$work/hidden.eml"
