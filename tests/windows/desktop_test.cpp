@@ -99,9 +99,9 @@ class OwnClass : public DesktopTest {
         CLSID id{};
         wchar_t text[40]{};
         EXPECT_EQ(CLSIDFromProgID(L"Scripting.Dictionary", &id), S_OK);
-        StringFromGUID2(id, text, static_cast<int>(std::size(text)));
+        const int length = StringFromGUID2(id, text, static_cast<int>(std::size(text)));
         EXPECT_EQ(RegSetKeyValueW(HKEY_CLASSES_ROOT, L"Tarnwell.TestClass\\CLSID", nullptr, REG_SZ, text,
-                                  sizeof text),
+                                  static_cast<DWORD>(length * sizeof *text)),
                   ERROR_SUCCESS);
     }
     ~OwnClass() override { forget(); }
