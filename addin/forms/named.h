@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 
 #include "forms/form_table.h"
 
@@ -13,10 +14,11 @@ constexpr bool is_choice(ControlKind kind) {
 }
 constexpr bool is_any(ControlKind) { return true; }
 
-/// The row of a name, or null.
-constexpr const ControlRow* find_row(const FormTable& table, host::TextView name) {
+/// Where the row of a name stands, or the number of rows. A number, since a compiler that looks for undefined
+/// behaviour takes no comparison of addresses for a constant.
+constexpr std::size_t place_of(const FormTable& table, host::TextView name) {
     const auto found = std::ranges::find(table.controls, name, &ControlRow::name);
-    return found == table.controls.end() ? nullptr : &*found;
+    return static_cast<std::size_t>(found - table.controls.begin());
 }
 
 /// The name of a control of one table that has the right kind, as a constant: `Named<table>(u"Label1")`.
@@ -25,8 +27,9 @@ class Named {
   public:
     template <std::size_t size>
     consteval Named(const char16_t (&name)[size]) : name_(name) {  // NOLINT: a name is written as it stands
-        const ControlRow* const row = find_row(table, name_);
-        if (!row || !has_kind(row->kind)) throw "the table has no such control of that kind";
+        const std::size_t place = place_of(table, name_);
+        if (place == table.controls.size() || !has_kind(table.controls[place].kind))
+            throw "the table has no such control of that kind";
     }
 
     constexpr operator host::TextView() const { return name_; }  // NOLINT: the same
@@ -39,14 +42,15 @@ class Named {
 /// Whether all that a table says of its own controls is there: it names them only once, a frame before what
 /// stands in it.
 constexpr bool is_sound(const FormTable& table) {
-    const auto is_there = [&](host::TextView name) { return name.empty() || find_row(table, name); };
+    const std::size_t count = table.controls.size();
+    const auto is_there = [&](host::TextView name) { return name.empty() || place_of(table, name) < count; };
     if (!is_there(table.default_button) || !is_there(table.cancel_button) || !is_there(table.first_focus)) {
         return false;
     }
-    for (const ControlRow& row : table.controls) {
-        const ControlRow* const frame = row.frame.empty() ? nullptr : find_row(table, row.frame);
-        const bool in_place = row.frame.empty() || (frame && frame < &row);
-        if (find_row(table, row.name) != &row || !in_place || !is_there(row.image_list)) return false;
+    for (std::size_t place = 0; place < count; ++place) {
+        const ControlRow& row = table.controls[place];
+        const bool in_place = row.frame.empty() || place_of(table, row.frame) < place;
+        if (place_of(table, row.name) != place || !in_place || !is_there(row.image_list)) return false;
     }
     return true;
 }
