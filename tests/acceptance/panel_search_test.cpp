@@ -16,7 +16,7 @@ using host::Value;
 using host::outlook::Item;
 
 constexpr std::int32_t ok = 1, yes = 6, no = 7;
-constexpr std::int32_t escape = 27, shift = 16, arrow_down = 40;
+constexpr std::int32_t escape = 27, shift = 16, control_key = 17;
 
 /// The two hosts: an old one that knows only plain comparisons, and a later one with a word index.
 const WorldSetup old_host{.host_version = u"9.0.0.3821"};
@@ -378,7 +378,7 @@ TEST_F(SearchOfThePanel, TellsAtEachFurtherItemThatItWasCancelledAndGoesOn) {
     panel().open_second(account);
     constexpr int most = 60;
     for (int i = 0; i < most; ++i) answer(u"Search Cancelled!", ok);
-    for (const std::int32_t key : {escape, shift, arrow_down}) {  // the others take nothing back
+    for (const std::int32_t key : {escape, shift, control_key}) {  // the others take nothing back
         same.desk().call(u"Meanwhile", {u"Searching... Notes", Value(panel().window()), u"Key", key});
     }
     panel().choose(u"Accounts");
