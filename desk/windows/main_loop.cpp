@@ -12,7 +12,7 @@ constexpr UINT tick_time = 15, quit_delay = 60;  // milliseconds
 
 /// Runs what was set, and lets nothing out into the system's call.
 void run_guarded(const std::function<void()>& what,
-                 const std::source_location& where = std::source_location::current()) {
+                 windows::CodePlace where = windows::CodePlace::current()) {
     if (what) windows::contained(what, where);
 }
 

@@ -22,8 +22,7 @@ HRESULT report(const host::Failure& failure, EXCEPINFO* details, host::TextView 
 
 /// Runs an action and makes a result code of whatever it throws.
 template <class Action>
-HRESULT guarded(Action&& action,
-                const std::source_location& where = std::source_location::current()) noexcept {
+HRESULT guarded(Action&& action, CodePlace where = CodePlace::current()) noexcept {
     try {
         return action();
     } catch (const host::Failure& failure) {
@@ -36,7 +35,7 @@ HRESULT guarded(Action&& action,
 /// The same for a late-bound call.
 template <class Action>
 HRESULT guarded(EXCEPINFO* details, host::TextView source, Action&& action,
-                const std::source_location& where = std::source_location::current()) noexcept {
+                CodePlace where = CodePlace::current()) noexcept {
     try {
         return action();
     } catch (const host::Failure& failure) {
@@ -49,8 +48,7 @@ HRESULT guarded(EXCEPINFO* details, host::TextView source, Action&& action,
 /// Runs what a callback of the system leads to: nothing may travel into the system. A failure of the host's
 /// ends here without a word, as it ends a step.
 template <class Action>
-void contained(Action&& action,
-               const std::source_location& where = std::source_location::current()) noexcept {
+void contained(Action&& action, CodePlace where = CodePlace::current()) noexcept {
     try {
         action();
     } catch (const host::Failure&) {

@@ -8,16 +8,16 @@
 namespace windows {
 namespace {
 
-void tell(const std::source_location& where, const char* what) noexcept {
+void tell(CodePlace where, const char* what) noexcept {
     std::array<char, 1024> line{};
-    std::snprintf(line.data(), line.size(), "%s%s, line %u: %s\n", fault_beginning.data(),
-                  where.function_name(), static_cast<unsigned>(where.line()), what);
+    std::snprintf(line.data(), line.size(), "%s%s, line %u: %s\n", fault_beginning.data(), where.function,
+                  where.line, what);
     OutputDebugStringA(line.data());
 }
 
 }  // namespace
 
-HRESULT take_fault(const std::source_location& where) noexcept {
+HRESULT take_fault(CodePlace where) noexcept {
     try {
         throw;
     } catch (const std::bad_alloc& exception) {  // a size that went wrong, far more often than a full memory
