@@ -40,10 +40,11 @@ TEST_F(Faults, AreCountedWhereverTheyEnd) {
 }
 
 TEST_F(Faults, AreToldWithTheirPlace) {
+    const unsigned next_line = __LINE__ + 1;
     contained([] { throw std::logic_error("a mistake to be told"); });
     const std::string told = host::to_utf8(FaultWatch::told());
-    EXPECT_NE(told.find("AreToldWithTheirPlace"), std::string::npos) << told;
-    EXPECT_NE(told.find(": a mistake to be told"), std::string::npos) << told;
+    const std::string place = std::string(__func__) + ", line " + std::to_string(next_line);
+    EXPECT_NE(told.find(place + ": a mistake to be told"), std::string::npos) << told;
     expect_faults(1);
 }
 
