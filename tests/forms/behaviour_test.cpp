@@ -306,7 +306,7 @@ TEST_F(FormsTest, RowsAreSortedAsWordsAre) {
                                       u"Zoe",      u"Zo\u00EB",    u"Zoff"};
     std::vector<Text> mixed = sorted;
     std::ranges::reverse(mixed);
-    std::ranges::rotate(mixed, mixed.begin() + 5);
+    std::rotate(mixed.begin(), mixed.begin() + 5, mixed.end());
     list().sorted(true);
     for (const Text& word : mixed) list().add(word);
     std::vector<std::string> expected;
