@@ -11,11 +11,11 @@
 namespace family {
 namespace {
 
-using host::guid;
+using automation::guid;
 
 template <class T>
-host::Object make(std::shared_ptr<Surroundings> surroundings) {
-    return host::Object(std::make_shared<T>(std::move(surroundings)));
+automation::Object make(std::shared_ptr<Surroundings> surroundings) {
+    return automation::Object(std::make_shared<T>(std::move(surroundings)));
 }
 
 constexpr ClassEntry table[] = {
@@ -31,10 +31,11 @@ constexpr ClassEntry table[] = {
 
 std::span<const ClassEntry> classes() { return table; }
 
-host::Object create(host::TextView prog_id, std::shared_ptr<Surroundings> surroundings) {
-    const auto found = std::ranges::find_if(
-        table, [&](const ClassEntry& entry) { return host::same_ignoring_case(entry.prog_id, prog_id); });
-    return found == std::end(table) ? host::Object() : found->make(std::move(surroundings));
+automation::Object create(automation::TextView prog_id, std::shared_ptr<Surroundings> surroundings) {
+    const auto found = std::ranges::find_if(table, [&](const ClassEntry& entry) {
+        return automation::same_ignoring_case(entry.prog_id, prog_id);
+    });
+    return found == std::end(table) ? automation::Object() : found->make(std::move(surroundings));
 }
 
 }  // namespace family

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "records/names.h"
+#include "addin/records/names.h"
 
 namespace family {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using Folders = std::vector<Folder>;
 
@@ -79,7 +79,7 @@ Folder follow(const Folders& folders, TextView chain) {
     const std::size_t end = std::min(chain.find(u'\\'), chain.size());
     const TextView name = chain.substr(0, end);
     for (const Folder& folder : folders) {
-        if (!host::same_ignoring_case(name_of(folder), name)) continue;
+        if (!automation::same_ignoring_case(name_of(folder), name)) continue;
         if (end == chain.size()) return folder;
         if (Folder found = follow(children(folder), chain.substr(end + 1))) return found;
     }
@@ -87,7 +87,7 @@ Folder follow(const Folders& folders, TextView chain) {
 }
 
 bool is_of_list(const host::outlook::Item& record, TextView list) {
-    if (!host::same_ignoring_case(record.MessageClass(), names::message_class::drop_down)) return false;
+    if (!automation::same_ignoring_case(record.MessageClass(), names::message_class::drop_down)) return false;
     const host::outlook::UserProperty property = record.UserProperties().Find(names::property::record_type);
     return property && property.value().to_text() == list;
 }
@@ -135,7 +135,7 @@ Folder Database::search(TextView name) {
 Folder Database::folder_at(TextView path) {
     const std::size_t first = path.find_first_not_of(u'\\');
     if (first == TextView::npos)
-        throw Failure(host::result::invalid_argument, u"The path of a folder is empty");
+        throw Failure(automation::result::invalid_argument, u"The path of a folder is empty");
     const std::size_t last = path.find_last_not_of(u'\\');
     return follow(stores(), path.substr(first, last + 1 - first));
 }

@@ -1,17 +1,17 @@
 #include "family/list_picker.h"
 
+#include "addin/records/names.h"
 #include "family/database.h"
-#include "records/names.h"
 
 namespace family {
 
-using host::Arguments;
-using host::Failure;
-using host::no_id;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
+using automation::Arguments;
+using automation::Failure;
+using automation::no_id;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
 
 namespace {
 
@@ -71,13 +71,13 @@ void put_all(const Rows& rows, Put put) {
 }
 
 Value rows_first(const Rows& rows) {
-    host::Array table({0, size(rows) + 1}, {0, picker_column::count});
+    automation::Array table({0, size(rows) + 1}, {0, picker_column::count});
     put_all(rows, [&](std::int32_t row, std::int32_t column) -> Value& { return table.at(row, column); });
     return table;
 }
 
 Value columns_first(const Rows& rows) {
-    host::Array table({0, picker_column::count}, {0, size(rows)});
+    automation::Array table({0, picker_column::count}, {0, size(rows)});
     put_all(rows, [&](std::int32_t row, std::int32_t column) -> Value& { return table.at(column, row); });
     return table;
 }
@@ -102,7 +102,7 @@ void ListPicker::refresh_accounts() {
 }
 
 void ListPicker::show_dialog() {
-    if (shown_) throw Failure(host::result::fail, u"The picker is being shown already");
+    if (shown_) throw Failure(automation::result::fail, u"The picker is being shown already");
     forget();
     if (!filled_) refresh_accounts();
     choose(columns_first);
@@ -113,7 +113,7 @@ host::outlook::Folder ListPicker::folder() const {
     host::outlook::Folder accounts;
     if (id.empty() || place_.store_id.empty()) {
         accounts = Database(surroundings()).folder(addin::records::folder::account_profiles);
-        if (!accounts) throw Failure(host::result::not_found, u"There is no folder of accounts");
+        if (!accounts) throw Failure(automation::result::not_found, u"There is no folder of accounts");
         if (id.empty()) return accounts;
     }
     return host::outlook::Application(surroundings().application())
@@ -122,7 +122,7 @@ host::outlook::Folder ListPicker::folder() const {
 }
 
 void ListPicker::make_window(TextView title, Takes takes) {
-    if (shown_) throw Failure(host::result::fail, u"The picker is being shown already");
+    if (shown_) throw Failure(automation::result::fail, u"The picker is being shown already");
     window_.reset();
     engine_ = surroundings().engine();
     window_ = std::make_shared<ListPickerForm>(*engine_, takes);
@@ -147,7 +147,7 @@ void ListPicker::choose(Value (*table_of)(const Rows&)) {
 
 void ListPicker::forget() {
     cancelled_ = true;
-    chosen_ = host::Array(host::Array::Bounds{}, host::Array::Bounds{});
+    chosen_ = automation::Array(automation::Array::Bounds{}, automation::Array::Bounds{});
 }
 
 void ListPicker::let_go() {
@@ -157,8 +157,8 @@ void ListPicker::let_go() {
     shown_ = false;
 }
 
-const host::Members<ListPicker>& ListPicker::members() {
-    static const host::Members<ListPicker> table{
+const automation::Members<ListPicker>& ListPicker::members() {
+    static const automation::Members<ListPicker> table{
         {called::folder_id, no_id, Use::get_put, keep<called::folder_id, &Place::folder_id>},
         {called::account_folder_id, no_id, Use::get_put,
          keep<called::account_folder_id, &Place::account_folder_id>},
@@ -170,9 +170,9 @@ const host::Members<ListPicker>& ListPicker::members() {
         {called::search_any,
          no_id,
          Use::method,
-         {{u"Definition", host::Takes::text},
-          {u"Title", host::Takes::text},
-          {u"Single", host::Takes::value, true}},
+         {{u"Definition", automation::Takes::text},
+          {u"Title", automation::Takes::text},
+          {u"Single", automation::Takes::value, true}},
          run_search},
         {u"dialogcancel", no_id, Use::get,
          [](ListPicker& self, const Arguments&) -> Value { return self.cancelled(); }},

@@ -10,12 +10,12 @@
 
 namespace family {
 
-using addin::forms::Column;
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::FormTable;
-using addin::forms::List;
-using host::TextView;
+using automation::TextView;
+using forms::Column;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::FormTable;
+using forms::List;
 
 namespace {
 
@@ -44,7 +44,7 @@ constexpr ControlRow controls[] = {
      .accessible_name = u"Entries"},
     {.kind = ControlKind::button, .name = ok, .text = u"OK", .place = {8880, 600, 1395, 375}},
     {.kind = ControlKind::button, .name = cancel, .text = u"Cancel", .place = {8880, 1095, 1395, 375}},
-    {.kind = ControlKind::image_list, .name = marks, .pictures = addin::forms::sort_marks},
+    {.kind = ControlKind::image_list, .name = marks, .pictures = forms::sort_marks},
     // the window that takes one ends here
     {.kind = ControlKind::button,
      .name = add_one,
@@ -79,7 +79,7 @@ constexpr FormTable table_of(std::span<const ControlRow> shown, int height) {
 constexpr FormTable for_one =
     table_of(std::span(controls).first<std::size(controls) - controls_for_several>(), 4200);
 constexpr FormTable for_several = table_of(controls, 6150);
-static_assert(addin::forms::is_sound(for_one) && addin::forms::is_sound(for_several));
+static_assert(forms::is_sound(for_one) && forms::is_sound(for_several));
 
 void set_headings(List& list, const PickerRows& rows) {
     for (int column = 0; column < picker_column::shown; ++column) {
@@ -91,7 +91,7 @@ void set_headings(List& list, const PickerRows& rows) {
 
 const FormTable& list_picker_table(Takes takes) { return takes == Takes::one ? for_one : for_several; }
 
-ListPickerForm::ListPickerForm(addin::forms::Engine& engine, Takes takes)
+ListPickerForm::ListPickerForm(forms::Engine& engine, Takes takes)
     : Form(engine, list_picker_table(takes)), takes_(takes) {}
 
 List& ListPickerForm::list() { return control(items_list).list(); }
@@ -115,7 +115,7 @@ std::optional<std::vector<PickerRow>> ListPickerForm::choose() {
 
 void ListPickerForm::show_matches() {
     List& shown = list();
-    const host::Text text = control(search_text).text();
+    const automation::Text text = control(search_text).text();
     shown.clear();
     for (const PickerRow& row : rows_.rows) {
         if (holds(row, text)) shown.add(row);
@@ -132,7 +132,7 @@ void ListPickerForm::show_added() {
 
 const PickerRow* ListPickerForm::highlighted(List& list) const {
     if (list.selected() < 0) return nullptr;
-    const host::Text id = list.text(list.selected(), picker_column::entry_id);
+    const automation::Text id = list.text(list.selected(), picker_column::entry_id);
     const auto found = std::ranges::find_if(
         rows_.rows, [&](const PickerRow& row) { return row[picker_column::entry_id] == id; });
     return found == rows_.rows.end() ? nullptr : &*found;
@@ -181,7 +181,7 @@ void ListPickerForm::on_change(TextView name) {
 }
 
 void ListPickerForm::on_column_click(TextView name, int column) {
-    if (name == items_list) addin::forms::sort_by_column(list(), column, last_sort_column_);
+    if (name == items_list) forms::sort_by_column(list(), column, last_sort_column_);
 }
 
 }  // namespace family

@@ -11,11 +11,11 @@ namespace family {
 /// How many rows the window lets one take. One that takes several has a second list, of those taken so far.
 enum class Takes { one, several };
 
-const addin::forms::FormTable& list_picker_table(Takes takes);
+const forms::FormTable& list_picker_table(Takes takes);
 
-class ListPickerForm final : public addin::forms::Form {
+class ListPickerForm final : public forms::Form {
   public:
-    ListPickerForm(addin::forms::Engine& engine, Takes takes);
+    ListPickerForm(forms::Engine& engine, Takes takes);
 
     /// Replaces what is listed.
     void fill(PickerRows rows);
@@ -26,19 +26,19 @@ class ListPickerForm final : public addin::forms::Form {
 
   private:
     void on_close() override { hide(); }
-    void on_click(host::TextView control) override;
-    void on_double_click(host::TextView control) override;
-    void on_change(host::TextView control) override;
-    void on_column_click(host::TextView control, int column) override;
+    void on_click(automation::TextView control) override;
+    void on_double_click(automation::TextView control) override;
+    void on_change(automation::TextView control) override;
+    void on_column_click(automation::TextView control, int column) override;
 
     void take();
     void add();
     void remove();
     void show_matches();
     void show_added();
-    addin::forms::List& list();
+    forms::List& list();
     /// The highlighted row of a list; null if there is none.
-    const PickerRow* highlighted(addin::forms::List& list) const;
+    const PickerRow* highlighted(forms::List& list) const;
 
     Takes takes_;
     PickerRows rows_;

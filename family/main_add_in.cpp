@@ -1,19 +1,19 @@
 #include "family/main_add_in.h"
 
+#include "addin/records/names.h"
 #include "family/database.h"
 #include "family/new_id.h"
 #include "family/template_list.h"
-#include "records/names.h"
 
 namespace family {
 
-using host::Arguments;
-using host::no_id;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
+using automation::Arguments;
+using automation::no_id;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
 
 namespace {
 
@@ -40,8 +40,8 @@ constexpr TextView message_id = u"messageid";
 
 }  // namespace
 
-const host::Members<MainAddIn>& MainAddIn::members() {
-    static const host::Members<MainAddIn> table{
+const automation::Members<MainAddIn>& MainAddIn::members() {
+    static const automation::Members<MainAddIn> table{
         {u"GetFolderId",
          no_id,
          Use::method,
@@ -62,7 +62,7 @@ const host::Members<MainAddIn>& MainAddIn::members() {
          Use::method,
          {{u"ListName", Takes::text}},
          [](MainAddIn& self, const Arguments& arguments) -> Value {
-             return host::Array::of(Database(self.surroundings()).drop_downs(arguments[0].to_text()));
+             return automation::Array::of(Database(self.surroundings()).drop_downs(arguments[0].to_text()));
          }},
         {u"ReturnFolderFromPath",
          no_id,

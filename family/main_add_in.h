@@ -9,18 +9,18 @@ namespace family {
 /// shows, is recorded; the lists of templates are windows.
 class MainAddIn : public Sibling<MainAddIn> {
   public:
-    static constexpr host::TextView name = u"MainAddIn";
-    static const host::Members<MainAddIn>& members();
+    static constexpr automation::TextView name = u"MainAddIn";
+    static const automation::Members<MainAddIn>& members();
 
     using Sibling::Sibling;
 
     /// The database folder's entry id; empty if there is no folder of that name.
-    host::Text folder_id(host::TextView folder) const;
+    automation::Text folder_id(automation::TextView folder) const;
 
-    host::Text mail_id;  ///< of the mail that a template is wanted for
+    automation::Text mail_id;  ///< of the mail that a template is wanted for
 
     /// The database's store; empty if there is none.
-    host::Text store_id() const;
+    automation::Text store_id() const;
 };
 
 }  // namespace family

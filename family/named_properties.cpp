@@ -9,11 +9,11 @@
 
 namespace family {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
-using host::Value;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -24,7 +24,7 @@ constexpr std::uint32_t text_type = 0x001E;  // PT_STRING8
 
 /// A whole number in a notation; nothing if a sign of another kind stands in it, or no digit.
 std::optional<long long> digits(TextView text, int base) {
-    const std::string bytes = host::to_utf8(text);
+    const std::string bytes = automation::to_utf8(text);
     long long number = 0;
     const auto [end, error] = std::from_chars(bytes.data(), bytes.data() + bytes.size(), number, base);
     const bool whole = error == std::errc() && end == bytes.data() + bytes.size();
@@ -32,7 +32,7 @@ std::optional<long long> digits(TextView text, int base) {
 }
 
 std::optional<long long> read_number(TextView text) {
-    const Text spelling = host::upper(host::trimmed(text));
+    const Text spelling = automation::upper(automation::trimmed(text));
     const TextView view = spelling;
     const bool hexadecimal = view.starts_with(u"0X") || view.starts_with(u"&H");
     if (!hexadecimal) return digits(view, 10);
@@ -96,7 +96,7 @@ Tag read_tag(const Value& value) {
 }
 
 NamedProperty read_named_property(TextView set, const Value& id_or_name) {
-    NamedProperty property{.set = host::upper(host::trimmed(set))};
+    NamedProperty property{.set = automation::upper(automation::trimmed(set))};
     if (!is_guid(property.set))
         throw Failure(result::invalid_argument, u"This is not the id of a property set");
     if (id_or_name.is(Value::Type::text)) {

@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "host/value.h"
+#include "automation/value.h"
 
 namespace family {
 
@@ -19,18 +19,18 @@ inline constexpr std::uint32_t first_named_id = 0x8000;
 
 /// A tag from a number of any sign or from a text: "0x0C1F001E", "&H0C1F001E" or decimal digits. Throws
 /// `Failure(result::invalid_argument)` for anything else.
-Tag read_tag(const host::Value& value);
+Tag read_tag(const automation::Value& value);
 
 /// A named property: its set and its number or name there.
 struct NamedProperty {
-    host::Text set;  ///< "{00062004-0000-0000-C000-000000000046}", in upper case
-    std::variant<std::uint32_t, host::Text> id;
+    automation::Text set;  ///< "{00062004-0000-0000-C000-000000000046}", in upper case
+    std::variant<std::uint32_t, automation::Text> id;
     friend auto operator<=>(const NamedProperty&, const NamedProperty&) = default;
 };
 
 /// A named property by a set and a number or a text; a number of 16 bits may come with its sign. Throws
 /// `Failure(result::invalid_argument)` if the set is no such id or the name is empty.
-NamedProperty read_named_property(host::TextView set, const host::Value& id_or_name);
+NamedProperty read_named_property(automation::TextView set, const automation::Value& id_or_name);
 
 /// The tags given out for named properties.
 class NamedProperties {
@@ -41,7 +41,7 @@ class NamedProperties {
 
     /// The schema address of a tag. Throws `Failure(result::not_found)` for a named property that was not
     /// given out.
-    host::Text address(Tag tag) const;
+    automation::Text address(Tag tag) const;
 
   private:
     std::vector<NamedProperty> given_;             ///< the place of each tells its tag

@@ -7,11 +7,11 @@
 
 namespace family {
 
-host::Text new_id(Surroundings& surroundings) {
+automation::Text new_id(Surroundings& surroundings) {
     const auto time = std::chrono::system_clock::now().time_since_epoch();
     std::array<std::uint8_t, 16> random{};
     surroundings.random_bytes(random);
-    host::Text id;
+    automation::Text id;
     append_hexadecimal(id, static_cast<std::uint64_t>(std::chrono::nanoseconds(time).count()), 16);
     for (const std::uint8_t byte : random) append_hexadecimal(id, byte, 2);
     return id;

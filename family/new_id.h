@@ -7,6 +7,6 @@ namespace family {
 
 /// A new id: 16 hexadecimal digits of the time and 32 of random bits, so that no two are the same, whichever
 /// process or machine made them.
-host::Text new_id(Surroundings& surroundings);
+automation::Text new_id(Surroundings& surroundings);
 
 }  // namespace family

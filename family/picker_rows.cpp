@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <iterator>
 
-#include "records/names.h"
+#include "addin/records/names.h"
 
 namespace family {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -62,7 +62,7 @@ const Layout& layout_of(const Folder& folder) {
     static constexpr const Layout* layouts[] = {&accounts, &contacts, &leads};
     const Text message_class = folder.DefaultMessageClass();
     const auto found = std::ranges::find_if(layouts, [&](const Layout* layout) {
-        return host::same_ignoring_case(layout->message_class, message_class);
+        return automation::same_ignoring_case(layout->message_class, message_class);
     });
     return found == std::end(layouts) ? others : **found;
 }
@@ -72,7 +72,7 @@ template <class Question>
 Text asked(Question question) {
     try {
         return question().to_text();
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         return {};
     }
 }
@@ -89,7 +89,7 @@ PickerRow row_of(const Item& item, const Layout& layout) {
             source.is_member ? asked([&] { return item.get(source.name); }) : property_of(item, source.name);
     }
     row[picker_column::record_id] = property_of(item, layout.record_id);
-    row[picker_column::entry_id] = asked([&] { return host::Value(item.EntryID()); });
+    row[picker_column::entry_id] = asked([&] { return automation::Value(item.EntryID()); });
     return row;
 }
 
@@ -109,9 +109,9 @@ PickerRows read_picker_rows(const Folder& folder) {
 }
 
 bool holds(const PickerRow& row, TextView text) {
-    const Text wanted = host::upper(text);
+    const Text wanted = automation::upper(text);
     return std::any_of(row.begin(), row.begin() + picker_column::shown,
-                       [&](const Text& cell) { return host::upper(cell).find(wanted) != Text::npos; });
+                       [&](const Text& cell) { return automation::upper(cell).find(wanted) != Text::npos; });
 }
 
 }  // namespace family

@@ -4,8 +4,8 @@
 #include <array>
 #include <vector>
 
+#include "addin/host/outlook.h"
 #include "family/surroundings.h"
-#include "host/outlook.h"
 
 namespace family {
 
@@ -17,10 +17,10 @@ inline constexpr int entry_id = 7;
 inline constexpr int count = 8;
 }  // namespace picker_column
 
-using PickerRow = std::array<host::Text, picker_column::count>;
+using PickerRow = std::array<automation::Text, picker_column::count>;
 
 struct PickerRows {
-    std::array<host::TextView, picker_column::shown> headings;
+    std::array<automation::TextView, picker_column::shown> headings;
     std::vector<PickerRow> rows;
 };
 
@@ -30,6 +30,6 @@ struct PickerRows {
 PickerRows read_picker_rows(const host::outlook::Folder& folder);
 
 /// Whether one of the shown columns holds the text, in any case. The empty text is in every row.
-bool holds(const PickerRow& row, host::TextView text);
+bool holds(const PickerRow& row, automation::TextView text);
 
 }  // namespace family

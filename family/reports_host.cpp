@@ -2,10 +2,10 @@
 
 namespace family {
 
-const host::Members<ReportsHost>& ReportsHost::members() {
-    static const host::Members<ReportsHost> table{
-        {u"Initiate", host::no_id, host::Use::method,
-         [](ReportsHost& self, const host::Arguments&) -> host::Value {
+const automation::Members<ReportsHost>& ReportsHost::members() {
+    static const automation::Members<ReportsHost> table{
+        {u"Initiate", automation::no_id, automation::Use::method,
+         [](ReportsHost& self, const automation::Arguments&) -> automation::Value {
              self.record_call(u"Initiate");
              return {};
          }},

@@ -8,8 +8,8 @@ namespace family {
 /// `Initiate` is recorded.
 class ReportsHost : public Sibling<ReportsHost> {
   public:
-    static constexpr host::TextView name = u"ReportsHost";
-    static const host::Members<ReportsHost>& members();
+    static constexpr automation::TextView name = u"ReportsHost";
+    static const automation::Members<ReportsHost>& members();
 
     using Sibling::Sibling;
 };

@@ -7,16 +7,16 @@ namespace family {
 
 class SafeContactItem : public Wrapper<SafeContactItem> {
   public:
-    static constexpr host::TextView name = u"SafeContactItem";
-    static const host::Members<SafeContactItem>& members();
+    static constexpr automation::TextView name = u"SafeContactItem";
+    static const automation::Members<SafeContactItem>& members();
 
     using Wrapper::Wrapper;
 };
 
 class SafePostItem : public Wrapper<SafePostItem> {
   public:
-    static constexpr host::TextView name = u"SafePostItem";
-    static const host::Members<SafePostItem>& members();
+    static constexpr automation::TextView name = u"SafePostItem";
+    static const automation::Members<SafePostItem>& members();
 
     using Wrapper::Wrapper;
 };

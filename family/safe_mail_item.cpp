@@ -2,11 +2,11 @@
 
 namespace family {
 
-using host::Arguments;
-using host::Use;
+using automation::Arguments;
+using automation::Use;
 
-const host::Members<SafeMailItem>& SafeMailItem::members() {
-    static const host::Members<SafeMailItem> table{
+const automation::Members<SafeMailItem>& SafeMailItem::members() {
+    static const automation::Members<SafeMailItem> table{
         item_row<SafeMailItem>(1),
         fields_row<SafeMailItem>(2),
         named_row<SafeMailItem>(3),
@@ -26,13 +26,13 @@ const host::Members<SafeMailItem>& SafeMailItem::members() {
     return table;
 }
 
-const host::Members<SafeAddressEntry>& SafeAddressEntry::members() {
-    static const host::Members<SafeAddressEntry> table{fields_row<SafeAddressEntry>(1)};
+const automation::Members<SafeAddressEntry>& SafeAddressEntry::members() {
+    static const automation::Members<SafeAddressEntry> table{fields_row<SafeAddressEntry>(1)};
     return table;
 }
 
-const host::Members<SafeRecipient>& SafeRecipient::members() {
-    static const host::Members<SafeRecipient> table{
+const automation::Members<SafeRecipient>& SafeRecipient::members() {
+    static const automation::Members<SafeRecipient> table{
         fields_row<SafeRecipient>(1),
         {u"AddressEntry", own_id(2), Use::get,
          [](SafeRecipient& self, const Arguments&) {
@@ -42,19 +42,19 @@ const host::Members<SafeRecipient>& SafeRecipient::members() {
     return table;
 }
 
-const host::Members<SafeRecipients>& SafeRecipients::members() {
-    static const host::Members<SafeRecipients> table{
+const automation::Members<SafeRecipients>& SafeRecipients::members() {
+    static const automation::Members<SafeRecipients> table{
         {u"Item",
-         host::default_member,
+         automation::default_member,
          Use::method,
-         {host::Parameter{u"Index"}},
+         {automation::Parameter{u"Index"}},
          [](SafeRecipients& self, const Arguments& arguments) {
              return self.wrapped<SafeRecipient>(self.inner().call(u"Item", {arguments[0]}));
          }},
         {u"Add",
          own_id(1),
          Use::method,
-         {host::Parameter{u"Name"}},
+         {automation::Parameter{u"Name"}},
          [](SafeRecipients& self, const Arguments& arguments) {
              return self.wrapped<SafeRecipient>(self.inner().call(u"Add", {arguments[0]}));
          }},

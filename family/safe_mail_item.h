@@ -7,8 +7,8 @@ namespace family {
 
 class SafeMailItem : public Wrapper<SafeMailItem> {
   public:
-    static constexpr host::TextView name = u"SafeMailItem";
-    static const host::Members<SafeMailItem>& members();
+    static constexpr automation::TextView name = u"SafeMailItem";
+    static const automation::Members<SafeMailItem>& members();
 
     using Wrapper::Wrapper;
 };
@@ -16,16 +16,16 @@ class SafeMailItem : public Wrapper<SafeMailItem> {
 /// An address entry with its MAPI properties: a sender, or a recipient's.
 class SafeAddressEntry : public Wrapper<SafeAddressEntry> {
   public:
-    static constexpr host::TextView name = u"SafeAddressEntry";
-    static const host::Members<SafeAddressEntry>& members();
+    static constexpr automation::TextView name = u"SafeAddressEntry";
+    static const automation::Members<SafeAddressEntry>& members();
 
     using Wrapper::Wrapper;
 };
 
 class SafeRecipient : public Wrapper<SafeRecipient> {
   public:
-    static constexpr host::TextView name = u"SafeRecipient";
-    static const host::Members<SafeRecipient>& members();
+    static constexpr automation::TextView name = u"SafeRecipient";
+    static const automation::Members<SafeRecipient>& members();
 
     using Wrapper::Wrapper;
 };
@@ -33,8 +33,8 @@ class SafeRecipient : public Wrapper<SafeRecipient> {
 /// The recipients of a mail, counted from 1.
 class SafeRecipients : public Wrapper<SafeRecipients> {
   public:
-    static constexpr host::TextView name = u"SafeRecipients";
-    static const host::Members<SafeRecipients>& members();
+    static constexpr automation::TextView name = u"SafeRecipients";
+    static const automation::Members<SafeRecipients>& members();
 
     using Wrapper::Wrapper;
 };

@@ -7,8 +7,8 @@
 
 namespace family {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 void Surroundings::random_bytes(std::span<std::uint8_t> bytes) {
     std::random_device source;
@@ -32,9 +32,9 @@ void Surroundings::check(TextView object, TextView member) {
     const Text full = Text(object) + u"." + Text(member);
     for (TextView rest = list; !rest.empty();) {
         const std::size_t end = std::min(rest.find(u';'), rest.size());
-        const Text listed = host::trimmed(rest.substr(0, end));
-        if (host::same_ignoring_case(listed, member) || host::same_ignoring_case(listed, full)) {
-            throw host::Failure(host::result::fail, full + u" is among the members that fail");
+        const Text listed = automation::trimmed(rest.substr(0, end));
+        if (automation::same_ignoring_case(listed, member) || automation::same_ignoring_case(listed, full)) {
+            throw automation::Failure(automation::result::fail, full + u" is among the members that fail");
         }
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }

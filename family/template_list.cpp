@@ -7,14 +7,14 @@
 
 namespace family {
 
-using addin::forms::Column;
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::FormTable;
-using addin::forms::List;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
+using forms::Column;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::FormTable;
+using forms::List;
 
 namespace {
 
@@ -39,11 +39,11 @@ constexpr FormTable table{.name = u"TemplateList",
                           .cancel_button = close_button,
                           .first_focus = templates,
                           .controls = controls};
-static_assert(addin::forms::is_sound(table));
+static_assert(forms::is_sound(table));
 
 }  // namespace
 
-TemplateList::TemplateList(addin::forms::Engine& engine, Surroundings& surroundings, Text kind)
+TemplateList::TemplateList(forms::Engine& engine, Surroundings& surroundings, Text kind)
     : Form(engine, table), surroundings_(surroundings), kind_(std::move(kind)) {}
 
 void TemplateList::show_with_title(TextView title) {
@@ -56,13 +56,13 @@ void TemplateList::fill() {
     std::vector<host::outlook::Item> records;
     try {
         records = Database(surroundings_).drop_down_records(kind_);
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         // without a database there is nothing to list
     }
     List& list = control(templates).list();
     list.clear();
     for (const host::outlook::Item& record : records) {
-        const std::array<host::Text, 2> cells{record.Subject(), record.EntryID()};
+        const std::array<automation::Text, 2> cells{record.Subject(), record.EntryID()};
         list.add(cells);
     }
     if (list.count() > 0) list.select(0);

@@ -2,13 +2,13 @@
 
 namespace family {
 
-using host::Object;
-using host::Value;
+using automation::Object;
+using automation::Value;
 
 namespace {
 
 /// The host's objects that are asked for properties share the dispatch ids of these members.
-constexpr host::Kind owner_kind{"owner of properties"}, accessor_kind{"PropertyAccessor"};
+constexpr automation::Kind owner_kind{"owner of properties"}, accessor_kind{"PropertyAccessor"};
 
 Object accessor(const Object& owner) {
     const Object asked(owner.target(), &owner_kind);
@@ -32,12 +32,12 @@ Value as_text(const Value& value, Surroundings& surroundings) {
 }  // namespace
 
 Value read_field(const Object& owner, Surroundings& surroundings, const Value& tag) {
-    const host::Text address = surroundings.memory().named_properties.address(read_tag(tag));
+    const automation::Text address = surroundings.memory().named_properties.address(read_tag(tag));
     const Object properties = accessor(owner);
     try {
         return as_text(properties.call(u"GetProperty", {address}), surroundings);
-    } catch (const host::Failure& failure) {
-        if (failure.number() != host::result::not_found) throw;
+    } catch (const automation::Failure& failure) {
+        if (failure.number() != automation::result::not_found) throw;
         return {};
     }
 }

@@ -11,23 +11,25 @@ using desk::filter::Equality;
 using desk::filter::Filter;
 
 struct AnyName : desk::filter::Names {
-    bool knows(host::TextView field) const override { return field != u"Unknown"; }
+    bool knows(automation::TextView field) const override { return field != u"Unknown"; }
 };
 
 /// An item whose fields all hold the same value.
 struct Same : desk::filter::Record {
-    explicit Same(host::Value all) : value(std::move(all)) {}
-    host::Value value;
-    std::optional<host::Value> field(host::TextView) const override { return value; }
-    std::optional<host::Value> property(host::TextView) const override { return value; }
+    explicit Same(automation::Value all) : value(std::move(all)) {}
+    automation::Value value;
+    std::optional<automation::Value> field(automation::TextView) const override { return value; }
+    std::optional<automation::Value> property(automation::TextView) const override { return value; }
 };
 
-void try_record(const Filter& filter, const host::Value& value) {
+void try_record(const Filter& filter, const automation::Value& value) {
     const bool matches = filter.matches(Same(value));
     const auto candidates = filter.candidates();
-    if (!matches || !candidates || !value.is(host::Value::Type::text)) return;
-    const host::Text text = value.to_text();
-    auto holds = [&](const Equality& equality) { return host::same_ignoring_case(equality.value, text); };
+    if (!matches || !candidates || !value.is(automation::Value::Type::text)) return;
+    const automation::Text text = value.to_text();
+    auto holds = [&](const Equality& equality) {
+        return automation::same_ignoring_case(equality.value, text);
+    };
     fuzz::require(std::ranges::any_of(*candidates, holds), "an item matches that is no candidate");
 }
 
@@ -47,15 +49,17 @@ std::vector<std::string> fuzz::seeds() {
 
 bool fuzz::try_input(std::string_view input) {
     try {
-        const Filter filter = Filter::parse(host::from_utf8(input), AnyName(), desk::filter::Words::indexed);
-        for (const host::Value& value :
-             {host::Value(), host::Value(u"x"), host::Value(u"Ann"), host::Value(true), host::Value(5),
-              host::Value(1.5), host::Value(host::Date{46084.4})}) {
+        const Filter filter =
+            Filter::parse(automation::from_utf8(input), AnyName(), desk::filter::Words::indexed);
+        for (const automation::Value& value :
+             {automation::Value(), automation::Value(u"x"), automation::Value(u"Ann"),
+              automation::Value(true), automation::Value(5), automation::Value(1.5),
+              automation::Value(automation::Date{46084.4})}) {
             try_record(filter, value);
         }
         return true;
-    } catch (const host::Failure& failure) {
-        require(failure.number() == host::result::invalid_argument,
+    } catch (const automation::Failure& failure) {
+        require(failure.number() == automation::result::invalid_argument,
                 "a filter is refused with another number");
         return false;
     }

@@ -5,20 +5,21 @@
 namespace {
 
 desk::ItemData item_with_everything() {
-    host::Array grid({1, 2}, {0, 2});
-    grid.at(2, 1) = host::Value(u"corner");
+    automation::Array grid({1, 2}, {0, 2});
+    grid.at(2, 1) = automation::Value(u"corner");
     desk::ItemData item;
     item.message_class = u"IPM.Note";
-    item.fields = {{u"Subject", u"a subject"},
-                   {u"Wide", u"\u0416\u4E2D"},
-                   {u"UnRead", true},
-                   {u"Size", 512},
-                   {u"Amount", 1.5},
-                   {u"CreationTime", host::Date{46084.4}},
-                   {u"None", host::Null{}},
-                   {u"Grid", std::move(grid)},
-                   {u"List", host::Array::of({host::Value(u"x"), 5, host::Array::of({true})})}};
-    item.user_properties = {{u"Account Name", 1, u"Acme"}, {u"Never set", 5, host::Value()}};
+    item.fields = {
+        {u"Subject", u"a subject"},
+        {u"Wide", u"\u0416\u4E2D"},
+        {u"UnRead", true},
+        {u"Size", 512},
+        {u"Amount", 1.5},
+        {u"CreationTime", automation::Date{46084.4}},
+        {u"None", automation::Null{}},
+        {u"Grid", std::move(grid)},
+        {u"List", automation::Array::of({automation::Value(u"x"), 5, automation::Array::of({true})})}};
+    item.user_properties = {{u"Account Name", 1, u"Acme"}, {u"Never set", 5, automation::Value()}};
     item.recipients = {{u"Ann", u"/o=Example/cn=ann", u"EX", u"ann@one.example", 2, false}};
     return item;
 }
@@ -37,7 +38,7 @@ bool fuzz::try_input(std::string_view input) {
     desk::ItemData item;
     try {
         item = desk::read_item(input);
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         return false;
     }
     const std::string written = desk::write_item(item);

@@ -5,7 +5,7 @@
 #include <iterator>
 
 #include "desk/mail/message.h"
-#include "desk/tools/mail_reader.h"
+#include "desk/tools/mail/mail_reader.h"
 #include "fuzz/harness.h"
 #include "fuzz/hostile_mails.h"
 
@@ -52,7 +52,7 @@ bool fuzz::try_input(std::string_view input) {
     desk::ItemData item;
     try {
         item = desk::mail::read_message(input);
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         require(std::string_view(failure.what()).ends_with('.'), "a mail is refused without a sentence");
         return false;
     }

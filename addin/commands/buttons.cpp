@@ -1,4 +1,4 @@
-#include "commands/buttons.h"
+#include "addin/commands/buttons.h"
 
 #include <algorithm>
 
@@ -36,7 +36,7 @@ std::shared_ptr<NoteDialog> new_dialog(Connect& connect) {
 
 std::span<const ButtonRow> buttons() { return button_rows; }
 
-const ButtonRow& button(host::Sink Connect::*member) {
+const ButtonRow& button(automation::Sink Connect::*member) {
     return *std::ranges::find(button_rows, member, &ButtonRow::member);
 }
 

@@ -3,15 +3,15 @@
 
 #include <span>
 
-#include "core/connect.h"
+#include "addin/connect/connect.h"
 
 namespace addin::commands {
 
 /// Names of the bars.
-inline constexpr host::TextView convert_appointment_bar = u"Convert Appointment";
-inline constexpr host::TextView create_note_bar = u"TarnwellCreateNote";
-inline constexpr host::TextView contact_templates_bar = u"Contact Templates";
-inline constexpr host::TextView menu_bar = u"Menu Bar";  ///< the host's own
+inline constexpr automation::TextView convert_appointment_bar = u"Convert Appointment";
+inline constexpr automation::TextView create_note_bar = u"TarnwellCreateNote";
+inline constexpr automation::TextView contact_templates_bar = u"Contact Templates";
+inline constexpr automation::TextView menu_bar = u"Menu Bar";  ///< the host's own
 
 /// What a click does; an empty `Command` work does nothing.
 using Click = void (*)(Connect& connect);
@@ -20,16 +20,16 @@ using Click = void (*)(Connect& connect);
 /// "ApptButton2" is never found, so each window gets a fresh one, and the one for "OpenContactButton" finds
 /// the button of a mail.
 struct ButtonRow {
-    host::Sink Connect::*member;  ///< holds the button and its click
-    host::TextView sought;        ///< the tag that it is looked up by
-    host::TextView tag;
-    host::TextView caption;
+    automation::Sink Connect::*member;  ///< holds the button and its click
+    automation::TextView sought;        ///< the tag that it is looked up by
+    automation::TextView tag;
+    automation::TextView caption;
     std::int32_t face;
     Click click;
 };
 
 std::span<const ButtonRow> buttons();
-const ButtonRow& button(host::Sink Connect::*member);
+const ButtonRow& button(automation::Sink Connect::*member);
 
 /// Opens a new Create Note dialog and waits until it is done. A failure travels to the caller.
 void show_note_dialog(Connect& connect, bool from_explorer);

@@ -1,8 +1,8 @@
-#include "commands/context_menu.h"
+#include "addin/commands/context_menu.h"
 
-#include "commands/buttons.h"
-#include "commands/sticky_notes.h"
-#include "records/names.h"
+#include "addin/commands/buttons.h"
+#include "addin/commands/sticky_notes.h"
+#include "addin/records/names.h"
 
 namespace addin::commands {
 
@@ -15,7 +15,7 @@ constexpr std::int32_t entry_priority = 1;
 constexpr char16_t version_without_entries = u'9';
 
 /// An entry's tag is its caption, too. `Visible` is written twice.
-void write_entry(Steps& steps, const CommandBarControl& entry, host::TextView tag) {
+void write_entry(Steps& steps, const CommandBarControl& entry, automation::TextView tag) {
     steps.run([&] { entry.Tag(tag); });
     steps.run([&] { entry.Caption(tag); });
     steps.run([&] { entry.Priority(entry_priority); });
@@ -86,11 +86,11 @@ void ContextButton_Click(Connect& connect) {
     host::outlook::Application application;
     steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
     const std::shared_ptr<QuickViewWindow> quick_view = session.QuickView.window();
-    host::Text account_id;
+    automation::Text account_id;
     if (quick_view) steps.set(account_id, [&] { return quick_view->AccountID(); });
     close_sticky_notes(session, account_id);
     steps.run([&] {
-        host::Value selection(application.ActiveExplorer().Selection());
+        automation::Value selection(application.ActiveExplorer().Selection());
         if (session.ShowQuickView) session.ShowQuickView(connect, selection);
     });
 }

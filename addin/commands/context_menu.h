@@ -1,13 +1,13 @@
 // The entries in the explorer's "Context Menu" bar.
 #pragma once
 
-#include "core/connect.h"
+#include "addin/connect/connect.h"
 
 namespace addin::commands {
 
-inline constexpr host::TextView context_menu_bar = u"Context Menu";
-inline constexpr host::TextView quick_view_tag = u"Tarnwell Quick View";
-inline constexpr host::TextView create_note_tag = u"Tarnwell Create Note";
+inline constexpr automation::TextView context_menu_bar = u"Context Menu";
+inline constexpr automation::TextView quick_view_tag = u"Tarnwell Quick View";
+inline constexpr automation::TextView create_note_tag = u"Tarnwell Create Note";
 
 /// The host updates its bars: it comes often, and mostly there is nothing to do. A failure after the bar was
 /// looked up travels to the host.

@@ -1,8 +1,8 @@
-#include "commands/explorer_commands.h"
+#include "addin/commands/explorer_commands.h"
 
-#include "core/presence.h"
-#include "core/settings.h"
-#include "records/names.h"
+#include "addin/ground/presence.h"
+#include "addin/ground/settings.h"
+#include "addin/records/names.h"
 
 namespace addin::commands {
 
@@ -15,7 +15,7 @@ void goExplorer_SelectionChange(Connect& connect) {
     host::outlook::Application application;
     steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
     if (steps.holds([&] {
-            const host::Text shown =
+            const automation::Text shown =
                 host::outlook::Explorer(connect.goExplorer.source()).CurrentFolder().Name();
             return shown != application.GetNamespace(u"MAPI")
                                 .GetDefaultFolder(host::outlook::default_folder::inbox)
@@ -33,7 +33,7 @@ void goExplorer_SelectionChange(Connect& connect) {
     }
     here.give_way(steps);
     steps.run([&] {
-        host::Value selected(selection);
+        automation::Value selected(selection);
         if (session.ShowQuickView) session.ShowQuickView(connect, selected);
     });
 }

@@ -1,7 +1,7 @@
 // What the main window's events do.
 #pragma once
 
-#include "core/connect.h"
+#include "addin/connect/connect.h"
 
 namespace addin::commands {
 

@@ -1,22 +1,22 @@
-#include "commands/explorer_tracking.h"
+#include "addin/commands/explorer_tracking.h"
 
 #include <algorithm>
 #include <limits>
 
-#include "core/presence.h"
-#include "host/host_events.h"
+#include "addin/ground/presence.h"
+#include "addin/host/host_events.h"
 
 namespace addin {
 
-using host::Failure;
-using host::Text;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+namespace result = automation::result;
 
 namespace {
 
 using Entry = std::pair<Text, std::shared_ptr<TrackExpl>>;
 
-Text key_of(std::int16_t number) { return host::to_text(static_cast<long long>(number)); }
+Text key_of(std::int16_t number) { return automation::to_text(static_cast<long long>(number)); }
 
 }  // namespace
 

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/connect.h"
+#include "addin/connect/connect.h"
 
 namespace addin {
 
@@ -26,7 +26,7 @@ class TrackExpl : public std::enable_shared_from_this<TrackExpl> {
     Connect& mConnect();
 
     Session& session_;
-    host::Sink m_objExpl_;
+    automation::Sink m_objExpl_;
     std::int16_t ExpID_ = 0;
     std::shared_ptr<Connect> mConnect_;
 };
@@ -35,13 +35,13 @@ class TrackExpl : public std::enable_shared_from_this<TrackExpl> {
 class ExplorerTrackers {
   public:
     /// Throws `Failure` if the key is there already.
-    void Add(std::shared_ptr<TrackExpl> tracker, const host::Text& key);
+    void Add(std::shared_ptr<TrackExpl> tracker, const automation::Text& key);
     /// Throws `Failure` if there is no such key.
-    void Remove(const host::Text& key);
+    void Remove(const automation::Text& key);
     std::int32_t Count() const { return static_cast<std::int32_t>(trackers_.size()); }
 
   private:
-    std::vector<std::pair<host::Text, std::shared_ptr<TrackExpl>>> trackers_;
+    std::vector<std::pair<automation::Text, std::shared_ptr<TrackExpl>>> trackers_;
 };
 
 }  // namespace addin

@@ -1,18 +1,18 @@
-#include "commands/inspector_commands.h"
+#include "addin/commands/inspector_commands.h"
 
 #include <algorithm>
 
-#include "commands/buttons.h"
-#include "core/settings.h"
-#include "host/cdo.h"
-#include "host/host_events.h"
-#include "records/database.h"
-#include "records/names.h"
+#include "addin/commands/buttons.h"
+#include "addin/ground/settings.h"
+#include "addin/host/cdo.h"
+#include "addin/host/host_events.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
 
 namespace addin::commands {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::office::CommandBar;
 using host::office::CommandBarControl;
 using host::outlook::Inspector;
@@ -65,18 +65,18 @@ class Fitting {
     // the moves that all cases are made of
     void add_bar(TextView name);
     void show_bar();
-    void find(host::Sink Connect::*member);
-    void build(host::Sink Connect::*member, bool begin_group);
-    void write(host::Sink Connect::*member, bool begin_group);
-    void visible(host::Sink Connect::*member, bool visible);
-    void find_or_build(host::Sink Connect::*member, bool begin_group);
+    void find(automation::Sink Connect::*member);
+    void build(automation::Sink Connect::*member, bool begin_group);
+    void write(automation::Sink Connect::*member, bool begin_group);
+    void visible(automation::Sink Connect::*member, bool visible);
+    void find_or_build(automation::Sink Connect::*member, bool begin_group);
     template <class Expression>
-    void assign(host::Sink Connect::*member, Expression expression);
+    void assign(automation::Sink Connect::*member, Expression expression);
 
-    CommandBarControl control(host::Sink Connect::*member) const {
+    CommandBarControl control(automation::Sink Connect::*member) const {
         return CommandBarControl((connect_.*member).source());
     }
-    bool is_missing(host::Sink Connect::*member) const { return !(connect_.*member).source(); }
+    bool is_missing(automation::Sink Connect::*member) const { return !(connect_.*member).source(); }
 
     /// Whether the explorer shows another folder than Sent Items; the names tell, not the folders.
     bool outside_sent_items() const;
@@ -94,7 +94,7 @@ class Fitting {
 };
 
 void Fitting::run() {
-    kind_ = host::to_text(static_cast<long long>(inspector_.CurrentItem().Class()));
+    kind_ = automation::to_text(static_cast<long long>(inspector_.CurrentItem().Class()));
     item_id_ = inspector_.CurrentItem().EntryID();
     if (steps_.holds([&] {
             const Text name = inspector_.CurrentItem().MessageClass();
@@ -293,20 +293,20 @@ void Fitting::show_bar() {
 }
 
 template <class Expression>
-void Fitting::assign(host::Sink Connect::*member, Expression expression) {
+void Fitting::assign(automation::Sink Connect::*member, Expression expression) {
     steps_.run([&] { connect_.watch_button(member, expression(), button(member).click); });
 }
 
-void Fitting::find(host::Sink Connect::*member) {
+void Fitting::find(automation::Sink Connect::*member) {
     assign(member, [&] { return bar_.FindControl(button(member).sought); });
 }
 
-void Fitting::build(host::Sink Connect::*member, bool begin_group) {
+void Fitting::build(automation::Sink Connect::*member, bool begin_group) {
     assign(member, [&] { return bar_.Controls().AddTemporary(host::office::control_button); });
     write(member, begin_group);
 }
 
-void Fitting::write(host::Sink Connect::*member, bool begin_group) {
+void Fitting::write(automation::Sink Connect::*member, bool begin_group) {
     const ButtonRow& row = button(member);
     if (begin_group) steps_.run([&] { control(member).BeginGroup(true); });
     steps_.run([&] { control(member).Caption(row.caption); });
@@ -316,11 +316,11 @@ void Fitting::write(host::Sink Connect::*member, bool begin_group) {
     steps_.run([&] { control(member).FaceId(row.face); });
 }
 
-void Fitting::visible(host::Sink Connect::*member, bool visible) {
+void Fitting::visible(automation::Sink Connect::*member, bool visible) {
     steps_.run([&] { control(member).Visible(visible); });
 }
 
-void Fitting::find_or_build(host::Sink Connect::*member, bool begin_group) {
+void Fitting::find_or_build(automation::Sink Connect::*member, bool begin_group) {
     find(member);
     if (is_missing(member)) build(member, begin_group);
     visible(member, true);

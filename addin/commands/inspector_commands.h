@@ -1,7 +1,7 @@
 // Each item window is fitted with the system's commands when it opens.
 #pragma once
 
-#include "core/connect.h"
+#include "addin/connect/connect.h"
 
 namespace addin::commands {
 

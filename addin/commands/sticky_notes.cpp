@@ -1,7 +1,7 @@
-#include "commands/sticky_notes.h"
+#include "addin/commands/sticky_notes.h"
 
-#include "core/steps.h"
-#include "records/names.h"
+#include "addin/ground/steps.h"
+#include "addin/records/names.h"
 
 namespace addin::commands {
 namespace {
@@ -9,13 +9,13 @@ namespace {
 /// Whether a window shows a sticky note of an account. One of which that can't be told belongs to none: it is
 /// the user's own, and closing it would drop what stands in it.
 bool is_note_of_account(Steps& steps, const host::outlook::Inspector& inspector,
-                        const host::Text& account_id) {
+                        const automation::Text& account_id) {
     namespace object_class = host::outlook::object_class;
     if (!steps.holds([&] { return inspector.CurrentItem().Class() == object_class::note; })) return false;
     bool of_account = false;
     steps.set(of_account, [&] {
         const bool sticky = inspector.CurrentItem().MessageClass() == records::message_class::sticky_note;
-        const host::Text id =
+        const automation::Text id =
             inspector.CurrentItem().itemproperties().Item(records::property::account_id).value().to_text();
         return sticky && id == account_id;
     });
@@ -24,7 +24,7 @@ bool is_note_of_account(Steps& steps, const host::outlook::Inspector& inspector,
 
 }  // namespace
 
-void close_sticky_notes(Session& session, const host::Text& account_id) {
+void close_sticky_notes(Session& session, const automation::Text& account_id) {
     Steps steps;
     host::outlook::Inspectors inspectors;
     steps.set(inspectors,

@@ -1,12 +1,12 @@
-#include "conversions/appointment_conversion.h"
+#include "addin/conversions/appointment_conversion.h"
 
-#include "conversions/shown_item.h"
-#include "core/steps.h"
-#include "records/names.h"
+#include "addin/conversions/shown_item.h"
+#include "addin/ground/steps.h"
+#include "addin/records/names.h"
 
 namespace addin::conversions {
 
-using host::Text;
+using automation::Text;
 using host::outlook::Item;
 
 void convert_appointment(Session& session) {

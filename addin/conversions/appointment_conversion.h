@@ -1,7 +1,7 @@
 // A personal appointment becomes a linked one.
 #pragma once
 
-#include "core/session.h"
+#include "addin/ground/session.h"
 
 namespace addin::conversions {
 

@@ -1,21 +1,21 @@
-#include "conversions/contact_conversion.h"
+#include "addin/conversions/contact_conversion.h"
 
 #include <array>
 #include <span>
 
-#include "conversions/shown_item.h"
-#include "core/question.h"
-#include "core/status.h"
-#include "core/steps.h"
-#include "records/accounts.h"
-#include "records/database.h"
-#include "records/stamp.h"
+#include "addin/conversions/shown_item.h"
+#include "addin/ground/question.h"
+#include "addin/ground/status.h"
+#include "addin/ground/steps.h"
+#include "addin/records/accounts.h"
+#include "addin/records/database.h"
+#include "addin/records/stamp.h"
 
 namespace addin::conversions {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::family::SafeRecordItem;
 using host::outlook::Folder;
 using host::outlook::Item;
@@ -223,7 +223,7 @@ void ContactConversion::copy_fields(const SafeRecordItem& source, const SafeReco
             const std::int32_t tag =
                 source.GetIDsFromNames(contact_properties, addresses[i].id).to_integer() |
                 host::family::tag::text_type;
-            return host::to_text(static_cast<long long>(tag));
+            return automation::to_text(static_cast<long long>(tag));
         });
     }
     for (std::size_t i = 0; i < count; ++i) {
@@ -256,7 +256,7 @@ void ContactConversion::choose_account() {
     const host::family::ListPicker picker = records::make_account_picker(steps_, desktop_, profiles_);
     steps_.run([&] { picker.searchany(picker_definition, picker_title); });
     if (steps_.holds([&] { return picker.dialogcancel(); })) return;
-    host::Array chosen;
+    automation::Array chosen;
     Item account;
     steps_.set(chosen, [&] { return picker.slist(); });
     steps_.set(account, [&] {

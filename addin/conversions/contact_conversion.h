@@ -1,7 +1,7 @@
 // A personal contact becomes a shared record.
 #pragma once
 
-#include "core/session.h"
+#include "addin/ground/session.h"
 
 namespace addin::conversions {
 

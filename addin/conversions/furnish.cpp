@@ -1,7 +1,7 @@
-#include "conversions/furnish.h"
+#include "addin/conversions/furnish.h"
 
-#include "conversions/appointment_conversion.h"
-#include "conversions/contact_conversion.h"
+#include "addin/conversions/appointment_conversion.h"
+#include "addin/conversions/contact_conversion.h"
 
 namespace addin::conversions {
 

@@ -1,7 +1,7 @@
 // The conversions of the user's own items into records, by the buttons of item windows.
 #pragma once
 
-#include "core/session.h"
+#include "addin/ground/session.h"
 
 namespace addin::conversions {
 

@@ -1,17 +1,17 @@
-#include "conversions/new_contacts.h"
+#include "addin/conversions/new_contacts.h"
 
 #include <functional>
 
-#include "core/settings.h"
-#include "core/steps.h"
-#include "records/database.h"
-#include "records/names.h"
-#include "records/stamp.h"
+#include "addin/ground/settings.h"
+#include "addin/ground/steps.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
+#include "addin/records/stamp.h"
 
 namespace addin::conversions {
 
-using host::Text;
-using host::Value;
+using automation::Text;
+using automation::Value;
 using host::outlook::Item;
 using host::outlook::Selection;
 namespace message_class = records::message_class;
@@ -19,7 +19,7 @@ namespace property = records::property;
 
 namespace {
 
-constexpr host::TextView option_off = u"0";
+constexpr automation::TextView option_off = u"0";
 
 /// The arrival of one contact.
 class Arrival {

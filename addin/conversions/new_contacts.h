@@ -1,7 +1,7 @@
 // A plain contact that is brought into the shared folder becomes a record.
 #pragma once
 
-#include "core/session.h"
+#include "addin/ground/session.h"
 
 namespace addin::conversions {
 

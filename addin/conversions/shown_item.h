@@ -1,7 +1,7 @@
 // The item that a conversion works on.
 #pragma once
 
-#include "host/outlook.h"
+#include "addin/host/outlook.h"
 
 namespace addin::conversions {
 
@@ -11,7 +11,8 @@ inline host::outlook::Item shown_item(const host::outlook::Application& applicat
                                       std::int32_t object_class) {
     const host::outlook::Item item = application.ActiveInspector().CurrentItem();
     if (item.Class() != object_class) {
-        throw host::Failure(host::result::type_mismatch, u"The window shows an item of another class.");
+        throw automation::Failure(automation::result::type_mismatch,
+                                  u"The window shows an item of another class.");
     }
     return item;
 }

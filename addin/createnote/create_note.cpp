@@ -1,17 +1,17 @@
 // The note of a row that holds an address.
 #include <functional>
 
-#include "core/product.h"
-#include "createnote/new_contact.h"
-#include "records/database.h"
-#include "records/filters.h"
-#include "records/names.h"
+#include "addin/createnote/new_contact.h"
+#include "addin/ground/product.h"
+#include "addin/records/database.h"
+#include "addin/records/filters.h"
+#include "addin/records/names.h"
 
 namespace addin::createnote {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 namespace property = records::property;
@@ -90,15 +90,17 @@ Item RecordSearch::by_entry_id() {
 Text RecordSearch::filter_of_person() {
     Text filter;
     if (steps_.holds([&] {
-            return host::trimmed(mail_.wrapper.sender().Fields(tag::smtp_address)) == dialog_.row_text();
+            return automation::trimmed(mail_.wrapper.sender().Fields(tag::smtp_address)) ==
+                   dialog_.row_text();
         })) {
-        steps_.set(filter, [&] { return note_filter(host::trimmed(mail_.wrapper.sender().Address())); });
+        steps_.set(filter,
+                   [&] { return note_filter(automation::trimmed(mail_.wrapper.sender().Address())); });
         if (!filter.empty()) filter += records::or_between_terms;
         steps_.run([&] { filter += note_filter(dialog_.row_text()); });
         if (steps_.holds([&] { return !mail_.wrapper.SenderName().empty(); })) {
             steps_.run([&] { filter += term_of_name(mail_.wrapper.SenderName()); });
         }
-        filter = host::replaced(filter, apostrophe, quotation_mark);
+        filter = automation::replaced(filter, apostrophe, quotation_mark);
         steps_.set(name_, [&] { return mail_.wrapper.SenderName(); });
         return filter;
     }
@@ -109,14 +111,14 @@ Text RecordSearch::filter_of_person() {
         const auto person = [&] { return mail_.wrapper.Recipients().Item(i); };
         steps_.set(entry, [&] { return person().AddressEntry(); });
         if (!steps_.holds(
-                [&] { return host::trimmed(entry.Fields(tag::smtp_address)) == dialog_.row_text(); })) {
+                [&] { return automation::trimmed(entry.Fields(tag::smtp_address)) == dialog_.row_text(); })) {
             continue;
         }
         steps_.set(filter, [&] {
             return note_filter(person().Address()) + Text(records::or_between_terms) +
                    note_filter(dialog_.row_text()) + term_of_name(person().name());
         });
-        filter = host::replaced(filter, apostrophe, quotation_mark);
+        filter = automation::replaced(filter, apostrophe, quotation_mark);
         steps_.set(name_, [&] { return person().name(); });
         break;
     }

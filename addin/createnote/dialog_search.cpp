@@ -1,16 +1,16 @@
 // The dialog's search: the records of the chosen target become rows.
-#include "core/product.h"
-#include "createnote/dlg_send.h"
-#include "createnote/split.h"
-#include "records/database.h"
-#include "records/filters.h"
-#include "records/names.h"
+#include "addin/createnote/dlg_send.h"
+#include "addin/createnote/split.h"
+#include "addin/ground/product.h"
+#include "addin/records/database.h"
+#include "addin/records/filters.h"
+#include "addin/records/names.h"
 
 namespace addin::createnote {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::family::SafeRecordItem;
 using host::outlook::Folder;
 using host::outlook::Items;
@@ -28,13 +28,13 @@ constexpr std::int32_t text_type = 30;  // PT_STRING8
 
 /// A number as a definition writes it: "&H8083" or decimal digits. Throws `Failure` for anything else.
 std::int32_t to_number(const Text& text) {
-    const Text digits = host::trimmed(text);
-    if (!host::upper(digits).starts_with(hexadecimal)) return Value(digits).to_integer();
+    const Text digits = automation::trimmed(text);
+    if (!automation::upper(digits).starts_with(hexadecimal)) return Value(digits).to_integer();
     std::uint32_t number = 0;
-    for (const char16_t digit : host::upper(digits.substr(hexadecimal.size()))) {
+    for (const char16_t digit : automation::upper(digits.substr(hexadecimal.size()))) {
         const TextView all = u"0123456789ABCDEF";
         const std::size_t value = all.find(digit);
-        if (value == TextView::npos) throw host::Failure(host::result::type_mismatch, text);
+        if (value == TextView::npos) throw automation::Failure(automation::result::type_mismatch, text);
         constexpr std::uint32_t base = 16;
         number = number * base + static_cast<std::uint32_t>(value);
     }
@@ -68,7 +68,7 @@ class FieldReader {
     void read_named(Text& target, const Text& name) {
         const std::vector<Text> parts = split(name, u',');
         const auto part = [&](std::size_t place) -> const Text& {
-            if (place >= parts.size()) throw host::Failure(host::result::bad_index);
+            if (place >= parts.size()) throw automation::Failure(automation::result::bad_index);
             return parts[place];
         };
         constexpr std::size_t by_number = 3;
@@ -76,7 +76,8 @@ class FieldReader {
             steps_.set(id_, [&] { return item_.GetIDsFromNames(part(0), to_number(part(1))); });
             steps_.set(id_, [&] { return Value(id_.to_integer() | to_number(part(2))); });
         } else {
-            steps_.set(id_, [&] { return item_.GetIDsFromNames(part(0), Value(host::trimmed(part(1)))); });
+            steps_.set(id_,
+                       [&] { return item_.GetIDsFromNames(part(0), Value(automation::trimmed(part(1)))); });
         }
         steps_.set(target, [&] { return desktop_.text_of(item_.field(id_)); });
     }
@@ -108,7 +109,7 @@ void dlgSend::cmdSearch_Click() {
     const Presence here(session_, *this);
     Steps steps;
     header(Text(searching) + text);
-    desktop.pointer(host::Pointer::hourglass);
+    desktop.pointer(forms::Pointer::hourglass);
     here.give_way(steps);
     if (has_ended(here)) return;
     const records::Database database = records::open_database(steps, desktop);
@@ -121,12 +122,12 @@ void dlgSend::cmdSearch_Click() {
     if (list().count() > 0) list().select(0);
     control(u"lstRecipients").focus();
     header(Text(complete) + control(u"SearchString").text());
-    desktop.pointer(host::Pointer::standard);
+    desktop.pointer(forms::Pointer::standard);
 }
 
 bool dlgSend::has_ended(const Presence& here) {
     if (here.lasts()) return false;
-    session_.desktop.pointer(host::Pointer::standard);
+    session_.desktop.pointer(forms::Pointer::standard);
     return true;
 }
 
@@ -134,11 +135,11 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     host::Desktop& desktop = session_.desktop;
     const records::ListDefinition& definition = session_.list_definition;
     Steps steps;
-    host::Object application;
+    automation::Object application;
     steps.set(application, [&] { return desktop.create(host::outlook::application_prog_id); });
     header(Text(searching) + control(u"SearchString").text());
     const Presence here(session_, *this);
-    desktop.pointer(host::Pointer::hourglass);
+    desktop.pointer(forms::Pointer::hourglass);
     if (!here.give_way(steps)) return;
     DialogSearch& run = session_.search;
     run.folder = folder;
@@ -183,7 +184,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     list().width(column::entry_id, 0);
     here.give_way(steps);
     run = {};
-    desktop.pointer(host::Pointer::standard);
+    desktop.pointer(forms::Pointer::standard);
 }
 
 void dlgSend::add_row(Steps& steps, const Presence& here, const SafeRecordItem& wrapper, const Items& items,

@@ -1,18 +1,18 @@
-#include "createnote/dlg_send.h"
+#include "addin/createnote/dlg_send.h"
 
 #include <algorithm>
 
-#include "core/product.h"
-#include "createnote/split.h"
-#include "filing/address_resolution.h"
+#include "addin/createnote/split.h"
+#include "addin/filing/address_resolution.h"
+#include "addin/ground/product.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
 #include "forms/sort_marks.h"
-#include "records/database.h"
-#include "records/names.h"
 
 namespace addin::createnote {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 namespace tag = host::family::tag;
 
 namespace {
@@ -44,7 +44,7 @@ void furnish(Session& session) {
 void dlgSend::on_load() {
     try {
         load();
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         return;  // the load ends where it failed; the window comes up all the same
     }
 }
@@ -54,7 +54,7 @@ void dlgSend::load() {
     Text version(version_start);
     for (const int number : product_version) {
         if (version.size() > version_start.size()) version += u'.';
-        version += host::to_text(static_cast<long long>(number));
+        version += automation::to_text(static_cast<long long>(number));
     }
     control(u"Label3").text(version);
     set_headings(list(), headings);
@@ -96,7 +96,7 @@ void dlgSend::PopulateList() {
     }
     steps.run([&] { mail.wrapper.Item(mail.item); });
 
-    host::Array types;
+    automation::Array types;
     steps.set(types,
               [&] { return records::make_main_add_in(session_.desktop).GetDropDownsCache(note_types); });
     forms::Choice& type_box = choice(u"Combo1");
@@ -109,7 +109,7 @@ void dlgSend::PopulateList() {
 
     Text addresses;
     if (steps.holds([&] {
-            return host::upper(mail.wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
+            return automation::upper(mail.wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
         })) {
         steps.set(addresses, [&] { return mail.wrapper.Fields(tag::sender_address); });
     } else {
@@ -126,7 +126,7 @@ void dlgSend::PopulateList() {
         }
     }
     for (const Text& address : split(addresses, u';')) {
-        if (!address.empty()) steps.run([&] { list().add(host::trimmed(address)); });
+        if (!address.empty()) steps.run([&] { list().add(automation::trimmed(address)); });
     }
     steps.run([&] { control(u"txtNote").text(mail.item.Subject()); });
     if (list().count() > 0) list().select(0);
@@ -201,17 +201,17 @@ void dlgSend::cmdSend_Click() {
         header(Text(no_row_chosen));
         return;
     }
-    session_.desktop.pointer(host::Pointer::hourglass);
+    session_.desktop.pointer(forms::Pointer::hourglass);
     gbCreated = false;
     create(steps);
 }
 
 void dlgSend::lstRecipients_DblClick() {
     Steps steps;
-    session_.desktop.pointer(host::Pointer::hourglass);
+    session_.desktop.pointer(forms::Pointer::hourglass);
     gbCreated = false;
     if (is_row_empty(steps)) {
-        session_.desktop.pointer(host::Pointer::standard);
+        session_.desktop.pointer(forms::Pointer::standard);
         session_.desktop.beep();
         header(Text(no_row_chosen));
         return;
@@ -226,7 +226,7 @@ void dlgSend::create(Steps& steps) {
     } else {
         CreateNote();
     }
-    session_.desktop.pointer(host::Pointer::standard);
+    session_.desktop.pointer(forms::Pointer::standard);
     // the path that makes a contact has unloaded the window
     if (gbCreated && here.lasts() && !control(u"Check1").selected()) hide();
 }

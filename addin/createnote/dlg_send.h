@@ -2,11 +2,11 @@
 // search.
 #pragma once
 
-#include "core/presence.h"
-#include "createnote/dialog_table.h"
-#include "host/family.h"
-#include "host/outlook.h"
-#include "records/stamp.h"
+#include "addin/createnote/dialog_table.h"
+#include "addin/ground/presence.h"
+#include "addin/host/family.h"
+#include "addin/host/outlook.h"
+#include "addin/records/stamp.h"
 
 namespace addin::createnote {
 
@@ -56,9 +56,9 @@ class dlgSend final : public NoteDialog {
     forms::Choice& choice(forms::Named<dialog::table, forms::is_choice> name) {
         return Form::control(name).choice();
     }
-    host::Text row_text() { return list().text(list().selected(), column::text); }
+    automation::Text row_text() { return list().text(list().selected(), column::text); }
     bool contact_level() { return control(u"Option2").selected(); }
-    void header(const host::Text& text) { control(u"lblHeader").text(text); }
+    void header(const automation::Text& text) { control(u"lblHeader").text(text); }
 
     /// The mail in the inspector, or the first one of the selection, as the dialog was opened.
     ChosenMail choose_mail(Steps& steps);
@@ -67,10 +67,10 @@ class dlgSend final : public NoteDialog {
     void on_load() override;
     void on_activate() override;
     void on_focus() override;
-    void on_click(host::TextView control) override;
-    void on_double_click(host::TextView control) override;
-    void on_key_press(host::TextView control, char16_t key) override;
-    void on_column_click(host::TextView control, int column) override;
+    void on_click(automation::TextView control) override;
+    void on_double_click(automation::TextView control) override;
+    void on_key_press(automation::TextView control, char16_t key) override;
+    void on_column_click(automation::TextView control, int column) override;
 
     void load();
     void cmdSend_Click();
@@ -85,18 +85,18 @@ class dlgSend final : public NoteDialog {
     void SearchListTarget(const host::outlook::Folder& folder);
     /// One found item as a row. `key` keeps the key of the item before where this one's can't be read.
     void add_row(Steps& steps, const Presence& here, const host::family::SafeRecordItem& wrapper,
-                 const host::outlook::Items& items, std::int32_t place, host::Text& key);
+                 const host::outlook::Items& items, std::int32_t place, automation::Text& key);
     void create(Steps& steps);
     void report_creation(Steps& steps, const Presence& here);
     void create_for_new_contact(Steps& steps, const ChosenMail& mail,
                                 const host::family::MainAddIn& main_add_in,
                                 const host::outlook::Folder& profiles, const host::outlook::Folder& folder,
-                                const host::Text& name);
+                                const automation::Text& name);
     void create_from_record(Steps& steps, const records::PathRow& path, const host::outlook::Folder& folder,
                             const host::outlook::Folder& profiles, const ChosenMail& mail);
     static void write_names(Steps& steps, const host::outlook::Item& record, const host::outlook::Item& note);
     bool is_row_empty(Steps& steps);
-    host::Text key_of_row(Steps& steps);
+    automation::Text key_of_row(Steps& steps);
 
     Session& session_;
 };

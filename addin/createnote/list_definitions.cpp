@@ -1,17 +1,17 @@
 // Which targets the dialog offers, and the definition of the chosen one.
 #include <span>
 
-#include "core/product.h"
-#include "createnote/dlg_send.h"
-#include "createnote/search_targets.h"
-#include "host/cdo.h"
-#include "records/database.h"
-#include "records/names.h"
+#include "addin/createnote/dlg_send.h"
+#include "addin/createnote/search_targets.h"
+#include "addin/ground/product.h"
+#include "addin/host/cdo.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
 
 namespace addin::createnote {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::family::MainAddIn;
 using host::outlook::Folder;
 using host::outlook::Item;
@@ -55,7 +55,7 @@ const LanguageRow* row_of(std::int32_t locale) {
 }
 
 Text numbered(TextView name, std::size_t place) {
-    return Text(name) + host::to_text(static_cast<long long>(place) + 1);
+    return Text(name) + automation::to_text(static_cast<long long>(place) + 1);
 }
 
 Text property(const Item& item, const Text& name) {
@@ -122,7 +122,7 @@ void dlgSend::GetListDef() {
                   [&] { return host::cdo::Session(desktop.create(host::cdo::session_prog_id)); });
         steps.run([&] { session_.cdo.Logon(); });
     }
-    desktop.pointer(host::Pointer::hourglass);
+    desktop.pointer(forms::Pointer::hourglass);
 
     host::outlook::Application application;
     steps.set(application, [&] { return host::outlook::Application(desktop.application()); });
@@ -173,7 +173,7 @@ void dlgSend::GetListDef() {
     steps.run([&] { list().heading(column::key, property(record, u"KeyColumnName")); });
     if (here.give_way(steps)) list().clear();
     const bool lasts = here.give_way(steps);
-    desktop.pointer(host::Pointer::standard);
+    desktop.pointer(forms::Pointer::standard);
     if (lasts) control(u"SearchString").focus();
     session_.cdo.reset();
 }

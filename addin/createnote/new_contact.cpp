@@ -1,18 +1,18 @@
-#include "createnote/new_contact.h"
+#include "addin/createnote/new_contact.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "core/question.h"
-#include "records/accounts.h"
-#include "records/names.h"
-#include "records/stamp.h"
+#include "addin/ground/question.h"
+#include "addin/records/accounts.h"
+#include "addin/records/names.h"
+#include "addin/records/stamp.h"
 
 namespace addin::createnote {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::family::ListPicker;
 using host::outlook::Item;
 namespace property = records::property;
@@ -70,7 +70,7 @@ Item choose_account(Steps& steps, Session& session, const NewContactPlan& plan) 
     show_chooser(steps, picker, plan.row.chooser);
     Item account;
     if (steps.holds([&] { return !picker.dialogcancel(); })) {
-        host::Array chosen;
+        automation::Array chosen;
         steps.set(chosen, [&] { return picker.slist(); });
         const bool rows_first = plan.row.chooser == Chooser::search;
         steps.set(account, [&] {
@@ -111,7 +111,7 @@ Value kept_value(const NewContact& made, const records::Key& key) {
     for (const auto& [name, value] : values) {
         if (key.property == name) return *value;
     }
-    throw std::logic_error("a new contact keeps no " + host::to_utf8(key.property));
+    throw std::logic_error("a new contact keeps no " + automation::to_utf8(key.property));
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "createnote/dlg_send.h"
-#include "records/stamp.h"
+#include "addin/createnote/dlg_send.h"
+#include "addin/records/stamp.h"
 
 namespace addin::createnote {
 
@@ -24,8 +24,8 @@ const NewContactRow& new_contact_row(records::Path path);
 /// What a way knows when it makes a contact.
 struct NewContactPlan {
     const NewContactRow& row;
-    host::Text address;
-    host::Text name;  ///< the contact's `FullName` and `Subject`
+    automation::Text address;
+    automation::Text name;  ///< the contact's `FullName` and `Subject`
     host::family::MainAddIn main_add_in;
     host::outlook::Folder account_profiles;
     std::function<void()> before_choice{};  ///< runs when the ids are made: the dialog goes away
@@ -34,8 +34,8 @@ struct NewContactPlan {
 /// The contact that was made, and what its note needs.
 struct NewContact {
     host::outlook::Item item;
-    host::Text account_id, contact_id, company;
-    host::Text account_manager, team, alignment;  ///< the account's, if they are kept
+    automation::Text account_id, contact_id, company;
+    automation::Text account_manager, team, alignment;  ///< the account's, if they are kept
 };
 
 /// Asks whether a contact is to be made, and of which account; makes, saves and shows it. Nothing if the user

@@ -1,19 +1,19 @@
 // Opening the contact of a mail, or the record that a personal contact is linked with. The dialog isn't
 // shown.
-#include "core/presence.h"
-#include "core/product.h"
-#include "core/status.h"
-#include "core/status_windows.h"
-#include "createnote/new_contact.h"
-#include "filing/address_resolution.h"
-#include "records/database.h"
-#include "records/names.h"
-#include "records/property_filters.h"
+#include "addin/createnote/new_contact.h"
+#include "addin/filing/address_resolution.h"
+#include "addin/ground/presence.h"
+#include "addin/ground/product.h"
+#include "addin/ground/status.h"
+#include "addin/ground/status_windows.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
+#include "addin/records/property_filters.h"
 
 namespace addin::createnote {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::family::SafeMailItem;
 using host::outlook::Folder;
 using host::outlook::Item;
@@ -52,14 +52,16 @@ void dlgSend::OpenContact() {
     filing::Addresses addresses;
     Text address;
     steps.set(addresses.sender_name, [&] { return wrapper.SenderName(); });
-    steps.set(addresses.native, [&] { return host::trimmed(wrapper.Fields(tag::sender_address)); });
+    steps.set(addresses.native, [&] { return automation::trimmed(wrapper.Fields(tag::sender_address)); });
     Text filter;
-    if (steps.holds(
-            [&] { return host::upper(wrapper.Fields(tag::sender_address_type)) == filing::type_smtp; })) {
+    if (steps.holds([&] {
+            return automation::upper(wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
+        })) {
         address = addresses.native;
         filter = filing::contact_filter(variant.terms, variant.for_smtp, addresses);
     } else {
-        steps.set(addresses.smtp, [&] { return host::trimmed(wrapper.sender().Fields(tag::smtp_address)); });
+        steps.set(addresses.smtp,
+                  [&] { return automation::trimmed(wrapper.sender().Fields(tag::smtp_address)); });
         address = addresses.smtp;
         filter = filing::contact_filter(variant.terms, variant.for_other, addresses);
     }

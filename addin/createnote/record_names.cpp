@@ -1,7 +1,7 @@
 // The names that a note takes from a record, by the record's kind.
-#include "createnote/dlg_send.h"
-#include "records/names.h"
-#include "records/stamp.h"
+#include "addin/createnote/dlg_send.h"
+#include "addin/records/names.h"
+#include "addin/records/stamp.h"
 
 namespace addin::createnote {
 
@@ -28,9 +28,9 @@ constexpr NamesRow rows[] = {
 void dlgSend::write_names(Steps& steps, const Item& record, const Item& note) {
     if (steps.holds([&] { return record.Class() == host::outlook::object_class::contact; })) {
         records::write_property(steps, note, property::account_name,
-                                [&] { return host::Value(record.CompanyName()); });
+                                [&] { return automation::Value(record.CompanyName()); });
         records::write_property(steps, note, property::contact_name,
-                                [&] { return host::Value(record.FullName()); });
+                                [&] { return automation::Value(record.FullName()); });
         return;
     }
     const auto copy = [&](records::Name from, records::Name to) {

@@ -1,13 +1,13 @@
-#include "createnote/search_targets.h"
+#include "addin/createnote/search_targets.h"
 
 #include <utility>
 
-#include "createnote/split.h"
+#include "addin/createnote/split.h"
 
 namespace addin::createnote {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -45,7 +45,7 @@ std::vector<Target> read_targets(host::Desktop& desktop, TextView folder, TextVi
     };
     std::vector<Target> targets;
     for (const Text& name : SortSectionNames(section_names(desktop.section_names(path, names_size)))) {
-        if (host::upper(value(name, display_in)).find(place) == Text::npos) continue;
+        if (automation::upper(value(name, display_in)).find(place) == Text::npos) continue;
         Target target{name, value(name, find_definition), {}};
         if (found) found(targets.size(), name);
         target.folder_name = value(name, folder_name);

@@ -3,17 +3,17 @@
 
 #include <vector>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace addin::createnote {
 
 /// The parts between the separators, empty ones too; one empty part of an empty text.
-inline std::vector<host::Text> split(host::TextView text, char16_t separator) {
-    std::vector<host::Text> parts;
+inline std::vector<automation::Text> split(automation::TextView text, char16_t separator) {
+    std::vector<automation::Text> parts;
     for (std::size_t begin = 0;;) {
         const std::size_t end = text.find(separator, begin);
         parts.emplace_back(text.substr(begin, end - begin));
-        if (end == host::TextView::npos) return parts;
+        if (end == automation::TextView::npos) return parts;
         begin = end + 1;
     }
 }

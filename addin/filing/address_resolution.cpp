@@ -1,16 +1,16 @@
-#include "filing/address_resolution.h"
+#include "addin/filing/address_resolution.h"
 
 #include <algorithm>
 
-#include "core/presence.h"
-#include "core/settings.h"
-#include "records/database.h"
-#include "records/filters.h"
+#include "addin/ground/presence.h"
+#include "addin/ground/settings.h"
+#include "addin/records/database.h"
+#include "addin/records/filters.h"
 
 namespace addin::filing {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 namespace field = records::field;
 namespace property = records::property;
 namespace tag = host::family::tag;
@@ -91,9 +91,9 @@ std::optional<ReadSender> read_sender(Steps& steps, Session& session, const Vari
     steps.set(addresses.native, [&] { return mail.Fields(tag::sender_address); });
     give_way();
     if (row.empty_native_address_stops && addresses.native.empty()) return std::nullopt;
-    if (row.native_is_trimmed) addresses.native = host::trimmed(addresses.native);
+    if (row.native_is_trimmed) addresses.native = automation::trimmed(addresses.native);
     Text type;
-    steps.set(type, [&] { return host::upper(mail.Fields(tag::sender_address_type)); });
+    steps.set(type, [&] { return automation::upper(mail.Fields(tag::sender_address_type)); });
     const bool internet = type == type_smtp;
     const std::span<const Term> terms = internet ? row.for_smtp : row.for_other;
 
@@ -104,9 +104,9 @@ std::optional<ReadSender> read_sender(Steps& steps, Session& session, const Vari
         if (gated && (option != option_on || type != type_exchange)) return std::nullopt;
         host::family::SafeAddressEntry entry;
         steps.set(entry, [&] { return mail.sender(); });
-        steps.set(addresses.smtp, [&] { return host::trimmed(entry.Fields(tag::smtp_address)); });
+        steps.set(addresses.smtp, [&] { return automation::trimmed(entry.Fields(tag::smtp_address)); });
         give_way();
-        steps.set(addresses.native, [&] { return host::trimmed(mail.Fields(tag::sender_address)); });
+        steps.set(addresses.native, [&] { return automation::trimmed(mail.Fields(tag::sender_address)); });
         give_way();
     }
     if (std::ranges::find(terms, Address::sender_name, &Term::value) != terms.end()) {
@@ -120,8 +120,9 @@ std::optional<ReadSender> read_sender(Steps& steps, Session& session, const Vari
 bool stops_without_to_line(Steps& steps, const VariantRow& row, const host::family::SafeMailItem& mail,
                            const Addresses& addresses) {
     const bool native_helps = row.no_to_line == NoToLine::stop_if_no_native_address_either;
-    return steps.holds(
-        [&] { return mail.To().empty() && (!native_helps || host::trimmed(addresses.native).empty()); });
+    return steps.holds([&] {
+        return mail.To().empty() && (!native_helps || automation::trimmed(addresses.native).empty());
+    });
 }
 
 std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,

@@ -4,16 +4,16 @@
 #include <optional>
 #include <span>
 
-#include "core/session.h"
-#include "core/steps.h"
-#include "host/family.h"
-#include "host/outlook.h"
-#include "records/names.h"
+#include "addin/ground/session.h"
+#include "addin/ground/steps.h"
+#include "addin/host/family.h"
+#include "addin/host/outlook.h"
+#include "addin/records/names.h"
 
 namespace addin::filing {
 
 /// The types of addresses that are told apart, in upper case.
-inline constexpr host::TextView type_smtp = u"SMTP", type_exchange = u"EX";
+inline constexpr automation::TextView type_smtp = u"SMTP", type_exchange = u"EX";
 
 /// What a term of the contact filter is compared with.
 enum class Address { native, smtp, sender_name };
@@ -54,20 +54,20 @@ const VariantRow& row(Variant variant);
 
 /// The addresses of one person.
 struct Addresses {
-    host::Text native{};
-    host::Text smtp{};
-    host::Text sender_name{};
+    automation::Text native{};
+    automation::Text smtp{};
+    automation::Text sender_name{};
 };
 
 /// The contact filter: the terms joined by " Or ".
-host::Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addresses);
+automation::Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addresses);
 
 /// Whom a mail is from, as a path reads it.
 struct ReadSender {
     Addresses addresses;
-    host::Text
+    automation::Text
         address;  ///< the one that a new contact gets: the Internet address of a directory's entry, too
-    host::Text filter;
+    automation::Text filter;
 };
 
 /// Reads the sender of a wrapped mail and builds the filter; nothing if the path stops on the way.
@@ -81,7 +81,7 @@ bool stops_without_to_line(Steps& steps, const VariantRow& row, const host::fami
 /// A sender who can be searched for.
 struct Sender {
     host::family::SafeMailItem mail;  ///< the wrapper that the addresses were read through
-    host::Text filter;
+    automation::Text filter;
 };
 
 /// Works out whom to search for, up to and including the test of the To line; nothing if the path stops on
@@ -94,6 +94,6 @@ host::outlook::Items contact_items(Steps& steps, const host::outlook::Folder& ac
 
 /// The first contact that matches, or Nothing. Several matches are no failure: the host's order decides.
 host::outlook::Item find_contact(Steps& steps, Session& session,
-                                 const host::outlook::Folder& account_profiles, host::TextView filter);
+                                 const host::outlook::Folder& account_profiles, automation::TextView filter);
 
 }  // namespace addin::filing

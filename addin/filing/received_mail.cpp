@@ -1,9 +1,9 @@
-#include "filing/received_mail.h"
+#include "addin/filing/received_mail.h"
 
-#include "core/presence.h"
-#include "filing/address_resolution.h"
-#include "records/database.h"
-#include "records/stamp.h"
+#include "addin/filing/address_resolution.h"
+#include "addin/ground/presence.h"
+#include "addin/records/database.h"
+#include "addin/records/stamp.h"
 
 namespace addin::filing {
 

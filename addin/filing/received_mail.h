@@ -1,8 +1,8 @@
 // Automatic filing of received mail: a mail from a known contact becomes a note when it is first read.
 #pragma once
 
-#include "core/session.h"
-#include "host/outlook.h"
+#include "addin/ground/session.h"
+#include "addin/host/outlook.h"
 
 namespace addin::filing {
 

@@ -1,18 +1,18 @@
-#include "filing/sent_mail.h"
+#include "addin/filing/sent_mail.h"
 
 #include <functional>
 
-#include "core/presence.h"
-#include "core/settings.h"
-#include "core/status_windows.h"
-#include "filing/address_resolution.h"
-#include "records/database.h"
-#include "records/stamp.h"
+#include "addin/filing/address_resolution.h"
+#include "addin/ground/presence.h"
+#include "addin/ground/settings.h"
+#include "addin/ground/status_windows.h"
+#include "addin/records/database.h"
+#include "addin/records/stamp.h"
 
 namespace addin::filing {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::family::SafeAddressEntry;
 using host::family::SafeMailItem;
 using host::outlook::Folder;
@@ -105,7 +105,7 @@ Sending::Next Sending::file_for(std::int32_t index) {
 std::optional<Text> Sending::filter_for(std::int32_t index) {
     const VariantRow& variant = row(Variant::sent);
     steps_.set(entry_, [&] { return wrapper_.Recipients().Item(index).AddressEntry(); });
-    if (steps_.holds([&] { return host::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
+    if (steps_.holds([&] { return automation::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
         steps_.set(address_, [&] { return wrapper_.Recipients().Item(index).Address(); });
         if (variant.empty_native_address_stops && address_.empty()) return std::nullopt;
         return contact_filter(variant.terms, variant.for_smtp, {.native = address_});
@@ -113,14 +113,14 @@ std::optional<Text> Sending::filter_for(std::int32_t index) {
     // the first half of the test looks at the mail's sender, not at the recipient
     if (!steps_.holds([&] {
             const Text option = Settings(session_.desktop).option(setting::save_exchange_email);
-            const bool sender = host::upper(wrapper_.Fields(tag::sender_address_type)) == type_exchange;
-            const bool recipient = host::upper(entry_.Fields(tag::address_type)) == type_exchange;
+            const bool sender = automation::upper(wrapper_.Fields(tag::sender_address_type)) == type_exchange;
+            const bool recipient = automation::upper(entry_.Fields(tag::address_type)) == type_exchange;
             return option == option_on && (sender || recipient);
         })) {
         return std::nullopt;
     }
-    steps_.set(address_, [&] { return host::trimmed(entry_.Fields(tag::smtp_address)); });
-    steps_.set(native_, [&] { return host::trimmed(entry_.Fields(tag::address)); });
+    steps_.set(address_, [&] { return automation::trimmed(entry_.Fields(tag::smtp_address)); });
+    steps_.set(native_, [&] { return automation::trimmed(entry_.Fields(tag::address)); });
     return contact_filter(variant.terms, variant.for_other, {.native = native_, .smtp = address_});
 }
 

@@ -1,7 +1,7 @@
 // Automatic filing of sent mail: one note for each recipient who is a known contact.
 #pragma once
 
-#include "core/session.h"
+#include "addin/ground/session.h"
 
 namespace addin::filing {
 

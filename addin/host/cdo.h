@@ -1,9 +1,11 @@
 // The faces of CDO, as far as the add-in uses it.
 #pragma once
 
-#include "host/face.h"
+#include "automation/face.h"
 
 namespace host::cdo {
+
+using namespace automation;  // what the faces are written in
 
 inline constexpr TextView session_prog_id = u"MAPI.Session";
 inline constexpr std::int32_t default_post_class = 0x36E5001E;  // PR_DEF_POST_MSGCLASS

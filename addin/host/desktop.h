@@ -4,14 +4,17 @@
 #include <cstdint>
 #include <string>
 
-#include "host/object.h"
-#include "host/text.h"
+#include "automation/object.h"
+#include "automation/text.h"
+#include "forms/pointer.h"
 
 namespace addin {
 class Presence;
 }
 
 namespace host {
+
+using namespace automation;  // what the faces are written in
 
 /// A registry key as the platform names it: a predefined root (sign-extended from 32 bits) or an open key.
 using KeyHandle = std::intptr_t;
@@ -64,9 +67,6 @@ struct ShellRequest {
     int show_mode = 1;  // SW_SHOWNORMAL
 };
 
-/// Mouse pointers by the numbers of the windows' own `MousePointer`.
-enum class Pointer { standard = 0, hourglass = 11 };
-
 class Desktop {
   public:
     virtual ~Desktop() = default;
@@ -82,7 +82,7 @@ class Desktop {
     virtual int message_box(TextView text, TextView title, std::uint32_t style) = 0;
 
     virtual void sleep(std::uint32_t milliseconds) = 0;
-    virtual void pointer(Pointer pointer) = 0;
+    virtual void pointer(forms::Pointer pointer) = 0;
 
     /// Dots per inch across, by the device capabilities of the desktop window.
     virtual int dots_per_inch() = 0;

@@ -1,10 +1,12 @@
 // The faces of the sibling objects of the family.
 #pragma once
 
-#include "host/desktop.h"
-#include "host/face.h"
+#include "addin/host/desktop.h"
+#include "automation/face.h"
 
 namespace host::family {
+
+using namespace automation;  // what the faces are written in
 
 /// The names by which sibling objects are made.
 namespace prog_id {

@@ -1,9 +1,11 @@
 // The event interfaces of Outlook and Office that the add-in listens to. Ids: the published type libraries.
 #pragma once
 
-#include "host/events.h"
+#include "automation/events.h"
 
 namespace host::events {
+
+using namespace automation;  // what the faces are written in
 
 inline constexpr std::uint32_t second_out = 1U << 1;
 

@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace host::outlook {
+
+using namespace automation;  // what the faces are written in
 
 enum class ItemClass { mail, contact, post, appointment, task, note, count };
 

@@ -1,9 +1,11 @@
 // The faces of Office's own objects: add-ins and command bars.
 #pragma once
 
-#include "host/face.h"
+#include "automation/face.h"
 
 namespace host::office {
+
+using namespace automation;  // what the faces are written in
 
 inline constexpr std::int32_t control_button = 1;    // MsoControlType
 inline constexpr std::int32_t icon_and_caption = 3;  // MsoButtonStyle
@@ -16,7 +18,7 @@ class ComAddIn : public Face<ComAddIn> {
     using Face::Face;
 
     Text ProgId() const { return text(u"ProgId"); }
-    void object(const host::Object& object) const { put(u"Object", object); }
+    void object(const automation::Object& object) const { put(u"Object", object); }
 };
 
 class ComAddIns : public CollectionFace<ComAddIns, ComAddIn> {

@@ -1,10 +1,13 @@
 // The faces of Outlook's object model, of the Outlook 2000 generation, as far as the add-in uses it.
 #pragma once
 
-#include "host/face.h"
-#include "host/office.h"
+#include "addin/host/item_classes.h"
+#include "addin/host/office.h"
+#include "automation/face.h"
 
 namespace host::outlook {
+
+using namespace automation;  // what the faces are written in
 
 class Application;
 
@@ -67,10 +70,10 @@ class Attachments : public Face<Attachments> {
     }
 };
 
-/// An item of any class. All items of the library share their dispatch ids.
+/// An item of any class.
 class Item : public Face<Item> {
   public:
-    static constexpr Kind kind{"Item"};
+    static constexpr Kind kind{"Item", parts_item_classes};
     using Face::Face;
 
     Object Parent() const { return object(u"Parent"); }

@@ -1,9 +1,11 @@
 // The faces of the system's database objects, through which its search index is asked.
 #pragma once
 
-#include "host/face.h"
+#include "automation/face.h"
 
 namespace host::search {
+
+using namespace automation;  // what the faces are written in
 
 inline constexpr TextView connection_prog_id = u"ADODB.Connection", recordset_prog_id = u"ADODB.Recordset";
 

@@ -1,9 +1,11 @@
 // The face of the system's shell object.
 #pragma once
 
-#include "host/face.h"
+#include "automation/face.h"
 
 namespace host {
+
+using namespace automation;  // what the faces are written in
 
 class WshShell : public Face<WshShell> {
   public:

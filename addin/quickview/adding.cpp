@@ -1,15 +1,15 @@
 // A new record for the contact that is shown, made from the mail with which the window was opened.
 #include <algorithm>
 
-#include "quickview/quick_view.h"
-#include "records/database.h"
-#include "records/names.h"
+#include "addin/quickview/quick_view.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
 
 namespace addin::quickview {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::family::SafeMailItem;
 using host::outlook::Folder;
 using host::outlook::Item;
@@ -76,7 +76,7 @@ void QuickView::cmdAdd_Click() {
         file_mail(steps, records::row(Path::quick_view_inquiry), database.account_profiles, mail, new_id);
     }
     records::mark_mail(steps, records::row(Path::quick_view_note), mail);
-    session_.desktop.pointer(host::Pointer::standard);
+    session_.desktop.pointer(forms::Pointer::standard);
 }
 
 Item QuickView::make_record(Steps& steps, const Text& chosen, const Text& key, const Folder& profiles,

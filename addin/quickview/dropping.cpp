@@ -1,11 +1,11 @@
 // Mail that is dropped on the row of an opportunity or inquiry is filed for it.
-#include "quickview/quick_view.h"
-#include "records/database.h"
-#include "records/names.h"
+#include "addin/quickview/quick_view.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
 
 namespace addin::quickview {
 
-using host::TextView;
+using automation::TextView;
 using host::family::SafeMailItem;
 using host::outlook::Item;
 using records::Path;
@@ -26,7 +26,7 @@ constexpr Target targets[] = {{records::message_class::opportunity, Path::drop_o
 /// Throws `Failure` for an item of another kind: it is neither copied nor marked.
 const Item& as_mail(const Item& item) {
     if (item.Class() != host::outlook::object_class::mail) {
-        throw host::Failure(host::result::type_mismatch, u"What is selected is no mail.");
+        throw automation::Failure(automation::result::type_mismatch, u"What is selected is no mail.");
     }
     return item;
 }
@@ -46,10 +46,10 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
     steps.set(explorer, [&] { return host::outlook::Application(desktop.application()).ActiveExplorer(); });
     steps.set(mail, [&] { return records::make_wrapper(session_.desktop); });
     steps.set(selection, [&] { return explorer.Selection(); });
-    desktop.pointer(host::Pointer::hourglass);
+    desktop.pointer(forms::Pointer::hourglass);
     if (steps.holds(
             [&] { return list().count() == 0 || list().text(list().selected(), column::subject).empty(); })) {
-        desktop.pointer(host::Pointer::standard);
+        desktop.pointer(forms::Pointer::standard);
         desktop.beep();
         return;
     }
@@ -67,7 +67,7 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
     }
     records::mark_mail(steps, records::row(Path::drop_on_opportunity), mail);
     steps.run([&] { caption(quick_view_table().caption); });
-    desktop.pointer(host::Pointer::standard);
+    desktop.pointer(forms::Pointer::standard);
 }
 
 }  // namespace addin::quickview

@@ -1,24 +1,24 @@
-#include "quickview/launch.h"
+#include "addin/quickview/launch.h"
 
-#include "core/presence.h"
-#include "core/product.h"
-#include "core/status_windows.h"
-#include "createnote/new_contact.h"
-#include "filing/address_resolution.h"
-#include "host/shell.h"
-#include "quickview/quick_view.h"
-#include "records/database.h"
-#include "records/names.h"
+#include "addin/createnote/new_contact.h"
+#include "addin/filing/address_resolution.h"
+#include "addin/ground/presence.h"
+#include "addin/ground/product.h"
+#include "addin/ground/status_windows.h"
+#include "addin/host/shell.h"
+#include "addin/quickview/quick_view.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
 
 namespace addin::quickview {
 
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using createnote::NewContact;
 using createnote::NewContactPlan;
 using filing::ReadSender;
 using filing::Variant;
-using host::Text;
-using host::TextView;
-using host::Value;
 using host::family::MainAddIn;
 using host::family::SafeMailItem;
 using host::outlook::Folder;

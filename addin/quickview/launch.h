@@ -1,7 +1,7 @@
 // From a selected mail to its contact in Quick View, or to a new one.
 #pragma once
 
-#include "core/connect.h"
+#include "addin/connect/connect.h"
 
 namespace addin::quickview {
 
@@ -9,6 +9,6 @@ namespace addin::quickview {
 enum class Launch { quick_view, tarnwell };
 
 /// Looks for the contact of the first mail of a selection, which `selection` becomes.
-void launch(Connect& connect, Launch which, host::Value& selection);
+void launch(Connect& connect, Launch which, automation::Value& selection);
 
 }  // namespace addin::quickview

@@ -1,18 +1,18 @@
-#include "quickview/quick_view.h"
+#include "addin/quickview/quick_view.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "commands/sticky_notes.h"
-#include "quickview/launch.h"
-#include "records/database.h"
-#include "records/names.h"
-#include "records/property_filters.h"
+#include "addin/commands/sticky_notes.h"
+#include "addin/quickview/launch.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
+#include "addin/records/property_filters.h"
 
 namespace addin::quickview {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 namespace property = records::property;
 
 namespace {
@@ -43,10 +43,10 @@ constexpr ShownValue shown_values[] = {{property::account_name, u"CompanyName"},
 
 void furnish(Session& session) {
     session.QuickView.made_by([&session] { return std::make_shared<QuickView>(session); });
-    session.ShowQuickView = [](Connect& connect, host::Value& selection) {
+    session.ShowQuickView = [](Connect& connect, automation::Value& selection) {
         launch(connect, Launch::quick_view, selection);
     };
-    session.ShowTarnwell = [](Connect& connect, host::Value& selection) {
+    session.ShowTarnwell = [](Connect& connect, automation::Value& selection) {
         launch(connect, Launch::tarnwell, selection);
     };
 }
@@ -109,7 +109,7 @@ void QuickView::on_column_click(TextView, int clicked) {
 
 int QuickView::CompareDates(std::intptr_t lngParam1, std::intptr_t lngParam2) {
     Steps steps;
-    host::Date first, second;
+    automation::Date first, second;
     const auto read = [&](std::intptr_t parameter) {
         const Text cell = list().text(list().find(parameter), column::modified);
         return session_.desktop.date_of(cell.substr(0, compared_characters));
@@ -169,14 +169,15 @@ host::outlook::NameSpace QuickView::name_space() const {
 
 Text QuickView::shown_value(records::Name name) {
     const auto value = std::ranges::find(shown_values, name, &ShownValue::property);
-    if (value == std::end(shown_values)) throw std::logic_error("no control shows " + host::to_utf8(name));
+    if (value == std::end(shown_values))
+        throw std::logic_error("no control shows " + automation::to_utf8(name));
     return shown(value->control);
 }
 
 void QuickView::write_shown_values(Steps& steps, const host::outlook::Item& record) {
     for (const ShownValue& value : shown_values) {
         records::write_property(steps, record, value.property,
-                                [&] { return host::Value(shown(value.control)); });
+                                [&] { return automation::Value(shown(value.control)); });
     }
 }
 

@@ -1,9 +1,9 @@
 // Quick View: the side window that shows one contact with its related items while the user reads mail.
 #pragma once
 
-#include "core/presence.h"
-#include "quickview/quick_view_table.h"
-#include "records/stamp.h"
+#include "addin/ground/presence.h"
+#include "addin/quickview/quick_view_table.h"
+#include "addin/records/stamp.h"
 
 namespace addin::quickview {
 
@@ -21,7 +21,7 @@ class QuickView final : public QuickViewWindow {
         : QuickViewWindow(session.engine, quick_view_table()), session_(session) {}
 
     forms::Control& control(ControlName name) { return Form::control(name); }
-    host::Text AccountID() override { return control(u"AccountID").text(); }
+    automation::Text AccountID() override { return control(u"AccountID").text(); }
 
     /// Compares the rows of two parameters by the dates in their second column. It answers 0, 1 and 2, never
     /// less: that is how the order comes about that users know. A text that is no date counts as the first
@@ -31,10 +31,10 @@ class QuickView final : public QuickViewWindow {
   private:
     void on_load() override;
     void on_unload() override;
-    void on_click(host::TextView control) override;
-    void on_double_click(host::TextView control) override;
-    void on_column_click(host::TextView control, int column) override;
-    void on_drop(host::TextView control, int x, int y) override;
+    void on_click(automation::TextView control) override;
+    void on_double_click(automation::TextView control) override;
+    void on_column_click(automation::TextView control, int column) override;
+    void on_drop(automation::TextView control, int x, int y) override;
 
     void cmbFolders_Click();
     void cmdAdd_Click();
@@ -44,10 +44,10 @@ class QuickView final : public QuickViewWindow {
     void lstItems_DblClick();
     void lstItems_OLEDragDrop(int x, int y);
 
-    host::outlook::Items related_items(Steps& steps, const Presence& here, const host::Text& chosen);
+    host::outlook::Items related_items(Steps& steps, const Presence& here, const automation::Text& chosen);
     void add_row(Steps& steps, const host::outlook::Item& item, bool by_name);
 
-    host::outlook::Item make_record(Steps& steps, const host::Text& chosen, const host::Text& key,
+    host::outlook::Item make_record(Steps& steps, const automation::Text& chosen, const automation::Text& key,
                                     const host::outlook::Folder& profiles,
                                     const host::family::SafeMailItem& mail);
     void write_shown_values(Steps& steps, const host::outlook::Item& record);
@@ -64,10 +64,10 @@ class QuickView final : public QuickViewWindow {
         return Form::control(name).choice();
     }
     /// What a label or box shows; empty if the window has gone meanwhile.
-    host::Text shown(ControlName name) { return loaded() ? control(name).text() : host::Text(); }
+    automation::Text shown(ControlName name) { return loaded() ? control(name).text() : automation::Text(); }
     /// What the window shows of a record's property.
-    host::Text shown_value(records::Name property);
-    void caption(host::TextView text);
+    automation::Text shown_value(records::Name property);
+    void caption(automation::TextView text);
 
     Session& session_;
 };

@@ -1,17 +1,17 @@
 // The window's controls.
 #pragma once
 
+#include "addin/records/names.h"
 #include "forms/named.h"
 #include "forms/pictures.h"
-#include "records/names.h"
 
 namespace addin::quickview {
 
 /// What `cmbFolders` shows as long as nothing was chosen.
-inline constexpr host::TextView choose_folder = u"Choose Folder";
+inline constexpr automation::TextView choose_folder = u"Choose Folder";
 
 /// Entries of `cmbFolders` that are folders of the user's own.
-inline constexpr host::TextView my_calendar = u"My Calendar", my_tasks = u"My Tasks";
+inline constexpr automation::TextView my_calendar = u"My Calendar", my_tasks = u"My Tasks";
 
 namespace window {
 
@@ -21,14 +21,14 @@ using forms::ControlRow;
 
 inline constexpr Column columns[] = {{u"Subject", 5027}, {u"Modified Date", 2540}, {u"EntryID", 0}};
 
-inline constexpr host::TextView folders[] = {records::folder::notes, records::folder::opportunities,
-                                             my_calendar, my_tasks};
+inline constexpr automation::TextView folders[] = {records::folder::notes, records::folder::opportunities,
+                                                   my_calendar, my_tasks};
 
 inline constexpr forms::Font small_print{.face = u"Tahoma", .points = 6.75};
 inline constexpr forms::Font underlined{.face = u"Tahoma", .points = 6.75, .underlined = true};
 
 /// A label that no one sees: it keeps a value of what is shown.
-constexpr ControlRow hidden(host::TextView name) {
+constexpr ControlRow hidden(automation::TextView name) {
     return {.kind = ControlKind::label, .name = name, .visible = false};
 }
 

@@ -1,16 +1,16 @@
 // The items of a folder that belong to the contact that is shown.
 #include <array>
 
-#include "quickview/quick_view.h"
-#include "records/database.h"
-#include "records/filters.h"
-#include "records/names.h"
-#include "records/property_filters.h"
+#include "addin/quickview/quick_view.h"
+#include "addin/records/database.h"
+#include "addin/records/filters.h"
+#include "addin/records/names.h"
+#include "addin/records/property_filters.h"
 
 namespace addin::quickview {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Items;
 
 namespace {

@@ -1,6 +1,6 @@
-#include "records/accounts.h"
+#include "addin/records/accounts.h"
 
-#include "records/stamp.h"
+#include "addin/records/stamp.h"
 
 namespace addin::records {
 
@@ -18,7 +18,7 @@ host::family::ListPicker make_account_picker(Steps& steps, host::Desktop& deskto
 }
 
 void write_contact_field(Steps& steps, const host::outlook::Item& contact, const AccountToContact& row,
-                         const std::function<host::Value()>& value) {
+                         const std::function<automation::Value()>& value) {
     if (row.contact_field_is_property) {
         write_property(steps, contact, row.contact_field, value);
     } else {

@@ -3,11 +3,11 @@
 
 #include <functional>
 
-#include "core/steps.h"
-#include "host/desktop.h"
-#include "host/family.h"
-#include "host/outlook.h"
-#include "records/names.h"
+#include "addin/ground/steps.h"
+#include "addin/host/desktop.h"
+#include "addin/host/family.h"
+#include "addin/host/outlook.h"
+#include "addin/records/names.h"
 
 namespace addin::records {
 
@@ -17,6 +17,6 @@ host::family::ListPicker make_account_picker(Steps& steps, host::Desktop& deskto
 
 /// Writes one of the fields that come from an account: a user property of the contact, or a field of its own.
 void write_contact_field(Steps& steps, const host::outlook::Item& contact, const AccountToContact& row,
-                         const std::function<host::Value()>& value);
+                         const std::function<automation::Value()>& value);
 
 }  // namespace addin::records

@@ -1,11 +1,11 @@
 // The way to the database's folders.
 #pragma once
 
-#include "core/steps.h"
-#include "host/desktop.h"
-#include "host/family.h"
-#include "host/outlook.h"
-#include "records/names.h"
+#include "addin/ground/steps.h"
+#include "addin/host/desktop.h"
+#include "addin/host/family.h"
+#include "addin/host/outlook.h"
+#include "addin/records/names.h"
 
 namespace addin::records {
 
@@ -22,9 +22,9 @@ inline host::family::SafeMailItem make_wrapper(host::Desktop& desktop) {
 /// Opens a folder of the database by its name, "Account Profiles" or "System Folder". Throws `Failure` if
 /// anything on the way fails.
 inline host::outlook::Folder open_folder(host::Desktop& desktop, const host::family::MainAddIn& main_add_in,
-                                         host::TextView name) {
-    const host::Text folder_id = main_add_in.GetFolderId(name);
-    const host::Text store_id = main_add_in.GetStoreId();
+                                         automation::TextView name) {
+    const automation::Text folder_id = main_add_in.GetFolderId(name);
+    const automation::Text store_id = main_add_in.GetStoreId();
     return host::outlook::Application(desktop.application())
         .GetNamespace(u"MAPI")
         .GetFolderFromID(folder_id, store_id);

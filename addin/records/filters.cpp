@@ -1,13 +1,13 @@
-#include "records/filters.h"
+#include "addin/records/filters.h"
 
 #include <span>
 
-#include "core/steps.h"
+#include "addin/ground/steps.h"
 
 namespace addin::records {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -25,7 +25,7 @@ constexpr Ending template_ending{u"z", true};
 
 /// What stands at the end of an upper limit in place of the last character.
 Text end_piece(char16_t last, const Ending& ending) {
-    if (host::upper(last) == u'Z') return last + Text(ending.z_suffix);
+    if (automation::upper(last) == u'Z') return last + Text(ending.z_suffix);
     if (ending.nine_is_special && last == u'9') return u"99";
     return Text(1, static_cast<char16_t>(last + 1));
 }
@@ -48,21 +48,21 @@ Prepared prepare(Text& S, const Ending& ending) {
         prepared.end = end_piece(S.back(), ending);
         prepared.limit = S.substr(0, S.size() - 1) + prepared.end;
     }
-    if (S.starts_with(apostrophe)) S = middle(S, 1, host::trimmed(S).size());
-    const std::size_t length = host::trimmed(S).size();
+    if (S.starts_with(apostrophe)) S = middle(S, 1, automation::trimmed(S).size());
+    const std::size_t length = automation::trimmed(S).size();
     const std::size_t first = S.find(apostrophe);
     if (first != Text::npos && first + 1 == length) S = S.substr(0, length - 1);
-    S = host::replaced(S, apostrophe, travelling);
+    S = automation::replaced(S, apostrophe, travelling);
     return prepared;
 }
 
 Text travelling_limit(const Prepared& prepared) {
-    return host::replaced(prepared.limit, apostrophe, travelling);
+    return automation::replaced(prepared.limit, apostrophe, travelling);
 }
 
 /// Gives a finished text its delimiters, and the values their apostrophes.
 Text swapped(TextView text) {
-    return host::replaced(host::replaced(text, apostrophe, quote), travelling, apostrophe);
+    return automation::replaced(automation::replaced(text, apostrophe, quote), travelling, apostrophe);
 }
 
 Text joined(std::initializer_list<TextView> pieces) {
@@ -149,7 +149,8 @@ Text NoteFilter(Text& S, TextView mode, NoteFilterBoxes& boxes) {
 
 Text TemplateFilter(Text& S, TextView filter_template) {
     const Text limit = travelling_limit(prepare(S, template_ending));
-    return host::replaced(host::replaced(filter_template, u"<<mString>>", S), u"<<UpperLimit>>", limit);
+    return automation::replaced(automation::replaced(filter_template, u"<<mString>>", S), u"<<UpperLimit>>",
+                                limit);
 }
 
 Text FormatFieldValue(const Text& value, TextView field_type, host::Desktop& desktop) {

@@ -1,9 +1,9 @@
-#include "records/list_definition.h"
+#include "addin/records/list_definition.h"
 
 namespace addin::records {
 
-host::Text as_template(host::TextView body) {
-    host::Text fixed = host::trimmed(body);
+automation::Text as_template(automation::TextView body) {
+    automation::Text fixed = automation::trimmed(body);
     fixed.resize(template_length, u' ');
     return fixed;
 }

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace addin::records {
 
@@ -14,12 +14,12 @@ inline constexpr std::size_t template_length = 4096;
 
 /// The definition of one search, as its record in the "System Folder" tells it.
 struct ListDefinition {
-    std::array<host::Text, shown_fields> ColumnName, FieldName, FieldType;
-    host::Text KeyColumnName, KeyFieldName, SearchFolder;
-    host::Text filter_template = host::Text(template_length, u' ');
+    std::array<automation::Text, shown_fields> ColumnName, FieldName, FieldType;
+    automation::Text KeyColumnName, KeyFieldName, SearchFolder;
+    automation::Text filter_template = automation::Text(template_length, u' ');
 };
 
 /// A text at the template's length, without the blanks around it.
-host::Text as_template(host::TextView body);
+automation::Text as_template(automation::TextView body);
 
 }  // namespace addin::records

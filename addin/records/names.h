@@ -2,11 +2,11 @@
 // here, odd spellings included; nothing else in the add-in spells one.
 #pragma once
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace addin::records {
 
-using Name = host::TextView;
+using Name = automation::TextView;
 
 namespace folder {
 inline constexpr Name account_profiles =

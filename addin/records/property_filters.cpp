@@ -1,15 +1,15 @@
-#include "records/property_filters.h"
+#include "addin/records/property_filters.h"
 
-#include "records/names.h"
+#include "addin/records/names.h"
 
 namespace addin::records {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 Text quoted_address(TextView property) {
     return u'"' + Text(schema_root) + u"mapi/string/" + Text(user_property_set) + u'/' +
-           host::replaced(property, u" ", u"%20") + u'"';
+           automation::replaced(property, u" ", u"%20") + u'"';
 }
 
 Text address_term(FilterForm form, const Text& address, TextView value) {

@@ -1,11 +1,11 @@
-#include "records/stamp.h"
+#include "addin/records/stamp.h"
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 
 namespace addin::records {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -147,7 +147,7 @@ void write_keys(Steps& steps, const PathRow& row, const host::outlook::Item& not
 }
 
 void write_property(Steps& steps, const host::outlook::Item& note, Name name,
-                    const std::function<host::Value()>& value) {
+                    const std::function<automation::Value()>& value) {
     steps.run([&] { note.UserProperties().Item(name).value(value()); });
 }
 
@@ -178,7 +178,7 @@ host::outlook::Item post_note(Steps& steps, const PathRow& row, const host::outl
     write_property(steps, note, property::account_name, [&] { return contact.CompanyName(); });
     write_property(steps, note, property::contact_name, [&] { return contact.FullName(); });
     write_property(steps, note, property::type, [&] {
-        return host::Value(row.type == From::sent ? note_type::sent : note_type::received);
+        return automation::Value(row.type == From::sent ? note_type::sent : note_type::received);
     });
     steps.run([&] { note.Subject(mail.Subject()); });
     write_body(steps, row, note, mail);

@@ -6,16 +6,16 @@
 #include <functional>
 #include <span>
 
-#include "core/steps.h"
-#include "host/desktop.h"
-#include "host/family.h"
-#include "host/outlook.h"
-#include "records/names.h"
+#include "addin/ground/steps.h"
+#include "addin/host/desktop.h"
+#include "addin/host/family.h"
+#include "addin/host/outlook.h"
+#include "addin/records/names.h"
 
 namespace addin::records {
 
 /// The machine-readable mark on a mail that was handled.
-inline constexpr host::TextView auto_filed = u"TW Auto Filed";
+inline constexpr automation::TextView auto_filed = u"TW Auto Filed";
 
 /// The paths on which a mail or record is tied to a note.
 enum class Path {
@@ -78,11 +78,11 @@ struct PathRow {
     Name message_class;
     std::span<const Key> keys;
     From account_name, contact_name, type, subject;
-    host::TextView body_start;
+    automation::TextView body_start;
     bool activity_date;
     Ends ends;
     Marks marks;
-    host::TextView flag_request;
+    automation::TextView flag_request;
     bool billing_information;
 };
 
@@ -99,7 +99,7 @@ host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
 // The moves that a note is made of. Each fills what it fills, skips what fails, and changes nothing else.
 
 /// What a key of a note is filled with. Throws `Failure` for what can't be read: the key stays unset.
-using KeySource = std::function<host::Value(const Key& key)>;
+using KeySource = std::function<automation::Value(const Key& key)>;
 
 /// Each key is copied from a record's property of its own name.
 KeySource copied_from(const host::outlook::Item& record);
@@ -108,7 +108,7 @@ host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outl
                               const host::outlook::Item& before = {});
 void write_keys(Steps& steps, const PathRow& row, const host::outlook::Item& note, const KeySource& source);
 void write_property(Steps& steps, const host::outlook::Item& note, Name name,
-                    const std::function<host::Value()>& value);
+                    const std::function<automation::Value()>& value);
 void write_activity_date(Steps& steps, const host::outlook::Item& note,
                          const host::family::SafeMailItem& mail);
 void write_body(Steps& steps, const PathRow& row, const host::outlook::Item& note,

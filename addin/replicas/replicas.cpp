@@ -1,22 +1,22 @@
-#include "replicas/replicas.h"
+#include "addin/replicas/replicas.h"
 
 #include <algorithm>
 #include <optional>
 
-#include "core/presence.h"
-#include "core/settings.h"
-#include "core/status_windows.h"
-#include "core/steps.h"
-#include "host/host_events.h"
-#include "records/database.h"
-#include "records/property_filters.h"
-#include "records/stamp.h"
+#include "addin/ground/presence.h"
+#include "addin/ground/settings.h"
+#include "addin/ground/status_windows.h"
+#include "addin/ground/steps.h"
+#include "addin/host/host_events.h"
+#include "addin/records/database.h"
+#include "addin/records/property_filters.h"
+#include "addin/records/stamp.h"
 
 namespace addin::replicas {
 
-using host::Object;
-using host::Text;
-using host::TextView;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Inspectors;
 using host::outlook::Item;
@@ -164,7 +164,7 @@ bool Replication::is_linked() {
         const UserProperties properties = item_.UserProperties();
         const Text account = properties.Item(property::account_id).value().to_text();
         const Text contact = properties.Item(property::contact_id).value().to_text();
-        return !host::trimmed(account + contact).empty();
+        return !automation::trimmed(account + contact).empty();
     });
 }
 
@@ -243,7 +243,7 @@ Text folder_name(const Session& session, const ReplicaRow& row) {
 /// Holds an object as the last inspector. Only what has an inspector's events can be held: for anything else
 /// this fails, and the inspector that is held stays.
 void hold_as_inspector(Connect& connect, const Object& object) {
-    host::Sink trial;
+    automation::Sink trial;
     trial.connect(host::events::inspector, object, {});
     connect.watch_inspector(object);
 }

@@ -3,8 +3,8 @@
 
 #include <span>
 
-#include "core/connect.h"
-#include "records/names.h"
+#include "addin/connect/connect.h"
+#include "addin/records/names.h"
 
 namespace addin::replicas {
 
@@ -18,12 +18,12 @@ enum class Ending {
 /// All in which the two kinds of replicas differ.
 struct ReplicaRow {
     bool Connect::*guard;          ///< an item of the class is open, so what changes is the user's doing
-    host::TextView enabled;        ///< the option that turns it off
-    host::TextView folder_option;  ///< the option that names the shared folder
-    records::Name default_folder;  ///< its name where the option is empty
-    records::Name message_class;   ///< of the linked items
-    records::Name key;             ///< the property that an item and its replica have in common
-    host::TextView status;         ///< what the status window shows meanwhile
+    automation::TextView enabled;  ///< the option that turns it off
+    automation::TextView folder_option;     ///< the option that names the shared folder
+    records::Name default_folder;           ///< its name where the option is empty
+    records::Name message_class;            ///< of the linked items
+    records::Name key;                      ///< the property that an item and its replica have in common
+    automation::TextView status;            ///< what the status window shows meanwhile
     std::span<const records::Name> copied;  ///< properties that are set on the copy one by one, in this order
     Ending on_add, on_change;
 };

@@ -1,13 +1,13 @@
 // What the system's search index knows of the shown record: mail of the mailbox, and files.
-#include "host/search.h"
-#include "searchpanel/panel_search.h"
-#include "searchpanel/result_texts.h"
+#include "addin/host/search.h"
+#include "addin/searchpanel/panel_search.h"
+#include "addin/searchpanel/result_texts.h"
 
 namespace addin::searchpanel {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 
 namespace {
 
@@ -50,7 +50,7 @@ Text path_in_store(TextView path) {
 
 void PanelSearch::ask_index() {
     Text text;
-    steps_.set(text, [&] { return host::replaced(shown_.Subject(), u"'", u"''"); });
+    steps_.set(text, [&] { return automation::replaced(shown_.Subject(), u"'", u"''"); });
     caption(steps_, u"StoreID", status);
     if (!here_.give_way(steps_) || text.empty()) return;
 

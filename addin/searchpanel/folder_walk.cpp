@@ -1,16 +1,16 @@
 // The walk over all folders of the database.
-#include "core/product.h"
-#include "core/status_windows.h"
-#include "records/database.h"
-#include "records/filters.h"
-#include "searchpanel/panel_search.h"
-#include "searchpanel/result_texts.h"
+#include "addin/ground/product.h"
+#include "addin/ground/status_windows.h"
+#include "addin/records/database.h"
+#include "addin/records/filters.h"
+#include "addin/searchpanel/panel_search.h"
+#include "addin/searchpanel/result_texts.h"
 
 namespace addin::searchpanel {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Folders;
 using host::outlook::Item;
@@ -31,7 +31,8 @@ constexpr TextView received_classes = u"IPM.Po";
 
 /// The name of a folder that could be read. Throws `Failure` for one that couldn't.
 const Text& known(const std::optional<Text>& name) {
-    if (!name) throw host::Failure(host::result::object_not_set, u"The folder's name isn't known.");
+    if (!name)
+        throw automation::Failure(automation::result::object_not_set, u"The folder's name isn't known.");
     return *name;
 }
 
@@ -82,8 +83,8 @@ void PanelSearch::list_folder(Steps& steps, const Items& found, const std::optio
     }
     steps.run([&] {
         control(u"StoreID")
-            .text(Text(found_start) + host::to_text(static_cast<long long>(count)) + Text(found_middle) +
-                  known(name) + u".");
+            .text(Text(found_start) + automation::to_text(static_cast<long long>(count)) +
+                  Text(found_middle) + known(name) + u".");
     });
     steps.set(wrapper, [&] { return records::make_wrapper(session_.desktop); });
     std::optional<Text> shown_name;

@@ -3,14 +3,14 @@
 #include <iterator>
 #include <limits>
 
-#include "core/presence.h"
-#include "core/product.h"
-#include "searchpanel/show_items.h"
+#include "addin/ground/presence.h"
+#include "addin/ground/product.h"
+#include "addin/searchpanel/show_items.h"
 
 namespace addin::searchpanel {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Folder;
 namespace default_folder = host::outlook::default_folder;
 
@@ -39,7 +39,8 @@ constexpr FolderRow folders[] = {
 Text cell(ShowItems& panel, int column) { return panel.list().text(panel.list().selected(), column); }
 
 std::int16_t as_16_bits(std::int32_t count) {
-    if (count > std::numeric_limits<std::int16_t>::max()) throw host::Failure(host::result::overflow);
+    if (count > std::numeric_limits<std::int16_t>::max())
+        throw automation::Failure(automation::result::overflow);
     return static_cast<std::int16_t>(count);
 }
 
@@ -76,7 +77,7 @@ void open_indexed(ShowItems& panel, Steps& steps) {
     });
     steps.set(count, [&] { return as_16_bits(found.Count()); });
     if (count > opened_unasked) {
-        const Text question = Text(many_start) + host::to_text(static_cast<long long>(count)) +
+        const Text question = Text(many_start) + automation::to_text(static_cast<long long>(count)) +
                               Text(many_middle) + subject + Text(many_end);
         if (desktop.message_box(question, product_title, host::box::yes_no) != host::box::answer_yes) {
             count = opened_unasked;
@@ -92,9 +93,9 @@ void open_result(ShowItems& panel) {
     const Presence here(panel.session(), panel);
     host::Desktop& desktop = panel.session().desktop;
     Steps steps;
-    desktop.pointer(host::Pointer::hourglass);
+    desktop.pointer(forms::Pointer::hourglass);
     if (steps.holds([&] { return panel.list().count() == 0 || cell(panel, column::folder).empty(); })) {
-        desktop.pointer(host::Pointer::standard);
+        desktop.pointer(forms::Pointer::standard);
         desktop.beep();
         return;
     }
@@ -114,7 +115,7 @@ void open_result(ShowItems& panel) {
                 .Display();
         });
     }
-    if (here.session_lasts()) desktop.pointer(host::Pointer::standard);
+    if (here.session_lasts()) desktop.pointer(forms::Pointer::standard);
 }
 
 }  // namespace addin::searchpanel

@@ -1,11 +1,11 @@
-#include "searchpanel/panel_filters.h"
+#include "addin/searchpanel/panel_filters.h"
 
-#include "records/names.h"
+#include "addin/records/names.h"
 
 namespace addin::searchpanel {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using records::address_term;
 using records::quoted_address;
 namespace property = records::property;

@@ -1,19 +1,19 @@
-#include "searchpanel/panel_search.h"
+#include "addin/searchpanel/panel_search.h"
 
-#include "core/product.h"
-#include "core/settings.h"
-#include "core/status.h"
-#include "core/status_windows.h"
+#include "addin/ground/product.h"
+#include "addin/ground/settings.h"
+#include "addin/ground/status.h"
+#include "addin/ground/status_windows.h"
+#include "addin/records/database.h"
+#include "addin/records/filters.h"
+#include "addin/records/names.h"
+#include "addin/searchpanel/result_texts.h"
 #include "forms/sort_marks.h"
-#include "records/database.h"
-#include "records/filters.h"
-#include "records/names.h"
-#include "searchpanel/result_texts.h"
 
 namespace addin::searchpanel {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;
 using host::outlook::Items;
@@ -66,12 +66,12 @@ Text value_of(const Item& item, const HeaderRow& row) {
     return row.is_property ? property_of(item, row.source) : item.get(row.source).to_text();
 }
 
-Text doubled(TextView text) { return host::replaced(text, apostrophe, doubled_apostrophe); }
+Text doubled(TextView text) { return automation::replaced(text, apostrophe, doubled_apostrophe); }
 
 /// The upper bound of a table's first dimension. Throws `Failure` for what is no table.
-std::int32_t upper_bound(const std::optional<host::Array>& table) {
-    if (!table) throw host::Failure(host::result::type_mismatch);
-    const host::Array::Bounds& first = table->dimensions().front();
+std::int32_t upper_bound(const std::optional<automation::Array>& table) {
+    if (!table) throw automation::Failure(automation::result::type_mismatch);
+    const automation::Array::Bounds& first = table->dimensions().front();
     return first.lower + first.count - 1;
 }
 
@@ -81,7 +81,7 @@ PanelSearch::PanelSearch(ShowItems& panel)
     : here_(panel.session(), panel), panel_(panel), session_(panel.session()) {}
 
 forms::Control& PanelSearch::control(ControlName name) const {
-    if (gone()) throw host::Failure(host::result::object_deleted, u"The panel has been closed.");
+    if (gone()) throw automation::Failure(automation::result::object_deleted, u"The panel has been closed.");
     return panel_.control(name);
 }
 
@@ -127,7 +127,7 @@ void PanelSearch::open_database() {
 Text PanelSearch::chosen(Text createnote::Target::*part) const {
     const int place = control(u"SearchMe").choice().chosen();
     if (place < 0 || static_cast<std::size_t>(place) >= panel_.gForms2.size()) {
-        throw host::Failure(host::result::bad_index, u"No target is chosen.");
+        throw automation::Failure(automation::result::bad_index, u"No target is chosen.");
     }
     return panel_.gForms2[static_cast<std::size_t>(place)].*part;
 }
@@ -167,13 +167,13 @@ PanelSearch::Next PanelSearch::let_choose() {
     if (steps_.holds([&] { return picker.dialogcancel(); })) return Next::ask_index;
     if (gone()) return Next::end;
 
-    std::optional<host::Array> rows;
+    std::optional<automation::Array> rows;
     steps_.set(rows, [&] { return std::optional(picker.slist()); });
     if (!steps_.holds([&] { return upper_bound(rows) > 1; })) {
         steps_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
         record_.reset();
         for (const ControlName name : header_of_picked) caption(steps_, name, u"");
-        steps_.run([&] { take_record(rows.value_or(host::Array())); });
+        steps_.run([&] { take_record(rows.value_or(automation::Array())); });
         return Next::list_items;
     }
     if (steps_.failed()) {
@@ -184,11 +184,11 @@ PanelSearch::Next PanelSearch::let_choose() {
         host::box::answer_yes) {
         return Next::end;
     }
-    if (!gone()) steps_.run([&] { take_record(rows.value_or(host::Array())); });
+    if (!gone()) steps_.run([&] { take_record(rows.value_or(automation::Array())); });
     return Next::list_items;
 }
 
-void PanelSearch::take_record(const host::Array& rows) {
+void PanelSearch::take_record(const automation::Array& rows) {
     record_ = host::outlook::Application(session_.desktop.application())
                   .GetNamespace(u"MAPI")
                   .GetItemFromID(rows.at(0, picked_entry_id).to_text(), target_.StoreID());

@@ -1,19 +1,19 @@
-#include "searchpanel/show_items.h"
+#include "addin/searchpanel/show_items.h"
 
 #include <algorithm>
 #include <cmath>
 #include <iterator>
 
+#include "addin/records/database.h"
+#include "addin/records/names.h"
+#include "addin/records/property_filters.h"
+#include "addin/searchpanel/panel_search.h"
 #include "forms/sort_marks.h"
-#include "records/database.h"
-#include "records/names.h"
-#include "records/property_filters.h"
-#include "searchpanel/panel_search.h"
 
 namespace addin::searchpanel {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -32,7 +32,7 @@ int rounded(double twips) { return static_cast<int>(std::lround(twips)); }
 }  // namespace
 
 void furnish(Session& session) {
-    for (WindowPlace<>* place : {&session.search_panel, &session.gPanelMenu, &session.gPanelMenu2}) {
+    for (forms::WindowPlace<>* place : {&session.search_panel, &session.gPanelMenu, &session.gPanelMenu2}) {
         place->made_by([&session] { return std::make_shared<ShowItems>(session); });
     }
 }

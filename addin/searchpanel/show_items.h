@@ -3,9 +3,9 @@
 
 #include <vector>
 
-#include "core/session.h"
-#include "createnote/search_targets.h"
-#include "searchpanel/panel_table.h"
+#include "addin/createnote/search_targets.h"
+#include "addin/ground/session.h"
+#include "addin/searchpanel/panel_table.h"
 
 namespace addin::searchpanel {
 
@@ -27,7 +27,7 @@ class ShowItems final : public forms::Form {
     std::vector<createnote::Target> gForms2;  ///< the targets, by their places in `SearchMe`; none: no table
     host::family::MainAddIn sobj;             ///< held as long as the window is loaded
     host::outlook::Folder Hostfolder;         ///< "Account Profiles", the same
-    host::Text MySavedEntryID;                ///< the item that was pending at the last load or activation
+    automation::Text MySavedEntryID;          ///< the item that was pending at the last load or activation
     host::family::ListPicker picker;          ///< while a search holds one
 
     void LoadPanelDefinitions();
@@ -49,9 +49,9 @@ class ShowItems final : public forms::Form {
     void on_activate() override;
     void on_resize() override;
     void on_character(char16_t character) override;
-    void on_click(host::TextView control) override;
-    void on_double_click(host::TextView control) override;
-    void on_column_click(host::TextView control, int column) override;
+    void on_click(automation::TextView control) override;
+    void on_double_click(automation::TextView control) override;
+    void on_column_click(automation::TextView control, int column) override;
 
     /// Searches for the pending item, or for one that the user picks. False: the window or the whole session
     /// has ended meanwhile.

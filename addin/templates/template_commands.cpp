@@ -1,17 +1,17 @@
-#include "templates/template_commands.h"
+#include "addin/templates/template_commands.h"
 
-#include "core/presence.h"
-#include "core/question.h"
-#include "records/database.h"
-#include "records/names.h"
-#include "records/property_filters.h"
-#include "records/stamp.h"
+#include "addin/ground/presence.h"
+#include "addin/ground/question.h"
+#include "addin/records/database.h"
+#include "addin/records/names.h"
+#include "addin/records/property_filters.h"
+#include "addin/records/stamp.h"
 
 namespace addin::templates {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::family::MainAddIn;
 using host::outlook::Folder;
 using host::outlook::Item;

@@ -1,7 +1,7 @@
 // The commands of mails' and contacts' windows that have to do with templates.
 #pragma once
 
-#include "core/session.h"
+#include "addin/ground/session.h"
 
 namespace addin::templates {
 

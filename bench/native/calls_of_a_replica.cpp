@@ -8,8 +8,8 @@
 namespace bench {
 namespace {
 
-using host::TextView;
-using host::Value;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -41,7 +41,7 @@ bool calls_of_a_replica() {
         item.Save();
         world->settle();
         const auto calls_of_change = [&](int number) {
-            item.Subject(u"Plan " + host::to_text(static_cast<long long>(number)));
+            item.Subject(u"Plan " + automation::to_text(static_cast<long long>(number)));
             world->boundary().forget_calls();
             item.Save();
             return world->boundary().calls().size();

@@ -5,14 +5,14 @@
 
 #include "bench/native/measures.h"
 #include "bench/table.h"
-#include "desk/tools/sample_data.h"
+#include "desk/tools/database/sample_data.h"
 
 namespace bench {
 namespace {
 
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 constexpr int record_counts[] = {500, 5'000};
@@ -44,11 +44,12 @@ void add_definition(native::NativeWorld& world) {
     definition.Subject(u"All contacts");
     definition.Body(u"[Email1Address] >= '<<mString>>'");
     for (const char16_t digit : {u'1', u'2', u'3', u'4', u'5', u'6'}) {
-        set_property(definition, host::Text(u"ColumnName") + digit, u"Column");
-        set_property(definition, host::Text(u"FieldName") + digit, host::Text(property_set) + u"Team");
-        set_property(definition, host::Text(u"FieldType") + digit, u"String");
+        set_property(definition, automation::Text(u"ColumnName") + digit, u"Column");
+        set_property(definition, automation::Text(u"FieldName") + digit,
+                     automation::Text(property_set) + u"Team");
+        set_property(definition, automation::Text(u"FieldType") + digit, u"String");
     }
-    set_property(definition, u"KeyFieldName", host::Text(property_set) + u"ContactID");
+    set_property(definition, u"KeyFieldName", automation::Text(property_set) + u"ContactID");
     set_property(definition, u"KeyColumnName", u"ContactID");
     set_property(definition, u"SearchFolder", folder_path);
     definition.Post();
@@ -88,7 +89,7 @@ bool calls_of_a_search() {
         const auto world = filing_world();
         desk::sample::add_contacts(forms, world->model().store(), count);
         world->quit();
-        const host::Text ini = world->write_file("twsystemfolder.ini", targets);
+        const automation::Text ini = world->write_file("twsystemfolder.ini", targets);
         world->family(u"SpecialFolder", ini.substr(0, ini.find_last_of(u"/\\")));
         world->start();
         add_definition(*world);

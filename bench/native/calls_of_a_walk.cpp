@@ -11,8 +11,8 @@
 namespace bench {
 namespace {
 
-using host::Text;
-using host::Value;
+using automation::Text;
+using automation::Value;
 
 constexpr int tree_sizes[] = {10, 100, 2'000};
 constexpr int all_items = 100'000;
@@ -47,14 +47,14 @@ void add_tree(desk::Store& store, int folders, int items) {
     desk::Store::Transaction transaction(store);
     for (int i = 1; i <= folders; ++i) {
         desk::FolderRow row = *anchor;
-        row.name = u"Made-up folder " + host::to_text(i);
+        row.name = u"Made-up folder " + automation::to_text(i);
         row.fields.clear();
         const desk::RowId folder = store.add_folder(row);
         const int share = items / folders;
         for (int item = 0; item < share; ++item) {
             desk::ItemData data;
             data.message_class = u"IPM.Post.Note";
-            data.fields = {{u"Subject", u"Made-up note " + host::to_text(item)}};
+            data.fields = {{u"Subject", u"Made-up note " + automation::to_text(item)}};
             data.user_properties = {{u"AccountID", 1, Text(item < rows_of_folder ? u"A-100" : u"A-1")}};
             store.add_item(folder, data);
         }

@@ -2,15 +2,15 @@
 #include <chrono>
 #include <iostream>
 
+#include "addin/ground/settings.h"
 #include "bench/native/measures.h"
 #include "bench/table.h"
-#include "core/settings.h"
 
 namespace bench {
 namespace {
 
-using host::Object;
-using host::Value;
+using automation::Object;
+using automation::Value;
 
 constexpr int mail = 0, appointment = 1, contact = 2, task = 3;  // OlItemType
 
@@ -18,7 +18,7 @@ constexpr int mail = 0, appointment = 1, contact = 2, task = 3;  // OlItemType
 struct Opened {
     const char* name;
     std::int32_t type;
-    host::TextView message_class;  ///< empty: the type's own
+    automation::TextView message_class;  ///< empty: the type's own
     bool saved;
 };
 constexpr Opened opened_items[] = {
@@ -79,7 +79,7 @@ bool calls_of_opened_items() {
 bool calls_of_a_selection() {
     bool right = true;
     Table table("What a change of the selection costs while Quick View is off", {"option", "calls"});
-    for (const host::TextView option : {u"", u"0"}) {
+    for (const automation::TextView option : {u"", u"0"}) {
         const auto world = filing_world();
         if (!option.empty()) world->option(addin::setting::enable_quick_view, option);
         const Object delivered = world->deliver(acceptance::message());
@@ -91,7 +91,7 @@ bool calls_of_a_selection() {
             calls += (calls.empty() ? "" : ", ") + call;
             right = right && call.starts_with("registry.");
         }
-        table.row({option.empty() ? "not there" : host::to_utf8(option), calls});
+        table.row({option.empty() ? "not there" : automation::to_utf8(option), calls});
         right = right && !calls.empty();
     }
     table.print(std::cout);

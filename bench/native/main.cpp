@@ -27,7 +27,7 @@ int main() try {
                    times_right
                ? EXIT_SUCCESS
                : EXIT_FAILURE;
-} catch (const host::Failure& failure) {
+} catch (const automation::Failure& failure) {
     std::cout << "WRONG: a call failed: " << failure.what() << "\n";
     return EXIT_FAILURE;
 }

@@ -4,7 +4,7 @@
 
 #include "bench/native/measures.h"
 #include "bench/table.h"
-#include "desk/tools/sample_data.h"
+#include "desk/tools/database/sample_data.h"
 
 namespace bench {
 namespace {

@@ -19,7 +19,7 @@ struct CloseHandleOf {
 }  // namespace
 
 std::optional<std::string> log_line(const std::string& start) {
-    const std::optional<host::Text> log =
+    const std::optional<automation::Text> log =
         wine::read_text(HKEY_CURRENT_USER, u"Software\\Tarnwell\\Desk", u"LogFile");
     if (!log) return {};
     std::optional<std::string> found;

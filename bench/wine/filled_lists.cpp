@@ -17,9 +17,9 @@ namespace bench {
 namespace {
 
 using acceptance::World;
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 using Clock = std::chrono::steady_clock;
@@ -53,7 +53,7 @@ double calls_of_others(World& world) {
     double sum = 0;
     for (std::int32_t i = 1; i <= count; ++i) {
         const Object entry = calls.call(u"Item", {i}).to_object();
-        const std::string member = host::to_utf8(entry.get(u"Member").to_text());
+        const std::string member = automation::to_utf8(entry.get(u"Member").to_text());
         if (std::ranges::find(waiting, member) == std::end(waiting)) {
             sum += entry.get(u"Invocations").to_integer();
         }

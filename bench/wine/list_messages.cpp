@@ -3,23 +3,23 @@
 #include <stdexcept>
 #include <vector>
 
+#include "addin/createnote/dlg_send.h"
+#include "addin/quickview/quick_view.h"
+#include "addin/searchpanel/show_items.h"
 #include "bench/table.h"
 #include "bench/wine/measures.h"
 #include "bench/wine/server_work.h"
-#include "createnote/dlg_send.h"
 #include "family/list_picker_form.h"
 #include "forms/form.h"
-#include "quickview/quick_view.h"
-#include "searchpanel/show_items.h"
-#include "windows/forms/common_controls.h"
-#include "windows/forms/form_engine.h"
+#include "forms/windows/common_controls.h"
+#include "forms/windows/form_engine.h"
 
 namespace bench {
 namespace {
 
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::FormTable;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::FormTable;
 
 constexpr int row_count = 500;
 
@@ -43,15 +43,15 @@ const ControlRow& list_of(const FormTable& table) {
 double messages_of_a_row(const FormTable& table) {
     windows::Module module;
     windows::FormEngine engine(module, [] { return 96; });
-    const auto form = std::make_shared<addin::forms::Form>(engine, table);
+    const auto form = std::make_shared<forms::Form>(engine, table);
     form->show();
     const ControlRow& row = list_of(table);
-    addin::forms::List& list = form->control(row.name).list();
+    forms::List& list = form->control(row.name).list();
     const auto parent = reinterpret_cast<HWND>(form->view().system_handle());
     const HWND window = FindWindowExW(parent, nullptr, WC_LISTVIEWW, nullptr);
     int count = 0;
     SetWindowSubclass(window, count_message, 1, reinterpret_cast<DWORD_PTR>(&count));
-    const std::vector<host::Text> cells(row.columns.size(), u"some text");
+    const std::vector<automation::Text> cells(row.columns.size(), u"some text");
     for (int i = 0; i < row_count; ++i) list.add(cells);
     RemoveWindowSubclass(window, count_message, 1);
     form->unload();

@@ -11,8 +11,8 @@
 namespace bench {
 namespace {
 
-using host::Object;
-using host::Value;
+using automation::Object;
+using automation::Value;
 
 constexpr int rounds = 60;
 
@@ -22,7 +22,7 @@ constexpr double limit = 500, aim = 5;  // milliseconds
 struct Opened {
     const char* name;
     std::int32_t type;  ///< OlItemType
-    host::TextView message_class;
+    automation::TextView message_class;
 };
 constexpr Opened opened_items[] = {{"a saved mail", 0, u""},
                                    {"a personal appointment", 1, u""},

@@ -12,7 +12,7 @@ namespace bench {
 namespace {
 
 using acceptance::World;
-using host::Object;
+using automation::Object;
 using host::outlook::Item;
 
 struct Calls {
@@ -44,7 +44,7 @@ CallsByMember calls_of_a_mail(World& world) {
     const std::int32_t count = calls.get(u"Count").to_integer();
     for (std::int32_t i = 1; i <= count; ++i) {
         const Object entry = calls.call(u"Item", {i}).to_object();
-        const std::string member = host::to_utf8(entry.get(u"Member").to_text());
+        const std::string member = automation::to_utf8(entry.get(u"Member").to_text());
         if (is_one_of(counting, member)) continue;
         const std::int32_t own = is_one_of(own_calls, member) ? 1 : 0;
         all[member] = {entry.get(u"Invocations").to_integer() - own, entry.get(u"NameLookups").to_integer()};

@@ -12,7 +12,7 @@ namespace bench {
 namespace {
 
 using acceptance::World;
-using host::Text;
+using automation::Text;
 using host::outlook::Item;
 
 using Clock = std::chrono::steady_clock;
@@ -45,7 +45,7 @@ struct State {
 };
 
 State state_of(World& world, int mails) {
-    const host::Object live = world.desk().get(u"Live").to_object();
+    const automation::Object live = world.desk().get(u"Live").to_object();
     return {mails, live.get(u"Total").to_integer(), static_cast<double>(desk_memory())};
 }
 
@@ -85,7 +85,7 @@ bool soak(int mail_count) {
         World::read(mail);
         (kind.is_filed ? reading_filed : reading_others) += Clock::now() - before;
         if (acceptance::is_marked(mail) != kind.is_filed) ++wrong;
-        if (kind.is_filed) to_be_filed.push_back(host::from_utf8(subject));
+        if (kind.is_filed) to_be_filed.push_back(automation::from_utf8(subject));
     }
     world->settle();
     const State last = state_of(*world, mail_count);

@@ -8,12 +8,12 @@
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
 using windows::ComPtr;
 using windows::IDTExtensibility2;
-namespace result = host::result;
+namespace result = automation::result;
 
 namespace {
 
@@ -81,8 +81,8 @@ HRESULT timed(const AddInLoader::Log& log, TextView name, Operation&& operation)
     const HRESULT outcome = operation();
     QueryPerformanceCounter(&after);
     const auto microseconds = (after.QuadPart - before.QuadPart) * 1000000 / frequency.QuadPart;
-    log(Text(name) + u" " + host::to_text(static_cast<long long>(microseconds)) + u" us, result " +
-        host::to_text(static_cast<long long>(outcome)));
+    log(Text(name) + u" " + automation::to_text(static_cast<long long>(microseconds)) + u" us, result " +
+        automation::to_text(static_cast<long long>(outcome)));
     return outcome;
 }
 
@@ -122,7 +122,7 @@ void AddInLoader::load_all() {
 void AddInLoader::load(const Text& prog_id, long mode) {
     const auto& all = desk_.add_ins()->all;
     const auto entry = std::ranges::find_if(
-        all, [&](const auto& a) { return host::same_ignoring_case(a->prog_id, prog_id); });
+        all, [&](const auto& a) { return automation::same_ignoring_case(a->prog_id, prog_id); });
     if (entry == all.end()) throw Failure(result::not_found, u"There is no add-in \"" + prog_id + u"\".");
     if ((*entry)->connected) return;
     CLSID class_id{};
@@ -133,8 +133,8 @@ void AddInLoader::load(const Text& prog_id, long mode) {
     const HRESULT made = CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER,
                                           windows::to_guid(windows::extensibility_id), add_in.put_void());
     if (FAILED(made)) {
-        throw Failure(
-            made, u"its object could not be made (" + host::to_text(static_cast<long long>(made)) + u").");
+        throw Failure(made, u"its object could not be made (" +
+                                automation::to_text(static_cast<long long>(made)) + u").");
     }
     const ComPtr<IDispatch> application = apartment_->bridge(desk_.application());
     const ComPtr<IDispatch> add_in_entry = apartment_->bridge(*entry);
@@ -152,7 +152,7 @@ void AddInLoader::load(const Text& prog_id, long mode) {
 void AddInLoader::disconnect(Loaded& loaded, long mode) {
     timed(log_, u"OnDisconnection", [&] { return loaded.add_in->OnDisconnection(mode, nullptr); });
     for (const auto& entry : desk_.add_ins()->all) {
-        if (!host::same_ignoring_case(entry->prog_id, loaded.prog_id)) continue;
+        if (!automation::same_ignoring_case(entry->prog_id, loaded.prog_id)) continue;
         entry->connected = false;
         entry->published.reset();
     }
@@ -161,7 +161,7 @@ void AddInLoader::disconnect(Loaded& loaded, long mode) {
 
 void AddInLoader::connect(TextView prog_id, bool connect) {
     const auto found = std::ranges::find_if(
-        loaded_, [&](const Loaded& l) { return host::same_ignoring_case(l.prog_id, prog_id); });
+        loaded_, [&](const Loaded& l) { return automation::same_ignoring_case(l.prog_id, prog_id); });
     if (connect && found == loaded_.end()) load(Text(prog_id), after_startup);
     if (!connect && found != loaded_.end()) {
         Loaded leaving = std::move(*found);

@@ -2,12 +2,12 @@
 
 #include <array>
 
-#include "windows/com/com_ptr.h"
+#include "automation/com/com_ptr.h"
 
 namespace desk {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -39,7 +39,7 @@ DeskSettings read_settings() {
     settings.indexed_folder = value(u"IndexedFolder");
     settings.options.host_version = value(u"HostVersion", settings.options.host_version);
     settings.options.instant_search = value(u"InstantSearch") == u"1";
-    settings.options.language = host::Value(value(u"Language", u"1033")).to_integer();
+    settings.options.language = automation::Value(value(u"Language", u"1033")).to_integer();
     settings.options.at_once = AtOnce::of(order(value(u"EventOrder")));
     settings.options.word_mail = value(u"WordMail") == u"1";
     settings.options.unattended = value(u"Unattended", u"1") == u"1";

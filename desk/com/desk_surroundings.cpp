@@ -6,15 +6,15 @@
 #include <array>
 #include <map>
 
+#include "automation/com/failure.h"
 #include "desk/windows/screen_picture.h"
 #include "desk/windows/window_driver.h"
-#include "windows/com/failure.h"
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
 using windows::ComPtr;
 
 namespace {
@@ -47,16 +47,16 @@ constexpr std::string_view uncounted[] = {"Entry", "Listing", "Window", "Control
 
 }  // namespace
 
-host::Date DeskSurroundings::now() {
+automation::Date DeskSurroundings::now() {
     SYSTEMTIME time{};
     GetLocalTime(&time);
-    return host::to_date({time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond});
+    return automation::to_date({time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond});
 }
 
 std::string DeskSurroundings::random_bytes(std::size_t count) {
     std::string bytes(count, '\0');
     if (!RtlGenRandom(bytes.data(), static_cast<ULONG>(bytes.size()))) {
-        throw Failure(host::result::fail, u"The system gives no random numbers.");
+        throw Failure(automation::result::fail, u"The system gives no random numbers.");
     }
     return bytes;
 }
@@ -84,14 +84,14 @@ void DeskSurroundings::pump(std::int32_t milliseconds) {
     if (hooks.pump) hooks.pump(milliseconds);
 }
 
-host::Object DeskSurroundings::create_object(TextView prog_id) {
+automation::Object DeskSurroundings::create_object(TextView prog_id) {
     CLSID class_id{};
     windows::check(CLSIDFromProgID(windows::wide(Text(prog_id)), &class_id), prog_id);
     ComPtr<IDispatch> object;
     windows::check(CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
                                     IID_IDispatch, object.put_void()),
                    prog_id);
-    return host::Object(apartment_->adapt(object.get()));
+    return automation::Object(apartment_->adapt(object.get()));
 }
 
 bool DeskSurroundings::has_class(TextView prog_id) {
@@ -122,7 +122,7 @@ std::vector<LiveCount> DeskSurroundings::live() {
 std::vector<CallCount> DeskSurroundings::calls() {
     std::vector<CallCount> counts;
     for (const auto& [member, calls] : apartment_->counter()->calls()) {
-        counts.push_back({host::to_utf8(member), static_cast<std::int64_t>(calls.invoked),
+        counts.push_back({automation::to_utf8(member), static_cast<std::int64_t>(calls.invoked),
                           static_cast<std::int64_t>(calls.identified)});
     }
     return counts;

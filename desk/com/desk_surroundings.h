@@ -3,10 +3,10 @@
 
 #include <functional>
 
+#include "automation/com/apartment.h"
 #include "desk/com/desk_settings.h"
 #include "desk/com/indexed_folder.h"
 #include "desk/com/mail_process.h"
-#include "windows/com/apartment.h"
 
 namespace desk {
 
@@ -18,7 +18,7 @@ struct DeskHooks {
     std::function<void()> changed;
     std::function<void()> came_up;
     std::function<void()> quit;
-    std::function<void(host::TextView prog_id, bool connect)> connect_add_in;
+    std::function<void(automation::TextView prog_id, bool connect)> connect_add_in;
 };
 
 class DeskSurroundings : public Surroundings {
@@ -30,33 +30,33 @@ class DeskSurroundings : public Surroundings {
 
     DeskHooks hooks;
 
-    host::Date now() override;
+    automation::Date now() override;
     std::string random_bytes(std::size_t count) override;
-    ItemData read_mail(host::TextView path) override;
+    ItemData read_mail(automation::TextView path) override;
     void wake() override;
     void post(std::function<void()> action) override;
     void pump(std::int32_t milliseconds) override;
-    std::unique_ptr<WindowDriver> window(host::TextView caption) override;
-    int ask(host::TextView text, host::TextView title, std::uint32_t style) override;
-    host::Object create_object(host::TextView prog_id) override;
-    bool has_class(host::TextView prog_id) override;
+    std::unique_ptr<WindowDriver> window(automation::TextView caption) override;
+    int ask(automation::TextView text, automation::TextView title, std::uint32_t style) override;
+    automation::Object create_object(automation::TextView prog_id) override;
+    bool has_class(automation::TextView prog_id) override;
     std::vector<IndexedFile> indexed_files() override { return files_below(indexed_folder_); }
     std::vector<StartedProgram> programs() override;
-    std::vector<host::Text> opened() override;
+    std::vector<automation::Text> opened() override;
     std::vector<LiveCount> live() override;
     std::vector<CallCount> calls() override;
     void reset_calls() override;
-    void snapshot(host::TextView path) override;
-    void connect_add_in(host::TextView prog_id, bool connect) override;
+    void snapshot(automation::TextView path) override;
+    void connect_add_in(automation::TextView prog_id, bool connect) override;
     void quit() override;
     void changed() override;
     void came_up() override;
-    void remember_option(host::TextView name, host::TextView value) override;
+    void remember_option(automation::TextView name, automation::TextView value) override;
 
   private:
     std::shared_ptr<windows::Apartment> apartment_;
     MailProcess mail_process_;
-    host::Text indexed_folder_;
+    automation::Text indexed_folder_;
 };
 
 }  // namespace desk

@@ -4,11 +4,11 @@
 #include <cstdio>
 #include <memory>
 
-#include "windows/com/com_ptr.h"
+#include "automation/com/com_ptr.h"
 
 namespace desk {
 
-using host::Text;
+using automation::Text;
 
 namespace {
 
@@ -21,11 +21,12 @@ struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 
-host::Date local_date(const FILETIME& time) {
+automation::Date local_date(const FILETIME& time) {
     FILETIME local{};
     SYSTEMTIME parts{};
     if (!FileTimeToLocalFileTime(&time, &local) || !FileTimeToSystemTime(&local, &parts)) return {};
-    return host::to_date({parts.wYear, parts.wMonth, parts.wDay, parts.wHour, parts.wMinute, parts.wSecond});
+    return automation::to_date(
+        {parts.wYear, parts.wMonth, parts.wDay, parts.wHour, parts.wMinute, parts.wSecond});
 }
 
 std::string beginning_of(const Text& path) {

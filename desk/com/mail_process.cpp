@@ -5,16 +5,16 @@
 #include <filesystem>
 #include <fstream>
 
+#include "automation/com/com_ptr.h"
 #include "desk/mail/message.h"
 #include "desk/model/item_file.h"
-#include "windows/com/com_ptr.h"
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+namespace result = automation::result;
 
 namespace {
 
@@ -50,7 +50,7 @@ std::string native_path(const Text& path) {
 /// An argument between quotes, as a command line takes it.
 Text quoted(const std::string& argument) {
     Text text = u"\"";
-    for (const char16_t c : host::from_utf8(argument)) {
+    for (const char16_t c : automation::from_utf8(argument)) {
         if (c == u'"') text += u'\\';
         text += c;
     }
@@ -69,21 +69,21 @@ MailProcess::MailProcess(Text reader, const Text& state, Pump pump)
 MailProcess::~MailProcess() { leave_folder(); }
 
 void MailProcess::use_new_folder() {
-    folder_ = state_ + u"\\mails-" + host::to_text(static_cast<long long>(GetCurrentProcessId())) + u"-" +
-              host::to_text(static_cast<long long>(requests_));
+    folder_ = state_ + u"\\mails-" + automation::to_text(static_cast<long long>(GetCurrentProcessId())) +
+              u"-" + automation::to_text(static_cast<long long>(requests_));
     CreateDirectoryW(windows::wide(folder_), nullptr);
 }
 
 /// A reader whose folder has gone ends.
 void MailProcess::leave_folder() {
-    DeleteFileW(windows::wide(folder_ + u"\\" + host::from_utf8(mail::life_sign)));
+    DeleteFileW(windows::wide(folder_ + u"\\" + automation::from_utf8(mail::life_sign)));
     RemoveDirectoryW(windows::wide(folder_));
     serves_until_ = 0;
 }
 
 bool MailProcess::reader_lives() const {
     // a native program has no handle that could be waited for, but its lock can be felt
-    const HANDLE file = CreateFileW(windows::wide(folder_ + u"\\" + host::from_utf8(mail::life_sign)),
+    const HANDLE file = CreateFileW(windows::wide(folder_ + u"\\" + automation::from_utf8(mail::life_sign)),
                                     GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) return false;
@@ -111,7 +111,7 @@ MailProcess::Outcome MailProcess::wait_for(const Text& file, bool lives) {
 }
 
 void MailProcess::start(const std::string& file, const std::string& answer_file) {
-    Text command_line = u"\"Z:" + host::replaced(reader_, u"/", u"\\") + u"\" " + quoted(file) +
+    Text command_line = u"\"Z:" + automation::replaced(reader_, u"/", u"\\") + u"\" " + quoted(file) +
                         u" --output " + quoted(answer_file) + u" --serve " + quoted(native_path(folder_));
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
@@ -128,7 +128,7 @@ void MailProcess::start(const std::string& file, const std::string& answer_file)
 
 MailProcess::Outcome MailProcess::ask(const std::string& file, const std::string& answer_file,
                                       const Text& answer) {
-    const Text request = host::replaced(answer, u".json", u".request"), part = request + u".part";
+    const Text request = automation::replaced(answer, u".json", u".request"), part = request + u".part";
     {
         std::ofstream lines(std::filesystem::path(part), std::ios::binary | std::ios::trunc);
         lines << file << '\n' << answer_file << '\n';
@@ -141,10 +141,10 @@ MailProcess::Outcome MailProcess::ask(const std::string& file, const std::string
 
 ItemData MailProcess::read(const Text& path) {
     const std::string file = native_path(path);
-    const Text name = host::to_text(static_cast<long long>(++requests_)) + u".json";
+    const Text name = automation::to_text(static_cast<long long>(++requests_)) + u".json";
     const Text answer = folder_ + u"\\" + name;
     // the answer's folder exists, the answer does not yet: its name is built from the folder's
-    const std::string answer_file = native_path(folder_) + "/" + host::to_utf8(name);
+    const std::string answer_file = native_path(folder_) + "/" + automation::to_utf8(name);
     Outcome outcome = Outcome::reader_gone;
     if (GetTickCount64() < serves_until_ && reader_lives()) outcome = ask(file, answer_file, answer);
     if (outcome == Outcome::reader_gone) {

@@ -8,24 +8,24 @@
 namespace desk::filter {
 namespace {
 
-using host::Value;
+using automation::Value;
 
 /// Dates are compared by whole seconds: their fractions of a day are seldom exact.
-double seconds_of(host::Date date) { return std::round(date.days * 86400.0); }
+double seconds_of(automation::Date date) { return std::round(date.days * 86400.0); }
 
-std::partial_ordering compare_texts(host::TextView left, host::TextView right) {
-    return host::compare_ignoring_case(left, right) <=> 0;
+std::partial_ordering compare_texts(automation::TextView left, automation::TextView right) {
+    return automation::compare_ignoring_case(left, right) <=> 0;
 }
 
 /// A literal as a boolean: beside Automation's words, the host's "Yes" and "No".
 bool boolean_of(const Literal& literal) {
-    if (host::same_ignoring_case(literal.spelling, u"Yes")) return true;
-    if (host::same_ignoring_case(literal.spelling, u"No")) return false;
+    if (automation::same_ignoring_case(literal.spelling, u"Yes")) return true;
+    if (automation::same_ignoring_case(literal.spelling, u"No")) return false;
     return literal.value.to_boolean();
 }
 
 /// Compares a value with a literal that is turned into the value's type. An empty value takes the literal's
-/// type. Throws `host::Failure` if the literal has no such form.
+/// type. Throws `automation::Failure` if the literal has no such form.
 std::partial_ordering compare(const Value& value, const Literal& literal) {
     switch (value.type()) {
         case Value::Type::empty:
@@ -80,7 +80,7 @@ bool holds(const Test& test, const Value& value) {
             default:
                 return holds(test.op, compare(value, test.literal));
         }
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         return false;  // the literal has no form in the value's type, so nothing equals it
     }
 }

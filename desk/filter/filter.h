@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "host/value.h"
+#include "automation/value.h"
 
 namespace desk::filter {
 
@@ -16,7 +16,7 @@ class Names {
     virtual ~Names() = default;
 
     /// Whether a bracketed name is a built-in field of items or one of the folder's own fields.
-    virtual bool knows(host::TextView field) const = 0;
+    virtual bool knows(automation::TextView field) const = 0;
 };
 
 /// What a filter asks of one item.
@@ -26,10 +26,10 @@ class Record {
 
     /// A field by its bracketed name; the field's default value if the item has it unset. Nothing, for an
     /// item that has no such field, compares as an empty value: as "" with a text, as 0 with a number.
-    virtual std::optional<host::Value> field(host::TextView name) const = 0;
+    virtual std::optional<automation::Value> field(automation::TextView name) const = 0;
 
     /// A property by its schema address; nothing if the item lacks it. Then `Is Null` holds and nothing else.
-    virtual std::optional<host::Value> property(host::TextView address) const = 0;
+    virtual std::optional<automation::Value> property(automation::TextView address) const = 0;
 };
 
 /// Whether words may be searched for with `ci_phrasematch` and `ci_startswith`.
@@ -37,17 +37,17 @@ enum class Words { refused, indexed };
 
 /// One equality of a field with a text.
 struct Equality {
-    host::Text name;
+    automation::Text name;
     bool is_address = false;  ///< a schema address instead of a bracketed name
-    host::Text value;
+    automation::Text value;
 };
 
 class Filter {
   public:
-    /// Reads a filter. Throws `host::Failure` with `result::invalid_argument` and a text that says what is
-    /// wrong: an unknown field, an unbalanced quote, a word that the store does not support, an empty filter.
-    /// The text names the character at which it stopped. Nesting beyond 200 levels is refused too.
-    static Filter parse(host::TextView text, const Names& names, Words words);
+    /// Reads a filter. Throws `automation::Failure` with `result::invalid_argument` and a text that says what
+    /// is wrong: an unknown field, an unbalanced quote, a word that the store does not support, an empty
+    /// filter. The text names the character at which it stopped. Nesting beyond 200 levels is refused too.
+    static Filter parse(automation::TextView text, const Names& names, Words words);
 
     Filter(Filter&&) noexcept;
     Filter& operator=(Filter&&) noexcept;

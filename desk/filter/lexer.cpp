@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 
 namespace desk::filter {
 namespace {
 
-constexpr host::TextView blanks = u" \t\r\n";
-constexpr host::TextView signs = u"=<>";
+constexpr automation::TextView blanks = u" \t\r\n";
+constexpr automation::TextView signs = u"=<>";
 
 bool is_digit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
@@ -17,7 +17,7 @@ bool is_word_part(char16_t unit) {
 }
 
 /// The offset behind a number such as 5, -2.5 or 1e3 that begins at `begin`; `begin` if none does.
-std::size_t after_number(host::TextView text, std::size_t begin) {
+std::size_t after_number(automation::TextView text, std::size_t begin) {
     std::size_t at = begin;
     auto digits = [&] {
         const std::size_t first = at;
@@ -41,11 +41,11 @@ std::size_t after_number(host::TextView text, std::size_t begin) {
 
 }  // namespace
 
-void refuse(std::size_t position, host::TextView what) {
-    host::Text text = u"Condition is not valid. ";
+void refuse(std::size_t position, automation::TextView what) {
+    automation::Text text = u"Condition is not valid. ";
     text += what;
-    text += u" (character " + host::to_text(static_cast<long long>(position)) + u")";
-    throw host::Failure(host::result::invalid_argument, std::move(text));
+    text += u" (character " + automation::to_text(static_cast<long long>(position)) + u")";
+    throw automation::Failure(automation::result::invalid_argument, std::move(text));
 }
 
 Token Lexer::next() {
@@ -58,28 +58,28 @@ Token Lexer::next() {
     if (unit == u'\'' || unit == u'"') return quoted();
     if (unit == u'(') return make(Token::Kind::open, begin, begin + 1);
     if (unit == u')') return make(Token::Kind::close, begin, begin + 1);
-    if (signs.find(unit) != host::TextView::npos) return sign();
+    if (signs.find(unit) != automation::TextView::npos) return sign();
     if (const std::size_t end = after_number(text_, begin); end != begin) {
         if (end < text_.size() && is_word_part(text_[end])) refuse(begin + 1, u"A number is malformed.");
         return make(Token::Kind::number, begin, end);
     }
     std::size_t end = begin;
     while (end < text_.size() && is_word_part(text_[end])) ++end;
-    if (end == begin) refuse(begin + 1, u"Unexpected character \"" + host::Text(1, unit) + u"\".");
+    if (end == begin) refuse(begin + 1, u"Unexpected character \"" + automation::Text(1, unit) + u"\".");
     return make(Token::Kind::word, begin, end);
 }
 
 Token Lexer::make(Token::Kind kind, std::size_t begin, std::size_t end) {
     at_ = end;
-    return {kind, host::Text(text_.substr(begin, end - begin)), 0, begin + 1};
+    return {kind, automation::Text(text_.substr(begin, end - begin)), 0, begin + 1};
 }
 
 Token Lexer::field() {
     const std::size_t begin = at_;
     const std::size_t end = text_.find(u']', begin);
-    if (end == host::TextView::npos) refuse(begin + 1, u"The bracket of a field name is not closed.");
+    if (end == automation::TextView::npos) refuse(begin + 1, u"The bracket of a field name is not closed.");
     Token token = make(Token::Kind::field, begin + 1, end);
-    token.text = host::trimmed(token.text);
+    token.text = automation::trimmed(token.text);
     token.position = begin + 1;
     if (token.text.empty()) refuse(begin + 1, u"A field name is empty.");
     at_ = end + 1;
@@ -90,7 +90,7 @@ Token Lexer::quoted() {
     Token token{Token::Kind::quoted, {}, text_[at_], at_ + 1};
     for (std::size_t from = at_ + 1;;) {
         const std::size_t end = text_.find(token.delimiter, from);
-        if (end == host::TextView::npos) refuse(token.position, u"The quote of a text is not closed.");
+        if (end == automation::TextView::npos) refuse(token.position, u"The quote of a text is not closed.");
         token.text += text_.substr(from, end - from);
         at_ = end + 1;
         if (at_ == text_.size() || text_[at_] != token.delimiter) return token;
@@ -100,7 +100,7 @@ Token Lexer::quoted() {
 }
 
 Token Lexer::sign() {
-    const host::TextView two = text_.substr(at_, 2);
+    const automation::TextView two = text_.substr(at_, 2);
     const bool is_double = two == u"<>" || two == u"<=" || two == u">=";
     return make(Token::Kind::sign, at_, at_ + (is_double ? 2 : 1));
 }

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace desk::filter {
 
@@ -12,19 +12,19 @@ struct Token {
     enum class Kind { field, quoted, number, word, sign, open, close, end };
 
     Kind kind = Kind::end;
-    host::Text text;           ///< without brackets or quotes, doubled delimiters made single
+    automation::Text text;     ///< without brackets or quotes, doubled delimiters made single
     char16_t delimiter = 0;    ///< of a quoted one: ' or "
     std::size_t position = 0;  ///< where it begins, counted from 1 in the whole filter
 };
 
-/// Throws `host::Failure` with `result::invalid_argument` for a condition that can't be understood.
+/// Throws `automation::Failure` with `result::invalid_argument` for a condition that can't be understood.
 /// `position` counts the filter's characters from 1.
-[[noreturn]] void refuse(std::size_t position, host::TextView what);
+[[noreturn]] void refuse(std::size_t position, automation::TextView what);
 
 class Lexer {
   public:
     /// Reads `text` from an offset on.
-    explicit Lexer(host::TextView text, std::size_t offset = 0) : text_(text), at_(offset) {}
+    explicit Lexer(automation::TextView text, std::size_t offset = 0) : text_(text), at_(offset) {}
 
     /// The next token; `end` again and again after the last one. Refuses an unbalanced quote or bracket and
     /// characters that belong to neither language.
@@ -36,7 +36,7 @@ class Lexer {
     Token quoted();
     Token sign();
 
-    host::TextView text_;
+    automation::TextView text_;
     std::size_t at_;
 };
 

@@ -10,13 +10,13 @@ namespace {
 
 enum class Language { bracketed, sql };
 
-constexpr host::TextView sql_head = u"@SQL=";
+constexpr automation::TextView sql_head = u"@SQL=";
 
 /// Levels of parentheses and `Not`: enough for any filter made by hand, few enough for any stack.
 constexpr int most_levels = 200;
 
 struct OperatorRow {
-    host::TextView spelling;
+    automation::TextView spelling;
     Operator op;
     bool sql_only;
     bool searches_words;
@@ -35,17 +35,17 @@ constexpr OperatorRow operator_rows[] = {
 };
 
 struct BooleanRow {
-    host::TextView word;
+    automation::TextView word;
     bool value;
 };
 constexpr BooleanRow boolean_rows[] = {{u"True", true}, {u"Yes", true}, {u"False", false}, {u"No", false}};
 
-host::Text in_quotes(host::TextView text) { return u"\"" + host::Text(text) + u"\""; }
+automation::Text in_quotes(automation::TextView text) { return u"\"" + automation::Text(text) + u"\""; }
 
 class Parser {
   public:
-    Parser(host::TextView text, const Names& names, Words words)
-        : language_(host::same_ignoring_case(text.substr(0, sql_head.size()), sql_head)
+    Parser(automation::TextView text, const Names& names, Words words)
+        : language_(automation::same_ignoring_case(text.substr(0, sql_head.size()), sql_head)
                         ? Language::sql
                         : Language::bracketed),
           names_(names),
@@ -69,11 +69,11 @@ class Parser {
   private:
     void advance() { token_ = lexer_.next(); }
 
-    bool at_word(host::TextView word) const {
-        return token_.kind == Token::Kind::word && host::same_ignoring_case(token_.text, word);
+    bool at_word(automation::TextView word) const {
+        return token_.kind == Token::Kind::word && automation::same_ignoring_case(token_.text, word);
     }
 
-    bool take_word(host::TextView word) {
+    bool take_word(automation::TextView word) {
         if (!at_word(word)) return false;
         advance();
         return true;
@@ -88,7 +88,7 @@ class Parser {
     }
 
     template <typename Part>
-    Filter::Node chain(bool all, host::TextView word, Part part) {
+    Filter::Node chain(bool all, automation::TextView word, Part part) {
         Filter::Node first = part();
         if (!at_word(word)) return first;
         Filter::Node::Group group{all, {}};
@@ -168,7 +168,7 @@ class Parser {
     const OperatorRow& operation() {
         const bool possible = token_.kind == Token::Kind::sign || token_.kind == Token::Kind::word;
         const auto* row = std::ranges::find_if(operator_rows, [&](const OperatorRow& candidate) {
-            return possible && host::same_ignoring_case(token_.text, candidate.spelling);
+            return possible && automation::same_ignoring_case(token_.text, candidate.spelling);
         });
         if (row == std::end(operator_rows)) refuse(token_.position, u"An operator is expected.");
         if (row->sql_only && language_ != Language::sql) {
@@ -188,7 +188,7 @@ class Parser {
                 if (language_ == Language::sql && token_.delimiter == u'"') {
                     refuse(token_.position, u"A value stands between apostrophes in an @SQL filter.");
                 }
-                literal = {host::Value(token_.text), token_.text, true};
+                literal = {automation::Value(token_.text), token_.text, true};
                 break;
             case Token::Kind::number:
                 literal = {number(), token_.text, false};
@@ -203,8 +203,8 @@ class Parser {
         return literal;
     }
 
-    host::Value number() const {
-        std::string bytes = host::to_utf8(token_.text);
+    automation::Value number() const {
+        std::string bytes = automation::to_utf8(token_.text);
         const std::string_view digits = std::string_view(bytes).substr(bytes.front() == '+' ? 1 : 0);
         double number = 0;
         const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
@@ -216,7 +216,7 @@ class Parser {
 
     Literal boolean() const {
         for (const BooleanRow& row : boolean_rows) {
-            if (host::same_ignoring_case(row.word, token_.text)) return {row.value, token_.text, false};
+            if (automation::same_ignoring_case(row.word, token_.text)) return {row.value, token_.text, false};
         }
         refuse(token_.position, u"A value is expected; a text stands between quotes.");
     }
@@ -231,7 +231,7 @@ class Parser {
 
 }  // namespace
 
-Filter Filter::parse(host::TextView text, const Names& names, Words words) {
+Filter Filter::parse(automation::TextView text, const Names& names, Words words) {
     return Filter(std::make_unique<Node>(Parser(text, names, words).whole()));
 }
 

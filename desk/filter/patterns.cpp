@@ -18,14 +18,14 @@ bool is_letter_or_digit(char16_t unit) {
     return !arithmetic && !punctuation;
 }
 
-bool is_phrase(host::TextView text, const std::vector<host::Text>& words, bool last_is_start) {
+bool is_phrase(automation::TextView text, const std::vector<automation::Text>& words, bool last_is_start) {
     if (words.empty()) return false;
-    const std::vector<host::Text> here = words_of(text);
+    const std::vector<automation::Text> here = words_of(text);
     const std::size_t whole = words.size() - 1;
     for (std::size_t first = 0; first + words.size() <= here.size(); ++first) {
         const auto begin = here.begin() + static_cast<std::ptrdiff_t>(first);
         if (!std::equal(words.begin(), words.end() - 1, begin)) continue;
-        const host::Text& last = here[first + whole];
+        const automation::Text& last = here[first + whole];
         if (last_is_start ? last.starts_with(words.back()) : last == words.back()) return true;
     }
     return false;
@@ -33,23 +33,23 @@ bool is_phrase(host::TextView text, const std::vector<host::Text>& words, bool l
 
 }  // namespace
 
-std::vector<host::Text> pieces_of(host::TextView pattern) {
-    const host::Text folded = host::folded(pattern);
-    std::vector<host::Text> pieces;
+std::vector<automation::Text> pieces_of(automation::TextView pattern) {
+    const automation::Text folded = automation::folded(pattern);
+    std::vector<automation::Text> pieces;
     for (std::size_t from = 0;;) {
         const std::size_t end = folded.find(u'%', from);
         pieces.push_back(folded.substr(from, end - from));
-        if (end == host::Text::npos) return pieces;
+        if (end == automation::Text::npos) return pieces;
         from = end + 1;
     }
 }
 
-bool is_like(host::TextView text, const std::vector<host::Text>& pieces) {
-    const host::Text folded = host::folded(text);
+bool is_like(automation::TextView text, const std::vector<automation::Text>& pieces) {
+    const automation::Text folded = automation::folded(text);
     if (pieces.size() == 1) return folded == pieces.front();
 
-    host::TextView rest = folded;
-    const host::Text &first = pieces.front(), &last = pieces.back();
+    automation::TextView rest = folded;
+    const automation::Text &first = pieces.front(), &last = pieces.back();
     if (rest.size() < first.size() + last.size()) return false;
     if (!rest.starts_with(first) || !rest.ends_with(last)) return false;
     rest.remove_prefix(first.size());
@@ -57,15 +57,15 @@ bool is_like(host::TextView text, const std::vector<host::Text>& pieces) {
     // The leftmost place of each piece leaves the most room for those behind it.
     for (auto piece = pieces.begin() + 1; piece != pieces.end() - 1; ++piece) {
         const std::size_t found = rest.find(*piece);
-        if (found == host::TextView::npos) return false;
+        if (found == automation::TextView::npos) return false;
         rest.remove_prefix(found + piece->size());
     }
     return true;
 }
 
-std::vector<host::Text> words_of(host::TextView text) {
-    const host::Text folded = host::folded(text);
-    std::vector<host::Text> words;
+std::vector<automation::Text> words_of(automation::TextView text) {
+    const automation::Text folded = automation::folded(text);
+    std::vector<automation::Text> words;
     for (auto begin = folded.begin();;) {
         begin = std::find_if(begin, folded.end(), is_letter_or_digit);
         if (begin == folded.end()) return words;
@@ -75,11 +75,11 @@ std::vector<host::Text> words_of(host::TextView text) {
     }
 }
 
-bool has_phrase(host::TextView text, const std::vector<host::Text>& words) {
+bool has_phrase(automation::TextView text, const std::vector<automation::Text>& words) {
     return is_phrase(text, words, false);
 }
 
-bool has_start(host::TextView text, const std::vector<host::Text>& words) {
+bool has_start(automation::TextView text, const std::vector<automation::Text>& words) {
     return is_phrase(text, words, true);
 }
 

@@ -3,23 +3,23 @@
 
 #include <vector>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace desk::filter {
 
 /// The pieces of a `Like` pattern between its `%`, without regard to case; one piece if it has no `%`.
-std::vector<host::Text> pieces_of(host::TextView pattern);
+std::vector<automation::Text> pieces_of(automation::TextView pattern);
 
 /// Whether a text consists of the pieces with anything between them.
-bool is_like(host::TextView text, const std::vector<host::Text>& pieces);
+bool is_like(automation::TextView text, const std::vector<automation::Text>& pieces);
 
 /// The words of a text without regard to case: its runs of letters and digits.
-std::vector<host::Text> words_of(host::TextView text);
+std::vector<automation::Text> words_of(automation::TextView text);
 
 /// Whether a text holds the words as a phrase: whole words, one behind the other. No words are in no text.
-bool has_phrase(host::TextView text, const std::vector<host::Text>& words);
+bool has_phrase(automation::TextView text, const std::vector<automation::Text>& words);
 
 /// The same, but of the last word only the start must be there.
-bool has_start(host::TextView text, const std::vector<host::Text>& words);
+bool has_start(automation::TextView text, const std::vector<automation::Text>& words);
 
 }  // namespace desk::filter

@@ -14,15 +14,15 @@ enum class Operator { equal, unequal, less, greater, at_most, at_least, like, ph
 
 /// The value that a field is compared with.
 struct Literal {
-    host::Value value;
-    host::Text spelling;              ///< as a text field sees it
-    bool quoted = false;              ///< a text; else a number or a boolean
-    std::vector<host::Text> parts{};  ///< pieces of `like`, words of `phrase` and `start`
+    automation::Value value;
+    automation::Text spelling;              ///< as a text field sees it
+    bool quoted = false;                    ///< a text; else a number or a boolean
+    std::vector<automation::Text> parts{};  ///< pieces of `like`, words of `phrase` and `start`
 };
 
 /// One condition.
 struct Test {
-    host::Text name;
+    automation::Text name;
     bool is_address = false;  ///< a schema address instead of a bracketed name
     Operator op = Operator::equal;
     Literal literal;

@@ -7,8 +7,8 @@
 namespace desk::mail {
 namespace {
 
-using host::Text;
-using host::Value;
+using automation::Text;
+using automation::Value;
 
 constexpr const char* embedded_key = "item";
 
@@ -25,7 +25,7 @@ Text text_member(const Json& json, const char* name, std::string_view place) {
     if (text.is_null()) return {};
     if (!text.is_string())
         refuse("\"" + std::string(name) + "\" of " + std::string(place) + " is not a text");
-    return host::from_utf8(text.get_ref<const std::string&>());
+    return automation::from_utf8(text.get_ref<const std::string&>());
 }
 
 std::int32_t to_int32(const Json& json, std::string_view place) {
@@ -56,10 +56,10 @@ void each(const Json& json, const char* name, std::string_view place, Read read)
 }
 
 Json to_json_person(const Person& person) {
-    Json json = {{"name", host::to_utf8(person.name)},
-                 {"address", host::to_utf8(person.address)},
-                 {"type", host::to_utf8(person.address_type)},
-                 {"smtp", host::to_utf8(person.smtp_address)},
+    Json json = {{"name", automation::to_utf8(person.name)},
+                 {"address", automation::to_utf8(person.address)},
+                 {"type", automation::to_utf8(person.address_type)},
+                 {"smtp", automation::to_utf8(person.smtp_address)},
                  {"kind", person.kind}};
     if (!person.resolved) json["resolved"] = false;
     return json;
@@ -81,8 +81,8 @@ Person from_json_person(const Json& json) {
 }
 
 Json to_json_attachment(const AttachmentData& attachment, int depth) {
-    Json json = {{"display", host::to_utf8(attachment.display_name)}};
-    if (!attachment.file_name.empty()) json["file"] = host::to_utf8(attachment.file_name);
+    Json json = {{"display", automation::to_utf8(attachment.display_name)}};
+    if (!attachment.file_name.empty()) json["file"] = automation::to_utf8(attachment.file_name);
     if (attachment.type != (attachment.item ? 5 : 1)) json["type"] = attachment.type;
     json["position"] = attachment.position;
     if (attachment.item) {
@@ -114,7 +114,7 @@ AttachmentData from_json_attachment(const Json& json, int depth) {
 }
 
 Json to_json_property(const UserPropertyData& property) {
-    return {{"name", host::to_utf8(property.name)},
+    return {{"name", automation::to_utf8(property.name)},
             {"type", property.type},
             {"value", to_json_value(property.value)}};
 }
@@ -130,7 +130,9 @@ UserPropertyData from_json_property(const Json& json) {
 
 }  // namespace
 
-void refuse(std::string_view sentence) { throw host::Failure(host::result::fail, host::from_utf8(sentence)); }
+void refuse(std::string_view sentence) {
+    throw automation::Failure(automation::result::fail, automation::from_utf8(sentence));
+}
 
 Json to_json_value(const Value& value) {
     switch (value.type()) {
@@ -145,7 +147,7 @@ Json to_json_value(const Value& value) {
         case Value::Type::date:
             return {{"date", value.to_date().days}};
         case Value::Type::text:
-            return host::to_utf8(value.to_text());
+            return automation::to_utf8(value.to_text());
         default:
             refuse("An item has a value of a type that no item stores.");
     }
@@ -156,12 +158,13 @@ Value from_json_value(const Json& json, std::string_view place) {
     if (json.is_boolean()) return json.get<bool>();
     if (json.is_number_integer()) return to_int32(json, place);
     if (json.is_number()) return json.get<double>();
-    if (json.is_string()) return host::from_utf8(json.get_ref<const std::string&>());
+    if (json.is_string()) return automation::from_utf8(json.get_ref<const std::string&>());
     if (json.is_object() && json.size() == 1 && json.contains("date")) {
         const Json& date = json["date"];
-        if (date.is_number()) return host::Date{date.get<double>()};
+        if (date.is_number()) return automation::Date{date.get<double>()};
         if (date.is_string()) {
-            if (const auto read = host::read_date(host::from_utf8(date.get_ref<const std::string&>())))
+            if (const auto read =
+                    automation::read_date(automation::from_utf8(date.get_ref<const std::string&>())))
                 return *read;
         }
     }
@@ -170,9 +173,9 @@ Value from_json_value(const Json& json, std::string_view place) {
 
 Json to_json_item(const ItemData& item, int depth) {
     if (depth > nesting_limit) refuse("Items are embedded in each other too deeply.");
-    Json json = {{"class", host::to_utf8(item.message_class)}};
+    Json json = {{"class", automation::to_utf8(item.message_class)}};
     Json& fields = json["fields"] = Json::object();
-    for (const auto& [name, value] : item.fields) fields[host::to_utf8(name)] = to_json_value(value);
+    for (const auto& [name, value] : item.fields) fields[automation::to_utf8(name)] = to_json_value(value);
     for (const UserPropertyData& property : item.user_properties) {
         json["properties"].push_back(to_json_property(property));
     }
@@ -192,7 +195,7 @@ ItemData from_json_item(const Json& json, int depth) {
     const Json& fields = member(json, "fields", place);
     if (!fields.is_null() && !fields.is_object()) refuse("the fields of an item are not an object");
     for (const auto& [name, value] : fields.items()) {
-        item.fields[host::from_utf8(name)] = from_json_value(value, "the field " + name);
+        item.fields[automation::from_utf8(name)] = from_json_value(value, "the field " + name);
     }
     each(json, "properties", place,
          [&](const Json& element) { item.user_properties.push_back(from_json_property(element)); });

@@ -31,7 +31,7 @@ ItemData from_json(std::string_view json) {
     if (!answer.contains(item_key)) refuse("The mail reader's answer holds neither an item nor an error.");
     try {
         return from_json_item(answer[item_key]);
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         refuse("The mail reader's answer is wrong: " + std::string(failure.what()) + ".");
     }
 }

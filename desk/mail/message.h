@@ -31,8 +31,8 @@ namespace desk::mail {
 std::string to_json(const ItemData& item);
 std::string error_to_json(std::string_view sentence);
 
-/// The item of such JSON. Throws `host::Failure`, whose text is the sentence, for an error or for text that
-/// is no such JSON.
+/// The item of such JSON. Throws `automation::Failure`, whose text is the sentence, for an error or for text
+/// that is no such JSON.
 ItemData from_json(std::string_view json);
 
 /// The longest answer that the reader gives, in bytes; a mail of 50 MB fits in.

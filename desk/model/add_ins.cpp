@@ -5,17 +5,17 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 Object AddIn::parent() const { return desk().add_ins()->self(); }
 
-const host::Members<AddIn>& AddIn::members() {
-    static const host::Members<AddIn> table{
+const automation::Members<AddIn>& AddIn::members() {
+    static const automation::Members<AddIn> table{
         {u"Description", 0x0, Use::get_put,
          [](AddIn& self, const Arguments& a) {
              if (a.is_put()) self.description = a.assigned().to_text();
@@ -43,7 +43,7 @@ Object AddIns::parent() const { return desk().application()->self(); }
 Object AddIns::at(const Value& index) const {
     if (index.is(Value::Type::text)) {
         for (const auto& add_in : all) {
-            if (host::same_ignoring_case(add_in->prog_id, index.to_text())) return add_in->self();
+            if (automation::same_ignoring_case(add_in->prog_id, index.to_text())) return add_in->self();
         }
         throw Failure(result::not_found, u"There is no add-in \"" + index.to_text() + u"\".");
     }
@@ -54,8 +54,8 @@ Object AddIns::at(const Value& index) const {
     return all[static_cast<std::size_t>(place - 1)]->self();
 }
 
-const host::Members<AddIns>& AddIns::members() {
-    static const host::Members<AddIns> table{
+const automation::Members<AddIns>& AddIns::members() {
+    static const automation::Members<AddIns> table{
         {u"Item",
          0x0,
          Use::method,

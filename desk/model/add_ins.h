@@ -8,36 +8,36 @@ namespace desk {
 class AddIn : public ModelObject<AddIn> {
   public:
     static constexpr std::string_view name = "COMAddIn";
-    static constexpr host::TextView default_name = u"Description";
+    static constexpr automation::TextView default_name = u"Description";
 
-    AddIn(Desk& desk, host::Text prog_id, host::Text description, host::Text guid)
+    AddIn(Desk& desk, automation::Text prog_id, automation::Text description, automation::Text guid)
         : ModelObject(desk),
           prog_id(std::move(prog_id)),
           description(std::move(description)),
           guid(std::move(guid)) {}
-    static const host::Members<AddIn>& members();
+    static const automation::Members<AddIn>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 
-    host::Text prog_id;
-    host::Text description;
-    host::Text guid;
+    automation::Text prog_id;
+    automation::Text description;
+    automation::Text guid;
     bool connected = false;
-    host::Object published;  ///< what the add-in offers to others
+    automation::Object published;  ///< what the add-in offers to others
 };
 
 class AddIns : public ModelObject<AddIns> {
   public:
     static constexpr std::string_view name = "COMAddIns";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     using ModelObject::ModelObject;
-    static const host::Members<AddIns>& members();
+    static const automation::Members<AddIns>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 
     std::vector<std::shared_ptr<AddIn>> all;
-    host::Object at(const host::Value& index) const;  ///< by number from 1, or by ProgID
+    automation::Object at(const automation::Value& index) const;  ///< by number from 1, or by ProgID
 };
 
 }  // namespace desk

@@ -7,13 +7,13 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
+using automation::Arguments;
+using automation::Failure;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
 
 namespace {
 
@@ -37,8 +37,9 @@ Text part_of(TextView connection_string, TextView key) {
         }
         const TextView part = connection_string.substr(0, end);
         const std::size_t sign = part.find(u'=');
-        if (sign != TextView::npos && host::same_ignoring_case(host::trimmed(part.substr(0, sign)), key)) {
-            return host::trimmed(part.substr(sign + 1));
+        if (sign != TextView::npos &&
+            automation::same_ignoring_case(automation::trimmed(part.substr(0, sign)), key)) {
+            return automation::trimmed(part.substr(sign + 1));
         }
         connection_string.remove_prefix(std::min(end + 1, connection_string.size()));
     }
@@ -50,7 +51,7 @@ Text part_of(TextView connection_string, TextView key) {
 void AdoConnection::open(const Text& given) {
     if (is_open_) throw Failure(ado_error::object_open, u"The connection is open.");
     if (!given.empty()) connection_string = given;
-    const bool is_known = host::same_ignoring_case(part_of(connection_string, u"Provider"), provider) &&
+    const bool is_known = automation::same_ignoring_case(part_of(connection_string, u"Provider"), provider) &&
                           desk().options().instant_search && desk().surroundings().has_class(provider);
     if (!is_known) {
         throw Failure(ado_error::provider_not_found,
@@ -64,17 +65,17 @@ void AdoConnection::close() {
     is_open_ = false;
 }
 
-const host::Members<AdoConnection>& AdoConnection::members() {
-    static const host::Members<AdoConnection> table{
-        {u"ConnectionString", host::no_id, Use::get_put,
+const automation::Members<AdoConnection>& AdoConnection::members() {
+    static const automation::Members<AdoConnection> table{
+        {u"ConnectionString", automation::no_id, Use::get_put,
          [](AdoConnection& self, const Arguments& a) {
              if (a.is_put()) self.connection_string = a.assigned().to_text();
              return Value(self.connection_string);
          }},
-        {u"State", host::no_id, Use::get,
+        {u"State", automation::no_id, Use::get,
          [](AdoConnection& self, const Arguments&) { return state(self.is_open()); }},
         {u"Open",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"ConnectionString", Takes::text, true},
           {u"UserID", Takes::text, true},
@@ -84,7 +85,7 @@ const host::Members<AdoConnection>& AdoConnection::members() {
              self.open(a.has(0) ? a[0].to_text() : Text());
              return Value();
          }},
-        {u"Close", host::no_id, Use::method, done<&AdoConnection::close>},
+        {u"Close", automation::no_id, Use::method, done<&AdoConnection::close>},
     };
     return table;
 }
@@ -136,7 +137,7 @@ std::size_t AdoRecordset::column(const Value& name_or_number) const {
     } else {
         const Text wanted = name_or_number.to_text();
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (host::same_ignoring_case(columns[i], wanted)) return i;
+            if (automation::same_ignoring_case(columns[i], wanted)) return i;
         }
     }
     throw Failure(ado_error::item_not_found, u"There is no such field.");
@@ -148,28 +149,28 @@ const Value& AdoRecordset::value(std::size_t column) const {
     return found_.rows[static_cast<std::size_t>(place_)][column];
 }
 
-const host::Members<AdoRecordset>& AdoRecordset::members() {
-    static const host::Members<AdoRecordset> table{
-        {u"Fields", host::no_id, Use::get,
+const automation::Members<AdoRecordset>& AdoRecordset::members() {
+    static const automation::Members<AdoRecordset> table{
+        {u"Fields", automation::no_id, Use::get,
          [](AdoRecordset& self, const Arguments&) {
              self.found();
              return Value(std::make_shared<AdoFields>(self.desk(), self.shared_from_this())->self());
          }},
-        {u"State", host::no_id, Use::get,
+        {u"State", automation::no_id, Use::get,
          [](AdoRecordset& self, const Arguments&) { return state(self.is_open()); }},
-        {u"BOF", host::no_id, Use::get,
+        {u"BOF", automation::no_id, Use::get,
          [](AdoRecordset& self, const Arguments&) {
              self.found();
              return Value(self.at_begin());
          }},
-        {u"EOF", host::no_id, Use::get,
+        {u"EOF", automation::no_id, Use::get,
          [](AdoRecordset& self, const Arguments&) { return Value(self.at_end()); }},
-        {u"RecordCount", host::no_id, Use::get,
+        {u"RecordCount", automation::no_id, Use::get,
          [](AdoRecordset& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.found().rows.size()));
          }},
         {u"Open",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Source", Takes::text},
           {u"ActiveConnection", Takes::value, true},
@@ -180,34 +181,34 @@ const host::Members<AdoRecordset>& AdoRecordset::members() {
              self.open(a[0].to_text(), a[1]);
              return Value();
          }},
-        {u"MoveFirst", host::no_id, Use::method,
+        {u"MoveFirst", automation::no_id, Use::method,
          [](AdoRecordset& self, const Arguments&) {
              self.move_to(0);
              return Value();
          }},
-        {u"MoveNext", host::no_id, Use::method,
+        {u"MoveNext", automation::no_id, Use::method,
          [](AdoRecordset& self, const Arguments&) {
              self.move_by(1);
              return Value();
          }},
-        {u"MovePrevious", host::no_id, Use::method,
+        {u"MovePrevious", automation::no_id, Use::method,
          [](AdoRecordset& self, const Arguments&) {
              self.move_by(-1);
              return Value();
          }},
-        {u"Close", host::no_id, Use::method, done<&AdoRecordset::close>},
+        {u"Close", automation::no_id, Use::method, done<&AdoRecordset::close>},
     };
     return table;
 }
 
-const host::Members<AdoFields>& AdoFields::members() {
-    static const host::Members<AdoFields> table{
-        {u"Count", host::no_id, Use::get,
+const automation::Members<AdoFields>& AdoFields::members() {
+    static const automation::Members<AdoFields> table{
+        {u"Count", automation::no_id, Use::get,
          [](AdoFields& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.owner()->found().columns.size()));
          }},
         {u"Item",
-         host::no_id,
+         automation::no_id,
          Use::get,
          {{u"Index"}},
          [](AdoFields& self, const Arguments& a) {
@@ -218,13 +219,13 @@ const host::Members<AdoFields>& AdoFields::members() {
     return table;
 }
 
-const host::Members<AdoField>& AdoField::members() {
-    static const host::Members<AdoField> table{
-        {u"Name", host::no_id, Use::get,
+const automation::Members<AdoField>& AdoField::members() {
+    static const automation::Members<AdoField> table{
+        {u"Name", automation::no_id, Use::get,
          [](AdoField& self, const Arguments&) {
              return Value(self.owner().found().columns.at(self.column));
          }},
-        {u"Value", host::no_id, Use::get,
+        {u"Value", automation::no_id, Use::get,
          [](AdoField& self, const Arguments&) {
              self.owner().found();
              return self.owner().value(self.column);

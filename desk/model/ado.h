@@ -22,21 +22,21 @@ inline constexpr std::int32_t invalid_argument = code(3001), no_current_record =
 class AdoConnection : public ModelObject<AdoConnection> {
   public:
     static constexpr std::string_view name = "Connection";
-    static constexpr host::TextView default_name = u"ConnectionString";
-    static constexpr host::TextView prog_id = u"ADODB.Connection";
-    static constexpr host::TextView provider = u"Search.CollatorDSO";  ///< the name of its class
+    static constexpr automation::TextView default_name = u"ConnectionString";
+    static constexpr automation::TextView prog_id = u"ADODB.Connection";
+    static constexpr automation::TextView provider = u"Search.CollatorDSO";  ///< the name of its class
 
     using ModelObject::ModelObject;
-    static const host::Members<AdoConnection>& members();
+    static const automation::Members<AdoConnection>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return {}; }
+    automation::Object parent() const override { return {}; }
 
     /// Throws `provider_not_found` for a provider that isn't there, `object_open` if it is open.
-    void open(const host::Text& connection_string);
+    void open(const automation::Text& connection_string);
     void close();  ///< throws `object_closed` if it isn't open
     bool is_open() const { return is_open_; }
 
-    host::Text connection_string;
+    automation::Text connection_string;
 
   private:
     bool is_open_ = false;
@@ -47,16 +47,16 @@ class AdoConnection : public ModelObject<AdoConnection> {
 class AdoRecordset : public ModelObject<AdoRecordset> {
   public:
     static constexpr std::string_view name = "Recordset";
-    static constexpr host::TextView default_name = u"Fields";
-    static constexpr host::TextView prog_id = u"ADODB.Recordset";
+    static constexpr automation::TextView default_name = u"Fields";
+    static constexpr automation::TextView prog_id = u"ADODB.Recordset";
 
     using ModelObject::ModelObject;
-    static const host::Members<AdoRecordset>& members();
+    static const automation::Members<AdoRecordset>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return {}; }
+    automation::Object parent() const override { return {}; }
 
     /// Throws `invalid_connection` for anything but an open connection.
-    void open(const host::Text& command, const host::Value& connection);
+    void open(const automation::Text& command, const automation::Value& connection);
     void close();
     bool is_open() const { return is_open_; }
 
@@ -68,8 +68,8 @@ class AdoRecordset : public ModelObject<AdoRecordset> {
     void move_to(std::ptrdiff_t place);
     void move_by(std::ptrdiff_t steps) { move_to(place_ + steps); }
 
-    std::size_t column(const host::Value& name_or_number) const;  ///< throws `item_not_found`
-    const host::Value& value(std::size_t column) const;           ///< throws `no_current_record`
+    std::size_t column(const automation::Value& name_or_number) const;  ///< throws `item_not_found`
+    const automation::Value& value(std::size_t column) const;           ///< throws `no_current_record`
 
   private:
     FoundRows found_;
@@ -81,13 +81,13 @@ class AdoRecordset : public ModelObject<AdoRecordset> {
 class AdoFields : public ModelObject<AdoFields> {
   public:
     static constexpr std::string_view name = "Fields";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     AdoFields(Desk& desk, std::shared_ptr<AdoRecordset> owner)
         : ModelObject(desk), owner_(std::move(owner)) {}
-    static const host::Members<AdoFields>& members();
+    static const automation::Members<AdoFields>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return owner_->self(); }
+    automation::Object parent() const override { return owner_->self(); }
     const std::shared_ptr<AdoRecordset>& owner() const { return owner_; }
 
   private:
@@ -98,13 +98,13 @@ class AdoFields : public ModelObject<AdoFields> {
 class AdoField : public ModelObject<AdoField> {
   public:
     static constexpr std::string_view name = "Field";
-    static constexpr host::TextView default_name = u"Value";
+    static constexpr automation::TextView default_name = u"Value";
 
     AdoField(Desk& desk, std::shared_ptr<AdoRecordset> owner, std::size_t column)
         : ModelObject(desk), column(column), owner_(std::move(owner)) {}
-    static const host::Members<AdoField>& members();
+    static const automation::Members<AdoField>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return owner_->self(); }
+    automation::Object parent() const override { return owner_->self(); }
     AdoRecordset& owner() const { return *owner_; }
 
     std::size_t column;

@@ -11,14 +11,14 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 Object Application::parent() const { return desk().application()->self(); }
 
@@ -37,8 +37,8 @@ Object Application::surface() {
     return surface_->self();
 }
 
-const host::Members<Application>& Application::members() {
-    static const host::Members<Application> table{
+const automation::Members<Application>& Application::members() {
+    static const automation::Members<Application> table{
         {u"Name", 0x3001, Use::get, [](Application&, const Arguments&) { return Value(u"Outlook"); }},
         {u"Version", 0x116, Use::get,
          [](Application& self, const Arguments&) { return Value(self.desk().options().host_version); }},
@@ -75,7 +75,7 @@ const host::Members<Application>& Application::members() {
          Use::method,
          {{u"Type", Takes::text}},
          [](Application& self, const Arguments& a) {
-             if (!host::same_ignoring_case(a[0].to_text(), u"MAPI")) {
+             if (!automation::same_ignoring_case(a[0].to_text(), u"MAPI")) {
                  throw Failure(result::invalid_argument, u"The only name space is \"MAPI\".");
              }
              return Value(self.desk().name_space()->self());
@@ -98,7 +98,7 @@ const host::Members<Application>& Application::members() {
         {u"ProductCode", 0x11C, Use::get,
          [](Application&, const Arguments&) { return Value(u"{00000000-0000-0000-0000-000000000000}"); }},
         {u"IsTrusted", 0xFBF3, Use::get, [](Application&, const Arguments&) { return Value(true); }},
-        {u"Desk", host::no_id, Use::get,
+        {u"Desk", automation::no_id, Use::get,
          [](Application& self, const Arguments&) { return Value(self.surface()); }},
     };
     return table;
@@ -106,8 +106,8 @@ const host::Members<Application>& Application::members() {
 
 Object LanguageSettings::parent() const { return desk().application()->self(); }
 
-const host::Members<LanguageSettings>& LanguageSettings::members() {
-    static const host::Members<LanguageSettings> table{
+const automation::Members<LanguageSettings>& LanguageSettings::members() {
+    static const automation::Members<LanguageSettings> table{
         {u"LanguageID",
          0x1,
          Use::get,

@@ -10,16 +10,16 @@ class Surface;
 class Application : public ModelObject<Application> {
   public:
     static constexpr std::string_view name = "Application";
-    static constexpr host::TextView default_name = u"Name";
+    static constexpr automation::TextView default_name = u"Name";
 
     using ModelObject::ModelObject;
-    static const host::Members<Application>& members();
+    static const automation::Members<Application>& members();
     std::int32_t number() const override { return object_class::application; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
 
-    host::Object create_item(std::int32_t type) const;
-    host::Object surface();
+    automation::Object create_item(std::int32_t type) const;
+    automation::Object surface();
 
   private:
     std::shared_ptr<Surface> surface_;
@@ -29,12 +29,12 @@ class Application : public ModelObject<Application> {
 class LanguageSettings : public ModelObject<LanguageSettings> {
   public:
     static constexpr std::string_view name = "LanguageSettings";
-    static constexpr host::TextView default_name = u"LanguageID";
+    static constexpr automation::TextView default_name = u"LanguageID";
 
     using ModelObject::ModelObject;
-    static const host::Members<LanguageSettings>& members();
+    static const automation::Members<LanguageSettings>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 };
 
 }  // namespace desk

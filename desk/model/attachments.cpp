@@ -8,15 +8,15 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -55,8 +55,9 @@ Object Attachments::at(const Value& index) const {
     const auto& all = item_->whole().attachments;
     if (index.is(Value::Type::text)) {
         const Text wanted = index.to_text();
-        const auto found = std::ranges::find_if(
-            all, [&](const AttachmentData& a) { return host::same_ignoring_case(a.display_name, wanted); });
+        const auto found = std::ranges::find_if(all, [&](const AttachmentData& a) {
+            return automation::same_ignoring_case(a.display_name, wanted);
+        });
         if (found == all.end())
             throw Failure(result::not_found, u"There is no attachment \"" + wanted + u"\".");
         return std::make_shared<Attachment>(desk(), item_, static_cast<std::size_t>(found - all.begin()))
@@ -81,8 +82,8 @@ Object Attachments::add(const Value& source, std::int32_t position, const Text& 
     return attachment;
 }
 
-const host::Members<Attachments>& Attachments::members() {
-    static const host::Members<Attachments> table{
+const automation::Members<Attachments>& Attachments::members() {
+    static const automation::Members<Attachments> table{
         {u"Count", 0x50, Use::get,
          [](Attachments& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.item().whole().attachments.size()));
@@ -141,8 +142,8 @@ Object Attachment::open() const {
     return std::make_shared<desk::Item>(desk(), no_folder, *data().item)->self();
 }
 
-const host::Members<Attachment>& Attachment::members() {
-    static const host::Members<Attachment> table{
+const automation::Members<Attachment>& Attachment::members() {
+    static const automation::Members<Attachment> table{
         {u"DisplayName", 0x3001, Use::get_put,
          [](Attachment& self, const Arguments& a) {
              if (a.is_put()) self.change().display_name = a.assigned().to_text();
@@ -177,7 +178,7 @@ const host::Members<Attachment>& Attachment::members() {
              write_file(a[0].to_text(), self.bytes());
              return Value();
          }},
-        {u"EmbeddedItem", host::no_id, Use::get,
+        {u"EmbeddedItem", automation::no_id, Use::get,
          [](Attachment& self, const Arguments&) { return Value(self.open()); }},
     };
     return table;

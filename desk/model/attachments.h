@@ -8,18 +8,19 @@ namespace desk {
 class Attachments : public ModelObject<Attachments> {
   public:
     static constexpr std::string_view name = "Attachments";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     Attachments(Desk& desk, std::shared_ptr<Item> item) : ModelObject(desk), item_(std::move(item)) {}
-    static const host::Members<Attachments>& members();
+    static const automation::Members<Attachments>& members();
     std::int32_t number() const override { return object_class::attachments; }
-    host::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override { return item_->self(); }
 
-    host::Object at(const host::Value& index) const;  ///< by number from 1, or by name
+    automation::Object at(const automation::Value& index) const;  ///< by number from 1, or by name
 
     /// Attaches a file by its path, or an item. Anything else that has an `Item` stands for that item, as a
     /// wrapper does.
-    host::Object add(const host::Value& source, std::int32_t position, const host::Text& display_name);
+    automation::Object add(const automation::Value& source, std::int32_t position,
+                           const automation::Text& display_name);
     Item& item() const { return *item_; }
 
   private:
@@ -29,13 +30,13 @@ class Attachments : public ModelObject<Attachments> {
 class Attachment : public ModelObject<Attachment> {
   public:
     static constexpr std::string_view name = "Attachment";
-    static constexpr host::TextView default_name = u"DisplayName";
+    static constexpr automation::TextView default_name = u"DisplayName";
 
     Attachment(Desk& desk, std::shared_ptr<Item> item, std::size_t place)
         : ModelObject(desk), item_(std::move(item)), place_(place) {}
-    static const host::Members<Attachment>& members();
+    static const automation::Members<Attachment>& members();
     std::int32_t number() const override { return object_class::attachment; }
-    host::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override { return item_->self(); }
 
     const AttachmentData& data() const;
     AttachmentData& change();
@@ -46,7 +47,7 @@ class Attachment : public ModelObject<Attachment> {
     std::string bytes() const;
 
     /// The attached item, opened: a copy that belongs to no folder.
-    host::Object open() const;
+    automation::Object open() const;
 
   private:
     std::shared_ptr<Item> item_;

@@ -6,9 +6,9 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Use;
-using host::Value;
+using automation::Arguments;
+using automation::Use;
+using automation::Value;
 
 namespace {
 
@@ -26,22 +26,22 @@ class Telling {
 
 }  // namespace
 
-void ModelBase::raise(host::TextView event, std::vector<Value> arguments) {
+void ModelBase::raise(automation::TextView event, std::vector<Value> arguments) {
     raise_with_answer(event, arguments);
 }
 
-void ModelBase::raise_with_answer(host::TextView event, std::vector<Value>& arguments) {
+void ModelBase::raise_with_answer(automation::TextView event, std::vector<Value>& arguments) {
     desk_.moment_comes(event);
     const Telling telling(desk_.telling());
     subscriptions_.raise(event, arguments);
 }
 
-void ModelBase::observe(const host::Request& request, host::TextView member) const {
-    if (request.access != host::Access::identify) desk_.check_faults(class_name(), member);
+void ModelBase::observe(const automation::Request& request, automation::TextView member) const {
+    if (request.access != automation::Access::identify) desk_.check_faults(class_name(), member);
 }
 
-const host::Members<ModelBase>& ModelBase::common_members() {
-    static const host::Members<ModelBase> table{
+const automation::Members<ModelBase>& ModelBase::common_members() {
+    static const automation::Members<ModelBase> table{
         {u"Application", 0xF000, Use::get,
          [](ModelBase& self, const Arguments&) { return Value(self.desk().application()->self()); }},
         {u"Class", 0xF00A, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.number()); }},

@@ -1,9 +1,9 @@
 // The base of the desk's objects: what they all answer, and the one point that each call passes.
 #pragma once
 
+#include "automation/automated.h"
+#include "automation/named.h"
 #include "desk/model/events.h"
-#include "host/automated.h"
-#include "host/named.h"
 
 namespace desk {
 
@@ -20,41 +20,41 @@ inline constexpr std::int32_t application = 0, name_space = 1, folder = 2, recip
 }  // namespace object_class
 
 /// The desk outlives every object that it hands out.
-class ModelBase : public host::Invocable, public host::Named {
+class ModelBase : public automation::Invocable, public automation::Named {
   public:
     explicit ModelBase(Desk& desk) : desk_(desk) {}
 
     Desk& desk() const { return desk_; }
 
     virtual std::int32_t number() const = 0;  ///< its OlObjectClass
-    virtual host::Object parent() const = 0;
+    virtual automation::Object parent() const = 0;
     virtual EventInterfaces event_interfaces() const { return {}; }
 
     Subscriptions& subscriptions() { return subscriptions_; }
-    void raise(host::TextView event, std::vector<host::Value> arguments = {});
+    void raise(automation::TextView event, std::vector<automation::Value> arguments = {});
     /// The same, and the arguments come back as the listeners left them.
-    void raise_with_answer(host::TextView event, std::vector<host::Value>& arguments);
+    void raise_with_answer(automation::TextView event, std::vector<automation::Value>& arguments);
 
   protected:
     /// Whether a request uses the object, other than to resolve a name or to end a subscription.
-    static bool is_use(const host::Request& request) {
-        return request.access == host::Access::get || request.access == host::Access::put ||
-               request.access == host::Access::call;
+    static bool is_use(const automation::Request& request) {
+        return request.access == automation::Access::get || request.access == automation::Access::put ||
+               request.access == automation::Access::call;
     }
 
     /// What every call passes before it is carried out: it may be made to fail.
-    void observe(const host::Request& request, host::TextView member) const;
+    void observe(const automation::Request& request, automation::TextView member) const;
 
     /// `Application`, `Class`, `Session` and `Parent`.
-    static const host::Members<ModelBase>& common_members();
+    static const automation::Members<ModelBase>& common_members();
 
   private:
     Desk& desk_;
     Subscriptions subscriptions_;
 };
 
-/// Base of a class whose members stand in a table: `static const host::Members<T>& T::members()`, its name
-/// `T::name` and the member that is meant when none is named, `T::default_name`.
+/// Base of a class whose members stand in a table: `static const automation::Members<T>& T::members()`, its
+/// name `T::name` and the member that is meant when none is named, `T::default_name`.
 template <class T>
 class ModelObject : public ModelBase, public std::enable_shared_from_this<T> {
   public:
@@ -62,27 +62,30 @@ class ModelObject : public ModelBase, public std::enable_shared_from_this<T> {
 
     std::string_view class_name() const override { return T::name; }
 
-    host::Value invoke(host::Request& request) override {
-        if (request.access == host::Access::advise || request.access == host::Access::unadvise) {
+    automation::Value invoke(automation::Request& request) override {
+        if (request.access == automation::Access::advise || request.access == automation::Access::unadvise) {
             return subscriptions().answer(request, event_interfaces());
         }
-        if (request.member.empty() && request.id == host::default_member) request.member = T::default_name;
-        if (const host::Row<T>* row = T::members().find(request)) {
+        if (request.member.empty() && request.id == automation::default_member)
+            request.member = T::default_name;
+        if (const automation::Row<T>* row = T::members().find(request)) {
             observe(request, row->name);
-            return host::dispatch(static_cast<T&>(*this), *row, request);
+            return automation::dispatch(static_cast<T&>(*this), *row, request);
         }
-        if (const host::Row<ModelBase>* row = common_members().find(request)) {
+        if (const automation::Row<ModelBase>* row = common_members().find(request)) {
             observe(request, row->name);
-            return host::dispatch(static_cast<ModelBase&>(*this), *row, request);
+            return automation::dispatch(static_cast<ModelBase&>(*this), *row, request);
         }
         return other_member(request);
     }
 
-    host::Object self() { return host::Object(this->shared_from_this()); }
+    automation::Object self() { return automation::Object(this->shared_from_this()); }
 
   protected:
     /// A member that stands in no table of the class.
-    virtual host::Value other_member(host::Request& request) { host::throw_no_member(request); }
+    virtual automation::Value other_member(automation::Request& request) {
+        automation::throw_no_member(request);
+    }
 };
 
 }  // namespace desk

@@ -8,13 +8,13 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Takes;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -39,14 +39,15 @@ const FolderProperty& property_of(std::int32_t tag) {
 
 }  // namespace
 
-const host::Members<CdoField>& CdoField::members() {
-    static const host::Members<CdoField> table{
-        {u"Value", host::no_id, Use::get_put,
+const automation::Members<CdoField>& CdoField::members() {
+    static const automation::Members<CdoField> table{
+        {u"Value", automation::no_id, Use::get_put,
          [](CdoField& self, const Arguments& a) {
              if (a.is_put()) self.owner().property(self.tag, a.assigned());
              return self.owner().property(self.tag);
          }},
-        {u"ID", host::no_id, Use::get, [](CdoField& self, const Arguments&) { return Value(self.tag); }},
+        {u"ID", automation::no_id, Use::get,
+         [](CdoField& self, const Arguments&) { return Value(self.tag); }},
     };
     return table;
 }
@@ -73,24 +74,24 @@ void CdoFolder::update() {
     changed_.clear();
 }
 
-const host::Members<CdoFolder>& CdoFolder::members() {
-    static const host::Members<CdoFolder> table{
-        {u"Name", host::no_id, Use::get,
+const automation::Members<CdoFolder>& CdoFolder::members() {
+    static const automation::Members<CdoFolder> table{
+        {u"Name", automation::no_id, Use::get,
          [](CdoFolder& self, const Arguments&) { return Value(self.row().name); }},
-        {u"ID", host::no_id, Use::get,
+        {u"ID", automation::no_id, Use::get,
          [](CdoFolder& self, const Arguments&) {
              return std::make_shared<Folder>(self.desk(), self.id())->self().get(u"EntryID");
          }},
-        {u"StoreID", host::no_id, Use::get,
+        {u"StoreID", automation::no_id, Use::get,
          [](CdoFolder& self, const Arguments&) {
              return std::make_shared<Folder>(self.desk(), self.id())->self().get(u"StoreID");
          }},
         {u"Fields",
-         host::no_id,
+         automation::no_id,
          Use::get,
          {{u"Tag", Takes::integer}},
          [](CdoFolder& self, const Arguments& a) { return cdo_field(self, a[0].to_integer()); }},
-        {u"Update", host::no_id, Use::method,
+        {u"Update", automation::no_id, Use::method,
          [](CdoFolder& self, const Arguments&) {
              self.update();
              return Value();
@@ -103,27 +104,27 @@ void CdoSession::check_logged_on() const {
     if (!logged_on) throw Failure(not_logged_on, u"The session is not logged on.");
 }
 
-host::Object CdoSession::folder(const Text& id, const Value& store) {
+automation::Object CdoSession::folder(const Text& id, const Value& store) {
     check_logged_on();
-    const host::Object found = desk().name_space()->folder_from_id(id, store);
+    const automation::Object found = desk().name_space()->folder_from_id(id, store);
     return std::make_shared<CdoFolder>(desk(), folder_of(Value(found)).id(), self())->self();
 }
 
-host::Object CdoSession::message(const Text& id, const Value& store) {
+automation::Object CdoSession::message(const Text& id, const Value& store) {
     check_logged_on();
     const RowId item = desk().name_space()->item_from_id(id, store)->id();
     return std::make_shared<CdoMessage>(desk(), desk().store().load(item).value(), self())->self();
 }
 
-const host::Members<CdoSession>& CdoSession::members() {
-    static const host::Members<CdoSession> table{
-        {u"Name", host::no_id, Use::get,
+const automation::Members<CdoSession>& CdoSession::members() {
+    static const automation::Members<CdoSession> table{
+        {u"Name", automation::no_id, Use::get,
          [](CdoSession& self, const Arguments&) {
              self.check_logged_on();
              return Value(u"Outlook");
          }},
         {u"Logon",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"ProfileName", Takes::value, true},
           {u"ProfilePassword", Takes::value, true},
@@ -136,19 +137,19 @@ const host::Members<CdoSession>& CdoSession::members() {
              self.logged_on = true;
              return Value();
          }},
-        {u"Logoff", host::no_id, Use::method,
+        {u"Logoff", automation::no_id, Use::method,
          [](CdoSession& self, const Arguments&) {
              self.check_logged_on();
              self.logged_on = false;
              return Value();
          }},
         {u"GetFolder",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"FolderID", Takes::text}, {u"StoreID", Takes::value, true}},
          [](CdoSession& self, const Arguments& a) { return Value(self.folder(a[0].to_text(), a[1])); }},
         {u"GetMessage",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"MessageID", Takes::text}, {u"StoreID", Takes::value, true}},
          [](CdoSession& self, const Arguments& a) { return Value(self.message(a[0].to_text(), a[1])); }},

@@ -14,23 +14,23 @@ class CdoProperties {
     virtual ~CdoProperties() = default;
 
     // both throw `result::not_found` for a property that isn't there
-    virtual host::Value property(std::int32_t tag) const = 0;
-    virtual void property(std::int32_t tag, const host::Value& value) = 0;
+    virtual automation::Value property(std::int32_t tag) const = 0;
+    virtual void property(std::int32_t tag, const automation::Value& value) = 0;
 
-    virtual host::Object as_object() = 0;
+    virtual automation::Object as_object() = 0;
 };
 
 /// One property by its tag. A changed value is kept when its owner is updated.
 class CdoField : public ModelObject<CdoField> {
   public:
     static constexpr std::string_view name = "CDO.Field";
-    static constexpr host::TextView default_name = u"Value";
+    static constexpr automation::TextView default_name = u"Value";
 
     CdoField(Desk& desk, std::shared_ptr<CdoProperties> owner, std::int32_t tag)
         : ModelObject(desk), tag(tag), owner_(std::move(owner)) {}
-    static const host::Members<CdoField>& members();
+    static const automation::Members<CdoField>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return owner_->as_object(); }
+    automation::Object parent() const override { return owner_->as_object(); }
     CdoProperties& owner() const { return *owner_; }
 
     std::int32_t tag;
@@ -41,51 +41,51 @@ class CdoField : public ModelObject<CdoField> {
 
 /// The property of an owner. Throws `result::not_found` for one that isn't there.
 template <class Owner>
-host::Value cdo_field(Owner& owner, std::int32_t tag) {
+automation::Value cdo_field(Owner& owner, std::int32_t tag) {
     owner.property(tag);
-    return host::Value(std::make_shared<CdoField>(owner.desk(), owner.shared_from_this(), tag)->self());
+    return automation::Value(std::make_shared<CdoField>(owner.desk(), owner.shared_from_this(), tag)->self());
 }
 
 class CdoFolder : public ModelObject<CdoFolder>, public CdoProperties {
   public:
     static constexpr std::string_view name = "CDO.Folder";
-    static constexpr host::TextView default_name = u"Name";
+    static constexpr automation::TextView default_name = u"Name";
 
-    CdoFolder(Desk& desk, RowId folder, host::Object session)
+    CdoFolder(Desk& desk, RowId folder, automation::Object session)
         : ModelObject(desk), folder_(folder), session_(std::move(session)) {}
-    static const host::Members<CdoFolder>& members();
+    static const automation::Members<CdoFolder>& members();
     std::int32_t number() const override { return object_class::folder; }
-    host::Object parent() const override { return session_; }
-    host::Value property(std::int32_t tag) const override;
-    void property(std::int32_t tag, const host::Value& value) override;
-    host::Object as_object() override { return self(); }
+    automation::Object parent() const override { return session_; }
+    automation::Value property(std::int32_t tag) const override;
+    void property(std::int32_t tag, const automation::Value& value) override;
+    automation::Object as_object() override { return self(); }
 
     RowId id() const { return folder_; }
     const FolderRow& row() const;  ///< throws `Failure` for a folder that is gone
     void update();                 ///< keeps what was changed
 
   private:
-    std::map<std::int32_t, host::Text> changed_;
+    std::map<std::int32_t, automation::Text> changed_;
     RowId folder_;
-    host::Object session_;
+    automation::Object session_;
 };
 
 /// Shares the host's session; everything but `Logon` fails as long as it isn't logged on.
 class CdoSession : public ModelObject<CdoSession> {
   public:
     static constexpr std::string_view name = "CDO.Session";
-    static constexpr host::TextView default_name = u"Name";
+    static constexpr automation::TextView default_name = u"Name";
 
     using ModelObject::ModelObject;
-    static const host::Members<CdoSession>& members();
+    static const automation::Members<CdoSession>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return {}; }
+    automation::Object parent() const override { return {}; }
 
     void check_logged_on() const;
 
     // both throw `result::not_found` for an id that the store has not
-    host::Object folder(const host::Text& id, const host::Value& store);
-    host::Object message(const host::Text& id, const host::Value& store);
+    automation::Object folder(const automation::Text& id, const automation::Value& store);
+    automation::Object message(const automation::Text& id, const automation::Value& store);
 
     bool logged_on = false;
 };

@@ -9,14 +9,14 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -56,7 +56,7 @@ Value CdoMessage::field(TextView field_name) const {
 }
 
 void CdoMessage::field(TextView field_name, const Value& value) {
-    if (host::same_ignoring_case(field_name, message_class)) {
+    if (automation::same_ignoring_case(field_name, message_class)) {
         changed_[Text(field_name)] = value.to_text();
         return;
     }
@@ -86,7 +86,7 @@ void CdoMessage::update(bool for_good, bool refresh) {
     }
     if (for_good && !changed_.empty()) {
         for (const auto& [name, value] : changed_) {
-            if (host::same_ignoring_case(name, message_class)) {
+            if (automation::same_ignoring_case(name, message_class)) {
                 stored->data.message_class = value.to_text();
                 apply_form(stored->data);
             } else {
@@ -104,28 +104,28 @@ void CdoMessage::update(bool for_good, bool refresh) {
     }
 }
 
-const host::Members<CdoMessage>& CdoMessage::members() {
-    static const host::Members<CdoMessage> table{
-        {u"ID", host::no_id, Use::get,
+const automation::Members<CdoMessage>& CdoMessage::members() {
+    static const automation::Members<CdoMessage> table{
+        {u"ID", automation::no_id, Use::get,
          [](CdoMessage& self, const Arguments&) {
              return Value(self.desk().item_entry_id(self.row().id, self.row().folder));
          }},
-        {u"StoreID", host::no_id, Use::get,
+        {u"StoreID", automation::no_id, Use::get,
          [](CdoMessage& self, const Arguments&) { return Value(self.desk().store_uid(self.row().folder)); }},
-        {u"FolderID", host::no_id, Use::get,
+        {u"FolderID", automation::no_id, Use::get,
          [](CdoMessage& self, const Arguments&) {
              return Value(self.desk().folder_entry_id(self.row().folder));
          }},
-        {u"Type", host::no_id, Use::get_put, named<message_class>},
-        {u"Subject", host::no_id, Use::get_put, named<subject>},
-        {u"Text", host::no_id, Use::get_put, named<body>},
+        {u"Type", automation::no_id, Use::get_put, named<message_class>},
+        {u"Subject", automation::no_id, Use::get_put, named<subject>},
+        {u"Text", automation::no_id, Use::get_put, named<body>},
         {u"Fields",
-         host::no_id,
+         automation::no_id,
          Use::get,
          {{u"Tag", Takes::integer}},
          [](CdoMessage& self, const Arguments& a) { return cdo_field(self, a[0].to_integer()); }},
         {u"Update",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"makePermanent", Takes::boolean, true}, {u"refreshObject", Takes::boolean, true}},
          [](CdoMessage& self, const Arguments& a) {

@@ -11,20 +11,20 @@ namespace desk {
 class CdoMessage : public ModelObject<CdoMessage>, public CdoProperties {
   public:
     static constexpr std::string_view name = "CDO.Message";
-    static constexpr host::TextView default_name = u"Subject";
+    static constexpr automation::TextView default_name = u"Subject";
 
-    CdoMessage(Desk& desk, ItemRow row, host::Object session)
+    CdoMessage(Desk& desk, ItemRow row, automation::Object session)
         : ModelObject(desk), row_(std::move(row)), session_(std::move(session)) {}
-    static const host::Members<CdoMessage>& members();
+    static const automation::Members<CdoMessage>& members();
     std::int32_t number() const override;
-    host::Object parent() const override { return session_; }
-    host::Value property(std::int32_t tag) const override;
-    void property(std::int32_t tag, const host::Value& value) override;
-    host::Object as_object() override { return self(); }
+    automation::Object parent() const override { return session_; }
+    automation::Value property(std::int32_t tag) const override;
+    void property(std::int32_t tag, const automation::Value& value) override;
+    automation::Object as_object() override { return self(); }
 
     const ItemRow& row() const { return row_; }
-    host::Value field(host::TextView field_name) const;
-    void field(host::TextView field_name, const host::Value& value);
+    automation::Value field(automation::TextView field_name) const;
+    void field(automation::TextView field_name, const automation::Value& value);
 
     /// Stores what was changed, if `for_good`, and has the message show what is stored, if `refresh`. Throws
     /// `result::not_found` for an item that has been moved or deleted.
@@ -32,8 +32,8 @@ class CdoMessage : public ModelObject<CdoMessage>, public CdoProperties {
 
   private:
     ItemRow row_;
-    std::map<host::Text, host::Value, IgnoringCase> changed_;
-    host::Object session_;
+    std::map<automation::Text, automation::Value, IgnoringCase> changed_;
+    automation::Object session_;
 };
 
 }  // namespace desk

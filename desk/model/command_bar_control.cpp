@@ -9,13 +9,13 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 Object CommandBarControl::parent() const {
     const auto owner = bar();
@@ -24,7 +24,7 @@ Object CommandBarControl::parent() const {
 
 EventInterfaces CommandBarControl::event_interfaces() const { return events::button; }
 
-Value CommandBarControl::invoke(host::Request& request) {
+Value CommandBarControl::invoke(automation::Request& request) {
     if (deleted_ && is_use(request)) throw Failure(result::object_deleted, u"The control was deleted.");
     return ModelObject::invoke(request);
 }
@@ -126,11 +126,11 @@ CommandBar& target_of(const CommandBarControl& control, const Value& given) {
 
 }  // namespace
 
-const host::Members<CommandBarControl>& CommandBarControl::members() {
+const automation::Members<CommandBarControl>& CommandBarControl::members() {
     using Self = CommandBarControl;
-    static const std::vector<host::Parameter> where{{u"Bar", Takes::value, true},
-                                                    {u"Before", Takes::value, true}};
-    static const host::Members<Self> table{
+    static const std::vector<automation::Parameter> where{{u"Bar", Takes::value, true},
+                                                          {u"Before", Takes::value, true}};
+    static const automation::Members<Self> table{
         {u"Caption", 0x60040003, Use::get_put, kept<&Self::caption>},
         {u"Tag", 0x60040023, Use::get_put, kept<&Self::tag>},
         {u"OnAction", 0x6004001A, Use::get_put, kept<&Self::on_action>},
@@ -179,14 +179,14 @@ const host::Members<CommandBarControl>& CommandBarControl::members() {
 
 Object CommandBarControls::parent() const { return bar_->self(); }
 
-Value CommandBarControls::invoke(host::Request& request) {
+Value CommandBarControls::invoke(automation::Request& request) {
     if (is_use(request)) bar_->check_there();
     return ModelObject::invoke(request);
 }
 
-const host::Members<CommandBarControls>& CommandBarControls::members() {
+const automation::Members<CommandBarControls>& CommandBarControls::members() {
     using Self = CommandBarControls;
-    static const host::Members<Self> table{
+    static const automation::Members<Self> table{
         {u"Count", 0x60030001, Use::get,
          [](Self& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.bar().controls.size()));

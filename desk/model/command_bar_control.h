@@ -13,25 +13,25 @@ class CommandBar;
 class CommandBarControl : public ModelObject<CommandBarControl> {
   public:
     static constexpr std::string_view name = "CommandBarButton";
-    static constexpr host::TextView default_name = u"Caption";
+    static constexpr automation::TextView default_name = u"Caption";
 
     static constexpr std::int32_t button_type = 1;  // MsoControlType
     static constexpr std::int32_t custom_id = 1;    ///< of all controls that are not built in
 
     CommandBarControl(Desk& desk, std::weak_ptr<CommandBar> bar, bool temporary)
         : ModelObject(desk), temporary(temporary), bar_(std::move(bar)) {}
-    static const host::Members<CommandBarControl>& members();
+    static const automation::Members<CommandBarControl>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
     /// Fails with `result::object_deleted` for a control that was deleted.
-    host::Value invoke(host::Request& request) override;
+    automation::Value invoke(automation::Request& request) override;
 
     void remove();
     void end();         ///< it goes with its bar
     void end_window();  ///< its window has closed: it does nothing any more
-    void move_to(CommandBar& bar, const host::Value& before);
-    std::shared_ptr<CommandBarControl> copy_to(CommandBar& bar, const host::Value& before) const;
+    void move_to(CommandBar& bar, const automation::Value& before);
+    std::shared_ptr<CommandBarControl> copy_to(CommandBar& bar, const automation::Value& before) const;
 
     /// As a click on it: nothing for one that is disabled or hidden. Answers whether a listener cancelled
     /// what the control does by itself; what a custom one names as its action is text and nothing more here.
@@ -46,7 +46,7 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     std::int32_t type = button_type;
     bool temporary;
     std::int32_t id = custom_id;
-    host::Text caption, tag, on_action, parameter, tool_tip, description, shortcut, help_file;
+    automation::Text caption, tag, on_action, parameter, tool_tip, description, shortcut, help_file;
     std::int32_t style = 0, face_id = 0, priority = 3, state = 0, help_context = 0, ole_usage = 1;
     std::int32_t width = 24, height = 22;
     bool visible = true, enabled = true, begin_group = false, is_priority_dropped = false;
@@ -60,14 +60,14 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
 class CommandBarControls : public ModelObject<CommandBarControls> {
   public:
     static constexpr std::string_view name = "CommandBarControls";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     CommandBarControls(Desk& desk, std::shared_ptr<CommandBar> bar)
         : ModelObject(desk), bar_(std::move(bar)) {}
-    static const host::Members<CommandBarControls>& members();
+    static const automation::Members<CommandBarControls>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
-    host::Value invoke(host::Request& request) override;
+    automation::Object parent() const override;
+    automation::Value invoke(automation::Request& request) override;
 
     CommandBar& bar() const { return *bar_; }
 

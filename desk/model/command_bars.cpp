@@ -9,15 +9,15 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -46,7 +46,7 @@ Object CommandBar::parent() const {
     return bars ? bars->self() : Object();
 }
 
-Value CommandBar::invoke(host::Request& request) {
+Value CommandBar::invoke(automation::Request& request) {
     if (is_use(request)) check_there();
     return ModelObject::invoke(request);
 }
@@ -150,13 +150,13 @@ std::shared_ptr<CommandBarControl> CommandBar::add_own(std::int32_t control_id, 
     control->style = icon_and_caption;
     control->caption = Text(caption);
     control->action = std::move(action);
-    insert(control, host::Missing{});
+    insert(control, automation::Missing{});
     return control;
 }
 
-const host::Members<CommandBar>& CommandBar::members() {
+const automation::Members<CommandBar>& CommandBar::members() {
     using Self = CommandBar;
-    static const host::Members<Self> table{
+    static const automation::Members<Self> table{
         {u"Name", 0x6004000E, Use::get, shown<&Self::bar_name>},
         {u"NameLocal", 0x60040010, Use::get, shown<&Self::bar_name>},
         {u"BuiltIn", 0x60040000, Use::get, shown<&Self::built_in>},
@@ -221,10 +221,10 @@ std::shared_ptr<CommandBar> CommandBars::add(const Value& bar_name, const Value&
                                              bool temporary) {
     if (ended_) throw Failure(result::object_deleted, u"The window of these command bars has been closed.");
     const Text wanted = bar_name.is_missing() || bar_name.to_text().empty()
-                            ? u"Custom " + host::to_text(static_cast<long long>(all.size()) + 1)
+                            ? u"Custom " + automation::to_text(static_cast<long long>(all.size()) + 1)
                             : bar_name.to_text();
     for (const auto& bar : all) {
-        if (host::same_ignoring_case(bar->bar_name, wanted)) {
+        if (automation::same_ignoring_case(bar->bar_name, wanted)) {
             throw Failure(result::invalid_argument, u"A command bar \"" + wanted + u"\" exists already.");
         }
     }
@@ -278,9 +278,9 @@ void CommandBars::update_now() {
     updating_ = false;
 }
 
-const host::Members<CommandBars>& CommandBars::members() {
+const automation::Members<CommandBars>& CommandBars::members() {
     using Self = CommandBars;
-    static const host::Members<Self> table{
+    static const automation::Members<Self> table{
         {u"Count", 0x60030003, Use::get,
          [](Self& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.all.size())); }},
         {u"Item",

@@ -6,9 +6,9 @@
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -16,10 +16,11 @@ namespace {
 constexpr TextView own_notes[] = {u"CreationTime", u"LastModificationTime"};
 
 void add_line(Text& all, const Text& name, const Text& value) {
-    all += name + u": " + host::replaced(host::replaced(value, u"\r", u"\\r"), u"\n", u"\\n") + u"\n";
+    all += name + u": " + automation::replaced(automation::replaced(value, u"\r", u"\\r"), u"\n", u"\\n") +
+           u"\n";
 }
 
-Text number(std::size_t value) { return host::to_text(static_cast<long long>(value)); }
+Text number(std::size_t value) { return automation::to_text(static_cast<long long>(value)); }
 
 Text in_words(const ItemData& item) {
     Text all;
@@ -30,12 +31,12 @@ Text in_words(const ItemData& item) {
         }
     }
     for (const UserPropertyData& property : item.user_properties) {
-        const Text type = host::to_text(static_cast<long long>(property.type));
+        const Text type = automation::to_text(static_cast<long long>(property.type));
         add_line(all, u"[" + property.name + u", " + type + u"]", property.value.to_text());
     }
     for (const Person& person : item.recipients) {
         add_line(
-            all, u"recipient of kind " + host::to_text(static_cast<long long>(person.kind)),
+            all, u"recipient of kind " + automation::to_text(static_cast<long long>(person.kind)),
             person.name + u" " + person.address_type + u" " + person.address + u" " + person.smtp_address);
     }
     for (const AttachmentData& attachment : item.attachments) {
@@ -48,9 +49,9 @@ Text in_words(const ItemData& item) {
 
 }  // namespace
 
-Text description(const host::Object& object) {
+Text description(const automation::Object& object) {
     const auto item = std::dynamic_pointer_cast<Item>(object.target());
-    if (!item) throw Failure(host::result::type_mismatch, u"An item is expected.");
+    if (!item) throw Failure(automation::result::type_mismatch, u"An item is expected.");
     item->check_there();
     return in_words(item->whole());
 }

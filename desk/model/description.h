@@ -1,7 +1,7 @@
 // An item as a whole, in words.
 #pragma once
 
-#include "host/object.h"
+#include "automation/object.h"
 
 namespace desk {
 
@@ -9,6 +9,6 @@ namespace desk {
 /// with their types, its people and its attachments with their sizes. Where it lies, its id and what the
 /// store notes by itself are not among it, nor is the time of its last change. Throws `result::type_mismatch`
 /// for what is no item.
-host::Text description(const host::Object& item);
+automation::Text description(const automation::Object& item);
 
 }  // namespace desk

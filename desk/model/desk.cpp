@@ -13,11 +13,11 @@
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
-using host::Value;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -42,7 +42,7 @@ std::optional<RowId> row_of(TextView id, TextView kind) {
     if (id.substr(id_start.size() + uid_digits, kind.size()) != kind) return std::nullopt;
     std::uint64_t value = 0;
     for (const char16_t c : id.substr(id_digits - row_digits)) {
-        const std::size_t digit = TextView(digits, 16).find(host::upper(c));
+        const std::size_t digit = TextView(digits, 16).find(automation::upper(c));
         if (digit == TextView::npos) return std::nullopt;
         value = value << 4 | digit;
     }
@@ -229,7 +229,7 @@ std::optional<RowId> Desk::item_of_entry_id(TextView id) { return row_of(id, ite
 
 std::optional<RowId> Desk::folder_of_entry_id(TextView id) const {
     const std::optional<RowId> row = row_of(id, folder_kind);
-    if (!row || !folder_row(*row) || !host::same_ignoring_case(folder_entry_id(*row), id))
+    if (!row || !folder_row(*row) || !automation::same_ignoring_case(folder_entry_id(*row), id))
         return std::nullopt;
     return row;
 }
@@ -368,9 +368,9 @@ int Desk::take_answer(TextView title, TextView text) {
 
 void Desk::check_faults(std::string_view class_name, TextView member) {
     if (faults.empty()) return;
-    const Text full = host::from_utf8(class_name) + u"." + Text(member);
+    const Text full = automation::from_utf8(class_name) + u"." + Text(member);
     for (PlannedFault& fault : faults) {
-        if (!host::same_ignoring_case(fault.member, full)) continue;
+        if (!automation::same_ignoring_case(fault.member, full)) continue;
         if (fault.after > 0) {
             --fault.after;
             continue;

@@ -7,9 +7,9 @@
 #include <string>
 #include <unordered_map>
 
+#include "automation/object.h"
 #include "desk/model/surroundings.h"
 #include "desk/store/store.h"
-#include "host/object.h"
 
 namespace desk {
 
@@ -44,7 +44,7 @@ struct AtOnce {
 };
 
 struct Options {
-    host::Text host_version = u"16.0.0.0";
+    automation::Text host_version = u"16.0.0.0";
     bool instant_search = false;
     std::int32_t language = 1033;  ///< LCID of the user interface
     AtOnce at_once = AtOnce::of(EventOrder::host);
@@ -54,24 +54,24 @@ struct Options {
 
 /// A message box that was shown.
 struct ShownMessage {
-    host::Text title;
-    host::Text text;
+    automation::Text title;
+    automation::Text text;
     std::uint32_t style = 0;
     int answer = 0;  ///< 0: the desk closed an unexpected one
 };
 
 /// An answer that waits for its message box.
 struct QueuedAnswer {
-    host::Text title;
-    host::Text fragment;
+    automation::Text title;
+    automation::Text fragment;
     int button = 0;
 };
 
 /// A call that is made to fail, so that others can be watched failing with it.
 struct PlannedFault {
-    host::Text member;       ///< "Items.Find", by class and member, without regard to case
-    std::int32_t after = 0;  ///< how many calls of it still succeed
-    std::int32_t times = 1;  ///< how many fail then; below 0: all
+    automation::Text member;  ///< "Items.Find", by class and member, without regard to case
+    std::int32_t after = 0;   ///< how many calls of it still succeed
+    std::int32_t times = 1;   ///< how many fail then; below 0: all
     std::int32_t number = 0;
 };
 
@@ -96,9 +96,9 @@ class Desk {
     const std::vector<FolderRow>& folder_rows() const { return folders_; }
     const FolderRow* folder_row(RowId id) const;
     const FolderRow& existing_folder(
-        RowId id) const;                       ///< throws `result::object_deleted` for one that is gone
-    RowId root_of(RowId folder) const;         ///< the root of the store that a folder lies in
-    host::Text store_uid(RowId folder) const;  ///< of the store that a folder lies in
+        RowId id) const;                             ///< throws `result::object_deleted` for one that is gone
+    RowId root_of(RowId folder) const;               ///< the root of the store that a folder lies in
+    automation::Text store_uid(RowId folder) const;  ///< of the store that a folder lies in
     RowId default_folder(std::int32_t number) const;  ///< 0 if the profile has none
     std::vector<RowId> folders_below(RowId parent) const;
     RowId add_folder(const FolderRow& row);
@@ -129,10 +129,10 @@ class Desk {
 
     // ids: "00000000", 32 digits of the store, a kind of 4 digits, 16 digits of the row, all upper-case
     // hexadecimal
-    host::Text item_entry_id(RowId item, RowId folder) const;
-    host::Text folder_entry_id(RowId folder) const;
-    static std::optional<RowId> item_of_entry_id(host::TextView id);
-    std::optional<RowId> folder_of_entry_id(host::TextView id) const;
+    automation::Text item_entry_id(RowId item, RowId folder) const;
+    automation::Text folder_entry_id(RowId folder) const;
+    static std::optional<RowId> item_of_entry_id(automation::TextView id);
+    std::optional<RowId> folder_of_entry_id(automation::TextView id) const;
 
     // events
     void watch(RowId folder, const std::shared_ptr<Items>& items);
@@ -140,7 +140,7 @@ class Desk {
     void tell_item_added(RowId folder, RowId item);
     void tell_item_changed(RowId folder, const std::shared_ptr<Item>& item);
     void tell_item_removed(RowId folder);
-    void tell_folders(RowId parent, host::TextView event, RowId folder);
+    void tell_folders(RowId parent, automation::TextView event, RowId folder);
 
     /// Runs at the next turn of the message loop, after what waits already.
     void later(std::function<void()> what);
@@ -150,22 +150,22 @@ class Desk {
     [[nodiscard]] bool anything_waits() const { return !waiting_.empty(); }
 
     /// Has a delivered mail lie in the Inbox, unread, and tells of it.
-    std::shared_ptr<Item> deliver(host::TextView path);
+    std::shared_ptr<Item> deliver(automation::TextView path);
 
     // the windows
     std::vector<HostWindow*> window_order;  ///< all that are open, the active one last
 
     // the status window, told by whoever watches the windows: it is found by its caption and its label
-    static constexpr host::TextView status_caption = u"Tarnwell", status_label = u"Label1";
-    void status_shown(host::TextView text);  ///< a text is set while the window is visible
+    static constexpr automation::TextView status_caption = u"Tarnwell", status_label = u"Label1";
+    void status_shown(automation::TextView text);  ///< a text is set while the window is visible
     /// The window has come up with this text. It counts unless another one follows before the next turn of
     /// the message loop; what the label was designed with is no status.
-    void status_window_up(host::TextView text);
+    void status_window_up(automation::TextView text);
 
     /// Has an action posted to the message loop, once, when a moment comes: an event of that name, or a
     /// status that holds that text.
-    void when(host::TextView moment, std::function<void()> action);
-    void moment_comes(host::TextView event);
+    void when(automation::TextView moment, std::function<void()> action);
+    void moment_comes(automation::TextView event);
 
     /// Events are being told while this is above 0.
     int& telling() { return telling_; }
@@ -173,19 +173,19 @@ class Desk {
     // what a person or a script watches
     std::deque<ShownMessage> messages;  ///< its elements stay where they are while it grows
     std::deque<QueuedAnswer> answers;
-    std::vector<host::Text> statuses;
-    std::vector<host::Object> displayed;
+    std::vector<automation::Text> statuses;
+    std::vector<automation::Object> displayed;
     std::vector<PlannedFault> faults;
-    std::deque<host::Text> filters;  ///< the last ones that items were asked for, in order
+    std::deque<automation::Text> filters;  ///< the last ones that items were asked for, in order
 
     /// Keeps the last filters that items were asked for.
-    void note_filter(host::TextView filter);
+    void note_filter(automation::TextView filter);
 
     /// The button that a waiting answer gives to a message box, and the answer is used up; 0 if none waits.
-    int take_answer(host::TextView title, host::TextView text);
+    int take_answer(automation::TextView title, automation::TextView text);
 
     /// Throws if the call is one that is planned to fail.
-    void check_faults(std::string_view class_name, host::TextView member);
+    void check_faults(std::string_view class_name, automation::TextView member);
 
   private:
     void now_or_later(bool now, std::function<void()> what);
@@ -195,7 +195,7 @@ class Desk {
     std::unique_ptr<Store> store_;
     Options options_;
     struct Planned {
-        host::Text moment;
+        automation::Text moment;
         std::function<void()> action;
     };
     template <class Fits>

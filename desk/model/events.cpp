@@ -4,17 +4,17 @@
 
 namespace desk {
 
-using host::Access;
-using host::Failure;
-using host::Request;
-using host::Value;
-namespace result = host::result;
+using automation::Access;
+using automation::Failure;
+using automation::Request;
+using automation::Value;
+namespace result = automation::result;
 
 Value Subscriptions::answer(Request& request, EventInterfaces interfaces) {
     const auto wanted = std::ranges::find_if(interfaces, [&](auto* i) { return i->id == request.interface; });
     if (wanted == interfaces.end()) throw Failure(result::no_connection, u"The object has no such events.");
     if (request.access == Access::advise) {
-        host::Object sink = request.sink.to_object();
+        automation::Object sink = request.sink.to_object();
         if (!sink) throw Failure(result::invalid_argument, u"Nobody is there to receive the events.");
         entries_.push_back({++last_cookie_, *wanted, std::move(sink)});
         return last_cookie_;
@@ -26,11 +26,12 @@ Value Subscriptions::answer(Request& request, EventInterfaces interfaces) {
     return {};
 }
 
-void Subscriptions::raise(host::TextView name, std::vector<Value>& arguments) {
+void Subscriptions::raise(automation::TextView name, std::vector<Value>& arguments) {
     const std::vector<Entry> told = entries_;  // a sink may subscribe or leave while it is told
     for (const Entry& entry : told) {
         const auto& events = entry.interface->events;
-        const auto event = std::ranges::find_if(events, [&](const host::Event& e) { return e.name == name; });
+        const auto event =
+            std::ranges::find_if(events, [&](const automation::Event& e) { return e.name == name; });
         const bool still_there =
             std::ranges::any_of(entries_, [&](const Entry& e) { return e.cookie == entry.cookie; });
         if (event == events.end() || !still_there) continue;

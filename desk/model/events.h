@@ -3,23 +3,23 @@
 
 #include <vector>
 
-#include "host/events.h"
-#include "host/object.h"
+#include "automation/events.h"
+#include "automation/object.h"
 
 namespace desk {
 
 /// The event interfaces that a class has.
-using EventInterfaces = std::span<const host::EventInterface* const>;
+using EventInterfaces = std::span<const automation::EventInterface* const>;
 
 class Subscriptions {
   public:
     /// Answers a subscription's cookie, or ends one. Throws `result::no_connection` for an interface that
     /// isn't among those given and for an unknown cookie, `result::invalid_argument` for an empty sink.
-    host::Value answer(host::Request& request, EventInterfaces interfaces);
+    automation::Value answer(automation::Request& request, EventInterfaces interfaces);
 
     /// Tells an event to all who subscribed to an interface that has it. What a sink throws is its own
     /// affair: the others are told all the same. The arguments come back changed where the event lets them.
-    void raise(host::TextView event, std::vector<host::Value>& arguments);
+    void raise(automation::TextView event, std::vector<automation::Value>& arguments);
 
     /// Lets go of all who subscribed: the object has come to its end.
     void clear() { entries_.clear(); }
@@ -29,8 +29,8 @@ class Subscriptions {
   private:
     struct Entry {
         std::int32_t cookie;
-        const host::EventInterface* interface;
-        host::Object sink;
+        const automation::EventInterface* interface;
+        automation::Object sink;
     };
     std::vector<Entry> entries_;
     std::int32_t last_cookie_ = 0;

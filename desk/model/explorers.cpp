@@ -12,11 +12,11 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Object;
-using host::Takes;
-using host::Use;
-using host::Value;
+using automation::Arguments;
+using automation::Object;
+using automation::Takes;
+using automation::Use;
+using automation::Value;
 
 namespace {
 
@@ -24,8 +24,8 @@ constexpr std::uint32_t warning = 0x30;  // MB_ICONWARNING
 
 }  // namespace
 
-const host::Members<Selection>& Selection::members() {
-    static const host::Members<Selection> table{
+const automation::Members<Selection>& Selection::members() {
+    static const automation::Members<Selection> table{
         {u"Count", 0x50, Use::get,
          [](Selection& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.items.size()));
@@ -51,9 +51,9 @@ Object Explorer::parent() const { return desk().application()->self(); }
 
 EventInterfaces Explorer::event_interfaces() const { return events::explorer; }
 
-host::Text Explorer::caption() const {
+automation::Text Explorer::caption() const {
     const FolderRow* const row = desk().folder_row(folder_);
-    return (row ? row->name : host::Text()) + u" - Outlook";
+    return (row ? row->name : automation::Text()) + u" - Outlook";
 }
 
 void Explorer::kept_changed() { desk().surroundings().changed(); }
@@ -91,7 +91,7 @@ void Explorer::drop_selection_on(RowId folder, bool copies) {
                 const std::shared_ptr<Item> there = item->move_to(folder);
                 if (there) moved.push_back(there->self());
             }
-        } catch (const host::Failure& failure) {
+        } catch (const automation::Failure& failure) {
             desk().surroundings().ask(failure.description(), u"Outlook", warning);
         }
     }
@@ -135,8 +135,8 @@ std::shared_ptr<CommandBar> Explorer::context_menu() {
     return bars_->named(CommandBars::context_menu);
 }
 
-const host::Members<Explorer>& Explorer::members() {
-    static const host::Members<Explorer> table{
+const automation::Members<Explorer>& Explorer::members() {
+    static const automation::Members<Explorer> table{
         {u"CommandBars", 0x2100, Use::get,
          [](Explorer& self, const Arguments&) { return Value(self.bars()->self()); }},
         {u"CurrentFolder", 0x2101, Use::get_put,
@@ -203,8 +203,8 @@ void Explorers::show(RowId folder) {
     explorer.call(u"Display");
 }
 
-const host::Members<Explorers>& Explorers::members() {
-    static const host::Members<Explorers> table{
+const automation::Members<Explorers>& Explorers::members() {
+    static const automation::Members<Explorers> table{
         {u"Count", 0x50, Use::get,
          [](Explorers& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.open.size()));

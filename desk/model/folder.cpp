@@ -12,22 +12,22 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
 /// A name that no sibling bears.
 void check_name(Desk& desk, RowId parent, const Text& name) {
-    if (host::trimmed(name).empty()) throw Failure(result::invalid_argument, u"A folder needs a name.");
+    if (automation::trimmed(name).empty()) throw Failure(result::invalid_argument, u"A folder needs a name.");
     for (const RowId sibling : desk.folders_below(parent)) {
-        if (host::same_ignoring_case(desk.existing_folder(sibling).name, name)) {
+        if (automation::same_ignoring_case(desk.existing_folder(sibling).name, name)) {
             throw Failure(result::fail, u"A folder named \"" + name + u"\" already exists there.");
         }
     }
@@ -59,7 +59,7 @@ Text Folder::path() const {
 }
 
 void Folder::rename(const Text& new_name) {
-    if (!host::same_ignoring_case(row().name, new_name)) check_name(desk(), row().parent, new_name);
+    if (!automation::same_ignoring_case(row().name, new_name)) check_name(desk(), row().parent, new_name);
     FolderRow renamed = row();
     renamed.name = new_name;
     desk().change_folder(renamed);
@@ -105,8 +105,8 @@ Object Folder::copy_to(RowId target) {
     return std::make_shared<Folder>(desk(), twin_id)->self();
 }
 
-const host::Members<Folder>& Folder::members() {
-    static const host::Members<Folder> table{
+const automation::Members<Folder>& Folder::members() {
+    static const automation::Members<Folder> table{
         {u"Name", 0x3001, Use::get_put,
          [](Folder& self, const Arguments& a) {
              if (a.is_put()) self.rename(a.assigned().to_text());
@@ -191,9 +191,9 @@ Object FoldersCollection::parent() const {
 
 EventInterfaces FoldersCollection::event_interfaces() const { return events::folders; }
 
-Value FoldersCollection::invoke(host::Request& request) {
+Value FoldersCollection::invoke(automation::Request& request) {
     const Value answer = ModelObject::invoke(request);
-    if (request.access == host::Access::advise) desk().watch_folders(parent_, shared_from_this());
+    if (request.access == automation::Access::advise) desk().watch_folders(parent_, shared_from_this());
     return answer;
 }
 
@@ -207,7 +207,7 @@ Object FoldersCollection::at(const Value& index) const {
     if (index.is(Value::Type::text)) {
         const Text wanted = index.to_text();
         for (const RowId id : all) {
-            if (host::same_ignoring_case(desk().existing_folder(id).name, wanted)) {
+            if (automation::same_ignoring_case(desk().existing_folder(id).name, wanted)) {
                 return std::make_shared<Folder>(desk(), id)->self();
             }
         }
@@ -253,9 +253,9 @@ Object FoldersCollection::step(std::int32_t to) {
     return std::make_shared<Folder>(desk(), all[static_cast<std::size_t>(to - 1)])->self();
 }
 
-const host::Members<FoldersCollection>& FoldersCollection::members() {
+const automation::Members<FoldersCollection>& FoldersCollection::members() {
     using Self = FoldersCollection;
-    static const host::Members<Self> table{
+    static const automation::Members<Self> table{
         {u"Count", 0x50, Use::get,
          [](Self& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.ids().size())); }},
         {u"Item",

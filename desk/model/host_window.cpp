@@ -20,7 +20,7 @@ void HostWindow::enter_back() {
 
 void HostWindow::come_up() {
     auto& order = object().desk().window_order;
-    const host::Object alive = held();
+    const automation::Object alive = held();
     ++times_brought_up_;
     Surroundings& surroundings = object().desk().surroundings();
     const bool was_active = !order.empty() && order.back() == this;
@@ -32,7 +32,7 @@ void HostWindow::come_up() {
     std::erase(order, this);
     order.push_back(this);
     is_open_ = true;
-    const host::Object former_alive = former ? former->held() : host::Object();
+    const automation::Object former_alive = former ? former->held() : automation::Object();
     surroundings.came_up();
     if (former) {
         former->object().raise(u"Deactivate");
@@ -44,7 +44,7 @@ void HostWindow::come_up() {
 
 void HostWindow::leave(bool bars_end) {
     auto& order = object().desk().window_order;
-    const host::Object alive = held();
+    const automation::Object alive = held();
     const bool was_active = !order.empty() && order.back() == this;
     std::erase(order, this);
     is_open_ = false;
@@ -54,7 +54,7 @@ void HostWindow::leave(bool bars_end) {
     object().subscriptions().clear();
     if (!was_active || order.empty()) return;
     HostWindow* const next = order.back();
-    const host::Object next_alive = next->held();
+    const automation::Object next_alive = next->held();
     next->object().raise(u"Activate");
     if (next->is_open_) next->bars()->update_soon();
 }

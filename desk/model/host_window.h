@@ -17,7 +17,7 @@ class HostWindow {
     HostWindow& operator=(const HostWindow&) = delete;
     virtual ~HostWindow() = default;
 
-    virtual host::Text caption() const = 0;
+    virtual automation::Text caption() const = 0;
     virtual const std::shared_ptr<CommandBars>& bars() const = 0;
     virtual void activate() = 0;       ///< as a person who clicks on it
     virtual void close_by_user() = 0;  ///< as a person who clicks on its close box
@@ -29,7 +29,7 @@ class HostWindow {
     std::int32_t left = 0, top = 0, width = 0, height = 0;  // pixels
     std::int32_t window_state = normal;
 
-    virtual host::Object held() = 0;  ///< the window as others hold it
+    virtual automation::Object held() = 0;  ///< the window as others hold it
 
   protected:
     virtual ModelBase& object() = 0;

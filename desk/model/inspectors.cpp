@@ -10,22 +10,22 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
 /// What a window calls its item, by the number of the item's class.
 struct WindowName {
     std::int32_t number;
-    host::TextView name;
+    automation::TextView name;
 };
 constexpr WindowName window_names[] = {{object_class::mail, u"Message"},
                                        {object_class::appointment, u"Appointment"},
@@ -94,7 +94,7 @@ void Inspector::add_own_controls() {
     const std::weak_ptr<CommandBars> bars = bars_;
     for (const OwnButton& button : own_buttons) {
         if (!button.is_on(*item_) ||
-            standard.find({host::Missing{}, button.id, host::Missing{}, host::Missing{}}))
+            standard.find({automation::Missing{}, button.id, automation::Missing{}, automation::Missing{}}))
             continue;
         standard.add_own(button.id, button.caption,
                          [&desk = desk(), bars, action = button.action] { run_button(desk, bars, action); });
@@ -165,8 +165,8 @@ void Inspector::close_window() {
     leave(!is_word_mail_);
 }
 
-const host::Members<Inspector>& Inspector::members() {
-    static const host::Members<Inspector> table{
+const automation::Members<Inspector>& Inspector::members() {
+    static const automation::Members<Inspector> table{
         {u"CommandBars", 0x2100, Use::get,
          [](Inspector& self, const Arguments&) { return Value(self.bars()->self()); }},
         {u"CurrentItem", 0x2102, Use::get,
@@ -217,8 +217,8 @@ std::shared_ptr<Inspector> Inspectors::with(const CommandBars& bars) const {
     return found == open.rend() ? nullptr : *found;
 }
 
-const host::Members<Inspectors>& Inspectors::members() {
-    static const host::Members<Inspectors> table{
+const automation::Members<Inspectors>& Inspectors::members() {
+    static const automation::Members<Inspectors> table{
         {u"Count", 0x50, Use::get,
          [](Inspectors& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.open.size()));

@@ -14,17 +14,17 @@ inline constexpr std::int32_t save = 0, discard = 1, ask = 2;
 class Inspector : public ModelObject<Inspector>, public HostWindow {
   public:
     static constexpr std::string_view name = "Inspector";
-    static constexpr host::TextView default_name = u"Caption";
+    static constexpr automation::TextView default_name = u"Caption";
 
     Inspector(Desk& desk, std::shared_ptr<Item> item);
-    static const host::Members<Inspector>& members();
+    static const automation::Members<Inspector>& members();
     std::int32_t number() const override { return object_class::inspector; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
 
     const std::shared_ptr<Item>& item() const { return item_; }
     const std::shared_ptr<CommandBars>& bars() const override { return bars_; }
-    host::Text caption() const override;
+    automation::Text caption() const override;
 
     /// Mail that Word edits: its bars are Word's own, shared by all such windows, and what is added to them
     /// stays until it is deleted.
@@ -40,7 +40,7 @@ class Inspector : public ModelObject<Inspector>, public HostWindow {
     void close_window();  ///< leaves the item as it is
     void kept_changed();
 
-    host::Object held() override { return self(); }
+    automation::Object held() override { return self(); }
 
   private:
     ModelBase& object() override { return *this; }
@@ -56,16 +56,16 @@ class Inspector : public ModelObject<Inspector>, public HostWindow {
 class Inspectors : public ModelObject<Inspectors> {
   public:
     static constexpr std::string_view name = "Inspectors";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     using ModelObject::ModelObject;
-    static const host::Members<Inspectors>& members();
+    static const automation::Members<Inspectors>& members();
     std::int32_t number() const override { return object_class::inspectors; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
 
     std::vector<std::shared_ptr<Inspector>> open;  ///< the active one last
-    host::Object active() const;
+    automation::Object active() const;
 
     /// The bars of all windows of mail that Word edits.
     const std::shared_ptr<CommandBars>& word_bars();

@@ -11,13 +11,13 @@
 
 namespace desk {
 
-using host::Failure;
-using host::Request;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Failure;
+using automation::Request;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using tables::FieldRow;
-namespace result = host::result;
+namespace result = automation::result;
 
 namespace {
 
@@ -25,8 +25,8 @@ constexpr std::int32_t deleted_items = 3, sent_items = 5;
 
 /// Posts are posted, what has recipients is sent; the name of the other is none of theirs.
 bool knows(const ItemKind& kind, TextView member) {
-    if (host::same_ignoring_case(member, u"Post")) return kind.number == object_class::post;
-    if (host::same_ignoring_case(member, u"Send")) return kind.has_people;
+    if (automation::same_ignoring_case(member, u"Post")) return kind.number == object_class::post;
+    if (automation::same_ignoring_case(member, u"Send")) return kind.has_people;
     return true;
 }
 
@@ -60,8 +60,9 @@ Item::Item(Desk& desk, ItemRow row)
       size_(row.size),
       attachments_loaded_(false) {}
 
-host::Object Item::parent() const {
-    return folder_ == 0 ? host::Object() : host::Object(std::make_shared<Folder>(desk(), folder_));
+automation::Object Item::parent() const {
+    return folder_ == 0 ? automation::Object()
+                        : automation::Object(std::make_shared<Folder>(desk(), folder_));
 }
 
 EventInterfaces Item::event_interfaces() const { return events::item; }
@@ -71,8 +72,9 @@ void Item::check_there() const {
 }
 
 Value Item::invoke(Request& request) {
-    if (request.access != host::Access::identify) check_there();  // names are resolved for what is gone, too
-    if (!knows(kind(), request.member)) host::throw_no_member(request);
+    if (request.access != automation::Access::identify)
+        check_there();  // names are resolved for what is gone, too
+    if (!knows(kind(), request.member)) automation::throw_no_member(request);
     return ModelObject::invoke(request);
 }
 
@@ -109,14 +111,14 @@ Value Item::field(TextView field_name) const { return field_value(data_, field_n
 Value Item::other_member(Request& request) {
     const FieldRow* const field =
         request.member.empty() ? find_field(kind(), request.id) : find_field(kind(), request.member);
-    if (!field) host::throw_no_member(request);
-    const host::MemberFacts facts{
-        field->name, field->id, field->writable ? host::Use::get_put : host::Use::get, {}};
-    if (request.access == host::Access::identify) return host::identify(facts, request);
+    if (!field) automation::throw_no_member(request);
+    const automation::MemberFacts facts{
+        field->name, field->id, field->writable ? automation::Use::get_put : automation::Use::get, {}};
+    if (request.access == automation::Access::identify) return automation::identify(facts, request);
     observe(request, field->name);
-    const std::vector<Value> rest = host::arrange(facts, request);
+    const std::vector<Value> rest = automation::arrange(facts, request);
     if (!rest.empty()) throw Failure(result::bad_count, Text(field->name));
-    if (request.access == host::Access::put) {
+    if (request.access == automation::Access::put) {
         set_field(*field, request.arguments.back());
         return {};
     }
@@ -146,7 +148,7 @@ void Item::set_people_line(TextView line, TextView names) {
     std::erase_if(people, [&](const Person& person) { return person.kind == person_kind; });
     while (!names.empty()) {
         const std::size_t end = names.find(u';');
-        const Text one = host::trimmed(names.substr(0, end));
+        const Text one = automation::trimmed(names.substr(0, end));
         if (!one.empty()) people.push_back(desk().name_space()->person(one, person_kind));
         names = end == TextView::npos ? TextView() : names.substr(end + 1);
     }
@@ -195,7 +197,7 @@ void Item::save() {
 /// What is in the file is what the item holds from then on; where that fails it is as it was.
 void Item::write() {
     ItemData saved = data_;
-    const host::Date now = desk().surroundings().now();
+    const automation::Date now = desk().surroundings().now();
     complete_for_saving(saved);
     saved.fields[u"LastModificationTime"] = now;
     if (!saved.fields.contains(u"CreationTime")) saved.fields[u"CreationTime"] = now;
@@ -229,7 +231,7 @@ void Item::revert() {
 }
 
 void Item::post() {
-    const host::Date now = desk().surroundings().now();
+    const automation::Date now = desk().surroundings().now();
     change().fields[u"SentOn"] = now;
     data_.fields[u"ReceivedTime"] = now;
     data_.fields[u"SenderName"] = desk().name_space()->user_name();
@@ -248,7 +250,7 @@ void Item::send() {
     desk().application()->raise_with_answer(u"ItemSend", arguments);
     if (arguments[1].to_boolean()) return;
 
-    const host::Date now = desk().surroundings().now();
+    const automation::Date now = desk().surroundings().now();
     ItemData& sent = change();
     sent.fields[u"Sent"] = true;
     sent.fields[u"Submitted"] = true;

@@ -12,20 +12,20 @@ class Inspector;
 class Item : public ModelObject<Item> {
   public:
     static constexpr std::string_view name = "Item";
-    static constexpr host::TextView default_name = u"Subject";
+    static constexpr automation::TextView default_name = u"Subject";
 
     /// A new item that will be saved to a folder.
     Item(Desk& desk, RowId folder, ItemData data);
     /// A stored item.
     Item(Desk& desk, ItemRow row);
 
-    static const host::Members<Item>& members();
+    static const automation::Members<Item>& members();
 
     std::string_view class_name() const override { return kind().name; }
     std::int32_t number() const override { return kind().number; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
-    host::Value invoke(host::Request& request) override;
+    automation::Value invoke(automation::Request& request) override;
 
     const ItemKind& kind() const { return kind_of(data_.message_class); }
     RowId id() const { return id_; }
@@ -34,8 +34,8 @@ class Item : public ModelObject<Item> {
     /// Since it was made or saved.
     bool has_changes() const { return changed_ && (id_ != 0 || version_ != 0); }
     bool is_saved() const { return id_ != 0 && !changed_; }
-    host::Text entry_id() const;
-    host::Text subject() const;
+    automation::Text entry_id() const;
+    automation::Text subject() const;
 
     const ItemData& data() const { return data_; }
     const ItemData& whole();  ///< with its attachments
@@ -47,9 +47,9 @@ class Item : public ModelObject<Item> {
     ItemData& change();
     ItemData& change_attachments();
 
-    host::Value field(host::TextView field_name) const;
-    void set_field(const tables::FieldRow& field, const host::Value& value);
-    void set_message_class(const host::Text& message_class);
+    automation::Value field(automation::TextView field_name) const;
+    void set_field(const tables::FieldRow& field, const automation::Value& value);
+    void set_message_class(const automation::Text& message_class);
 
     void save();
     void post();
@@ -87,11 +87,11 @@ class Item : public ModelObject<Item> {
     void mark_read(bool read);
 
   protected:
-    host::Value other_member(host::Request& request) override;
+    automation::Value other_member(automation::Request& request) override;
 
   private:
     void load_attachments();
-    void set_people_line(host::TextView line, host::TextView names);
+    void set_people_line(automation::TextView line, automation::TextView names);
     void leave_folder();
     void write();
 
@@ -110,11 +110,11 @@ class Item : public ModelObject<Item> {
 /// Has fields that depend on each other follow a change: names of a contact, times of an appointment, state
 /// of a task. `filed_as_before` is what `filed_as` told before the change: a contact that was filed under
 /// that is filed anew.
-void follow_change(ItemData& item, host::TextView changed_field, host::TextView filed_as_before,
-                   host::Date now);
+void follow_change(ItemData& item, automation::TextView changed_field, automation::TextView filed_as_before,
+                   automation::Date now);
 
 /// What the host itself files a contact under: "Lee, Ann", or whatever of the two there is.
-host::Text filed_as(const ItemData& item);
+automation::Text filed_as(const ItemData& item);
 
 /// Fills in what the host fills in when an item is saved.
 void complete_for_saving(ItemData& item);

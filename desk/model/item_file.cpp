@@ -8,9 +8,9 @@
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+namespace result = automation::result;
 
 namespace {
 
@@ -49,15 +49,15 @@ void save_item_file(const ItemData& item, const Text& path, std::int32_t type) {
     if (type != item_file_text)
         throw Failure(result::invalid_argument, u"Items are saved as messages (3) or text (0).");
     Text text;
-    for (const host::TextView field : {u"From", u"SentOn", u"To", u"CC", u"Subject"}) {
-        const host::TextView source = field == u"From" ? host::TextView(u"SenderName") : field;
+    for (const automation::TextView field : {u"From", u"SentOn", u"To", u"CC", u"Subject"}) {
+        const automation::TextView source = field == u"From" ? automation::TextView(u"SenderName") : field;
         const auto found = item.fields.find(source);
         if (found != item.fields.end()) text += Text(field) + u":\t" + found->second.to_text() + u"\r\n";
     }
     if (const auto body = item.fields.find(u"Body"); body != item.fields.end()) {
         text += u"\r\n" + body->second.to_text() + u"\r\n";
     }
-    write_file(path, host::to_utf8(text));
+    write_file(path, automation::to_utf8(text));
 }
 
 }  // namespace desk

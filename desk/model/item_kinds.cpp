@@ -7,9 +7,9 @@
 
 namespace desk {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using tables::FieldRow;
 using tables::FieldType;
 
@@ -44,7 +44,7 @@ constexpr FieldDefault field_defaults[] = {
 
 bool is_class(TextView message_class, TextView base) {
     if (message_class.size() < base.size() ||
-        !host::same_ignoring_case(message_class.substr(0, base.size()), base)) {
+        !automation::same_ignoring_case(message_class.substr(0, base.size()), base)) {
         return false;
     }
     return message_class.size() == base.size() || message_class[base.size()] == u'.';
@@ -71,13 +71,15 @@ const ItemKind& kind_of(TextView message_class) {
 const ItemKind& kind_of_type(std::int32_t item_type) {
     const auto found = std::ranges::find(kinds, item_type, &ItemKind::item_type);
     if (found == std::end(kinds)) {
-        throw host::Failure(host::result::invalid_argument, u"There is no type of item with that number.");
+        throw automation::Failure(automation::result::invalid_argument,
+                                  u"There is no type of item with that number.");
     }
     return *found;
 }
 
 const FieldRow* find_field(const ItemKind& kind, TextView name) {
-    return find_row(kind, [&](const FieldRow& row) { return host::same_ignoring_case(row.name, name); });
+    return find_row(kind,
+                    [&](const FieldRow& row) { return automation::same_ignoring_case(row.name, name); });
 }
 
 const FieldRow* find_field(const ItemKind& kind, std::int32_t id) {
@@ -106,7 +108,7 @@ bool are_words_of(TextView words, TextView name) {
     for (std::size_t i = 0; i < name.size(); ++i) {
         const bool begins_word = i > 0 && is_capital(name[i]) && !is_capital(name[i - 1]);
         if (begins_word && (at == words.size() || words[at++] != u' ')) return false;
-        if (at == words.size() || host::upper(words[at++]) != host::upper(name[i])) return false;
+        if (at == words.size() || automation::upper(words[at++]) != automation::upper(name[i])) return false;
     }
     return at == words.size();
 }
@@ -114,7 +116,9 @@ bool are_words_of(TextView words, TextView name) {
 }  // namespace
 
 bool is_built_in_field(TextView name) {
-    return !find_built_in([&](TextView field) { return host::same_ignoring_case(field, name); }).empty();
+    return !find_built_in([&](TextView field) {
+                return automation::same_ignoring_case(field, name);
+            }).empty();
 }
 
 TextView built_in_field_of_words(TextView words) {
@@ -161,7 +165,7 @@ Value default_value(const ItemKind& kind, const FieldRow& field) {
 void apply_form(ItemData& item) {
     for (const FormProperty& property : form_of(item.message_class)) {
         const bool there = std::ranges::any_of(item.user_properties, [&](const UserPropertyData& p) {
-            return host::same_ignoring_case(p.name, property.name);
+            return automation::same_ignoring_case(p.name, property.name);
         });
         if (!there) item.user_properties.push_back({Text(property.name), property.type, {}});
     }
@@ -170,7 +174,7 @@ void apply_form(ItemData& item) {
 std::optional<Value> field_value(const ItemData& item, TextView name) {
     const bool is_set = item.fields.contains(name);
     for (const UserPropertyData& property : item.user_properties) {
-        if (!is_set && host::same_ignoring_case(property.name, name)) return property.value;
+        if (!is_set && automation::same_ignoring_case(property.name, name)) return property.value;
     }
     return built_in_value(item, name);
 }
@@ -178,7 +182,7 @@ std::optional<Value> field_value(const ItemData& item, TextView name) {
 std::optional<Value> built_in_value(const ItemData& item, TextView name) {
     const ItemKind& kind = kind_of(item.message_class);
     if (const auto set = item.fields.find(name); set != item.fields.end()) return set->second;
-    if (host::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
+    if (automation::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
     if (const FieldRow* field = find_field(kind, name)) return default_value(kind, *field);
     return std::nullopt;
 }

@@ -12,20 +12,22 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Takes;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
-Value object(const std::shared_ptr<Item>& item) { return item ? Value(item->self()) : Value(host::Object()); }
+Value object(const std::shared_ptr<Item>& item) {
+    return item ? Value(item->self()) : Value(automation::Object());
+}
 
 /// Members that only some kinds of items have.
-void only(bool has, host::TextView member) {
+void only(bool has, automation::TextView member) {
     if (!has) throw Failure(result::member_not_found, Text(member));
 }
 
@@ -42,8 +44,8 @@ Value post_or_send(Item& self, const Arguments&) {
 
 }  // namespace
 
-const host::Members<Item>& Item::members() {
-    static const host::Members<Item> table{
+const automation::Members<Item>& Item::members() {
+    static const automation::Members<Item> table{
         {u"MessageClass", 0x001A, Use::get_put,
          [](Item& self, const Arguments& a) {
              if (a.is_put()) self.set_message_class(a.assigned().to_text());

@@ -6,12 +6,12 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 std::vector<Text> ItemProperties::names() const {
     item_->check_there();
@@ -25,12 +25,12 @@ std::vector<Text> ItemProperties::names() const {
     return names;
 }
 
-host::Object ItemProperties::at(const Value& index) const {
+automation::Object ItemProperties::at(const Value& index) const {
     const std::vector<Text> all = names();
     if (index.is(Value::Type::text)) {
         const Text wanted = index.to_text();
-        const auto found =
-            std::ranges::find_if(all, [&](const Text& n) { return host::same_ignoring_case(n, wanted); });
+        const auto found = std::ranges::find_if(
+            all, [&](const Text& n) { return automation::same_ignoring_case(n, wanted); });
         if (found == all.end())
             throw Failure(result::not_found, u"The item has no property \"" + wanted + u"\".");
         return std::make_shared<ItemProperty>(desk(), item_, *found)->self();
@@ -42,8 +42,8 @@ host::Object ItemProperties::at(const Value& index) const {
     return std::make_shared<ItemProperty>(desk(), item_, all[static_cast<std::size_t>(place)])->self();
 }
 
-const host::Members<ItemProperties>& ItemProperties::members() {
-    static const host::Members<ItemProperties> table{
+const automation::Members<ItemProperties>& ItemProperties::members() {
+    static const automation::Members<ItemProperties> table{
         {u"Count", 0x50, Use::get,
          [](ItemProperties& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.names().size()));
@@ -57,24 +57,25 @@ const host::Members<ItemProperties>& ItemProperties::members() {
     return table;
 }
 
-host::Object ItemProperty::user_property() const {
+automation::Object ItemProperty::user_property() const {
     return UserProperties(desk(), item_).property(property_name_);
 }
 
-Value ItemProperty::ask(host::Access access, std::vector<Value> arguments) const {
-    const host::Object property = user_property();
-    host::Request request{.access = access,
-                          .member = property ? host::TextView(u"Value") : host::TextView(property_name_),
-                          .arguments = std::move(arguments)};
+Value ItemProperty::ask(automation::Access access, std::vector<Value> arguments) const {
+    const automation::Object property = user_property();
+    automation::Request request{
+        .access = access,
+        .member = property ? automation::TextView(u"Value") : automation::TextView(property_name_),
+        .arguments = std::move(arguments)};
     return property ? property.invoke(request) : item_->invoke(request);
 }
 
-const host::Members<ItemProperty>& ItemProperty::members() {
-    static const host::Members<ItemProperty> table{
+const automation::Members<ItemProperty>& ItemProperty::members() {
+    static const automation::Members<ItemProperty> table{
         {u"Value", 0x0, Use::get_put,
          [](ItemProperty& self, const Arguments& a) {
-             if (a.is_put()) return self.ask(host::Access::put, {a.assigned()});
-             return self.ask(host::Access::get, {});
+             if (a.is_put()) return self.ask(automation::Access::put, {a.assigned()});
+             return self.ask(automation::Access::get, {});
          }},
         {u"Name", 0x70, Use::get,
          [](ItemProperty& self, const Arguments&) { return Value(self.property_name()); }},

@@ -8,16 +8,16 @@ namespace desk {
 class ItemProperties : public ModelObject<ItemProperties> {
   public:
     static constexpr std::string_view name = "ItemProperties";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     ItemProperties(Desk& desk, std::shared_ptr<Item> item) : ModelObject(desk), item_(std::move(item)) {}
-    static const host::Members<ItemProperties>& members();
+    static const automation::Members<ItemProperties>& members();
     std::int32_t number() const override { return object_class::item_properties; }
-    host::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override { return item_->self(); }
 
-    std::vector<host::Text> names() const;
-    host::Object at(
-        const host::Value& index) const;  ///< by number from 0, as the host counts here, or by name
+    std::vector<automation::Text> names() const;
+    automation::Object at(
+        const automation::Value& index) const;  ///< by number from 0, as the host counts here, or by name
     Item& item() const { return *item_; }
 
   private:
@@ -27,21 +27,21 @@ class ItemProperties : public ModelObject<ItemProperties> {
 class ItemProperty : public ModelObject<ItemProperty> {
   public:
     static constexpr std::string_view name = "ItemProperty";
-    static constexpr host::TextView default_name = u"Value";
+    static constexpr automation::TextView default_name = u"Value";
 
-    ItemProperty(Desk& desk, std::shared_ptr<Item> item, host::Text property_name)
+    ItemProperty(Desk& desk, std::shared_ptr<Item> item, automation::Text property_name)
         : ModelObject(desk), item_(std::move(item)), property_name_(std::move(property_name)) {}
-    static const host::Members<ItemProperty>& members();
+    static const automation::Members<ItemProperty>& members();
     std::int32_t number() const override { return object_class::item_property; }
-    host::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override { return item_->self(); }
 
-    host::Object user_property() const;  ///< Nothing for a built-in field
-    host::Value ask(host::Access access, std::vector<host::Value> arguments) const;
-    const host::Text& property_name() const { return property_name_; }
+    automation::Object user_property() const;  ///< Nothing for a built-in field
+    automation::Value ask(automation::Access access, std::vector<automation::Value> arguments) const;
+    const automation::Text& property_name() const { return property_name_; }
 
   private:
     std::shared_ptr<Item> item_;
-    host::Text property_name_;
+    automation::Text property_name_;
 };
 
 }  // namespace desk

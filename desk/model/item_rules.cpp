@@ -7,10 +7,10 @@
 
 namespace desk {
 
-using host::Date;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Date;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 
 namespace {
 
@@ -23,7 +23,7 @@ Text text_of(const ItemData& item, TextView field) {
 
 void put(ItemData& item, TextView field, Value value) { item.fields[Text(field)] = std::move(value); }
 
-bool is(TextView field, TextView name) { return host::same_ignoring_case(field, name); }
+bool is(TextView field, TextView name) { return automation::same_ignoring_case(field, name); }
 
 constexpr TextView titles[] = {u"Dr", u"Miss", u"Mr", u"Mrs", u"Ms", u"Prof"};
 constexpr TextView suffixes[] = {u"I", u"II", u"III", u"Jr", u"Sr"};
@@ -37,17 +37,17 @@ bool is_one_of(std::span<const TextView> words, TextView word) {
 /// "Dr. Ann van Lee Jr.": title, first name, middle names, last name, suffix. A title or suffix alone is a
 /// name.
 void split_full_name(ItemData& item) {
-    Text name = host::trimmed(text_of(item, u"FullName"));
+    Text name = automation::trimmed(text_of(item, u"FullName"));
     Text title, suffix;
     if (const std::size_t end = name.find(u' ');
         end != Text::npos && is_one_of(titles, name.substr(0, end))) {
         title = name.substr(0, end);
-        name = host::trimmed(name.substr(end));
+        name = automation::trimmed(name.substr(end));
     }
     if (const std::size_t start = name.rfind(u' ');
         start != Text::npos && is_one_of(suffixes, name.substr(start + 1))) {
         suffix = name.substr(start + 1);
-        name = host::trimmed(name.substr(0, start));
+        name = automation::trimmed(name.substr(0, start));
         if (name.ends_with(u',')) name.pop_back();
     }
     const std::size_t first = name.find(u' ');
@@ -55,7 +55,7 @@ void split_full_name(ItemData& item) {
     put(item, u"Title", title);
     put(item, u"FirstName", name.substr(0, first));
     put(item, u"LastName", first == Text::npos ? Text() : name.substr(last + 1));
-    put(item, u"MiddleName", first == last ? Text() : host::trimmed(name.substr(first, last - first)));
+    put(item, u"MiddleName", first == last ? Text() : automation::trimmed(name.substr(first, last - first)));
     put(item, u"Suffix", suffix);
 }
 

@@ -11,15 +11,15 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -31,7 +31,7 @@ class FolderNames : public filter::Names {
     }
     bool is_own(TextView field) const {
         return std::ranges::any_of(
-            row_.fields, [&](const FolderField& f) { return host::same_ignoring_case(f.name, field); });
+            row_.fields, [&](const FolderField& f) { return automation::same_ignoring_case(f.name, field); });
     }
 
   private:
@@ -59,7 +59,7 @@ class ItemRecord : public filter::Record {
 bool comes_before(const Value& left, const Value& right) {
     const bool numbers = !left.is(Value::Type::text) && !right.is(Value::Type::text);
     if (numbers) return left.to_number() < right.to_number();
-    return host::compare_ignoring_case(left.to_text(), right.to_text()) < 0;
+    return automation::compare_ignoring_case(left.to_text(), right.to_text()) < 0;
 }
 
 /// A field's name out of "[Subject]" or "Subject".
@@ -76,9 +76,9 @@ Object Items::parent() const { return std::make_shared<Folder>(desk(), folder_)-
 
 EventInterfaces Items::event_interfaces() const { return events::items; }
 
-Value Items::invoke(host::Request& request) {
+Value Items::invoke(automation::Request& request) {
     const Value answer = ModelObject::invoke(request);
-    if (request.access == host::Access::advise) desk().watch(folder_, shared_from_this());
+    if (request.access == automation::Access::advise) desk().watch(folder_, shared_from_this());
     return answer;
 }
 
@@ -100,7 +100,7 @@ Object Items::at(const Value& index) {
         const Text wanted = index.to_text();
         for (const RowId id : all) {
             const std::shared_ptr<Item> item = desk().open_item(id);
-            if (item && host::same_ignoring_case(item->subject(), wanted)) return item->self();
+            if (item && automation::same_ignoring_case(item->subject(), wanted)) return item->self();
         }
         throw Failure(result::not_found, u"There is no item \"" + wanted + u"\".");
     }
@@ -216,8 +216,8 @@ void Items::sort(const Text& property, bool descending) {
     own_order_ = std::move(order);
 }
 
-const host::Members<Items>& Items::members() {
-    static const host::Members<Items> table{
+const automation::Members<Items>& Items::members() {
+    static const automation::Members<Items> table{
         {u"Count", 0x50, Use::get,
          [](Items& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.ids().size())); }},
         {u"Item",

@@ -9,7 +9,7 @@ namespace desk {
 class Items : public ModelObject<Items> {
   public:
     static constexpr std::string_view name = "Items";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     /// All items of a folder, as they come and go.
     Items(Desk& desk, RowId folder) : ModelObject(desk), folder_(folder) {}
@@ -17,31 +17,31 @@ class Items : public ModelObject<Items> {
     Items(Desk& desk, RowId folder, std::vector<RowId> selected)
         : ModelObject(desk), folder_(folder), own_order_(std::move(selected)) {}
 
-    static const host::Members<Items>& members();
+    static const automation::Members<Items>& members();
     std::int32_t number() const override { return object_class::items; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
-    host::Value invoke(host::Request& request) override;
+    automation::Value invoke(automation::Request& request) override;
 
     RowId folder() const { return folder_; }
     const std::vector<RowId>& ids();
 
-    host::Object at(const host::Value& index);
-    host::Object add(const host::Value& type);
-    host::Object find(const host::Text& filter);
-    host::Object find_next();
-    host::Object restricted(const host::Text& filter);
-    host::Object step(std::int32_t to);
-    void sort(const host::Text& property, bool descending);
+    automation::Object at(const automation::Value& index);
+    automation::Object add(const automation::Value& type);
+    automation::Object find(const automation::Text& filter);
+    automation::Object find_next();
+    automation::Object restricted(const automation::Text& filter);
+    automation::Object step(std::int32_t to);
+    void sort(const automation::Text& property, bool descending);
     std::int32_t place = 0;  ///< of the last one that GetFirst and so on gave
     bool include_recurrences = false;
 
   private:
-    filter::Filter read(const host::Text& text, bool for_find) const;
+    filter::Filter read(const automation::Text& text, bool for_find) const;
     /// The candidates of a filter in this collection's order, by the index where that is enough.
     std::vector<RowId> candidates(const filter::Filter& filter);
     bool matches(const filter::Filter& filter, RowId id) const;
-    host::Object next_match();
+    automation::Object next_match();
 
     RowId folder_;
     std::optional<std::vector<RowId>> own_order_;  ///< of a selection or after a sort

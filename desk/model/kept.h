@@ -14,13 +14,13 @@ using OwnerOf = typename decltype(owner_of(member))::type;
 
 /// A plain member, read.
 template <auto member>
-host::Value shown(OwnerOf<member>& self, const host::Arguments&) {
+automation::Value shown(OwnerOf<member>& self, const automation::Arguments&) {
     return self.*member;
 }
 
 /// A plain member, read and written. Whoever shows it is told of a change by the object's `kept_changed`.
 template <auto member, class T = OwnerOf<member>>
-host::Value kept(T& self, const host::Arguments& arguments) {
+automation::Value kept(T& self, const automation::Arguments& arguments) {
     auto& value = self.*member;
     if (arguments.is_put()) {
         using Kind = std::remove_reference_t<decltype(value)>;
@@ -42,35 +42,35 @@ host::Value kept(T& self, const host::Arguments& arguments) {
 
 /// A method without arguments and answer.
 template <auto method>
-host::Value done(OwnerOf<method>& self, const host::Arguments&) {
+automation::Value done(OwnerOf<method>& self, const automation::Arguments&) {
     (self.*method)();
     return {};
 }
 
 /// The steps through a collection that has a `place`, `step` to a place, and `ids`.
 template <class T>
-host::Value first(T& self, const host::Arguments&) {
+automation::Value first(T& self, const automation::Arguments&) {
     return self.step(1);
 }
 template <class T>
-host::Value last(T& self, const host::Arguments&) {
+automation::Value last(T& self, const automation::Arguments&) {
     return self.step(static_cast<std::int32_t>(self.ids().size()));
 }
 template <class T>
-host::Value next(T& self, const host::Arguments&) {
+automation::Value next(T& self, const automation::Arguments&) {
     return self.step(self.place + 1);
 }
 template <class T>
-host::Value previous(T& self, const host::Arguments&) {
+automation::Value previous(T& self, const automation::Arguments&) {
     return self.step(self.place - 1);
 }
 
 /// The element of a list that a number from 1 names. Throws `result::bad_index`.
 template <class Elements>
-const auto& numbered(const Elements& all, const host::Value& index) {
+const auto& numbered(const Elements& all, const automation::Value& index) {
     const std::int32_t place = index.to_integer();
     if (place < 1 || static_cast<std::size_t>(place) > all.size()) {
-        throw host::Failure(host::result::bad_index, u"Array index out of bounds.");
+        throw automation::Failure(automation::result::bad_index, u"Array index out of bounds.");
     }
     return all[static_cast<std::size_t>(place - 1)];
 }
@@ -78,15 +78,15 @@ const auto& numbered(const Elements& all, const host::Value& index) {
 /// The same, or the element of a name, without regard to case. Throws `result::invalid_argument` if none has
 /// it.
 template <class Elements, class Name>
-const auto& named_or_numbered(const Elements& all, const host::Value& index, Name name_of,
-                              host::TextView what) {
-    if (!index.is(host::Value::Type::text)) return numbered(all, index);
-    const host::Text wanted = index.to_text();
+const auto& named_or_numbered(const Elements& all, const automation::Value& index, Name name_of,
+                              automation::TextView what) {
+    if (!index.is(automation::Value::Type::text)) return numbered(all, index);
+    const automation::Text wanted = index.to_text();
     for (const auto& one : all) {
-        if (host::same_ignoring_case(name_of(*one), wanted)) return one;
+        if (automation::same_ignoring_case(name_of(*one), wanted)) return one;
     }
-    throw host::Failure(host::result::invalid_argument,
-                        u"There is no " + host::Text(what) + u" \"" + wanted + u"\".");
+    throw automation::Failure(automation::result::invalid_argument,
+                              u"There is no " + automation::Text(what) + u" \"" + wanted + u"\".");
 }
 
 }  // namespace desk

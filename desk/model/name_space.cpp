@@ -9,20 +9,20 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
 constexpr std::int32_t contacts_folder = 10;
 
-Text text_field(const ItemData& item, host::TextView field) {
+Text text_field(const ItemData& item, automation::TextView field) {
     return field_value(item, field).value_or(u"").to_text();
 }
 
@@ -30,7 +30,7 @@ Text text_field(const ItemData& item, host::TextView field) {
 void check_store(Desk& desk, RowId folder, const Value& store) {
     if (store.is_missing()) return;
     const Text named = store.to_text();
-    if (!named.empty() && !host::same_ignoring_case(named, desk.store_uid(folder))) {
+    if (!named.empty() && !automation::same_ignoring_case(named, desk.store_uid(folder))) {
         throw Failure(result::not_found, u"The store does not hold an object with that id.");
     }
 }
@@ -56,7 +56,7 @@ Object NameSpace::folder_from_id(const Text& id, const Value& store) const {
 std::shared_ptr<Item> NameSpace::item_from_id(const Text& id, const Value& store) const {
     const std::optional<RowId> row = Desk::item_of_entry_id(id);
     std::shared_ptr<Item> item = row ? desk().open_item(*row) : nullptr;
-    if (!item || !host::same_ignoring_case(item->entry_id(), id)) {
+    if (!item || !automation::same_ignoring_case(item->entry_id(), id)) {
         throw Failure(result::not_found, u"There is no item with that id.");
     }
     check_store(desk(), item->folder(), store);
@@ -74,7 +74,7 @@ Person NameSpace::person(const Text& typed, std::int32_t kind) const {
     person.kind = kind;
     const std::size_t bracket = typed.find(u'<');
     if (bracket != Text::npos && typed.back() == u'>') {  // Ann Lee <ann@one.example>
-        person.name = host::trimmed(typed.substr(0, bracket));
+        person.name = automation::trimmed(typed.substr(0, bracket));
         person.address = typed.substr(bracket + 1, typed.size() - bracket - 2);
     } else if (typed.find(u'@') != Text::npos) {
         person.address = typed;
@@ -96,7 +96,8 @@ Person NameSpace::person(const Text& typed, std::int32_t kind) const {
 Text NameSpace::person_id(const Person& person) {
     constexpr char16_t digits[] = u"0123456789ABCDEF";
     Text id = u"00000000";
-    for (const char byte : host::to_utf8(person.address_type + u":" + person.address + u":" + person.name)) {
+    for (const char byte :
+         automation::to_utf8(person.address_type + u":" + person.address + u":" + person.name)) {
         const auto value = static_cast<unsigned char>(byte);
         id += digits[value >> 4];
         id += digits[value & 0xF];
@@ -104,8 +105,8 @@ Text NameSpace::person_id(const Person& person) {
     return id;
 }
 
-const host::Members<NameSpace>& NameSpace::members() {
-    static const host::Members<NameSpace> table{
+const automation::Members<NameSpace>& NameSpace::members() {
+    static const automation::Members<NameSpace> table{
         {u"Folders", 0x2103, Use::get,
          [](NameSpace& self, const Arguments&) {
              constexpr RowId top = 0;
@@ -150,7 +151,7 @@ const host::Members<NameSpace>& NameSpace::members() {
          Use::method,
          {{u"FirstEntryID", Takes::text}, {u"SecondEntryID", Takes::text}},
          [](NameSpace&, const Arguments& a) {
-             return Value(host::same_ignoring_case(a[0].to_text(), a[1].to_text()));
+             return Value(automation::same_ignoring_case(a[0].to_text(), a[1].to_text()));
          }},
         {u"Logon",
          0x2105,

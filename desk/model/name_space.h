@@ -11,27 +11,27 @@ class Item;
 class NameSpace : public ModelObject<NameSpace> {
   public:
     static constexpr std::string_view name = "NameSpace";
-    static constexpr host::TextView default_name = u"Type";
+    static constexpr automation::TextView default_name = u"Type";
 
     using ModelObject::ModelObject;
-    static const host::Members<NameSpace>& members();
+    static const automation::Members<NameSpace>& members();
     std::int32_t number() const override { return object_class::name_space; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 
-    host::Object default_folder(std::int32_t folder_number) const;
-    host::Object folder_from_id(const host::Text& id, const host::Value& store) const;
+    automation::Object default_folder(std::int32_t folder_number) const;
+    automation::Object folder_from_id(const automation::Text& id, const automation::Value& store) const;
 
     /// Throws `result::not_found` for an id that names no item, or none of that store.
-    std::shared_ptr<Item> item_from_id(const host::Text& id, const host::Value& store) const;
+    std::shared_ptr<Item> item_from_id(const automation::Text& id, const automation::Value& store) const;
 
-    host::Object open_message_file(const host::Text& path) const;
+    automation::Object open_message_file(const automation::Text& path) const;
 
     /// A person by what was typed: an Internet address, or the full name or address of a contact. One who is
     /// not known comes back unresolved.
-    Person person(const host::Text& typed, std::int32_t kind) const;
+    Person person(const automation::Text& typed, std::int32_t kind) const;
 
-    static host::Text person_id(const Person& person);  ///< hexadecimal
-    host::Text user_name() const { return u"Tarnwell User"; }
+    static automation::Text person_id(const Person& person);  ///< hexadecimal
+    automation::Text user_name() const { return u"Tarnwell User"; }
 };
 
 }  // namespace desk

@@ -7,14 +7,14 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -25,7 +25,7 @@ void write_property(const std::shared_ptr<Item>& item, TextView address, const V
         throw Failure(result::not_found, u"The property \"" + Text(address) + u"\" is unknown.");
     constexpr std::int32_t text = 1;
     UserProperties properties(item->desk(), item);
-    const host::Object property = properties.add(name, text, false);
+    const automation::Object property = properties.add(name, text, false);
     property.put(u"Value", value);
 }
 
@@ -42,7 +42,7 @@ std::shared_ptr<PropertyAccessor> PropertyAccessor::of_item(const std::shared_pt
 }
 
 std::shared_ptr<PropertyAccessor> PropertyAccessor::of_person(Desk& desk, const Person& person,
-                                                              host::Object owner) {
+                                                              automation::Object owner) {
     return std::make_shared<PropertyAccessor>(
         desk, std::move(owner), [person](TextView address) { return person_property(person, address); },
         nullptr);
@@ -58,8 +58,8 @@ void PropertyAccessor::value(const Text& address, const Value& value) const {
     writer_(address, value);
 }
 
-const host::Members<PropertyAccessor>& PropertyAccessor::members() {
-    static const host::Members<PropertyAccessor> table{
+const automation::Members<PropertyAccessor>& PropertyAccessor::members() {
+    static const automation::Members<PropertyAccessor> table{
         {u"GetProperty",
          0xFAFE,
          Use::method,

@@ -8,14 +8,14 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -37,10 +37,10 @@ constexpr std::size_t tag_number_digits = 4;
 
 std::optional<Value> person_property(const Person& person, TextView address) {
     if (address.size() < tag_root.size() + tag_number_digits) return std::nullopt;
-    if (!host::same_ignoring_case(address.substr(0, tag_root.size()), tag_root)) return std::nullopt;
+    if (!automation::same_ignoring_case(address.substr(0, tag_root.size()), tag_root)) return std::nullopt;
     const TextView number = address.substr(tag_root.size(), tag_number_digits);
     for (const PersonProperty& row : person_properties) {
-        if (!host::same_ignoring_case(row.tag, number)) continue;
+        if (!automation::same_ignoring_case(row.tag, number)) continue;
         const Text& value = person.*row.value;
         if (value.empty()) return std::nullopt;
         return Value(value);
@@ -55,11 +55,11 @@ Value sender_entry(Item& item) {
     person.address_type = item.field(u"SenderEmailType").to_text();
     person.smtp_address = item.field(u"SenderSmtpAddress").to_text();
     if (person.name.empty() && person.address.empty() && person.smtp_address.empty())
-        return Value(host::Object());
+        return Value(automation::Object());
     return Value(std::make_shared<AddressEntry>(item.desk(), std::move(person))->self());
 }
 
-host::Object Recipients::at(std::int32_t place) const {
+automation::Object Recipients::at(std::int32_t place) const {
     item_->check_there();
     if (place < 1 || static_cast<std::size_t>(place) > item_->data().recipients.size()) {
         throw Failure(result::bad_index, u"Array index out of bounds.");
@@ -67,17 +67,18 @@ host::Object Recipients::at(std::int32_t place) const {
     return std::make_shared<Recipient>(desk(), item_, static_cast<std::size_t>(place - 1))->self();
 }
 
-host::Object Recipients::named(const Text& person) const {
+automation::Object Recipients::named(const Text& person) const {
     const auto& people = item_->data().recipients;
     const auto found = std::ranges::find_if(
-        people, [&](const Person& p) { return host::same_ignoring_case(p.name, person); });
+        people, [&](const Person& p) { return automation::same_ignoring_case(p.name, person); });
     if (found == people.end())
         throw Failure(result::not_found, u"The item has no recipient \"" + person + u"\".");
     return at(static_cast<std::int32_t>(found - people.begin()) + 1);
 }
 
-host::Object Recipients::add(const Text& person) {
-    if (host::trimmed(person).empty()) throw Failure(result::invalid_argument, u"A recipient needs a name.");
+automation::Object Recipients::add(const Text& person) {
+    if (automation::trimmed(person).empty())
+        throw Failure(result::invalid_argument, u"A recipient needs a name.");
     constexpr std::int32_t to = 1;
     item_->change().recipients.push_back(desk().name_space()->person(person, to));
     item_->people_changed();
@@ -92,8 +93,8 @@ bool Recipients::resolve_all() {
     return all;
 }
 
-const host::Members<Recipients>& Recipients::members() {
-    static const host::Members<Recipients> table{
+const automation::Members<Recipients>& Recipients::members() {
+    static const automation::Members<Recipients> table{
         {u"Count", 0x50, Use::get,
          [](Recipients& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.item().data().recipients.size()));
@@ -154,8 +155,8 @@ void Recipient::remove() {
     item_->people_changed();
 }
 
-const host::Members<Recipient>& Recipient::members() {
-    static const host::Members<Recipient> table{
+const automation::Members<Recipient>& Recipient::members() {
+    static const automation::Members<Recipient> table{
         {u"Name", 0x3001, Use::get,
          [](Recipient& self, const Arguments&) { return Value(self.person().name); }},
         {u"Address", 0x3003, Use::get,
@@ -191,10 +192,10 @@ const host::Members<Recipient>& Recipient::members() {
     return table;
 }
 
-host::Object AddressEntry::parent() const { return desk().name_space()->self(); }
+automation::Object AddressEntry::parent() const { return desk().name_space()->self(); }
 
-const host::Members<AddressEntry>& AddressEntry::members() {
-    static const host::Members<AddressEntry> table{
+const automation::Members<AddressEntry>& AddressEntry::members() {
+    static const automation::Members<AddressEntry> table{
         {u"Name", 0x3001, Use::get,
          [](AddressEntry& self, const Arguments&) { return Value(self.person().name); }},
         {u"Address", 0x3003, Use::get,

@@ -6,21 +6,21 @@
 namespace desk {
 
 /// The sender of a mail as an address entry; Nothing if it has none.
-host::Value sender_entry(Item& item);
+automation::Value sender_entry(Item& item);
 
 class Recipients : public ModelObject<Recipients> {
   public:
     static constexpr std::string_view name = "Recipients";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     Recipients(Desk& desk, std::shared_ptr<Item> item) : ModelObject(desk), item_(std::move(item)) {}
-    static const host::Members<Recipients>& members();
+    static const automation::Members<Recipients>& members();
     std::int32_t number() const override { return object_class::recipients; }
-    host::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override { return item_->self(); }
 
-    host::Object at(std::int32_t place) const;  ///< from 1
-    host::Object named(const host::Text& person) const;
-    host::Object add(const host::Text& person);
+    automation::Object at(std::int32_t place) const;  ///< from 1
+    automation::Object named(const automation::Text& person) const;
+    automation::Object add(const automation::Text& person);
     bool resolve_all();
     Item& item() const { return *item_; }
 
@@ -31,13 +31,13 @@ class Recipients : public ModelObject<Recipients> {
 class Recipient : public ModelObject<Recipient> {
   public:
     static constexpr std::string_view name = "Recipient";
-    static constexpr host::TextView default_name = u"Name";
+    static constexpr automation::TextView default_name = u"Name";
 
     Recipient(Desk& desk, std::shared_ptr<Item> item, std::size_t place)
         : ModelObject(desk), item_(std::move(item)), place_(place) {}
-    static const host::Members<Recipient>& members();
+    static const automation::Members<Recipient>& members();
     std::int32_t number() const override { return object_class::recipient; }
-    host::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override { return item_->self(); }
 
     const Person& person() const;
     std::int32_t index() const { return static_cast<std::int32_t>(place_) + 1; }
@@ -53,12 +53,12 @@ class Recipient : public ModelObject<Recipient> {
 class AddressEntry : public ModelObject<AddressEntry> {
   public:
     static constexpr std::string_view name = "AddressEntry";
-    static constexpr host::TextView default_name = u"Name";
+    static constexpr automation::TextView default_name = u"Name";
 
     AddressEntry(Desk& desk, Person person) : ModelObject(desk), person_(std::move(person)) {}
-    static const host::Members<AddressEntry>& members();
+    static const automation::Members<AddressEntry>& members();
     std::int32_t number() const override { return object_class::address_entry; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 
     const Person& person() const { return person_; }
 
@@ -67,6 +67,6 @@ class AddressEntry : public ModelObject<AddressEntry> {
 };
 
 /// A property of a person by its schema address; nothing if the person lacks it.
-std::optional<host::Value> person_property(const Person& person, host::TextView address);
+std::optional<automation::Value> person_property(const Person& person, automation::TextView address);
 
 }  // namespace desk

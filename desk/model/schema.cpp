@@ -6,9 +6,9 @@
 
 namespace desk {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 
 namespace {
 
@@ -49,7 +49,7 @@ std::optional<std::uint32_t> hexadecimal(TextView digits) {
     if (digits.empty() || digits.size() > 8) return std::nullopt;
     std::uint32_t value = 0;
     for (const char16_t c : digits) {
-        const char16_t digit = host::lower(c);
+        const char16_t digit = automation::lower(c);
         if (digit >= u'0' && digit <= u'9') {
             value = value * 16 + (digit - u'0');
         } else if (digit >= u'a' && digit <= u'f') {
@@ -78,7 +78,8 @@ Text unescaped(TextView name) {
 }
 
 bool begins(TextView address, TextView root) {
-    return address.size() > root.size() && host::same_ignoring_case(address.substr(0, root.size()), root);
+    return address.size() > root.size() &&
+           automation::same_ignoring_case(address.substr(0, root.size()), root);
 }
 
 /// The number of the property that an address tells, of a tag or of a numbered property.
@@ -102,7 +103,7 @@ std::optional<std::int32_t> property_id(TextView address) {
 Text field_of_address(TextView address) {
     if (begins(address, string_root)) return unescaped(address.substr(string_root.size()));
     for (const NameRow& row : names) {
-        if (host::same_ignoring_case(row.address, address)) return Text(row.field);
+        if (automation::same_ignoring_case(row.address, address)) return Text(row.field);
     }
     const std::optional<std::int32_t> id = property_id(address);
     if (!id) return {};
@@ -119,7 +120,7 @@ std::optional<Value> schema_property(const ItemData& item, TextView address) {
     if (begins(address, string_root)) {
         const Text name = unescaped(address.substr(string_root.size()));
         for (const UserPropertyData& property : item.user_properties) {
-            if (!host::same_ignoring_case(property.name, name)) continue;
+            if (!automation::same_ignoring_case(property.name, name)) continue;
             if (property.value.is(Value::Type::empty)) return std::nullopt;
             return property.value;
         }
@@ -132,7 +133,7 @@ std::optional<Value> schema_property(const ItemData& item, TextView address) {
         if (const tables::FieldRow* field = find_field(kind, *id)) name = Text(field->name);
     }
     if (name.empty()) return std::nullopt;
-    if (host::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
+    if (automation::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
     if (const auto set = item.fields.find(name); set != item.fields.end()) {
         const bool nothing = set->second.is(Value::Type::text) && set->second.to_text().empty();
         return nothing ? std::nullopt : std::optional(set->second);

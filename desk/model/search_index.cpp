@@ -9,10 +9,10 @@
 
 namespace desk {
 
-using host::Null;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Null;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 
 namespace {
 
@@ -44,8 +44,8 @@ constexpr Column columns[] = {
     {u"System.Message.ConversationIndex", lacking},
     {u"System.ItemURL",
      [](const Found& found) {
-         if (found.item) return Value(u"mapi:/" + found.folder + u"/" + host::to_text(found.item->id));
-         return Value(u"file:" + host::replaced(found.folder + u"\\" + found.file->name, u"\\", u"/"));
+         if (found.item) return Value(u"mapi:/" + found.folder + u"/" + automation::to_text(found.item->id));
+         return Value(u"file:" + automation::replaced(found.folder + u"\\" + found.file->name, u"\\", u"/"));
      }},
     {u"System.SourceItem", lacking},
     {u"System.Subject", [](const Found& found) { return field(found, u"Subject"); }},
@@ -64,9 +64,9 @@ constexpr Column columns[] = {
 
 const Column& column_of(TextView name) {
     const auto found = std::ranges::find_if(
-        columns, [&](const Column& column) { return host::same_ignoring_case(column.name, name); });
+        columns, [&](const Column& column) { return automation::same_ignoring_case(column.name, name); });
     if (found == std::end(columns)) {
-        throw host::Failure(errors_in_command, u"There is no column \"" + Text(name) + u"\".");
+        throw automation::Failure(errors_in_command, u"There is no column \"" + Text(name) + u"\".");
     }
     return *found;
 }
@@ -79,7 +79,8 @@ bool has_phrase(const ItemData& item, const std::vector<Text>& words) {
 }
 
 bool has_phrase(const IndexedFile& file, const std::vector<Text>& words) {
-    return filter::has_phrase(file.name, words) || filter::has_phrase(host::from_utf8(file.content), words);
+    return filter::has_phrase(file.name, words) ||
+           filter::has_phrase(automation::from_utf8(file.content), words);
 }
 
 Text path_of(const Desk& desk, const FolderRow& folder) {

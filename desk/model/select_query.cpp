@@ -2,18 +2,18 @@
 
 #include <algorithm>
 
+#include "automation/failure.h"
 #include "desk/filter/patterns.h"
-#include "host/failure.h"
 
 namespace desk {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
 [[noreturn]] void refuse(TextView what) {
-    throw host::Failure(errors_in_command, u"The command can't be read: " + Text(what));
+    throw automation::Failure(errors_in_command, u"The command can't be read: " + Text(what));
 }
 
 bool belongs_to_name(char16_t unit) {
@@ -34,7 +34,8 @@ class Reader {
         return taken(length);
     }
     void word(TextView wanted) {
-        if (!host::same_ignoring_case(name(), wanted)) refuse(u"\"" + Text(wanted) + u"\" is expected.");
+        if (!automation::same_ignoring_case(name(), wanted))
+            refuse(u"\"" + Text(wanted) + u"\" is expected.");
     }
     bool take(char16_t sign) {
         skip_blanks();

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace desk {
 
@@ -12,12 +12,12 @@ namespace desk {
 inline constexpr std::int32_t errors_in_command = static_cast<std::int32_t>(0x80040E14);
 
 struct SelectQuery {
-    std::vector<host::Text> columns;  ///< as they are written, in their order
-    std::vector<host::Text> words;    ///< of the phrase; one behind the other
+    std::vector<automation::Text> columns;  ///< as they are written, in their order
+    std::vector<automation::Text> words;    ///< of the phrase; one behind the other
 };
 
 /// Reads `SELECT column, ... FROM SYSTEMINDEX WHERE Contains('"phrase"')`, its words in any case, an
-/// apostrophe of the phrase doubled. Throws `host::Failure` with `errors_in_command` for anything else.
-SelectQuery read_select(host::TextView command);
+/// apostrophe of the phrase doubled. Throws `automation::Failure` with `errors_in_command` for anything else.
+SelectQuery read_select(automation::TextView command);
 
 }  // namespace desk

@@ -13,14 +13,14 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -36,7 +36,7 @@ Value as_text(const Value& value) {
 
 /// The options that the desk can be asked for, as the outside spells them.
 struct OptionRow {
-    host::TextView name;
+    automation::TextView name;
     Value (*read)(const Options&);
     void (*write)(Options&, const Value&);
     bool from_next_start;
@@ -81,7 +81,7 @@ constexpr OptionRow option_rows[] = {
 
 const OptionRow& option_row(const Text& name) {
     const auto found = std::ranges::find_if(
-        option_rows, [&](const OptionRow& row) { return host::same_ignoring_case(row.name, name); });
+        option_rows, [&](const OptionRow& row) { return automation::same_ignoring_case(row.name, name); });
     if (found == std::end(option_rows)) {
         throw Failure(result::invalid_argument, u"The desk has no option \"" + name + u"\".");
     }
@@ -99,12 +99,12 @@ Value Listing::at(std::int32_t place) const {
     return element_(static_cast<std::size_t>(place - 1));
 }
 
-const host::Members<Listing>& Listing::members() {
-    static const host::Members<Listing> table{
-        {u"Count", host::no_id, Use::get,
+const automation::Members<Listing>& Listing::members() {
+    static const automation::Members<Listing> table{
+        {u"Count", automation::no_id, Use::get,
          [](Listing& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.count())); }},
         {u"Item",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Index", Takes::integer}},
          [](Listing& self, const Arguments& a) { return self.at(a[0].to_integer()); }},
@@ -114,26 +114,26 @@ const host::Members<Listing>& Listing::members() {
 
 Object Entry::parent() const { return desk().application()->surface(); }
 
-const host::Members<Entry>& Entry::members() {
-    static const host::Members<Entry> none{};
+const automation::Members<Entry>& Entry::members() {
+    static const automation::Members<Entry> none{};
     return none;
 }
 
-Value Entry::other_member(host::Request& request) {
+Value Entry::other_member(automation::Request& request) {
     constexpr std::int32_t first = 1;
     for (std::size_t i = 0; i < fields_.size(); ++i) {
         const std::int32_t id = first + static_cast<std::int32_t>(i);
-        const bool meant = request.id == host::default_member && request.member.empty() ? i == 0
+        const bool meant = request.id == automation::default_member && request.member.empty() ? i == 0
                            : request.member.empty()
                                ? request.id == id
-                               : host::same_ignoring_case(fields_[i].first, request.member);
+                               : automation::same_ignoring_case(fields_[i].first, request.member);
         if (!meant) continue;
-        const host::MemberFacts facts{fields_[i].first, id, Use::get, {}};
-        if (request.access == host::Access::identify) return host::identify(facts, request);
-        const std::vector<Value> rest = host::arrange(facts, request);
-        return rest.empty() ? fields_[i].second : host::ask_default_member(fields_[i].second, rest);
+        const automation::MemberFacts facts{fields_[i].first, id, Use::get, {}};
+        if (request.access == automation::Access::identify) return automation::identify(facts, request);
+        const std::vector<Value> rest = automation::arrange(facts, request);
+        return rest.empty() ? fields_[i].second : automation::ask_default_member(fields_[i].second, rest);
     }
-    host::throw_no_member(request);
+    automation::throw_no_member(request);
 }
 
 Object Surface::parent() const { return desk().application()->self(); }
@@ -177,7 +177,7 @@ Object Surface::calls() {
                    const CallCount& call = taken->at(i);
                    return Value(
                        std::make_shared<Entry>(
-                           all, Entry::Fields{{u"Member", host::from_utf8(call.member)},
+                           all, Entry::Fields{{u"Member", automation::from_utf8(call.member)},
                                               {u"Invocations", static_cast<std::int32_t>(call.invocations)},
                                               {u"NameLookups", static_cast<std::int32_t>(call.name_lookups)}})
                            ->self());
@@ -216,21 +216,22 @@ Value Surface::live(const Value& kind) {
     if (!kind.is_missing()) {
         const Text wanted = kind.to_text();
         for (const LiveCount& count : *counts) {
-            if (host::same_ignoring_case(host::from_utf8(count.kind), wanted)) return count.count;
+            if (automation::same_ignoring_case(automation::from_utf8(count.kind), wanted)) return count.count;
         }
         return 0;
     }
     Desk& owner = desk();
-    const Object kinds = std::make_shared<Listing>(
-                             owner, [counts] { return counts->size(); },
-                             [&owner, counts](std::size_t i) {
-                                 const LiveCount& count = counts->at(i);
-                                 return Value(std::make_shared<Entry>(
-                                                  owner, Entry::Fields{{u"Kind", host::from_utf8(count.kind)},
-                                                                       {u"Count", count.count}})
-                                                  ->self());
-                             })
-                             ->self();
+    const Object kinds =
+        std::make_shared<Listing>(
+            owner, [counts] { return counts->size(); },
+            [&owner, counts](std::size_t i) {
+                const LiveCount& count = counts->at(i);
+                return Value(
+                    std::make_shared<Entry>(owner, Entry::Fields{{u"Kind", automation::from_utf8(count.kind)},
+                                                                 {u"Count", count.count}})
+                        ->self());
+            })
+            ->self();
     return Value(
         std::make_shared<Entry>(owner, Entry::Fields{{u"Total", all},
                                                      {u"Count", static_cast<std::int32_t>(counts->size())},
@@ -305,9 +306,9 @@ void Surface::meanwhile(const Text& moment, const Object& object, const Text& me
             return;
         }
         if (value.is(Value::Type::array)) {  // a method with several arguments
-            const host::Array& all = value.to_array();
-            host::Request request{.access = host::Access::call, .member = member};
-            const host::Array::Bounds bounds = all.dimensions().front();
+            const automation::Array& all = value.to_array();
+            automation::Request request{.access = automation::Access::call, .member = member};
+            const automation::Array::Bounds bounds = all.dimensions().front();
             for (std::int32_t i = 0; i < bounds.count; ++i)
                 request.arguments.push_back(all.at(bounds.lower + i));
             object.invoke(request);
@@ -332,47 +333,47 @@ void Surface::copies(const Object& original, std::int32_t count, const Text& fie
     };
     const auto [object, member] = place(*item);
     const Text text = object.get(member).to_text();
-    const std::size_t digits = host::to_text(count).size();
+    const std::size_t digits = automation::to_text(count).size();
     for (std::int32_t i = 1; i <= count; ++i) {
         const std::shared_ptr<Item> twin = item->copy();
-        const Text number = host::to_text(i);
+        const Text number = automation::to_text(i);
         const auto [twin_object, twin_member] = place(*twin);
         twin_object.put(twin_member, Value(text + u" " + Text(digits - number.size(), u'0') + number));
         twin->save();
     }
 }
 
-const host::Members<Surface>& Surface::members() {
+const automation::Members<Surface>& Surface::members() {
     static const auto select_parameters = [] {
-        std::vector<host::Parameter> parameters;
+        std::vector<automation::Parameter> parameters;
         for (std::size_t i = 0; i < most_selected; ++i) parameters.push_back({u"Item", Takes::value, true});
         return parameters;
     }();
-    static const host::Members<Surface> table{
+    static const automation::Members<Surface> table{
         {u"Deliver",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Path", Takes::text}},
          [](Surface& self, const Arguments& a) {
              return Value(self.desk().deliver(a[0].to_text())->self());
          }},
         {u"Answer",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Title", Takes::text}, {u"Fragment", Takes::text}, {u"Button", Takes::integer}},
          [](Surface& self, const Arguments& a) {
              self.desk().answers.push_back({a[0].to_text(), a[1].to_text(), a[2].to_integer()});
              return Value();
          }},
-        {u"Messages", host::no_id, Use::get,
+        {u"Messages", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.messages()); }},
-        {u"Statuses", host::no_id, Use::get,
+        {u"Statuses", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.statuses()); }},
-        {u"Opened", host::no_id, Use::get,
+        {u"Opened", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.opened()); }},
-        {u"Programs", host::no_id, Use::get,
+        {u"Programs", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.programs()); }},
-        {u"Displayed", host::no_id, Use::get,
+        {u"Displayed", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) {
              Desk& desk = self.desk();
              return Value(std::make_shared<Listing>(
@@ -381,14 +382,14 @@ const host::Members<Surface>& Surface::members() {
                               ->self());
          }},
         {u"Pump",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Milliseconds", Takes::integer}},
          [](Surface& self, const Arguments& a) {
              self.desk().surroundings().pump(a[0].to_integer());
              return Value();
          }},
-        {u"Select", host::no_id, Use::method, select_parameters,
+        {u"Select", automation::no_id, Use::method, select_parameters,
          [](Surface& self, const Arguments& a) {
              std::vector<Value> items;
              for (std::size_t i = 0; i < most_selected && a.has(i); ++i) items.push_back(a[i]);
@@ -396,7 +397,7 @@ const host::Members<Surface>& Surface::members() {
              return Value();
          }},
         {u"Drag",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Folder", Takes::object}, {u"Copies", Takes::boolean, true}},
          [](Surface& self, const Arguments& a) {
@@ -404,22 +405,22 @@ const host::Members<Surface>& Surface::members() {
              return Value();
          }},
         {u"Press",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Control", Takes::object}},
          [](Surface& self, const Arguments& a) {
              self.press(a[0]);
              return Value();
          }},
-        {u"ContextMenu", host::no_id, Use::get,
+        {u"ContextMenu", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.context_menu()); }},
         {u"Window",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Caption", Takes::text}},
          [](Surface& self, const Arguments& a) { return Value(self.window(a[0].to_text())); }},
         {u"Options",
-         host::no_id,
+         automation::no_id,
          Use::get_put,
          {{u"Name", Takes::text}},
          [](Surface& self, const Arguments& a) {
@@ -427,17 +428,17 @@ const host::Members<Surface>& Surface::members() {
              return a.is_put() ? Value() : self.option(a[0].to_text());
          }},
         {u"Live",
-         host::no_id,
+         automation::no_id,
          Use::get,
          {{u"Kind", Takes::text, true}},
          [](Surface& self, const Arguments& a) { return self.live(a[0]); }},
         {u"Text",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Object", Takes::object}, {u"Member", Takes::text}},
          [](Surface&, const Arguments& a) { return as_text(a[0].to_object().get(a[1].to_text())); }},
         {u"Snapshot",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Path", Takes::text}},
          [](Surface& self, const Arguments& a) {
@@ -446,7 +447,7 @@ const host::Members<Surface>& Surface::members() {
          }},
         // beyond the contract: for the desk's own tests and benchmarks
         {u"Fail",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Member", Takes::text},
           {u"After", Takes::integer, true},
@@ -459,7 +460,7 @@ const host::Members<Surface>& Surface::members() {
              return Value();
          }},
         {u"Meanwhile",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Moment", Takes::text},
           {u"Object", Takes::object},
@@ -470,7 +471,7 @@ const host::Members<Surface>& Surface::members() {
              return Value();
          }},
         {u"Copies",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Item", Takes::object}, {u"Count", Takes::integer}, {u"Field", Takes::text}},
          [](Surface& self, const Arguments& a) {
@@ -478,25 +479,25 @@ const host::Members<Surface>& Surface::members() {
              return Value();
          }},
         {u"Describe",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Item", Takes::object}},
          [](Surface&, const Arguments& a) { return Value(description(a[0].to_object())); }},
-        {u"Filters", host::no_id, Use::get,
+        {u"Filters", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.filters()); }},
         {u"Raise",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Event", Takes::text}},
          [](Surface& self, const Arguments& a) {
              self.desk().application()->raise(a[0].to_text());  // one of the application's, alone
              return Value();
          }},
-        {u"Calls", host::no_id, Use::get,
+        {u"Calls", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.calls()); }},
-        {u"Telling", host::no_id, Use::get,
+        {u"Telling", automation::no_id, Use::get,
          [](Surface& self, const Arguments&) { return Value(self.desk().telling()); }},
-        {u"ResetCalls", host::no_id, Use::method,
+        {u"ResetCalls", automation::no_id, Use::method,
          [](Surface& self, const Arguments&) {
              self.desk().surroundings().reset_calls();
              return Value();

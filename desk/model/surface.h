@@ -11,18 +11,18 @@ namespace desk {
 class Listing : public ModelObject<Listing> {
   public:
     static constexpr std::string_view name = "Listing";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
     using Count = std::function<std::size_t()>;
-    using Element = std::function<host::Value(std::size_t)>;
+    using Element = std::function<automation::Value(std::size_t)>;
 
     Listing(Desk& desk, Count count, Element element)
         : ModelObject(desk), count_(std::move(count)), element_(std::move(element)) {}
-    static const host::Members<Listing>& members();
+    static const automation::Members<Listing>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 
     std::size_t count() const { return count_(); }
-    host::Value at(std::int32_t place) const;
+    automation::Value at(std::int32_t place) const;
 
   private:
     Count count_;
@@ -33,17 +33,17 @@ class Listing : public ModelObject<Listing> {
 class Entry : public ModelObject<Entry> {
   public:
     static constexpr std::string_view name = "Entry";
-    static constexpr host::TextView default_name = u"";
-    using Fields = std::vector<std::pair<host::Text, host::Value>>;
+    static constexpr automation::TextView default_name = u"";
+    using Fields = std::vector<std::pair<automation::Text, automation::Value>>;
 
     /// The first field is the default member.
     Entry(Desk& desk, Fields fields) : ModelObject(desk), fields_(std::move(fields)) {}
-    static const host::Members<Entry>& members();
+    static const automation::Members<Entry>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 
   protected:
-    host::Value other_member(host::Request& request) override;
+    automation::Value other_member(automation::Request& request) override;
 
   private:
     Fields fields_;
@@ -54,31 +54,31 @@ class Explorer;
 class Surface : public ModelObject<Surface> {
   public:
     static constexpr std::string_view name = "Desk";
-    static constexpr host::TextView default_name = u"";
+    static constexpr automation::TextView default_name = u"";
 
     using ModelObject::ModelObject;
-    static const host::Members<Surface>& members();
+    static const automation::Members<Surface>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 
-    host::Object messages();
-    host::Object programs();
-    host::Object calls();
-    host::Object statuses();
-    host::Object filters();
-    host::Object opened();
-    host::Value live(const host::Value& kind);
-    host::Value option(const host::Text& option_name) const;
-    void option(const host::Text& option_name, const host::Value& value);
-    void select(const std::vector<host::Value>& items);
-    void drag(const host::Value& folder, bool copies);
-    void press(const host::Value& control);
-    host::Object context_menu();
-    host::Object window(const host::Text& caption);
+    automation::Object messages();
+    automation::Object programs();
+    automation::Object calls();
+    automation::Object statuses();
+    automation::Object filters();
+    automation::Object opened();
+    automation::Value live(const automation::Value& kind);
+    automation::Value option(const automation::Text& option_name) const;
+    void option(const automation::Text& option_name, const automation::Value& value);
+    void select(const std::vector<automation::Value>& items);
+    void drag(const automation::Value& folder, bool copies);
+    void press(const automation::Value& control);
+    automation::Object context_menu();
+    automation::Object window(const automation::Text& caption);
     /// Makes copies of an item, each with a number of its own, "001" and so on, behind the text of one field.
-    void copies(const host::Object& original, std::int32_t count, const host::Text& field);
-    void meanwhile(const host::Text& moment, const host::Object& object, const host::Text& member,
-                   const host::Value& value);
+    void copies(const automation::Object& original, std::int32_t count, const automation::Text& field);
+    void meanwhile(const automation::Text& moment, const automation::Object& object,
+                   const automation::Text& member, const automation::Value& value);
 
   private:
     Explorer& active_explorer();

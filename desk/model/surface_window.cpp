@@ -6,14 +6,14 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -58,29 +58,29 @@ Object SurfaceWindow::control(const Text& control_name) {
     return std::make_shared<SurfaceControl>(desk(), std::move(found), self())->self();
 }
 
-const host::Members<SurfaceWindow>& SurfaceWindow::members() {
+const automation::Members<SurfaceWindow>& SurfaceWindow::members() {
     using Self = SurfaceWindow;
-    static const host::Members<Self> table{
-        {u"Caption", host::no_id, Use::get, asked<Self, &WindowDriver::caption>},
-        {u"Visible", host::no_id, Use::get, asked<Self, &WindowDriver::visible>},
-        {u"Topmost", host::no_id, Use::get, asked<Self, &WindowDriver::topmost>},
-        {u"Left", host::no_id, Use::get, measure<&WindowPlace::left>},
-        {u"Top", host::no_id, Use::get, measure<&WindowPlace::top>},
-        {u"Width", host::no_id, Use::get, measure<&WindowPlace::width>},
-        {u"Height", host::no_id, Use::get, measure<&WindowPlace::height>},
-        {u"Busy", host::no_id, Use::get, asked<Self, &WindowDriver::busy>},
-        {u"Close", host::no_id, Use::method, told<Self, &WindowDriver::close>},
+    static const automation::Members<Self> table{
+        {u"Caption", automation::no_id, Use::get, asked<Self, &WindowDriver::caption>},
+        {u"Visible", automation::no_id, Use::get, asked<Self, &WindowDriver::visible>},
+        {u"Topmost", automation::no_id, Use::get, asked<Self, &WindowDriver::topmost>},
+        {u"Left", automation::no_id, Use::get, measure<&WindowPlace::left>},
+        {u"Top", automation::no_id, Use::get, measure<&WindowPlace::top>},
+        {u"Width", automation::no_id, Use::get, measure<&WindowPlace::width>},
+        {u"Height", automation::no_id, Use::get, measure<&WindowPlace::height>},
+        {u"Busy", automation::no_id, Use::get, asked<Self, &WindowDriver::busy>},
+        {u"Close", automation::no_id, Use::method, told<Self, &WindowDriver::close>},
         {u"Resize",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Width", Takes::integer}, {u"Height", Takes::integer}},
          [](Self& self, const Arguments& a) {
              self.driver().resize(a[0].to_integer(), a[1].to_integer());
              return Value();
          }},
-        {u"Key", host::no_id, Use::method, {{u"Code", Takes::integer}}, key<Self>},
+        {u"Key", automation::no_id, Use::method, {{u"Code", Takes::integer}}, key<Self>},
         {u"Control",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Name", Takes::text}},
          [](Self& self, const Arguments& a) { return Value(self.control(a[0].to_text())); }},
@@ -146,33 +146,33 @@ void SurfaceControl::drop(std::int32_t row, std::int32_t column) {
     list.drop(onto, place_from_0(column, list.columns()));
 }
 
-const host::Members<SurfaceControl>& SurfaceControl::members() {
+const automation::Members<SurfaceControl>& SurfaceControl::members() {
     using Self = SurfaceControl;
-    static const std::vector<host::Parameter> index{{u"Index", Takes::integer}};
-    static const host::Members<Self> table{
-        {u"Text", host::no_id, Use::get_put,
+    static const std::vector<automation::Parameter> index{{u"Index", Takes::integer}};
+    static const automation::Members<Self> table{
+        {u"Text", automation::no_id, Use::get_put,
          [](Self& self, const Arguments& a) {
              if (a.is_put()) self.driver().type(a.assigned().to_text());
              return Value(self.driver().text());
          }},
-        {u"Visible", host::no_id, Use::get, asked<Self, &ControlDriver::visible>},
-        {u"Enabled", host::no_id, Use::get, asked<Self, &ControlDriver::enabled>},
-        {u"ToolTip", host::no_id, Use::get, asked<Self, &ControlDriver::tool_tip>},
-        {u"Click", host::no_id, Use::method, told<Self, &ControlDriver::click>},
-        {u"DoubleClick", host::no_id, Use::method, told<Self, &ControlDriver::double_click>},
-        {u"Key", host::no_id, Use::method, {{u"Code", Takes::integer}}, key<Self>},
-        {u"Count", host::no_id, Use::get,
+        {u"Visible", automation::no_id, Use::get, asked<Self, &ControlDriver::visible>},
+        {u"Enabled", automation::no_id, Use::get, asked<Self, &ControlDriver::enabled>},
+        {u"ToolTip", automation::no_id, Use::get, asked<Self, &ControlDriver::tool_tip>},
+        {u"Click", automation::no_id, Use::method, told<Self, &ControlDriver::click>},
+        {u"DoubleClick", automation::no_id, Use::method, told<Self, &ControlDriver::double_click>},
+        {u"Key", automation::no_id, Use::method, {{u"Code", Takes::integer}}, key<Self>},
+        {u"Count", automation::no_id, Use::get,
          [](Self& self, const Arguments&) { return Value(self.with_entries().count()); }},
-        {u"Item", host::no_id, Use::method, index,
+        {u"Item", automation::no_id, Use::method, index,
          [](Self& self, const Arguments& a) { return self.item(a[0].to_integer()); }},
-        {u"Selected", host::no_id, Use::get,
+        {u"Selected", automation::no_id, Use::get,
          [](Self& self, const Arguments&) { return Value(self.selected()); }},
-        {u"Select", host::no_id, Use::method, index, told_number<&Self::select>},
-        {u"Columns", host::no_id, Use::get,
+        {u"Select", automation::no_id, Use::method, index, told_number<&Self::select>},
+        {u"Columns", automation::no_id, Use::get,
          [](Self& self, const Arguments&) { return Value(self.columns()); }},
-        {u"ColumnClick", host::no_id, Use::method, index, told_number<&Self::column_click>},
+        {u"ColumnClick", automation::no_id, Use::method, index, told_number<&Self::column_click>},
         {u"Drop",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Row", Takes::integer}, {u"Column", Takes::integer, true}},
          [](Self& self, const Arguments& a) {
@@ -187,12 +187,13 @@ Text SurfaceRow::sub_item(std::int32_t place) const {
     return list_->item(row_, place_from_0(place, list_->columns() - 1) + 1);
 }
 
-const host::Members<SurfaceRow>& SurfaceRow::members() {
+const automation::Members<SurfaceRow>& SurfaceRow::members() {
     using Self = SurfaceRow;
-    static const host::Members<Self> table{
-        {u"Text", host::no_id, Use::get, [](Self& self, const Arguments&) { return Value(self.text()); }},
+    static const automation::Members<Self> table{
+        {u"Text", automation::no_id, Use::get,
+         [](Self& self, const Arguments&) { return Value(self.text()); }},
         {u"SubItems",
-         host::no_id,
+         automation::no_id,
          Use::get,
          {{u"Index", Takes::integer}},
          [](Self& self, const Arguments& a) { return Value(self.sub_item(a[0].to_integer())); }},

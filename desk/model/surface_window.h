@@ -10,17 +10,17 @@ namespace desk {
 class SurfaceWindow : public ModelObject<SurfaceWindow> {
   public:
     static constexpr std::string_view name = "Window";
-    static constexpr host::TextView default_name = u"Caption";
+    static constexpr automation::TextView default_name = u"Caption";
 
     SurfaceWindow(Desk& desk, std::unique_ptr<WindowDriver> driver)
         : ModelObject(desk), driver_(std::move(driver)) {}
-    static const host::Members<SurfaceWindow>& members();
+    static const automation::Members<SurfaceWindow>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override;
+    automation::Object parent() const override;
 
     WindowDriver& driver() const { return *driver_; }
     /// By the control's own name; Nothing if the window has none such.
-    host::Object control(const host::Text& control_name);
+    automation::Object control(const automation::Text& control_name);
 
   private:
     std::unique_ptr<WindowDriver> driver_;
@@ -29,50 +29,50 @@ class SurfaceWindow : public ModelObject<SurfaceWindow> {
 class SurfaceControl : public ModelObject<SurfaceControl> {
   public:
     static constexpr std::string_view name = "Control";
-    static constexpr host::TextView default_name = u"Text";
+    static constexpr automation::TextView default_name = u"Text";
 
-    SurfaceControl(Desk& desk, std::shared_ptr<ControlDriver> driver, host::Object window)
+    SurfaceControl(Desk& desk, std::shared_ptr<ControlDriver> driver, automation::Object window)
         : ModelObject(desk), driver_(std::move(driver)), window_(std::move(window)) {}
-    static const host::Members<SurfaceControl>& members();
+    static const automation::Members<SurfaceControl>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return window_; }
+    automation::Object parent() const override { return window_; }
 
     /// The control with its entries. Throws `result::member_not_found` if it has none such.
     ControlDriver& with_entries() const;
     ControlDriver& as_list() const;
     ControlDriver& driver() const { return *driver_; }
 
-    host::Value item(std::int32_t place);
+    automation::Value item(std::int32_t place);
     std::int32_t selected() const;
     void select(std::int32_t place);
-    host::Object columns();
+    automation::Object columns();
     void column_click(std::int32_t place);
     void drop(std::int32_t row, std::int32_t column);  ///< below the rows if the row is 0
 
   private:
     std::shared_ptr<ControlDriver> driver_;
-    host::Object window_;
+    automation::Object window_;
 };
 
 /// A row of a list, as it stands at each look.
 class SurfaceRow : public ModelObject<SurfaceRow> {
   public:
     static constexpr std::string_view name = "Row";
-    static constexpr host::TextView default_name = u"Text";
+    static constexpr automation::TextView default_name = u"Text";
 
-    SurfaceRow(Desk& desk, std::shared_ptr<ControlDriver> list, int row, host::Object control)
+    SurfaceRow(Desk& desk, std::shared_ptr<ControlDriver> list, int row, automation::Object control)
         : ModelObject(desk), list_(std::move(list)), row_(row), control_(std::move(control)) {}
-    static const host::Members<SurfaceRow>& members();
+    static const automation::Members<SurfaceRow>& members();
     std::int32_t number() const override { return object_class::none; }
-    host::Object parent() const override { return control_; }
+    automation::Object parent() const override { return control_; }
 
-    host::Text text() const { return list_->item(row_, 0); }
-    host::Text sub_item(std::int32_t place) const;  ///< 1: the second column
+    automation::Text text() const { return list_->item(row_, 0); }
+    automation::Text sub_item(std::int32_t place) const;  ///< 1: the second column
 
   private:
     std::shared_ptr<ControlDriver> list_;
     int row_;
-    host::Object control_;
+    automation::Object control_;
 };
 
 }  // namespace desk

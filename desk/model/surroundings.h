@@ -7,24 +7,24 @@
 #include <string>
 #include <vector>
 
+#include "automation/object.h"
 #include "desk/model/window_driver.h"
 #include "desk/store/item_data.h"
-#include "host/object.h"
 
 namespace desk {
 
 /// A program that was started: its command line and the folder that it started in.
 struct StartedProgram {
-    host::Text command_line;
-    host::Text folder;
+    automation::Text command_line;
+    automation::Text folder;
 };
 
 /// A file that the desktop search knows.
 struct IndexedFile {
-    host::Text folder;  ///< path, without a backslash at its end
-    host::Text name;
-    host::Date created, modified;  ///< local time
-    std::string content;           ///< its beginning: as much as is searched
+    automation::Text folder;  ///< path, without a backslash at its end
+    automation::Text name;
+    automation::Date created, modified;  ///< local time
+    std::string content;                 ///< its beginning: as much as is searched
 };
 
 /// How many of the desk's objects of one kind are held from outside.
@@ -44,13 +44,13 @@ class Surroundings {
   public:
     virtual ~Surroundings() = default;
 
-    virtual host::Date now() = 0;  ///< local time
+    virtual automation::Date now() = 0;  ///< local time
 
     /// Random bytes for ids that are unique over processes and machines.
     virtual std::string random_bytes(std::size_t count) = 0;
 
-    /// Reads a mail file. Throws `host::Failure` with one clear sentence.
-    virtual ItemData read_mail(host::TextView path) = 0;
+    /// Reads a mail file. Throws `automation::Failure` with one clear sentence.
+    virtual ItemData read_mail(automation::TextView path) = 0;
 
     /// Events wait for the next turn of the message loop.
     virtual void wake() = 0;
@@ -62,31 +62,31 @@ class Surroundings {
     virtual void pump(std::int32_t milliseconds) = 0;
 
     /// The add-in's window with that caption, a visible one before a hidden one; null if there is none.
-    virtual std::unique_ptr<WindowDriver> window(host::TextView caption) = 0;
+    virtual std::unique_ptr<WindowDriver> window(automation::TextView caption) = 0;
 
     /// Shows a message box of the host's own and answers its button.
-    virtual int ask(host::TextView text, host::TextView title, std::uint32_t style) = 0;
+    virtual int ask(automation::TextView text, automation::TextView title, std::uint32_t style) = 0;
 
     /// Makes an automation object by its name.
-    virtual host::Object create_object(host::TextView prog_id) = 0;
+    virtual automation::Object create_object(automation::TextView prog_id) = 0;
 
     /// Whether a class of that name is registered.
-    virtual bool has_class(host::TextView prog_id) = 0;
+    virtual bool has_class(automation::TextView prog_id) = 0;
 
     /// The files that the desktop search knows, folder by folder, in the order of their names.
     virtual std::vector<IndexedFile> indexed_files() = 0;
 
     virtual std::vector<StartedProgram> programs() = 0;
-    virtual std::vector<host::Text> opened() = 0;  ///< paths of the files handed to the shell, in order
+    virtual std::vector<automation::Text> opened() = 0;  ///< paths of the files handed to the shell, in order
     virtual std::vector<LiveCount> live() = 0;
     virtual std::vector<CallCount> calls() = 0;
     virtual void reset_calls() = 0;
 
     /// Writes a picture of the screen, PNG.
-    virtual void snapshot(host::TextView path) = 0;
+    virtual void snapshot(automation::TextView path) = 0;
 
     /// Connects or disconnects the add-in of that name.
-    virtual void connect_add_in(host::TextView prog_id, bool connect) = 0;
+    virtual void connect_add_in(automation::TextView prog_id, bool connect) = 0;
 
     /// The host is told to end.
     virtual void quit() = 0;
@@ -98,7 +98,7 @@ class Surroundings {
     virtual void came_up() { changed(); }
 
     /// An option that holds from the next start on is remembered.
-    virtual void remember_option(host::TextView name, host::TextView value) = 0;
+    virtual void remember_option(automation::TextView name, automation::TextView value) = 0;
 };
 
 }  // namespace desk

@@ -6,13 +6,13 @@
 
 namespace desk {
 
-using host::Arguments;
-using host::Failure;
-using host::Takes;
-using host::Text;
-using host::Use;
-using host::Value;
-namespace result = host::result;
+using automation::Arguments;
+using automation::Failure;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
 
 namespace {
 
@@ -22,9 +22,9 @@ constexpr std::int32_t text = 1, number = 3, date = 5, yes_no = 6, duration = 7,
 }
 
 template <class Properties>
-auto find_in(Properties& properties, host::TextView name) {
+auto find_in(Properties& properties, automation::TextView name) {
     return std::ranges::find_if(properties,
-                                [&](const auto& p) { return host::same_ignoring_case(p.name, name); });
+                                [&](const auto& p) { return automation::same_ignoring_case(p.name, name); });
 }
 
 Value converted(const Value& value, std::int32_t type) {
@@ -72,7 +72,7 @@ Value unset(std::int32_t type) {
 
 }  // namespace
 
-host::Object UserProperties::property(const Text& property_name) const {
+automation::Object UserProperties::property(const Text& property_name) const {
     item_->check_there();
     const auto& properties = item_->data().user_properties;
     const auto found = find_in(properties, property_name);
@@ -80,10 +80,10 @@ host::Object UserProperties::property(const Text& property_name) const {
     return std::make_shared<UserProperty>(desk(), item_, found->name)->self();
 }
 
-host::Object UserProperties::at(const Value& index) const {
+automation::Object UserProperties::at(const Value& index) const {
     item_->check_there();
     if (index.is(Value::Type::text)) {
-        if (host::Object found = property(index.to_text())) return found;
+        if (automation::Object found = property(index.to_text())) return found;
         throw Failure(result::not_found, u"The item has no user property \"" + index.to_text() + u"\".");
     }
     const auto& properties = item_->data().user_properties;
@@ -94,7 +94,7 @@ host::Object UserProperties::at(const Value& index) const {
     return property(properties[static_cast<std::size_t>(place - 1)].name);
 }
 
-host::Object UserProperties::add(const Text& property_name, std::int32_t type, bool to_folder_fields) {
+automation::Object UserProperties::add(const Text& property_name, std::int32_t type, bool to_folder_fields) {
     if (property_name.empty()) throw Failure(result::invalid_argument, u"A user property needs a name.");
     if (is_built_in_field(property_name) && find_field(item_->kind(), property_name)) {
         throw Failure(result::invalid_argument, u"The field \"" + property_name + u"\" exists already.");
@@ -110,8 +110,8 @@ host::Object UserProperties::add(const Text& property_name, std::int32_t type, b
     return property(property_name);
 }
 
-const host::Members<UserProperties>& UserProperties::members() {
-    static const host::Members<UserProperties> table{
+const automation::Members<UserProperties>& UserProperties::members() {
+    static const automation::Members<UserProperties> table{
         {u"Count", 0x50, Use::get,
          [](UserProperties& self, const Arguments&) {
              return Value(static_cast<std::int32_t>(self.item().data().user_properties.size()));
@@ -173,12 +173,12 @@ void UserProperty::value(const Value& value) {
 void UserProperty::remove() {
     data();
     std::erase_if(item_->change().user_properties, [&](const UserPropertyData& p) {
-        return host::same_ignoring_case(p.name, property_name_);
+        return automation::same_ignoring_case(p.name, property_name_);
     });
 }
 
-const host::Members<UserProperty>& UserProperty::members() {
-    static const host::Members<UserProperty> table{
+const automation::Members<UserProperty>& UserProperty::members() {
+    static const automation::Members<UserProperty> table{
         {u"Value", 0x0, Use::get_put,
          [](UserProperty& self, const Arguments& a) {
              if (a.is_put()) self.value(a.assigned());

@@ -8,19 +8,19 @@ namespace desk {
 class UserProperties : public ModelObject<UserProperties> {
   public:
     static constexpr std::string_view name = "UserProperties";
-    static constexpr host::TextView default_name = u"Item";
+    static constexpr automation::TextView default_name = u"Item";
 
     UserProperties(Desk& desk, std::shared_ptr<Item> item) : ModelObject(desk), item_(std::move(item)) {}
-    static const host::Members<UserProperties>& members();
+    static const automation::Members<UserProperties>& members();
     std::int32_t number() const override { return object_class::user_properties; }
-    host::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override { return item_->self(); }
 
     Item& item() const { return *item_; }
-    host::Object property(const host::Text& property_name) const;  ///< Nothing if there is none
+    automation::Object property(const automation::Text& property_name) const;  ///< Nothing if there is none
 
     /// By number from 1, or by name. Throws `result::not_found`.
-    host::Object at(const host::Value& index) const;
-    host::Object add(const host::Text& property_name, std::int32_t type, bool to_folder_fields);
+    automation::Object at(const automation::Value& index) const;
+    automation::Object add(const automation::Text& property_name, std::int32_t type, bool to_folder_fields);
 
   private:
     std::shared_ptr<Item> item_;
@@ -30,22 +30,22 @@ class UserProperties : public ModelObject<UserProperties> {
 class UserProperty : public ModelObject<UserProperty> {
   public:
     static constexpr std::string_view name = "UserProperty";
-    static constexpr host::TextView default_name = u"Value";
+    static constexpr automation::TextView default_name = u"Value";
 
-    UserProperty(Desk& desk, std::shared_ptr<Item> item, host::Text property_name)
+    UserProperty(Desk& desk, std::shared_ptr<Item> item, automation::Text property_name)
         : ModelObject(desk), item_(std::move(item)), property_name_(std::move(property_name)) {}
-    static const host::Members<UserProperty>& members();
+    static const automation::Members<UserProperty>& members();
     std::int32_t number() const override { return object_class::user_property; }
-    host::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override { return item_->self(); }
 
     const UserPropertyData& data() const;
-    host::Value value() const;
-    void value(const host::Value& value);
+    automation::Value value() const;
+    void value(const automation::Value& value);
     void remove();
 
   private:
     std::shared_ptr<Item> item_;
-    host::Text property_name_;
+    automation::Text property_name_;
 };
 
 }  // namespace desk

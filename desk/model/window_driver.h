@@ -5,20 +5,20 @@
 #include <cstdint>
 #include <memory>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace desk {
 
 /// A list's column as it stands on the screen.
 struct ShownColumn {
-    host::Text text;
+    automation::Text text;
     std::int32_t width = 0;   ///< pixels
     std::int32_t image = -1;  ///< the number of its mark
 };
 
-/// Entries, rows and columns count from 0 here. What a control can't do throws `host::Failure` with a clear
-/// sentence, and so does everything on a window that has gone. Actions come back at once: what they lead to
-/// runs at the next turn of the message loop.
+/// Entries, rows and columns count from 0 here. What a control can't do throws `automation::Failure` with a
+/// clear sentence, and so does everything on a window that has gone. Actions come back at once: what they
+/// lead to runs at the next turn of the message loop.
 class ControlDriver {
   public:
     enum class Kind {
@@ -31,11 +31,11 @@ class ControlDriver {
     virtual ~ControlDriver() = default;
 
     virtual Kind kind() const = 0;
-    virtual host::Text text() const = 0;
-    virtual void type(host::TextView text) = 0;  ///< in place of the text that is there
+    virtual automation::Text text() const = 0;
+    virtual void type(automation::TextView text) = 0;  ///< in place of the text that is there
     virtual bool visible() const = 0;
     virtual bool enabled() const = 0;
-    virtual host::Text tool_tip() const = 0;
+    virtual automation::Text tool_tip() const = 0;
     virtual void click() = 0;
     virtual void double_click() = 0;      ///< in a list: on the selected row
     virtual void key(int code) = 0;       ///< a virtual-key code
@@ -43,7 +43,7 @@ class ControlDriver {
 
     // of a combo box or list
     virtual int count() const = 0;
-    virtual host::Text item(int row, int column) const = 0;
+    virtual automation::Text item(int row, int column) const = 0;
     virtual int selected() const = 0;  ///< -1: none
     virtual void select(int row) = 0;
 
@@ -63,7 +63,7 @@ class WindowDriver {
   public:
     virtual ~WindowDriver() = default;
 
-    virtual host::Text caption() const = 0;
+    virtual automation::Text caption() const = 0;
     virtual bool visible() const = 0;
     virtual bool topmost() const = 0;
     virtual WindowPlace place() const = 0;
@@ -72,7 +72,7 @@ class WindowDriver {
     virtual void resize(int width, int height) = 0;
     virtual void key(int code) = 0;  ///< to the control that has the focus
     /// By the control's own name, without regard to case; null if the window has none such.
-    virtual std::unique_ptr<ControlDriver> control(host::TextView name) = 0;
+    virtual std::unique_ptr<ControlDriver> control(automation::TextView name) = 0;
 };
 
 }  // namespace desk

@@ -7,8 +7,8 @@
 namespace desk {
 namespace {
 
-using host::Array;
-using host::Value;
+using automation::Array;
+using automation::Value;
 
 constexpr int most_natural_bytes = 10;  // of seven bits, for 64
 
@@ -34,7 +34,7 @@ void for_each_element(AnyArray& array, Visit visit) {
 
 }  // namespace
 
-void fail_as_damaged() { throw host::Failure(host::result::fail, u"What is stored is damaged."); }
+void fail_as_damaged() { throw automation::Failure(automation::result::fail, u"What is stored is damaged."); }
 
 void ByteWriter::natural(std::uint64_t value) {
     for (; value >= 0x80; value >>= 7) byte(static_cast<std::uint8_t>(value | 0x80));
@@ -56,7 +56,7 @@ void ByteWriter::block(std::string_view bytes) {
     bytes_.append(bytes);
 }
 
-void ByteWriter::text(host::TextView text) {
+void ByteWriter::text(automation::TextView text) {
     const bool wide = std::ranges::any_of(text, [](char16_t unit) { return unit > 0xFF; });
     natural((std::uint64_t{text.size()} << 1) | (wide ? 1 : 0));
     for (const char16_t unit : text) {
@@ -88,10 +88,10 @@ void ByteWriter::value(const Value& value) {
             text(value.to_text());
             break;
         case Value::Type::object:
-            throw host::Failure(host::result::type_mismatch, u"An object can't be stored.");
+            throw automation::Failure(automation::result::type_mismatch, u"An object can't be stored.");
         case Value::Type::array: {
             if (++level_ > most_nested)
-                throw host::Failure(host::result::fail, u"Arrays are nested too deeply.");
+                throw automation::Failure(automation::result::fail, u"Arrays are nested too deeply.");
             const Array& array = value.to_array();
             natural(array.dimensions().size());
             for (const Array::Bounds& bounds : array.dimensions()) {
@@ -159,13 +159,13 @@ double ByteReader::number() {
 
 std::string_view ByteReader::block() { return take(natural()); }
 
-host::Text ByteReader::text() {
+automation::Text ByteReader::text() {
     const std::uint64_t head = natural();
     const std::uint64_t units = head >> 1;
     if (units > rest_.size()) fail_as_damaged();  // so that twice the number can't overflow
     const bool wide = head & 1;
     const std::string_view bytes = take(wide ? 2 * units : units);
-    host::Text text(static_cast<std::size_t>(units), u'\0');
+    automation::Text text(static_cast<std::size_t>(units), u'\0');
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto low = static_cast<std::uint8_t>(bytes[wide ? 2 * i : i]);
         const auto high = static_cast<std::uint8_t>(wide ? bytes[2 * i + 1] : 0);
@@ -179,9 +179,9 @@ Value ByteReader::value() {
         case Value::Type::empty:
             return {};
         case Value::Type::null:
-            return host::Null{};
+            return automation::Null{};
         case Value::Type::missing:
-            return host::Missing{};
+            return automation::Missing{};
         case Value::Type::boolean:
             return flag();
         case Value::Type::integer:
@@ -189,7 +189,7 @@ Value ByteReader::value() {
         case Value::Type::number:
             return number();
         case Value::Type::date:
-            return host::Date{number()};
+            return automation::Date{number()};
         case Value::Type::text:
             return text();
         case Value::Type::array:

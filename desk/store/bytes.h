@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/value.h"
+#include "automation/value.h"
 
 namespace desk {
 
@@ -20,8 +20,8 @@ class ByteWriter {
     void whole(std::int64_t value);     ///< small ones, negative too, are short
     void number(double value);          ///< eight bytes
     void block(std::string_view bytes);
-    void text(host::TextView text);        ///< a byte for each unit if all are below 256, else two
-    void value(const host::Value& value);  ///< throws `host::Failure` for an object
+    void text(automation::TextView text);        ///< a byte for each unit if all are below 256, else two
+    void value(const automation::Value& value);  ///< throws `automation::Failure` for an object
     const std::string& bytes() const { return bytes_; }
     std::string take() { return std::move(bytes_); }
 
@@ -30,8 +30,8 @@ class ByteWriter {
     int level_ = 0;
 };
 
-/// Reads what `ByteWriter` wrote. Throws `host::Failure` at the first thing that can't be: the end of the
-/// bytes, a number out of its range, an unknown mark, nesting beyond the limit.
+/// Reads what `ByteWriter` wrote. Throws `automation::Failure` at the first thing that can't be: the end of
+/// the bytes, a number out of its range, an unknown mark, nesting beyond the limit.
 class ByteReader {
   public:
     explicit ByteReader(std::string_view bytes) : rest_(bytes) {}
@@ -43,8 +43,8 @@ class ByteReader {
     std::int32_t integer();  ///< a whole number of 32 bits
     double number();
     std::string_view block();
-    host::Text text();
-    host::Value value();
+    automation::Text text();
+    automation::Value value();
     std::size_t count();  ///< of things that follow and take a byte at least
     void end() const;     ///< throws unless all was read
 
@@ -54,7 +54,7 @@ class ByteReader {
 
   private:
     std::string_view take(std::uint64_t count);
-    host::Value array();
+    automation::Value array();
 
     std::string_view rest_;
     int level_ = 0;

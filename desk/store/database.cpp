@@ -11,7 +11,8 @@ std::string_view bytes_of(const std::u8string& text) {
 
 }  // namespace
 
-Database::Database(const std::filesystem::path& file) : name_(host::from_utf8(bytes_of(file.u8string()))) {
+Database::Database(const std::filesystem::path& file)
+    : name_(automation::from_utf8(bytes_of(file.u8string()))) {
     const std::string path(bytes_of(file.u8string()));
     sqlite3* handle = nullptr;
     const int code =
@@ -29,13 +30,15 @@ void Database::run(const char* sql) {
 void Database::fail() const {
     constexpr int primary_code = 0xFF;
     const bool busy = (sqlite3_errcode(handle_.get()) & primary_code) == SQLITE_BUSY;
-    fail(busy ? database_in_use : host::result::fail, host::from_utf8(sqlite3_errmsg(handle_.get())));
+    fail(busy ? database_in_use : automation::result::fail,
+         automation::from_utf8(sqlite3_errmsg(handle_.get())));
 }
 
-void Database::fail(host::TextView what) const { fail(host::result::fail, what); }
+void Database::fail(automation::TextView what) const { fail(automation::result::fail, what); }
 
-void Database::fail(std::int32_t number, host::TextView what) const {
-    throw host::Failure(number, u"The database \"" + name_ + u"\" failed: " + host::Text(what) + u".");
+void Database::fail(std::int32_t number, automation::TextView what) const {
+    throw automation::Failure(number,
+                              u"The database \"" + name_ + u"\" failed: " + automation::Text(what) + u".");
 }
 
 Statement::Statement(Database& database, const char* sql) : database_(database) {

@@ -8,7 +8,7 @@
 #include <memory>
 #include <string_view>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 
 namespace desk {
 
@@ -22,8 +22,8 @@ class Database {
 
     /// Throws the failure that SQLite reported last.
     [[noreturn]] void fail() const;
-    [[noreturn]] void fail(host::TextView what) const;
-    [[noreturn]] void fail(std::int32_t number, host::TextView what) const;
+    [[noreturn]] void fail(automation::TextView what) const;
+    [[noreturn]] void fail(std::int32_t number, automation::TextView what) const;
 
     bool in_transaction() const { return sqlite3_get_autocommit(handle_.get()) == 0; }
     std::int64_t last_id() const { return sqlite3_last_insert_rowid(handle_.get()); }
@@ -34,7 +34,7 @@ class Database {
     struct Close {
         void operator()(sqlite3* handle) const { sqlite3_close(handle); }
     };
-    host::Text name_;
+    automation::Text name_;
     std::unique_ptr<sqlite3, Close> handle_;
 };
 

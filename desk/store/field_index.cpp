@@ -11,7 +11,7 @@ constexpr std::size_t longest_key = 255;
 
 /// The numbers are stored: a new field gets a new one.
 struct IndexedField {
-    host::TextView name;
+    automation::TextView name;
     std::int64_t number;
 };
 constexpr IndexedField indexed_fields[] = {
@@ -22,30 +22,33 @@ constexpr IndexedField indexed_fields[] = {
     {u"FileAs", 17},       {u"RecordType", 18},
 };
 
-bool has_text(const host::Value& value) {
+bool has_text(const automation::Value& value) {
     const auto type = value.type();
-    return type != host::Value::Type::null && type != host::Value::Type::missing &&
-           type != host::Value::Type::object && type != host::Value::Type::array;
+    return type != automation::Value::Type::null && type != automation::Value::Type::missing &&
+           type != automation::Value::Type::object && type != automation::Value::Type::array;
 }
 
 }  // namespace
 
-bool is_indexed(host::TextView field) { return index_number(field).has_value(); }
+bool is_indexed(automation::TextView field) { return index_number(field).has_value(); }
 
-std::optional<std::int64_t> index_number(host::TextView field) {
+std::optional<std::int64_t> index_number(automation::TextView field) {
     const auto* found = std::ranges::find_if(indexed_fields, [&](const IndexedField& candidate) {
-        return host::same_ignoring_case(candidate.name, field);
+        return automation::same_ignoring_case(candidate.name, field);
     });
     return found == std::end(indexed_fields) ? std::nullopt : std::optional(found->number);
 }
 
-std::string index_key(host::TextView value) { return write_text(host::folded(value.substr(0, longest_key))); }
+std::string index_key(automation::TextView value) {
+    return write_text(automation::folded(value.substr(0, longest_key)));
+}
 
 std::set<IndexEntry> index_entries(const ItemData& item) {
     std::set<IndexEntry> entries;
-    auto add = [&](host::TextView name, const host::Value& value) {
+    auto add = [&](automation::TextView name, const automation::Value& value) {
         const std::optional<std::int64_t> number = index_number(name);
-        if (number) entries.emplace(*number, index_key(has_text(value) ? value.to_text() : host::Text()));
+        if (number)
+            entries.emplace(*number, index_key(has_text(value) ? value.to_text() : automation::Text()));
     };
     for (const auto& [name, value] : item.fields) add(name, value);
     for (const UserPropertyData& property : item.user_properties) add(property.name, property.value);

@@ -11,10 +11,10 @@
 namespace desk {
 
 /// The number under which a field is stored in the index; nothing for a field that is not indexed.
-std::optional<std::int64_t> index_number(host::TextView field);
+std::optional<std::int64_t> index_number(automation::TextView field);
 
 /// The bytes by which a value is found: without regard to case, by its first 255 units.
-std::string index_key(host::TextView value);
+std::string index_key(automation::TextView value);
 
 /// A field's number and a key.
 using IndexEntry = std::pair<std::int64_t, std::string>;

@@ -56,7 +56,7 @@ void SqliteStore::remove_folder(RowId folder) {
 
 void SqliteStore::require_folder(RowId folder) {
     if (!counts_.rows(folder).next())
-        throw host::Failure(host::result::not_found, u"The folder is not there.");
+        throw automation::Failure(automation::result::not_found, u"The folder is not there.");
 }
 
 std::int64_t SqliteStore::count(RowId folder) {

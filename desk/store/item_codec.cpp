@@ -73,7 +73,8 @@ AttachmentData read_attachment(ByteReader& reader) {
 }
 
 void write(ByteWriter& writer, const ItemData& item, Attachments attachments, int level) {
-    if (level > most_nested) throw host::Failure(host::result::fail, u"Items are embedded too deeply.");
+    if (level > most_nested)
+        throw automation::Failure(automation::result::fail, u"Items are embedded too deeply.");
     writer.text(item.message_class);
     writer.natural(item.fields.size());
     for (const auto& [name, value] : item.fields) {
@@ -97,7 +98,7 @@ ItemData read_item(ByteReader& reader) {
     ItemData item;
     item.message_class = reader.text();
     for (std::size_t left = reader.count(); left > 0; --left) {
-        host::Text name = reader.text();
+        automation::Text name = reader.text();
         item.fields.insert_or_assign(std::move(name), reader.value());
     }
     for (std::size_t left = reader.count(); left > 0; --left)
@@ -152,13 +153,13 @@ AttachmentData read_attachment(std::string_view bytes) {
     });
 }
 
-std::string write_text(host::TextView text) {
+std::string write_text(automation::TextView text) {
     ByteWriter writer;
     writer.text(text);
     return writer.take();
 }
 
-host::Text read_text(std::string_view bytes) {
+automation::Text read_text(std::string_view bytes) {
     return read_all(bytes, [](ByteReader& reader) { return reader.text(); });
 }
 
@@ -176,7 +177,7 @@ std::vector<FolderField> read_fields(std::string_view bytes) {
     return read_all(bytes, [](ByteReader& reader) {
         std::vector<FolderField> fields;
         for (std::size_t left = reader.count(); left > 0; --left) {
-            host::Text name = reader.text();
+            automation::Text name = reader.text();
             fields.push_back({std::move(name), reader.integer()});
         }
         return fields;

@@ -14,8 +14,8 @@ std::string write_attachment(const AttachmentData& attachment);
 AttachmentData read_attachment(std::string_view bytes);
 
 /// A text in a column of its own: equal texts have equal bytes.
-std::string write_text(host::TextView text);
-host::Text read_text(std::string_view bytes);
+std::string write_text(automation::TextView text);
+automation::Text read_text(std::string_view bytes);
 
 std::string write_fields(const std::vector<FolderField>& fields);
 std::vector<FolderField> read_fields(std::string_view bytes);

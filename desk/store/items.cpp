@@ -25,8 +25,8 @@ std::vector<std::string> write_attachments(const std::vector<AttachmentData>& at
 }
 
 bool is_unread(const ItemData& data) {
-    const auto found = data.fields.find(host::TextView(u"UnRead"));
-    return found != data.fields.end() && found->second.is(host::Value::Type::boolean) &&
+    const auto found = data.fields.find(automation::TextView(u"UnRead"));
+    return found != data.fields.end() && found->second.is(automation::Value::Type::boolean) &&
            found->second.to_boolean();
 }
 
@@ -118,7 +118,7 @@ std::vector<RowId> SqliteStore::items(RowId folder) {
     return items;
 }
 
-std::vector<RowId> SqliteStore::lookup(RowId folder, host::TextView field, host::TextView value) {
+std::vector<RowId> SqliteStore::lookup(RowId folder, automation::TextView field, automation::TextView value) {
     std::vector<RowId> items;
     const std::optional<std::int64_t> number = index_number(field);
     if (!number) return items;
@@ -132,7 +132,7 @@ std::vector<RowId> SqliteStore::lookup(RowId folder, host::TextView field, host:
 
 SqliteStore::StoredItem SqliteStore::stored(RowId item) {
     auto rows = item_.rows(item);
-    if (!rows.next()) throw host::Failure(host::result::not_found, u"The item is not there.");
+    if (!rows.next()) throw automation::Failure(automation::result::not_found, u"The item is not there.");
     const std::string_view bytes = rows.bytes(3);
     return {rows.integer(0), rows.integer(1), rows.integer(2) - length(bytes),
             index_entries(read_item(bytes))};

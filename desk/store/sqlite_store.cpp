@@ -15,7 +15,7 @@ std::unique_ptr<Store> Store::open_when_free(const std::filesystem::path& file,
     for (;;) {
         try {
             return open(file);
-        } catch (const host::Failure& failure) {
+        } catch (const automation::Failure& failure) {
             if (failure.number() != database_in_use || !wait()) throw;
         }
     }

@@ -29,7 +29,7 @@ class SqliteStore final : public Store {
     std::vector<RowId> items(RowId folder) override;
     std::int64_t count(RowId folder) override;
     std::int64_t unread(RowId folder) override;
-    std::vector<RowId> lookup(RowId folder, host::TextView field, host::TextView value) override;
+    std::vector<RowId> lookup(RowId folder, automation::TextView field, automation::TextView value) override;
 
   protected:
     void begin() override;

@@ -9,8 +9,8 @@
 #include <optional>
 #include <vector>
 
+#include "automation/failure.h"
 #include "desk/store/item_data.h"
-#include "host/failure.h"
 
 namespace desk {
 
@@ -18,7 +18,7 @@ using RowId = std::int64_t;
 
 /// A field that a folder knows beside the built-in ones.
 struct FolderField {
-    host::Text name;
+    automation::Text name;
     std::int32_t type = 1;
     friend bool operator==(const FolderField&, const FolderField&) = default;
 };
@@ -26,13 +26,13 @@ struct FolderField {
 struct FolderRow {
     RowId id = 0;
     RowId parent = 0;  ///< 0: the root of a message store
-    host::Text name;
+    automation::Text name;
     std::int32_t item_type =
         0;  ///< what it holds: 0 mail, 1 appointments, 2 contacts, 3 tasks, 5 notes, 6 posts
     std::int32_t default_number = 0;  ///< its number as a default folder of the profile, 0 if it is none
-    host::Text default_class;         ///< message class of a new item
-    host::Text description;
-    host::Text store_uid;  ///< of a store's root: 32 upper-case hexadecimal digits
+    automation::Text default_class;   ///< message class of a new item
+    automation::Text description;
+    automation::Text store_uid;  ///< of a store's root: 32 upper-case hexadecimal digits
     std::vector<FolderField> fields;
 };
 
@@ -45,20 +45,21 @@ struct ItemRow {
 };
 
 /// The fields, built-in or user properties, that `Store::lookup` finds without a scan.
-bool is_indexed(host::TextView field);
+bool is_indexed(automation::TextView field);
 
 /// The number of the failure to open a database that another process has open.
 inline constexpr std::int32_t database_in_use =
-    host::result::code(0x80070020);  // HRESULT of ERROR_SHARING_VIOLATION
+    automation::result::code(0x80070020);  // HRESULT of ERROR_SHARING_VIOLATION
 
 /// What is asked of a folder or an item that is not there finds nothing; what is to change it fails with
-/// `result::not_found`, and has changed nothing. A failure of the database itself is a `host::Failure` with
-/// its own message: a call that stands alone has then changed nothing, and a transaction around it can't be
-/// kept any more. Identities of what was removed are never given again.
+/// `result::not_found`, and has changed nothing. A failure of the database itself is a `automation::Failure`
+/// with its own message: a call that stands alone has then changed nothing, and a transaction around it can't
+/// be kept any more. Identities of what was removed are never given again.
 class Store {
   public:
     /// Opens a database, or makes a new one (":memory:" makes one that is never written). Throws
-    /// `host::Failure`, whose text names the file, if it is not one of ours, is in use by another process
+    /// `automation::Failure`, whose text names the file, if it is not one of ours, is in use by another
+    /// process
     /// (`database_in_use`), or can't be opened.
     static std::unique_ptr<Store> open(const std::filesystem::path& file);
 
@@ -96,7 +97,8 @@ class Store {
     /// characters, so one who looks up a longer one checks what was found; a value that is no text counts by
     /// its text. An item that bears the name twice, as a field and as a user property, is found by either.
     /// Nothing for a field that is not indexed.
-    virtual std::vector<RowId> lookup(RowId folder, host::TextView field, host::TextView value) = 0;
+    virtual std::vector<RowId> lookup(RowId folder, automation::TextView field,
+                                      automation::TextView value) = 0;
 
     /// Everything between its making and `keep` is written together, or not at all. Transactions may stand
     /// inside each other; what an inner one kept is undone with the outer one.
@@ -110,7 +112,7 @@ class Store {
         Transaction& operator=(const Transaction&) = delete;
 
         /// Ends the transaction, the last step of it. Of an outermost one all is then in the file. Throws
-        /// `host::Failure` if that can't be done, and nothing is kept.
+        /// `automation::Failure` if that can't be done, and nothing is kept.
         void keep() {
             store_.commit();
             open_ = false;

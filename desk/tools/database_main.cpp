@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "desk/tools/sample_data.h"
+#include "desk/tools/database/sample_data.h"
 
 namespace {
 

@@ -20,7 +20,7 @@
 #include <vector>
 
 #include "desk/mail/message.h"
-#include "desk/tools/mail_reader.h"
+#include "desk/tools/mail/mail_reader.h"
 
 namespace {
 
@@ -62,7 +62,7 @@ int read_and_give(const std::string& file, const std::string& output) {
         if (json.size() > desk::mail::largest_answer)
             return give_error("The mail holds too much text.", output);
         return give(json, output, 0);
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         return give_error(failure.what(), output);
     } catch (const std::bad_alloc&) {
         return give_error("The mail takes too much memory.", output);

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 
 namespace desk {
 
-using host::Text;
+using automation::Text;
 
 namespace {
 
@@ -84,7 +84,7 @@ HWND BarStrip::make_toolbar(const ShownBar& bar, int first_command) const {
                         WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_LIST |
                             TBSTYLE_TOOLTIPS | CCS_NOPARENTALIGN | CCS_NORESIZE | CCS_NODIVIDER,
                         0, 0, 0, 0, parent_, nullptr, GetModuleHandleW(nullptr), nullptr);
-    if (!toolbar) throw host::Failure(host::result::fail, u"A toolbar could not be made.");
+    if (!toolbar) throw automation::Failure(automation::result::fail, u"A toolbar could not be made.");
     SendMessageW(toolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     SendMessageW(toolbar, TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS);
     SendMessageW(toolbar, TB_SETBITMAPSIZE, 0, MAKELPARAM(faces_.size(), faces_.size()));

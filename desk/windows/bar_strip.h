@@ -5,7 +5,7 @@
 
 #include "desk/model/command_bars.h"
 #include "desk/windows/faces.h"
-#include "windows/forms/common_controls.h"
+#include "forms/windows/common_controls.h"
 
 namespace desk {
 
@@ -33,13 +33,13 @@ class BarStrip {
     /// Enough to tell whether a button must be made anew.
     struct ShownButton {
         std::weak_ptr<CommandBarControl> control;
-        host::Text caption, tip;
+        automation::Text caption, tip;
         std::int32_t style, face_id, state;
         bool enabled, begins_group;
         bool operator==(const ShownButton& other) const;
     };
     struct ShownBar {
-        host::Text name;
+        automation::Text name;
         std::int32_t position, row;
         std::vector<ShownButton> buttons;
         bool operator==(const ShownBar&) const = default;

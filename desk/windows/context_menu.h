@@ -4,7 +4,7 @@
 #include <span>
 
 #include "desk/model/command_bars.h"
-#include "windows/forms/common_controls.h"
+#include "forms/windows/common_controls.h"
 
 namespace desk {
 

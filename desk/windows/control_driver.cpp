@@ -3,21 +3,21 @@
 #include <algorithm>
 #include <array>
 
+#include "automation/com/com_ptr.h"
+#include "automation/failure.h"
 #include "desk/windows/dragged.h"
 #include "desk/windows/named_window.h"
-#include "host/failure.h"
-#include "windows/com/com_ptr.h"
-#include "windows/forms/common_controls.h"
-#include "windows/forms/form_control.h"
+#include "forms/windows/common_controls.h"
+#include "forms/windows/form_control.h"
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
 using windows::ComPtr;
 using windows::window_text;
-namespace result = host::result;
+namespace result = automation::result;
 
 namespace {
 
@@ -59,7 +59,7 @@ class RealControl : public ControlDriver {
 
     Kind kind() const override {
         constexpr LONG_PTR type_bits = 0xF;
-        if (!host::same_ignoring_case(class_name(there()), u"Button")) return Kind::plain;
+        if (!automation::same_ignoring_case(class_name(there()), u"Button")) return Kind::plain;
         switch (GetWindowLongPtrW(window_, GWL_STYLE) & type_bits) {
             case BS_CHECKBOX:
             case BS_AUTOCHECKBOX:
@@ -79,7 +79,7 @@ class RealControl : public ControlDriver {
     Text tool_tip() const override;
     void click() override {
         act([](HWND window) {
-            if (host::same_ignoring_case(class_name(window), u"Button")) {
+            if (automation::same_ignoring_case(class_name(window), u"Button")) {
                 SendMessageW(window, BM_CLICK, 0, 0);
             } else {
                 press_mouse(window, middle_of(window));
@@ -126,7 +126,7 @@ class RealControl : public ControlDriver {
     }
     /// In place of the text that is there.
     static void type_into(HWND field, TextView text) {
-        const bool is_field = host::same_ignoring_case(class_name(field), u"Edit");
+        const bool is_field = automation::same_ignoring_case(class_name(field), u"Edit");
         if (!is_field || !is_reachable(field) || GetWindowLongPtrW(field, GWL_STYLE) & ES_READONLY) {
             throw Failure(result::fail, u"Nothing can be typed there.");
         }
@@ -146,7 +146,7 @@ Text RealControl::tool_tip() const {
     const HWND parent = GetParent(control);
     const auto id = static_cast<UINT_PTR>(GetDlgCtrlID(control));
     for (const HWND tips : windows_of_thread()) {
-        if (!host::same_ignoring_case(class_name(tips), u"tooltips_class32")) continue;
+        if (!automation::same_ignoring_case(class_name(tips), u"tooltips_class32")) continue;
         const auto tools = static_cast<int>(SendMessageW(tips, TTM_GETTOOLCOUNT, 0, 0));
         for (int i = 0; i < tools; ++i) {
             std::array<wchar_t, longest_text> buffer{};
@@ -342,8 +342,8 @@ class RealList final : public RealControl {
 
 std::unique_ptr<ControlDriver> drive_control(HWND control, windows::Module& module, const Post& post) {
     const Text name = class_name(control);
-    if (host::same_ignoring_case(name, u"ComboBox")) return std::make_unique<RealCombo>(control, post);
-    if (host::same_ignoring_case(name, u"SysListView32")) {
+    if (automation::same_ignoring_case(name, u"ComboBox")) return std::make_unique<RealCombo>(control, post);
+    if (automation::same_ignoring_case(name, u"SysListView32")) {
         return std::make_unique<RealList>(control, module, post);
     }
     return std::make_unique<RealControl>(control, post);

@@ -1,8 +1,8 @@
 // One control of the add-in's real windows.
 #pragma once
 
+#include "automation/com/platform.h"
 #include "desk/windows/window_driver.h"
-#include "windows/com/platform.h"
 
 namespace desk {
 

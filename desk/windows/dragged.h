@@ -1,8 +1,8 @@
 // What is dragged onto a window.
 #pragma once
 
-#include "windows/com/com_object.h"
-#include "windows/com/com_ptr.h"
+#include "automation/com/com_object.h"
+#include "automation/com/com_ptr.h"
 
 namespace desk {
 

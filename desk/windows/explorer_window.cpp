@@ -11,8 +11,8 @@
 
 namespace desk {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -155,8 +155,8 @@ void ExplorerWindow::show_contents() {
     }
     show_selection();
     InvalidateRect(list_, nullptr, FALSE);
-    const Text status = host::to_text(static_cast<long long>(shown_items_.size())) + u" items, " +
-                        host::to_text(static_cast<long long>(desk_.store().unread(shown_folder_))) +
+    const Text status = automation::to_text(static_cast<long long>(shown_items_.size())) + u" items, " +
+                        automation::to_text(static_cast<long long>(desk_.store().unread(shown_folder_))) +
                         u" unread";
     SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(windows::wide(status)));
     refreshing_ = false;
@@ -179,7 +179,7 @@ void ExplorerWindow::show_cell(LVITEMW& cell) {
 }
 
 void ExplorerWindow::take_selection() {
-    std::vector<host::Object> selected;
+    std::vector<automation::Object> selected;
     for (int line = -1; (line = ListView_GetNextItem(list_, line, LVNI_SELECTED)) >= 0;) {
         const auto place = static_cast<std::size_t>(line);
         const auto item = place < shown_items_.size() ? desk_.open_item(shown_items_[place]) : nullptr;
@@ -190,7 +190,7 @@ void ExplorerWindow::take_selection() {
 
 void ExplorerWindow::show_selection() {
     std::vector<int> lines;
-    for (const host::Object& object : explorer_->selected()) {
+    for (const automation::Object& object : explorer_->selected()) {
         const auto item = std::dynamic_pointer_cast<Item>(object.target());
         const auto line = item ? std::ranges::find(shown_items_, item->id()) : shown_items_.end();
         if (line != shown_items_.end()) lines.push_back(static_cast<int>(line - shown_items_.begin()));
@@ -216,8 +216,8 @@ void open_item(Item& item) {
 
 /// Does something with each selected item that is still there.
 void with_selected(const std::shared_ptr<Explorer>& explorer, void (*what)(Item&)) {
-    const std::vector<host::Object> selected = explorer->selected();
-    for (const host::Object& object : selected) {
+    const std::vector<automation::Object> selected = explorer->selected();
+    for (const automation::Object& object : selected) {
         const auto item = std::dynamic_pointer_cast<Item>(object.target());
         if (item && !item->is_gone()) what(*item);
     }

@@ -39,7 +39,7 @@ class ExplorerWindow : public HostFrame {
     std::shared_ptr<Explorer> explorer_;
     HWND tree_ = nullptr, list_ = nullptr, status_ = nullptr;
     std::map<RowId, HTREEITEM> places_;
-    std::vector<std::pair<RowId, host::Text>> shown_folders_;
+    std::vector<std::pair<RowId, automation::Text>> shown_folders_;
     std::vector<RowId> shown_items_;    ///< newest first
     std::optional<ItemRow> shown_row_;  ///< whose cells are being asked for; until something changes
     std::vector<int> shown_selection_;  ///< lines

@@ -5,7 +5,6 @@
 namespace desk {
 namespace {
 
-namespace forms = addin::forms;
 using forms::Color;
 using forms::Picture;
 using forms::Point;

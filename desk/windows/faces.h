@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <map>
 
-#include "windows/forms/drawing.h"
+#include "forms/windows/drawing.h"
 
 namespace desk {
 

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
+#include "automation/com/failure.h"
 #include "desk/windows/shown_value.h"
-#include "windows/com/failure.h"
-#include "windows/forms/form_control.h"
+#include "forms/windows/form_control.h"
 
 namespace desk {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -33,8 +33,8 @@ constexpr HeadLine head_lines[] = {{u"From", u"SenderName"},
 Text head_of(Item& item) {
     Text head = u"Subject:  " + item.subject();
     for (const HeadLine& line : head_lines) {
-        const std::optional<host::Value> value = field_value(item.data(), line.field);
-        if (!value || *value == host::Value(no_date)) continue;
+        const std::optional<automation::Value> value = field_value(item.data(), line.field);
+        if (!value || *value == automation::Value(no_date)) continue;
         const Text text = value->to_text();
         if (!text.empty()) head += u"\r\n" + Text(line.title) + u":  " + text;
     }
@@ -78,14 +78,14 @@ const WrittenKind* written_kind(const Item& item) {
 /// Takes what was typed. Throws `Failure` for what the field can't hold.
 void write(Item& item, TextView member, const Text& typed) {
     if (const tables::FieldRow* const field = find_field(item.kind(), member)) {
-        return item.set_field(*field, host::Value(typed));
+        return item.set_field(*field, automation::Value(typed));
     }
     item.self()
         .get(u"UserProperties")
         .to_object()
-        .call(u"Item", {host::Value(member)})
+        .call(u"Item", {automation::Value(member)})
         .to_object()
-        .put(u"Value", host::Value(typed));
+        .put(u"Value", automation::Value(typed));
 }
 
 }  // namespace
@@ -179,7 +179,7 @@ void InspectorWindow::on_own_command(int command, int code) {
     if (code == EN_CHANGE) {
         try {
             write(item, field.member, windows::window_text(field.edit));
-        } catch (const host::Failure&) {
+        } catch (const automation::Failure&) {
             return;  // a date, say, that isn't whole yet
         }
         field.known = value_of(field);  // what is being typed stays as it is typed

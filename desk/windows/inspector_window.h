@@ -21,14 +21,14 @@ class InspectorWindow : public HostFrame {
     /// A field that can be typed into.
     struct Field {
         HWND title, edit;
-        host::Text member;
-        host::Text known;  ///< of the model
+        automation::Text member;
+        automation::Text known;  ///< of the model
     };
 
     RowId shown_folder() const override;
 
-    void add_field(const host::Text& title, const host::Text& member);
-    host::Text value_of(const Field& field) const;  ///< as the model has it
+    void add_field(const automation::Text& title, const automation::Text& member);
+    automation::Text value_of(const Field& field) const;  ///< as the model has it
     void show_field(Field& field);
 
     std::shared_ptr<Inspector> inspector_;

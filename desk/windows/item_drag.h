@@ -3,10 +3,10 @@
 
 #include <functional>
 
+#include "automation/com/com_object.h"
+#include "automation/com/com_ptr.h"
 #include "desk/model/explorers.h"
-#include "windows/com/com_object.h"
-#include "windows/com/com_ptr.h"
-#include "windows/forms/common_controls.h"
+#include "forms/windows/common_controls.h"
 
 namespace desk {
 

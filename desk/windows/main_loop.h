@@ -4,7 +4,7 @@
 #include <deque>
 #include <functional>
 
-#include "windows/com/platform.h"
+#include "automation/com/platform.h"
 
 namespace desk {
 

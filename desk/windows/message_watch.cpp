@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 
-#include "windows/com/com_ptr.h"
-#include "windows/forms/common_controls.h"
+#include "automation/com/com_ptr.h"
+#include "forms/windows/common_controls.h"
 
 namespace desk {
 
-using host::Text;
+using automation::Text;
 
 namespace {
 
@@ -17,7 +17,7 @@ constexpr UINT_PTR subclass_id = 1;
 constexpr const wchar_t* former_procedure = L"TarnwellDeskFormerProcedure";
 
 /// The system's own complaint that a program could not be started. It is no message of anyone's here.
-constexpr host::TextView system_error_title = u"Error";
+constexpr automation::TextView system_error_title = u"Error";
 
 Text window_text(HWND window) {
     std::array<wchar_t, 4096> buffer{};

@@ -2,16 +2,16 @@
 
 #include <array>
 
-#include "windows/com/com_ptr.h"
+#include "automation/com/com_ptr.h"
 
 namespace desk {
 
-using host::Text;
+using automation::Text;
 
 namespace {
 
 constexpr std::size_t longest_name = 256;
-constexpr host::TextView own_classes = u"TarnwellDesk";
+constexpr automation::TextView own_classes = u"TarnwellDesk";
 
 BOOL CALLBACK collect(HWND window, LPARAM into) {
     reinterpret_cast<std::vector<HWND>*>(into)->push_back(window);

@@ -3,16 +3,16 @@
 
 #include <vector>
 
-#include "host/text.h"
-#include "windows/com/platform.h"
+#include "automation/com/platform.h"
+#include "automation/text.h"
 
 namespace desk {
 
 /// The name of a window or control, asked for by the published message for it (WM_GETCONTROLNAME); empty if
 /// it doesn't answer. For windows of this process.
-host::Text control_name(HWND window);
+automation::Text control_name(HWND window);
 
-host::Text class_name(HWND window);
+automation::Text class_name(HWND window);
 
 /// Whether a window is the desk's own.
 bool is_desk_window(HWND window);

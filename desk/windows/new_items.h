@@ -1,8 +1,8 @@
 // The menu through which a person makes new items.
 #pragma once
 
+#include "automation/com/platform.h"
 #include "desk/store/store.h"
-#include "windows/com/platform.h"
 
 namespace desk {
 

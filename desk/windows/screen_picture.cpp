@@ -5,13 +5,13 @@
 #include <memory>
 #include <vector>
 
-#include "windows/com/com_ptr.h"
-#include "windows/com/failure.h"
+#include "automation/com/com_ptr.h"
+#include "automation/com/failure.h"
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
+using automation::Failure;
+using automation::Text;
 using windows::check;
 using windows::ComPtr;
 
@@ -51,14 +51,14 @@ Picture take_picture(HWND window, int width, int height) {
     void* bits = nullptr;
     const std::unique_ptr<std::remove_pointer_t<HBITMAP>, decltype(&DeleteObject)> bitmap(
         CreateDIBSection(memory.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0), &DeleteObject);
-    if (!bitmap) throw Failure(host::result::fail, u"There is no memory for a picture of the screen.");
+    if (!bitmap) throw Failure(automation::result::fail, u"There is no memory for a picture of the screen.");
     const HGDIOBJ former = SelectObject(memory.get(), bitmap.get());
     const BOOL copied = BitBlt(memory.get(), 0, 0, width, height, screen.handle, 0, 0, SRCCOPY);
     GdiFlush();
     const auto* const first = static_cast<const BYTE*>(bits);
     picture.pixels.assign(first, first + std::size_t{picture.width} * picture.height * bytes_per_pixel);
     SelectObject(memory.get(), former);
-    if (!copied) throw Failure(host::result::fail, u"The screen could not be read.");
+    if (!copied) throw Failure(automation::result::fail, u"The screen could not be read.");
     return picture;
 }
 

@@ -1,15 +1,15 @@
 // Pictures of the screen and of windows.
 #pragma once
 
-#include "host/text.h"
-#include "windows/com/platform.h"
+#include "automation/com/platform.h"
+#include "automation/text.h"
 
 namespace desk {
 
-/// Writes what the screen shows as a PNG file. Throws `host::Failure` if it can't.
-void save_screen_picture(const host::Text& path);
+/// Writes what the screen shows as a PNG file. Throws `automation::Failure` if it can't.
+void save_screen_picture(const automation::Text& path);
 
 /// The same of a window's client area, whatever stands before it. It must have painted itself.
-void save_window_picture(HWND window, const host::Text& path);
+void save_window_picture(HWND window, const automation::Text& path);
 
 }  // namespace desk

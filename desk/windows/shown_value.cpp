@@ -2,10 +2,10 @@
 
 namespace desk {
 
-host::Text shown_value(const ItemData& item, host::TextView field) {
-    const std::optional<host::Value> value = field_value(item, field);
+automation::Text shown_value(const ItemData& item, automation::TextView field) {
+    const std::optional<automation::Value> value = field_value(item, field);
     if (!value) return {};
-    if (value->is(host::Value::Type::date)) {
+    if (value->is(automation::Value::Type::date)) {
         if (value->to_date() == no_date) return {};
         constexpr std::size_t without_seconds = 16;
         return value->to_text().substr(0, without_seconds);

@@ -6,6 +6,6 @@
 namespace desk {
 
 /// A date without its seconds, and nothing for no date or a field that the item hasn't.
-host::Text shown_value(const ItemData& item, host::TextView field);
+automation::Text shown_value(const ItemData& item, automation::TextView field);
 
 }  // namespace desk

@@ -2,14 +2,14 @@
 
 #include <cwchar>
 
+#include "automation/com/com_ptr.h"
+#include "automation/com/failure.h"
 #include "desk/windows/named_window.h"
-#include "windows/com/com_ptr.h"
-#include "windows/com/failure.h"
-#include "windows/forms/form_control.h"
+#include "forms/windows/form_control.h"
 
 namespace desk {
 
-using host::Text;
+using automation::Text;
 using windows::window_text;
 
 namespace {

@@ -3,8 +3,8 @@
 
 #include <set>
 
+#include "automation/com/platform.h"
 #include "desk/model/desk.h"
-#include "windows/com/platform.h"
 
 namespace desk {
 

@@ -2,7 +2,7 @@
 
 #include <windowsx.h>
 
-#include "windows/com/failure.h"
+#include "automation/com/failure.h"
 
 namespace desk {
 namespace {
@@ -20,12 +20,13 @@ void register_class(const wchar_t* name, WNDPROC procedure) {
 
 }  // namespace
 
-DeskWindow::DeskWindow(const wchar_t* class_name, const host::Text& caption, RECT place) : caption_(caption) {
+DeskWindow::DeskWindow(const wchar_t* class_name, const automation::Text& caption, RECT place)
+    : caption_(caption) {
     register_class(class_name, procedure);
     window_ = CreateWindowExW(0, class_name, windows::wide(caption), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                               place.left, place.top, place.right - place.left, place.bottom - place.top,
                               nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    if (!window_) throw host::Failure(host::result::fail, u"A window could not be made.");
+    if (!window_) throw automation::Failure(automation::result::fail, u"A window could not be made.");
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -34,7 +35,7 @@ DeskWindow::~DeskWindow() {
     DestroyWindow(window_);
 }
 
-void DeskWindow::caption(const host::Text& text) {
+void DeskWindow::caption(const automation::Text& text) {
     if (text == caption_) return;
     caption_ = text;
     SetWindowTextW(window_, windows::wide(text));

@@ -1,9 +1,9 @@
 // A top-level window of the desk's own: the system's handle and its messages as members of a class.
 #pragma once
 
-#include "host/text.h"
-#include "windows/com/com_ptr.h"
-#include "windows/forms/common_controls.h"
+#include "automation/com/com_ptr.h"
+#include "automation/text.h"
+#include "forms/windows/common_controls.h"
 
 namespace desk {
 
@@ -13,11 +13,11 @@ class DeskWindow {
     DeskWindow& operator=(const DeskWindow&) = delete;
 
   protected:
-    DeskWindow(const wchar_t* class_name, const host::Text& caption, RECT place);
+    DeskWindow(const wchar_t* class_name, const automation::Text& caption, RECT place);
     virtual ~DeskWindow();
 
     HWND handle() const { return window_; }
-    void caption(const host::Text& text);
+    void caption(const automation::Text& text);
 
     /// A control in the window, in the system's font.
     HWND add_control(const wchar_t* class_name, DWORD style, DWORD extended_style, int id,
@@ -41,7 +41,7 @@ class DeskWindow {
 
     HWND window_ = nullptr;
     HWND focus_ = nullptr;  ///< the control that had the focus when the window was last active
-    host::Text caption_;
+    automation::Text caption_;
 };
 
 }  // namespace desk

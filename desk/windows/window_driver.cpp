@@ -1,17 +1,17 @@
 #include "desk/windows/window_driver.h"
 
+#include "automation/failure.h"
 #include "desk/windows/control_driver.h"
 #include "desk/windows/named_window.h"
-#include "host/failure.h"
-#include "windows/forms/form_control.h"
+#include "forms/windows/form_control.h"
 
 namespace desk {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
 using windows::window_text;
-namespace result = host::result;
+namespace result = automation::result;
 
 namespace {
 
@@ -49,7 +49,7 @@ class RealWindow final : public WindowDriver {
     }
     std::unique_ptr<ControlDriver> control(TextView name) override {
         for (const HWND control : windows_inside(there())) {
-            if (host::same_ignoring_case(control_name(control), name)) {
+            if (automation::same_ignoring_case(control_name(control), name)) {
                 return drive_control(control, module_, post_);
             }
         }

@@ -3,8 +3,8 @@
 
 #include <functional>
 
+#include "automation/com/module.h"
 #include "desk/model/window_driver.h"
-#include "windows/com/module.h"
 
 namespace desk {
 
@@ -13,6 +13,6 @@ using Post = std::function<void(std::function<void()>)>;
 
 /// The window of this thread with that caption that isn't the desk's own, a visible one before a hidden one;
 /// null if there is none. The module lives longer.
-std::unique_ptr<WindowDriver> find_window(host::TextView caption, windows::Module& module, Post post);
+std::unique_ptr<WindowDriver> find_window(automation::TextView caption, windows::Module& module, Post post);
 
 }  // namespace desk

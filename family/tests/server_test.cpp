@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <thread>
 
+#include "automation/com/apartment.h"
+#include "automation/failure.h"
 #include "family/create.h"
 #include "family/tests/test_key.h"
 #include "family/windows/registry_list.h"
-#include "host/failure.h"
-#include "windows/com/apartment.h"
 
 namespace {
 
 using namespace family_test;
-using host::Value;
+using automation::Value;
 using windows::ComPtr;
 
 /// The server file, loaded as COM loads it.
@@ -47,7 +47,7 @@ struct FamilyServer : testing::Test {
 
     void SetUp() override { ASSERT_TRUE(server); }
 
-    ComPtr<IDispatch> make(host::TextView prog_id) const {
+    ComPtr<IDispatch> make(automation::TextView prog_id) const {
         const auto classes = family::classes();
         const auto entry = std::ranges::find(classes, prog_id, &family::ClassEntry::prog_id);
         ComPtr<IClassFactory> factory;
@@ -56,19 +56,19 @@ struct FamilyServer : testing::Test {
         EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, object.put_void()), S_OK);
         return object;
     }
-    host::Object asked(host::TextView prog_id) const {
-        return host::Object(apartment->adapt(make(prog_id).get()));
+    automation::Object asked(automation::TextView prog_id) const {
+        return automation::Object(apartment->adapt(make(prog_id).get()));
     }
 };
 
 TEST_F(FamilyServer, MakesEachOfItsClasses) {
-    const std::pair<host::TextView, host::TextView> members[] = {
+    const std::pair<automation::TextView, automation::TextView> members[] = {
         {u"Tarnwell.connect", u"generateid"},      {u"ContactList.List", u"slist"},
         {u"TarnwellReports.Reports", u"Initiate"}, {u"TarnwellOMG.SafeMailItem", u"Item"},
         {u"TarnwellOMG.SafeContactItem", u"Item"}, {u"TarnwellOMG.SafePostItem", u"Item"},
     };
     for (const auto& [prog_id, member] : members)
-        EXPECT_NO_THROW(asked(prog_id).get(member)) << host::to_utf8(prog_id);
+        EXPECT_NO_THROW(asked(prog_id).get(member)) << automation::to_utf8(prog_id);
 }
 
 TEST_F(FamilyServer, HasNoOtherClass) {
@@ -86,15 +86,15 @@ TEST_F(FamilyServer, StaysLoadedWhileItsObjectsLive) {
 }
 
 TEST_F(FamilyServer, ReadsItsSettingsFromTheRegistryAtEachCall) {
-    const host::Object main = asked(u"Tarnwell.connect");
+    const automation::Object main = asked(u"Tarnwell.connect");
     EXPECT_EQ(main.call(u"GetUserName"), Value(u""));
     write_text(HKEY_CURRENT_USER, key, L"UserName", L"Ann L\u00e9e");
     EXPECT_EQ(main.call(u"GetUserName"), Value(u"Ann L\u00e9e"));
     write_text(HKEY_CURRENT_USER, key, L"UserName", std::wstring(500, L'x'));
-    EXPECT_EQ(main.call(u"GetUserName"), Value(host::Text(500, u'x')));
+    EXPECT_EQ(main.call(u"GetUserName"), Value(automation::Text(500, u'x')));
     for (const std::size_t length : {126u, 127u, 128u}) {
         write_text(HKEY_CURRENT_USER, key, L"UserName", std::wstring(length, L'y'));
-        EXPECT_EQ(main.call(u"GetUserName"), Value(host::Text(length, u'y')));
+        EXPECT_EQ(main.call(u"GetUserName"), Value(automation::Text(length, u'y')));
     }
     write_text(HKEY_CURRENT_USER, key, L"UserName", L"");
     EXPECT_EQ(main.call(u"GetUserName"), Value(u""));
@@ -105,14 +105,14 @@ TEST_F(FamilyServer, FailsAsTheSettingSays) {
     try {
         asked(u"Tarnwell.connect").call(u"generateid");
         FAIL();
-    } catch (const host::Failure& failure) {
-        EXPECT_EQ(failure.number(), host::result::fail);
+    } catch (const automation::Failure& failure) {
+        EXPECT_EQ(failure.number(), automation::result::fail);
         EXPECT_EQ(failure.description(), u"MainAddIn.generateid is among the members that fail");
     }
 }
 
 TEST_F(FamilyServer, RecordsCallsInTheRegistry) {
-    const host::Object main = asked(u"Tarnwell.connect");
+    const automation::Object main = asked(u"Tarnwell.connect");
     main.put(u"messageid", u"00A1");
     main.call(u"reloadtoolbar", {u"UNLOAD"});
     EXPECT_EQ(read_text(HKEY_CURRENT_USER, key + L"\\Calls", L"0001"), L"MainAddIn.messageid = 00A1");
@@ -121,9 +121,9 @@ TEST_F(FamilyServer, RecordsCallsInTheRegistry) {
 }
 
 TEST_F(FamilyServer, GivesAnItemBackAsItCame) {
-    const host::Object safe = asked(u"TarnwellOMG.SafeMailItem");
+    const automation::Object safe = asked(u"TarnwellOMG.SafeMailItem");
     const ComPtr<IDispatch> item = make(u"ContactList.List");
-    const host::Object object(apartment->adapt(item.get()));
+    const automation::Object object(apartment->adapt(item.get()));
     safe.put(u"Item", object);
     EXPECT_EQ(safe.get(u"Item"), Value(object));
     safe.put(u"FolderId", u"00A1");
@@ -136,7 +136,7 @@ TEST_F(FamilyServer, ServesEachThreadForItself) {
         EXPECT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
         {
             const auto other = windows::Apartment::create(module, u"other");
-            const host::Object main(other->adapt(make(u"Tarnwell.connect").get()));
+            const automation::Object main(other->adapt(make(u"Tarnwell.connect").get()));
             EXPECT_EQ(main.call(u"generateid").to_text().size(), 48u);
         }
         CoUninitialize();

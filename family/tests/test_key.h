@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "windows/com/platform.h"
+#include "automation/com/platform.h"
 
 namespace family_test {
 

@@ -1,8 +1,8 @@
 // The entry points of the server.
 
+#include "automation/com/failure.h"
 #include "family/windows/registration.h"
 #include "family/windows/server.h"
-#include "windows/com/failure.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ family::Server& server() {
 }
 
 /// The path of the file that this code stands in.
-host::Text own_file() {
+automation::Text own_file() {
     HMODULE module = nullptr;
     constexpr DWORD by_address =
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
@@ -21,7 +21,7 @@ host::Text own_file() {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
         const DWORD length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) return host::Text(windows::from_wide(path.data(), length));
+        if (length < path.size()) return automation::Text(windows::from_wide(path.data(), length));
         path.resize(path.size() * 2);
     }
 }

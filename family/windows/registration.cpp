@@ -2,13 +2,13 @@
 
 #include <array>
 
-#include "windows/com/com_ptr.h"
+#include "automation/com/com_ptr.h"
 
 namespace family {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 struct Entry {
     Text key;

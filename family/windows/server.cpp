@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "automation/com/class_factory.h"
 #include "family/windows/windows_surroundings.h"
-#include "windows/com/class_factory.h"
 
 namespace family {
 

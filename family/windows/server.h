@@ -4,8 +4,8 @@
 #include <map>
 #include <mutex>
 
+#include "automation/com/apartment.h"
 #include "family/create.h"
-#include "windows/com/apartment.h"
 
 namespace family {
 

@@ -1,14 +1,14 @@
 #include "family/windows/windows_surroundings.h"
 
+#include "addin/server/desktop/windows_desktop.h"
+#include "automation/com/failure.h"
+#include "automation/com/variant.h"
 #include "family/windows/registry_list.h"
-#include "windows/com/failure.h"
-#include "windows/com/variant.h"
-#include "windows/desktop/windows_desktop.h"
 
 namespace family {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -45,16 +45,16 @@ std::optional<Text> WindowsSurroundings::read_setting(TextView name) {
     return text;
 }
 
-host::Object WindowsSurroundings::application() {
+automation::Object WindowsSurroundings::application() {
     CLSID id{};
     windows::check(CLSIDFromProgID(L"Outlook.Application", &id), u"Outlook.Application");
     windows::ComPtr<IDispatch> application;
     windows::check(CoCreateInstance(id, nullptr, CLSCTX_SERVER, IID_IDispatch, application.put_void()),
                    u"Outlook.Application");
-    return host::Object(apartment_->adapt(application.get()));
+    return automation::Object(apartment_->adapt(application.get()));
 }
 
-std::shared_ptr<addin::forms::Engine> WindowsSurroundings::engine() {
+std::shared_ptr<forms::Engine> WindowsSurroundings::engine() {
     std::shared_ptr<windows::FormEngine> engine = engine_.lock();
     if (!engine) {
         engine = std::make_shared<windows::FormEngine>(apartment_->module(), windows::screen_dots_per_inch);
@@ -65,7 +65,7 @@ std::shared_ptr<addin::forms::Engine> WindowsSurroundings::engine() {
 
 void WindowsSurroundings::record(Text call) {
     if (!append_to_list(L"Calls", windows::wide(call))) {
-        throw host::Failure(host::result::fail, u"The family's list of calls can't be written");
+        throw automation::Failure(automation::result::fail, u"The family's list of calls can't be written");
     }
 }
 

@@ -4,9 +4,9 @@
 #include <memory>
 #include <type_traits>
 
+#include "automation/com/apartment.h"
 #include "family/surroundings.h"
-#include "windows/com/apartment.h"
-#include "windows/forms/form_engine.h"
+#include "forms/windows/form_engine.h"
 
 namespace family {
 
@@ -16,11 +16,11 @@ class WindowsSurroundings : public Surroundings {
     explicit WindowsSurroundings(std::shared_ptr<windows::Apartment> apartment)
         : apartment_(std::move(apartment)) {}
 
-    std::optional<host::Text> read_setting(host::TextView name) override;
-    host::Object application() override;
-    std::shared_ptr<addin::forms::Engine> engine() override;
-    void record(host::Text call) override;
-    host::Text number_text(double number) override;
+    std::optional<automation::Text> read_setting(automation::TextView name) override;
+    automation::Object application() override;
+    std::shared_ptr<forms::Engine> engine() override;
+    void record(automation::Text call) override;
+    automation::Text number_text(double number) override;
 
   private:
     struct CloseKey {

@@ -4,9 +4,9 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 
 namespace {
 constexpr TextView caption = u"Account List", entries = u"lstItems";

@@ -16,11 +16,11 @@ class AccountPicker {
     std::int32_t count() const;
 
     /// Highlights an account by its name and takes it; fails the test if there is none such.
-    void choose(host::TextView account) const;
+    void choose(automation::TextView account) const;
     void cancel() const;
 
   private:
-    host::Object control(host::TextView name) const;
+    automation::Object control(automation::TextView name) const;
 
     World& world_;
 };

@@ -2,9 +2,9 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 
 Object AddInWindow::window() const { return window_of(world_, caption_); }
 

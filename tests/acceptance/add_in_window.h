@@ -11,18 +11,18 @@ class AddInWindow {
     bool is_open() const;
     bool closes() const;  ///< waits until it has gone
 
-    host::Object window() const;
-    host::Object control(host::TextView name) const;
+    automation::Object window() const;
+    automation::Object control(automation::TextView name) const;
 
-    std::string text(host::TextView name) const;
-    bool is_chosen(host::TextView toggle) const;
-    bool is_enabled(host::TextView name) const;
+    std::string text(automation::TextView name) const;
+    bool is_chosen(automation::TextView toggle) const;
+    bool is_enabled(automation::TextView name) const;
 
-    void click(host::TextView name) const;
-    void type(host::TextView name, host::TextView text) const;
+    void click(automation::TextView name) const;
+    void type(automation::TextView name, automation::TextView text) const;
     /// Chooses an entry of a drop-down list; fails the test if there is none such.
-    void choose(host::TextView list, host::TextView entry) const;
-    Lines entries(host::TextView list) const;
+    void choose(automation::TextView list, automation::TextView entry) const;
+    Lines entries(automation::TextView list) const;
 
     // its list
 
@@ -40,7 +40,7 @@ class AddInWindow {
 
   protected:
     /// Of the list's columns the last one holds the entry id.
-    AddInWindow(World& world, host::TextView caption, host::TextView list, int columns)
+    AddInWindow(World& world, automation::TextView caption, automation::TextView list, int columns)
         : world_(world), caption_(caption), list_(list), columns_(columns) {}
     ~AddInWindow() = default;
     AddInWindow(const AddInWindow&) = delete;
@@ -49,7 +49,7 @@ class AddInWindow {
     World& world_;
 
   private:
-    host::TextView caption_, list_;
+    automation::TextView caption_, list_;
     int columns_;
 };
 

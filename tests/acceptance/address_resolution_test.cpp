@@ -1,13 +1,13 @@
 // How a sender's addresses lead to a contact record.
-#include "filing/address_resolution.h"
+#include "addin/filing/address_resolution.h"
 #include "tests/acceptance/people.h"
 
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 class AddressResolution : public Filing {
@@ -166,7 +166,7 @@ TEST_F(AddressResolution, TellsInternetAddressesFromOthers) {
     for (const SenderCase& one : cases) {
         SCOPED_TRACE(one.name);
         World& world = emptied();
-        if (one.option) world.option(u"SaveExchangeEmail", host::from_utf8(one.option));
+        if (one.option) world.option(u"SaveExchangeEmail", automation::from_utf8(one.option));
         add_contact(world, u"Ann Lee", one.contact_address);
         const Item mail = read_mail(world, {.more = one.header});
         if (one.found) {

@@ -7,9 +7,9 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -108,7 +108,7 @@ TEST_F(AppointmentConversion, DropsWhatWasTypedIntoASavedOne) {
     const ItemState before = state_of(appointment);
     const Lines opened = convert(appointment, [&] { appointment.put(u"Location", u"Hull"); });
     ASSERT_EQ(opened.size(), 1U);
-    EXPECT_EQ(changes(before, state_of(again(host::from_utf8(opened[0])))),
+    EXPECT_EQ(changes(before, state_of(again(automation::from_utf8(opened[0])))),
               Lines{shown(u"MessageClass: IPM.Appointment.TarnwellAppt instead of IPM.Appointment")});
 }
 

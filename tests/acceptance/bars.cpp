@@ -4,9 +4,9 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 namespace {
@@ -55,7 +55,7 @@ Lines bars_of(const Object& window) {
     std::string item_id;
     try {
         item_id = text_of(window.get(u"CurrentItem").to_object(), u"EntryID");
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         // an explorer, or an item that has gone
     }
     Lines lines;
@@ -94,11 +94,11 @@ std::int32_t count_controls(const Object& window, TextView bar, TextView tag) {
 
 Object add_button(const Object& bar, TextView tag, bool temporary) {
     constexpr std::int32_t button = 1;  // MsoControlType
-    const Object control =
-        bar.get(u"Controls")
-            .to_object()
-            .call(u"Add", {button, host::Missing{}, host::Missing{}, host::Missing{}, temporary})
-            .to_object();
+    const Object control = bar.get(u"Controls")
+                               .to_object()
+                               .call(u"Add", {button, automation::Missing{}, automation::Missing{},
+                                              automation::Missing{}, temporary})
+                               .to_object();
     control.put(u"Tag", tag);
     control.put(u"Visible", false);
     return control;
@@ -113,7 +113,7 @@ Lines joined(std::initializer_list<Lines> parts) {
 OpenedItem::~OpenedItem() {
     try {
         close();
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         // its item has been sent or deleted, and the window with it
     }
 }
@@ -128,14 +128,14 @@ Item new_item(World& world, std::int32_t default_folder, TextView message_class)
     return world.session().GetDefaultFolder(default_folder).Items().Add(message_class);
 }
 
-host::outlook::Item new_sticky_note(World& world, host::TextView account_id) {
+host::outlook::Item new_sticky_note(World& world, automation::TextView account_id) {
     const host::outlook::Item note = new_item(world, item_type::note);
     note.Body(u"Call Ann");
     note.get(u"PropertyAccessor")
         .to_object()
         .call(u"SetProperty",
               {u"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/AccountID",
-               host::Value(account_id)});
+               automation::Value(account_id)});
     note.Save();
     return note;
 }

@@ -8,19 +8,21 @@ namespace acceptance {
 /// All bars of a window with their controls, in their order. A bar is told as "Menu Bar, row -1, shown,
 /// enabled"; each control that isn't the host's own as "  Caption [Tag] face 1978, style 3, OnAction, group,
 /// shown" and what else it bears. The id of the window's item is told as "its id".
-Lines bars_of(const host::Object& window);
+Lines bars_of(const automation::Object& window);
 
 /// A bar of a window by its name, or Nothing.
-host::Object find_bar(const host::Object& window, host::TextView name);
+automation::Object find_bar(const automation::Object& window, automation::TextView name);
 
 /// The first control of a window's bar that bears a tag, or Nothing.
-host::Object find_control(const host::Object& window, host::TextView bar, host::TextView tag);
+automation::Object find_control(const automation::Object& window, automation::TextView bar,
+                                automation::TextView tag);
 
 /// How many controls of a window's bar bear a tag.
-std::int32_t count_controls(const host::Object& window, host::TextView bar, host::TextView tag);
+std::int32_t count_controls(const automation::Object& window, automation::TextView bar,
+                            automation::TextView tag);
 
 /// Adds a button of a tag to a bar, hidden; one of the window's own, or one that stays.
-host::Object add_button(const host::Object& bar, host::TextView tag, bool temporary = true);
+automation::Object add_button(const automation::Object& bar, automation::TextView tag, bool temporary = true);
 
 /// Several lists of lines, one after the other.
 Lines joined(std::initializer_list<Lines> parts);
@@ -42,7 +44,7 @@ class OpenedItem {
     void close();
 
     const host::outlook::Item item;
-    const host::Object window;
+    const automation::Object window;
 };
 
 /// A new item of the host's own kinds (OlItemType), not saved.
@@ -53,10 +55,10 @@ inline constexpr std::int32_t mail = 0, appointment = 1, contact = 2, task = 3, 
 host::outlook::Item new_item(World& world, std::int32_t type);
 
 /// A new item of a class in one of the user's own folders, not saved.
-host::outlook::Item new_item(World& world, std::int32_t default_folder, host::TextView message_class);
+host::outlook::Item new_item(World& world, std::int32_t default_folder, automation::TextView message_class);
 
 /// A sticky note that bears an account's id.
-host::outlook::Item new_sticky_note(World& world, host::TextView account_id);
+host::outlook::Item new_sticky_note(World& world, automation::TextView account_id);
 
 /// What the first explorer shows.
 void show_folder(World& world, const host::outlook::Folder& folder);

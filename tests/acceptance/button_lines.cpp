@@ -4,8 +4,8 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::TextView;
+using automation::Object;
+using automation::TextView;
 
 namespace {
 

@@ -63,7 +63,7 @@ const char* told(BarState state);
 
 /// Makes "TarnwellCreateNote" in a window so that whatever the add-in does to it can be seen: shown, disabled
 /// and in row 7. Answers it; Nothing if it is to be absent.
-host::Object prepare_bar(const host::Object& window, BarState state);
+automation::Object prepare_bar(const automation::Object& window, BarState state);
 
 /// The bar as it was made, and as it is if the add-in has only hidden it.
 Lines bar_as_left(const Lines& controls);

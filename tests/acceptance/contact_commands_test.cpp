@@ -6,8 +6,8 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;
 

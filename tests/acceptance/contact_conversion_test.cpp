@@ -8,10 +8,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -498,8 +498,8 @@ TEST_F(ContactConversion, IsDoneEvenIfTheHostLetsGoOfTheAddInMeanwhile) {
         World& world = furnished();
         const Item contact = personal({{u"FullName", u"Ann Lee"}});
         const Object entry = world.application().COMAddIns().Item(u"CreateNote.Connect");
-        world.desk().call(u"Meanwhile",
-                          {Value(u"Ann Lee" + host::from_utf8(kind->told)), Value(entry), u"Connect", false});
+        world.desk().call(u"Meanwhile", {Value(u"Ann Lee" + automation::from_utf8(kind->told)), Value(entry),
+                                         u"Connect", false});
         convert(*kind, contact);
         EXPECT_TRUE(world.wait_until([&] { return !entry.get(u"Connect").to_boolean(); }));
         ASSERT_TRUE(record(*kind));

@@ -6,8 +6,8 @@
 namespace acceptance {
 namespace {
 
-using host::TextView;
-using host::Value;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 class CreateNoteDialog : public Filing {

@@ -6,8 +6,8 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -146,7 +146,7 @@ TEST_F(CreateNoteFromRecord, CopiesThePropertyThatTheKeysHeadingNames) {
         World& world = emptied();
         add_record(world.below(u"Opportunities"), u"IPM.Post.Other",
                    {{u"AccountID", u"A-1"}, {u"Opportunity Name", u"Copied"}});
-        Target target = target_of(u"Key " + host::from_utf8(one.name),
+        Target target = target_of(u"Key " + automation::from_utf8(one.name),
                                   Text(accounts_path) + u"\\Opportunities", u"AccountID");
         target.key_heading = one.heading;
         install(world, {target});

@@ -4,9 +4,9 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 
 constexpr std::int32_t yes = 6, no = 7;

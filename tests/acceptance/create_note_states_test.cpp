@@ -4,8 +4,8 @@
 namespace acceptance {
 namespace {
 
-using host::TextView;
-using host::Value;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 const Lines addresses{"ann.lee@northmill.example", "tom.prior@tarnwell.example"};
@@ -343,7 +343,7 @@ TEST_F(NoteDialogStates, ASecondClickWhileANoteIsMadeMakesAnother) {
     for (int i = 0; i < 2; ++i) {
         answer(u"Done - creating Note for ", 1);
         world().desk().call(u"Meanwhile", {u"SelectionChange", Value(dialog().control(u"cmdSend")), u"Click",
-                                           host::Missing{}});
+                                           automation::Missing{}});
     }
     world().desk().call(u"Select", {Value(other)});
     EXPECT_TRUE(world().wait_until([&] { return count_in(world(), u"Email") == 2; }));

@@ -6,9 +6,9 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 

@@ -4,10 +4,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 constexpr std::int32_t ok = 1;
@@ -65,7 +65,8 @@ TEST_F(DialogSearch, ReadsAFieldByEachNotation) {
     NoteDialog& dialog = [&]() -> NoteDialog& {
         std::vector<Target> targets;
         for (const Case& one : cases) {
-            Target target{.name = host::from_utf8(one.name), .definition = host::from_utf8(one.name)};
+            Target target{.name = automation::from_utf8(one.name),
+                          .definition = automation::from_utf8(one.name)};
             target.fields[0] = one.field;
             target.fields[1] = u"&H3001001E";
             targets.push_back(target);
@@ -75,7 +76,7 @@ TEST_F(DialogSearch, ReadsAFieldByEachNotation) {
     }();
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        dialog.search(host::from_utf8(one.name), u"Ann");
+        dialog.search(automation::from_utf8(one.name), u"Ann");
         ASSERT_EQ(dialog.count(), 1);
         EXPECT_EQ(dialog.cell(1, 1), one.value);
         EXPECT_EQ(dialog.cell(1, 2), "Ann Lee");
@@ -221,7 +222,7 @@ TEST_F(DialogSearch, ShowsFieldsThatAreNoTextsByTheirTypes) {
         contact.UserProperties().Add(name, type, false).value(value);
     };
     add(u"Amount", number, -1234.5);
-    add(u"Day", date, host::to_date({2009, 12, 31, 22, 30, 0}));
+    add(u"Day", date, automation::to_date({2009, 12, 31, 22, 30, 0}));
     add(u"Share", number, 0.256);
     add(u"Known", yes_or_no, true);
     contact.Save();
@@ -345,7 +346,7 @@ TEST_F(DialogSearch, StartedWithinAnotherFillsTheListUnderIt) {
     dialog.type(u"SearchString", u"Ann");
     for (int i = 0; i < 2; ++i) {
         same.desk().call(u"Meanwhile", {u"SelectionChange", Value(dialog.control(u"cmdSearch")), u"Click",
-                                        host::Missing{}});
+                                        automation::Missing{}});
     }
     same.desk().call(u"Select", {Value(other)});
     EXPECT_TRUE(dialog.header_becomes(u"Search Complete for Ann"));
@@ -362,7 +363,7 @@ TEST_F(DialogSearch, ShowsEveryItemThatItFinds) {
     Lines names;
     for (int i = 0; i < many; ++i) {
         names.push_back("Ann " + std::to_string(many - i));
-        add_contact(same, {.full_name = host::from_utf8(names.back())});
+        add_contact(same, {.full_name = automation::from_utf8(names.back())});
     }
     install(same, {Target{}});
     NoteDialog& dialog = opened();

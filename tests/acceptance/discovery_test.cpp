@@ -1,14 +1,14 @@
 // Finding a database in the profile's stores, and what the user's answer does.
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 #include "tests/acceptance/search_panel.h"
 
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 
 constexpr TextView title = u"Choose Tarnwell Database";

@@ -6,10 +6,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 constexpr TextView first_host = u"9.0.0.3821", later_host = u"16.0.0.0";

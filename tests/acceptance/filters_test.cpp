@@ -1,6 +1,6 @@
 // The texts of searches, and how a found value is shown. Formats are those of a machine with United States
 // settings.
-#include "records/filters.h"
+#include "addin/records/filters.h"
 #include "tests/acceptance/people.h"
 
 namespace acceptance {
@@ -12,8 +12,8 @@ using addin::records::NoteFilter;
 using addin::records::NoteFilterBoxes;
 using addin::records::RangeTerm;
 using addin::records::TemplateFilter;
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 /// What a builder makes of a value, and what it leaves of the value itself.
 struct Built {

@@ -5,9 +5,9 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 using Texts = std::vector<std::string>;

@@ -7,9 +7,9 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 
 ItemState state_of(const host::outlook::Item& item) {
     // the desk tells all at once: to ask for each of the hundreds of fields takes its time

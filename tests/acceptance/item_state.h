@@ -23,10 +23,10 @@ void empty_folder(const host::outlook::Folder& folder);
 Lines boxes(World& world, std::int32_t from = 0);
 
 /// Presses a control of a window's bar and waits until its handler is over, if `waits`.
-void press(World& world, const host::Object& window, host::TextView bar, host::TextView tag,
+void press(World& world, const automation::Object& window, automation::TextView bar, automation::TextView tag,
            bool waits = true);
 
 /// Has the next message box of a text answered.
-void answer(World& world, host::TextView text, std::int32_t button);
+void answer(World& world, automation::TextView text, std::int32_t button);
 
 }  // namespace acceptance

@@ -1,13 +1,13 @@
 #include "tests/acceptance/linked_items.h"
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 
 namespace acceptance {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 using host::outlook::Items;

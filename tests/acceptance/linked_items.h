@@ -10,8 +10,8 @@ namespace acceptance {
 struct LinkedKind {
     const char* name;
     std::int32_t own_folder;  ///< the number of the default folder
-    host::TextView message_class, plain_class, key;
-    host::TextView shared_folder, guard, enabled, folder_option;
+    automation::TextView message_class, plain_class, key;
+    automation::TextView shared_folder, guard, enabled, folder_option;
     const char* status;
 };
 inline constexpr LinkedKind appointments = {"appointments",
@@ -38,11 +38,11 @@ inline constexpr const LinkedKind* linked_kinds[] = {&appointments, &linked_task
 
 /// A linked item, complete unless a test wants it otherwise.
 struct LinkedPlan {
-    host::Text subject = u"Plan of the new line";
-    host::Text key = u"K-1";
-    host::Text account_id = u"A-100", contact_id = u"C-200";
-    host::TextView message_class{};  ///< if it isn't the kind's own
-    bool opened = true;              ///< its form is open from when it was saved
+    automation::Text subject = u"Plan of the new line";
+    automation::Text key = u"K-1";
+    automation::Text account_id = u"A-100", contact_id = u"C-200";
+    automation::TextView message_class{};  ///< if it isn't the kind's own
+    bool opened = true;                    ///< its form is open from when it was saved
 };
 
 class Replicas : public Acceptance {
@@ -50,7 +50,7 @@ class Replicas : public Acceptance {
     /// Where the user's own items and their replicas lie.
     static host::outlook::Folder own(World& world, const LinkedKind& kind);
     static host::outlook::Folder shared(World& world, const LinkedKind& kind);
-    static host::outlook::Folder shared(World& world, host::TextView name);
+    static host::outlook::Folder shared(World& world, automation::TextView name);
 
     /// An item of the user's own, saved while its class had no window open.
     host::outlook::Item add(World& world, const LinkedKind& kind, const LinkedPlan& plan = {});
@@ -60,7 +60,7 @@ class Replicas : public Acceptance {
     void close_forms() { opened_.clear(); }
 
     /// What the user does who changes an item.
-    static void change(World& world, const host::outlook::Item& item, host::TextView subject);
+    static void change(World& world, const host::outlook::Item& item, automation::TextView subject);
 
     /// The same world again without windows, items of a kind and options: for the next of several cases.
     World& emptied(const LinkedKind& kind);
@@ -79,11 +79,12 @@ class Replicas : public Acceptance {
 
     /// An item that bears the same key, in a folder.
     static host::outlook::Item add_twin(const LinkedKind& kind, const host::outlook::Folder& folder,
-                                        host::TextView subject, host::TextView key = u"K-1");
+                                        automation::TextView subject, automation::TextView key = u"K-1");
 
     /// Plans a call for the next yield after a moment: an event, or a text of the status window.
-    static void meanwhile(World& world, host::TextView moment, const host::Object& object,
-                          host::TextView member, const host::Value& value = host::Missing{});
+    static void meanwhile(World& world, automation::TextView moment, const automation::Object& object,
+                          automation::TextView member,
+                          const automation::Value& value = automation::Missing{});
 
   private:
     std::vector<std::unique_ptr<OpenedItem>> opened_;

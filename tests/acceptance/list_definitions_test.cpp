@@ -4,10 +4,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -117,7 +117,7 @@ TEST_F(ListDefinitions, MayHaveAVeryLongName) {
     const std::string name(300, 'n');
     EXPECT_EQ(offered(section(name)), (Lines{name, "Search by Email"}));
     NoteDialog& dialog = opened();
-    choose_missing(dialog, host::from_utf8(name));
+    choose_missing(dialog, automation::from_utf8(name));
     EXPECT_EQ(dialog.text(u"Combo2"), name);
 }
 

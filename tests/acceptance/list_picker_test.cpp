@@ -5,10 +5,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 constexpr TextView picker_caption = u"Account List", dialog_caption = u"Tarnwell Create Note";
@@ -130,8 +130,9 @@ TEST_F(ListPickerWindow, TakesSeveralWhereTheCallerAllowsIt) {
     const Object picker_object =
         world().application().call(u"CreateObject", {u"ContactList.List"}).to_object();
     const Item other = world().deliver(message());
-    world().desk().call(u"Meanwhile", {u"SelectionChange", Value(picker_object), u"searchany",
-                                       Value(host::Array::of({u"Account", Value(picker_caption), false}))});
+    world().desk().call(u"Meanwhile",
+                        {u"SelectionChange", Value(picker_object), u"searchany",
+                         Value(automation::Array::of({u"Account", Value(picker_caption), false}))});
     world().desk().call(u"Select", {Value(other)});
     ASSERT_TRUE(world().wait_until([&] { return is_open(picker_caption); }));
     world().settle();
@@ -153,7 +154,7 @@ TEST_F(ListPickerWindow, TakesSeveralWhereTheCallerAllowsIt) {
     ASSERT_TRUE(world().wait_until([&] { return !is_open(picker_caption); }));
     ASSERT_TRUE(world().wait_for_handlers());
     const Value answer = picker_object.get(u"slist");
-    const host::Array& table = answer.to_array();
+    const automation::Array& table = answer.to_array();
     ASSERT_EQ(table.dimensions().size(), 2U);
     EXPECT_EQ(table.dimensions()[0].count, 3) << "its upper bound is the number of rows";
     const host::outlook::Items accounts = world().account_profiles().Items();

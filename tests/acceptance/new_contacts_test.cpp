@@ -1,16 +1,16 @@
 // A contact that is brought into "Account Contacts" by hand becomes a record as it arrives.
 #include <algorithm>
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 #include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -41,7 +41,7 @@ class NewContacts : public Acceptance {
 
     /// Selects these contacts, as a click does.
     void select(const std::vector<Item>& items) {
-        host::Request request{.access = host::Access::call, .member = u"Select"};
+        automation::Request request{.access = automation::Access::call, .member = u"Select"};
         for (const Item& item : items) request.arguments.emplace_back(Value(item));
         world().desk().invoke(request);
         world().settle();

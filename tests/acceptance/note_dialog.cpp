@@ -2,10 +2,10 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 using host::outlook::Items;
 
@@ -25,7 +25,7 @@ NoteDialog::~NoteDialog() {
     try {
         if (is_open()) click(u"cmdCancel");
         EXPECT_TRUE(closes());
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         // the host has gone, and the window with it
     }
 }
@@ -127,7 +127,7 @@ Item add_definition(World& world, const Target& target) {
     const Item record = system_items(world).Add(u"IPM.Post.ListDefinition");
     record.Subject(target.definition);
     for (std::size_t i = 0; i < target.fields.size(); ++i) {
-        const Text place = host::from_utf8(number(i + 1));
+        const Text place = automation::from_utf8(number(i + 1));
         write(record, u"ColumnName" + place, target.headings.at(i));
         write(record, u"FieldName" + place, target.fields.at(i));
         write(record, u"FieldType" + place, target.types.at(i));

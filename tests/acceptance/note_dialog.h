@@ -21,10 +21,10 @@ class NoteDialog : public AddInWindow {
     bool open(const OpenedItem& opened);
     bool open_from_explorer();
 
-    bool header_becomes(host::TextView text) const;  ///< waits for a text of the status line
+    bool header_becomes(automation::TextView text) const;  ///< waits for a text of the status line
 
     /// Chooses a target and searches for a text in it.
-    void search(host::TextView target, host::TextView text) const;
+    void search(automation::TextView target, automation::TextView text) const;
 
     /// Has the next "Done" box closed, and creates a note of the selected row.
     void create() const;
@@ -48,36 +48,38 @@ class WithNoteDialog : public Filing {
 };
 
 /// What the dialog's status line says at first, and after a note was made.
-inline constexpr host::TextView invitation = u"Highlight an entry in the list below.  Then press Create.";
-inline constexpr host::TextView no_row =
+inline constexpr automation::TextView invitation =
+    u"Highlight an entry in the list below.  Then press Create.";
+inline constexpr automation::TextView no_row =
     u"You must select a valid Account/Contact name. Please use the search feature.";
 
-inline constexpr host::TextView accounts_path =
+inline constexpr automation::TextView accounts_path =
     u"\\\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles";
-inline constexpr host::TextView contacts_path =
+inline constexpr automation::TextView contacts_path =
     u"\\\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles\\Account Contacts";
 
 /// A user property in the notation of a definition.
-host::Text named_field(host::TextView property);
+automation::Text named_field(automation::TextView property);
 
 /// What a search is defined by: a section of the ini file and its two records in the "System Folder". As it
 /// stands, it finds contacts by their names.
 struct Target {
-    host::Text name = u"People";
+    automation::Text name = u"People";
     std::string display_in = "Find";
-    host::Text definition = u"People of accounts";
-    host::Text folder{contacts_path};
-    std::array<host::Text, 6> headings{u"Full Name", u"Company", u"Email", u"Manager", u"Team", u"Alignment"};
-    std::array<host::Text, 6> fields{u"&H3001001E",
-                                     u"&H3A16001E",
-                                     named_field(u"EmailSearchString"),
-                                     named_field(u"Account Manager"),
-                                     named_field(u"Team"),
-                                     named_field(u"Alignment")};
-    std::array<host::Text, 6> types{u"String", u"String", u"String", u"String", u"String", u"String"};
-    host::Text key_heading = u"ContactID";
-    host::Text key_field = named_field(u"ContactID");
-    host::Text filter = u"[FullName] >= '<<mString>>' AND [FullName] < '<<UpperLimit>>'";
+    automation::Text definition = u"People of accounts";
+    automation::Text folder{contacts_path};
+    std::array<automation::Text, 6> headings{u"Full Name", u"Company", u"Email",
+                                             u"Manager",   u"Team",    u"Alignment"};
+    std::array<automation::Text, 6> fields{u"&H3001001E",
+                                           u"&H3A16001E",
+                                           named_field(u"EmailSearchString"),
+                                           named_field(u"Account Manager"),
+                                           named_field(u"Team"),
+                                           named_field(u"Alignment")};
+    std::array<automation::Text, 6> types{u"String", u"String", u"String", u"String", u"String", u"String"};
+    automation::Text key_heading = u"ContactID";
+    automation::Text key_field = named_field(u"ContactID");
+    automation::Text filter = u"[FullName] >= '<<mString>>' AND [FullName] < '<<UpperLimit>>'";
 };
 
 /// The file of targets, and the family told where it lies.
@@ -85,7 +87,8 @@ void write_targets_file(World& world, const std::string& bytes);
 
 /// Records of the "System Folder".
 host::outlook::Items system_items(World& world);
-host::outlook::Item add_drop_down(World& world, const host::Text& name, const host::Text& definition);
+host::outlook::Item add_drop_down(World& world, const automation::Text& name,
+                                  const automation::Text& definition);
 host::outlook::Item add_definition(World& world, const Target& target);
 
 /// All that these targets need, and no others.
@@ -96,7 +99,7 @@ void install(World& world, const std::vector<Target>& targets);
 void install_many_records(World& world, std::int32_t count);
 
 /// Saves an account to "Account Profiles".
-host::outlook::Item add_account(World& world, const Fields& properties, const host::Text& subject);
+host::outlook::Item add_account(World& world, const Fields& properties, const automation::Text& subject);
 
 /// Whether a mail bears the mark of one that the user filed.
 bool is_marked_by_user(const host::outlook::Item& mail);

@@ -2,8 +2,8 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::TextView;
+using automation::Object;
+using automation::TextView;
 using host::outlook::Attachments;
 using host::outlook::Item;
 

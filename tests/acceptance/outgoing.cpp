@@ -2,8 +2,8 @@
 
 namespace acceptance {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 using host::outlook::Items;
 

@@ -7,10 +7,10 @@
 namespace acceptance {
 
 struct OutgoingPlan {
-    host::Text to = u"Ann Lee <ann.lee@northmill.example>";
-    host::Text cc{};
-    host::Text subject = u"Our offer";
-    host::Text body = u"The first line\r\nThe second line\r\n";
+    automation::Text to = u"Ann Lee <ann.lee@northmill.example>";
+    automation::Text cc{};
+    automation::Text subject = u"Our offer";
+    automation::Text body = u"The first line\r\nThe second line\r\n";
 };
 
 /// A new mail, not saved and not shown.
@@ -47,8 +47,8 @@ class Outgoing : public Filing {
     World& cleared();
 
     /// A contact whose three addresses are all known: an empty one would equal an address that isn't.
-    static host::outlook::Item add_full_contact(World& world, host::TextView full_name,
-                                                host::TextView address);
+    static host::outlook::Item add_full_contact(World& world, automation::TextView full_name,
+                                                automation::TextView address);
 };
 
 }  // namespace acceptance

@@ -7,8 +7,8 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Value;
+using automation::Object;
+using automation::Value;
 using host::outlook::Item;
 
 class PanelRows : public Acceptance {

@@ -9,10 +9,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 constexpr std::int32_t ok = 1, yes = 6, no = 7;
@@ -416,7 +416,7 @@ TEST_F(SearchOfThePanel, LetsAnotherBeginInTheSameListAndTheWindowBeResized) {
     panel().open_second(Item());
     const std::int32_t usual_width = panel().widths().front();
     same.desk().call(u"Meanwhile", {u"Searching... Account Contacts", Value(panel().window()), u"Resize",
-                                    Value(host::Array::of({1200, 600}))});
+                                    Value(automation::Array::of({1200, 600}))});
     panel().search_for(account);
     EXPECT_GT(panel().widths().front(), usual_width);
     EXPECT_EQ(panel().column(2), (Lines{"North Mill Ltd", "Of the mill"}));
@@ -431,7 +431,7 @@ TEST_F(SearchOfThePanel, EndsWithItsWindow) {
     panel().open_second(account);
     const std::int32_t held_before = held(same, u"Items");
     same.desk().call(u"Meanwhile",
-                     {u"Searching... Notes", Value(panel().window()), u"Close", host::Missing{}});
+                     {u"Searching... Notes", Value(panel().window()), u"Close", automation::Missing{}});
     panel().choose(u"Accounts");
     EXPECT_TRUE(same.wait_until([&] { return !panel().is_open(); }));
     same.settle();
@@ -498,7 +498,7 @@ TEST_F(SearchOfThePanel, OpensFiveMailsOfASubjectAndSenderAndAsksForMore) {
     same.deliver(message({.from = "Zoe <zoe@quill.example>", .subject = subject}));
     panel().open_new(account);
     std::int32_t shown_before = count_displayed();
-    open_row(host::from_utf8(subject));
+    open_row(automation::from_utf8(subject));
     EXPECT_EQ(take_displayed(shown_before, unasked), mails);
     EXPECT_EQ(count_messages(same), 0);
 
@@ -511,7 +511,7 @@ TEST_F(SearchOfThePanel, OpensFiveMailsOfASubjectAndSenderAndAsksForMore) {
         const std::int32_t before = count_messages(same);
         shown_before = count_displayed();
         answer(u"There are 6 items", button);
-        open_row(host::from_utf8(subject));
+        open_row(automation::from_utf8(subject));
         EXPECT_EQ(take_displayed(shown_before, static_cast<std::int32_t>(opened.size())), opened);
         expect_message(before,
                        u"There are 6 items in this conversation.\r\rAbout North Mill Ltd\r\r"

@@ -1,11 +1,11 @@
 #include "tests/acceptance/people.h"
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 
 namespace acceptance {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 using host::outlook::Items;
 
@@ -84,7 +84,7 @@ void Filing::expect_left_alone(World& world, const Item& mail) {
 }
 
 std::vector<std::string> texts_of(World& world, TextView list, std::size_t from) {
-    const host::Object texts = world.desk().get(list).to_object();
+    const automation::Object texts = world.desk().get(list).to_object();
     const auto count = static_cast<std::size_t>(texts.get(u"Count").to_integer());
     std::vector<std::string> all;
     for (std::size_t i = from; i < count; ++i) {
@@ -97,21 +97,22 @@ std::int32_t count_messages(World& world) {
     return world.desk().get(u"Messages").to_object().get(u"Count").to_integer();
 }
 
-void desk_option(World& world, TextView name, const host::Value& value) {
-    host::Request request{
-        .access = host::Access::put, .member = u"Options", .arguments = {host::Value(name), value}};
+void desk_option(World& world, TextView name, const automation::Value& value) {
+    automation::Request request{.access = automation::Access::put,
+                                .member = u"Options",
+                                .arguments = {automation::Value(name), value}};
     world.desk().invoke(request);
 }
 
-host::Object window_of(World& world, TextView caption) {
-    return world.desk().call(u"Window", {host::Value(caption)}).to_object();
+automation::Object window_of(World& world, TextView caption) {
+    return world.desk().call(u"Window", {automation::Value(caption)}).to_object();
 }
 
-bool is_shown(const host::Object& window) {
+bool is_shown(const automation::Object& window) {
     try {
         return window && window.get(u"Visible").to_boolean();
-    } catch (const host::Failure& failure) {
-        if (failure.number() != host::result::object_deleted) throw;
+    } catch (const automation::Failure& failure) {
+        if (failure.number() != automation::result::object_deleted) throw;
         return false;
     }
 }
@@ -119,14 +120,14 @@ bool is_shown(const host::Object& window) {
 std::int32_t held(World& world) { return world.desk().get(u"Live").to_object().get(u"Total").to_integer(); }
 
 std::int32_t held(World& world, TextView kind) {
-    return world.desk().get(u"Live", {host::Value(kind)}).to_integer();
+    return world.desk().get(u"Live", {automation::Value(kind)}).to_integer();
 }
 
 std::int32_t calls_of(World& world, TextView member) {
-    const host::Object calls = world.desk().get(u"Calls").to_object();
+    const automation::Object calls = world.desk().get(u"Calls").to_object();
     const std::int32_t count = calls.get(u"Count").to_integer();
     for (std::int32_t i = 1; i <= count; ++i) {
-        const host::Object call = calls.call(u"Item", {i}).to_object();
+        const automation::Object call = calls.call(u"Item", {i}).to_object();
         if (call.get(u"Member").to_text() == member) return call.get(u"Invocations").to_integer();
     }
     return 0;
@@ -135,7 +136,7 @@ std::int32_t calls_of(World& world, TextView member) {
 std::int32_t failure_of(const std::function<void()>& action) {
     try {
         action();
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         return failure.number();
     }
     return 0;

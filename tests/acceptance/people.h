@@ -7,12 +7,12 @@
 
 namespace acceptance {
 
-using Fields = std::vector<std::pair<host::TextView, host::Text>>;
+using Fields = std::vector<std::pair<automation::TextView, automation::Text>>;
 
 /// A contact record, complete unless a test wants it otherwise.
 struct ContactPlan {
-    host::Text full_name = u"Ann Lee";
-    host::Text company = u"North Mill Ltd";
+    automation::Text full_name = u"Ann Lee";
+    automation::Text company = u"North Mill Ltd";
     Fields fields = {{u"Email1Address", u"ann.lee@northmill.example"}};
     Fields properties = {{u"AccountID", u"A-100"},
                          {u"ContactID", u"C-200"},
@@ -25,7 +25,7 @@ struct ContactPlan {
 host::outlook::Item add_contact(World& world, const ContactPlan& plan = {});
 
 /// The same with another name and address.
-host::outlook::Item add_contact(World& world, host::TextView full_name, host::TextView address);
+host::outlook::Item add_contact(World& world, automation::TextView full_name, automation::TextView address);
 
 struct MailPlan {
     std::string from = "Ann Lee <ann.lee@northmill.example>";
@@ -41,10 +41,10 @@ std::string message(const MailPlan& plan = {});
 host::outlook::Item read_mail(World& world, const MailPlan& plan = {});
 
 /// How many items a folder below "Account Profiles" holds.
-std::int32_t count_in(World& world, host::TextView folder);
+std::int32_t count_in(World& world, automation::TextView folder);
 
 /// The only item of such a folder; Nothing, and the test has failed, if it isn't alone.
-host::outlook::Item only_item(World& world, host::TextView folder = u"Email");
+host::outlook::Item only_item(World& world, automation::TextView folder = u"Email");
 
 /// Whether a mail bears the mark of received mail that was filed.
 bool is_marked(const host::outlook::Item& mail);
@@ -67,10 +67,10 @@ class Filing : public Acceptance {
 };
 
 /// What a test that failed prints.
-inline std::string shown(host::TextView text) { return host::to_utf8(text); }
+inline std::string shown(automation::TextView text) { return automation::to_utf8(text); }
 
 /// A list of texts that the desk keeps, as "Statuses", from a place on.
-std::vector<std::string> texts_of(World& world, host::TextView list, std::size_t from = 0);
+std::vector<std::string> texts_of(World& world, automation::TextView list, std::size_t from = 0);
 
 /// Every text that the status window has shown, in order.
 inline std::vector<std::string> statuses(World& world, std::size_t from = 0) {
@@ -81,20 +81,20 @@ inline std::vector<std::string> statuses(World& world, std::size_t from = 0) {
 std::int32_t count_messages(World& world);
 
 /// Writes one of the desk's options.
-void desk_option(World& world, host::TextView name, const host::Value& value);
+void desk_option(World& world, automation::TextView name, const automation::Value& value);
 
 /// The add-in's window with that caption, or Nothing.
-host::Object window_of(World& world, host::TextView caption);
+automation::Object window_of(World& world, automation::TextView caption);
 
 /// Whether there is a window that is visible. It may close at any time.
-bool is_shown(const host::Object& window);
+bool is_shown(const automation::Object& window);
 
 /// How often a member was asked for, of whatever object, since the desk's `ResetCalls`.
-std::int32_t calls_of(World& world, host::TextView member);
+std::int32_t calls_of(World& world, automation::TextView member);
 
 /// How many of the desk's objects the outside holds, in all or of one kind.
 std::int32_t held(World& world);
-std::int32_t held(World& world, host::TextView kind);
+std::int32_t held(World& world, automation::TextView kind);
 
 /// The number of the failure that an action throws; 0 if it throws none.
 std::int32_t failure_of(const std::function<void()>& action);

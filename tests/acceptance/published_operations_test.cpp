@@ -4,12 +4,12 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
-namespace result = host::result;
+namespace result = automation::result;
 
 class PublishedOperations : public Filing {};
 

@@ -2,9 +2,9 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 namespace {
@@ -32,7 +32,7 @@ Lines QuickView::told() const {
 }
 
 bool QuickView::refuses_drops() const {
-    return failure_of([&] { control(u"lstItems").call(u"Drop", {1}); }) == host::result::fail;
+    return failure_of([&] { control(u"lstItems").call(u"Drop", {1}); }) == automation::result::fail;
 }
 
 void QuickView::drop(std::int32_t row, std::int32_t column) const {
@@ -66,8 +66,8 @@ Object SideView::call(TextView operation) {
 }
 
 Object SideView::call(TextView operation, const Value& selection) {
-    host::Request request{
-        .access = host::Access::call, .member = operation, .arguments = {selection}, .by_reference = 1};
+    automation::Request request{
+        .access = automation::Access::call, .member = operation, .arguments = {selection}, .by_reference = 1};
     world().connect().invoke(request);
     EXPECT_TRUE(world().wait_for_handlers());
     return request.arguments.at(0).to_object();
@@ -102,7 +102,7 @@ Item SideView::show_ann(const ContactPlan& contact) {
 void SideView::add_folders() {
     const host::outlook::Folders folders = world().account_profiles().Folders();
     for (auto i = static_cast<std::size_t>(folders.Count()); i < many_folders; ++i) {
-        folders.call(u"Add", {Value(u"More " + host::to_text(static_cast<long long>(i)))});
+        folders.call(u"Add", {Value(u"More " + automation::to_text(static_cast<long long>(i)))});
     }
 }
 

@@ -14,7 +14,7 @@ class QuickView : public AddInWindow {
     Lines told() const;
 
     /// Chooses a folder in the drop-down.
-    void choose_folder(host::TextView name) const { choose(u"cmbFolders", name); }
+    void choose_folder(automation::TextView name) const { choose(u"cmbFolders", name); }
     /// Whether the list, which has rows, refuses what is dropped. If it doesn't, this was a drop.
     bool refuses_drops() const;
     /// Drops something on a row's cell, both counted from 1, and waits until all is done. Below the rows if
@@ -32,8 +32,8 @@ class SideView : public Filing {
     void select(const host::outlook::Item& mail);
     /// Calls an operation for what is selected, or for another collection of items, as others of the family
     /// do; answers what the collection became.
-    host::Object call(host::TextView operation);
-    host::Object call(host::TextView operation, const host::Value& selection);
+    automation::Object call(automation::TextView operation);
+    automation::Object call(automation::TextView operation, const automation::Value& selection);
     /// The entry of the explorer's context menu; it comes back at once.
     void press_entry();
 
@@ -48,7 +48,7 @@ class SideView : public Filing {
     /// As many folders below the accounts as a database with inquiries has.
     void add_folders();
 
-    void answer(host::TextView question, std::int32_t button);
+    void answer(automation::TextView question, std::int32_t button);
 
     /// The ids of the items that were shown since a place.
     std::int32_t displayed();
@@ -59,12 +59,12 @@ class SideView : public Filing {
     Lines programs(std::int32_t at_least = 0);
 };
 
-inline constexpr host::TextView create_question = u"Would you like to Create an Account/Contact",
-                                account_question = u"Would you like to search for an Account Name? ";
+inline constexpr automation::TextView create_question = u"Would you like to Create an Account/Contact",
+                                      account_question = u"Would you like to search for an Account Name? ";
 
 /// Saves a record of a class to a folder below "Account Profiles".
-host::outlook::Item add_record(World& world, host::TextView folder, host::TextView message_class,
-                               host::TextView subject, const Fields& properties);
+host::outlook::Item add_record(World& world, automation::TextView folder, automation::TextView message_class,
+                               automation::TextView subject, const Fields& properties);
 
 /// The keys of Ann Lee's records.
 extern const Fields keys_of_ann;

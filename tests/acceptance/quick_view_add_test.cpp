@@ -7,10 +7,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 namespace default_folder = host::outlook::default_folder;
 
@@ -54,7 +54,7 @@ class QuickViewAdding : public SideView {
         return lines;
     }
     static std::string escaped(const Text& text) {
-        return shown(host::replaced(host::replaced(text, u"\r", u"\\r"), u"\n", u"\\n"));
+        return shown(automation::replaced(automation::replaced(text, u"\r", u"\\r"), u"\n", u"\\n"));
     }
 
     /// The parts that all of Ann Lee's filed mail has.
@@ -302,7 +302,7 @@ TEST_F(QuickViewDropping, FilesTheSelectedMailForTheRow) {
         world.option(u"SavedEmailFolder", one.option);
         show_ann();
         world.option(u"EnableQuickView", u"0");
-        add_target(one.folder, one.message_class, one.key, host::from_utf8(one.id));
+        add_target(one.folder, one.message_class, one.key, automation::from_utf8(one.id));
         view().choose_folder(one.folder);
         const Item first = world.deliver(message({.subject = "Delivery dates"}));
         const Item second = world.deliver(message({.subject = "Another"}));

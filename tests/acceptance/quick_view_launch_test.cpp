@@ -1,30 +1,32 @@
 // From the selected mail to the contact of its sender: when Quick View comes up, for whom, and with what.
-#include "host/automated.h"
+#include "automation/automated.h"
 #include "tests/acceptance/account_picker.h"
 #include "tests/acceptance/quick_view.h"
 
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 constexpr std::int32_t yes = 6, no = 7;
 const std::string directory = "X-Desk-Sender: EX /o=Example/cn=ann\n";
 
 /// What another part of the family may hand over in place of a selection: one item.
-class OneItem : public host::Automated<OneItem> {
+class OneItem : public automation::Automated<OneItem> {
   public:
     explicit OneItem(Item item) : item_(std::move(item)) {}
-    static const host::Members<OneItem>& members() {
+    static const automation::Members<OneItem>& members() {
         constexpr std::int32_t item_id = 0x51;  // as of a Selection
-        static const host::Members<OneItem> table{
-            {u"Item", item_id, host::Use::method, {{u"Index"}}, [](OneItem& self, const host::Arguments&) {
-                 return Value(self.item_);
-             }}};
+        static const automation::Members<OneItem> table{
+            {u"Item",
+             item_id,
+             automation::Use::method,
+             {{u"Index"}},
+             [](OneItem& self, const automation::Arguments&) { return Value(self.item_); }}};
         return table;
     }
 

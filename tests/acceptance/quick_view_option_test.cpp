@@ -1,5 +1,5 @@
 // Quick View follows the selection while its option is on, as whatever and by whomever that was stored.
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 #include "tests/acceptance/quick_view.h"
 
 namespace acceptance {
@@ -13,7 +13,8 @@ class QuickViewOption : public SideView {
     void store(std::uint32_t kind, const std::string& bytes) {
         host::Registry& registry = world().registry();
         host::KeyHandle key = host::no_key;
-        ASSERT_EQ(registry.create_key(host::current_user, host::to_utf8(addin::Settings::key_name), key), 0);
+        ASSERT_EQ(
+            registry.create_key(host::current_user, automation::to_utf8(addin::Settings::key_name), key), 0);
         EXPECT_EQ(registry.set_value(key, "EnableQuickView", kind, bytes.data(),
                                      static_cast<std::uint32_t>(bytes.size())),
                   0);

@@ -7,8 +7,8 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 namespace default_folder = host::outlook::default_folder;
 
@@ -186,7 +186,7 @@ TEST_F(QuickViewWindow, SortsByAClickOnAHeading) {
         // dates are shown by the second: each is to bear another one
         constexpr int rounds = 100000;
         for (int i = 0; i < rounds && world.text(record, u"LastModificationTime") == last; ++i) {
-            record.Body(host::to_text(static_cast<long long>(i)));
+            record.Body(automation::to_text(static_cast<long long>(i)));
             record.Save();
         }
         last = world.text(record, u"LastModificationTime");

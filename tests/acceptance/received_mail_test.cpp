@@ -4,9 +4,9 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -138,7 +138,7 @@ TEST_F(ReceivedMail, OfAnotherClassIsLeftAlone) {
         World& world = emptied();
         add_contact(world);
         const Item mail = read_mail(world, {.more = std::string("X-Desk-Class: ") + name + "\n"});
-        ASSERT_EQ(mail.MessageClass(), host::from_utf8(name));
+        ASSERT_EQ(mail.MessageClass(), automation::from_utf8(name));
         world.settle();
         EXPECT_EQ(count_in(world, u"Email"), 0);
         EXPECT_EQ(mail.BillingInformation(), u"");
@@ -199,7 +199,7 @@ TEST_F(ReceivedMail, IsFiledWithoutAWord) {
     add_contact(world);
     read_mail(world);
     read_mail(world, {.from = "Nobody <nobody@elsewhere.example>"});
-    const host::Object desk = world.desk();
+    const automation::Object desk = world.desk();
     EXPECT_EQ(desk.get(u"Messages").to_object().get(u"Count").to_integer(), 0);
     EXPECT_EQ(desk.get(u"Statuses").to_object().get(u"Count").to_integer(), 0);
     EXPECT_EQ(desk.get(u"Displayed").to_object().get(u"Count").to_integer(), 0);

@@ -5,11 +5,11 @@
 namespace acceptance {
 namespace {
 
-using host::Missing;
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Missing;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 using host::outlook::Items;
 

@@ -4,10 +4,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 using Texts = std::vector<std::string>;
@@ -137,20 +137,20 @@ TEST_F(ReplicaEvents, ThatComeWhileAReplicationGivesWayAreHandledInBetween) {
         {"another item is changed",
          [](World&, const LinkedKind&, const Item&, const Item& other, const auto& call) {
              other.Subject(u"Other, changed");
-             call(other, u"Save", host::Missing{});
+             call(other, u"Save", automation::Missing{});
          },
          {"Other, changed", "Changed"},
          {"Other, changed", "Changed"}},
         {"the same item is changed again",
          [](World&, const LinkedKind&, const Item& item, const Item&, const auto& call) {
              call(item, u"Subject", u"Changed twice");
-             call(item, u"Save", host::Missing{});
+             call(item, u"Save", automation::Missing{});
          },
          {"Changed twice"},
          {"Other", "Changed twice"}},
         {"the item is deleted",
          [](World&, const LinkedKind&, const Item& item, const Item&, const auto& call) {
-             call(item, u"Delete", host::Missing{});
+             call(item, u"Delete", automation::Missing{});
          },
          {},
          {"Other"}},
@@ -167,7 +167,7 @@ TEST_F(ReplicaEvents, ThatComeWhileAReplicationGivesWayAreHandledInBetween) {
             World& world = emptied(*kind);
             const Item other = add(world, *kind, {.subject = u"Other", .key = u"K-2", .opened = false});
             const Item item = add(world, *kind);
-            const Text moment = host::from_utf8(kind->status);
+            const Text moment = automation::from_utf8(kind->status);
             one.plan(world, *kind, item, other,
                      [&](const Object& object, TextView member, const Value& value) {
                          meanwhile(world, moment, object, member, value);
@@ -246,7 +246,7 @@ TEST_F(ReplicaEvents, FindStepsThatFailLeftOut) {
             add_twin(*kind, shared(world, *kind), u"Old");
             const Folder own_folder = own(world, *kind), shared_folder = shared(world, *kind);
             const char* const member = kind == &linked_tasks ? fault.task_member : fault.calendar_member;
-            if (*member != 0) world.fail(host::from_utf8(member), fault.after);
+            if (*member != 0) world.fail(automation::from_utf8(member), fault.after);
             change(world, item, u"Changed");
             EXPECT_EQ(subjects(shared_folder), fault.shared);
             EXPECT_EQ(subjects(own_folder), fault.own);
@@ -261,7 +261,7 @@ TEST_F(ReplicaEvents, OfAThousandChangesLeaveOneReplicaAndNothingElse) {
     const Item item = add(world, appointments);
     std::int32_t held_then = 0;
     for (int i = 1; i <= changes; ++i) {
-        item.Subject(u"Plan " + host::to_text(static_cast<long long>(i)));
+        item.Subject(u"Plan " + automation::to_text(static_cast<long long>(i)));
         item.Save();
         if (i == warm_up) {
             world.settle();

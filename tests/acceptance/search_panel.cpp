@@ -4,10 +4,10 @@
 
 namespace acceptance {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 namespace {
@@ -110,7 +110,7 @@ Item add_full_contact(World& world, const Text& company) {
 SearchPanel::~SearchPanel() {
     try {
         for (int i = 0; i < 3 && is_open(); ++i) close();
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         // the host has gone, and the window with it
     }
 }

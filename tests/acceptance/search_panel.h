@@ -6,15 +6,15 @@
 
 namespace acceptance {
 
-inline constexpr host::TextView panel_caption = u"Tarnwell Search Panel";
+inline constexpr automation::TextView panel_caption = u"Tarnwell Search Panel";
 
 /// What the panel can search for: a section of the ini file, and its two records in the "System Folder".
 struct PanelTarget {
-    host::Text name = u"Contacts";
-    host::Text definition = u"Contacts by id";
-    host::Text key = u"ContactID";
-    host::Text record_class = u"IPM.Contact.Account Contact";
-    host::Text folder;  ///< its path below "Account Profiles"; empty: that folder itself
+    automation::Text name = u"Contacts";
+    automation::Text definition = u"Contacts by id";
+    automation::Text key = u"ContactID";
+    automation::Text record_class = u"IPM.Contact.Account Contact";
+    automation::Text folder;  ///< its path below "Account Profiles"; empty: that folder itself
     std::string display_in = "Search Panel";
 };
 PanelTarget contacts_target();
@@ -31,15 +31,15 @@ inline void install_panel(World& world) {
 inline void search_in_phrases(World& world) { world.option(u"EnableDesktopSearch", u"1"); }
 
 /// Saves a record of a class with these user properties to a folder.
-host::outlook::Item add_record(const host::outlook::Folder& folder, host::TextView message_class,
-                               const host::Text& subject, const Fields& properties);
+host::outlook::Item add_record(const host::outlook::Folder& folder, automation::TextView message_class,
+                               const automation::Text& subject, const Fields& properties);
 /// A note of a contact, or of an account alone.
-host::outlook::Item add_note(World& world, const host::Text& subject, const Fields& properties);
+host::outlook::Item add_note(World& world, const automation::Text& subject, const Fields& properties);
 /// An account with an address, as the panel shows it.
-host::outlook::Item add_full_account(World& world, const host::Text& name = u"North Mill Ltd",
-                                     const host::Text& id = u"A-100");
+host::outlook::Item add_full_account(World& world, const automation::Text& name = u"North Mill Ltd",
+                                     const automation::Text& id = u"A-100");
 /// A contact of it, the same.
-host::outlook::Item add_full_contact(World& world, const host::Text& company = u"North Mill Ltd");
+host::outlook::Item add_full_contact(World& world, const automation::Text& company = u"North Mill Ltd");
 
 /// The panel from outside. When this ends, it is closed.
 class SearchPanel {
@@ -57,13 +57,14 @@ class SearchPanel {
 
     bool is_open() const;
     void close() const;
-    host::Object window() const;
-    host::Object control(host::TextView name) const;
-    std::string text(host::TextView name) const;
+    automation::Object window() const;
+    automation::Object control(automation::TextView name) const;
+    std::string text(automation::TextView name) const;
     Lines entries() const;
-    void choose(host::TextView entry) const;  ///< the search may still run, or wait, when this comes back
-    bool ends() const;                        ///< waits for the end of a search
-    void click(host::TextView name) const;
+    void choose(
+        automation::TextView entry) const;  ///< the search may still run, or wait, when this comes back
+    bool ends() const;                      ///< waits for the end of a search
+    void click(automation::TextView name) const;
 
     /// The header as "name|company|phone|fax|street|city|state|zip", and its ids as "account|contact".
     std::string header() const;
@@ -86,16 +87,16 @@ class SearchPanel {
 /// The picker that a search shows, by its caption; it is driven until it is gone.
 class Picker {
   public:
-    Picker(World& world, host::TextView caption) : world_(world), caption_(caption) {}
+    Picker(World& world, automation::TextView caption) : world_(world), caption_(caption) {}
     bool comes_up() const;
-    void click(host::TextView control) const;
+    void click(automation::TextView control) const;
     void highlight(std::int32_t row) const;
     bool goes() const;
 
   private:
-    host::Object control(host::TextView name) const;
+    automation::Object control(automation::TextView name) const;
     World& world_;
-    host::Text caption_;
+    automation::Text caption_;
 };
 
 }  // namespace acceptance

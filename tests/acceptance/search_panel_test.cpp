@@ -9,8 +9,8 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 
 constexpr const char* design_header = "Contact Name|Company Name|Phone|Fax|Street1|City|State|Zip";

@@ -4,8 +4,8 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 
 class SentRecipients : public Outgoing {};
@@ -59,7 +59,7 @@ TEST_F(SentRecipients, AreToldApartByTheirTypeAndTheSenders) {
     for (const RecipientCase& one : cases) {
         SCOPED_TRACE(one.name);
         World& world = cleared();
-        if (one.option) world.option(u"SaveExchangeEmail", host::from_utf8(one.option));
+        if (one.option) world.option(u"SaveExchangeEmail", automation::from_utf8(one.option));
         add_full_contact(world, u"Bob Ray", one.address);
         const std::size_t before = statuses(world).size();
         const Item sent =

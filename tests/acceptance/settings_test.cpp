@@ -1,5 +1,5 @@
 // The options in the registry, as the published operations read and write them.
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 
 #include <cstring>
 
@@ -8,10 +8,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 namespace type = host::registry_type;
 
 constexpr TextView test_key = u"Software\\Tarnwell\\Test of settings";
@@ -32,10 +32,10 @@ class SettingsTest : public Acceptance {
     /// Asks for a value of an open key; `found` is changed as the operation changes it.
     std::int32_t query(host::KeyHandle key, TextView name, Value& found) {
         constexpr std::uint32_t third = 1U << 2;
-        host::Request request{.access = host::Access::call,
-                              .member = u"QueryValueEx",
-                              .arguments = {static_cast<std::int32_t>(key), Value(name), found},
-                              .by_reference = third};
+        automation::Request request{.access = automation::Access::call,
+                                    .member = u"QueryValueEx",
+                                    .arguments = {static_cast<std::int32_t>(key), Value(name), found},
+                                    .by_reference = third};
         const std::int32_t status = world().connect().invoke(request).to_integer();
         found = request.arguments[2];
         return status;
@@ -45,8 +45,8 @@ class SettingsTest : public Acceptance {
     void store(TextView name, std::uint32_t kind, const std::string& bytes) {
         host::Registry& registry = world().registry();
         host::KeyHandle key = host::no_key;
-        ASSERT_EQ(registry.create_key(host::current_user, host::to_utf8(test_key), key), 0);
-        EXPECT_EQ(registry.set_value(key, host::to_utf8(name), kind, bytes.data(),
+        ASSERT_EQ(registry.create_key(host::current_user, automation::to_utf8(test_key), key), 0);
+        EXPECT_EQ(registry.set_value(key, automation::to_utf8(name), kind, bytes.data(),
                                      static_cast<std::uint32_t>(bytes.size())),
                   0);
         registry.close_key(key);
@@ -56,10 +56,10 @@ class SettingsTest : public Acceptance {
     std::string stored(TextView key_name, TextView name, std::uint32_t& kind) {
         host::Registry& registry = world().registry();
         host::KeyHandle key = host::no_key;
-        if (registry.open_key(host::current_user, host::to_utf8(key_name), key) != 0) return {};
+        if (registry.open_key(host::current_user, automation::to_utf8(key_name), key) != 0) return {};
         std::string bytes(64, '\0');
         auto size = static_cast<std::uint32_t>(bytes.size());
-        if (registry.query_value(key, host::to_utf8(name), kind, bytes.data(), size) != 0) size = 0;
+        if (registry.query_value(key, automation::to_utf8(name), kind, bytes.data(), size) != 0) size = 0;
         registry.close_key(key);
         return bytes.substr(0, size);
     }
@@ -141,7 +141,7 @@ TEST_F(SettingsTest, WriteOfAnotherTypeMakesTheKeyAndNothingInIt) {
     constexpr TextView key = u"Software\\Tarnwell\\Test of a new key";
     EXPECT_TRUE(write(key, u"Value", u"x", type::binary));
     host::KeyHandle opened = host::no_key;
-    EXPECT_EQ(world().registry().open_key(host::current_user, host::to_utf8(key), opened), 0);
+    EXPECT_EQ(world().registry().open_key(host::current_user, automation::to_utf8(key), opened), 0);
     world().registry().close_key(opened);
     std::uint32_t kind = 0;
     EXPECT_EQ(stored(key, u"Value", kind), "");
@@ -171,7 +171,7 @@ TEST_F(SettingsTest, SetAValueOfAnOpenKey) {
     std::uint32_t kind = 0;
     EXPECT_EQ(stored(u"", u"Tarnwell set", kind).substr(0, 4), "Mail");
     EXPECT_EQ(kind, type::text);
-    EXPECT_EQ(set(host::to_date({2009, 12, 31, 22, 30, 0}), 1), 0);
+    EXPECT_EQ(set(automation::to_date({2009, 12, 31, 22, 30, 0}), 1), 0);
     EXPECT_EQ(stored(u"", u"Tarnwell set", kind).substr(0, 22), "12/31/2009 10:30:00 PM");
     EXPECT_EQ(set(5, 4), 0);
     EXPECT_EQ(stored(u"", u"Tarnwell set", kind), std::string("\x05\0\0\0", 4));

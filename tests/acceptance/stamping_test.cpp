@@ -1,15 +1,15 @@
 // What a note of a received mail holds, where it lies, and how the mail is marked.
 #include <algorithm>
 
-#include "records/stamp.h"
+#include "addin/records/stamp.h"
 #include "tests/acceptance/notes.h"
 
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 

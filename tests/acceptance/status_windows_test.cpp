@@ -9,10 +9,10 @@
 namespace acceptance {
 namespace {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 class StatusWindows : public Acceptance {
@@ -48,7 +48,7 @@ TEST_F(StatusWindows, ShowAnythingAsText) {
     connect.call(u"ShowMessage", {42});
     connect.call(u"ShowMessage", {true});
     connect.call(u"ShowMessage", {u""});
-    connect.call(u"ShowMessage", {host::to_date({2009, 12, 31, 22, 30, 0})});
+    connect.call(u"ShowMessage", {automation::to_date({2009, 12, 31, 22, 30, 0})});
     EXPECT_EQ(statuses(world), (Lines{"42", "True", "", "12/31/2009 10:30:00 PM"}));
 }
 

@@ -6,8 +6,8 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 using host::outlook::Items;
 
@@ -79,12 +79,12 @@ TEST_F(TemplateCommands, OpenTheirListsWithoutAWindow) {
     OpenedItem mail(new_item(world, item_type::mail)), task(new_item(world, item_type::task));
     mail.show();
     task.show();
-    const host::Object button = find_control(mail.window, bar, u"EmailTemplateButton");
+    const automation::Object button = find_control(mail.window, bar, u"EmailTemplateButton");
     ASSERT_TRUE(button);
     mail.close();
     task.close();
     ASSERT_EQ(world.application().Inspectors().Count(), 0);
-    world.desk().call(u"Press", {host::Value(button)});
+    world.desk().call(u"Press", {automation::Value(button)});
     EXPECT_TRUE(world.wait_for_handlers());
     EXPECT_EQ(told(), Lines{"MainAddIn.ShowMailer"});
     EXPECT_EQ(count_messages(world), 0);
@@ -147,7 +147,7 @@ TEST_F(TemplateCommands, SayThatItWasCreatedWhateverBecameOfIt) {
         SCOPED_TRACE(one.name);
         if (!one.earlier.empty()) {
             const Item earlier = templates().Add(u"IPM.Post.Drop Down");
-            earlier.Subject(host::from_utf8(one.earlier));
+            earlier.Subject(automation::from_utf8(one.earlier));
             earlier.Save();
         }
         OpenedItem window(world.deliver(message({.subject = one.subject})));

@@ -11,9 +11,9 @@
 namespace acceptance {
 namespace {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Folders;
 using host::outlook::Item;
@@ -193,7 +193,7 @@ void WholeDay::an_appointment_is_made_moved_and_deleted() {
         const Item item = new_item(w, default_folder::calendar, u"IPM.Appointment.TarnwellAppt");
         item.Display();
         item.Subject(subject);
-        item.put(u"Start", host::to_date({.year = 2026, .month = 3, .day = 5, .hour = 10}));
+        item.put(u"Start", automation::to_date({.year = 2026, .month = 3, .day = 5, .hour = 10}));
         item.UserProperties().Item(u"ApptID").value(Value(u"AP-1"));
         item.UserProperties().Item(u"AccountID").value(Value(u"A-100"));
         item.UserProperties().Item(u"ContactID").value(Value(u"C-200"));
@@ -202,7 +202,7 @@ void WholeDay::an_appointment_is_made_moved_and_deleted() {
     };
     const Item item = make(u"Visit to the mill");
     item.Display();
-    item.put(u"Start", host::to_date({.year = 2026, .month = 3, .day = 6, .hour = 14}));
+    item.put(u"Start", automation::to_date({.year = 2026, .month = 3, .day = 6, .hour = 14}));
     save_form(item);
     item.call(u"Delete");
     EXPECT_TRUE(w.wait_for_handlers());
@@ -213,7 +213,7 @@ void WholeDay::a_task_is_done() {
     const Item task = new_item(w, default_folder::tasks, u"IPM.Task.TarnwellTask");
     task.Display();
     task.Subject(u"Send the price list");
-    task.put(u"DueDate", host::to_date({.year = 2026, .month = 3, .day = 6}));
+    task.put(u"DueDate", automation::to_date({.year = 2026, .month = 3, .day = 6}));
     task.UserProperties().Item(u"TaskID").value(Value(u"TA-1"));
     task.UserProperties().Item(u"AccountID").value(Value(u"A-100"));
     save_form(task);

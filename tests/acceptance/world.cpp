@@ -1,13 +1,13 @@
 #include "tests/acceptance/world.h"
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 
 namespace acceptance {
 
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
@@ -62,7 +62,7 @@ Text World::family(TextView name) {
 std::vector<Text> World::family_calls() {
     std::vector<Text> calls;
     for (unsigned number = 1;; ++number) {
-        Text digits = host::to_text(static_cast<long long>(number));
+        Text digits = automation::to_text(static_cast<long long>(number));
         digits.insert(0, 4 - digits.size(), u'0');
         const Text call = addin::Settings(desktop())
                               .GetKeyValueEx(host::current_user, Text(family_key) + u"\\Calls", digits)

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "host/desktop.h"
-#include "host/outlook.h"
+#include "addin/host/desktop.h"
+#include "addin/host/outlook.h"
 
 namespace acceptance {
 
@@ -22,7 +22,7 @@ using Lines = std::vector<std::string>;
 /// How the world is to be before the desk starts.
 struct WorldSetup {
     std::string database = "empty";  ///< "empty" or "sample"
-    host::Text host_version = u"16.0.0.0";
+    automation::Text host_version = u"16.0.0.0";
     bool instant_search = false;
     std::string event_order = "host";    ///< "host", "deferred" or "at-once"
     std::vector<std::string> without{};  ///< siblings by ProgID, or programs by file name, that are not there
@@ -50,16 +50,16 @@ class World {
     virtual host::Desktop& desktop() = 0;
 
     /// The folder that the add-in's file lies in.
-    virtual host::Text add_in_folder() = 0;
+    virtual automation::Text add_in_folder() = 0;
 
     /// A file's name, for `Deliver` and its like, in a folder that is empty at first; `bytes` are written to
     /// it.
-    virtual host::Text write_file(const std::string& name, const std::string& bytes) = 0;
+    virtual automation::Text write_file(const std::string& name, const std::string& bytes) = 0;
     /// A file's name in the folder that the desktop search knows, beside those of the database's own
     /// documents.
-    virtual host::Text write_document(const std::string& name, const std::string& bytes) = 0;
-    virtual bool file_exists(host::TextView path) = 0;
-    virtual void remove_file(host::TextView path) = 0;
+    virtual automation::Text write_document(const std::string& name, const std::string& bytes) = 0;
+    virtual bool file_exists(automation::TextView path) = 0;
+    virtual void remove_file(automation::TextView path) = 0;
 
     /// A world fails its test at the end if the program made a mistake of its own meanwhile: something was
     /// thrown that no routine takes, or it crashed. A test that lets it make some says how many.
@@ -67,21 +67,21 @@ class World {
 
     // what every test needs, the same for both
 
-    host::Object desk() { return application().get(u"Desk").to_object(); }
-    host::Object connect();  ///< the add-in's published object
+    automation::Object desk() { return application().get(u"Desk").to_object(); }
+    automation::Object connect();  ///< the add-in's published object
     host::outlook::NameSpace session() { return application().GetNamespace(u"MAPI"); }
     host::outlook::Folder inbox() { return session().GetDefaultFolder(host::outlook::default_folder::inbox); }
     host::outlook::Folder account_profiles();
-    host::outlook::Folder below(host::TextView name) { return account_profiles().Folders().Item(name); }
+    host::outlook::Folder below(automation::TextView name) { return account_profiles().Folders().Item(name); }
 
     /// An option of the user, as text or as a number.
-    void option(host::TextView name, host::TextView value);
-    void option(host::TextView name, std::int32_t value);
+    void option(automation::TextView name, automation::TextView value);
+    void option(automation::TextView name, std::int32_t value);
     /// A value that the family's stand-ins answer.
-    void family(host::TextView name, host::TextView value);
-    host::Text family(host::TextView name);
+    void family(automation::TextView name, automation::TextView value);
+    automation::Text family(automation::TextView name);
     /// What the family's stand-ins were told and only noted, in order, as "MainAddIn.reloadtoolbar(UNLOAD)".
-    std::vector<host::Text> family_calls();
+    std::vector<automation::Text> family_calls();
 
     /// Delivers a mail of these lines; "From", "To" and so on are given as in the file.
     host::outlook::Item deliver(const std::string& message);
@@ -90,11 +90,11 @@ class World {
     static void read(const host::outlook::Item& mail);
 
     /// A member's value as text.
-    host::Text text(const host::Object& object, host::TextView member);
-    static host::Text property(const host::outlook::Item& item, host::TextView name);
+    automation::Text text(const automation::Object& object, automation::TextView member);
+    static automation::Text property(const host::outlook::Item& item, automation::TextView name);
 
     /// Makes the calls of a member fail: the next one, or `times` calls after as many as `after` more.
-    void fail(host::TextView member, std::int32_t after = 0, std::int32_t times = 1);
+    void fail(automation::TextView member, std::int32_t after = 0, std::int32_t times = 1);
 
     /// Lets waiting events come, until the condition holds or a generous time has passed.
     bool wait_until(const std::function<bool()>& condition);
@@ -108,7 +108,7 @@ class World {
 
   private:
     std::size_t expected_faults_ = 0;
-    host::Text anchor_id_, anchor_store_;  ///< of "Account Profiles", once it was found
+    automation::Text anchor_id_, anchor_store_;  ///< of "Account Profiles", once it was found
 };
 
 /// Made by whichever build the test runs in.

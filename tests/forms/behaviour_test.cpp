@@ -4,28 +4,28 @@
 #include <algorithm>
 #include <array>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 #include "tests/forms/gallery.h"
 #include "tests/forms/stage.h"
 
 namespace forms_test {
 namespace {
 
-using addin::forms::Control;
-using addin::forms::FormTable;
-using addin::forms::List;
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
+using forms::Control;
+using forms::FormTable;
+using forms::List;
 using testing::AllOf;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
-namespace header = addin::forms::header;
+namespace header = forms::header;
 
 std::vector<std::string> names(List& list, int column = 0) {
     std::vector<std::string> texts;
-    for (int row = 0; row < list.count(); ++row) texts.push_back(host::to_utf8(list.text(row, column)));
+    for (int row = 0; row < list.count(); ++row) texts.push_back(automation::to_utf8(list.text(row, column)));
     return texts;
 }
 
@@ -92,10 +92,10 @@ TEST_F(FormsTest, UnknownControlRowOrColumnIsAFailure) {
     EXPECT_THROW(form->control(u"nobody"), std::logic_error) << "no failure of the host";
     EXPECT_THROW(form->control(u"label").list(), std::logic_error);
     EXPECT_THROW(form->control(u"label").choice(), std::logic_error);
-    EXPECT_THROW(list().text(0, 0), host::Failure);
-    EXPECT_THROW(list().select(0), host::Failure);
-    EXPECT_THROW(list().heading(3), host::Failure);
-    EXPECT_THROW(form->control(u"free").choice().entry(3), host::Failure);
+    EXPECT_THROW(list().text(0, 0), automation::Failure);
+    EXPECT_THROW(list().select(0), automation::Failure);
+    EXPECT_THROW(list().heading(3), automation::Failure);
+    EXPECT_THROW(form->control(u"free").choice().entry(3), automation::Failure);
 }
 
 TEST_F(FormsTest, ClickReachesTheLogic) {
@@ -285,7 +285,7 @@ TEST_F(FormsTest, WholeRowComesToItsPlaceAtOnce) {
     EXPECT_THAT(names(list()), ElementsAre("1", "4", "3", "2"));
     EXPECT_EQ(list().text(0, 2), u"") << "what isn't given is empty";
     const std::array<Text, 4> too_many;
-    EXPECT_THROW(list().add(too_many), host::Failure);
+    EXPECT_THROW(list().add(too_many), automation::Failure);
     EXPECT_EQ(list().count(), 4);
 }
 
@@ -311,7 +311,7 @@ TEST_F(FormsTest, RowsAreSortedAsWordsAre) {
     for (const Text& word : mixed) list().add(word);
     std::vector<std::string> expected;
     std::ranges::transform(sorted, std::back_inserter(expected),
-                           [](const Text& word) { return host::to_utf8(word); });
+                           [](const Text& word) { return automation::to_utf8(word); });
     EXPECT_EQ(names(list()), expected);
     list().sort_order(1);
     std::ranges::reverse(expected);
@@ -331,9 +331,9 @@ TEST_F(FormsTest, SortByComparisonMayLookAtTheListAndNeverAnswerLess) {
 TEST_F(FormsTest, FailureOfAComparisonTravelsToTheLogic) {
     for (const TextView name : {u"3", u"1", u"2"}) list().add(name);
     EXPECT_THROW(list().sort_rows([](std::intptr_t, std::intptr_t) -> int {
-        throw host::Failure(host::result::type_mismatch);
+        throw automation::Failure(automation::result::type_mismatch);
     }),
-                 host::Failure);
+                 automation::Failure);
     EXPECT_EQ(list().count(), 3);
 }
 
@@ -344,7 +344,7 @@ TEST_F(FormsTest, ListKeepsLongTextsAndManyRows) {
     EXPECT_EQ(list().text(0, 0), long_text);
     EXPECT_EQ(list().text(0, 1), long_text);
     list().sorted(true);
-    for (int row = 0; row < 300; ++row) list().add(host::to_text((row * 7919) % 1000));
+    for (int row = 0; row < 300; ++row) list().add(automation::to_text((row * 7919) % 1000));
     std::vector<std::string> sorted = names(list());
     EXPECT_TRUE(std::ranges::is_sorted(sorted));
     list().clear();
@@ -618,7 +618,7 @@ TEST_F(FormsTest, ModalWindowOverAModalWindow) {
 }
 
 TEST_F(FormsTest, FailureOfAnEventEndsThere) {
-    form->at = [](const std::string&) { throw host::Failure(host::result::fail, u"no luck"); };
+    form->at = [](const std::string&) { throw automation::Failure(automation::result::fail, u"no luck"); };
     EXPECT_TRUE(stage->click(in_gallery(u"go")));
     form->at = nullptr;
     EXPECT_TRUE(stage->click(in_gallery(u"go")));

@@ -2,16 +2,16 @@
 
 namespace forms_test {
 
-using addin::forms::Color;
-using addin::forms::Column;
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::Font;
-using addin::forms::FormTable;
-using addin::forms::Picture;
-using addin::forms::Point;
-using addin::forms::Shape;
-using host::TextView;
+using automation::TextView;
+using forms::Color;
+using forms::Column;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::Font;
+using forms::FormTable;
+using forms::Picture;
+using forms::Point;
+using forms::Shape;
 
 namespace {
 
@@ -66,7 +66,7 @@ constexpr ControlRow gallery_rows[] = {
      .name = u"status",
      .text = u"Choose:",
      .place = {3120, 1290, 900, 255},
-     .color = addin::forms::dark_blue},
+     .color = forms::dark_blue},
     {.kind = ControlKind::combo_box,
      .name = u"free",
      .text = u"Choose",
@@ -139,7 +139,7 @@ constexpr FormTable with_keys{.name = u"WithKeys",
 
 namespace {
 
-std::string named(const char* event, TextView name) { return event + (" " + host::to_utf8(name)); }
+std::string named(const char* event, TextView name) { return event + (" " + automation::to_utf8(name)); }
 
 }  // namespace
 

@@ -8,11 +8,11 @@
 
 namespace forms_test {
 
-extern const addin::forms::FormTable gallery, with_keys;
-inline constexpr host::TextView gallery_caption = u"The Gallery", with_keys_caption = u"With Keys";
+extern const forms::FormTable gallery, with_keys;
+inline constexpr automation::TextView gallery_caption = u"The Gallery", with_keys_caption = u"With Keys";
 
 /// Writes its events down, and does what it was told to do at one of them.
-class Noted : public addin::forms::Form {
+class Noted : public forms::Form {
   public:
     using Form::Form;
     std::vector<std::string> told;
@@ -28,12 +28,12 @@ class Noted : public addin::forms::Form {
     void on_resize() override { note("resize"); }
     void on_character(char16_t character) override { note("character " + std::to_string(character)); }
     void on_close() override;
-    void on_click(host::TextView name) override;
-    void on_double_click(host::TextView name) override;
-    void on_change(host::TextView name) override;
-    void on_key_press(host::TextView name, char16_t character) override;
-    void on_column_click(host::TextView name, int column) override;
-    void on_drop(host::TextView name, int x, int y) override;
+    void on_click(automation::TextView name) override;
+    void on_double_click(automation::TextView name) override;
+    void on_change(automation::TextView name) override;
+    void on_key_press(automation::TextView name, char16_t character) override;
+    void on_column_click(automation::TextView name, int column) override;
+    void on_drop(automation::TextView name, int x, int y) override;
 };
 
 }  // namespace forms_test

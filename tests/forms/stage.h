@@ -11,8 +11,8 @@ namespace forms_test {
 
 /// A control of a window, which is found by its caption.
 struct Spot {
-    host::TextView window;
-    host::TextView control;
+    automation::TextView window;
+    automation::TextView control;
 };
 
 /// Each deed answers whether it could be done: not to what is hidden, disabled or behind a modal window.
@@ -20,27 +20,27 @@ class Stage {
   public:
     virtual ~Stage() = default;
 
-    virtual addin::forms::Engine& engine() = 0;
+    virtual forms::Engine& engine() = 0;
     virtual void dots_per_inch(int dots) = 0;  ///< of windows that are made from now on
 
     virtual bool click(Spot spot) = 0;
-    virtual bool type(Spot spot, host::TextView text) = 0;  ///< in place of what is there
+    virtual bool type(Spot spot, automation::TextView text) = 0;  ///< in place of what is there
     virtual bool key(Spot spot,
                      int code) = 0;  ///< with the focus moved there; no control: where the focus is
     virtual bool choose(Spot spot, int entry) = 0;
     virtual bool select(Spot spot, int row) = 0;
     virtual bool double_click(Spot spot, int row) = 0;  ///< -1: below the rows
     virtual bool column_click(Spot spot, int column) = 0;
-    virtual bool drop(Spot spot, int row) = 0;                              ///< -1: below the rows
-    virtual bool resize(host::TextView window, int width, int height) = 0;  ///< outer pixels
-    virtual bool minimize(host::TextView window) = 0;
-    virtual bool close(host::TextView window) = 0;
+    virtual bool drop(Spot spot, int row) = 0;                                    ///< -1: below the rows
+    virtual bool resize(automation::TextView window, int width, int height) = 0;  ///< outer pixels
+    virtual bool minimize(automation::TextView window) = 0;
+    virtual bool close(automation::TextView window) = 0;
     virtual void activate_host() = 0;  ///< a window of the host's own becomes the active one
-    virtual bool activate(host::TextView window) = 0;
+    virtual bool activate(automation::TextView window) = 0;
 
-    virtual bool there(host::TextView window) = 0;  ///< hidden or not
-    virtual host::Text focused(host::TextView window) = 0;
-    virtual bool topmost(host::TextView window) = 0;
+    virtual bool there(automation::TextView window) = 0;  ///< hidden or not
+    virtual automation::Text focused(automation::TextView window) = 0;
+    virtual bool topmost(automation::TextView window) = 0;
     virtual int mark(Spot list, int column) = 0;  ///< of a heading; -1: none
 
     /// Runs an action that shows a modal window, and the steps of the person while it waits. Comes back when

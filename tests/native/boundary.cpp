@@ -9,22 +9,22 @@
 
 namespace native {
 
-using host::Access;
-using host::Object;
-using host::Request;
-using host::Value;
+using automation::Access;
+using automation::Object;
+using automation::Request;
+using automation::Value;
 
 namespace {
 
 template <class T>
-bool is(const host::Invocable& object, std::string& name) {
+bool is(const automation::Invocable& object, std::string& name) {
     if (!dynamic_cast<const T*>(&object)) return false;
-    name = host::to_utf8(T::name);
+    name = automation::to_utf8(T::name);
     return true;
 }
 
-std::string class_name(const host::Invocable& object) {
-    if (const auto* named = dynamic_cast<const host::Named*>(&object))
+std::string class_name(const automation::Invocable& object) {
+    if (const auto* named = dynamic_cast<const automation::Named*>(&object))
         return std::string(named->class_name());
     std::string name = "Object";
     using namespace family;
@@ -37,7 +37,7 @@ std::string class_name(const host::Invocable& object) {
 }  // namespace
 
 /// An object of one side as the other side holds it.
-class Boundary::Across : public host::Invocable {
+class Boundary::Across : public automation::Invocable {
   public:
     Across(std::shared_ptr<Boundary> boundary, Object inner, Side holder)
         : boundary_(std::move(boundary)), inner_(std::move(inner)), holder_(holder) {}
@@ -55,7 +55,7 @@ class Boundary::Across : public host::Invocable {
 };
 
 /// Hands the events of a source to a sink of the other side.
-class Boundary::Relay : public host::Invocable {
+class Boundary::Relay : public automation::Invocable {
   public:
     Relay(std::shared_ptr<Boundary> boundary, Object sink, Side sinks_side)
         : boundary_(std::move(boundary)), sink_(std::move(sink)), sinks_side_(sinks_side) {}
@@ -82,7 +82,7 @@ Value Boundary::Across::invoke(Request& request) {
     if (holder_ == Side::add_in && request.access != Access::identify) {
         const std::string member = request.access == Access::advise     ? "advise"
                                    : request.access == Access::unadvise ? "unadvise"
-                                                                        : host::to_utf8(request.member);
+                                                                        : automation::to_utf8(request.member);
         const std::string name = class_name(*inner_.target()) + "." + member;
         if (boundary_->before_request) boundary_->before_request(name, request);
         boundary_->pass(name);
@@ -131,7 +131,7 @@ Value Boundary::across(const Value& value, Side to) {
 
 void Boundary::across(Request& request, Side to) {
     for (Value& argument : request.arguments) argument = across(argument, to);
-    for (host::NamedArgument& argument : request.named) argument.value = across(argument.value, to);
+    for (automation::NamedArgument& argument : request.named) argument.value = across(argument.value, to);
 }
 
 std::vector<desk::LiveCount> Boundary::live() const {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "automation/object.h"
 #include "desk/model/surroundings.h"
-#include "host/object.h"
 
 namespace native {
 
@@ -17,15 +17,15 @@ class Boundary : public std::enable_shared_from_this<Boundary> {
   public:
     /// What an object of the outside is to the add-in, and one of the add-in to the outside. The same object
     /// is the same one each time, as long as it is held.
-    host::Object to_add_in(const host::Object& outside);
-    host::Object to_outside(const host::Object& of_the_add_in);
+    automation::Object to_add_in(const automation::Object& outside);
+    automation::Object to_outside(const automation::Object& of_the_add_in);
 
     /// Runs before each call that the add-in makes; told its name as "MailItem.Subject". What it throws is
     /// what the call fails with.
     std::function<void(const std::string& member)> before_call;
 
     /// The same for calls of objects, with what is asked.
-    std::function<void(const std::string& member, const host::Request& request)> before_request;
+    std::function<void(const std::string& member, const automation::Request& request)> before_request;
 
     /// A call of the add-in that is no automation passes here, too.
     void pass(const std::string& member);
@@ -42,11 +42,11 @@ class Boundary : public std::enable_shared_from_this<Boundary> {
     class Relay;
     enum class Side { add_in, outside };
 
-    host::Object across(const host::Object& object, Side to);
-    host::Value across(const host::Value& value, Side to);
-    void across(host::Request& request, Side to);
+    automation::Object across(const automation::Object& object, Side to);
+    automation::Value across(const automation::Value& value, Side to);
+    void across(automation::Request& request, Side to);
 
-    std::map<std::pair<host::Invocable*, Side>, std::weak_ptr<Across>> held_;
+    std::map<std::pair<automation::Invocable*, Side>, std::weak_ptr<Across>> held_;
     std::vector<std::string> calls_;
 };
 

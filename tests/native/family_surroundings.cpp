@@ -5,8 +5,8 @@
 
 namespace native {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 namespace status = host::registry_status;
 
 namespace {
@@ -15,7 +15,7 @@ namespace {
 class OpenKey {
   public:
     OpenKey(host::Registry& registry, TextView path, bool make) : registry_(registry) {
-        const std::string name = host::to_utf8(path);
+        const std::string name = automation::to_utf8(path);
         const std::int32_t opened = make ? registry.create_key(host::current_user, name, key_)
                                          : registry.open_key(host::current_user, name, key_);
         is_open_ = opened == status::success;
@@ -52,8 +52,8 @@ class OpenKey {
 
 std::optional<Text> FamilySurroundings::read_setting(TextView name) {
     const OpenKey key(registry_, family_key, false);
-    const std::optional<std::string> bytes = key.text(host::to_utf8(name));
-    return bytes ? std::optional(host::from_utf8(*bytes)) : std::nullopt;
+    const std::optional<std::string> bytes = key.text(automation::to_utf8(name));
+    return bytes ? std::optional(automation::from_utf8(*bytes)) : std::nullopt;
 }
 
 void FamilySurroundings::record(Text call) { append_to_family_list(registry_, u"Calls", call); }
@@ -65,7 +65,7 @@ void append_to_family_list(host::Registry& registry, TextView list, TextView tex
         std::snprintf(name.data(), name.size(), "%04u", number);
         if (!key.text(name.data())) break;
     }
-    key.text(name.data(), host::to_utf8(text));
+    key.text(name.data(), automation::to_utf8(text));
 }
 
 }  // namespace native

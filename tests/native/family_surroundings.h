@@ -4,33 +4,33 @@
 
 #include <functional>
 
+#include "addin/host/desktop.h"
 #include "family/surroundings.h"
-#include "host/desktop.h"
 
 namespace native {
 
 /// The key, of the current user, below which the family keeps its settings and what it records.
-inline constexpr host::TextView family_key = u"Software\\Tarnwell\\Family";
+inline constexpr automation::TextView family_key = u"Software\\Tarnwell\\Family";
 
 class FamilySurroundings final : public family::Surroundings {
   public:
     /// The engine lives longer than the windows that are made by it.
-    FamilySurroundings(host::Registry& registry, std::function<host::Object()> application,
-                       addin::forms::Engine& engine)
+    FamilySurroundings(host::Registry& registry, std::function<automation::Object()> application,
+                       forms::Engine& engine)
         : registry_(registry), application_(std::move(application)), engine_(engine) {}
 
-    std::optional<host::Text> read_setting(host::TextView name) override;
-    host::Object application() override { return application_(); }
-    std::shared_ptr<addin::forms::Engine> engine() override { return {std::shared_ptr<void>(), &engine_}; }
-    void record(host::Text call) override;
+    std::optional<automation::Text> read_setting(automation::TextView name) override;
+    automation::Object application() override { return application_(); }
+    std::shared_ptr<forms::Engine> engine() override { return {std::shared_ptr<void>(), &engine_}; }
+    void record(automation::Text call) override;
 
   private:
     host::Registry& registry_;
-    std::function<host::Object()> application_;
-    addin::forms::Engine& engine_;
+    std::function<automation::Object()> application_;
+    forms::Engine& engine_;
 };
 
 /// Appends a text to the list under a key of the family's: values named "0001", "0002" and so on.
-void append_to_family_list(host::Registry& registry, host::TextView list, host::TextView text);
+void append_to_family_list(host::Registry& registry, automation::TextView list, automation::TextView text);
 
 }  // namespace native

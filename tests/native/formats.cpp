@@ -4,14 +4,14 @@
 #include <cmath>
 #include <cstdio>
 
-#include "host/failure.h"
-#include "host/value.h"
+#include "automation/failure.h"
+#include "automation/value.h"
 
 namespace native {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 
 namespace {
 
@@ -30,21 +30,23 @@ std::string decimal(double number, bool grouped) {
 Text currency(TextView value) {
     const double number = Value(value).to_number();
     const std::string amount = "$" + decimal(std::fabs(number), true);
-    return host::from_utf8(number < 0 ? "(" + amount + ")" : amount);
+    return automation::from_utf8(number < 0 ? "(" + amount + ")" : amount);
 }
 
-Text percent(TextView value) { return host::from_utf8(decimal(Value(value).to_number() * 100, false) + "%"); }
+Text percent(TextView value) {
+    return automation::from_utf8(decimal(Value(value).to_number() * 100, false) + "%");
+}
 
 Text short_date(TextView value) {
-    const host::ClockTime clock = host::to_clock(date_or_time(value));
+    const automation::ClockTime clock = automation::to_clock(date_or_time(value));
     std::array<char, 40> buffer{};
     std::snprintf(buffer.data(), buffer.size(), "%d/%d/%04d", clock.month, clock.day, clock.year);
-    return host::from_utf8(buffer.data());
+    return automation::from_utf8(buffer.data());
 }
 
 /// Without the time at midnight, and without the date on the day 0.
 Text general_date(TextView value) {
-    const host::ClockTime clock = host::to_clock(date_or_time(value));
+    const automation::ClockTime clock = automation::to_clock(date_or_time(value));
     const bool midnight = clock.hour == 0 && clock.minute == 0 && clock.second == 0;
     const bool day_0 = clock.year == 1899 && clock.month == 12 && clock.day == 30;
     if (midnight && !day_0) return short_date(value);
@@ -53,22 +55,22 @@ Text general_date(TextView value) {
     std::snprintf(buffer.data(), buffer.size(), "%d:%02d:%02d %s",
                   clock.hour % noon == 0 ? noon : clock.hour % noon, clock.minute, clock.second,
                   clock.hour < noon ? "AM" : "PM");
-    const Text time = host::from_utf8(buffer.data());
+    const Text time = automation::from_utf8(buffer.data());
     return day_0 ? time : short_date(value) + u" " + time;
 }
 
 }  // namespace
 
-host::Date date_or_time(TextView text) {
+automation::Date date_or_time(TextView text) {
     if (text.find(u':') != TextView::npos && text.find_first_of(u"/-") == TextView::npos) {
-        if (const auto date = host::read_date(u"1899-12-30 " + host::trimmed(text))) return *date;
+        if (const auto date = automation::read_date(u"1899-12-30 " + automation::trimmed(text))) return *date;
     }
     return Value(text).to_date();
 }
 
 Text written(const Value& value) {
     if (!value.is(Value::Type::date)) return value.to_text();
-    const host::ClockTime clock = host::to_clock(value.to_date());
+    const automation::ClockTime clock = automation::to_clock(value.to_date());
     constexpr int noon = 12;
     std::array<char, 80> buffer{};
     int length =
@@ -78,7 +80,7 @@ Text written(const Value& value) {
                                 " %d:%02d:%02d %s", (clock.hour + noon - 1) % noon + 1, clock.minute,
                                 clock.second, clock.hour < noon ? "AM" : "PM");
     }
-    return host::from_utf8({buffer.data(), static_cast<std::size_t>(length)});
+    return automation::from_utf8({buffer.data(), static_cast<std::size_t>(length)});
 }
 
 Text formatted(TextView value, TextView named_format) {
@@ -86,7 +88,7 @@ Text formatted(TextView value, TextView named_format) {
     if (named_format == u"Percent") return percent(value);
     if (named_format == u"Short Date") return short_date(value);
     if (named_format == u"General Date") return general_date(value);
-    throw host::Failure(host::result::invalid_argument, Text(named_format));
+    throw automation::Failure(automation::result::invalid_argument, Text(named_format));
 }
 
 }  // namespace native

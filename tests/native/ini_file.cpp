@@ -6,8 +6,8 @@
 
 namespace native {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 
 namespace {
 
@@ -52,7 +52,7 @@ Text ini_section_names(const std::filesystem::path& file, std::uint32_t size) {
     Text names;
     for (const Line& line : read_lines(file)) {
         if (!line.is_section) continue;
-        names += host::from_utf8(line.name);
+        names += automation::from_utf8(line.name);
         names += u'\0';
     }
     // what doesn't fit ends with the two terminators at the buffer's end
@@ -66,9 +66,9 @@ Text ini_text(const std::filesystem::path& file, TextView section, TextView key,
     for (const Line& line : read_lines(file)) {
         if (line.is_section) {
             if (inside) return {};
-            inside = host::same_ignoring_case(host::from_utf8(line.name), section);
-        } else if (inside && host::same_ignoring_case(host::from_utf8(line.name), key)) {
-            return host::from_utf8(line.value).substr(0, size - 1);
+            inside = automation::same_ignoring_case(automation::from_utf8(line.name), section);
+        } else if (inside && automation::same_ignoring_case(automation::from_utf8(line.name), key)) {
+            return automation::from_utf8(line.value).substr(0, size - 1);
         }
     }
     return {};

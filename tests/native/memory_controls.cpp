@@ -3,18 +3,18 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 #include "tests/native/memory_forms.h"
 
 namespace native {
 
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::Events;
-using host::Failure;
-using host::Text;
-using host::TextView;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::Events;
+namespace result = automation::result;
 
 // A choice
 
@@ -46,7 +46,7 @@ void MemoryChoice::choose(int index) {
 
 void MemoryChoice::text(TextView text) {
     const auto found = std::ranges::find_if(
-        entries_, [&](const Text& entry) { return host::same_ignoring_case(entry, text); });
+        entries_, [&](const Text& entry) { return automation::same_ignoring_case(entry, text); });
     if (entries_only_ && found == entries_.end()) return;
     text_ = entries_only_ ? *found : Text(text);
     chosen_ = found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
@@ -97,12 +97,12 @@ void MemoryControl::focus() {
 }
 
 MemoryList& MemoryControl::memory_list() {
-    if (!list_) throw std::logic_error(host::to_utf8(row_.name) + " is no list.");
+    if (!list_) throw std::logic_error(automation::to_utf8(row_.name) + " is no list.");
     return *list_;
 }
 
 MemoryChoice& MemoryControl::memory_choice() {
-    if (!choice_) throw std::logic_error(host::to_utf8(row_.name) + " has no entries.");
+    if (!choice_) throw std::logic_error(automation::to_utf8(row_.name) + " has no entries.");
     return *choice_;
 }
 

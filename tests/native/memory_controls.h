@@ -10,46 +10,46 @@ namespace native {
 
 class MemoryWindow;
 
-class MemoryChoice final : public addin::forms::Choice {
+class MemoryChoice final : public forms::Choice {
   public:
-    explicit MemoryChoice(const addin::forms::ControlRow& row);
+    explicit MemoryChoice(const forms::ControlRow& row);
 
     void clear() override;
-    void add(host::TextView entry) override;
+    void add(automation::TextView entry) override;
     int count() const override { return static_cast<int>(entries_.size()); }
-    host::Text entry(int index) const override;
+    automation::Text entry(int index) const override;
     int chosen() const override;
     void choose(int index) override;
 
-    const host::Text& text() const { return text_; }
-    void text(host::TextView text);  ///< of a drop-down list: only if it is one of the entries
+    const automation::Text& text() const { return text_; }
+    void text(automation::TextView text);  ///< of a drop-down list: only if it is one of the entries
 
   private:
     bool entries_only_;
-    std::vector<host::Text> entries_;
-    host::Text text_;
+    std::vector<automation::Text> entries_;
+    automation::Text text_;
     int chosen_ = -1;
 };
 
-class MemoryList final : public addin::forms::List {
+class MemoryList final : public forms::List {
   public:
-    MemoryList(const addin::forms::ControlRow& row, int dots_per_inch);
+    MemoryList(const forms::ControlRow& row, int dots_per_inch);
 
     int count() const override { return static_cast<int>(rows_.size()); }
     void clear() override;
     using List::add;
-    int add(std::span<const host::Text> cells) override;
-    host::Text text(int row, int column) const override;
-    int text(int row, int column, host::TextView text) override;
+    int add(std::span<const automation::Text> cells) override;
+    automation::Text text(int row, int column) const override;
+    int text(int row, int column, automation::TextView text) override;
     int selected() const override;
     void select(int row) override;
 
     int columns() const override { return static_cast<int>(columns_.size()); }
-    host::Text heading(int column) const override;
-    void heading(int column, host::TextView text) override;
+    automation::Text heading(int column) const override;
+    void heading(int column, automation::TextView text) override;
     int width(int column) const override;
     void width(int column, int twips) override;
-    void header_item(int column, const addin::forms::HeaderItem& item) override;
+    void header_item(int column, const forms::HeaderItem& item) override;
 
     int sort_order() const override { return order_; }
     void sort_order(int order) override;
@@ -59,7 +59,7 @@ class MemoryList final : public addin::forms::List {
     int find(std::intptr_t parameter) const override;
 
     void extended_style(std::uint32_t mask, std::uint32_t value) override;
-    addin::forms::Hit hit(int x, int y) const override;
+    forms::Hit hit(int x, int y) const override;
     void takes_drops(bool takes) override { takes_drops_ = takes; }
 
     // what a test looks at
@@ -69,7 +69,7 @@ class MemoryList final : public addin::forms::List {
     int sort_key() const { return key_; }
     std::uint32_t extended_style() const { return extended_style_; }
     int pixel_width(int column) const;
-    const addin::forms::HeaderItem& header_item(int column) const;  ///< as it was set last
+    const forms::HeaderItem& header_item(int column) const;  ///< as it was set last
     int mark(int column) const;  ///< the number of the picture that the heading shows, or -1
 
     /// A point in the middle of a row's cell; below the rows for -1. Pixels.
@@ -81,12 +81,12 @@ class MemoryList final : public addin::forms::List {
   private:
     struct Row {
         std::intptr_t parameter;
-        std::vector<host::Text> texts;
+        std::vector<automation::Text> texts;
     };
     struct Column {
-        host::Text heading;
+        automation::Text heading;
         int pixels;
-        addin::forms::HeaderItem item;
+        forms::HeaderItem item;
     };
 
     const Row& at(int row) const;
@@ -110,27 +110,27 @@ class MemoryList final : public addin::forms::List {
 
 /// Each deed of a person answers whether it could be done: the control must be there to be seen, enabled, of
 /// a fitting kind, and its window not behind a modal one. The window may have ended when a deed comes back.
-class MemoryControl final : public addin::forms::Control {
+class MemoryControl final : public forms::Control {
   public:
-    MemoryControl(MemoryWindow& window, const addin::forms::ControlRow& row);
+    MemoryControl(MemoryWindow& window, const forms::ControlRow& row);
 
-    host::Text text() const override;
-    void text(host::TextView text) override;
+    automation::Text text() const override;
+    void text(automation::TextView text) override;
     bool visible() const override { return visible_; }
     void visible(bool visible) override;
     bool enabled() const override { return enabled_; }
     void enabled(bool enabled) override;
     bool selected() const override { return selected_; }
     void selected(bool selected) override;
-    void place(const addin::forms::Place& place) override { place_ = place; }
+    void place(const forms::Place& place) override { place_ = place; }
     void focus() override;
-    addin::forms::List& list() override { return memory_list(); }
-    addin::forms::Choice& choice() override { return memory_choice(); }
+    forms::List& list() override { return memory_list(); }
+    forms::Choice& choice() override { return memory_choice(); }
 
     // what a person sees
 
-    const addin::forms::ControlRow& row() const { return row_; }
-    const addin::forms::Place& place() const { return place_; }
+    const forms::ControlRow& row() const { return row_; }
+    const forms::Place& place() const { return place_; }
     MemoryList& memory_list();
     MemoryChoice& memory_choice();
     bool shown() const;      ///< it and its frame; of a window that is shown
@@ -139,17 +139,17 @@ class MemoryControl final : public addin::forms::Control {
 
     // what a person does
 
-    bool click();                    ///< a button, link, check box or option button
-    bool type(host::TextView text);  ///< replaces the text; the text box's change comes once
-    bool key(int code);              ///< with the focus moved here first
-    bool choose(int index);          ///< a combo's entry
-    bool select(int row);            ///< a click on a row of a list; -1: beside the rows
-    bool double_click(int row);      ///< -1: beside the rows
+    bool click();                          ///< a button, link, check box or option button
+    bool type(automation::TextView text);  ///< replaces the text; the text box's change comes once
+    bool key(int code);                    ///< with the focus moved here first
+    bool choose(int index);                ///< a combo's entry
+    bool select(int row);                  ///< a click on a row of a list; -1: beside the rows
+    bool double_click(int row);            ///< -1: beside the rows
     bool column_click(int column);
     bool drop(int row, int column = 0);  ///< row -1: below the rows; only where drops are taken
 
     bool takes_focus() const;  ///< by its kind
-    bool is_text_box() const { return row_.kind == addin::forms::ControlKind::text_box; }
+    bool is_text_box() const { return row_.kind == forms::ControlKind::text_box; }
 
     /// What a character does to the text; whether it changed it.
     bool put_character(char16_t character);
@@ -165,10 +165,10 @@ class MemoryControl final : public addin::forms::Control {
     void press();                        ///< inside of a deed
 
     MemoryWindow& window_;
-    const addin::forms::ControlRow& row_;
-    host::Text text_;
+    const forms::ControlRow& row_;
+    automation::Text text_;
     bool visible_, enabled_, selected_;
-    addin::forms::Place place_;
+    forms::Place place_;
     std::optional<MemoryList> list_;
     std::optional<MemoryChoice> choice_;
 };

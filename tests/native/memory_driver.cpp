@@ -2,16 +2,16 @@
 
 #include <algorithm>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 
 namespace native {
 namespace {
 
-using addin::forms::ControlKind;
-using host::Failure;
-using host::Text;
-using host::TextView;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+using forms::ControlKind;
+namespace result = automation::result;
 
 /// A window that may have gone meanwhile.
 class Watched {
@@ -142,8 +142,9 @@ class MemoryWindowDriver final : public desk::WindowDriver {
     }
     std::unique_ptr<desk::ControlDriver> control(TextView name) override {
         const auto& all = watched_.window().controls();
-        const auto found = std::ranges::find_if(
-            all, [&](const auto& control) { return host::same_ignoring_case(control->row().name, name); });
+        const auto found = std::ranges::find_if(all, [&](const auto& control) {
+            return automation::same_ignoring_case(control->row().name, name);
+        });
         if (found == all.end()) return nullptr;
         return std::make_unique<MemoryControlDriver>(watched_, **found);
     }

@@ -10,7 +10,7 @@ namespace native {
 using Post = std::function<void(std::function<void()>)>;
 
 /// The window of that caption, or null. Lives no longer than the engine.
-std::unique_ptr<desk::WindowDriver> drive_window(const MemoryEngine& engine, host::TextView caption,
+std::unique_ptr<desk::WindowDriver> drive_window(const MemoryEngine& engine, automation::TextView caption,
                                                  Post post);
 
 }  // namespace native

@@ -4,18 +4,18 @@
 #include <stdexcept>
 #include <utility>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 
 namespace native {
 
-using addin::forms::Events;
-using addin::forms::FormTable;
-using addin::forms::to_pixels;
-using addin::forms::to_twips;
-using host::Failure;
-using host::Text;
-using host::TextView;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+using forms::Events;
+using forms::FormTable;
+using forms::to_pixels;
+using forms::to_twips;
+namespace result = automation::result;
 
 namespace {
 
@@ -47,7 +47,7 @@ char16_t character_of(int code) {
 
 // The engine
 
-std::unique_ptr<addin::forms::View> MemoryEngine::make(const FormTable& table, std::weak_ptr<Events> events) {
+std::unique_ptr<forms::View> MemoryEngine::make(const FormTable& table, std::weak_ptr<Events> events) {
     return std::make_unique<MemoryWindow>(*this, table, std::move(events));
 }
 
@@ -74,7 +74,7 @@ MemoryWindow::MemoryWindow(MemoryEngine& engine, const FormTable& table, std::we
       width_(to_pixels(table.width + frame_width, dots_per_inch_)),
       height_(to_pixels(table.height + frame_height, dots_per_inch_)),
       number_(++engine.made_) {
-    for (const addin::forms::ControlRow& row : table.controls) {
+    for (const forms::ControlRow& row : table.controls) {
         controls_.push_back(std::make_unique<MemoryControl>(*this, row));
     }
     engine_.windows_.push_back(this);
@@ -93,7 +93,7 @@ MemoryControl* MemoryWindow::find(TextView name) {
 
 MemoryControl& MemoryWindow::control(TextView name) {
     if (MemoryControl* const found = find(name)) return *found;
-    throw std::logic_error("There is no control " + host::to_utf8(name) + ".");
+    throw std::logic_error("There is no control " + automation::to_utf8(name) + ".");
 }
 
 void MemoryWindow::show() {
@@ -130,7 +130,7 @@ void MemoryWindow::hide() {
     if (active()) engine_.active_ = nullptr;
 }
 
-addin::forms::Size MemoryWindow::size() const {
+forms::Size MemoryWindow::size() const {
     return {to_twips(width_, dots_per_inch_), to_twips(height_, dots_per_inch_)};
 }
 
@@ -166,7 +166,7 @@ bool MemoryWindow::act(const std::function<void()>& deed) {
 // The focus
 
 bool MemoryWindow::busy() const {
-    return pointer_ == host::Pointer::hourglass || engine_.screen_pointer() == host::Pointer::hourglass;
+    return pointer_ == forms::Pointer::hourglass || engine_.screen_pointer() == forms::Pointer::hourglass;
 }
 
 bool MemoryWindow::active() const { return engine_.active_ == this; }

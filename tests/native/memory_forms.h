@@ -16,36 +16,35 @@ class MemoryEngine;
 /// A window, as the logic sees it and as a person does. A deed runs in a strand, so that what it leads to may
 /// show a modal window; afterwards the modal shows go on whose windows are hidden or gone. Each deed answers
 /// whether it could be done. The window may have ended when a deed comes back.
-class MemoryWindow final : public addin::forms::View {
+class MemoryWindow final : public forms::View {
   public:
-    MemoryWindow(MemoryEngine& engine, const addin::forms::FormTable& table,
-                 std::weak_ptr<addin::forms::Events> events);
+    MemoryWindow(MemoryEngine& engine, const forms::FormTable& table, std::weak_ptr<forms::Events> events);
     ~MemoryWindow() override;
 
-    MemoryControl& control(host::TextView name) override;
-    host::Text caption() const override { return caption_; }
-    void caption(host::TextView text) override { caption_ = text; }
+    MemoryControl& control(automation::TextView name) override;
+    automation::Text caption() const override { return caption_; }
+    void caption(automation::TextView text) override { caption_ = text; }
     bool visible() const override { return visible_; }
     void show() override;
     void show_modal() override;  ///< throws `NotInAStrand`
     void hide() override;
     void topmost() override { topmost_ = true; }
-    addin::forms::Size size() const override;
+    forms::Size size() const override;
     bool minimized() const override { return minimized_; }
     int dots_per_inch() const override { return dots_per_inch_; }
     std::intptr_t system_handle() const override { return number_; }
-    void pointer(host::Pointer pointer) override { pointer_ = pointer; }
+    void pointer(forms::Pointer pointer) override { pointer_ = pointer; }
 
     // what a person sees
 
-    const addin::forms::FormTable& table() const { return table_; }
+    const forms::FormTable& table() const { return table_; }
     bool is_topmost() const { return topmost_; }
     std::weak_ptr<const bool> life() const { return alive_; }  ///< expires with the window
-    host::Pointer pointer() const { return pointer_; }
+    forms::Pointer pointer() const { return pointer_; }
     bool busy() const;  ///< the mouse pointer over it is the hourglass
     bool active() const;
     bool blocked() const { return blocked_by_ != 0; }  ///< behind a modal window
-    MemoryControl* find(host::TextView name);          ///< null if it has none of that name
+    MemoryControl* find(automation::TextView name);    ///< null if it has none of that name
     MemoryControl* focused() const { return focused_; }
     int pixel_width() const { return width_; }  ///< outer
     int pixel_height() const { return height_; }
@@ -63,7 +62,7 @@ class MemoryWindow final : public addin::forms::View {
     friend class MemoryControl;
     friend class MemoryEngine;
 
-    using Deed = std::function<void(addin::forms::Events&)>;
+    using Deed = std::function<void(forms::Events&)>;
 
     /// Runs an event of this window inside of a deed or a call of the logic; false if the window has ended.
     bool raise(const Deed& event);
@@ -75,20 +74,20 @@ class MemoryWindow final : public addin::forms::View {
     void focus_on_default();
     void check_focus();  ///< whether the control that has it can keep it
     void select_option(const MemoryControl& option);
-    bool press(host::TextView button);  ///< the window's default or cancel button, if it can be pressed
+    bool press(automation::TextView button);  ///< the window's default or cancel button, if it can be pressed
     void press_key(int code);
     void put_character(MemoryControl& box, char16_t character);
     void move_focus_on();
 
     MemoryEngine& engine_;
-    const addin::forms::FormTable& table_;
-    std::weak_ptr<addin::forms::Events> events_;
+    const forms::FormTable& table_;
+    std::weak_ptr<forms::Events> events_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
-    host::Text caption_;
+    automation::Text caption_;
     std::vector<std::unique_ptr<MemoryControl>> controls_;
     MemoryControl* focused_ = nullptr;
     bool visible_ = false, topmost_ = false, minimized_ = false;
-    host::Pointer pointer_ = host::Pointer::standard;
+    forms::Pointer pointer_ = forms::Pointer::standard;
     int dots_per_inch_;
     int width_, height_;
     int number_;          ///< among all that were made, from 1
@@ -97,12 +96,12 @@ class MemoryWindow final : public addin::forms::View {
 };
 
 /// Lives longer than its windows.
-class MemoryEngine final : public addin::forms::Engine {
+class MemoryEngine final : public forms::Engine {
   public:
     explicit MemoryEngine(Strands& strands) : strands_(strands) {}
 
-    std::unique_ptr<addin::forms::View> make(const addin::forms::FormTable& table,
-                                             std::weak_ptr<addin::forms::Events> events) override;
+    std::unique_ptr<forms::View> make(const forms::FormTable& table,
+                                      std::weak_ptr<forms::Events> events) override;
 
     /// What an event keeps alive while it runs.
     void keep_during_events(std::weak_ptr<void> owner) { owner_ = std::move(owner); }
@@ -111,7 +110,7 @@ class MemoryEngine final : public addin::forms::Engine {
     const std::vector<MemoryWindow*>& windows() const { return windows_; }
 
     /// The window with a caption, or null: of several a visible one, and of these the one in front.
-    MemoryWindow* find(host::TextView caption) const;
+    MemoryWindow* find(automation::TextView caption) const;
 
     /// A window of the host's own becomes the active one, as when the user works there.
     void activate_host() { active_ = nullptr; }
@@ -123,7 +122,7 @@ class MemoryEngine final : public addin::forms::Engine {
     int dots_per_inch = 96;  ///< set before windows are made
 
     /// The mouse pointer over all windows that have none of their own.
-    std::function<host::Pointer()> screen_pointer = [] { return host::Pointer::standard; };
+    std::function<forms::Pointer()> screen_pointer = [] { return forms::Pointer::standard; };
 
     // for whoever watches the windows
     std::function<void(MemoryWindow&)> on_show = [](MemoryWindow&) {};

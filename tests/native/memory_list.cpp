@@ -1,19 +1,18 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 #include "tests/native/memory_controls.h"
 #include "tests/native/word_order.h"
 
 namespace native {
 
-using addin::forms::HeaderItem;
-using addin::forms::Hit;
-using host::Failure;
-using host::Text;
-using host::TextView;
-namespace forms = addin::forms;
-namespace result = host::result;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+using forms::HeaderItem;
+using forms::Hit;
+namespace result = automation::result;
 
 namespace {
 

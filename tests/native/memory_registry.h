@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "host/desktop.h"
+#include "addin/host/desktop.h"
 
 namespace native {
 

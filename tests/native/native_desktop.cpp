@@ -3,23 +3,23 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "addin/host/shell.h"
 #include "desk/model/ado.h"
 #include "desk/model/application.h"
 #include "desk/model/cdo.h"
 #include "family/create.h"
-#include "host/shell.h"
 #include "tests/native/formats.h"
 #include "tests/native/ini_file.h"
 #include "tests/native/temporary_folder.h"
 
 namespace native {
 
-using host::Failure;
+using automation::Failure;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
 using host::KeyHandle;
-using host::Object;
-using host::Text;
-using host::TextView;
-namespace result = host::result;
+namespace result = automation::result;
 
 namespace {
 
@@ -44,7 +44,7 @@ int answer_of_closing(std::uint32_t style) {
 }  // namespace
 
 NativeDesktop::NativeDesktop(std::shared_ptr<Boundary> boundary, MemoryRegistry& registry, Programs& programs,
-                             Text own_folder, std::vector<Text> without, addin::forms::Engine& engine)
+                             Text own_folder, std::vector<Text> without, forms::Engine& engine)
     : boundary_(std::move(boundary)),
       watched_(*boundary_, registry),
       programs_(programs),
@@ -64,8 +64,8 @@ desk::Desk& NativeDesktop::running() const {
 }
 
 bool NativeDesktop::left_out(TextView prog_id) const {
-    return std::ranges::any_of(without_,
-                               [&](const Text& name) { return host::same_ignoring_case(name, prog_id); });
+    return std::ranges::any_of(
+        without_, [&](const Text& name) { return automation::same_ignoring_case(name, prog_id); });
 }
 
 template <class T>
@@ -84,11 +84,11 @@ Object NativeDesktop::make(TextView prog_id) {
         {desk::AdoConnection::prog_id, &NativeDesktop::object_of_the_desk<desk::AdoConnection>},
         {desk::AdoRecordset::prog_id, &NativeDesktop::object_of_the_desk<desk::AdoRecordset>}};
     if (!left_out(prog_id)) {
-        if (host::same_ignoring_case(prog_id, outlook_prog_id)) return running().application()->self();
+        if (automation::same_ignoring_case(prog_id, outlook_prog_id)) return running().application()->self();
         for (const Maker& maker : makers) {
-            if (host::same_ignoring_case(prog_id, maker.prog_id)) return (this->*maker.make)();
+            if (automation::same_ignoring_case(prog_id, maker.prog_id)) return (this->*maker.make)();
         }
-        if (host::same_ignoring_case(prog_id, host::WshShell::prog_id)) {
+        if (automation::same_ignoring_case(prog_id, host::WshShell::prog_id)) {
             return Object(std::make_shared<Shell>(programs_, Text(working_folder)));
         }
         if (Object sibling = family::create(prog_id, family_)) return sibling;
@@ -97,7 +97,7 @@ Object NativeDesktop::make(TextView prog_id) {
 }
 
 Object NativeDesktop::create(TextView prog_id) {
-    boundary_->pass("create " + host::to_utf8(prog_id));
+    boundary_->pass("create " + automation::to_utf8(prog_id));
     return boundary_->to_add_in(make(prog_id));
 }
 
@@ -143,16 +143,16 @@ Text NativeDesktop::profile_text(TextView path, TextView section, TextView key, 
     return ini_text(local_path(path), section, key, size);
 }
 
-Text NativeDesktop::text_of(const host::Value& value) { return written(value); }
+Text NativeDesktop::text_of(const automation::Value& value) { return written(value); }
 
-host::Date NativeDesktop::date_of(TextView text) { return date_or_time(text); }
+automation::Date NativeDesktop::date_of(TextView text) { return date_or_time(text); }
 
 Text NativeDesktop::format(TextView value, TextView named_format) { return formatted(value, named_format); }
 
 // the 8-bit form is UTF-8 here
 
-std::string NativeDesktop::narrow(TextView text) { return host::to_utf8(text); }
-Text NativeDesktop::widen(const std::string& bytes) { return host::from_utf8(bytes); }
+std::string NativeDesktop::narrow(TextView text) { return automation::to_utf8(text); }
+Text NativeDesktop::widen(const std::string& bytes) { return automation::from_utf8(bytes); }
 
 std::int32_t NativeDesktop::WatchedRegistry::passed(const char* call) {
     constexpr std::int32_t access_denied = 5;

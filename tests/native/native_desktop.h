@@ -1,8 +1,8 @@
 // The system as the add-in sees it in a native test.
 #pragma once
 
+#include "addin/host/desktop.h"
 #include "desk/model/desk.h"
-#include "host/desktop.h"
 #include "tests/native/boundary.h"
 #include "tests/native/family_surroundings.h"
 #include "tests/native/memory_registry.h"
@@ -16,49 +16,49 @@ namespace native {
 class NativeDesktop final : public host::Desktop {
   public:
     NativeDesktop(std::shared_ptr<Boundary> boundary, MemoryRegistry& registry, Programs& programs,
-                  host::Text own_folder, std::vector<host::Text> without, addin::forms::Engine& engine);
+                  automation::Text own_folder, std::vector<automation::Text> without, forms::Engine& engine);
 
     /// The host that runs now, or null.
     void attach(desk::Desk* desk);
 
     host::Registry& registry() override { return watched_; }
-    host::Object create(host::TextView prog_id) override;
-    host::Object application() override;
-    int message_box(host::TextView text, host::TextView title, std::uint32_t style) override;
+    automation::Object create(automation::TextView prog_id) override;
+    automation::Object application() override;
+    int message_box(automation::TextView text, automation::TextView title, std::uint32_t style) override;
     void yield() override;
     void sleep(std::uint32_t milliseconds) override { slept += milliseconds; }
-    void pointer(host::Pointer pointer) override { shown_pointer = pointer; }
+    void pointer(forms::Pointer pointer) override { shown_pointer = pointer; }
     int dots_per_inch() override { return 96; }
-    host::Text find_file(host::TextView path) override;
-    void delete_file(host::TextView path) override;
+    automation::Text find_file(automation::TextView path) override;
+    void delete_file(automation::TextView path) override;
     std::intptr_t shell_execute(const host::ShellRequest& request) override;  ///< only records it
-    host::Text section_names(host::TextView path, std::uint32_t size) override;
-    host::Text profile_text(host::TextView path, host::TextView section, host::TextView key,
-                            std::uint32_t size) override;
+    automation::Text section_names(automation::TextView path, std::uint32_t size) override;
+    automation::Text profile_text(automation::TextView path, automation::TextView section,
+                                  automation::TextView key, std::uint32_t size) override;
     void beep() override { ++beeps; }
-    host::Text own_folder() override { return own_folder_; }
-    host::Text text_of(const host::Value& value) override;
-    host::Date date_of(host::TextView text) override;
-    host::Text format(host::TextView value, host::TextView named_format) override;
-    std::string narrow(host::TextView text) override;
-    host::Text widen(const std::string& bytes) override;
+    automation::Text own_folder() override { return own_folder_; }
+    automation::Text text_of(const automation::Value& value) override;
+    automation::Date date_of(automation::TextView text) override;
+    automation::Text format(automation::TextView value, automation::TextView named_format) override;
+    std::string narrow(automation::TextView text) override;
+    automation::Text widen(const std::string& bytes) override;
 
     /// The same without the boundary, for the host's own use.
-    host::Object make(host::TextView prog_id);
+    automation::Object make(automation::TextView prog_id);
 
     /// Whether an object isn't there in this world.
-    bool left_out(host::TextView prog_id) const;
+    bool left_out(automation::TextView prog_id) const;
 
     std::function<void()> on_yield = [] {};        ///< what a turn of the message loop does
     std::function<void()> on_message_box = [] {};  ///< what happens while a box is shown
     /// Makes an object in place of the usual one; Nothing where it makes none.
-    std::function<host::Object(host::TextView prog_id)> stand_in = [](host::TextView) {
-        return host::Object();
+    std::function<automation::Object(automation::TextView prog_id)> stand_in = [](automation::TextView) {
+        return automation::Object();
     };
 
     std::uint32_t slept = 0;  ///< milliseconds in all; nobody waits for them
     int beeps = 0;
-    host::Pointer shown_pointer = host::Pointer::standard;
+    forms::Pointer shown_pointer = forms::Pointer::standard;
 
   private:
     class WatchedRegistry final : public host::Registry {
@@ -82,13 +82,13 @@ class NativeDesktop final : public host::Desktop {
 
     desk::Desk& running() const;
     template <class T>
-    host::Object object_of_the_desk() const;
+    automation::Object object_of_the_desk() const;
 
     std::shared_ptr<Boundary> boundary_;
     WatchedRegistry watched_;
     Programs& programs_;
-    host::Text own_folder_;
-    std::vector<host::Text> without_;
+    automation::Text own_folder_;
+    std::vector<automation::Text> without_;
     desk::Desk* desk_ = nullptr;
     std::shared_ptr<FamilySurroundings> family_;
 };

@@ -7,24 +7,24 @@
 #include <map>
 #include <random>
 
-#include "desk/tools/mail_reader.h"
+#include "desk/tools/mail/mail_reader.h"
 #include "tests/native/temporary_folder.h"
 
 namespace native {
 
 namespace {
 
-host::Date local_date(std::time_t seconds) {
+automation::Date local_date(std::time_t seconds) {
     std::tm clock{};
     localtime_r(&seconds, &clock);
     constexpr int first_year = 1900;
-    return host::to_date({first_year + clock.tm_year, clock.tm_mon + 1, clock.tm_mday, clock.tm_hour,
-                          clock.tm_min, clock.tm_sec});
+    return automation::to_date({first_year + clock.tm_year, clock.tm_mon + 1, clock.tm_mday, clock.tm_hour,
+                                clock.tm_min, clock.tm_sec});
 }
 
 }  // namespace
 
-host::Date NativeSurroundings::now() { return local_date(std::time(nullptr)); }
+automation::Date NativeSurroundings::now() { return local_date(std::time(nullptr)); }
 
 std::string NativeSurroundings::random_bytes(std::size_t count) {
     std::random_device source;
@@ -34,7 +34,7 @@ std::string NativeSurroundings::random_bytes(std::size_t count) {
     return bytes;
 }
 
-desk::ItemData NativeSurroundings::read_mail(host::TextView path) {
+desk::ItemData NativeSurroundings::read_mail(automation::TextView path) {
     return desk::mail::read_message_file(local_path(path));
 }
 
@@ -56,7 +56,7 @@ std::vector<desk::IndexedFile> NativeSurroundings::indexed_files() {
         std::ifstream stream(entry.path(), std::ios::binary);
         std::string content(std::istreambuf_iterator<char>(stream), {});
         const auto time = std::chrono::file_clock::to_sys(entry.last_write_time());
-        const host::Date changed =
+        const automation::Date changed =
             local_date(std::chrono::system_clock::to_time_t(std::chrono::floor<std::chrono::seconds>(time)));
         files.push_back({.folder = system_path(entry.path().parent_path()),
                          .name = entry.path().filename().u16string(),
@@ -76,7 +76,7 @@ void NativeSurroundings::post(std::function<void()> action) {
     if (!strands_.running() && !handler_runs) run_posted();
 }
 
-std::unique_ptr<desk::WindowDriver> NativeSurroundings::window(host::TextView caption) {
+std::unique_ptr<desk::WindowDriver> NativeSurroundings::window(automation::TextView caption) {
     return drive_window(engine_, caption, [this](std::function<void()> deed) { post(std::move(deed)); });
 }
 
@@ -94,8 +94,8 @@ void NativeSurroundings::run_posted() {
     }
 }
 
-void NativeSurroundings::snapshot(host::TextView) {
-    throw host::Failure(host::result::not_implemented, u"There is no screen here.");
+void NativeSurroundings::snapshot(automation::TextView) {
+    throw automation::Failure(automation::result::not_implemented, u"There is no screen here.");
 }
 
 }  // namespace native

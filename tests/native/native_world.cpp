@@ -3,18 +3,18 @@
 #include <algorithm>
 #include <fstream>
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 #include "desk/model/add_ins.h"
 #include "desk/model/application.h"
-#include "desk/tools/sample_data.h"
+#include "desk/tools/database/sample_data.h"
 
 namespace native {
 
-using host::Failure;
-using host::Object;
-using host::Text;
-using host::TextView;
-namespace result = host::result;
+using automation::Failure;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+namespace result = automation::result;
 
 namespace {
 
@@ -45,7 +45,7 @@ const std::filesystem::path& database_file(const std::string& name) {
 
 std::vector<Text> texts(const std::vector<std::string>& names) {
     std::vector<Text> all;
-    for (const std::string& name : names) all.push_back(host::from_utf8(name));
+    for (const std::string& name : names) all.push_back(automation::from_utf8(name));
     return all;
 }
 
@@ -88,8 +88,9 @@ NativeWorld::NativeWorld(const acceptance::WorldSetup& setup)
         std::filesystem::copy(documents, folder_ / "documents", std::filesystem::copy_options::recursive);
     std::filesystem::copy_file(database_file(setup.database), folder_ / "database.desk");
     for (const TextView program : family_programs) {
-        const bool left_out = std::ranges::any_of(
-            texts(setup.without), [&](const Text& name) { return host::same_ignoring_case(name, program); });
+        const bool left_out = std::ranges::any_of(texts(setup.without), [&](const Text& name) {
+            return automation::same_ignoring_case(name, program);
+        });
         if (!left_out) programs_.there.emplace_back(program);
     }
     for (const FamilyValue& value : family_values) family(value.name, value.value);
@@ -126,7 +127,7 @@ void NativeWorld::start() {
     surroundings.indexed_folder = folder_ / "documents";
     surroundings.is_registered = [this](TextView prog_id) { return !desktop_.left_out(prog_id); };
     surroundings.make_object = [this](TextView prog_id) {
-        if (!host::same_ignoring_case(prog_id, addin::connect_prog_id)) return desktop_.make(prog_id);
+        if (!automation::same_ignoring_case(prog_id, addin::connect_prog_id)) return desktop_.make(prog_id);
         return boundary_->to_outside(Object(make_connect()));
     };
     surroundings.connect = [this](TextView, bool connect) {
@@ -134,7 +135,7 @@ void NativeWorld::start() {
         if (!connect) unload_add_in(mode_user_closed);
     };
     surroundings.remember = [this](TextView name, TextView value) {
-        if (host::same_ignoring_case(name, u"HostVersion")) setup_.host_version = Text(value);
+        if (automation::same_ignoring_case(name, u"HostVersion")) setup_.host_version = Text(value);
     };
     if (!setup_.add_in) return;
     host_->desk.add_ins()->all.push_back(std::make_shared<desk::AddIn>(

@@ -2,7 +2,7 @@
 // family's stand-ins, and the add-in across a boundary.
 #pragma once
 
-#include "core/connect.h"
+#include "addin/connect/connect.h"
 #include "tests/acceptance/world.h"
 #include "tests/native/memory_forms.h"
 #include "tests/native/native_desktop.h"
@@ -21,11 +21,11 @@ class NativeWorld final : public acceptance::World {
     host::outlook::Application application() override;
     host::Registry& registry() override { return registry_; }
     host::Desktop& desktop() override { return desktop_; }
-    host::Text add_in_folder() override;
-    host::Text write_file(const std::string& name, const std::string& bytes) override;
-    host::Text write_document(const std::string& name, const std::string& bytes) override;
-    bool file_exists(host::TextView path) override;
-    void remove_file(host::TextView path) override;
+    automation::Text add_in_folder() override;
+    automation::Text write_file(const std::string& name, const std::string& bytes) override;
+    automation::Text write_document(const std::string& name, const std::string& bytes) override;
+    bool file_exists(automation::TextView path) override;
+    void remove_file(automation::TextView path) override;
 
     // what only the tests of this build look at
 
@@ -41,8 +41,8 @@ class NativeWorld final : public acceptance::World {
     void unload_add_in(std::int32_t remove_mode);
 
     /// What is given to the add-in to connect: the application and the host's entry of it, as it sees them.
-    host::Object application_for_add_in();
-    host::Object entry_for_add_in();
+    automation::Object application_for_add_in();
+    automation::Object entry_for_add_in();
 
   private:
     struct Host;

@@ -14,7 +14,7 @@ class NthCall {
         world_.boundary().before_call = [this, left = n](const std::string& member) mutable {
             if (--left != 0) return;
             failed_ = member;
-            throw host::Failure(host::result::fail, u"made to fail");
+            throw automation::Failure(automation::result::fail, u"made to fail");
         };
     }
     ~NthCall() { world_.boundary().before_call = nullptr; }

@@ -3,30 +3,30 @@
 
 #include <vector>
 
+#include "automation/automated.h"
 #include "desk/model/surroundings.h"
-#include "host/automated.h"
 
 namespace native {
 
 /// The programs that can be started, those that were, and the files that were handed to the shell.
 struct Programs {
-    std::vector<host::Text> there;  ///< file names
+    std::vector<automation::Text> there;  ///< file names
     std::vector<desk::StartedProgram> started;
-    std::vector<host::Text> opened;
+    std::vector<automation::Text> opened;
 };
 
 /// Notes the programs that it starts. One that isn't there fails with `result::file_not_found`.
-class Shell : public host::Automated<Shell> {
+class Shell : public automation::Automated<Shell> {
   public:
-    static const host::Members<Shell>& members();
+    static const automation::Members<Shell>& members();
 
-    Shell(Programs& programs, host::Text folder) : programs_(programs), folder_(std::move(folder)) {}
+    Shell(Programs& programs, automation::Text folder) : programs_(programs), folder_(std::move(folder)) {}
 
-    void run(const host::Text& command_line);
+    void run(const automation::Text& command_line);
 
   private:
     Programs& programs_;
-    host::Text folder_;  ///< the working folder of the next program
+    automation::Text folder_;  ///< the working folder of the next program
 };
 
 }  // namespace native

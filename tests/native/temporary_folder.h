@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <random>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace native {
 
@@ -30,11 +30,13 @@ class TemporaryFolder {
 };
 
 /// A path of the add-in's or the desk's own, whose folders may stand apart by backslashes.
-inline std::filesystem::path local_path(host::TextView path) { return {host::replaced(path, u"\\", u"/")}; }
+inline std::filesystem::path local_path(automation::TextView path) {
+    return {automation::replaced(path, u"\\", u"/")};
+}
 
 /// A path as the host's system spells it.
-inline host::Text system_path(const std::filesystem::path& path) {
-    return host::replaced(path.u16string(), u"/", u"\\");
+inline automation::Text system_path(const std::filesystem::path& path) {
+    return automation::replaced(path.u16string(), u"/", u"\\");
 }
 
 }  // namespace native

@@ -6,7 +6,7 @@
 
 namespace native {
 
-using host::TextView;
+using automation::TextView;
 
 namespace {
 
@@ -33,7 +33,7 @@ struct Weight {
 };
 
 Weight weight_of(char16_t unit) {
-    const char16_t plain = host::lower(without_accent(unit));
+    const char16_t plain = automation::lower(without_accent(unit));
     if (plain >= u'0' && plain <= u'9') return {Weight::Group::digit, plain};
     const bool letter = (plain >= u'a' && plain <= u'z') || plain >= first_accented;
     return {letter ? Weight::Group::letter : Weight::Group::mark, plain};
@@ -55,7 +55,7 @@ Key key_of(TextView text) {
             continue;
         }
         key.weights.push_back(weight_of(unit));
-        key.accents.push_back(without_accent(unit) == unit ? u'\0' : host::lower(unit));
+        key.accents.push_back(without_accent(unit) == unit ? u'\0' : automation::lower(unit));
     }
     return key;
 }

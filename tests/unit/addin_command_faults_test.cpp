@@ -1,5 +1,5 @@
 // The commands and the sending of mail, with their n-th call to the outside failing, for every n.
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 #include "tests/acceptance/quick_view.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
@@ -8,9 +8,9 @@ namespace addin_tests {
 namespace {
 
 using acceptance::count_in;
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 using native::NativeWorld;
 using native::NthCall;

@@ -4,9 +4,9 @@
 #include <limits>
 #include <set>
 
-#include "commands/buttons.h"
-#include "commands/explorer_tracking.h"
-#include "core/status_windows.h"
+#include "addin/commands/buttons.h"
+#include "addin/commands/explorer_tracking.h"
+#include "addin/ground/status_windows.h"
 #include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
 
@@ -14,12 +14,12 @@ namespace addin_tests {
 namespace {
 
 using addin::Connect;
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::FormTable;
-using host::Object;
-using host::Text;
-using host::TextView;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::FormTable;
 using native::NativeWorld;
 
 TEST(Buttons, AreLookedUpByTheirTagsButForTwo) {
@@ -34,9 +34,9 @@ TEST(Buttons, AreLookedUpByTheirTagsButForTwo) {
 }
 
 TEST(Buttons, HaveOneMemberEach) {
-    std::vector<host::Sink Connect::*> members;
+    std::vector<automation::Sink Connect::*> members;
     for (const auto& row : addin::commands::buttons()) {
-        EXPECT_EQ(std::ranges::count(members, row.member), 0) << host::to_utf8(row.caption);
+        EXPECT_EQ(std::ranges::count(members, row.member), 0) << automation::to_utf8(row.caption);
         members.push_back(row.member);
         EXPECT_EQ(&addin::commands::button(row.member), &row);
     }
@@ -125,9 +125,9 @@ TEST(ExplorerTrackers, AreKeptByTheTextsOfTheirNumbers) {
     trackers.Add(tracker(), u"1");
     trackers.Add(tracker(), u"2");
     EXPECT_EQ(trackers.Count(), 2);
-    EXPECT_THROW(trackers.Add(tracker(), u"2"), host::Failure);
+    EXPECT_THROW(trackers.Add(tracker(), u"2"), automation::Failure);
     trackers.Remove(u"1");
-    EXPECT_THROW(trackers.Remove(u"1"), host::Failure);
+    EXPECT_THROW(trackers.Remove(u"1"), automation::Failure);
     EXPECT_EQ(trackers.Count(), 1);
 }
 
@@ -145,8 +145,8 @@ TEST(ExplorerTracking, NumbersFurtherWindowsAndForgetsThemWhenTheyClose) {
     const Object second = open_explorer(world), third = open_explorer(world);
     EXPECT_EQ(session.gExplorerSerial, 2);
     EXPECT_EQ(session.gExplorerList->Count(), 2);
-    EXPECT_THROW(session.gExplorerList->Add(nullptr, u"1"), host::Failure);
-    EXPECT_THROW(session.gExplorerList->Add(nullptr, u"2"), host::Failure);
+    EXPECT_THROW(session.gExplorerList->Add(nullptr, u"1"), automation::Failure);
+    EXPECT_THROW(session.gExplorerList->Add(nullptr, u"2"), automation::Failure);
     second.call(u"Close");
     EXPECT_EQ(session.gExplorerList->Count(), 1);
     third.call(u"Close");

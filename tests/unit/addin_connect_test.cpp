@@ -11,13 +11,13 @@ namespace {
 
 using acceptance::failure_of;
 using addin::Connect;
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
 using native::NativeWorld;
-namespace result = host::result;
+namespace result = automation::result;
 
 // the published table
 
@@ -53,11 +53,12 @@ TEST(Connect, PublishesItsOperationsInTheirOrder) {
     const auto rows = Connect::members().rows();
     ASSERT_EQ(rows.size(), std::size(cases));
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        SCOPED_TRACE(host::to_utf8(cases[i].name));
+        SCOPED_TRACE(automation::to_utf8(cases[i].name));
         EXPECT_EQ(rows[i].name, cases[i].name);
         EXPECT_EQ(rows[i].use, cases[i].use);
         std::vector<TextView> parameters;
-        for (const host::Parameter& parameter : rows[i].parameters) parameters.push_back(parameter.name);
+        for (const automation::Parameter& parameter : rows[i].parameters)
+            parameters.push_back(parameter.name);
         EXPECT_EQ(parameters, cases[i].parameters);
         if (i > 0) {
             EXPECT_EQ(rows[i].id, rows[i - 1].id + 1);
@@ -88,8 +89,8 @@ TEST_F(ConnectTest, RefusesWrongNumbersOfArguments) {
         {u"FileExists", {}},
     };
     for (const Case& one : cases) {
-        SCOPED_TRACE(host::to_utf8(one.member) + " with " + std::to_string(one.arguments.size()));
-        host::Request request{.member = one.member, .arguments = one.arguments};
+        SCOPED_TRACE(automation::to_utf8(one.member) + " with " + std::to_string(one.arguments.size()));
+        automation::Request request{.member = one.member, .arguments = one.arguments};
         EXPECT_EQ(failure_of([&] { published.invoke(request); }), result::bad_count);
     }
 }
@@ -108,8 +109,8 @@ TEST_F(ConnectTest, RefusesWrongTypesOfArguments) {
         {u"SetValueEx", {Value(Object()), u"name", 1, u"x"}},
     };
     for (const Case& one : cases) {
-        SCOPED_TRACE(host::to_utf8(one.member));
-        host::Request request{.member = one.member, .arguments = one.arguments};
+        SCOPED_TRACE(automation::to_utf8(one.member));
+        automation::Request request{.member = one.member, .arguments = one.arguments};
         EXPECT_EQ(failure_of([&] { published.invoke(request); }), result::type_mismatch);
     }
     EXPECT_EQ(failure_of([&] { published.call(u"NoSuchOperation"); }), result::unknown_name);
@@ -118,7 +119,7 @@ TEST_F(ConnectTest, RefusesWrongTypesOfArguments) {
 
 TEST_F(ConnectTest, KeepsItsPlainMembers) {
     for (const TextView flag : {u"GlobalCalendar", u"GlobalTask", u"SetDatabase", u"bFinished"}) {
-        SCOPED_TRACE(host::to_utf8(flag));
+        SCOPED_TRACE(automation::to_utf8(flag));
         EXPECT_EQ(published.get(flag), Value(false));
         published.put(flag, -1);
         EXPECT_EQ(published.get(flag), Value(true));
@@ -146,17 +147,17 @@ TEST_F(ConnectTest, ShowsItsMessagesForTheirTime) {
     EXPECT_EQ(world.system().slept, 1000U);
     published.call(u"ShowImportMessage", {u"Importing", 250});
     EXPECT_EQ(world.system().slept, 1250U);
-    EXPECT_EQ(world.system().shown_pointer, host::Pointer::hourglass);
+    EXPECT_EQ(world.system().shown_pointer, forms::Pointer::hourglass);
     published.call(u"ShowImportMessage", {u"Importing", 0});
     EXPECT_EQ(world.system().slept, 1250U);
     published.call(u"ShowImportMessage", {u"", 0});
-    EXPECT_EQ(world.system().shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(world.system().shown_pointer, forms::Pointer::standard);
 }
 
 // start and end
 
 /// The sinks by name.
-std::vector<std::pair<std::string, host::Sink*>> wired_sinks(Connect& connect) {
+std::vector<std::pair<std::string, automation::Sink*>> wired_sinks(Connect& connect) {
     return {{"goOutlook", &connect.goOutlook},
             {"goExplorers", &connect.goExplorers},
             {"goExplorer", &connect.goExplorer},
@@ -172,7 +173,7 @@ TEST(Start, WiresEverySink) {
     NativeWorld world{{}};
     Connect& connect = *world.add_in();
     for (const auto& [name, sink] : wired_sinks(connect)) EXPECT_TRUE(sink->source()) << name;
-    for (const host::Sink* sink :
+    for (const automation::Sink* sink :
          {&connect.goInspector, &connect.goButton, &connect.OpenButton, &connect.ContextButton}) {
         EXPECT_FALSE(sink->source());
     }
@@ -268,7 +269,7 @@ TEST(Start, IsLeftSilentlyIfTheEntryCannotBeRead) {
 }
 
 /// A window that tells what was done to it.
-class ToldWindow : public addin::Window {
+class ToldWindow : public forms::Window {
   public:
     explicit ToldWindow(std::vector<std::string>& told) : told_(told) {}
     void show() override { told_.emplace_back("show"); }
@@ -286,7 +287,7 @@ TEST(Start, ShowsTheSearchPanelIfTheOptionIsExactlyOne) {
     };
     for (const auto& [option, shown] : {Case{u"", false}, Case{u"0", false}, Case{u" 1", false},
                                         Case{u"1 ", false}, Case{u"True", false}, Case{u"1", true}}) {
-        SCOPED_TRACE(host::to_utf8(option));
+        SCOPED_TRACE(automation::to_utf8(option));
         std::vector<std::string> told;
         NativeWorld world{{}};
         world.unload_add_in(1);
@@ -310,7 +311,7 @@ TEST(Start, TakesAMarkerThatCannotBeLookedForAsThere) {
     NativeWorld world{{.started = false}};
     world.family(u"StoreID", u"-");
     world.boundary().before_call = [](const std::string& member) {
-        if (member == "find_file") throw host::Failure(result::fail);
+        if (member == "find_file") throw automation::Failure(result::fail);
     };
     world.start();
     world.boundary().before_call = nullptr;
@@ -327,7 +328,7 @@ TEST(SearchPanels, AreOpenedOnAnItemOrOnNone) {
         {u"ShowItemsMenu2", {"show", "show"}},           // its own comes up again
     };
     for (const Case& one : cases) {
-        SCOPED_TRACE(host::to_utf8(one.operation));
+        SCOPED_TRACE(automation::to_utf8(one.operation));
         NativeWorld world{{}};
         addin::Session& session = world.add_in()->session();
         std::vector<std::string> told;
@@ -424,7 +425,7 @@ class StubbornWindow final : public ToldWindow {
     using ToldWindow::ToldWindow;
     void hide() override {
         ToldWindow::hide();
-        throw host::Failure(result::fail);
+        throw automation::Failure(result::fail);
     }
 };
 

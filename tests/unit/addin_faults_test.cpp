@@ -5,7 +5,7 @@
 #include <iostream>
 #include <map>
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 #include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
@@ -18,8 +18,8 @@ using acceptance::count_in;
 using acceptance::is_marked;
 using acceptance::message;
 using acceptance::WorldSetup;
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 using native::NativeWorld;
 using native::NthCall;
@@ -181,7 +181,7 @@ TEST(Faults, FindingADatabaseOutlivesEveryOne) {
         SCOPED_TRACE("call " + std::to_string(n) + " failed: " + member);
         EXPECT_LE(world->model().messages.size(), 1U);
         const std::string path =
-            host::to_utf8(addin::Settings(world->desktop()).option(u"AccountProfileFolderName"));
+            automation::to_utf8(addin::Settings(world->desktop()).option(u"AccountProfileFolderName"));
         if (!more) {
             EXPECT_EQ(path, "\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles\\");
         }
@@ -334,7 +334,7 @@ TEST(HostCalls, StopAsSoonAsTheMailIsNotMeant) {
     const auto world = filing_world();
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
-        world->family(u"EmailAutoFile", host::from_utf8(one.switched));
+        world->family(u"EmailAutoFile", automation::from_utf8(one.switched));
         const Table calls = calls_of_reading(*world, one.mail);
         EXPECT_EQ(calls, one.calls) << printed(calls);
     }

@@ -5,8 +5,8 @@
 namespace addin_tests {
 namespace {
 
-using host::Object;
-using host::TextView;
+using automation::Object;
+using automation::TextView;
 using host::outlook::Item;
 using native::NativeWorld;
 

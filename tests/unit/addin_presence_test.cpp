@@ -1,8 +1,8 @@
 // Who is still there after giving way.
 #include <gtest/gtest.h>
 
-#include "core/presence.h"
-#include "createnote/dlg_send.h"
+#include "addin/createnote/dlg_send.h"
+#include "addin/ground/presence.h"
 #include "tests/native/native_world.h"
 
 namespace addin_tests {
@@ -64,11 +64,11 @@ TEST(Presence, LetsAFailureOfTheHostTravelOrRemembersIt) {
     Giving giving;
     const Presence here(giving.world.add_in()->session());
     const std::function<void()> usual = giving.world.system().on_yield;
-    giving.world.system().on_yield = [] { throw host::Failure(host::result::fail); };
+    giving.world.system().on_yield = [] { throw automation::Failure(automation::result::fail); };
     Steps steps;
     EXPECT_TRUE(here.give_way(steps));
     EXPECT_TRUE(steps.failed());
-    EXPECT_THROW(here.give_way(), host::Failure);
+    EXPECT_THROW(here.give_way(), automation::Failure);
     giving.world.system().on_yield = usual;
 }
 

@@ -15,7 +15,7 @@ using acceptance::add_contact;
 using acceptance::is_marked;
 using acceptance::message;
 using acceptance::World;
-using host::TextView;
+using automation::TextView;
 using host::outlook::Item;
 using host::outlook::Items;
 using native::NativeWorld;

@@ -4,7 +4,7 @@
 #include <set>
 #include <utility>
 
-#include "replicas/replicas.h"
+#include "addin/replicas/replicas.h"
 #include "tests/acceptance/linked_items.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
@@ -16,9 +16,9 @@ using acceptance::LinkedKind;
 using addin::Connect;
 using addin::replicas::Ending;
 using addin::replicas::ReplicaRow;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 using host::outlook::Items;
@@ -71,7 +71,7 @@ Texts subjects(const Folder& folder) {
     const Items items = folder.Items();
     const std::int32_t count = items.Count();
     Texts all;
-    for (std::int32_t i = 1; i <= count; ++i) all.push_back(host::to_utf8(items.Item(i).Subject()));
+    for (std::int32_t i = 1; i <= count; ++i) all.push_back(automation::to_utf8(items.Item(i).Subject()));
     return all;
 }
 
@@ -93,7 +93,7 @@ Item new_linked(NativeWorld& world, const LinkedKind& kind, TextView key = u"K-1
 void close_window(const Item& item) {
     try {
         item.get(u"GetInspector").to_object().call(u"Close", {host::outlook::discard_changes});
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         // the item has gone, and its window with it
     }
 }
@@ -107,10 +107,10 @@ TEST(Replication, SetsTheThirteenPropertiesOfATaskInTheirOrder) {
         task.UserProperties().Item(name).value(Value(u"the " + Text(name)));
     }
     const auto set = std::make_shared<Texts>();
-    constexpr host::Event item_events[] = {{u"CustomPropertyChange", 0xF008}};
-    const host::EventInterface item_interface{
-        "ItemEvents", host::guid("{0006303A-0000-0000-C000-000000000046}"), item_events};
-    host::Sink sink;
+    constexpr automation::Event item_events[] = {{u"CustomPropertyChange", 0xF008}};
+    const automation::EventInterface item_interface{
+        "ItemEvents", automation::guid("{0006303A-0000-0000-C000-000000000046}"), item_events};
+    automation::Sink sink;
     bool copied = false;
     // a host whose copies lose what the form doesn't know is listened to from the copy on
     world.boundary().before_call = [&](const std::string& member) {
@@ -121,14 +121,14 @@ TEST(Replication, SetsTheThirteenPropertiesOfATaskInTheirOrder) {
             const Item copy = items.Item(items.Count());
             for (const TextView name : task_properties) copy.UserProperties().Item(name).value(Value(u""));
             sink.connect(item_interface, copy, {{u"CustomPropertyChange", [set](auto a) {
-                                                     set->push_back(host::to_utf8(a[0].to_text()));
+                                                     set->push_back(automation::to_utf8(a[0].to_text()));
                                                  }}});
         }
     };
     task.Save();
     world.boundary().before_call = nullptr;
     Texts expected;
-    for (const TextView name : task_properties) expected.push_back(host::to_utf8(name));
+    for (const TextView name : task_properties) expected.push_back(automation::to_utf8(name));
     EXPECT_EQ(*set, expected);
     ASSERT_EQ(shared(world, acceptance::linked_tasks).Items().Count(), 1);
     const Item replica = shared(world, acceptance::linked_tasks).Items().Item(1);
@@ -265,8 +265,8 @@ TEST(Replication, KnowsItsCopyWithoutAnId) {
         for (const char* const order : {"host", "deferred", "at-once"}) {
             for (const bool until_saved : {true, false}) {
                 for (const TextView key : {u"K-1", u""}) {
-                    SCOPED_TRACE(std::string(kind->name) + ", " + order + ", key " + host::to_utf8(key) +
-                                 (until_saved ? ", until it is saved" : ""));
+                    SCOPED_TRACE(std::string(kind->name) + ", " + order + ", key " +
+                                 automation::to_utf8(key) + (until_saved ? ", until it is saved" : ""));
                     NativeWorld world({.event_order = order});
                     world.add_in()->GlobalCalendar = world.add_in()->GlobalTask = true;
                     const Item item = new_linked(world, *kind, key);
@@ -278,7 +278,7 @@ TEST(Replication, KnowsItsCopyWithoutAnId) {
                         if (member.ends_with("Item.Save")) saved = true;
                         const bool has_id = copies > enough || (until_saved && saved);
                         if (copies > 0 && !has_id && member.ends_with("Item.EntryID")) {
-                            throw host::Failure(host::result::fail, u"no id yet");
+                            throw automation::Failure(automation::result::fail, u"no id yet");
                         }
                     };
                     item.Save();
@@ -335,7 +335,8 @@ TEST(Replication, DeletesNothingWhoseKeyCannotBeRead) {
         bool searched = false;
         world.boundary().before_call = [&](const std::string& member) {
             if (member == "Items.Restrict") searched = true;
-            if (searched && member == "UserProperties.Find") throw host::Failure(host::result::fail, u"");
+            if (searched && member == "UserProperties.Find")
+                throw automation::Failure(automation::result::fail, u"");
         };
         item.Subject(u"Changed");
         item.Save();
@@ -356,7 +357,7 @@ TEST(Replication, LeavesTheLastInspectorAsItWas) {
         world.settle();
         const Item last(world.application().call(u"CreateItem", {0}).to_object());
         last.Display();
-        const host::Object held = world.add_in()->goInspector.source();
+        const automation::Object held = world.add_in()->goInspector.source();
         ASSERT_TRUE(held);
         item.Subject(u"Changed");
         item.Save();

@@ -5,8 +5,8 @@
 namespace addin_tests {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 using host::outlook::Items;
 using native::NativeWorld;
@@ -46,7 +46,7 @@ constexpr SampleMail mails[] = {
 
 TEST(SampleMailsFiled, GoToTheirContactsOrNowhere) {
     for (const TextView exchange : {u"0", u"1"}) {
-        SCOPED_TRACE("SaveExchangeEmail " + host::to_utf8(exchange));
+        SCOPED_TRACE("SaveExchangeEmail " + automation::to_utf8(exchange));
         NativeWorld world({.database = "sample"});
         world.family(u"EmailAutoFile", u"1");
         world.option(u"SaveExchangeEmail", exchange);
@@ -54,8 +54,8 @@ TEST(SampleMailsFiled, GoToTheirContactsOrNowhere) {
         std::int32_t before = notes.Count();
         for (const SampleMail& one : mails) {
             SCOPED_TRACE(one.file);
-            const Text path =
-                host::from_utf8(std::string(TARNWELL_DATA_FOLDER) + "/sample/mails/" + one.file + ".eml");
+            const Text path = automation::from_utf8(std::string(TARNWELL_DATA_FOLDER) + "/sample/mails/" +
+                                                    one.file + ".eml");
             const Item mail(world.desk().call(u"Deliver", {path}).to_object());
             acceptance::World::read(mail);
             const bool is_filed = !one.contact.empty() && (!one.exchange_only || exchange == TextView(u"1"));
@@ -65,7 +65,8 @@ TEST(SampleMailsFiled, GoToTheirContactsOrNowhere) {
             before = now;
             if (!is_filed) continue;
             const Item note = notes.Item(now);
-            EXPECT_EQ(host::to_utf8(world.property(note, u"Contact Name")), host::to_utf8(one.contact));
+            EXPECT_EQ(automation::to_utf8(world.property(note, u"Contact Name")),
+                      automation::to_utf8(one.contact));
             EXPECT_EQ(note.Subject(), mail.Subject());
             EXPECT_EQ(note.Body(), u"\r\n\r\n" + mail.Body());
             const Item attached(note.Attachments().Item(1).get(u"EmbeddedItem").to_object());

@@ -4,16 +4,16 @@
 #include <algorithm>
 #include <cstring>
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 
 namespace addin_tests {
 namespace {
 
 using addin::Settings;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::KeyHandle;
-using host::Text;
-using host::TextView;
-using host::Value;
 namespace status = host::registry_status;
 namespace type = host::registry_type;
 
@@ -75,12 +75,12 @@ class RegistryOnly : public host::Desktop {
     ScriptedRegistry scripted;
 
     host::Registry& registry() override { return scripted; }
-    host::Object create(TextView) override { return {}; }
-    host::Object application() override { return {}; }
+    automation::Object create(TextView) override { return {}; }
+    automation::Object application() override { return {}; }
     int message_box(TextView, TextView, std::uint32_t) override { return 0; }
     void yield() override {}
     void sleep(std::uint32_t) override {}
-    void pointer(host::Pointer) override {}
+    void pointer(forms::Pointer) override {}
     int dots_per_inch() override { return 96; }
     Text find_file(TextView) override { return {}; }
     void delete_file(TextView) override {}
@@ -89,11 +89,11 @@ class RegistryOnly : public host::Desktop {
     Text profile_text(TextView, TextView, TextView, std::uint32_t) override { return {}; }
     void beep() override {}
     Text own_folder() override { return {}; }
-    Text text_of(const host::Value& value) override { return value.to_text(); }
-    host::Date date_of(TextView text) override { return Value(text).to_date(); }
+    Text text_of(const automation::Value& value) override { return value.to_text(); }
+    automation::Date date_of(TextView text) override { return Value(text).to_date(); }
     Text format(TextView value, TextView) override { return Text(value); }
-    std::string narrow(TextView text) override { return host::to_utf8(text); }
-    Text widen(const std::string& bytes) override { return host::from_utf8(bytes); }
+    std::string narrow(TextView text) override { return automation::to_utf8(text); }
+    Text widen(const std::string& bytes) override { return automation::from_utf8(bytes); }
 };
 
 class SettingsCalls : public ::testing::Test {

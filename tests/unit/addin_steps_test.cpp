@@ -3,15 +3,15 @@
 
 #include <stdexcept>
 
-#include "core/steps.h"
+#include "addin/ground/steps.h"
 
 namespace addin_tests {
 namespace {
 
 using addin::Steps;
-using host::Failure;
+using automation::Failure;
 
-[[noreturn]] int fails(std::int32_t number = host::result::fail) { throw Failure(number); }
+[[noreturn]] int fails(std::int32_t number = automation::result::fail) { throw Failure(number); }
 
 TEST(Steps, SkipAStatementThatFailsAndRemember) {
     Steps steps;
@@ -48,7 +48,7 @@ TEST(Steps, TakeATestThatFailsAsPassed) {
 
 TEST(Steps, ForgetWhenTheyAreTold) {
     Steps steps;
-    steps.run([] { fails(host::result::file_not_found); });
+    steps.run([] { fails(automation::result::file_not_found); });
     ASSERT_TRUE(steps.failed());
     steps.clear();
     EXPECT_FALSE(steps.failed());

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "filing/address_resolution.h"
-#include "records/stamp.h"
+#include "addin/filing/address_resolution.h"
+#include "addin/records/stamp.h"
 
 namespace addin_tests {
 namespace {
@@ -21,7 +21,7 @@ using addin::records::Marks;
 using addin::records::Path;
 using addin::records::PathRow;
 using addin::records::Place;
-using host::TextView;
+using automation::TextView;
 
 using Keys = std::vector<std::pair<TextView, From>>;
 
@@ -320,7 +320,7 @@ TEST(Names, StandAsTheRecordsBearThem) {
         {names::note_type::received, u"Email (Received)"},
         {names::note_type::sent, u"Email (Sent)"},
     };
-    for (const Case& one : cases) EXPECT_EQ(one.name, one.literal) << host::to_utf8(one.literal);
+    for (const Case& one : cases) EXPECT_EQ(one.name, one.literal) << automation::to_utf8(one.literal);
 }
 
 TEST(Names, MapAnAccountToItsContact) {

@@ -2,7 +2,7 @@
 // of them only this build can see.
 #include <gmock/gmock.h>
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
 #include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/native/native_world.h"
@@ -16,9 +16,9 @@ using acceptance::ItemState;
 using acceptance::Lines;
 using acceptance::state_of;
 using addin::Command;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 using native::NativeWorld;
@@ -54,7 +54,7 @@ Item personal(NativeWorld& world, TextView full_name = u"Ann Lee") {
 std::string stored_sync(NativeWorld& world) {
     native::MemoryRegistry& registry = world.memory_registry();
     host::KeyHandle key = host::no_key;
-    const std::string path = host::to_utf8(addin::Settings::key_name);
+    const std::string path = automation::to_utf8(addin::Settings::key_name);
     if (registry.open_key(host::current_user, path, key) != 0) return {};
     std::string bytes(8, '\0');
     auto size = static_cast<std::uint32_t>(bytes.size());
@@ -200,7 +200,7 @@ const SyncCase sync_cases[] = {
 };
 
 void select(NativeWorld& world, const std::vector<TextView>& names) {
-    host::Request request{.access = host::Access::call, .member = u"Select"};
+    automation::Request request{.access = automation::Access::call, .member = u"Select"};
     for (const TextView name : names) request.arguments.emplace_back(Value(personal(world, name)));
     world.desk().invoke(request);
     world.settle();
@@ -274,7 +274,7 @@ TEST_F(Conversions, OfNewContactsThatHaveAnIdLeaveThemAloneWhateverFailedBefore)
         world().boundary().before_call = [&](const std::string& member) {
             if (member != failing) return;
             ++failed;
-            throw host::Failure(host::result::fail, u"made to fail");
+            throw automation::Failure(automation::result::fail, u"made to fail");
         };
         contact.Save();
         world().settle();

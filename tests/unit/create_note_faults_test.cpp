@@ -58,7 +58,7 @@ TEST(CreateNoteFaults, ARecipientWhoCannotBeReadIsNotTakenForTheRow) {
     world.boundary().before_call = [&](const std::string& member) {
         constexpr int of_bob = 2;
         if (!member.ends_with(".AddressEntry") || ++entries != of_bob) return;
-        throw host::Failure(host::result::fail, u"made to fail");
+        throw automation::Failure(automation::result::fail, u"made to fail");
     };
     dialog.create();
     world.boundary().before_call = nullptr;

@@ -160,8 +160,8 @@ TEST_F(DesktopSearch, HasNoOtherProvider) {
 }
 
 TEST_F(DesktopSearch, EndsWithInstantSearch) {
-    host::Request off{
-        .access = host::Access::put, .member = u"Options", .arguments = {u"InstantSearch", false}};
+    automation::Request off{
+        .access = automation::Access::put, .member = u"Options", .arguments = {u"InstantSearch", false}};
     desk.invoke(off);
     EXPECT_EQ(failure_of([&] { connect(); }), desk::ado_error::provider_not_found);
 }

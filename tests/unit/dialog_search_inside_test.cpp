@@ -1,5 +1,5 @@
 // A search of the Create Note dialog that is started inside of another one, at each yield of the first.
-#include "createnote/dlg_send.h"
+#include "addin/createnote/dlg_send.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/native/native_world.h"
 
@@ -21,8 +21,8 @@ struct Searching {
 
     Searching() {
         for (std::size_t i = 0; i < names.size(); ++i) {
-            add_contact(world, {.full_name = host::from_utf8(names[i]),
-                                .properties = {{u"ContactID", host::from_utf8(keys[i])}}});
+            add_contact(world, {.full_name = automation::from_utf8(names[i]),
+                                .properties = {{u"ContactID", automation::from_utf8(keys[i])}}});
         }
         acceptance::install(world, {acceptance::Target{}});
         mail = std::make_unique<acceptance::OpenedItem>(world.deliver(acceptance::message()));
@@ -101,11 +101,11 @@ TEST(DialogSearchInside, GoesOnInNoWindowThatWasClosedAndOpenedAgain) {
         const auto window = [&] { return searching.world.engine().find(u"Tarnwell Create Note"); };
         struct Shown {
             int rows;
-            host::Text first_row, header;
+            automation::Text first_row, header;
             bool operator==(const Shown&) const = default;
         };
         const auto shown = [&] {
-            const addin::forms::List& list = window()->control(u"lstRecipients").list();
+            const forms::List& list = window()->control(u"lstRecipients").list();
             return Shown{list.count(), list.text(0, 0), window()->control(u"lblHeader").text()};
         };
         const Shown as_loaded = shown();
@@ -120,7 +120,7 @@ TEST(DialogSearchInside, GoesOnInNoWindowThatWasClosedAndOpenedAgain) {
         };
         searching.at_yield(yield, open_again, [&] { window()->control(u"cmdSearch").click(); });
         ASSERT_TRUE(window());
-        EXPECT_TRUE(shown() == as_loaded) << host::to_utf8(shown().header);
+        EXPECT_TRUE(shown() == as_loaded) << automation::to_utf8(shown().header);
         dialog->unload();
     }
     EXPECT_EQ(acceptance::count_messages(searching.world), 0);
@@ -209,7 +209,7 @@ TEST(CreateNoteOfARowThatGoes, AsksAboutNobodyAndEnds) {
     create_while_the_list_is_cleared(searching, dialog);
     EXPECT_EQ(acceptance::message_texts(world),
               Lines{"Tarnwell Account/Contact  NOT FOUND!\rWould you like to Create an Account/Contact"});
-    EXPECT_EQ(world.system().shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(world.system().shown_pointer, forms::Pointer::standard);
     EXPECT_TRUE(dialog.is_open());
     EXPECT_EQ(acceptance::count_in(world, u"Email"), 0);
 }
@@ -222,7 +222,7 @@ TEST(CreateNoteOfARowThatGoes, OfARecordEndsAsUsualWithoutItsMessage) {
     dialog.search(u"People", u"Ann");
     create_while_the_list_is_cleared(searching, dialog);
     EXPECT_EQ(acceptance::count_messages(world), 0) << "its text can't be put together";
-    EXPECT_EQ(world.system().shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(world.system().shown_pointer, forms::Pointer::standard);
     EXPECT_TRUE(dialog.closes()) << "it counts as created";
     EXPECT_EQ(acceptance::count_in(world, u"Email"), 1);
     EXPECT_TRUE(acceptance::is_marked_by_user(searching.mail->item));

@@ -8,29 +8,29 @@
 
 #include <gtest/gtest.h>
 
+#include "automation/automated.h"
 #include "family/surroundings.h"
-#include "host/automated.h"
 #include "tests/native/memory_forms.h"
 
 namespace family_test {
 
-using host::Access;
-using host::Failure;
-using host::Object;
-using host::Request;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Access;
+using automation::Failure;
+using automation::Object;
+using automation::Request;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 
 /// An object whose members are properties and functions that a test puts in. It counts what it is asked.
-class Fake : public host::Invocable {
+class Fake : public automation::Invocable {
   public:
     using Code = std::function<Value(std::vector<Value>&)>;
 
     std::map<Text, Value> properties;
     std::map<Text, Code> functions;
-    std::vector<Text> asked;           ///< members, in order, as "name" or "name=" for a put
-    const host::Kind* kind = nullptr;  ///< that the last request named
+    std::vector<Text> asked;                 ///< members, in order, as "name" or "name=" for a put
+    const automation::Kind* kind = nullptr;  ///< that the last request named
 
     Value invoke(Request& request) override {
         const Text member = request.member.empty()
@@ -48,7 +48,7 @@ class Fake : public host::Invocable {
         }
         if (const auto property = properties.find(member); property != properties.end())
             return property->second;
-        throw Failure(host::result::unknown_name, member);
+        throw Failure(automation::result::unknown_name, member);
     }
 
   private:
@@ -57,11 +57,11 @@ class Fake : public host::Invocable {
 
     Value identify(const Text& member, Request& request) {
         if (!functions.contains(member) && !properties.contains(member)) {
-            throw Failure(host::result::unknown_name, member);
+            throw Failure(automation::result::unknown_name, member);
         }
         names_.push_back(member);
         request.id = first_id + static_cast<std::int32_t>(names_.size()) - 1;
-        return host::Array::of({});
+        return automation::Array::of({});
     }
 
     std::vector<Text> names_;
@@ -79,7 +79,7 @@ inline std::shared_ptr<Fake> collection(const std::vector<Object>& elements) {
     made->functions[u"Item"] = [elements](std::vector<Value>& arguments) -> Value {
         const std::int32_t index = arguments.at(0).to_integer();
         if (index < 1 || index > static_cast<std::int32_t>(elements.size()))
-            throw Failure(host::result::bad_index);
+            throw Failure(automation::result::bad_index);
         return elements[static_cast<std::size_t>(index) - 1];
     };
     return made;
@@ -91,7 +91,7 @@ inline void offer_fields(Fake& owner, const std::map<Text, Value>& values) {
     Fake* raw = accessor.get();
     raw->functions[u"GetProperty"] = [values](std::vector<Value>& arguments) -> Value {
         const auto found = values.find(arguments.at(0).to_text());
-        if (found == values.end()) throw Failure(host::result::not_found, u"The property is unknown");
+        if (found == values.end()) throw Failure(automation::result::not_found, u"The property is unknown");
         return found->second;
     };
     raw->functions[u"SetProperty"] = [raw](std::vector<Value>& arguments) -> Value {
@@ -119,14 +119,14 @@ class Profile {
         folders_.clear();
         std::vector<Object> roots;
         for (std::size_t i = 0; i < stores_.size(); ++i) {
-            roots.push_back(
-                make(stores_[i], u"STORE" + host::to_text(static_cast<long long>(i) + 1), Text(), Object()));
+            roots.push_back(make(stores_[i], u"STORE" + automation::to_text(static_cast<long long>(i) + 1),
+                                 Text(), Object()));
         }
         auto session = fake({{u"Folders", Object(collection(roots))}});
         session->functions[u"GetFolderFromID"] = [this](std::vector<Value>& arguments) -> Value {
             ++opened;
             const auto found = folders_.find({arguments.at(0).to_text(), arguments.at(1).to_text()});
-            if (found == folders_.end()) throw Failure(host::result::not_found);
+            if (found == folders_.end()) throw Failure(automation::result::not_found);
             return found->second;
         };
         auto application = fake();
@@ -151,14 +151,14 @@ class Profile {
         folder->functions[u"Parent"] = [above_it =
                                             std::weak_ptr(parent.target())](std::vector<Value>&) -> Value {
             const auto target = above_it.lock();
-            if (!target) throw Failure(host::result::fail, u"Nothing is above a store");
+            if (!target) throw Failure(automation::result::fail, u"Nothing is above a store");
             return Object(target);
         };
         std::vector<Object> children;
         for (const Node& child : node.children) children.push_back(make(child, store, path, Object(folder)));
         folder->functions[u"Folders"] = [this, children, name = node.name](std::vector<Value>&) -> Value {
             ++listed;
-            if (offline.contains(name)) throw Failure(host::result::fail, u"The store is offline");
+            if (offline.contains(name)) throw Failure(automation::result::fail, u"The store is offline");
             return Object(collection(children));
         };
         folder->properties[u"DefaultMessageClass"] = node.message_class;
@@ -182,12 +182,12 @@ class Surroundings : public family::Surroundings {
         return found == settings.end() ? std::nullopt : std::optional(found->second);
     }
     Object application() override {
-        if (!with_application) throw Failure(host::result::bad_prog_id, u"No host");
+        if (!with_application) throw Failure(automation::result::bad_prog_id, u"No host");
         return profile.application();
     }
-    std::shared_ptr<addin::forms::Engine> engine() override { return {std::shared_ptr<void>(), &windows}; }
+    std::shared_ptr<forms::Engine> engine() override { return {std::shared_ptr<void>(), &windows}; }
     Text number_text(double number) override {
-        return host::replaced(Value(number).to_text(), u".", TextView(&decimal_sign, 1));
+        return automation::replaced(Value(number).to_text(), u".", TextView(&decimal_sign, 1));
     }
     void record(Text call) override { calls.push_back(std::move(call)); }
 
@@ -214,9 +214,9 @@ std::int32_t failure_of(Action action) {
 /// Texts of a failed comparison, readable.
 inline std::vector<std::string> readable(const std::vector<Text>& texts) {
     std::vector<std::string> all;
-    for (const Text& text : texts) all.push_back(host::to_utf8(text));
+    for (const Text& text : texts) all.push_back(automation::to_utf8(text));
     return all;
 }
-inline std::string readable(const Value& value) { return host::to_utf8(value.to_text()); }
+inline std::string readable(const Value& value) { return automation::to_utf8(value.to_text()); }
 
 }  // namespace family_test

@@ -63,12 +63,12 @@ struct ListPickerTest : testing::Test {
     std::vector<std::string> names(TextView list = u"lstItems") {
         std::vector<std::string> all;
         for (int row = 0; row < at(list).list().count(); ++row) {
-            all.push_back(host::to_utf8(at(list).list().text(row, 0)));
+            all.push_back(automation::to_utf8(at(list).list().text(row, 0)));
         }
         return all;
     }
     bool cancelled() { return picker.get(u"dialogcancel").to_boolean(); }
-    host::Array chosen() { return picker.get(u"slist").to_array(); }
+    automation::Array chosen() { return picker.get(u"slist").to_array(); }
 };
 
 TEST_F(ListPickerTest, KeepsWhereItIsToLook) {
@@ -104,14 +104,14 @@ TEST_F(ListPickerTest, HasChosenNothingBeforeItIsAsked) {
     EXPECT_TRUE(cancelled());
     ASSERT_EQ(chosen().dimensions().size(), 2u);
     EXPECT_EQ(chosen().dimensions()[0].count, 0);
-    EXPECT_EQ(failure_of([&] { chosen().at(0, 7); }), host::result::bad_index);
+    EXPECT_EQ(failure_of([&] { chosen().at(0, 7); }), automation::result::bad_index);
 }
 
 TEST_F(ListPickerTest, ListsTheAccounts) {
     open();
     EXPECT_TRUE(window().visible());
     EXPECT_THAT(names(), ElementsAre("Cooper & Sons", "Arden Mills", "Baker Ltd"));
-    const addin::forms::List& list = at(u"lstItems").list();
+    const forms::List& list = at(u"lstItems").list();
     EXPECT_EQ(list.selected(), 0);
     EXPECT_EQ(list.heading(1), u"City");
     EXPECT_EQ(list.text(0, 1), u"Arden");
@@ -174,7 +174,7 @@ TEST_F(ListPickerTest, SearchesAsOneTypes) {
     open();
     for (const Case& each : cases) {
         ASSERT_TRUE(at(u"txtSearch").type(each.typed));
-        EXPECT_EQ(names(), each.found) << host::to_utf8(each.typed);
+        EXPECT_EQ(names(), each.found) << automation::to_utf8(each.typed);
         EXPECT_EQ(at(u"lstItems").list().selected(), each.found.empty() ? -1 : 0);
     }
 }
@@ -263,7 +263,7 @@ TEST_F(ListPickerTest, ListsTheFolderThatItIsGiven) {
     picker.put(u"accountfolderid", u"ID:/Tarnwell/Account Profiles");
     picker.put(u"StoreID", u"STORE1");
     open({u"Opportunities", u"Account List"});
-    const addin::forms::List& list = at(u"lstItems").list();
+    const forms::List& list = at(u"lstItems").list();
     ASSERT_EQ(list.count(), 1);
     EXPECT_EQ(list.heading(1), u"Account");
     EXPECT_EQ(list.text(0, 0), u"") << "it has no subject";
@@ -272,27 +272,33 @@ TEST_F(ListPickerTest, ListsTheFolderThatItIsGiven) {
 }
 
 TEST_F(ListPickerTest, FailsWhereItIsAskedBadly) {
-    EXPECT_EQ(failure_of([&] { picker.call(u"searchany", {u"Account"}); }), host::result::bad_count);
+    EXPECT_EQ(failure_of([&] { picker.call(u"searchany", {u"Account"}); }), automation::result::bad_count);
     EXPECT_EQ(failure_of([&] {
                   picker.call(u"searchany", {u"Account", u"List", u"perhaps"});
               }),
-              host::result::type_mismatch);
+              automation::result::type_mismatch);
     picker.put(u"FolderId", u"nowhere");
-    EXPECT_EQ(failure_of([&] { picker.call(u"searchany", {u"Account", u"List"}); }), host::result::not_found);
-    EXPECT_EQ(failure_of([&] { picker.call(u"refreshaccounts"); }), host::result::not_found);
-    EXPECT_EQ(failure_of([&] { picker.call(u"showdialog"); }), host::result::not_found);
+    EXPECT_EQ(failure_of([&] {
+                  picker.call(u"searchany", {u"Account", u"List"});
+              }),
+              automation::result::not_found);
+    EXPECT_EQ(failure_of([&] { picker.call(u"refreshaccounts"); }), automation::result::not_found);
+    EXPECT_EQ(failure_of([&] { picker.call(u"showdialog"); }), automation::result::not_found);
     EXPECT_TRUE(cancelled());
 }
 
 TEST_F(ListPickerTest, FailsWithoutAnyFolderOfAccounts) {
     around->profile.stores().clear();
-    EXPECT_EQ(failure_of([&] { picker.call(u"showdialog"); }), host::result::not_found);
+    EXPECT_EQ(failure_of([&] { picker.call(u"showdialog"); }), automation::result::not_found);
 }
 
 TEST_F(ListPickerTest, IsNotShownTwiceAtATime) {
     open();
-    EXPECT_EQ(failure_of([&] { picker.call(u"searchany", {u"Account", u"List"}); }), host::result::fail);
-    EXPECT_EQ(failure_of([&] { picker.call(u"showdialog"); }), host::result::fail);
+    EXPECT_EQ(failure_of([&] {
+                  picker.call(u"searchany", {u"Account", u"List"});
+              }),
+              automation::result::fail);
+    EXPECT_EQ(failure_of([&] { picker.call(u"showdialog"); }), automation::result::fail);
     at(u"cmdOK").click();
     EXPECT_FALSE(cancelled());
 }

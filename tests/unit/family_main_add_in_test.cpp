@@ -37,14 +37,14 @@ struct MainAddInTest : testing::Test {
 TEST(Family, MakesItsClassesByTheirNamesInAnyCase) {
     for (const family::ClassEntry& entry : family::classes()) {
         EXPECT_TRUE(family::create(entry.prog_id, std::make_shared<Surroundings>()));
-        EXPECT_TRUE(family::create(host::upper(entry.prog_id), std::make_shared<Surroundings>()));
+        EXPECT_TRUE(family::create(automation::upper(entry.prog_id), std::make_shared<Surroundings>()));
     }
     EXPECT_FALSE(family::create(u"Tarnwell.other", std::make_shared<Surroundings>()));
     EXPECT_FALSE(family::create(u"", std::make_shared<Surroundings>()));
 }
 
 TEST(Family, ItsClassesHaveIdsOfTheirOwn) {
-    std::set<host::Guid> ids;
+    std::set<automation::Guid> ids;
     for (const family::ClassEntry& entry : family::classes()) ids.insert(entry.id);
     EXPECT_EQ(ids.size(), 6u);
 }
@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Members, MainAddInSetting,
                                          SettingCase{u"getEmailAutoFile", u"EmailAutoFile"},
                                          SettingCase{u"getspecialfolderlocation", u"SpecialFolder"},
                                          SettingCase{u"GetDLLPath", u"ProgramFolder"}),
-                         [](const auto& tested) { return host::to_utf8(tested.param.setting); });
+                         [](const auto& tested) { return automation::to_utf8(tested.param.setting); });
 
 TEST_F(MainAddInTest, FindsTheDatabaseFoldersByTheirExactNames) {
     EXPECT_EQ(ask(u"GetFolderId", {u"Account Profiles"}), u"ID:/Database/Account Profiles");
@@ -154,8 +154,9 @@ TEST_F(MainAddInTest, PrefersTheStoreThatTheSettingNames) {
 
 TEST_F(MainAddInTest, FailsWithoutAHostWhereItNeedsOne) {
     around->with_application = false;
-    EXPECT_EQ(failure_of([&] { ask(u"GetFolderId", {u"Account Profiles"}); }), host::result::bad_prog_id);
-    EXPECT_EQ(failure_of([&] { ask(u"GetStoreId"); }), host::result::bad_prog_id);
+    EXPECT_EQ(failure_of([&] { ask(u"GetFolderId", {u"Account Profiles"}); }),
+              automation::result::bad_prog_id);
+    EXPECT_EQ(failure_of([&] { ask(u"GetStoreId"); }), automation::result::bad_prog_id);
     EXPECT_EQ(failure_of([&] { ask(u"generateid"); }), 0);
 }
 
@@ -172,7 +173,7 @@ TEST_P(ReturnFolderFromPath, FollowsTheChainOfNames) {
     const Object main = family::create(u"Tarnwell.connect", around);
     const Object folder = main.call(u"ReturnFolderFromPath", {Value(GetParam().path)}).to_object();
     ASSERT_EQ(static_cast<bool>(folder), !GetParam().folder.empty());
-    EXPECT_EQ(folder ? readable(folder.get(u"EntryID")) : "", host::to_utf8(GetParam().folder));
+    EXPECT_EQ(folder ? readable(folder.get(u"EntryID")) : "", automation::to_utf8(GetParam().folder));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -199,7 +200,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(MainAddInTest, RefusesAPathWithoutAName) {
     for (const TextView path : {u"", u"\\", u"\\\\\\"}) {
         EXPECT_EQ(failure_of([&] { main.call(u"ReturnFolderFromPath", {Value(path)}); }),
-                  host::result::invalid_argument);
+                  automation::result::invalid_argument);
     }
 }
 
@@ -269,7 +270,7 @@ TEST_F(MainAddInTest, ListsTheTemplatesOfAKindInAWindow) {
         std::vector<Text> subjects;
         native::MemoryWindow* const window = around->windows.find(caption);
         if (!window || !window->visible()) return subjects;
-        const addin::forms::List& list = window->control(u"lstTemplates").list();
+        const forms::List& list = window->control(u"lstTemplates").list();
         for (int row = 0; row < list.count(); ++row) subjects.push_back(list.text(row, 0));
         return subjects;
     };
@@ -283,9 +284,9 @@ TEST_F(MainAddInTest, ListsTheTemplatesOfAKindInAWindow) {
 
 TEST_F(MainAddInTest, MembersThatTheSettingListsFail) {
     around->settings[u"Fail"] = u"GetFolderId; MainAddIn.generateid ;SafeMailItem.GetStoreId;showmailer";
-    EXPECT_EQ(failure_of([&] { ask(u"GetFolderId", {u"Account Profiles"}); }), host::result::fail);
-    EXPECT_EQ(failure_of([&] { ask(u"generateid"); }), host::result::fail);
-    EXPECT_EQ(failure_of([&] { main.call(u"ShowMailer"); }), host::result::fail);
+    EXPECT_EQ(failure_of([&] { ask(u"GetFolderId", {u"Account Profiles"}); }), automation::result::fail);
+    EXPECT_EQ(failure_of([&] { ask(u"generateid"); }), automation::result::fail);
+    EXPECT_EQ(failure_of([&] { main.call(u"ShowMailer"); }), automation::result::fail);
     EXPECT_EQ(failure_of([&] { ask(u"GetStoreId"); }), 0);
     EXPECT_THAT(around->calls, ElementsAre());
     EXPECT_FALSE(around->shows_windows());
@@ -294,7 +295,7 @@ TEST_F(MainAddInTest, MembersThatTheSettingListsFail) {
 }
 
 TEST_F(MainAddInTest, AMemberThatItDoesNotHaveIsUnknown) {
-    EXPECT_EQ(failure_of([&] { main.call(u"Nonsense"); }), host::result::unknown_name);
+    EXPECT_EQ(failure_of([&] { main.call(u"Nonsense"); }), automation::result::unknown_name);
 }
 
 }  // namespace

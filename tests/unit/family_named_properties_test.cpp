@@ -37,7 +37,7 @@ TEST(Tag, IsReadFromNumbersAndTexts) {
 TEST(Tag, IsRefusedWhereItIsNone) {
     const Value cases[] = {
         Value(),
-        Value(host::Null{}),
+        Value(automation::Null{}),
         Value(true),
         Value(u""),
         Value(u"0x"),
@@ -53,7 +53,7 @@ TEST(Tag, IsRefusedWhereItIsNone) {
         Value(u"0x1E&"),
     };
     for (const Value& example : cases) {
-        EXPECT_EQ(failure_of([&] { read_tag(example); }), host::result::invalid_argument)
+        EXPECT_EQ(failure_of([&] { read_tag(example); }), automation::result::invalid_argument)
             << static_cast<int>(example.type());
     }
 }
@@ -115,17 +115,19 @@ TEST(NamedProperties, RefuseWhatIsNoSetAndNoName) {
     for (const TextView set :
          {u"", u"00062004-0000-0000-C000-000000000046", u"{00062004-0000-0000-C000-00000000004G}",
           u"{00062004-0000-0000-C000-000000000046}}"}) {
-        EXPECT_EQ(failure_of([&] { read_named_property(set, 1); }), host::result::invalid_argument);
+        EXPECT_EQ(failure_of([&] { read_named_property(set, 1); }), automation::result::invalid_argument);
     }
-    EXPECT_EQ(failure_of([&] { read_named_property(contact_set, Value()); }), host::result::invalid_argument);
-    EXPECT_EQ(failure_of([&] { read_named_property(contact_set, u""); }), host::result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { read_named_property(contact_set, Value()); }),
+              automation::result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { read_named_property(contact_set, u""); }),
+              automation::result::invalid_argument);
 }
 
 TEST(NamedProperties, KnowNoTagThatTheyDidNotGive) {
     NamedProperties named;
     const family::Tag given = named.tag(read_named_property(contact_set, 0x8083));
     for (const family::Tag tag : {0x8000001Eu, given + 0x10000, 0xFFFF001Eu}) {
-        EXPECT_EQ(failure_of([&] { named.address(tag); }), host::result::not_found);
+        EXPECT_EQ(failure_of([&] { named.address(tag); }), automation::result::not_found);
     }
 }
 
@@ -134,7 +136,7 @@ TEST(NamedProperties, EndWhenAllAreGivenOut) {
     const auto fill = [&] {
         for (std::int32_t id = 0; id < 0x8000; ++id) named.tag(read_named_property(contact_set, id));
     };
-    EXPECT_EQ(failure_of(fill), host::result::fail);
+    EXPECT_EQ(failure_of(fill), automation::result::fail);
 }
 
 TEST(NamedProperties, EscapeWhatWouldEndTheAddress) {

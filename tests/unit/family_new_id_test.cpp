@@ -71,7 +71,7 @@ TEST(NewId, IsNeverGivenByTwoProcesses) {
         ASSERT_GE(child, 0);
         if (child > 0) continue;
         std::string lines;
-        for (int i = 0; i < each; ++i) lines += host::to_utf8(family::new_id(around)) + "\n";
+        for (int i = 0; i < each; ++i) lines += automation::to_utf8(family::new_id(around)) + "\n";
         for (std::size_t done = 0; done < lines.size();) {
             const ssize_t written =
                 write(ends[1], lines.data() + done, std::min<std::size_t>(lines.size() - done, 49 * 80));

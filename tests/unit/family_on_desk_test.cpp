@@ -10,15 +10,15 @@
 
 namespace {
 
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using family_test::failure_of;
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
 
 /// What a desk needs that nobody watches.
 struct QuietDesk : desk::Surroundings {
-    host::Date now() override { return host::to_date({2026, 3, 3, 9, 15, 0}); }
+    automation::Date now() override { return automation::to_date({2026, 3, 3, 9, 15, 0}); }
     std::string random_bytes(std::size_t count) override {
         std::string bytes(count, '\0');
         for (char& byte : bytes) byte = static_cast<char>(++last_);
@@ -31,7 +31,7 @@ struct QuietDesk : desk::Surroundings {
     std::unique_ptr<desk::WindowDriver> window(TextView) override { return nullptr; }
     int ask(TextView, TextView, std::uint32_t) override { return 0; }
     Object create_object(TextView prog_id) override {
-        throw host::Failure(host::result::bad_prog_id, Text(prog_id));
+        throw automation::Failure(automation::result::bad_prog_id, Text(prog_id));
     }
     bool has_class(TextView) override { return false; }
     std::vector<desk::IndexedFile> indexed_files() override { return {}; }
@@ -209,11 +209,11 @@ TEST_F(FamilyOnDesk, DisplaysTheWrappedItem) {
 TEST_F(FamilyOnDesk, AttachesTheWrappedItem) {
     const Object note = first_item(drop_downs), attachments = note.get(u"Attachments").to_object();
     const Object safe = wrapped(u"TarnwellOMG.SafeMailItem", inbox);
-    attachments.call(u"Add", {Value(safe), host::Missing{}, 1, host::Missing{}});
+    attachments.call(u"Add", {Value(safe), automation::Missing{}, 1, automation::Missing{}});
     EXPECT_EQ(attachments.get(u"Count"), Value(1));
     const Object nothing = family(u"TarnwellOMG.SafeMailItem");
     EXPECT_NE(failure_of([&] {
-                  attachments.call(u"Add", {Value(nothing), host::Missing{}, 1, host::Missing{}});
+                  attachments.call(u"Add", {Value(nothing), automation::Missing{}, 1, automation::Missing{}});
               }),
               0);
     EXPECT_EQ(attachments.get(u"Count"), Value(1));

@@ -27,7 +27,7 @@ struct SafeMailTest : testing::Test {
         offer_fields(*mail, {{tag_address(u"0C1F001E"), u"/o=Example/cn=ann"},
                              {tag_address(u"0C1E001E"), u"EX"},
                              {tag_address(u"0E080003"), 4711},
-                             {tag_address(u"00390040"), host::to_date({2026, 3, 3, 9, 15, 0})},
+                             {tag_address(u"00390040"), automation::to_date({2026, 3, 3, 9, 15, 0})},
                              {tag_address(u"0E1B000B"), true},
                              {tag_address(u"36D90005"), 1234.5},
                              {u"http://schemas.microsoft.com/mapi/string/"
@@ -79,14 +79,14 @@ TEST_F(SafeMailTest, GivesItsItemBack) {
 
 TEST_F(SafeMailTest, SaysThatItHasNoItem) {
     for (const TextView member : {u"Subject", u"sender", u"Recipients", u"ResolveAll", u"Save"}) {
-        EXPECT_EQ(failure_of([&] { safe.get(member); }), host::result::object_not_set);
+        EXPECT_EQ(failure_of([&] { safe.get(member); }), automation::result::object_not_set);
     }
-    EXPECT_EQ(failure_of([&] { fields(0x0C1F001E); }), host::result::object_not_set);
+    EXPECT_EQ(failure_of([&] { fields(0x0C1F001E); }), automation::result::object_not_set);
     EXPECT_EQ(failure_of([&] {
                   safe.call(u"GetIDsFromNames", {u"{00020329-0000-0000-C000-000000000046}", u"A"});
               }),
-              host::result::object_not_set);
-    EXPECT_EQ(failure_of([&] { safe.put(u"FlagStatus", 1); }), host::result::object_not_set);
+              automation::result::object_not_set);
+    EXPECT_EQ(failure_of([&] { safe.put(u"FlagStatus", 1); }), automation::result::object_not_set);
     try {
         safe.get(u"Body");
     } catch (const Failure& failure) {
@@ -118,16 +118,16 @@ TEST_F(BoundSafeMailTest, GivesANumberWithTheUsersDecimalSign) {
 TEST_F(BoundSafeMailTest, AFieldThatTheItemLacksIsEmpty) { EXPECT_EQ(fields(0x39FE001E), Value()); }
 
 TEST_F(BoundSafeMailTest, AFieldThatCannotBeReadFails) {
-    EXPECT_EQ(failure_of([&] { fields(u""); }), host::result::invalid_argument);
-    EXPECT_EQ(failure_of([&] { fields(u"Subject"); }), host::result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { fields(u""); }), automation::result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { fields(u"Subject"); }), automation::result::invalid_argument);
     mail->properties.erase(u"PropertyAccessor");
-    EXPECT_EQ(failure_of([&] { fields(0x0C1F001E); }), host::result::unknown_name);
+    EXPECT_EQ(failure_of([&] { fields(0x0C1F001E); }), automation::result::unknown_name);
     auto refusing = fake();
     refusing->functions[u"GetProperty"] = [](std::vector<Value>&) -> Value {
-        throw Failure(host::result::access_denied);
+        throw Failure(automation::result::access_denied);
     };
     mail->properties[u"PropertyAccessor"] = Object(refusing);
-    EXPECT_EQ(failure_of([&] { fields(0x0C1F001E); }), host::result::access_denied);
+    EXPECT_EQ(failure_of([&] { fields(0x0C1F001E); }), automation::result::access_denied);
 }
 
 TEST_F(BoundSafeMailTest, WritesFields) {
@@ -182,7 +182,7 @@ TEST_F(BoundSafeMailTest, ItsRecipientsCanBeAskedByTheirDefaultMember) {
     const Object bob = safe.get(u"Recipients", {1}).to_object();
     EXPECT_EQ(bob.get(u"Address"), Value(u"bob@two.example"));
     EXPECT_EQ(bob.get(u"AddressEntry").to_object().get(u"Fields", {0x3002001E}), Value(u"SMTP"));
-    EXPECT_EQ(failure_of([&] { safe.get(u"Recipients", {3}); }), host::result::bad_index);
+    EXPECT_EQ(failure_of([&] { safe.get(u"Recipients", {3}); }), automation::result::bad_index);
 }
 
 TEST_F(BoundSafeMailTest, WrapsARecipientThatIsAdded) {
@@ -204,12 +204,12 @@ TEST_F(BoundSafeMailTest, PassesEverythingElseOnToTheItem) {
     EXPECT_EQ(mail->properties[u"FlagStatus"], Value(1));
     mail->functions[u"Close"] = [](std::vector<Value>& arguments) { return arguments.at(0); };
     EXPECT_EQ(safe.call(u"Close", {2}), Value(2));
-    EXPECT_EQ(failure_of([&] { safe.call(u"Nonsense"); }), host::result::unknown_name);
+    EXPECT_EQ(failure_of([&] { safe.call(u"Nonsense"); }), automation::result::unknown_name);
 }
 
 /// Asks as a client of COM does: first for the id of the name, then by the id.
 Value ask_by_id(const Object& object, TextView member, Access access, std::vector<Value> arguments = {}) {
-    static constexpr host::Kind kind{"wrapper"};
+    static constexpr automation::Kind kind{"wrapper"};
     Request name{.access = Access::identify, .member = member, .kind = &kind};
     object.invoke(name);
     Request request{
@@ -222,11 +222,12 @@ TEST_F(BoundSafeMailTest, AnswersByDispatchIdsToo) {
     EXPECT_EQ(ask_by_id(safe, u"Fields", Access::get, {0x0C1E001E}), Value(u"EX"));
     ask_by_id(safe, u"FlagStatus", Access::put, {2});
     EXPECT_EQ(mail->properties[u"FlagStatus"], Value(2));
-    EXPECT_EQ(failure_of([&] { ask_by_id(safe, u"Nonsense", Access::get); }), host::result::unknown_name);
+    EXPECT_EQ(failure_of([&] { ask_by_id(safe, u"Nonsense", Access::get); }),
+              automation::result::unknown_name);
 }
 
 TEST_F(BoundSafeMailTest, DoesNotPassItsOwnKindOnToTheItem) {
-    static constexpr host::Kind kind{"SafeMailItem"};
+    static constexpr automation::Kind kind{"SafeMailItem"};
     Request request{.access = Access::get, .member = u"Subject", .kind = &kind};
     EXPECT_EQ(safe.invoke(request), Value(u"Hello"));
     EXPECT_EQ(mail->kind, nullptr);
@@ -245,11 +246,11 @@ TEST_F(BoundSafeMailTest, TheIdsOfTheItemAreItsOwn) {
 
 TEST_F(BoundSafeMailTest, MembersThatTheSettingListsFail) {
     around->settings[u"Fail"] = u"SafeMailItem.Fields;Body;SafeAddressEntry.Address;SafeContactItem.To";
-    EXPECT_EQ(failure_of([&] { fields(0x0C1F001E); }), host::result::fail);
-    EXPECT_EQ(failure_of([&] { safe.get(u"Body"); }), host::result::fail);
-    EXPECT_EQ(failure_of([&] { ask_by_id(safe, u"Body", Access::get); }), host::result::fail);
+    EXPECT_EQ(failure_of([&] { fields(0x0C1F001E); }), automation::result::fail);
+    EXPECT_EQ(failure_of([&] { safe.get(u"Body"); }), automation::result::fail);
+    EXPECT_EQ(failure_of([&] { ask_by_id(safe, u"Body", Access::get); }), automation::result::fail);
     const Object sender = safe.get(u"sender").to_object();
-    EXPECT_EQ(failure_of([&] { sender.get(u"Address"); }), host::result::fail);
+    EXPECT_EQ(failure_of([&] { sender.get(u"Address"); }), automation::result::fail);
     EXPECT_EQ(failure_of([&] { sender.get(u"Fields", {0x39FE001E}); }), 0);
     EXPECT_EQ(failure_of([&] { safe.get(u"To"); }), 0);
 }
@@ -264,7 +265,7 @@ TEST_P(SafeItem, WrapsFieldsAndPassesTheRestOn) {
                   {u"http://schemas.microsoft.com/mapi/id/{00062004-0000-0000-C000-000000000046}/8083001E",
                    u"ann@one.example"}});
     const Object safe = family::create(GetParam(), around);
-    EXPECT_EQ(failure_of([&] { safe.get(u"FullName"); }), host::result::object_not_set);
+    EXPECT_EQ(failure_of([&] { safe.get(u"FullName"); }), automation::result::object_not_set);
     safe.put(u"Item", Object(item));
     EXPECT_EQ(safe.get(u"Item"), Value(Object(item)));
     EXPECT_EQ(safe.get(u"FullName"), Value(u"Ann Lee"));
@@ -280,6 +281,6 @@ TEST_P(SafeItem, WrapsFieldsAndPassesTheRestOn) {
 INSTANTIATE_TEST_SUITE_P(Classes, SafeItem,
                          testing::Values(u"TarnwellOMG.SafeContactItem", u"TarnwellOMG.SafePostItem",
                                          u"TarnwellOMG.SafeMailItem"),
-                         [](const auto& tested) { return host::to_utf8(tested.param.substr(12)); });
+                         [](const auto& tested) { return automation::to_utf8(tested.param.substr(12)); });
 
 }  // namespace

@@ -11,27 +11,27 @@ using desk::filter::Filter;
 using desk::filter::Words;
 
 /// The candidates as "name=value|name=value", "-" for none.
-std::string candidates(host::TextView text, const Filter::Usable& usable = {}) {
+std::string candidates(automation::TextView text, const Filter::Usable& usable = {}) {
     const auto found = Filter::parse(text, KnownNames(), Words::indexed).candidates(usable);
     if (!found) return "-";
     std::string shown;
     for (const Equality& equality : *found) {
         if (!shown.empty()) shown += '|';
-        shown += (equality.is_address ? "@" : "") + host::to_utf8(equality.name) + '=' +
-                 host::to_utf8(equality.value);
+        shown += (equality.is_address ? "@" : "") + automation::to_utf8(equality.name) + '=' +
+                 automation::to_utf8(equality.value);
     }
     return shown;
 }
 
 struct Case {
-    host::Text filter;
+    automation::Text filter;
     const char* candidates;
 };
 
 class FilterCandidates : public testing::TestWithParam<Case> {};
 
 TEST_P(FilterCandidates, AreTheEqualitiesThatEachMatchFulfils) {
-    EXPECT_EQ(candidates(GetParam().filter), GetParam().candidates) << host::to_utf8(GetParam().filter);
+    EXPECT_EQ(candidates(GetParam().filter), GetParam().candidates) << automation::to_utf8(GetParam().filter);
 }
 
 const Case cases[] = {
@@ -66,9 +66,9 @@ TEST(FilterCandidatesOf, OnlyUsableFieldsAreOffered) {
 }
 
 /// The address of a string-named property.
-host::Text named(const char16_t* name) {
+automation::Text named(const char16_t* name) {
     return u"\"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/" +
-           host::Text(name) + u"\"";
+           automation::Text(name) + u"\"";
 }
 
 /// Filters in the very spelling in which the add-in sends them.

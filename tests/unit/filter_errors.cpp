@@ -12,12 +12,12 @@ using desk::filter::Filter;
 using desk::filter::Words;
 
 /// The host's complaint about a filter without indexed words; empty if it is read.
-std::string complaint(host::TextView text, Words words = Words::refused) {
+std::string complaint(automation::TextView text, Words words = Words::refused) {
     try {
         Filter::parse(text, KnownNames(), words);
         return {};
-    } catch (const host::Failure& failure) {
-        EXPECT_EQ(failure.number(), host::result::invalid_argument);
+    } catch (const automation::Failure& failure) {
+        EXPECT_EQ(failure.number(), automation::result::invalid_argument);
         const std::string head = "Condition is not valid. ";
         const std::string said = failure.what();
         EXPECT_TRUE(said.starts_with(head)) << said;
@@ -33,7 +33,7 @@ struct Case {
 class FilterErrors : public testing::TestWithParam<Case> {};
 
 TEST_P(FilterErrors, SayWhatIsWrongAndWhere) {
-    EXPECT_EQ(complaint(GetParam().filter), GetParam().complaint) << host::to_utf8(GetParam().filter);
+    EXPECT_EQ(complaint(GetParam().filter), GetParam().complaint) << automation::to_utf8(GetParam().filter);
 }
 
 const Case cases[] = {
@@ -103,28 +103,28 @@ TEST(FilterLimits, WordsNeedATextWhereTheyAreSupported) {
     EXPECT_EQ(complaint(u"@SQL=\"s\" ci_phrasematch '5'", Words::indexed), "");
 }
 
-host::Text nested(int levels) {
-    return host::Text(static_cast<std::size_t>(levels), u'(') + u"[Size] = 512" +
-           host::Text(static_cast<std::size_t>(levels), u')');
+automation::Text nested(int levels) {
+    return automation::Text(static_cast<std::size_t>(levels), u'(') + u"[Size] = 512" +
+           automation::Text(static_cast<std::size_t>(levels), u')');
 }
 
 TEST(FilterLimits, TwoHundredLevelsAreReadAndMoreAreRefused) {
     EXPECT_TRUE(Filter::parse(nested(200), KnownNames(), Words::refused).matches(jane()));
     EXPECT_EQ(complaint(nested(201)), "The filter is nested too deeply. (character 201)");
     EXPECT_EQ(complaint(nested(100000)), "The filter is nested too deeply. (character 201)");
-    host::Text negations;
+    automation::Text negations;
     for (int i = 0; i < 25000; ++i) negations += u"Not ";
     EXPECT_EQ(complaint(negations + u"[Size] = 512"), "The filter is nested too deeply. (character 801)");
 }
 
 TEST(FilterLimits, LevelsSideBySideDoNotAddUp) {
-    host::Text text = nested(150);
+    automation::Text text = nested(150);
     for (int i = 0; i < 60; ++i) text += u" And Not " + nested(150);
     EXPECT_FALSE(Filter::parse(text, KnownNames(), Words::refused).matches(jane()));
 }
 
 TEST(FilterLimits, AFilterOfAHundredThousandCharactersIsRead) {
-    host::Text text = u"[Subject] = \"x\"";
+    automation::Text text = u"[Subject] = \"x\"";
     while (text.size() < 100000) text += u" Or [Subject] = \"x\"";
     EXPECT_FALSE(Filter::parse(text, KnownNames(), Words::refused).matches(jane()));
     EXPECT_TRUE(Filter::parse(text + u" Or [Size] = 512", KnownNames(), Words::refused).matches(jane()));
@@ -135,12 +135,12 @@ TEST(FilterMutations, AreReadOrRefusedAndNothingElse) {
     auto below = [&](std::size_t limit) {
         return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
     };
-    const host::Text alphabet = u"[]()'\"=<>%_@ aN0-.\u00E9\xD800";
+    const automation::Text alphabet = u"[]()'\"=<>%_@ aN0-.\u00E9\xD800";
     int read = 0, refused = 0;
     for (int round = 0; round < 200; ++round) {
         for (const Case& seed : cases) {
-            host::Text text = seed.filter;
-            const host::Text other = cases[below(std::size(cases))].filter;
+            automation::Text text = seed.filter;
+            const automation::Text other = cases[below(std::size(cases))].filter;
             switch (below(3)) {
                 case 0:
                     text.insert(below(text.size() + 1), 1, alphabet[below(alphabet.size())]);
@@ -155,8 +155,9 @@ TEST(FilterMutations, AreReadOrRefusedAndNothingElse) {
             try {
                 Filter::parse(text, KnownNames(), Words::indexed).matches(jane());
                 ++read;
-            } catch (const host::Failure& failure) {
-                ASSERT_EQ(failure.number(), host::result::invalid_argument) << host::to_utf8(text);
+            } catch (const automation::Failure& failure) {
+                ASSERT_EQ(failure.number(), automation::result::invalid_argument)
+                    << automation::to_utf8(text);
                 ++refused;
             }
         }

@@ -18,7 +18,7 @@ class FilterMatches : public testing::TestWithParam<Case> {};
 
 TEST_P(FilterMatches, JaneOrNot) {
     const Filter filter = Filter::parse(GetParam().filter, KnownNames(), Words::indexed);
-    EXPECT_EQ(filter.matches(jane()), GetParam().passes) << host::to_utf8(GetParam().filter);
+    EXPECT_EQ(filter.matches(jane()), GetParam().passes) << automation::to_utf8(GetParam().filter);
 }
 
 const Case bracketed_texts[] = {
@@ -134,9 +134,10 @@ INSTANTIATE_TEST_SUITE_P(LackingProperties, FilterMatches, testing::ValuesIn(lac
 class FilterOnSubject : public testing::TestWithParam<Case> {};
 
 TEST_P(FilterOnSubject, JaneOrNot) {
-    const host::Text text = u"@SQL=\"urn:schemas:httpmail:subject\" " + host::Text(GetParam().filter);
+    const automation::Text text =
+        u"@SQL=\"urn:schemas:httpmail:subject\" " + automation::Text(GetParam().filter);
     EXPECT_EQ(Filter::parse(text, KnownNames(), Words::indexed).matches(jane()), GetParam().passes)
-        << host::to_utf8(text);
+        << automation::to_utf8(text);
 }
 
 const Case comparisons[] = {
@@ -196,11 +197,11 @@ TEST(FilterMatchesText, LettersBeyondAsciiBelongToWords) {
 
 TEST(FilterMatchesText, ValuesThatAreNoTextMatchNoText) {
     MapRecord record;
-    record.fields[u"Subject"] = host::Array::of({host::Value(u"x")});
-    record.properties[u"p"] = host::Array::of({host::Value(u"x")});
+    record.fields[u"Subject"] = automation::Array::of({automation::Value(u"x")});
+    record.properties[u"p"] = automation::Array::of({automation::Value(u"x")});
     for (const char16_t* text : {u"[Subject] = 'x'", u"[Subject] <> 'x'", u"@SQL=\"p\" Like '%'"}) {
         EXPECT_FALSE(Filter::parse(text, KnownNames(), Words::refused).matches(record))
-            << host::to_utf8(text);
+            << automation::to_utf8(text);
     }
 }
 

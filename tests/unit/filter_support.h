@@ -9,13 +9,13 @@
 namespace filter_tests {
 
 struct IgnoringCase {
-    bool operator()(host::TextView left, host::TextView right) const {
-        return host::compare_ignoring_case(left, right) < 0;
+    bool operator()(automation::TextView left, automation::TextView right) const {
+        return automation::compare_ignoring_case(left, right) < 0;
     }
 };
 
 struct KnownNames : desk::filter::Names {
-    std::set<host::Text, IgnoringCase> names{
+    std::set<automation::Text, IgnoringCase> names{
         u"Subject",
         u"FullName",
         u"EmailSearchString",
@@ -37,22 +37,24 @@ struct KnownNames : desk::filter::Names {
         u"Email2DisplayName",
         u"Email3DisplayName",
     };
-    bool knows(host::TextView field) const override { return names.contains(host::Text(field)); }
+    bool knows(automation::TextView field) const override { return names.contains(automation::Text(field)); }
 };
 
 struct MapRecord : desk::filter::Record {
-    std::map<host::Text, host::Value, IgnoringCase> fields;
-    std::map<host::Text, host::Value, IgnoringCase> properties;
+    std::map<automation::Text, automation::Value, IgnoringCase> fields;
+    std::map<automation::Text, automation::Value, IgnoringCase> properties;
 
-    std::optional<host::Value> field(host::TextView name) const override { return find(fields, name); }
-    std::optional<host::Value> property(host::TextView address) const override {
+    std::optional<automation::Value> field(automation::TextView name) const override {
+        return find(fields, name);
+    }
+    std::optional<automation::Value> property(automation::TextView address) const override {
         return find(properties, address);
     }
 
   private:
-    static std::optional<host::Value> find(const std::map<host::Text, host::Value, IgnoringCase>& map,
-                                           host::TextView name) {
-        const auto found = map.find(host::Text(name));
+    static std::optional<automation::Value> find(
+        const std::map<automation::Text, automation::Value, IgnoringCase>& map, automation::TextView name) {
+        const auto found = map.find(automation::Text(name));
         return found == map.end() ? std::nullopt : std::optional(found->second);
     }
 };
@@ -68,14 +70,14 @@ inline MapRecord jane() {
         {u"UnRead", true},
         {u"Size", std::int32_t{512}},
         {u"Amount", 12.5},
-        {u"ReceivedTime", *host::read_date(u"2026-03-03 09:15:00")},
+        {u"ReceivedTime", *automation::read_date(u"2026-03-03 09:15:00")},
         {u"Account Name", u"Acme"},
     };
     record.properties = {
         {u"urn:schemas:httpmail:subject", u"100% of under_scores, Jane-Anne O'Brien"},
         {u"http://schemas.microsoft.com/mapi/proptag/0x001a001e", u"IPM.Contact"},
         {u"size", std::int32_t{512}},
-        {u"empty", host::Value()},
+        {u"empty", automation::Value()},
         {u"blank", u""},
     };
     return record;

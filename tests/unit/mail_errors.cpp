@@ -68,7 +68,7 @@ std::string refusal_of_file(const std::filesystem::path& file) {
     try {
         desk::mail::read_message_file(file);
         return {};
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         return failure.what();
     }
 }
@@ -100,7 +100,8 @@ TEST(MailErrors, NoticeEachPlaceAtWhichAMailIsCutOff) {
         const std::size_t closed = whole.rfind("--") + 2;
         ASSERT_EQ(whole.substr(closed), "\r\n");
         for (std::size_t size = 0; size < closed; ++size) {
-            EXPECT_THROW(desk::mail::read_message(std::string_view(whole).substr(0, size)), host::Failure)
+            EXPECT_THROW(desk::mail::read_message(std::string_view(whole).substr(0, size)),
+                         automation::Failure)
                 << name << " cut off at " << size;
         }
         EXPECT_NO_THROW(desk::mail::read_message(std::string_view(whole).substr(0, closed)));

@@ -1,14 +1,14 @@
 // Readable text of HTML, and text of bytes.
 #include <gtest/gtest.h>
 
-#include "desk/tools/html_text.h"
-#include "desk/tools/mail_text.h"
+#include "desk/tools/mail/html_text.h"
+#include "desk/tools/mail/mail_text.h"
 #include "mail_support.h"
 
 namespace {
 
 struct Case {
-    host::TextView html, text;
+    automation::TextView html, text;
 };
 const Case cases[] = {
     {u"", u""},
@@ -35,14 +35,14 @@ const Case cases[] = {
 
 TEST(HtmlText, ReadsAsAPersonWouldReadThePage) {
     for (const Case& each : cases) {
-        EXPECT_EQ(host::to_utf8(desk::mail::html_to_text(each.html)), host::to_utf8(each.text))
-            << host::to_utf8(each.html);
+        EXPECT_EQ(automation::to_utf8(desk::mail::html_to_text(each.html)), automation::to_utf8(each.text))
+            << automation::to_utf8(each.html);
     }
 }
 
 struct CharsetCase {
     std::string bytes, charset;
-    host::TextView text;
+    automation::TextView text;
 };
 const CharsetCase charset_cases[] = {
     {"\xC3\xA4", "utf-8", u"ä"},
@@ -63,7 +63,8 @@ const CharsetCase charset_cases[] = {
 
 TEST(MailText, DecodesWhatMailersWrite) {
     for (const CharsetCase& each : charset_cases) {
-        EXPECT_EQ(host::to_utf8(desk::mail::decode(each.bytes, each.charset)), host::to_utf8(each.text))
+        EXPECT_EQ(automation::to_utf8(desk::mail::decode(each.bytes, each.charset)),
+                  automation::to_utf8(each.text))
             << each.charset;
     }
 }

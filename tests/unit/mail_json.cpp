@@ -3,10 +3,10 @@
 
 #include <random>
 
+#include "automation/object.h"
 #include "desk/mail/base64.h"
 #include "desk/mail/item_json.h"
 #include "desk/mail/message.h"
-#include "host/object.h"
 #include "mail_support.h"
 
 namespace {
@@ -20,7 +20,7 @@ std::string sentence_of(std::string_view json) {
     try {
         from_json(json);
         return {};
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         return failure.what();
     }
 }
@@ -40,9 +40,10 @@ TEST(MailJson, BringsEachKindOfValueBack) {
                    {u"No", false},
                    {u"Whole", -7},
                    {u"Number", 2.0},
-                   {u"Date", host::Date{46084.385416666664}},
+                   {u"Date", automation::Date{46084.385416666664}},
                    {u"Nothing", {}}};
-    item.user_properties = {{u"Type", 1, u"Letter"}, {u"Activity Date", 5, host::Date{2}}, {u"Team", 1, {}}};
+    item.user_properties = {
+        {u"Type", 1, u"Letter"}, {u"Activity Date", 5, automation::Date{2}}, {u"Team", 1, {}}};
     item.recipients = {{u"Bob", u"/o=Example/cn=bob", u"EX", u"", 3, false}};
     desk::AttachmentData file;
     file.display_name = file.file_name = u"a.bin";
@@ -58,8 +59,8 @@ TEST(MailJson, BringsEachKindOfValueBack) {
 TEST(MailJson, RefusesAnItemWithAnObject) {
     desk::ItemData item;
     item.message_class = u"IPM.Note";
-    item.fields[u"Odd"] = host::Value(host::Object());
-    EXPECT_THROW(to_json(item), host::Failure);
+    item.fields[u"Odd"] = automation::Value(automation::Object());
+    EXPECT_THROW(to_json(item), automation::Failure);
 }
 
 TEST(MailJson, HandsOnTheSentenceOfAnError) {
@@ -121,7 +122,7 @@ TEST(MailJson, TakesAnyDamageForAnItemOrASentence) {
         for (int i = 0; i < 3; ++i) damaged[random() % damaged.size()] = static_cast<char>(random());
         try {
             EXPECT_FALSE(from_json(damaged).message_class.empty());
-        } catch (const host::Failure& failure) {
+        } catch (const automation::Failure& failure) {
             EXPECT_GT(std::string(failure.what()).size(), 10U);
         }
     }

@@ -64,9 +64,9 @@ TEST(MailReading, TakesTheDateForTheTimeOfArrivalIfNothingElseTells) {
 
 TEST(MailReading, LeavesTheSenderEmptyWithoutFrom) {
     const desk::ItemData mail = read("To: bob@one.example\nSubject: x\n\nHi\n");
-    for (const host::TextView name :
+    for (const automation::TextView name :
          {u"SenderName", u"SenderEmailAddress", u"SenderEmailType", u"SenderSmtpAddress"}) {
-        EXPECT_EQ(field(mail, name), "") << host::to_utf8(name);
+        EXPECT_EQ(field(mail, name), "") << automation::to_utf8(name);
     }
     EXPECT_EQ(field(mail, u"To"), "bob@one.example");
 }
@@ -178,7 +178,7 @@ TEST(MailReading, NamesAttachmentsAsFilesAreNamed) {
     for (const NameCase& each : name_cases) {
         const desk::ItemData mail = read(with_attachment(each.header));
         ASSERT_EQ(mail.attachments.size(), 1U) << each.header;
-        EXPECT_EQ(host::to_utf8(mail.attachments[0].file_name), each.file_name);
+        EXPECT_EQ(automation::to_utf8(mail.attachments[0].file_name), each.file_name);
         EXPECT_EQ(mail.attachments[0].content, "data");
         EXPECT_EQ(field(mail, u"Body"), "Hi");
     }

@@ -119,8 +119,8 @@ void append(std::string& list, const std::string& entry) { list += (list.empty()
 std::string described_recipients(const desk::ItemData& mail) {
     std::string list;
     for (const desk::Person& person : mail.recipients) {
-        append(list, std::to_string(person.kind) + " " + host::to_utf8(person.name) + " <" +
-                         host::to_utf8(person.address) + ">");
+        append(list, std::to_string(person.kind) + " " + automation::to_utf8(person.name) + " <" +
+                         automation::to_utf8(person.address) + ">");
     }
     return list;
 }
@@ -128,7 +128,7 @@ std::string described_recipients(const desk::ItemData& mail) {
 std::string described_attachments(const desk::ItemData& mail) {
     std::string list;
     for (const desk::AttachmentData& attachment : mail.attachments) {
-        std::string entry = host::to_utf8(attachment.display_name) + " ";
+        std::string entry = automation::to_utf8(attachment.display_name) + " ";
         entry += attachment.item ? "[" + described_attachments(*attachment.item) + "]"
                                  : std::to_string(attachment.content.size());
         if (attachment.position) entry += " @" + std::to_string(attachment.position);
@@ -170,7 +170,7 @@ TEST(SampleMails, HaveBodiesWhoseLinesEndInCrLf) {
 
 struct Detail {
     std::string file;
-    host::TextView field;
+    automation::TextView field;
     std::string value;
 };
 const std::vector<Detail> details = {
@@ -208,7 +208,7 @@ const std::vector<Detail> details = {
 
 TEST(SampleMails, HaveTheFieldsOfAnItem) {
     for (const Detail& detail : details) {
-        SCOPED_TRACE(detail.file + " " + host::to_utf8(detail.field));
+        SCOPED_TRACE(detail.file + " " + automation::to_utf8(detail.field));
         EXPECT_EQ(field(desk::mail::read_message_file(sample_mails() / detail.file), detail.field),
                   detail.value);
     }

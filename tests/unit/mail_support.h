@@ -6,7 +6,7 @@
 #include <iterator>
 #include <string>
 
-#include "desk/tools/mail_reader.h"
+#include "desk/tools/mail/mail_reader.h"
 
 namespace mail_tests {
 
@@ -34,15 +34,15 @@ inline std::string refusal(std::string_view text) {
     try {
         read(text);
         return {};
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         return failure.what();
     }
 }
 
 /// A field as UTF-8; "(none)" if it is not set.
-inline std::string field(const desk::ItemData& item, host::TextView name) {
+inline std::string field(const desk::ItemData& item, automation::TextView name) {
     const auto found = item.fields.find(name);
-    return found == item.fields.end() ? "(none)" : host::to_utf8(found->second.to_text());
+    return found == item.fields.end() ? "(none)" : automation::to_utf8(found->second.to_text());
 }
 
 /// A file of its own that goes with its owner.

@@ -3,17 +3,17 @@
 
 #include <gmock/gmock.h>
 
-#include "host/failure.h"
+#include "automation/failure.h"
 #include "tests/forms/gallery.h"
 
 namespace {
 
+using automation::TextView;
 using forms_test::gallery;
 using forms_test::gallery_caption;
 using forms_test::Noted;
 using forms_test::with_keys;
 using forms_test::with_keys_caption;
-using host::TextView;
 using native::MemoryControl;
 using native::MemoryEngine;
 using native::MemoryWindow;
@@ -24,7 +24,7 @@ struct MemoryForms : testing::Test {
     Strands strands;
     MemoryEngine engine{strands};
 
-    std::shared_ptr<Noted> shown(const addin::forms::FormTable& table) {
+    std::shared_ptr<Noted> shown(const forms::FormTable& table) {
         auto form = std::make_shared<Noted>(engine, table);
         form->show();
         form->told.clear();
@@ -50,8 +50,8 @@ TEST_F(MemoryForms, WindowsAreListedAsTheyWereMadeAndEndWithTheirOwner) {
 }
 
 TEST_F(MemoryForms, HeadingsHaveTheirOwnItems) {
-    namespace header = addin::forms::header;
-    addin::forms::List& list = form->control(u"list").list();
+    namespace header = forms::header;
+    forms::List& list = form->control(u"list").list();
     list.header_item(1, {.mask = header::format | header::image,
                          .format = header::string | header::image_on_right | header::with_image,
                          .image = 1});
@@ -65,7 +65,7 @@ TEST_F(MemoryForms, HeadingsHaveTheirOwnItems) {
 }
 
 TEST_F(MemoryForms, HitTellsTheColumn) {
-    addin::forms::List& list = form->control(u"list").list();
+    forms::List& list = form->control(u"list").list();
     list.add(u"one");
     const auto middle = at(u"list").memory_list().middle(0);
     EXPECT_EQ(list.hit(172, middle.y).column, 1);
@@ -110,7 +110,7 @@ TEST_F(MemoryForms, EndOfTheWorldHidesModalWindows) {
 }
 
 TEST_F(MemoryForms, WhatAnEventThrowsEndsAtTheEngine) {
-    form->at = [](const std::string&) { throw host::Failure(host::result::fail, u"no luck"); };
+    form->at = [](const std::string&) { throw automation::Failure(automation::result::fail, u"no luck"); };
     EXPECT_TRUE(at(u"go").click());
     EXPECT_THAT(engine.failures, ElementsAre("no luck"));
     EXPECT_THAT(engine.faults, ElementsAre());

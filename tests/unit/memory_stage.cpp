@@ -5,14 +5,14 @@
 namespace forms_test {
 namespace {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using native::MemoryControl;
 using native::MemoryWindow;
 
 class MemoryStage final : public Stage {
   public:
-    addin::forms::Engine& engine() override { return engine_; }
+    forms::Engine& engine() override { return engine_; }
     void dots_per_inch(int dots) override { engine_.dots_per_inch = dots; }
 
     bool click(Spot spot) override { return at(spot).click(); }

@@ -1,4 +1,4 @@
-#include "host/cdo.h"
+#include "addin/host/cdo.h"
 #include "tests/unit/model_support.h"
 
 namespace model_tests {

@@ -22,8 +22,8 @@ class CommandBarsOf : public ModelTest {
         control.put(u"Tag", Value(tag));
         return control;
     }
-    static Object find(const Object& owner, std::vector<host::NamedArgument> wishes) {
-        host::Request request{.member = u"FindControl", .named = std::move(wishes)};
+    static Object find(const Object& owner, std::vector<automation::NamedArgument> wishes) {
+        automation::Request request{.member = u"FindControl", .named = std::move(wishes)};
         return owner.invoke(request).to_object();
     }
     std::vector<Text> captions(const Object& owner) const {
@@ -93,7 +93,8 @@ TEST_F(CommandBarsOf, WindowsGoWithThem) {
 }
 
 TEST_F(CommandBarsOf, WordAreSharedByItsWindowsAndStay) {
-    host::Request word{.access = host::Access::put, .member = u"Options", .arguments = {u"WordMail", true}};
+    automation::Request word{
+        .access = automation::Access::put, .member = u"Options", .arguments = {u"WordMail", true}};
     desk.invoke(word);
     constexpr std::int32_t discard = 1, editor_word = 4, editor_text = 1;
     const Object first = new_mail_window(), second = new_mail_window();
@@ -191,7 +192,7 @@ struct Clicks {
     int count = 0;
     Object last;
     bool cancels = false;
-    host::Sink sink;
+    automation::Sink sink;
 
     explicit Clicks(const Object& control) {
         sink.connect(host::events::button, control, {{u"Click", [this](std::span<Value> arguments) {
@@ -223,7 +224,7 @@ TEST_F(CommandBarsOf, WindowsTellOfClicks) {
 TEST_F(CommandBarsOf, WindowsKnowWhichControlIsPressed) {
     const Object one = add(bar(u"Context Menu"), u"One");
     Object pressed;
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(host::events::button, one,
                  {{u"Click", [&](std::span<Value>) { pressed = bars.get(u"ActionControl").to_object(); }}});
     one.call(u"Execute");
@@ -273,7 +274,7 @@ class Updates : public CommandBarsOf {
         return std::exchange(count, 0);
     }
     int count = 0;
-    host::Sink sink;
+    automation::Sink sink;
 };
 
 TEST_F(Updates, ComeOnceForAllChangesOfATurn) {

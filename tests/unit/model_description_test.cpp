@@ -5,7 +5,7 @@
 namespace model_tests {
 namespace {
 
-using host::Value;
+using automation::Value;
 using host::outlook::Item;
 
 TEST(Describe, TellsAllOfAnItem) {
@@ -15,7 +15,7 @@ TEST(Describe, TellsAllOfAnItem) {
     post.Body(u"One\r\nTwo");
     post.UserProperties().Item(u"Team").value(Value(u"Sales"));
     post.Attachments().Add(world.deliver(acceptance::message({.body = "Dear all\n"})), 1);
-    const auto described = [&](const host::Object& object) {
+    const auto described = [&](const automation::Object& object) {
         return acceptance::shown(world.desk().call(u"Describe", {Value(object)}).to_text());
     };
     const std::string before = described(post);
@@ -29,9 +29,9 @@ TEST(Describe, TellsAllOfAnItem) {
     EXPECT_EQ(described(post.Copy()), before);
     post.UserProperties().Item(u"Team").value(Value(u"South"));
     EXPECT_NE(described(post), before);
-    EXPECT_EQ(acceptance::failure_of([&] { described(world.inbox()); }), host::result::type_mismatch);
+    EXPECT_EQ(acceptance::failure_of([&] { described(world.inbox()); }), automation::result::type_mismatch);
     post.call(u"Delete");
-    EXPECT_EQ(acceptance::failure_of([&] { described(post); }), host::result::object_deleted);
+    EXPECT_EQ(acceptance::failure_of([&] { described(post); }), automation::result::object_deleted);
 }
 
 }  // namespace

@@ -73,7 +73,7 @@ TEST_F(ItemEvents, MayChangeTheItemThatTheyTellOf) {
     const Item mail = add_mail(u"One");
     const Items items = inbox().Items();
     int rounds = 0;
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(host::events::items, items, {{u"ItemChange", [&](std::span<Value> arguments) {
                                                    const Item changed(arguments[0].to_object());
                                                    if (++rounds > 1) return;
@@ -89,9 +89,9 @@ TEST_F(ItemEvents, MayChangeTheItemThatTheyTellOf) {
 TEST_F(ItemEvents, OfAListenerThatFailsHarmNobody) {
     const Item mail = add_mail(u"One");
     const Items items = inbox().Items();
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(host::events::items, items,
-                 {{u"ItemChange", [](std::span<Value>) { throw host::Failure(result::fail); }}});
+                 {{u"ItemChange", [](std::span<Value>) { throw automation::Failure(result::fail); }}});
     const Items others = inbox().Items();
     const Listener listener = listen(others);
     mail.Subject(u"Two");
@@ -100,7 +100,7 @@ TEST_F(ItemEvents, OfAListenerThatFailsHarmNobody) {
 }
 
 TEST_F(ItemEvents, NeedAnInterfaceThatTheObjectHas) {
-    host::Sink sink;
+    automation::Sink sink;
     EXPECT_EQ(failure_of([&] { sink.connect(host::events::button, inbox().Items(), {}); }),
               result::no_connection);
 }
@@ -154,8 +154,8 @@ TEST(EventOrder, CanBeChangedWhileTheHostRuns) {
     const Items items = world.inbox().Items();
     const Listener listener = listen(items);
     const auto option = [&](TextView name, bool value) {
-        host::Request request{
-            .access = host::Access::put, .member = u"Options", .arguments = {Value(name), value}};
+        automation::Request request{
+            .access = automation::Access::put, .member = u"Options", .arguments = {Value(name), value}};
         world.desk().invoke(request);
     };
     option(u"EventsAtOnce", true);
@@ -178,8 +178,8 @@ TEST(EventOrder, CanBeChosenForEachKindOfEvent) {
                           {u"RemovalsAtOnce", {"ItemRemove"}}};
     for (const Case& one : cases) {
         native::NativeWorld world({.event_order = "deferred", .add_in = false});
-        host::Request request{
-            .access = host::Access::put, .member = u"Options", .arguments = {Value(one.at_once), true}};
+        automation::Request request{
+            .access = automation::Access::put, .member = u"Options", .arguments = {Value(one.at_once), true}};
         world.desk().invoke(request);
         const Items items = world.inbox().Items();
         const Listener listener = listen(items);
@@ -222,7 +222,7 @@ class Dragging : public ModelTest {
         desk.call(u"Select", {Value(contact)});
         std::vector<std::string> seen;
         const Items items = target.Items();
-        host::Sink sink;
+        automation::Sink sink;
         sink.connect(
             host::events::items, items,
             {{u"ItemAdd", [&](std::span<Value> arguments) {
@@ -266,7 +266,7 @@ class OtherEvents : public ModelTest {};
 TEST_F(OtherEvents, OfSendingMayCancelIt) {
     bool cancel = true;
     Text asked;
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(host::events::application, application, {{u"ItemSend", [&](std::span<Value> arguments) {
                                                                asked =
                                                                    Item(arguments[0].to_object()).Subject();
@@ -291,7 +291,7 @@ TEST_F(OtherEvents, OfSendingMayCancelIt) {
 TEST_F(OtherEvents, OfInspectorsComeWithTheWindow) {
     const Object inspectors = application.get(u"Inspectors").to_object();
     Text opened;
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(host::events::inspectors, inspectors,
                  {{u"NewInspector", [&](std::span<Value> arguments) {
                        const Object inspector = arguments[0].to_object();
@@ -349,8 +349,10 @@ TEST_F(OtherEvents, OfExplorersTellOfANewOne) {
 }
 
 TEST_F(OtherEvents, OfNewMailComeOnDelivery) {
-    constexpr host::Event told_events[] = {{u"NewMail", 0xF003}};
-    const host::EventInterface interface { "ApplicationEvents", host::events::application.id, told_events };
+    constexpr automation::Event told_events[] = {{u"NewMail", 0xF003}};
+    const automation::EventInterface interface {
+        "ApplicationEvents", host::events::application.id, told_events
+    };
     const Listener listener(interface, application, {u"NewMail"});
     const Item mail = world.deliver(acceptance::message());
     EXPECT_TRUE(mail.UnRead());

@@ -119,10 +119,10 @@ TEST_F(Folders, AreCopiedWithWhatTheyHold) {
 TEST_F(Folders, TellOfChangesBelowThem) {
     const Folder root = session.Folders().Item(1);
     const host::outlook::Folders folders = root.Folders();
-    constexpr host::Event told_events[] = {
+    constexpr automation::Event told_events[] = {
         {u"FolderAdd", 0xF001}, {u"FolderChange", 0xF002}, {u"FolderRemove", 0xF003}};
-    const host::EventInterface interface {
-        "FoldersEvents", host::guid("{00063076-0000-0000-C000-000000000046}"), told_events
+    const automation::EventInterface interface {
+        "FoldersEvents", automation::guid("{00063076-0000-0000-C000-000000000046}"), told_events
     };
     Listener listener(interface, folders, {u"FolderAdd", u"FolderChange", u"FolderRemove"});
     const Folder one(root.Folders().call(u"Add", {u"One"}).to_object());

@@ -1,5 +1,5 @@
+#include "addin/host/item_classes.h"
 #include "desk/model/item_kinds.h"
-#include "host/item_classes.h"
 #include "tests/unit/model_support.h"
 
 namespace model_tests {
@@ -125,10 +125,10 @@ TEST_F(ItemsOfAFolder, CountFromOne) {
     EXPECT_EQ(failure_of([&] { items.Item(3); }), result::bad_index);
     EXPECT_EQ(failure_of([&] { items.Item(u"Three"); }), result::not_found);
     // the default member, as Items(1)
-    host::Request request{
-        .access = host::Access::get, .member = {}, .id = host::default_member, .arguments = {1}};
+    automation::Request request{
+        .access = automation::Access::get, .member = {}, .id = automation::default_member, .arguments = {1}};
     EXPECT_EQ(Item(items.invoke(request).to_object()).Subject(), u"One");
-    host::Request through{.access = host::Access::get, .member = u"Items", .arguments = {2}};
+    automation::Request through{.access = automation::Access::get, .member = u"Items", .arguments = {2}};
     EXPECT_EQ(Item(inbox().invoke(through).to_object()).Subject(), u"Two");
 }
 
@@ -201,7 +201,7 @@ TEST_F(ItemsOfAFolder, AreSortedByDateAndNumber) {
     const Items items = inbox().Items();
     for (const std::int32_t importance : {2, 0, 1}) {
         const Item mail = items.Add(u"IPM.Note");
-        mail.Subject(host::to_text(static_cast<long long>(importance)));
+        mail.Subject(automation::to_text(static_cast<long long>(importance)));
         mail.put(u"Importance", importance);
         mail.Save();
     }
@@ -245,8 +245,8 @@ TEST_F(ItemsOfAFolder, MatchWholeWordsOnlyWhereTheStoreIsIndexed) {
     const Items items = inbox().Items();
     constexpr TextView filter = u"@SQL=\"urn:schemas:httpmail:subject\" ci_phrasematch 'dates of'";
     EXPECT_NE(failure_of([&] { restricted(items, filter); }), 0);
-    host::Request option{
-        .access = host::Access::put, .member = u"Options", .arguments = {u"InstantSearch", true}};
+    automation::Request option{
+        .access = automation::Access::put, .member = u"Options", .arguments = {u"InstantSearch", true}};
     desk.invoke(option);
     EXPECT_EQ(restricted(items, filter).Count(), 1);
     EXPECT_NE(failure_of([&] { items.Find(filter); }), 0) << "never in Find";
@@ -318,7 +318,7 @@ TEST_F(ItemsOfAFolder, AreRememberedWhileSomebodyHoldsThemAndNotLonger) {
     constexpr std::int32_t held_count = 100, count = 1000;
     std::vector<Item> held;
     for (std::int32_t i = 0; i < count; ++i) {
-        const Item mail = add_mail(host::to_text(i));
+        const Item mail = add_mail(automation::to_text(i));
         if (i % (count / held_count) == 0) held.push_back(mail);
     }
     EXPECT_LE(world.model().remembered(), 2 * held.size() + 1);

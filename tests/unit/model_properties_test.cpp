@@ -63,8 +63,8 @@ TEST_F(UserPropertiesOfItems, ConvertToTheirType) {
         {number_type, 0.0, u"2.5", 2.5, 0},
         {number_type, 0.0, u"x", 0.0, result::type_mismatch},
         {yes_no_type, false, -1, true, 0},
-        {date_type, host::Date{949998.0}, u"2026-03-03 09:15:00",
-         Value(host::to_date({2026, 3, 3, 9, 15, 0})), 0},
+        {date_type, automation::Date{949998.0}, u"2026-03-03 09:15:00",
+         Value(automation::to_date({2026, 3, 3, 9, 15, 0})), 0},
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.type);
@@ -173,7 +173,9 @@ class Appointments : public ModelTest {};
 
 TEST_F(Appointments, HaveTheirTimesFollowEachOther) {
     const Item appointment = create(item_type::appointment);
-    const auto at = [](int hour, int minute) { return Value(host::to_date({2026, 3, 3, hour, minute, 0})); };
+    const auto at = [](int hour, int minute) {
+        return Value(automation::to_date({2026, 3, 3, hour, minute, 0}));
+    };
     appointment.put(u"Start", at(9, 0));
     EXPECT_EQ(text(appointment, u"End"), u"2026-03-03 09:30:00");
     appointment.put(u"Duration", 90);

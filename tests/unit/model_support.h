@@ -3,21 +3,21 @@
 
 #include <gtest/gtest.h>
 
-#include "host/host_events.h"
+#include "addin/host/host_events.h"
 #include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
 
 namespace model_tests {
 
 using acceptance::failure_of;
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 using host::outlook::Items;
-namespace result = host::result;
+namespace result = automation::result;
 
 /// Numbers of the default folders and of the types of items.
 namespace folder_number {
@@ -64,23 +64,23 @@ class ModelTest : public ::testing::Test {
     static Items restricted(const Items& items, TextView filter) {
         return Items(items.call(u"Restrict", {Value(filter)}).to_object());
     }
-    static std::string shown(TextView text) { return host::to_utf8(text); }
+    static std::string shown(TextView text) { return automation::to_utf8(text); }
 };
 
 /// Notes the events of a source, as "ItemAdd Subject".
 class Listener {
   public:
-    Listener(const host::EventInterface& interface, const Object& source,
+    Listener(const automation::EventInterface& interface, const Object& source,
              const std::vector<TextView>& events) {
-        std::vector<host::Handler> handlers;
+        std::vector<automation::Handler> handlers;
         for (const TextView event : events) {
             handlers.push_back({event, [this, event](std::span<Value> arguments) {
-                                    std::string line = host::to_utf8(event);
+                                    std::string line = automation::to_utf8(event);
                                     if (!arguments.empty() && arguments[0].is(Value::Type::object)) {
                                         const Object item = arguments[0].to_object();
                                         try {
-                                            line += " " + host::to_utf8(item.get(u"Subject").to_text());
-                                        } catch (const host::Failure&) {
+                                            line += " " + automation::to_utf8(item.get(u"Subject").to_text());
+                                        } catch (const automation::Failure&) {
                                             line += " ?";
                                         }
                                     }
@@ -94,7 +94,7 @@ class Listener {
     void leave() { sink_.clear(); }
 
   private:
-    host::Sink sink_;
+    automation::Sink sink_;
 };
 
 using Told = std::vector<std::string>;

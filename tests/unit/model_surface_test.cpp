@@ -7,8 +7,8 @@ class DeskSurface : public ModelTest {
   protected:
     Value option(TextView name) const { return desk.get(u"Options", {Value(name)}); }
     void option(TextView name, const Value& value) const {
-        host::Request request{
-            .access = host::Access::put, .member = u"Options", .arguments = {Value(name), value}};
+        automation::Request request{
+            .access = automation::Access::put, .member = u"Options", .arguments = {Value(name), value}};
         desk.invoke(request);
     }
 };
@@ -123,21 +123,21 @@ TEST_F(Automation, FailsWithItsOwnNumbers) {
     EXPECT_EQ(failure_of([&] { mail.call(u"Move", {1}); }), result::type_mismatch);
     EXPECT_EQ(failure_of([&] { mail.call(u"Move", {Value(mail)}); }), result::type_mismatch);
     EXPECT_EQ(failure_of([&] { Object().get(u"Name"); }), result::object_not_set);
-    host::Request unknown{.access = host::Access::get, .member = {}, .id = 0x7FFF};
+    automation::Request unknown{.access = automation::Access::get, .member = {}, .id = 0x7FFF};
     EXPECT_EQ(failure_of([&] { mail.invoke(unknown); }), result::member_not_found);
-    host::Request named{.member = u"Display", .named = {{u"NoSuchArgument", true}}};
+    automation::Request named{.member = u"Display", .named = {{u"NoSuchArgument", true}}};
     EXPECT_EQ(failure_of([&] { mail.invoke(named); }), result::unknown_name);
 }
 
 TEST_F(Automation, TakesMembersByNameInAnyCaseAndById) {
     const Item mail = add_mail(u"x");
     EXPECT_EQ(text(mail, u"SUBJECT"), u"x");
-    host::Request find_id{.access = host::Access::identify, .member = u"subject"};
+    automation::Request find_id{.access = automation::Access::identify, .member = u"subject"};
     mail.invoke(find_id);
     EXPECT_EQ(find_id.id, 0x37);
-    host::Request by_id{.access = host::Access::get, .member = {}, .id = 0x37};
+    automation::Request by_id{.access = automation::Access::get, .member = {}, .id = 0x37};
     EXPECT_EQ(mail.invoke(by_id), Value(u"x"));
-    host::Request unknown{.access = host::Access::identify, .member = u"NoSuchMember"};
+    automation::Request unknown{.access = automation::Access::identify, .member = u"NoSuchMember"};
     EXPECT_EQ(failure_of([&] { mail.invoke(unknown); }), result::unknown_name);
 }
 

@@ -5,10 +5,10 @@
 namespace model_tests {
 namespace {
 
-using addin::forms::Column;
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::FormTable;
+using forms::Column;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::FormTable;
 
 constexpr Column columns[] = {{u"Name", 1500}, {u"Place", 750}};
 constexpr TextView entries[] = {u"One", u"Two"};
@@ -31,11 +31,13 @@ constexpr FormTable status_table{
     .name = u"SearchForm", .caption = u"Tarnwell", .width = 3000, .height = 900, .controls = rows};
 
 /// What the window's logic is told, as "click Command1".
-struct Logic : addin::forms::Events {
+struct Logic : forms::Events {
     Told told;
     std::function<void()> at_click = [] {};
 
-    void note(const char* what, TextView control) { told.push_back(what + (" " + host::to_utf8(control))); }
+    void note(const char* what, TextView control) {
+        told.push_back(what + (" " + automation::to_utf8(control)));
+    }
     void on_close() override { told.emplace_back("close"); }
     void on_click(TextView control) override {
         note("click", control);
@@ -52,7 +54,7 @@ struct Logic : addin::forms::Events {
 class SurfaceWindows : public ModelTest {
   protected:
     std::shared_ptr<Logic> logic = std::make_shared<Logic>();
-    std::unique_ptr<addin::forms::View> view = world.engine().make(table, logic);
+    std::unique_ptr<forms::View> view = world.engine().make(table, logic);
 
     SurfaceWindows() { view->show(); }
     Object window(TextView caption = u"Sample Window") const {
@@ -118,7 +120,7 @@ TEST_F(SurfaceWindows, HaveEntriesFromOne) {
 }
 
 TEST_F(SurfaceWindows, HaveListsWithRowsAndColumns) {
-    addin::forms::List& list = view->control(u"List1").list();
+    forms::List& list = view->control(u"List1").list();
     for (const TextView name : {u"Ann", u"Bob"}) list.text(list.add(name), 1, u"Here");
     const Object control = this->control(u"List1");
     EXPECT_EQ(integer(control, u"Count"), 2);
@@ -161,7 +163,7 @@ TEST_F(SurfaceWindows, MayShowAModalOneWhileTheScriptGoesOn) {
 
 class Statuses : public SurfaceWindows {
   protected:
-    std::unique_ptr<addin::forms::View> status = world.engine().make(status_table, logic);
+    std::unique_ptr<forms::View> status = world.engine().make(status_table, logic);
     std::vector<Text> statuses() const {
         std::vector<Text> all;
         const Object list = desk.get(u"Statuses").to_object();
@@ -197,7 +199,7 @@ TEST_F(Statuses, LeaveOutWhatTheLabelWasDesignedWith) {
 class MeanwhileOf : public Statuses {
   protected:
     void meanwhile(TextView moment, const Object& object, TextView member,
-                   const Value& value = host::Missing{}) const {
+                   const Value& value = automation::Missing{}) const {
         desk.call(u"Meanwhile", {Value(moment), Value(object), Value(member), value});
     }
 };
@@ -206,7 +208,7 @@ TEST_F(MeanwhileOf, AnEventRunsOnceAtTheNextYield) {
     const Item mail = add_mail(u"One");
     const Items items = inbox().Items();
     Text in_the_handler, after_the_yield;
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(host::events::items, items, {{u"ItemChange", [&](std::span<Value>) {
                                                    in_the_handler = mail.BillingInformation();
                                                    world.system().yield();

@@ -9,12 +9,12 @@
 namespace native {
 namespace {
 
-constexpr addin::forms::FormTable table{.name = u"Broken", .caption = u"Broken", .width = 900, .height = 900};
+constexpr forms::FormTable table{.name = u"Broken", .caption = u"Broken", .width = 900, .height = 900};
 
 /// A window with a mistake in an event.
-class Broken : public addin::forms::Form {
+class Broken : public forms::Form {
   public:
-    explicit Broken(addin::forms::Engine& engine) : Form(engine, table) {}
+    explicit Broken(forms::Engine& engine) : Form(engine, table) {}
     void on_activate() override { throw std::logic_error("our own mistake"); }
 };
 

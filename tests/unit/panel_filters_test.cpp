@@ -1,5 +1,5 @@
 // The filter texts of the panel's search: each alone, and those that whole searches send.
-#include "searchpanel/panel_filters.h"
+#include "addin/searchpanel/panel_filters.h"
 
 #include "tests/acceptance/search_panel.h"
 #include "tests/native/native_world.h"
@@ -10,8 +10,8 @@ namespace {
 using acceptance::Lines;
 using addin::records::FilterForm;
 using addin::records::key_filter;
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using host::outlook::Item;
 using native::NativeWorld;
 
@@ -58,7 +58,7 @@ TEST(PanelFilters, HaveTwoForms) {
         {key_filter(like, u"", u"", u""), R"(@SQL=("#" Like ''))"},
         {key_filter(like, u"ContactID", u"50% 'off'", u""), R"(@SQL=("#ContactID" Like '50% 'off''))"},
     };
-    for (const Case& one : cases) EXPECT_EQ(host::to_utf8(one.built), written(one.expected));
+    for (const Case& one : cases) EXPECT_EQ(automation::to_utf8(one.built), written(one.expected));
 }
 
 /// A world with an account that has an apostrophe in its name, and a contact of it.
@@ -76,12 +76,12 @@ struct Searched {
     /// The filters that a search sends, without the repeats of the walk.
     Lines filters_of(const Item& item) {
         Lines sent;
-        world.boundary().before_request = [&](const std::string& member, const host::Request& request) {
+        world.boundary().before_request = [&](const std::string& member, const automation::Request& request) {
             if (member != "Items.Restrict") return;
-            const std::string filter = host::to_utf8(request.arguments.at(0).to_text());
+            const std::string filter = automation::to_utf8(request.arguments.at(0).to_text());
             if (sent.empty() || sent.back() != filter) sent.push_back(filter);
         };
-        world.connect().call(u"ShowItemsMenu", {host::Value(item)});
+        world.connect().call(u"ShowItemsMenu", {automation::Value(item)});
         world.boundary().before_request = nullptr;
         return sent;
     }

@@ -4,8 +4,8 @@
 #include <functional>
 #include <map>
 
-#include "host/automated.h"
-#include "searchpanel/show_items.h"
+#include "addin/searchpanel/show_items.h"
+#include "automation/automated.h"
 #include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/acceptance/search_panel.h"
@@ -18,13 +18,13 @@ namespace {
 using acceptance::Lines;
 using acceptance::SearchPanel;
 using acceptance::shown;
-using host::Arguments;
-using host::Object;
-using host::Takes;
-using host::Text;
-using host::TextView;
-using host::Use;
-using host::Value;
+using automation::Arguments;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
 using host::outlook::Item;
 using native::NativeWorld;
 
@@ -37,15 +37,16 @@ struct Provider {
     std::string failing{};  ///< the member that fails
     void tell(const std::string& what) {
         told.push_back(what);
-        if (!failing.empty() && what.starts_with(failing)) throw host::Failure(host::result::fail);
+        if (!failing.empty() && what.starts_with(failing))
+            throw automation::Failure(automation::result::fail);
     }
 };
 
-class FakeField : public host::Automated<FakeField> {
+class FakeField : public automation::Automated<FakeField> {
   public:
     explicit FakeField(Value value) : value_(std::move(value)) {}
-    static const host::Members<FakeField>& members() {
-        static const host::Members<FakeField> table{
+    static const automation::Members<FakeField>& members() {
+        static const automation::Members<FakeField> table{
             {u"Value", 0, Use::get, [](FakeField& self, const Arguments&) { return self.value_; }}};
         return table;
     }
@@ -54,14 +55,14 @@ class FakeField : public host::Automated<FakeField> {
     Value value_;
 };
 
-class FakeFields : public host::Automated<FakeFields> {
+class FakeFields : public automation::Automated<FakeFields> {
   public:
     explicit FakeFields(Row row) : row_(std::move(row)) {}
-    static const host::Members<FakeFields>& members() {
-        static const host::Members<FakeFields> table{
+    static const automation::Members<FakeFields>& members() {
+        static const automation::Members<FakeFields> table{
             {u"Item", 0, Use::method, {{u"Name", Takes::text}}, [](FakeFields& self, const Arguments& a) {
-                 const auto found = self.row_.find(host::to_utf8(host::upper(a[0].to_text())));
-                 if (found == self.row_.end()) throw host::Failure(host::result::not_found);
+                 const auto found = self.row_.find(automation::to_utf8(automation::upper(a[0].to_text())));
+                 if (found == self.row_.end()) throw automation::Failure(automation::result::not_found);
                  return Value(std::make_shared<FakeField>(found->second));
              }}};
         return table;
@@ -72,36 +73,36 @@ class FakeFields : public host::Automated<FakeFields> {
 };
 
 /// Connection and recordset in one: both take what they are told.
-class FakeDatabase : public host::Automated<FakeDatabase> {
+class FakeDatabase : public automation::Automated<FakeDatabase> {
   public:
     FakeDatabase(Provider& provider, std::string name) : provider_(provider), name_(std::move(name)) {}
-    static const host::Members<FakeDatabase>& members() {
-        static const host::Members<FakeDatabase> table{
+    static const automation::Members<FakeDatabase>& members() {
+        static const automation::Members<FakeDatabase> table{
             {u"Open",
-             host::no_id,
+             automation::no_id,
              Use::method,
              {{u"Text", Takes::text}, {u"Connection", Takes::object, true}},
              [](FakeDatabase& self, const Arguments& a) {
                  return self.told("Open " + shown(a[0].to_text()));
              }},
-            {u"Close", host::no_id, Use::method,
+            {u"Close", automation::no_id, Use::method,
              [](FakeDatabase& self, const Arguments&) { return self.told("Close"); }},
-            {u"MoveFirst", host::no_id, Use::method,
+            {u"MoveFirst", automation::no_id, Use::method,
              [](FakeDatabase& self, const Arguments&) {
                  self.place_ = 0;
                  return self.told("MoveFirst");
              }},
-            {u"MoveNext", host::no_id, Use::method,
+            {u"MoveNext", automation::no_id, Use::method,
              [](FakeDatabase& self, const Arguments&) {
                  self.told("MoveNext");
                  ++self.place_;
                  return Value();
              }},
-            {u"EOF", host::no_id, Use::get,
+            {u"EOF", automation::no_id, Use::get,
              [](FakeDatabase& self, const Arguments&) {
                  return Value(self.place_ >= self.provider_.rows.size());
              }},
-            {u"Fields", host::no_id, Use::get,
+            {u"Fields", automation::no_id, Use::get,
              [](FakeDatabase& self, const Arguments&) {
                  return Value(std::make_shared<FakeFields>(self.provider_.rows.at(self.place_)));
              }},
@@ -124,8 +125,8 @@ Row row(TextView path, TextView name_or_subject, TextView sender = u"") {
             {"SYSTEM.FILENAME", Value(name_or_subject)},
             {"SYSTEM.SUBJECT", Value(name_or_subject)},
             {"SYSTEM.MESSAGE.SENDERNAME", Value(sender)},
-            {"SYSTEM.DATECREATED", Value(host::to_date({2026, 3, 3, 9, 15, 0}))},
-            {"SYSTEM.DATEMODIFIED", Value(host::to_date({2026, 3, 4, 0, 0, 0}))}};
+            {"SYSTEM.DATECREATED", Value(automation::to_date({2026, 3, 3, 9, 15, 0}))},
+            {"SYSTEM.DATEMODIFIED", Value(automation::to_date({2026, 3, 4, 0, 0, 0}))}};
 }
 
 /// A world whose panel asks an index for what belongs to an account.
@@ -220,7 +221,7 @@ TEST(PanelIndexRows, LeaveTheOthersWhateverFails) {
     // the provider isn't there at all
     Indexed missing;
     missing.world.system().stand_in = [](TextView prog_id) -> Object {
-        if (prog_id.starts_with(u"ADODB.")) throw host::Failure(host::result::bad_prog_id);
+        if (prog_id.starts_with(u"ADODB.")) throw automation::Failure(automation::result::bad_prog_id);
         return {};
     };
     missing.search();
@@ -259,7 +260,7 @@ TEST(PanelResults, OfFilesAreHandedToTheShell) {
     listed.add(u"File Search", u"offer.txt", folder, folder);
     listed.open(0);
     EXPECT_EQ(listed.world.model().surroundings().opened(), std::vector<Text>{file});
-    EXPECT_EQ(listed.world.system().shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(listed.world.system().shown_pointer, forms::Pointer::standard);
     const native::NthCall fault(listed.world, 1);
     listed.open(0);
     EXPECT_EQ(listed.world.model().surroundings().opened().size(), 1U);
@@ -292,7 +293,7 @@ TEST(PanelResults, WithoutATextAreRefusedWithABeep) {
     EXPECT_EQ(listed.world.system().beeps, 3) << "no text, or no row";
     EXPECT_TRUE(listed.world.model().surroundings().opened().empty());
     EXPECT_EQ(acceptance::count_messages(listed.world), 0);
-    EXPECT_EQ(listed.world.system().shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(listed.world.system().shown_pointer, forms::Pointer::standard);
 }
 
 /// Delivers mails of one subject and sender, whose bodies are their numbers.
@@ -361,7 +362,7 @@ TEST(PanelResults, OfTheIndexLieInTheSixFoldersThatItNames) {
         listed.add(one.name, u"A", u"B", u"/Mailbox - Pat/x");
         std::vector<std::int32_t> asked;
         listed.world.boundary().before_request = [&](const std::string& member,
-                                                     const host::Request& request) {
+                                                     const automation::Request& request) {
             if (member.ends_with("GetDefaultFolder")) asked.push_back(request.arguments.at(0).to_integer());
         };
         listed.open(0);
@@ -390,7 +391,7 @@ TEST(PanelSort, TakesListsOfEverySize) {
         for (int i = 0; i < size; ++i) {
             const int place = rows.add(u"Notes");
             const std::string month = std::to_string(i * 7 % 12 + 1);
-            rows.text(place, 3, i % 5 == 0 ? u"" : host::from_utf8(month + "/1/2026 9:15:00 AM"));
+            rows.text(place, 3, i % 5 == 0 ? u"" : automation::from_utf8(month + "/1/2026 9:15:00 AM"));
         }
         for (const bool rises : {true, false, true}) {
             listed.panel.click_column(4);

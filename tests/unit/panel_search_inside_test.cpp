@@ -4,8 +4,8 @@
 #include <map>
 #include <set>
 
-#include "core/status_windows.h"
-#include "searchpanel/show_items.h"
+#include "addin/ground/status_windows.h"
+#include "addin/searchpanel/show_items.h"
 #include "tests/acceptance/search_panel.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
@@ -15,8 +15,8 @@ namespace {
 
 using acceptance::Lines;
 using acceptance::SearchPanel;
-using host::TextView;
-using host::Value;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 using native::NativeWorld;
 
@@ -111,11 +111,11 @@ TEST(PanelSearchInside, LeavesNothingPending) {
 Lines arguments_of(NativeWorld& world, const std::set<std::string>& members,
                    const std::function<void()>& deed) {
     Lines given;
-    world.boundary().before_request = [&](const std::string& member, const host::Request& request) {
+    world.boundary().before_request = [&](const std::string& member, const automation::Request& request) {
         if (!members.contains(member)) return;
         given.push_back(member);
         for (const Value& argument : request.arguments)
-            given.back() += " " + host::to_utf8(argument.to_text());
+            given.back() += " " + automation::to_utf8(argument.to_text());
     };
     deed();
     world.boundary().before_request = nullptr;
@@ -135,7 +135,7 @@ TEST(PanelSearchInside, ReadsTheSenderThroughTheLastWrapperThatCouldBeMade) {
     searching.world.boundary().before_call = [&](const std::string& member) {
         constexpr int of_the_first = 2;  // the accounts' folder above them has its own
         if (member != "create TarnwellOMG.SafeMailItem" || ++made <= of_the_first) return;
-        throw host::Failure(host::result::fail, u"made to fail");
+        throw automation::Failure(automation::result::fail, u"made to fail");
     };
     searching.menu(u"ShowItemsMenu", searching.account);
     const SearchPanel panel(searching.world);
@@ -283,7 +283,7 @@ TEST(PanelSearchInside, OutlivesTheEndOfTheAddIn) {
                     yield, [&] { searching.world.unload_add_in(1); },
                     [&] {
                         if (in_load) {
-                            const host::Object connect = searching.world.connect();
+                            const automation::Object connect = searching.world.connect();
                             connect.call(u"ShowItemsMenu2", {Value(searching.account)});
                         } else {
                             panel.choose(u"Accounts");

@@ -1,6 +1,6 @@
 // Quick View's own pieces: the texts of its filters, the order of its list, and what becomes of it when the
 // world changes while it works.
-#include "quickview/quick_view.h"
+#include "addin/quickview/quick_view.h"
 
 #include <algorithm>
 #include <random>
@@ -15,9 +15,9 @@ namespace {
 using acceptance::add_contact;
 using acceptance::message;
 using addin::quickview::QuickView;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 using native::NativeWorld;
 
@@ -29,14 +29,14 @@ class SortedQuickView : public testing::Test {
     NativeWorld world_{{}};
     std::shared_ptr<QuickView> window_ = std::make_shared<QuickView>(world_.add_in()->session());
 
-    addin::forms::List& list() { return window_->control(u"lstItems").list(); }
+    forms::List& list() { return window_->control(u"lstItems").list(); }
 
     void fill(const std::vector<Text>& dates) {
         list().sorted(false);
         list().clear();
         int number = 0;
         for (const Text& date : dates) {
-            const int row = list().add(host::to_text(static_cast<long long>(number++)));
+            const int row = list().add(automation::to_text(static_cast<long long>(number++)));
             list().text(row, 1, date);
         }
     }
@@ -72,7 +72,7 @@ class SortedQuickView : public testing::Test {
     }
 };
 
-Text date_of(int day) { return host::to_text(host::Date{46000.0 + day}); }
+Text date_of(int day) { return automation::to_text(automation::Date{46000.0 + day}); }
 
 TEST_F(SortedQuickView, ComparesDatesWithThreeNumbers) {
     struct Case {
@@ -147,7 +147,7 @@ TEST_F(SortedQuickView, SortsListsOfAnyLengthWithAnyDates) {
 // what the button for the panel hands over
 
 TEST(QuickViewPanelButton, HandsOverTheRecordAndMakesThePanelAnew) {
-    class Panel : public addin::Window {
+    class Panel : public forms::Window {
       public:
         explicit Panel(std::vector<std::string>& told) : told_(told) {}
         void show() override { told_.emplace_back("show"); }
@@ -180,7 +180,7 @@ TEST(QuickViewPanelButton, HandsOverTheRecordAndMakesThePanelAnew) {
 TEST(QuickViewDrop, BelowTheRowsDoesNothing) {
     NativeWorld world{{}};
     const auto window = std::make_shared<QuickView>(world.add_in()->session());
-    addin::forms::List& list = window->control(u"lstItems").list();
+    forms::List& list = window->control(u"lstItems").list();
     list.add(u"row");
     list.takes_drops(true);
     window->show();
@@ -190,7 +190,7 @@ TEST(QuickViewDrop, BelowTheRowsDoesNothing) {
     world.settle();
     EXPECT_TRUE(world.boundary().calls().empty());
     EXPECT_EQ(list.selected(), -1);
-    const addin::forms::Hit second_column = list.hit(shown.memory_list().pixel_width(0) + 5, 30);
+    const forms::Hit second_column = list.hit(shown.memory_list().pixel_width(0) + 5, 30);
     EXPECT_EQ(second_column.row, 0) << "a cell of another column is the row's, too";
 }
 
@@ -240,10 +240,11 @@ std::vector<std::string> filters_of_choice(bool instant_search, TextView company
     window->control(u"ContactID").text(u"C-200");
     window->control(u"CompanyName").text(company);
     std::vector<std::string> sent;
-    world.boundary().before_request = [&](const std::string& member, const host::Request& request) {
-        if (member == "Items.Restrict") sent.push_back(host::to_utf8(request.arguments.at(0).to_text()));
+    world.boundary().before_request = [&](const std::string& member, const automation::Request& request) {
+        if (member == "Items.Restrict")
+            sent.push_back(automation::to_utf8(request.arguments.at(0).to_text()));
     };
-    addin::forms::Choice& folders = window->control(u"cmbFolders").choice();
+    forms::Choice& folders = window->control(u"cmbFolders").choice();
     folders.clear();
     folders.add(u"Notes");
     world.engine().find(u"TW Quick View")->control(u"cmbFolders").choose(0);
@@ -329,14 +330,12 @@ struct Followed {
         world->desk().call(u"Select", {Value(mail)});
         world->settle();
         window = world->engine().find(u"TW Quick View");
-        addin::forms::List& rows = list();
+        forms::List& rows = list();
         rows.add(u"Row");
         rows.text(0, 2, opportunity.EntryID());
         rows.takes_drops(true);
     }
-    addin::forms::List& list() {
-        return world->add_in()->session().QuickView.window()->control(u"lstItems").list();
-    }
+    forms::List& list() { return world->add_in()->session().QuickView.window()->control(u"lstItems").list(); }
 };
 
 TEST(QuickViewDrop, TellsThatTheMailIsCopiedForASecond) {
@@ -344,7 +343,7 @@ TEST(QuickViewDrop, TellsThatTheMailIsCopiedForASecond) {
     native::NativeDesktop& system = followed.world->system();
     const std::uint32_t slept_before = system.slept;
     std::set<Text> captions;
-    std::set<host::Pointer> pointers;
+    std::set<forms::Pointer> pointers;
     followed.world->boundary().before_call = [&](const std::string&) {
         captions.insert(followed.window->caption());
         pointers.insert(system.shown_pointer);
@@ -353,10 +352,10 @@ TEST(QuickViewDrop, TellsThatTheMailIsCopiedForASecond) {
     followed.world->settle();
     followed.world->boundary().before_call = nullptr;
     EXPECT_EQ(captions, (std::set<Text>{u"Copying Email.", u"TW Quick View"}));
-    EXPECT_TRUE(pointers.contains(host::Pointer::hourglass));
+    EXPECT_TRUE(pointers.contains(forms::Pointer::hourglass));
     EXPECT_EQ(system.slept - slept_before, 1000U);
     EXPECT_EQ(followed.window->caption(), u"TW Quick View");
-    EXPECT_EQ(system.shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(system.shown_pointer, forms::Pointer::standard);
     EXPECT_EQ(system.beeps, 0);
 }
 
@@ -367,17 +366,18 @@ TEST(QuickViewDrop, OnARowWithoutATextIsRefusedWithABeep) {
     ASSERT_TRUE(followed.window->control(u"lstItems").drop(0));
     followed.world->settle();
     EXPECT_EQ(system.beeps, 1);
-    EXPECT_EQ(system.shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(system.shown_pointer, forms::Pointer::standard);
     EXPECT_EQ(acceptance::count_in(*followed.world, u"Email"), 0);
 }
 
 TEST(QuickViewAdd, ReadsTheKeyOfTheRecordAgainAfterItIsShown) {
     Followed followed;
-    followed.world->system().shown_pointer = host::Pointer::hourglass;
+    followed.world->system().shown_pointer = forms::Pointer::hourglass;
     followed.world->add_in()->session().QuickView.window()->control(u"cmbFolders").text(u"Opportunities");
     bool displayed = false;
     std::vector<Text> read;
-    followed.world->boundary().before_request = [&](const std::string& member, const host::Request& request) {
+    followed.world->boundary().before_request = [&](const std::string& member,
+                                                    const automation::Request& request) {
         displayed = displayed || member.ends_with(".Display");
         if (displayed && member == "UserProperties.Item") read.push_back(request.arguments.at(0).to_text());
     };
@@ -386,7 +386,7 @@ TEST(QuickViewAdd, ReadsTheKeyOfTheRecordAgainAfterItIsShown) {
     followed.world->boundary().before_request = nullptr;
     ASSERT_FALSE(read.empty());
     EXPECT_EQ(read.front(), u"OppID") << "the form may have given it another one";
-    EXPECT_EQ(followed.world->system().shown_pointer, host::Pointer::standard);
+    EXPECT_EQ(followed.world->system().shown_pointer, forms::Pointer::standard);
 }
 
 TEST(QuickViewMeanwhile, AnotherSelectionMayComeAtAnyYield) {
@@ -439,7 +439,7 @@ TEST(QuickViewMeanwhile, ItMayEndInItsOwnEvents) {
             native::MemoryWindow* const shown = world->engine().find(u"TW Quick View");
             ASSERT_NE(shown, nullptr);
             addin::Session& session = world->add_in()->session();
-            addin::forms::List& list = session.QuickView.window()->control(u"lstItems").list();
+            forms::List& list = session.QuickView.window()->control(u"lstItems").list();
             list.add(u"row");
             list.text(0, 2, row.EntryID());
             list.takes_drops(true);

@@ -7,16 +7,16 @@
 #include <set>
 
 #include "desk/model/item_kinds.h"
-#include "desk/tools/sample_data.h"
+#include "desk/tools/database/sample_data.h"
 #include "mail_support.h"
 
 namespace {
 
+using automation::Text;
+using automation::TextView;
 using desk::sample::Database;
 using desk::sample::FolderPlan;
 using desk::sample::RecordPlan;
-using host::Text;
-using host::TextView;
 
 const Database& sample() {
     static const Database database =
@@ -93,7 +93,7 @@ const FolderCase folder_cases[] = {
 
 TEST(SampleDatabase, HasEachFolder) {
     for (const FolderCase& expected : folder_cases) {
-        SCOPED_TRACE(host::to_utf8(expected.path));
+        SCOPED_TRACE(automation::to_utf8(expected.path));
         const FolderPlan* folder = folder_at(expected.path);
         ASSERT_TRUE(folder);
         EXPECT_EQ(folder->row.item_type, expected.item_type);
@@ -108,7 +108,7 @@ TEST(SampleDatabase, FoldersKnowThePropertiesOfTheirRecords) {
         ASSERT_TRUE(folder);
         for (const desk::UserPropertyData& each : record.item.user_properties) {
             EXPECT_EQ(std::ranges::count(folder->row.fields, desk::FolderField{each.name, each.type}), 1)
-                << host::to_utf8(folder->path) << " " << host::to_utf8(each.name);
+                << automation::to_utf8(folder->path) << " " << automation::to_utf8(each.name);
         }
     }
     const auto& fields = folder_at(profiles + u"/Email")->row.fields;
@@ -118,7 +118,8 @@ TEST(SampleDatabase, FoldersKnowThePropertiesOfTheirRecords) {
 TEST(SampleDatabase, OnlyTheRootsOfStoresHaveAnIdOfTheirOwn) {
     std::set<Text> ids;
     for (const FolderPlan& folder : sample().folders) {
-        EXPECT_EQ(folder.row.store_uid.empty(), !folder.parent_path.empty()) << host::to_utf8(folder.path);
+        EXPECT_EQ(folder.row.store_uid.empty(), !folder.parent_path.empty())
+            << automation::to_utf8(folder.path);
         if (folder.row.store_uid.empty()) continue;
         EXPECT_EQ(folder.row.store_uid.size(), 32U);
         EXPECT_EQ(folder.row.store_uid.find_first_not_of(u"0123456789ABCDEF"), Text::npos);
@@ -149,7 +150,8 @@ const CountCase count_cases[] = {
 
 TEST(SampleDatabase, HasACompanysWorthOfRecords) {
     for (const CountCase& each : count_cases) {
-        EXPECT_GE(of_class(each.message_class).size(), each.at_least) << host::to_utf8(each.message_class);
+        EXPECT_GE(of_class(each.message_class).size(), each.at_least)
+            << automation::to_utf8(each.message_class);
     }
 }
 
@@ -158,13 +160,14 @@ TEST(SampleDatabase, RecordsLieInTheFolderOfTheirClass) {
         const Text& default_class = folder_at(record.folder_path)->row.default_class;
         const Text& own = record.item.message_class;
         if (record.folder_path == database_root + u"System Folder") {
-            EXPECT_TRUE(own == default_class || own == u"IPM.Post.Folder Drop Down") << host::to_utf8(own);
+            EXPECT_TRUE(own == default_class || own == u"IPM.Post.Folder Drop Down")
+                << automation::to_utf8(own);
             continue;
         }
         EXPECT_TRUE(own == default_class || own.starts_with(default_class + u"."))
-            << host::to_utf8(own) << " in " << host::to_utf8(record.folder_path);
+            << automation::to_utf8(own) << " in " << automation::to_utf8(record.folder_path);
         const bool personal = record.folder_path.starts_with(box);
-        EXPECT_EQ(own == default_class || personal, true) << host::to_utf8(own);
+        EXPECT_EQ(own == default_class || personal, true) << automation::to_utf8(own);
     }
 }
 
@@ -178,7 +181,7 @@ TEST(SampleDatabase, RecordsBearThePropertiesOfTheirFormInItsOrder) {
         }
         for (const Text& name : record.lacks) std::erase(expected, name);
         for (const desk::UserPropertyData& each : record.item.user_properties) borne.push_back(each.name);
-        EXPECT_EQ(borne, expected) << host::to_utf8(field(record, u"Subject"));
+        EXPECT_EQ(borne, expected) << automation::to_utf8(field(record, u"Subject"));
         lacking += !record.lacks.empty();
     }
     EXPECT_EQ(lacking, 1) << "one contact has no Team";
@@ -190,7 +193,7 @@ TEST(SampleDatabase, FormsAreThoseOfTheDesk) {
         std::vector<desk::FolderField> known;
         for (const desk::FormProperty& each : desk::form_of(message_class))
             known.push_back({Text(each.name), each.type});
-        EXPECT_EQ(known, fields) << host::to_utf8(message_class);
+        EXPECT_EQ(known, fields) << automation::to_utf8(message_class);
     }
 }
 
@@ -207,7 +210,7 @@ TEST(SampleDatabase, IdsAreUnique) {
         for (const RecordPlan* record : of_class(key.message_class)) {
             const Text id = property(*record, key.name);
             EXPECT_FALSE(id.empty());
-            EXPECT_TRUE(ids.insert(id).second) << host::to_utf8(id);
+            EXPECT_TRUE(ids.insert(id).second) << automation::to_utf8(id);
         }
     }
 }
@@ -341,9 +344,9 @@ TEST(SampleDatabase, IsWrittenToAStoreAndFoundThere) {
     std::map<Text, desk::RowId> ids;
     for (const auto& [id, row] : rows) ids[path_of(row)] = id;
     for (const FolderPlan& plan : sample().folders) {
-        ASSERT_TRUE(ids.contains(plan.path)) << host::to_utf8(plan.path);
+        ASSERT_TRUE(ids.contains(plan.path)) << automation::to_utf8(plan.path);
         const auto expected = std::ranges::count(sample().records, plan.path, &RecordPlan::folder_path);
-        EXPECT_EQ(store->count(ids.at(plan.path)), expected) << host::to_utf8(plan.path);
+        EXPECT_EQ(store->count(ids.at(plan.path)), expected) << automation::to_utf8(plan.path);
     }
     const auto found =
         store->lookup(ids.at(profiles + u"/Account Contacts"), u"Email1Address", u"SOREN@dalgaard.example");
@@ -354,11 +357,12 @@ TEST(SampleDatabase, IsWrittenToAStoreAndFoundThere) {
 TEST(SampleDatabase, TakesMadeUpContactsOnTop) {
     const mail_tests::TemporaryFile file("tarnwell bench database");
     const std::unique_ptr<desk::Store> store = desk::Store::open(file.path());
-    EXPECT_THROW(desk::sample::add_contacts(empty(), *store, 1), host::Failure);
+    EXPECT_THROW(desk::sample::add_contacts(empty(), *store, 1), automation::Failure);
     desk::sample::write_database(empty(), *store);
     desk::sample::add_contacts(empty(), *store, 250);
     for (const desk::FolderRow& row : store->folders()) {
-        EXPECT_EQ(store->count(row.id), row.name == u"Account Contacts" ? 250 : 0) << host::to_utf8(row.name);
+        EXPECT_EQ(store->count(row.id), row.name == u"Account Contacts" ? 250 : 0)
+            << automation::to_utf8(row.name);
     }
 }
 
@@ -379,7 +383,7 @@ class DataFolder {
         try {
             desk::sample::read_database(path_);
             return {};
-        } catch (const host::Failure& failure) {
+        } catch (const automation::Failure& failure) {
             const std::string said = failure.what();
             return said.substr(said.find(": ") + 2);
         }

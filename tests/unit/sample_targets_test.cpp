@@ -4,16 +4,16 @@
 
 #include <set>
 
-#include "createnote/dlg_send.h"
-#include "createnote/search_targets.h"
-#include "desk/tools/sample_data.h"
+#include "addin/createnote/dlg_send.h"
+#include "addin/createnote/search_targets.h"
+#include "desk/tools/database/sample_data.h"
 #include "tests/native/native_world.h"
 
 namespace {
 
+using automation::Text;
+using automation::TextView;
 using desk::sample::RecordPlan;
-using host::Text;
-using host::TextView;
 using testing::ElementsAre;
 
 const std::filesystem::path sample_folder = std::filesystem::path(TARNWELL_DATA_FOLDER) / "sample";
@@ -29,7 +29,7 @@ Text property(const RecordPlan& record, const Text& name) {
     return found == properties.end() ? Text() : found->value.to_text();
 }
 
-Text numbered(TextView name, int number) { return Text(name) + host::to_text(number); }
+Text numbered(TextView name, int number) { return Text(name) + automation::to_text(number); }
 
 /// The system record of a class and a subject; null if there isn't exactly one.
 const RecordPlan* system_record(TextView message_class, TextView subject) {
@@ -53,7 +53,7 @@ struct SampleTargets : testing::Test {
     }
     std::vector<std::string> names(TextView place) {
         std::vector<std::string> all;
-        for (const auto& target : targets(place)) all.push_back(host::to_utf8(target.name));
+        for (const auto& target : targets(place)) all.push_back(automation::to_utf8(target.name));
         return all;
     }
 };
@@ -68,7 +68,7 @@ TEST_F(SampleTargets, AreOfferedInTheDialogInThePanelOrInBoth) {
 TEST_F(SampleTargets, HaveTheirRecords) {
     std::set<Text> types, forms;
     for (const auto& target : targets(u"")) {
-        SCOPED_TRACE(host::to_utf8(target.name));
+        SCOPED_TRACE(automation::to_utf8(target.name));
         const RecordPlan* const entry = system_record(u"IPM.Post.Folder Drop Down", target.name);
         const RecordPlan* const definition =
             system_record(u"IPM.Post.ListDefinition", target.find_definition);
@@ -78,7 +78,7 @@ TEST_F(SampleTargets, HaveTheirRecords) {
         EXPECT_EQ(property(*definition, u"RecordType"), u"List Definition");
         EXPECT_EQ(property(*definition, u"SearchFolder"), target.folder_name);
 
-        const Text path = host::replaced(target.folder_name.substr(2), u"\\", u"/");
+        const Text path = automation::replaced(target.folder_name.substr(2), u"\\", u"/");
         const auto folder = std::ranges::find(sample().folders, path, &desk::sample::FolderPlan::path);
         ASSERT_NE(folder, sample().folders.end());
         EXPECT_EQ(property(*entry, u"MessageClass"), folder->row.default_class);
@@ -143,9 +143,9 @@ TEST_F(SampleTargets, AreSearchedByTheDialog) {
     native::MemoryWindow* const window = world.engine().find(u"Tarnwell Create Note");
     ASSERT_TRUE(window);
     native::MemoryControl& chooser = window->control(u"Combo2");
-    const addin::forms::List& list = window->control(u"lstRecipients").list();
+    const forms::List& list = window->control(u"lstRecipients").list();
     for (const SearchCase& each : cases) {
-        SCOPED_TRACE(host::to_utf8(each.target));
+        SCOPED_TRACE(automation::to_utf8(each.target));
         int place = 0;
         while (place < chooser.choice().count() && chooser.choice().entry(place) != each.target) ++place;
         ASSERT_TRUE(chooser.choose(place));
@@ -154,8 +154,8 @@ TEST_F(SampleTargets, AreSearchedByTheDialog) {
         ASSERT_EQ(list.count(), each.rows);
         std::vector<std::string> headings, cells;
         for (int column = 0; column < static_cast<int>(each.headings.size()); ++column) {
-            headings.push_back(host::to_utf8(list.heading(column)));
-            cells.push_back(host::to_utf8(list.text(0, column)));
+            headings.push_back(automation::to_utf8(list.heading(column)));
+            cells.push_back(automation::to_utf8(list.text(0, column)));
         }
         EXPECT_EQ(headings, each.headings);
         EXPECT_EQ(cells, each.cells);

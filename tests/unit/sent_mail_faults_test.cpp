@@ -35,7 +35,7 @@ struct Sending {
         std::vector<std::string> names;
         const Items notes = world.below(u"Email").Items();
         for (std::int32_t i = 1; i <= notes.Count(); ++i) {
-            names.push_back(host::to_utf8(NativeWorld::property(notes.Item(i), u"Contact Name")));
+            names.push_back(automation::to_utf8(NativeWorld::property(notes.Item(i), u"Contact Name")));
         }
         return names;
     }
@@ -45,11 +45,12 @@ TEST(SentMailFaults, AnAddressThatCannotBeReadIsThatOfTheRecipientBefore) {
     EXPECT_EQ(Sending().names_of_notes(), (std::vector<std::string>{"Ann Lee", "Bob Ray"}));
     Sending sending;
     int failed = 0;
-    sending.world.boundary().before_request = [&](const std::string& member, const host::Request& request) {
+    sending.world.boundary().before_request = [&](const std::string& member,
+                                                  const automation::Request& request) {
         if (!member.ends_with("AddressEntry.Fields")) return;
         if (request.arguments.at(0).to_integer() != smtp_address) return;
         ++failed;
-        throw host::Failure(host::result::fail, u"made to fail");
+        throw automation::Failure(automation::result::fail, u"made to fail");
     };
     EXPECT_EQ(sending.names_of_notes(), (std::vector<std::string>{"Ann Lee", "Ann Lee"}));
     EXPECT_EQ(failed, 1);
@@ -60,7 +61,8 @@ TEST(SentMailFaults, ANoteThatCannotBeMadeIsThatOfTheRecipientBefore) {
     int made = 0;
     sending.world.boundary().before_call = [&](const std::string& member) {
         constexpr int second = 2;
-        if (member == "Items.Add" && ++made == second) throw host::Failure(host::result::fail, u"");
+        if (member == "Items.Add" && ++made == second)
+            throw automation::Failure(automation::result::fail, u"");
     };
     EXPECT_EQ(sending.names_of_notes(), std::vector<std::string>{"Bob Ray"});
     EXPECT_EQ(made, 2);

@@ -69,7 +69,7 @@ void fill_cache(NativeWorld& world) {
     constexpr std::int32_t deleted_items = 3;
     desk::ItemData large;
     large.message_class = u"IPM.Note";
-    large.fields[u"Body"] = host::Value(host::Text(size, u'x'));
+    large.fields[u"Body"] = automation::Value(automation::Text(size, u'x'));
     for (std::size_t i = 0; i < items; ++i) {
         world.model().store().add_item(world.model().default_folder(deleted_items), large);
     }
@@ -89,9 +89,9 @@ TEST(Soak, EveryMailOfALongSessionIsDecidedRightAndNothingStaysBehind) {
     if (memory_is_reused) fill_cache(world);
 
     // the file of each mail is a new one: to write over another, some file systems wait for the disk
-    const host::Text file = world.write_file("delivered.eml", {});
+    const automation::Text file = world.write_file("delivered.eml", {});
 
-    std::vector<host::Text> filed;
+    std::vector<automation::Text> filed;
     std::int32_t held_then = 0;
     double resident_then = 0, allocated_then = 0;
     for (int i = 0; i < mail_count; ++i) {
@@ -116,7 +116,7 @@ TEST(Soak, EveryMailOfALongSessionIsDecidedRightAndNothingStaysBehind) {
     }
 
     // a note for each, in the order of their reading, and none twice
-    std::vector<host::Text> notes;
+    std::vector<automation::Text> notes;
     const host::outlook::Items items = world.below(u"Email").Items();
     const std::int32_t count = items.Count();
     for (std::int32_t i = 1; i <= count; ++i) notes.push_back(items.Item(i).Subject());

@@ -17,7 +17,7 @@ using desk::ItemData;
 using desk::RowId;
 using desk::Store;
 
-host::Text subject_of(int number) { return u"item " + host::to_text(number); }
+automation::Text subject_of(int number) { return u"item " + automation::to_text(number); }
 
 /// An item whose attachment grows and shrinks, so that commits are of all sizes.
 ItemData numbered_item(int number) {
@@ -102,7 +102,7 @@ TEST(StoreDeath, EveryReportedItemIsThereAfterTheProcessWasKilled) {
         }
         ASSERT_EQ(store->count(folder), static_cast<std::int64_t>(store->items(folder).size()));
         for (const RowId id : store->items(folder)) {
-            const host::Text subject = store->load(id)->data.fields.at(u"Subject").to_text();
+            const automation::Text subject = store->load(id)->data.fields.at(u"Subject").to_text();
             const auto found = store->lookup(folder, u"Subject", subject);
             ASSERT_NE(std::find(found.begin(), found.end(), id), found.end());
         }
@@ -156,7 +156,7 @@ class WithFailingMemory {
 /// Where an item should be, and under which subject.
 struct Place {
     RowId folder = 0;
-    host::Text subject;
+    automation::Text subject;
 };
 using Places = std::map<RowId, Place>;
 
@@ -171,7 +171,7 @@ std::optional<Places> try_changes(const std::filesystem::path& file, const std::
         auto attempt = [&](auto change) {
             try {
                 change();
-            } catch (const host::Failure&) {
+            } catch (const automation::Failure&) {
             }
         };
         attempt([&] {
@@ -193,7 +193,7 @@ std::optional<Places> try_changes(const std::filesystem::path& file, const std::
         });
         transaction.keep();
         return places;
-    } catch (const host::Failure&) {
+    } catch (const automation::Failure&) {
         return std::nullopt;
     }
 }
@@ -204,7 +204,7 @@ void expect_places(Store& store, const std::vector<RowId>& folders, const Places
         const std::vector<RowId> items = store.items(folder);
         ASSERT_EQ(store.count(folder), static_cast<std::int64_t>(items.size()));
         found += items.size();
-        for (const host::Text& subject : {subject_of(40), host::Text(u"updated")}) {
+        for (const automation::Text& subject : {subject_of(40), automation::Text(u"updated")}) {
             std::vector<RowId> expected;
             for (const RowId item : items) {
                 if (places.at(item).subject == subject) expected.push_back(item);

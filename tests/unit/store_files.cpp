@@ -17,7 +17,7 @@ std::string complaint(const std::filesystem::path& file) {
     try {
         Store::open(file);
         return {};
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         EXPECT_NE(std::string(failure.what()).find(file.string()), std::string::npos) << failure.what();
         return failure.what();
     }
@@ -160,11 +160,12 @@ TEST(StoreFiles, AFileInUseIsWaitedForAndADamagedOneIsNot) {
     EXPECT_TRUE(opened);
     EXPECT_EQ(waits, 1);
 
-    EXPECT_THROW(Store::open_when_free(files / "desk.db", [] { return false; }), host::Failure);
+    EXPECT_THROW(Store::open_when_free(files / "desk.db", [] { return false; }), automation::Failure);
 
     write(files / "damaged.db", std::string(5000, 'x'));
     waits = 0;
-    EXPECT_THROW(Store::open_when_free(files / "damaged.db", [&] { return ++waits < 3; }), host::Failure);
+    EXPECT_THROW(Store::open_when_free(files / "damaged.db", [&] { return ++waits < 3; }),
+                 automation::Failure);
     EXPECT_EQ(waits, 0) << "it will not be better later";
 }
 

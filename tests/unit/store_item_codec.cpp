@@ -3,9 +3,9 @@
 
 #include <random>
 
+#include "automation/object.h"
 #include "desk/store/bytes.h"
 #include "desk/store/item_codec.h"
-#include "host/object.h"
 #include "store_support.h"
 
 namespace {
@@ -22,7 +22,7 @@ TEST(ItemCodec, EachValueIsReadAsItWasWritten) {
     for (const auto& [name, value] : rich_item().fields) {
         ItemData item;
         item.fields[name] = value;
-        EXPECT_EQ(desk::read_item(desk::write_item(item)), item) << host::to_utf8(name);
+        EXPECT_EQ(desk::read_item(desk::write_item(item)), item) << automation::to_utf8(name);
     }
 }
 
@@ -41,9 +41,9 @@ TEST(ItemCodec, AttachmentsAreReadAsTheyWereWritten) {
 
 TEST(ItemCodec, LatinTextTakesAByteForEachLetter) {
     const std::size_t empty = desk::write_item(item_with_subject(u"")).size();
-    EXPECT_EQ(desk::write_item(item_with_subject(host::Text(60, u'x'))).size(), empty + 60);
-    EXPECT_EQ(desk::write_item(item_with_subject(host::Text(60, u'\u00FF'))).size(), empty + 60);
-    EXPECT_EQ(desk::write_item(item_with_subject(host::Text(60, u'\u0100'))).size(), empty + 120);
+    EXPECT_EQ(desk::write_item(item_with_subject(automation::Text(60, u'x'))).size(), empty + 60);
+    EXPECT_EQ(desk::write_item(item_with_subject(automation::Text(60, u'\u00FF'))).size(), empty + 60);
+    EXPECT_EQ(desk::write_item(item_with_subject(automation::Text(60, u'\u0100'))).size(), empty + 120);
 }
 
 /// An item in an item, and so on.
@@ -60,33 +60,33 @@ ItemData embedded(int levels) {
 TEST(ItemCodec, ItemsAreEmbeddedUpToFiftyLevels) {
     const ItemData deepest = embedded(50);
     EXPECT_EQ(desk::read_item(desk::write_item(deepest)), deepest);
-    EXPECT_THROW(desk::write_item(embedded(51)), host::Failure);
+    EXPECT_THROW(desk::write_item(embedded(51)), automation::Failure);
     EXPECT_TRUE(desk::read_attachment(desk::write_attachment(deepest.attachments[0])) ==
                 deepest.attachments[0]);
 }
 
 TEST(ItemCodec, WhatCannotBeStoredIsRefused) {
     ItemData item;
-    item.fields[u"Object"] = host::Value(host::Object());
-    EXPECT_THROW(desk::write_item(item), host::Failure);
-    host::Value nested = host::Array::of({});
-    for (int i = 0; i < 60; ++i) nested = host::Array::of({nested});
+    item.fields[u"Object"] = automation::Value(automation::Object());
+    EXPECT_THROW(desk::write_item(item), automation::Failure);
+    automation::Value nested = automation::Array::of({});
+    for (int i = 0; i < 60; ++i) nested = automation::Array::of({nested});
     item.fields[u"Object"] = nested;
-    EXPECT_THROW(desk::write_item(item), host::Failure);
+    EXPECT_THROW(desk::write_item(item), automation::Failure);
 }
 
 TEST(ItemCodec, EveryBeginningOfAnItemIsRefused) {
     const std::string bytes = desk::write_item(rich_item());
     for (std::size_t size = 0; size < bytes.size(); ++size) {
-        EXPECT_THROW(desk::read_item(bytes.substr(0, size)), host::Failure) << size;
+        EXPECT_THROW(desk::read_item(bytes.substr(0, size)), automation::Failure) << size;
     }
-    EXPECT_THROW(desk::read_item(bytes + '\0'), host::Failure);
+    EXPECT_THROW(desk::read_item(bytes + '\0'), automation::Failure);
 }
 
 TEST(ItemCodec, AnotherVersionIsRefused) {
     std::string bytes = desk::write_item(rich_item());
     ++bytes.front();
-    EXPECT_THROW(desk::read_item(bytes), host::Failure);
+    EXPECT_THROW(desk::read_item(bytes), automation::Failure);
 }
 
 struct Broken {
@@ -111,15 +111,15 @@ TEST(ItemCodec, BytesThatClaimTooMuchAreRefused) {
         {"an array that ends beyond all numbers", head + "\x09\x01\xFE\xFF\xFF\xFF\x0F\x02\x00\x00\x00\x00"s},
     };
     for (const Broken& broken : all)
-        EXPECT_THROW(desk::read_item(broken.bytes), host::Failure) << broken.what;
+        EXPECT_THROW(desk::read_item(broken.bytes), automation::Failure) << broken.what;
     EXPECT_EQ(desk::read_item(head + "\x03\x01\x00\x00\x00"s).fields.size(), 1u);  // the head itself is good
 }
 
 TEST(ItemCodec, NumbersEndAt64Bits) {
     const std::string nine(9, '\xFF');
     EXPECT_EQ(desk::ByteReader(nine + '\x01').natural(), std::numeric_limits<std::uint64_t>::max());
-    EXPECT_THROW(desk::ByteReader(nine + '\x02').natural(), host::Failure);
-    EXPECT_THROW(desk::ByteReader(nine + nine).natural(), host::Failure);
+    EXPECT_THROW(desk::ByteReader(nine + '\x02').natural(), automation::Failure);
+    EXPECT_THROW(desk::ByteReader(nine + nine).natural(), automation::Failure);
 }
 
 /// An item with a field that holds an array in an array and so on, as bytes: `write_item` would refuse to
@@ -134,8 +134,8 @@ std::string nested_arrays(int levels) {
 
 TEST(ItemCodec, BytesThatNestTooDeeplyAreRefused) {
     EXPECT_EQ(desk::read_item(nested_arrays(40)).fields.size(), 1u);
-    EXPECT_THROW(desk::read_item(nested_arrays(60)), host::Failure);
-    EXPECT_THROW(desk::read_item(nested_arrays(1000000)), host::Failure);
+    EXPECT_THROW(desk::read_item(nested_arrays(60)), automation::Failure);
+    EXPECT_THROW(desk::read_item(nested_arrays(1000000)), automation::Failure);
 }
 
 TEST(ItemCodec, ChangedBytesAreReadOrRefusedAndNothingElse) {
@@ -150,7 +150,7 @@ TEST(ItemCodec, ChangedBytesAreReadOrRefusedAndNothingElse) {
         try {
             const ItemData item = desk::read_item(bytes);
             EXPECT_EQ(desk::write_item(desk::read_item(desk::write_item(item))), desk::write_item(item));
-        } catch (const host::Failure&) {
+        } catch (const automation::Failure&) {
             ++refused;
         }
     }

@@ -24,7 +24,7 @@ class StoreItems : public testing::Test {
         store_ = Store::open(files_ / "desk.db");
     }
 
-    RowId add(host::TextView subject) { return store_->add_item(inbox_, item_with_subject(subject)); }
+    RowId add(automation::TextView subject) { return store_->add_item(inbox_, item_with_subject(subject)); }
 };
 
 void expect_same(const FolderRow& left, const FolderRow& right) {
@@ -174,7 +174,7 @@ template <typename Call>
 std::int32_t failure_number(Call call) {
     try {
         call();
-    } catch (const host::Failure& failure) {
+    } catch (const automation::Failure& failure) {
         return failure.number();
     }
     return 0;
@@ -188,7 +188,7 @@ TEST_F(StoreItems, WhatIsNotThereIsNotFoundAndCannotBeChanged) {
     EXPECT_TRUE(store_->attachments(nowhere).empty());
     EXPECT_EQ(store_->count(nowhere), 0);
     EXPECT_EQ(store_->unread(nowhere), 0);
-    const auto not_found = host::result::not_found;
+    const auto not_found = automation::result::not_found;
     EXPECT_EQ(failure_number([&] { store_->add_item(nowhere, {}); }), not_found);
     EXPECT_EQ(failure_number([&] { store_->update_item(nowhere, {}, true); }), not_found);
     EXPECT_EQ(failure_number([&] { store_->move_item(nowhere, inbox_); }), not_found);
@@ -252,12 +252,12 @@ TEST_F(StoreItems, AnInnerTransactionIsUndoneAloneAndKeptWithTheOuterOne) {
 
 TEST_F(StoreItems, ACallThatFailsChangesNothingAndLeavesTheTransactionGoing) {
     ItemData unstorable = item_with_subject(u"bad");
-    unstorable.fields[u"Object"] = host::Value(std::shared_ptr<host::Invocable>());
+    unstorable.fields[u"Object"] = automation::Value(std::shared_ptr<automation::Invocable>());
     const RowId item = add(u"x");
     Store::Transaction transaction(*store_);
-    EXPECT_THROW(store_->add_item(inbox_, unstorable), host::Failure);
-    EXPECT_THROW(store_->update_item(item, unstorable, true), host::Failure);
-    EXPECT_THROW(store_->move_item(item, 4711), host::Failure);
+    EXPECT_THROW(store_->add_item(inbox_, unstorable), automation::Failure);
+    EXPECT_THROW(store_->update_item(item, unstorable, true), automation::Failure);
+    EXPECT_THROW(store_->move_item(item, 4711), automation::Failure);
     add(u"y");
     transaction.keep();
     EXPECT_EQ(store_->count(inbox_), 2);

@@ -18,7 +18,7 @@ class StoreLookup : public testing::Test {
     std::unique_ptr<Store> store_ = Store::open(":memory:");
     RowId folder_ = store_->add_folder(folder_named(u"Contacts"));
 
-    std::vector<RowId> lookup(host::TextView field, host::TextView value) {
+    std::vector<RowId> lookup(automation::TextView field, automation::TextView value) {
         return store_->lookup(folder_, field, value);
     }
 };
@@ -58,7 +58,7 @@ TEST_F(StoreLookup, AnEmptyValueFindsWhatIsEmptyOrUnset) {
     store_->add_item(folder_, item_with_subject(u"x"));
     const RowId blank = store_->add_item(folder_, item_with_subject(u""));
     ItemData null;
-    null.fields[u"Subject"] = host::Null{};
+    null.fields[u"Subject"] = automation::Null{};
     const RowId nothing = store_->add_item(folder_, null);
     EXPECT_EQ(lookup(u"Subject", u""), (std::vector{unset, blank, nothing}));
     EXPECT_EQ(lookup(u"FullName", u"").size(), 4u);
@@ -66,14 +66,14 @@ TEST_F(StoreLookup, AnEmptyValueFindsWhatIsEmptyOrUnset) {
 
 TEST(IndexEntries, AreNoneForWhatIsEmpty) {
     ItemData item = item_with_subject(u"");
-    item.user_properties = {{u"ContactID", 1, host::Value()}, {u"NoteID", 1, u""}};
+    item.user_properties = {{u"ContactID", 1, automation::Value()}, {u"NoteID", 1, u""}};
     EXPECT_TRUE(desk::index_entries(item).empty());
     item.fields[u"FullName"] = u"x";
     EXPECT_EQ(desk::index_entries(item).size(), 1u);
 }
 
 TEST_F(StoreLookup, LongValuesCountByTheirFirst255Characters) {
-    const host::Text start(255, u'x');
+    const automation::Text start(255, u'x');
     const RowId longer = store_->add_item(folder_, item_with_subject(start + u"yes"));
     const RowId other = store_->add_item(folder_, item_with_subject(start + u"no"));
     store_->add_item(folder_, item_with_subject(start.substr(1)));
@@ -90,11 +90,11 @@ TEST_F(StoreLookup, OnlyIndexedFieldsAreFound) {
          {u"Email1Address", u"email2address", u"Email3Address", u"Fullname", u"Subject", u"EmailSearchString",
           u"AccountID", u"ContactID", u"OppID", u"Inquiry ID", u"ApptID", u"TaskID", u"NoteID", u"CustomerID",
           u"Account Name", u"CompanyName", u"Fileas", u"RecordType"}) {
-        EXPECT_TRUE(desk::is_indexed(field)) << host::to_utf8(field);
+        EXPECT_TRUE(desk::is_indexed(field)) << automation::to_utf8(field);
         ItemData bearer;
-        bearer.fields[field] = u"value of " + host::Text(field);
+        bearer.fields[field] = u"value of " + automation::Text(field);
         const RowId id = store_->add_item(folder_, bearer);
-        EXPECT_EQ(lookup(field, u"VALUE of " + host::Text(field)), std::vector{id});
+        EXPECT_EQ(lookup(field, u"VALUE of " + automation::Text(field)), std::vector{id});
     }
 }
 
@@ -122,7 +122,7 @@ TEST_F(StoreLookup, ManyItemsOfOneTransactionAreAllFound) {
     Store::Transaction transaction(*store_);
     ItemData item;
     for (int i = 0; i < many; ++i) {
-        const host::Text number = host::to_text(i);
+        const automation::Text number = automation::to_text(i);
         for (const char16_t* field : {u"Subject", u"FullName", u"FileAs", u"Email1Address", u"CompanyName",
                                       u"Email2Address", u"Email3Address", u"AccountID", u"ContactID"}) {
             item.fields[field] = number;
@@ -133,18 +133,20 @@ TEST_F(StoreLookup, ManyItemsOfOneTransactionAreAllFound) {
     const std::vector<RowId> all = store_->items(folder_);
     ASSERT_EQ(all.size(), static_cast<std::size_t>(many));
     for (int i = 0; i < many; i += 997) {
-        EXPECT_EQ(lookup(u"ContactID", host::to_text(i)), std::vector{all[static_cast<std::size_t>(i)]});
+        EXPECT_EQ(lookup(u"ContactID", automation::to_text(i)),
+                  std::vector{all[static_cast<std::size_t>(i)]});
     }
 }
 
 /// What a walk over a folder finds.
-std::vector<RowId> scan(Store& store, RowId folder, host::TextView field, host::TextView value) {
+std::vector<RowId> scan(Store& store, RowId folder, automation::TextView field, automation::TextView value) {
     std::vector<RowId> found;
     for (const RowId item : store.items(folder)) {
         const ItemData data = store.load(item)->data;
         const auto place = data.fields.find(field);
-        const host::Text text = place == data.fields.end() ? host::Text() : place->second.to_text();
-        if (host::same_ignoring_case(text, value)) found.push_back(item);
+        const automation::Text text =
+            place == data.fields.end() ? automation::Text() : place->second.to_text();
+        if (automation::same_ignoring_case(text, value)) found.push_back(item);
     }
     return found;
 }

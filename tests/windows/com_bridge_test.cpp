@@ -1,6 +1,6 @@
 // A bridge as a client sees it that keeps to no good manners.
+#include "automation/com/variant.h"
 #include "com_sample.h"
-#include "windows/com/variant.h"
 
 namespace windows::testing {
 namespace {
@@ -114,9 +114,9 @@ TEST_F(BridgeTest, BadCallsHaveTheirResults) {
 }
 
 TEST_F(BridgeTest, FailuresTellNumberTextAndSource) {
-    RawCall call{.id = id_of(L"Fail"), .arguments = {host::result::not_found}};
+    RawCall call{.id = id_of(L"Fail"), .arguments = {automation::result::not_found}};
     ASSERT_EQ(run(call), DISP_E_EXCEPTION);
-    EXPECT_EQ(call.details.scode, host::result::not_found);
+    EXPECT_EQ(call.details.scode, automation::result::not_found);
     EXPECT_STREQ(call.details.bstrDescription, L"Refused on purpose");
     EXPECT_STREQ(call.details.bstrSource, L"Sample program");
     SysFreeString(call.details.bstrDescription);
@@ -158,7 +158,7 @@ TEST_F(BridgeTest, WhatStaysAsItWasIsNotWrittenBack) {
 }
 
 /// Answers whatever it is asked.
-class Yes : public host::Invocable {
+class Yes : public automation::Invocable {
   public:
     Value invoke(Request&) override { return true; }
 };
@@ -236,7 +236,7 @@ TEST_F(Walk, ThatFailsHandsOutNothingAndStaysWhereItWas) {
     const auto walk = start();
     Variant items[3];
     ULONG fetched = 9;
-    EXPECT_EQ(walk->Next(3, items, &fetched), host::result::object_deleted);
+    EXPECT_EQ(walk->Next(3, items, &fetched), automation::result::object_deleted);
     EXPECT_EQ(fetched, 0U);
     EXPECT_EQ(items[0].vt, VT_EMPTY);
     EXPECT_EQ(items[1].vt, VT_EMPTY);

@@ -1,6 +1,6 @@
+#include "automation/com/com_object.h"
 #include "com_sample.h"
 #include "fault_check.h"
-#include "windows/com/com_object.h"
 
 namespace windows::testing {
 namespace {
@@ -20,7 +20,7 @@ TEST_F(Calls, ArgumentsKeepTheirOrder) {
     const Object sample = seen(std::make_shared<Sample>());
     EXPECT_EQ(sample.call(u"Join", {u"a", u"b", u"c"}), Value(u"a;b;c;"));
     EXPECT_EQ(sample.call(u"Join", {u"a"}), Value(u"a;-;-;"));
-    EXPECT_EQ(sample.call(u"Join", {u"a", host::Missing{}, u"c"}), Value(u"a;-;c;"));
+    EXPECT_EQ(sample.call(u"Join", {u"a", automation::Missing{}, u"c"}), Value(u"a;-;c;"));
 }
 
 TEST_F(Calls, NamedArgumentsFindTheirPlaces) {
@@ -33,14 +33,14 @@ TEST_F(Calls, NamedArgumentsFindTheirPlaces) {
 
     Request unknown{
         .access = Access::call, .member = u"Join", .arguments = {u"a"}, .named = {{u"Fourth", Value(1)}}};
-    EXPECT_EQ(failure_number([&] { sample.invoke(unknown); }), host::result::unknown_name);
+    EXPECT_EQ(failure_number([&] { sample.invoke(unknown); }), automation::result::unknown_name);
 }
 
 TEST_F(Calls, ArgumentsByReferenceComeBackChanged) {
     const Object sample = seen(std::make_shared<Sample>());
     Request both{
         .access = Access::call, .member = u"Swap", .arguments = {u"left", true}, .by_reference = 0b11};
-    EXPECT_EQ(failure_number([&] { sample.invoke(both); }), host::result::type_mismatch)
+    EXPECT_EQ(failure_number([&] { sample.invoke(both); }), automation::result::type_mismatch)
         << "a boolean's place takes no text";
 
     Request texts{.access = Access::call, .member = u"Swap", .arguments = {u"left", 2}, .by_reference = 0b11};
@@ -56,16 +56,16 @@ TEST_F(Calls, TheDefaultMemberIsReachedByItsId) {
     auto target = std::make_shared<Sample>();
     target->value = u"the value";
     const Object sample = seen(target);
-    Request plain{.access = Access::get, .member = {}, .id = host::default_member};
+    Request plain{.access = Access::get, .member = {}, .id = automation::default_member};
     EXPECT_EQ(sample.invoke(plain), Value(u"the value"));
-    Request indexed{.access = Access::get, .member = {}, .id = host::default_member, .arguments = {3}};
+    Request indexed{.access = Access::get, .member = {}, .id = automation::default_member, .arguments = {3}};
     EXPECT_EQ(sample.invoke(indexed), Value(u"at 3"));
 }
 
 TEST_F(Calls, FailuresArriveWithNumberAndText) {
     const Object sample = seen(std::make_shared<Sample>());
     for (const std::int32_t number :
-         {host::result::fail, host::result::not_found, host::result::access_denied}) {
+         {automation::result::fail, automation::result::not_found, automation::result::access_denied}) {
         try {
             sample.call(u"Fail", {number});
             ADD_FAILURE() << "no failure";
@@ -79,16 +79,16 @@ TEST_F(Calls, FailuresArriveWithNumberAndText) {
 TEST_F(Calls, TheCodesOfLateBindingArriveAsTheyAre) {
     const Object sample = seen(std::make_shared<Sample>());
     const std::pair<std::function<void()>, std::int32_t> cases[] = {
-        {[&] { sample.call(u"Nowhere"); }, host::result::unknown_name},
-        {[&] { sample.put(u"Count", 1); }, host::result::member_not_found},
-        {[&] { sample.call(u"Join"); }, host::result::bad_count},
+        {[&] { sample.call(u"Nowhere"); }, automation::result::unknown_name},
+        {[&] { sample.put(u"Count", 1); }, automation::result::member_not_found},
+        {[&] { sample.call(u"Join"); }, automation::result::bad_count},
         {[&] {
              sample.call(u"Double", {1, 2});
          },
-         host::result::bad_count},
-        {[&] { sample.call(u"Double", {u"x"}); }, host::result::type_mismatch},
-        {[&] { sample.call(u"Item", {1}); }, host::result::bad_index},
-        {[&] { sample.call(u"Fail", {host::result::overflow}); }, host::result::overflow},
+         automation::result::bad_count},
+        {[&] { sample.call(u"Double", {u"x"}); }, automation::result::type_mismatch},
+        {[&] { sample.call(u"Item", {1}); }, automation::result::bad_index},
+        {[&] { sample.call(u"Fail", {automation::result::overflow}); }, automation::result::overflow},
         {[&] { sample.call(u"Break", {u"memory"}); }, E_OUTOFMEMORY},
         {[&] { sample.call(u"Break", {u"anything"}); }, E_UNEXPECTED},
     };
@@ -158,16 +158,16 @@ TEST_F(Calls, AMemberThatTakesNoObjectsIsNotFound) {
     const auto picky = ComPtr<IDispatch>::attach(new Picky(module, 0));
     const Object object = outside->adapt(picky.get());
     EXPECT_EQ(failure_number([&] { object.put(u"Member", Value(Object())); }),
-              host::result::member_not_found);
+              automation::result::member_not_found);
 }
 
 TEST_F(Calls, ErrorNumbersOf16BitsHaveTheirPlace) {
     const Object sample = seen(std::make_shared<Sample>());
-    EXPECT_EQ(failure_number([&] { sample.call(u"Fail", {424}); }), host::result::object_required);
+    EXPECT_EQ(failure_number([&] { sample.call(u"Fail", {424}); }), automation::result::object_required);
 }
 
 TEST_F(Calls, AskForAnIdOnceForAllObjectsOfAKind) {
-    static constexpr host::Kind kind{"sample"};
+    static constexpr automation::Kind kind{"sample"};
     for (int i = 0; i < 5; ++i) {
         const Object sample(seen(std::make_shared<Sample>()).target(), &kind);
         EXPECT_EQ(sample.call(u"Double", {i}), Value(2 * i));
@@ -191,7 +191,7 @@ TEST_F(Calls, AskForAnIdOncePerObjectWithoutAKind) {
 }
 
 TEST_F(Calls, AnObjectWithIdsOfItsOwnIsAskedOnce) {
-    static constexpr host::Kind kind{"echo"};
+    static constexpr automation::Kind kind{"echo"};
     const Object first(seen(std::make_shared<Sample>()).target(), &kind);
     const Object later(seen(std::make_shared<LaterSample>()).target(), &kind);
     EXPECT_EQ(first.call(u"Echo", {u"x"}), Value(u"x"));
@@ -204,18 +204,18 @@ TEST_F(Calls, AnObjectWithIdsOfItsOwnIsAskedOnce) {
 }
 
 TEST_F(Calls, AMemberThatAnObjectOfTheKindLacksIsUnknown) {
-    static constexpr host::Kind kind{"double"};
+    static constexpr automation::Kind kind{"double"};
     const Object first(seen(std::make_shared<Sample>()).target(), &kind);
     const Object later(seen(std::make_shared<LaterSample>()).target(), &kind);
     first.call(u"Double", {1});
-    EXPECT_EQ(failure_number([&] { later.call(u"Double", {1}); }), host::result::unknown_name);
+    EXPECT_EQ(failure_number([&] { later.call(u"Double", {1}); }), automation::result::unknown_name);
 }
 
 TEST_F(Calls, IdsOfMembersAndParametersCanBeAskedFor) {
     const Object sample = seen(std::make_shared<Sample>());
     Request request{.access = Access::identify, .member = u"Join", .named = {{u"Third", {}}, {u"First", {}}}};
-    EXPECT_EQ(sample.invoke(request), Value(host::Array::of({2, 0})));
-    EXPECT_NE(request.id, host::no_id);
+    EXPECT_EQ(sample.invoke(request), Value(automation::Array::of({2, 0})));
+    EXPECT_NE(request.id, automation::no_id);
 }
 
 }  // namespace

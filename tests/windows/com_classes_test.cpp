@@ -4,10 +4,10 @@
 #include <array>
 #include <vector>
 
+#include "addin/host/item_classes.h"
+#include "addin/host/outlook.h"
+#include "automation/com/com_object.h"
 #include "com_sample.h"
-#include "host/item_classes.h"
-#include "host/outlook.h"
-#include "windows/com/com_object.h"
 
 namespace windows::testing {
 namespace {
@@ -116,12 +116,12 @@ class ItemClasses : public Border {
 
     /// Calls a member of an item and expects that it was asked for by the id of its own class, or not at all.
     static void expect_own(const Seen& seen, TextView member) {
-        SCOPED_TRACE(host::to_utf8(member));
+        SCOPED_TRACE(automation::to_utf8(member));
         const DISPID own = seen.foreign->id_of(member);
         seen.foreign->invoked.clear();
         const std::int32_t failed = failure_number([&] { seen.item.call(member); });
         if (own == DISPID_UNKNOWN) {
-            EXPECT_EQ(failed, host::result::unknown_name);
+            EXPECT_EQ(failed, automation::result::unknown_name);
             EXPECT_EQ(seen.foreign->invoked, std::vector<DISPID>{});
         } else {
             EXPECT_EQ(failed, 0);

@@ -1,6 +1,6 @@
+#include "automation/com/event_sink.h"
 #include "com_sample.h"
 #include "fault_check.h"
-#include "windows/com/event_sink.h"
 
 namespace windows::testing {
 namespace {
@@ -8,7 +8,7 @@ namespace {
 using Events = Border;
 
 /// Stands for the inside of a sink.
-class Listener : public host::Invocable {
+class Listener : public automation::Invocable {
   public:
     Value invoke(Request&) override { return {}; }
 };
@@ -16,7 +16,7 @@ class Listener : public host::Invocable {
 TEST_F(Events, ArriveWithTheirArgumentsInOrder) {
     auto source = std::make_shared<Sample>();
     std::vector<Value> heard;
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(
         sample_interface, seen(source),
         {{u"Opened", [&](std::span<Value> arguments) { heard.assign(arguments.begin(), arguments.end()); }}});
@@ -28,7 +28,7 @@ TEST_F(Events, ArriveWithTheirArgumentsInOrder) {
 
 TEST_F(Events, AHandlerMayCancelByReference) {
     auto source = std::make_shared<Sample>();
-    host::Sink sink;
+    automation::Sink sink;
     bool was = true;
     sink.connect(sample_interface, seen(source), {{u"Sending", [&](std::span<Value> arguments) {
                                                        was = arguments[1].to_boolean();
@@ -45,7 +45,7 @@ TEST_F(Events, EndWithTheSubscription) {
     int count = 0;
     std::vector<Value> none;
     {
-        host::Sink sink;
+        automation::Sink sink;
         sink.connect(sample_interface, seen(source), {{u"Opened", [&](std::span<Value>) { ++count; }}});
         source->raise(1, none);
         EXPECT_EQ(source->sinks.size(), 1U);
@@ -58,7 +58,7 @@ TEST_F(Events, EndWithTheSubscription) {
 TEST_F(Events, EachSubscriptionEndsByItself) {
     auto source = std::make_shared<Sample>();
     std::string heard;
-    host::Sink first, second;
+    automation::Sink first, second;
     first.connect(sample_interface, seen(source),
                   {{u"Opened", [&](std::span<Value>) { heard += "first "; }}});
     second.connect(sample_interface, seen(source),
@@ -72,7 +72,7 @@ TEST_F(Events, EachSubscriptionEndsByItself) {
 
 TEST_F(Events, AHandlerMayEndItsOwnSubscription) {
     auto source = std::make_shared<Sample>();
-    host::Sink sink;
+    automation::Sink sink;
     int count = 0;
     sink.connect(sample_interface, seen(source), {{u"Opened", [&](std::span<Value>) {
                                                        ++count;
@@ -87,36 +87,37 @@ TEST_F(Events, AHandlerMayEndItsOwnSubscription) {
 
 TEST_F(Events, AHandlersFailureStaysAFailureOfTheCall) {
     auto source = std::make_shared<Sample>();
-    host::Sink sink;
-    sink.connect(sample_interface, seen(source),
-                 {{u"Opened", [](std::span<Value>) { throw Failure(host::result::access_denied, u"No"); }},
-                  {u"Closed", [](std::span<Value>) { throw 1; }}});
+    automation::Sink sink;
+    sink.connect(
+        sample_interface, seen(source),
+        {{u"Opened", [](std::span<Value>) { throw Failure(automation::result::access_denied, u"No"); }},
+         {u"Closed", [](std::span<Value>) { throw 1; }}});
     std::vector<Value> none;
-    EXPECT_EQ(failure_number([&] { source->raise(1, none); }), host::result::access_denied);
+    EXPECT_EQ(failure_number([&] { source->raise(1, none); }), automation::result::access_denied);
     EXPECT_EQ(failure_number([&] { source->raise(3, none); }), E_UNEXPECTED);
     expect_faults(1);
 }
 
 TEST_F(Events, AHandlersOwnMissingMemberIsNoUnknownEvent) {
     auto source = std::make_shared<Sample>();
-    host::Sink sink;
-    sink.connect(
-        sample_interface, seen(source),
-        {{u"Opened", [](std::span<Value>) { throw Failure(host::result::member_not_found, u"Gone"); }}});
+    automation::Sink sink;
+    sink.connect(sample_interface, seen(source),
+                 {{u"Opened",
+                   [](std::span<Value>) { throw Failure(automation::result::member_not_found, u"Gone"); }}});
     std::vector<Value> none;
-    EXPECT_EQ(failure_number([&] { source->raise(1, none); }), host::result::member_not_found);
+    EXPECT_EQ(failure_number([&] { source->raise(1, none); }), automation::result::member_not_found);
     EXPECT_EQ(failure_number([&] { source->raise(99, none); }), 0) << "an event of later days";
 }
 
 TEST_F(Events, ASourceWithoutThemRefuses) {
-    static constexpr host::EventInterface other{
-        "Other", host::guid("{00000000-0000-0000-0000-000000000001}"), {}};
-    host::Sink sink;
+    static constexpr automation::EventInterface other{
+        "Other", automation::guid("{00000000-0000-0000-0000-000000000001}"), {}};
+    automation::Sink sink;
     EXPECT_EQ(failure_number([&] { sink.connect(other, seen(std::make_shared<Sample>()), {}); }),
-              host::result::no_connection);
+              automation::result::no_connection);
     EXPECT_EQ(
         failure_number([&] { sink.connect(sample_interface, seen(std::make_shared<LaterSample>()), {}); }),
-        host::result::no_connection);
+        automation::result::no_connection);
 }
 
 TEST_F(Events, ConnectionPointsAreFoundByTheirInterface) {

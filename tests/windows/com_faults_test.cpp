@@ -1,9 +1,9 @@
 #include <stdexcept>
 
+#include "automation/com/failure.h"
+#include "automation/com/fault_watch.h"
 #include "com_sample.h"
 #include "fault_check.h"
-#include "windows/com/failure.h"
-#include "windows/com/fault_watch.h"
 
 namespace windows::testing {
 namespace {
@@ -11,11 +11,11 @@ namespace {
 using Faults = Border;
 
 [[noreturn]] void go_wrong() { throw std::logic_error("our own mistake"); }
-[[noreturn]] void fail() { throw Failure(host::result::fail, u"the host's failure"); }
+[[noreturn]] void fail() { throw Failure(automation::result::fail, u"the host's failure"); }
 
 TEST_F(Faults, AreCountedWhereverTheyEnd) {
     const Object sample = seen(std::make_shared<Sample>());
-    host::Sink sink;
+    automation::Sink sink;
     auto source = std::make_shared<Sample>();
     sink.connect(sample_interface, seen(source), {{u"Opened", [](std::span<Value>) { go_wrong(); }}});
     const std::pair<const char*, std::function<void()>> places[] = {
@@ -42,7 +42,7 @@ TEST_F(Faults, AreCountedWhereverTheyEnd) {
 TEST_F(Faults, AreToldWithTheirPlace) {
     const unsigned next_line = __LINE__ + 1;
     contained([] { throw std::logic_error("a mistake to be told"); });
-    const std::string told = host::to_utf8(FaultWatch::told());
+    const std::string told = automation::to_utf8(FaultWatch::told());
     const std::string place = std::string(__func__) + ", line " + std::to_string(next_line);
     EXPECT_NE(told.find(place + ": a mistake to be told"), std::string::npos) << told;
     expect_faults(1);
@@ -50,8 +50,9 @@ TEST_F(Faults, AreToldWithTheirPlace) {
 
 TEST_F(Faults, AreNotWhatTheHostFailsWith) {
     const Object sample = seen(std::make_shared<Sample>());
-    EXPECT_EQ(failure_number([&] { sample.call(u"Fail", {host::result::fail}); }), host::result::fail);
-    EXPECT_EQ(guarded([]() -> HRESULT { fail(); }), host::result::fail);
+    EXPECT_EQ(failure_number([&] { sample.call(u"Fail", {automation::result::fail}); }),
+              automation::result::fail);
+    EXPECT_EQ(guarded([]() -> HRESULT { fail(); }), automation::result::fail);
     contained(fail);
     OutputDebugStringA("Some other program's fault in a line\n");
     expect_faults(0);

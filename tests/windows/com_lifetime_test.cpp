@@ -1,6 +1,6 @@
+#include "automation/com/class_factory.h"
+#include "automation/com/variant.h"
 #include "com_sample.h"
-#include "windows/com/class_factory.h"
-#include "windows/com/variant.h"
 
 namespace windows::testing {
 namespace {
@@ -75,12 +75,12 @@ TEST_F(Lifetime, FailedCallsAndEventsLeaveNothingBehind) {
         auto source = std::make_shared<Sample>();
         const Object object = seen(source);
         for (int i = 0; i < 3; ++i) {
-            EXPECT_NE(failure_number([&] { object.call(u"Fail", {host::result::fail}); }), 0);
+            EXPECT_NE(failure_number([&] { object.call(u"Fail", {automation::result::fail}); }), 0);
             EXPECT_NE(failure_number([&] { object.call(u"Double", {Value(object)}); }), 0);
         }
-        host::Sink sink;
+        automation::Sink sink;
         sink.connect(sample_interface, object,
-                     {{u"Opened", [](std::span<Value>) { throw Failure(host::result::fail); }}});
+                     {{u"Opened", [](std::span<Value>) { throw Failure(automation::result::fail); }}});
         std::vector<Value> arguments{Value(source)};
         EXPECT_NE(failure_number([&] { source->raise(1, arguments); }), 0);
     }
@@ -123,7 +123,7 @@ TEST_F(Lifetime, HoldsKeepTheModuleWithoutAnyObject) {
 
 TEST_F(Lifetime, AFactoryWhoseMakerFailsReportsIt) {
     const auto factory = ClassFactory::create(
-        module, []() -> ComPtr<IUnknown> { throw Failure(host::result::access_denied); });
+        module, []() -> ComPtr<IUnknown> { throw Failure(automation::result::access_denied); });
     ComPtr<IUnknown> made;
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, made.put_void()), E_ACCESSDENIED);
     EXPECT_FALSE(made);

@@ -2,8 +2,8 @@
 // back.
 #include <functional>
 
+#include "automation/com/variant.h"
 #include "com_sample.h"
-#include "windows/com/variant.h"
 
 extern "C" void WINAPI SetOaNoCache();  // freed texts are kept for reuse otherwise
 
@@ -72,11 +72,11 @@ TEST_F(Memory, TheCounterSeesATextThatIsKept) {
 TEST_F(Memory, IsGivenBackAfterEveryKindOfCall) {
     auto target = std::make_shared<Sample>();
     const Object sample = seen(target);
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(sample_interface, sample,
                  {{u"Sending", [](std::span<Value> arguments) { arguments[1] = u"another text"; }},
-                  {u"Closed", [](std::span<Value>) { throw Failure(host::result::fail, u"No"); }}});
-    const Value array = host::Array::of({u"one", host::Array::of({u"two"}), 3});
+                  {u"Closed", [](std::span<Value>) { throw Failure(automation::result::fail, u"No"); }}});
+    const Value array = automation::Array::of({u"one", automation::Array::of({u"two"}), 3});
     const auto ignoring_failure = [](const std::function<void()>& action) {
         try {
             action();
@@ -124,7 +124,7 @@ TEST_F(Memory, IsGivenBackAfterEveryKindOfCall) {
                  S_OK);
              SysFreeString(text);
          }},
-        {"failures", [&] { ignoring_failure([&] { sample.call(u"Fail", {host::result::fail}); }); }},
+        {"failures", [&] { ignoring_failure([&] { sample.call(u"Fail", {automation::result::fail}); }); }},
         {"wrong types", [&] { ignoring_failure([&] { sample.call(u"Double", {u"text"}); }); }},
         {"unknown members", [&] { ignoring_failure([&] { sample.call(u"Nowhere", {u"text"}); }); }},
         {"events",

@@ -3,9 +3,9 @@
 namespace windows::testing {
 namespace {
 
-using host::Arguments;
-using host::Takes;
-using host::Use;
+using automation::Arguments;
+using automation::Takes;
+using automation::Use;
 
 Value joined(const Arguments& arguments) {
     Text text;
@@ -15,10 +15,10 @@ Value joined(const Arguments& arguments) {
 
 }  // namespace
 
-const host::Members<Sample>& Sample::members() {
-    static const host::Members<Sample> table{
+const automation::Members<Sample>& Sample::members() {
+    static const automation::Members<Sample> table{
         {u"Value",
-         host::default_member,
+         automation::default_member,
          Use::get_put,
          {{u"Index", Takes::value, true}},
          [](Sample& self, const Arguments& arguments) -> Value {
@@ -29,17 +29,17 @@ const host::Members<Sample>& Sample::members() {
              return arguments.has(0) ? Value(u"at " + arguments[0].to_text()) : self.value;
          }},
         {u"Echo",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"What", Takes::value, true}},
          [](Sample&, const Arguments& arguments) { return arguments[0]; }},
         {u"Join",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"First"}, {u"Second", Takes::value, true}, {u"Third", Takes::value, true}},
          [](Sample&, const Arguments& arguments) { return joined(arguments); }},
         {u"Swap",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Left"}, {u"Right"}},
          [](Sample&, const Arguments& arguments) -> Value {
@@ -47,39 +47,39 @@ const host::Members<Sample>& Sample::members() {
              return {};
          }},
         {u"Double",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Number", Takes::integer}},
          [](Sample&, const Arguments& arguments) -> Value { return arguments[0].to_integer() * 2; }},
         {u"Fail",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Number", Takes::integer}},
          [](Sample&, const Arguments& arguments) -> Value {
              throw Failure(arguments[0].to_integer(), u"Refused on purpose");
          }},
         {u"Break",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"How", Takes::text}},
          [](Sample&, const Arguments& arguments) -> Value {
              if (arguments[0].to_text() == u"memory") throw std::bad_alloc();
              throw 7;
          }},
-        {u"Me", host::no_id, Use::get,
+        {u"Me", automation::no_id, Use::get,
          [](Sample& self, const Arguments&) -> Value { return Object(self.shared_from_this()); }},
-        {u"Count", host::no_id, Use::get,
+        {u"Count", automation::no_id, Use::get,
          [](Sample& self, const Arguments&) -> Value {
              return static_cast<std::int32_t>(self.items.size());
          }},
         {u"Item",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Index", Takes::integer}},
          [](Sample& self, const Arguments& arguments) -> Value {
              const auto index = static_cast<std::size_t>(arguments[0].to_integer());
-             if (index < 1 || index > self.items.size()) throw Failure(host::result::bad_index);
-             if (self.items[index - 1] == Value(broken)) throw Failure(host::result::object_deleted);
+             if (index < 1 || index > self.items.size()) throw Failure(automation::result::bad_index);
+             if (self.items[index - 1] == Value(broken)) throw Failure(automation::result::object_deleted);
              return self.items[index - 1];
          }},
     };
@@ -88,14 +88,14 @@ const host::Members<Sample>& Sample::members() {
 
 Value Sample::invoke(Request& request) {
     if (request.access == Access::advise) {
-        if (request.interface != sample_interface.id) throw Failure(host::result::no_connection);
-        if (!request.sink.to_object()) throw Failure(host::result::invalid_argument);
+        if (request.interface != sample_interface.id) throw Failure(automation::result::no_connection);
+        if (!request.sink.to_object()) throw Failure(automation::result::invalid_argument);
         sinks[++last_cookie_] = request.sink.to_object();
         return last_cookie_;
     }
     if (request.access == Access::unadvise) {
         if (sinks.erase(request.arguments.at(0).to_integer()) == 0)
-            throw Failure(host::result::no_connection);
+            throw Failure(automation::result::no_connection);
         return {};
     }
     return Automated::invoke(request);
@@ -114,8 +114,8 @@ void Sample::raise(std::int32_t id, std::vector<Value>& arguments, std::uint32_t
     }
 }
 
-const host::Members<LaterSample>& LaterSample::members() {
-    static const host::Members<LaterSample> table{
+const automation::Members<LaterSample>& LaterSample::members() {
+    static const automation::Members<LaterSample> table{
         {u"Echo",
          0x777,
          Use::method,

@@ -6,29 +6,29 @@
 
 #include <map>
 
-#include "host/automated.h"
-#include "host/events.h"
-#include "windows/com/apartment.h"
-#include "windows/com/named.h"
+#include "automation/automated.h"
+#include "automation/com/apartment.h"
+#include "automation/com/named.h"
+#include "automation/events.h"
 
 namespace windows::testing {
 
-using host::Access;
-using host::Failure;
-using host::Object;
-using host::Request;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Access;
+using automation::Failure;
+using automation::Object;
+using automation::Request;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 
-inline constexpr host::Event sample_events[] = {{u"Opened", 1}, {u"Sending", 2, 0b10}, {u"Closed", 3}};
-inline constexpr host::EventInterface sample_interface{
-    "SampleEvents", host::guid("{8A4C1E52-6F0B-4D7A-9E35-1B2C3D4E5F60}"), sample_events};
+inline constexpr automation::Event sample_events[] = {{u"Opened", 1}, {u"Sending", 2, 0b10}, {u"Closed", 3}};
+inline constexpr automation::EventInterface sample_interface{
+    "SampleEvents", automation::guid("{8A4C1E52-6F0B-4D7A-9E35-1B2C3D4E5F60}"), sample_events};
 
 /// Knows a value, answers calls of every shape and raises events.
-class Sample : public host::Automated<Sample>, public Named {
+class Sample : public automation::Automated<Sample>, public Named {
   public:
-    static const host::Members<Sample>& members();
+    static const automation::Members<Sample>& members();
     [[nodiscard]] std::string_view class_name() const override { return "Sample"; }
     Value invoke(Request& request) override;
 
@@ -46,9 +46,9 @@ class Sample : public host::Automated<Sample>, public Named {
 };
 
 /// The same members under ids of their own, as an object of another version would have.
-class LaterSample : public host::Automated<LaterSample> {
+class LaterSample : public automation::Automated<LaterSample> {
   public:
-    static const host::Members<LaterSample>& members();
+    static const automation::Members<LaterSample>& members();
 };
 
 /// COM, and the two sides of the border.
@@ -58,7 +58,7 @@ class Border : public ::testing::Test {
     ~Border() override { CoUninitialize(); }
 
     /// An object as the other side sees it.
-    Object seen(const std::shared_ptr<host::Invocable>& object) {
+    Object seen(const std::shared_ptr<automation::Invocable>& object) {
         return Object(outside->adapt(inside->bridge(object).get()));
     }
 

@@ -1,13 +1,13 @@
 #include <cmath>
 #include <functional>
 
+#include "automation/com/variant.h"
 #include "com_sample.h"
-#include "windows/com/variant.h"
 
 namespace windows::testing {
 namespace {
 
-using host::Array;
+using automation::Array;
 using Values = Border;
 
 /// Two rows of two, from 1 and from -1.
@@ -15,7 +15,7 @@ Array grid() {
     Array array({1, 2}, {-1, 2});
     array.at(1, -1) = u"a";
     array.at(1, 0) = 2;
-    array.at(2, -1) = host::Null{};
+    array.at(2, -1) = automation::Null{};
     array.at(2, 0) = Array::of({true, 1.5});
     return array;
 }
@@ -23,19 +23,19 @@ Array grid() {
 TEST_F(Values, EveryTypeComesBackAsItWent) {
     const Value cases[] = {
         {},
-        host::Null{},
-        host::Missing{},
+        automation::Null{},
+        automation::Missing{},
         true,
         false,
         std::int32_t{0},
         std::numeric_limits<std::int32_t>::min(),
         -0.25,
-        host::Date{36526.5},
+        automation::Date{36526.5},
         u"",
         TextView(u"a\0b\xD83D\xDE00", 5),
         Object(),
         Array::of({}),
-        Array::of({1, u"two", host::Date{3}}),
+        Array::of({1, u"two", automation::Date{3}}),
         grid(),
     };
     const Object sample = seen(std::make_shared<Sample>());
@@ -51,19 +51,19 @@ TEST_F(Values, EveryTypeComesBackAsItWent) {
 TEST_F(Values, GoOutInAutomationsOwnTypes) {
     const std::pair<Value, VARTYPE> cases[] = {
         {{}, VT_EMPTY},
-        {host::Null{}, VT_NULL},
-        {host::Missing{}, VT_ERROR},
+        {automation::Null{}, VT_NULL},
+        {automation::Missing{}, VT_ERROR},
         {true, VT_BOOL},
         {7, VT_I4},
         {0.5, VT_R8},
-        {host::Date{1}, VT_DATE},
+        {automation::Date{1}, VT_DATE},
         {u"x", VT_BSTR},
         {Object(), VT_DISPATCH},
         {grid(), VT_ARRAY | VT_VARIANT},
     };
     for (const auto& [value, type] : cases) EXPECT_EQ(to_variant(value, *inside).vt, type);
     EXPECT_EQ(to_variant(true, *inside).boolVal, VARIANT_TRUE);
-    EXPECT_EQ(to_variant(host::Missing{}, *inside).scode, DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(to_variant(automation::Missing{}, *inside).scode, DISP_E_PARAMNOTFOUND);
 }
 
 /// A VARIANT of a type, filled by a function.
@@ -90,10 +90,10 @@ TEST_F(Values, ForeignTypesAreUnderstood) {
         {VT_R4, [](VARIANT& v) { v.fltVal = 0.5F; }, 0.5},
         {VT_R8, [](VARIANT& v) { v.dblVal = -2.25; }, -2.25},
         {VT_CY, [](VARIANT& v) { v.cyVal.int64 = 12345; }, 1.2345},
-        {VT_DATE, [](VARIANT& v) { v.date = 2.5; }, host::Date{2.5}},
+        {VT_DATE, [](VARIANT& v) { v.date = 2.5; }, automation::Date{2.5}},
         {VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_TRUE; }, true},
         {VT_BOOL, [](VARIANT& v) { v.boolVal = 1; }, true},
-        {VT_ERROR, [](VARIANT& v) { v.scode = DISP_E_PARAMNOTFOUND; }, host::Missing{}},
+        {VT_ERROR, [](VARIANT& v) { v.scode = DISP_E_PARAMNOTFOUND; }, automation::Missing{}},
         {VT_BSTR, [](VARIANT& v) { v.bstrVal = SysAllocString(L"text"); }, u"text"},
         {VT_BSTR, [](VARIANT& v) { v.bstrVal = nullptr; }, u""},
         {VT_DISPATCH, [](VARIANT& v) { v.pdispVal = nullptr; }, Object()},
@@ -144,7 +144,7 @@ TEST_F(Values, ArraysOfEveryElementTypeAreUnderstood) {
         {VT_UI1, {&bytes[0], &bytes[1]}, {1, 255}},
         {VT_I2, {&shorts[0], &shorts[1]}, {-1, 2}},
         {VT_BOOL, {&booleans[0], &booleans[1]}, {true, false}},
-        {VT_DATE, {&dates[0], &dates[1]}, {host::Date{1.5}, host::Date{2}}},
+        {VT_DATE, {&dates[0], &dates[1]}, {automation::Date{1.5}, automation::Date{2}}},
         {VT_BSTR, {texts[0], texts[1]}, {u"a", u""}},
         {VT_CY, {&money[0], &money[1]}, {1.5, -0.5}},
     };
@@ -180,7 +180,7 @@ TEST_F(Values, WhatIsNoneOfAutomationsTypesIsATypeMismatch) {
     VariantInit(&strange);
     strange.vt = VT_FILETIME;
     for (const VARIANT* variant : {static_cast<VARIANT*>(&cube), &circle, &nowhere, &strange}) {
-        EXPECT_EQ(failure_number([&] { to_value(*variant, *inside); }), host::result::type_mismatch);
+        EXPECT_EQ(failure_number([&] { to_value(*variant, *inside); }), automation::result::type_mismatch);
     }
 }
 
@@ -196,7 +196,7 @@ TEST_F(Values, AChangeIsStoredInTheCallersType) {
         Value value;
     } cases[] = {{VT_BOOL, &boolean, true},
                  {VT_I2, &number, u"42"},
-                 {VT_DATE, &date, host::Date{1.25}},
+                 {VT_DATE, &date, automation::Date{1.25}},
                  {VT_BSTR, &text, 17},
                  {VT_VARIANT, static_cast<VARIANT*>(&any), u"any"}};
     for (const auto& each : cases) {
@@ -217,7 +217,7 @@ TEST_F(Values, AChangeIsStoredInTheCallersType) {
     reference.vt = VT_BYREF | VT_I2;
     reference.piVal = &number;
     EXPECT_EQ(failure_number([&] { write_back(reference, u"no number", *inside); }),
-              host::result::type_mismatch);
+              automation::result::type_mismatch);
     EXPECT_EQ(number, 42);
     SysFreeString(text);
 }

@@ -3,9 +3,9 @@
 
 #include "desk/model/item.h"
 #include "desk/windows/dragged.h"
+#include "forms/windows/drop_target.h"
 #include "tests/windows/desk_windows_fixture.h"
 #include "tests/windows/hand.h"
-#include "windows/forms/drop_target.h"
 
 namespace desk_tests {
 namespace {

@@ -3,19 +3,19 @@
 
 #include <optional>
 
+#include "automation/failure.h"
 #include "desk/windows/main_loop.h"
 #include "desk/windows/window_driver.h"
-#include "host/failure.h"
+#include "forms/windows/drop_target.h"
 #include "tests/windows/desk_sample_window.h"
-#include "windows/forms/drop_target.h"
 
 namespace desk_tests {
 namespace {
 
+using automation::Text;
+using automation::TextView;
 using desk::ControlDriver;
 using desk::WindowDriver;
-using host::Text;
-using host::TextView;
 
 using Told = std::vector<std::string>;
 
@@ -38,7 +38,7 @@ class Driver : public testing::Test {
     static std::int32_t failure_of(const std::function<void()>& action) {
         try {
             action();
-        } catch (const host::Failure& failure) {
+        } catch (const automation::Failure& failure) {
             return failure.number();
         }
         return 0;
@@ -71,9 +71,9 @@ TEST_F(Driver, FailsOnAWindowThatHasGone) {
     const auto gone = find(u"Other");
     const auto button = gone->control(u"Button1");
     other.reset();
-    EXPECT_EQ(failure_of([&] { (void)gone->visible(); }), host::result::object_deleted);
-    EXPECT_EQ(failure_of([&] { (void)button->text(); }), host::result::object_deleted);
-    EXPECT_EQ(failure_of([&] { button->click(); }), host::result::object_deleted);
+    EXPECT_EQ(failure_of([&] { (void)gone->visible(); }), automation::result::object_deleted);
+    EXPECT_EQ(failure_of([&] { (void)button->text(); }), automation::result::object_deleted);
+    EXPECT_EQ(failure_of([&] { button->click(); }), automation::result::object_deleted);
 }
 
 TEST_F(Driver, TellsPlaceAndSizeOfAWindowAndChangesIt) {
@@ -100,7 +100,7 @@ TEST_F(Driver, FindsControlsByTheirOwnNames) {
     window.add("Button1", L"BUTTON", 0, {0, 0, 50, 20}, L"&Go");
     EXPECT_EQ(control(u"button1")->text(), u"&Go");
     EXPECT_FALSE(control(u"Button2"));
-    EXPECT_EQ(failure_of([&] { control(u"Button1")->select(0); }), host::result::member_not_found);
+    EXPECT_EQ(failure_of([&] { control(u"Button1")->select(0); }), automation::result::member_not_found);
 }
 
 TEST_F(Driver, ClicksAtTheNextTurn) {
@@ -152,9 +152,9 @@ TEST_F(Driver, TypesTexts) {
     control(u"Text1")->type(u"");
     EXPECT_EQ(control(u"Text1")->text(), u"");
     window.add("Label1", L"STATIC", 0, {0, 30, 90, 20});
-    EXPECT_EQ(failure_of([&] { control(u"Label1")->type(u"x"); }), host::result::fail);
+    EXPECT_EQ(failure_of([&] { control(u"Label1")->type(u"x"); }), automation::result::fail);
     EnableWindow(window.control("Text1"), FALSE);
-    EXPECT_EQ(failure_of([&] { control(u"Text1")->type(u"x"); }), host::result::fail);
+    EXPECT_EQ(failure_of([&] { control(u"Text1")->type(u"x"); }), automation::result::fail);
 }
 
 TEST_F(Driver, PressesKeysWithTheCharactersThatTheyMake) {
@@ -188,7 +188,7 @@ TEST_F(Driver, ChoosesEntries) {
     control(u"Combo1")->type(u"Three");
     EXPECT_EQ(told(), Told{"choice Combo1"});
     EXPECT_EQ(control(u"Combo1")->selected(), 2);
-    EXPECT_EQ(failure_of([&] { control(u"Combo1")->type(u"Four"); }), host::result::fail);
+    EXPECT_EQ(failure_of([&] { control(u"Combo1")->type(u"Four"); }), automation::result::fail);
 }
 
 TEST_F(Driver, TypesIntoACombosField) {
@@ -287,7 +287,8 @@ TEST_F(ListDriver, ClicksHeadingsInSightAndBeyond) {
 }
 
 TEST_F(ListDriver, DropsOntoACellOfARow) {
-    EXPECT_EQ(failure_of([&] { control(u"List1")->drop(0, 0); }), host::result::fail) << "it takes none";
+    EXPECT_EQ(failure_of([&] { control(u"List1")->drop(0, 0); }), automation::result::fail)
+        << "it takes none";
     std::vector<std::pair<int, int>> dropped;
     const auto target = windows::DropTarget::create(module, list, [&](int x, int y) {
         LVHITTESTINFO hit{};

@@ -1,11 +1,11 @@
 // A question of an add-in before the desk's own windows, with a real mouse and keyboard as far as the system
 // goes.
+#include "addin/host/host_events.h"
+#include "addin/server/desktop/windows_desktop.h"
+#include "automation/events.h"
 #include "desk/model/item.h"
-#include "host/events.h"
-#include "host/host_events.h"
 #include "tests/windows/desk_windows_fixture.h"
 #include "tests/windows/hand.h"
-#include "windows/desktop/windows_desktop.h"
 
 namespace desk_tests {
 namespace {
@@ -41,7 +41,7 @@ class DeskQuestions : public DeskWindowsTest {
     }
 
     windows::WindowsDesktop desktop{windows::Apartment::create(module, u"Test")};
-    host::Sink sink;
+    automation::Sink sink;
 };
 
 /// What happens at the selection of a mail from a stranger: something is searched for, and then comes the

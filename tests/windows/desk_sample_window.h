@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "host/text.h"
-#include "windows/com/com_object.h"
-#include "windows/com/com_ptr.h"
-#include "windows/forms/common_controls.h"
+#include "automation/com/com_object.h"
+#include "automation/com/com_ptr.h"
+#include "automation/text.h"
+#include "forms/windows/common_controls.h"
 
 namespace desk_tests {
 

@@ -15,13 +15,13 @@
 #include "desk/windows/inspector_window.h"
 #include "desk/windows/main_loop.h"
 #include "desk/windows/named_window.h"
-#include "windows/forms/form_control.h"
+#include "forms/windows/form_control.h"
 
 namespace desk_tests {
-using host::Object;
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 using windows::window_text;
 
 /// A desk in this process: a database of its own, and a message loop that the test runs.
@@ -31,7 +31,7 @@ class QuietSurroundings final : public desk::Surroundings {
     bool asked_to_quit = false;
     std::function<void()> on_came_up;
 
-    host::Date now() override { return host::to_date({2026, 3, 3, 9, 15, 0}); }
+    automation::Date now() override { return automation::to_date({2026, 3, 3, 9, 15, 0}); }
     std::string random_bytes(std::size_t count) override { return std::string(count, 'r'); }
     desk::ItemData read_mail(TextView) override { return {}; }
     void wake() override { loop.wake(); }
@@ -102,8 +102,9 @@ class DatabaseFile {
 
 inline std::vector<HWND> windows_of_class(TextView wanted, HWND inside = nullptr) {
     std::vector<HWND> found = inside ? desk::windows_inside(inside) : desk::windows_of_thread();
-    std::erase_if(found,
-                  [&](HWND window) { return !host::same_ignoring_case(desk::class_name(window), wanted); });
+    std::erase_if(found, [&](HWND window) {
+        return !automation::same_ignoring_case(desk::class_name(window), wanted);
+    });
     return found;
 }
 

@@ -1,5 +1,5 @@
 // The desk's own windows: toolbars that follow the command bars, the context menu, mail that is written.
-#include "host/host_events.h"
+#include "addin/host/host_events.h"
 #include "tests/windows/desk_windows_fixture.h"
 
 namespace desk_tests {
@@ -34,7 +34,7 @@ TEST_F(DeskWindowsTest, PressWhatIsClicked) {
     const Object one = add_button(bar, u"One"), two = add_button(bar, u"Two");
     two.put(u"Enabled", false);
     std::string told;
-    host::Sink first, second;
+    automation::Sink first, second;
     first.connect(host::events::button, one,
                   {{u"Click", [&](std::span<Value>) {
                         told += "one ";
@@ -91,7 +91,7 @@ TEST_F(DeskWindowsTest, LetTheFieldsOfARecordBeWritten) {
     type(12, L"With the new device.");
     run_messages();
     EXPECT_EQ(appointment.get(u"Subject"), Value(u"Visit"));
-    EXPECT_EQ(appointment.get(u"Start"), Value(host::to_date({2026, 3, 5, 10, 30, 0})));
+    EXPECT_EQ(appointment.get(u"Start"), Value(automation::to_date({2026, 3, 5, 10, 30, 0})));
     EXPECT_EQ(window_text(fields[3]), u"2026-03-05 11:00") << "the end follows the start";
     const Object account =
         appointment.get(u"UserProperties").to_object().call(u"Item", {u"AccountID"}).to_object();
@@ -99,7 +99,7 @@ TEST_F(DeskWindowsTest, LetTheFieldsOfARecordBeWritten) {
     EXPECT_EQ(appointment.get(u"Body"), Value(u"With the new device."));
 
     type(2, L"no date");
-    EXPECT_EQ(appointment.get(u"Start"), Value(host::to_date({2026, 3, 5, 10, 30, 0})));
+    EXPECT_EQ(appointment.get(u"Start"), Value(automation::to_date({2026, 3, 5, 10, 30, 0})));
     SendMessageW(inspector_window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(fields[2]), EN_KILLFOCUS),
                  reinterpret_cast<LPARAM>(fields[2]));
     EXPECT_EQ(window_text(fields[2]), u"2026-03-05 10:30") << "what can't be taken doesn't stay";
@@ -290,7 +290,7 @@ TEST_F(ContextMenuTest, OpensWithTheBarsEntries) {
     add_mail(u"One");
     const Object explorer = desk.explorers()->active();
     int updates = 0, clicks = 0;
-    host::Sink update, click_of_one;
+    automation::Sink update, click_of_one;
     update.connect(host::events::command_bars, bars_of(explorer),
                    {{u"OnUpdate", [&](std::span<Value>) { ++updates; }}});
     const Object one = add_button(menu_bar(), u"Tarnwell One");
@@ -321,7 +321,7 @@ TEST_F(DeskWindowsTest, ComeToTheFrontWithTheirEvents) {
     const HWND first_window = inspector_window();
     open_mail();
     int activations = 0;
-    host::Sink sink;
+    automation::Sink sink;
     sink.connect(host::events::inspector, first, {{u"Activate", [&](std::span<Value>) { ++activations; }}});
     // as a click on it does; the window manager may still be bringing up the other one, and then one clicks
     // again

@@ -1,15 +1,15 @@
 // Amounts, dates and shares as the user's regional settings write them.
 #include <gtest/gtest.h>
 
+#include "addin/server/desktop/windows_desktop.h"
 #include "tests/windows/regional_settings.h"
-#include "windows/desktop/windows_desktop.h"
 
 namespace windows::testing {
 namespace {
 
-using host::Text;
-using host::TextView;
-using host::Value;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
 
 class Formats : public ::testing::Test {
   protected:
@@ -20,9 +20,9 @@ class Formats : public ::testing::Test {
     std::string shown(const Value& value, TextView format) {
         const Text text = desktop.text_of(value);
         try {
-            return host::to_utf8(desktop.format(text, format));
-        } catch (const host::Failure&) {
-            return host::to_utf8(text);
+            return automation::to_utf8(desktop.format(text, format));
+        } catch (const automation::Failure&) {
+            return automation::to_utf8(text);
         }
     }
 
@@ -31,19 +31,19 @@ class Formats : public ::testing::Test {
 };
 
 constexpr double amount = 1234.5, share = 0.25;
-const host::Date new_years_eve = host::to_date({2009, 12, 31, 22, 30, 0});
+const automation::Date new_years_eve = automation::to_date({2009, 12, 31, 22, 30, 0});
 
 TEST_F(Formats, FollowTheRegionalSettings) {
     for (const RegionalCase& one : regional_cases) {
         SCOPED_TRACE(one.name);
         const RegionalSettings settings(one.locale);
-        EXPECT_EQ(shown(amount, u"Currency"), host::to_utf8(one.amount));
-        EXPECT_EQ(shown(-amount, u"Currency"), host::to_utf8(one.debt));
-        EXPECT_EQ(shown(new_years_eve, u"Short Date"), host::to_utf8(one.date));
-        EXPECT_EQ(shown(share, u"Percent"), host::to_utf8(one.share));
-        EXPECT_EQ(shown(Value(Text(one.date)), u"Short Date"), host::to_utf8(one.date))
+        EXPECT_EQ(shown(amount, u"Currency"), automation::to_utf8(one.amount));
+        EXPECT_EQ(shown(-amount, u"Currency"), automation::to_utf8(one.debt));
+        EXPECT_EQ(shown(new_years_eve, u"Short Date"), automation::to_utf8(one.date));
+        EXPECT_EQ(shown(share, u"Percent"), automation::to_utf8(one.share));
+        EXPECT_EQ(shown(Value(Text(one.date)), u"Short Date"), automation::to_utf8(one.date))
             << "what the user writes is read as he writes it";
-        EXPECT_EQ(shown(Value(u"2009-12-31 22:30:00"), u"Short Date"), host::to_utf8(one.date));
+        EXPECT_EQ(shown(Value(u"2009-12-31 22:30:00"), u"Short Date"), automation::to_utf8(one.date));
         for (const TextView format : {u"Currency", u"Short Date", u"Percent"}) {
             EXPECT_EQ(shown(Value(u"soon"), format), "soon") << "what can't be read stays as it is";
         }
@@ -65,24 +65,25 @@ TEST_F(Formats, ReadATextAsTheUserWritesIt) {
                   "1.234,50"}};
     for (const auto& one : cases) {
         const RegionalSettings settings(one.locale);
-        EXPECT_EQ(shown(Value(one.text), u"Currency"), one.amount) << host::to_utf8(one.text);
+        EXPECT_EQ(shown(Value(one.text), u"Currency"), one.amount) << automation::to_utf8(one.text);
     }
 }
 
 TEST_F(Formats, ReadADateBackAsItWasWritten) {
-    const host::ClockTime times[] = {{2026, 4, 3, 14, 5, 6},    {2026, 3, 4, 2, 5, 6},
-                                     {2009, 12, 31, 22, 30, 0}, {2030, 1, 2, 0, 0, 0},
-                                     {2026, 12, 1, 0, 0, 1},    {2026, 1, 12, 12, 0, 0}};
+    const automation::ClockTime times[] = {{2026, 4, 3, 14, 5, 6},    {2026, 3, 4, 2, 5, 6},
+                                           {2009, 12, 31, 22, 30, 0}, {2030, 1, 2, 0, 0, 0},
+                                           {2026, 12, 1, 0, 0, 1},    {2026, 1, 12, 12, 0, 0}};
     for (const RegionalCase& one : regional_cases) {
         SCOPED_TRACE(one.name);
         const RegionalSettings settings(one.locale);
-        for (const host::ClockTime& time : times) {
-            const Text written = desktop.text_of(host::to_date(time));
-            EXPECT_EQ(host::to_text(desktop.date_of(written)), host::to_text(host::to_date(time)))
-                << host::to_utf8(written);
+        for (const automation::ClockTime& time : times) {
+            const Text written = desktop.text_of(automation::to_date(time));
+            EXPECT_EQ(automation::to_text(desktop.date_of(written)),
+                      automation::to_text(automation::to_date(time)))
+                << automation::to_utf8(written);
         }
         for (const TextView wrong : {u"", u"soon"}) {
-            EXPECT_THROW(desktop.date_of(wrong), host::Failure) << host::to_utf8(wrong);
+            EXPECT_THROW(desktop.date_of(wrong), automation::Failure) << automation::to_utf8(wrong);
         }
     }
 }

@@ -4,8 +4,8 @@
 #include <functional>
 #include <memory>
 
-#include "windows/desktop/modal_show.h"
-#include "windows/desktop/windows_desktop.h"
+#include "addin/server/desktop/windows_desktop.h"
+#include "forms/windows/modal_show.h"
 
 namespace windows::testing {
 namespace {

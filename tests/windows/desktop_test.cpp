@@ -4,16 +4,16 @@
 #include <cstring>
 #include <functional>
 
-#include "windows/com/failure.h"
-#include "windows/desktop/module_file.h"
-#include "windows/desktop/windows_desktop.h"
+#include "addin/server/desktop/windows_desktop.h"
+#include "automation/com/failure.h"
+#include "automation/com/module_file.h"
 
 namespace windows::testing {
 namespace {
 
-using host::Failure;
-using host::Text;
-using host::TextView;
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
 
 std::int32_t failure_number(const std::function<void()>& action) {
     try {
@@ -86,9 +86,9 @@ TEST_F(RegistryTest, TellsWhatIsNotThere) {
 }
 
 TEST_F(DesktopTest, ObjectsAreMadeByName) {
-    const host::Object files = desktop.create(u"Scripting.FileSystemObject");
-    EXPECT_EQ(files.call(u"GetFileName", {u"C:\\folder\\file.txt"}), host::Value(u"file.txt"));
-    EXPECT_EQ(failure_number([&] { desktop.create(u"No.Such.Class"); }), host::result::bad_prog_id);
+    const automation::Object files = desktop.create(u"Scripting.FileSystemObject");
+    EXPECT_EQ(files.call(u"GetFileName", {u"C:\\folder\\file.txt"}), automation::Value(u"file.txt"));
+    EXPECT_EQ(failure_number([&] { desktop.create(u"No.Such.Class"); }), automation::result::bad_prog_id);
 }
 
 /// A class of the machine under a program id of its own: the system's dictionary.
@@ -109,20 +109,20 @@ class OwnClass : public DesktopTest {
 };
 
 TEST_F(OwnClass, IsLookedUpOnceAndStillMakesANewObjectEachTime) {
-    const host::Object first = desktop.create(prog_id);
+    const automation::Object first = desktop.create(prog_id);
     forget();
-    const host::Object second = desktop.create(prog_id);
+    const automation::Object second = desktop.create(prog_id);
     first.call(u"Add", {u"who", u"first"});
-    EXPECT_EQ(second.get(u"Count"), host::Value(0)) << "it is another object";
+    EXPECT_EQ(second.get(u"Count"), automation::Value(0)) << "it is another object";
     desktop.release_others();
-    EXPECT_EQ(failure_number([&] { desktop.create(prog_id); }), host::result::bad_prog_id);
+    EXPECT_EQ(failure_number([&] { desktop.create(prog_id); }), automation::result::bad_prog_id);
 }
 
 TEST_F(DesktopTest, PropertiesOfTheSystemsObjectsAreReadAndWritten) {
-    const host::Object shell = desktop.create(u"WScript.Shell");
-    const host::Value before = shell.get(u"CurrentDirectory");
+    const automation::Object shell = desktop.create(u"WScript.Shell");
+    const automation::Value before = shell.get(u"CurrentDirectory");
     shell.put(u"CurrentDirectory", u"C:\\windows");
-    EXPECT_EQ(host::folded(shell.get(u"CurrentDirectory").to_text()), u"c:\\windows");
+    EXPECT_EQ(automation::folded(shell.get(u"CurrentDirectory").to_text()), u"c:\\windows");
     shell.put(u"CurrentDirectory", before);
 }
 
@@ -132,7 +132,7 @@ class Files : public DesktopTest {
         wchar_t base[MAX_PATH]{};
         GetTempPathW(MAX_PATH, base);
         folder = Text(from_wide(base, wcslen(base))) + u"tarnwell test " +
-                 host::to_text(static_cast<long long>(GetCurrentProcessId()));
+                 automation::to_text(static_cast<long long>(GetCurrentProcessId()));
         CreateDirectoryW(wide(folder), nullptr);
     }
     ~Files() override {
@@ -182,7 +182,7 @@ TEST_F(Files, AreDeletedOrTheFailureIsTold) {
     const Text file = make(u"initial.txt");
     desktop.delete_file(file);
     EXPECT_EQ(desktop.find_file(file), u"");
-    EXPECT_EQ(failure_number([&] { desktop.delete_file(file); }), host::result::file_not_found);
+    EXPECT_EQ(failure_number([&] { desktop.delete_file(file); }), automation::result::file_not_found);
 }
 
 TEST_F(DesktopTest, OwnFolderIsWhereThisProgramLies) {
@@ -252,9 +252,9 @@ TEST_F(DesktopTest, DotsAndPointerAreTheScreens) {
     EXPECT_EQ(desktop.dots_per_inch(), GetDeviceCaps(screen, LOGPIXELSX));
     EXPECT_GT(desktop.dots_per_inch(), 0);
     ReleaseDC(nullptr, screen);
-    desktop.pointer(host::Pointer::hourglass);
+    desktop.pointer(forms::Pointer::hourglass);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_WAIT));
-    desktop.pointer(host::Pointer::standard);
+    desktop.pointer(forms::Pointer::standard);
     EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
 }
 

@@ -1,6 +1,6 @@
 // Windows of items come and go all day.
+#include "forms/windows/drawing.h"
 #include "tests/windows/desk_windows_fixture.h"
-#include "windows/forms/drawing.h"
 
 namespace desk_tests {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "windows/com/fault_watch.h"
+#include "automation/com/fault_watch.h"
 
 namespace windows::testing {
 namespace {
@@ -17,7 +17,7 @@ class FaultCheck : public ::testing::EmptyTestEventListener {
         before_ = FaultWatch::count();
     }
     void OnTestEnd(const ::testing::TestInfo&) override {
-        EXPECT_EQ(FaultWatch::count() - before_, expected) << host::to_utf8(FaultWatch::told());
+        EXPECT_EQ(FaultWatch::count() - before_, expected) << automation::to_utf8(FaultWatch::told());
     }
 
     FaultWatch watch_;

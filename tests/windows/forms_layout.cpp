@@ -5,19 +5,19 @@
 #include <cstdint>
 
 #include "desk/windows/screen_picture.h"
+#include "forms/windows/drawing.h"
+#include "forms/windows/form_control.h"
 #include "tests/windows/forms_stage.h"
-#include "windows/forms/drawing.h"
-#include "windows/forms/form_control.h"
 
 #include <winternl.h>
 
 namespace forms_test {
 
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::FormTable;
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::FormTable;
 using windows::Selected;
 using windows::wide;
 using windows::window_text;
@@ -94,7 +94,7 @@ std::vector<std::string> cut_texts(HWND window, const FormTable& table) {
                                      static_cast<int>(client.right), extra->wraps);
         const bool too_wide = !typed && needed.right + extra->width > client.right;
         if (too_wide || needed.bottom + extra->height > client.bottom) {
-            cut.push_back(host::to_utf8(seen.row->name));
+            cut.push_back(automation::to_utf8(seen.row->name));
         }
     }
     return cut;
@@ -108,7 +108,8 @@ std::vector<std::string> overlaps(HWND window, const FormTable& table) {
             RECT shared{};
             if (other->row->frame == one->row->name || !IntersectRect(&shared, &one->box, &other->box))
                 continue;
-            found.push_back(host::to_utf8(one->row->name) + " and " + host::to_utf8(other->row->name));
+            found.push_back(automation::to_utf8(one->row->name) + " and " +
+                            automation::to_utf8(other->row->name));
         }
     }
     return found;
@@ -144,7 +145,7 @@ bool save_picture(HWND window, TextView name, int dots_per_inch) {
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     pump();
     desk::save_window_picture(window, Text(windows::from_wide(folder.data(), length)) + u"\\" + Text(name) +
-                                          u"-" + host::to_text(dots_per_inch) + u".png");
+                                          u"-" + automation::to_text(dots_per_inch) + u".png");
     return true;
 }
 

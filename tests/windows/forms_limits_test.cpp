@@ -3,10 +3,10 @@
 
 #include <array>
 
-#include "core/status_windows.h"
-#include "createnote/dlg_send.h"
-#include "quickview/quick_view.h"
-#include "searchpanel/show_items.h"
+#include "addin/createnote/dlg_send.h"
+#include "addin/ground/status_windows.h"
+#include "addin/quickview/quick_view.h"
+#include "addin/searchpanel/show_items.h"
 #include "tests/forms/gallery.h"
 #include "tests/windows/forms_layout.h"
 #include "tests/windows/forms_stage.h"
@@ -14,7 +14,7 @@
 namespace forms_test {
 namespace {
 
-using addin::forms::FormTable;
+using forms::FormTable;
 
 /// A window, and what its own design cuts and puts over each other: places are given, not chosen.
 struct Designed {
@@ -46,7 +46,7 @@ TEST(FormsLayout, NoTextIsCutAndNoControlsOverlapAtAnyResolution) {
             form->show();
             pump();
             const HWND window = find_window(table->caption);
-            SCOPED_TRACE(host::to_utf8(table->name) + " at " + std::to_string(dots));
+            SCOPED_TRACE(automation::to_utf8(table->name) + " at " + std::to_string(dots));
             EXPECT_EQ(cut_texts(window, *table), cut);
             EXPECT_EQ(overlaps(window, *table), over_each_other);
             save_picture(window, table->name, dots);  // for a person's eyes, if somebody asked for it
@@ -62,18 +62,18 @@ TEST(FormsLayout, ClientAreaIsTheTables) {
         form->view();
         RECT client{};
         GetClientRect(find_window(with_keys_caption), &client);
-        EXPECT_EQ(client.right, addin::forms::to_pixels(with_keys.width, dots));
-        EXPECT_EQ(client.bottom, addin::forms::to_pixels(with_keys.height, dots));
+        EXPECT_EQ(client.right, forms::to_pixels(with_keys.width, dots));
+        EXPECT_EQ(client.bottom, forms::to_pixels(with_keys.height, dots));
     }
 }
 
 TEST(FormsLayout, CutTextIsFound) {
-    static constexpr addin::forms::ControlRow rows[] = {
-        {.kind = addin::forms::ControlKind::button,
+    static constexpr forms::ControlRow rows[] = {
+        {.kind = forms::ControlKind::button,
          .name = u"small",
          .text = u"A text that is too long",
          .place = {0, 0, 600, 300}},
-        {.kind = addin::forms::ControlKind::button, .name = u"over", .place = {500, 100, 600, 300}}};
+        {.kind = forms::ControlKind::button, .name = u"over", .place = {500, 100, 600, 300}}};
     static constexpr FormTable table{
         .name = u"Bad", .caption = u"Bad", .width = 3000, .height = 3000, .controls = rows};
     WindowsStage stage;

@@ -2,19 +2,19 @@
 // input.
 #include <gtest/gtest.h>
 
-#include "core/status_windows.h"
-#include "quickview/quick_view.h"
+#include "addin/ground/status_windows.h"
+#include "addin/quickview/quick_view.h"
 #include "tests/forms/gallery.h"
 #include "tests/windows/forms_stage.h"
 
 namespace forms_test {
 namespace {
 
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::FormTable;
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::FormTable;
 
 constexpr TextView side_caption = u"On The Side";
 constexpr TextView side_entries[] = {u"One", u"Two"};
@@ -85,7 +85,7 @@ TEST_F(Manners, WindowOnTheSideLeavesTheKeyboardWhereItIs) {
     SetFocus(field);
     for (const FormTable* table :
          {&side, &addin::quickview::quick_view_table(), &addin::search_form_table()}) {
-        SCOPED_TRACE(host::to_utf8(table->name));
+        SCOPED_TRACE(automation::to_utf8(table->name));
         const auto form = made(*table);
         form->view().topmost();
         for (int times = 0; times < 2; ++times) {
@@ -324,7 +324,7 @@ std::vector<std::string> look_of(HWND window) {
     std::vector<std::string> all;
     for (const ControlRow& row : gallery.controls) {
         if (const HWND control = find_control(window, row.name)) {
-            all.push_back(host::to_utf8(row.name) + " " + told(box_of(control)));
+            all.push_back(automation::to_utf8(row.name) + " " + told(box_of(control)));
         }
     }
     LOGFONTW font{};

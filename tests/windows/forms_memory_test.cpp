@@ -4,11 +4,11 @@
 
 #include <new>
 
+#include "automation/com/fault_watch.h"
+#include "forms/windows/modal_show.h"
 #include "tests/forms/gallery.h"
 #include "tests/windows/fault_check.h"
 #include "tests/windows/forms_stage.h"
-#include "windows/com/fault_watch.h"
-#include "windows/desktop/modal_show.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ namespace {
 TEST(FormsMemory, MayRunOutAtAnyMomentOfWhatTheSystemTells) {
     const struct {
         const char* name;
-        host::TextView control;  // empty: the window itself
+        automation::TextView control;  // empty: the window itself
         void (*tell)(HWND target);
     } cases[] = {
         {"a character", u"words", [](HWND target) { SendMessageW(target, WM_CHAR, 'a', 0); }},

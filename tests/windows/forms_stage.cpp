@@ -4,13 +4,13 @@
 
 #include <array>
 
-#include "windows/forms/form_control.h"
-#include "windows/forms/form_surroundings.h"
+#include "forms/windows/form_control.h"
+#include "forms/windows/form_surroundings.h"
 
 namespace forms_test {
 
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 using windows::wide;
 
 namespace {

@@ -1,20 +1,20 @@
 // Real windows, and a person who uses them by the system's own messages.
 #pragma once
 
+#include "forms/windows/common_controls.h"
+#include "forms/windows/form_engine.h"
 #include "tests/forms/stage.h"
-#include "windows/forms/common_controls.h"
-#include "windows/forms/form_engine.h"
 
 namespace forms_test {
 
 /// The window of a caption, hidden or not; null if there is none.
-HWND find_window(host::TextView caption);
+HWND find_window(automation::TextView caption);
 
 /// The name by which the program knows a window, by the system's published question for it.
-host::Text name_of(HWND window);
+automation::Text name_of(HWND window);
 
 /// A control by its name, or null.
-HWND find_control(HWND window, host::TextView name);
+HWND find_control(HWND window, automation::TextView name);
 
 /// Runs what stands in the thread's queue.
 void pump();
@@ -27,7 +27,7 @@ class WindowsStage final : public Stage {
     WindowsStage();
     ~WindowsStage() override;
 
-    addin::forms::Engine& engine() override { return *engine_; }
+    forms::Engine& engine() override { return *engine_; }
     void dots_per_inch(int dots) override { dots_ = dots; }
     windows::ScreenPointer& pointer() { return *pointer_; }
     windows::Module& module() { return module_; }
@@ -35,22 +35,22 @@ class WindowsStage final : public Stage {
     void high_contrast(bool is_on) { high_contrast_ = is_on; }
 
     bool click(Spot spot) override;
-    bool type(Spot spot, host::TextView text) override;
+    bool type(Spot spot, automation::TextView text) override;
     bool key(Spot spot, int code) override;
     bool choose(Spot spot, int entry) override;
     bool select(Spot spot, int row) override;
     bool double_click(Spot spot, int row) override;
     bool column_click(Spot spot, int column) override;
     bool drop(Spot spot, int row) override;
-    bool resize(host::TextView window, int width, int height) override;
-    bool minimize(host::TextView window) override;
-    bool close(host::TextView window) override;
+    bool resize(automation::TextView window, int width, int height) override;
+    bool minimize(automation::TextView window) override;
+    bool close(automation::TextView window) override;
     void activate_host() override;
-    bool activate(host::TextView window) override;
+    bool activate(automation::TextView window) override;
 
-    bool there(host::TextView window) override { return find_window(window) != nullptr; }
-    host::Text focused(host::TextView window) override;
-    bool topmost(host::TextView window) override;
+    bool there(automation::TextView window) override { return find_window(window) != nullptr; }
+    automation::Text focused(automation::TextView window) override;
+    bool topmost(automation::TextView window) override;
     int mark(Spot list, int column) override;
     void modal(const std::function<void()>& action, const std::vector<std::function<void()>>& steps) override;
 

@@ -4,18 +4,18 @@
 #include <algorithm>
 #include <array>
 
+#include "forms/windows/form_control.h"
 #include "tests/forms/gallery.h"
 #include "tests/windows/forms_stage.h"
-#include "windows/forms/form_control.h"
 
 namespace forms_test {
 namespace {
 
-using addin::forms::ControlKind;
-using addin::forms::ControlRow;
-using addin::forms::FormTable;
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
+using forms::ControlKind;
+using forms::ControlRow;
+using forms::FormTable;
 using windows::window_text;
 
 struct RealForms : testing::Test {
@@ -54,7 +54,7 @@ TEST_F(RealForms, EveryControlAnswersToItsName) {
     EXPECT_EQ(name_of(window), u"Gallery");
     for (const ControlRow& row : gallery.controls) {
         const HWND control = find_control(window, row.name);
-        EXPECT_EQ(control == nullptr, row.kind == ControlKind::image_list) << host::to_utf8(row.name);
+        EXPECT_EQ(control == nullptr, row.kind == ControlKind::image_list) << automation::to_utf8(row.name);
     }
 }
 
@@ -112,7 +112,8 @@ TEST_F(RealForms, WhateverTakesTheFocusHasAnAccessibleName) {
                                {u"list", u"Found"},
                                {u"check", u"Leave it open"}};
     for (const Named& one : names) {
-        EXPECT_EQ(host::to_utf8(accessible_name(find_control(window, one.control))), host::to_utf8(one.name));
+        EXPECT_EQ(automation::to_utf8(accessible_name(find_control(window, one.control))),
+                  automation::to_utf8(one.name));
     }
 }
 
@@ -141,7 +142,7 @@ TEST_F(RealForms, ToolTipsAreTheTables) {
         tool.lpszText = text.data();
         SendMessageW(tips, TTM_GETTEXTW, text.size(), reinterpret_cast<LPARAM>(&tool));
         EXPECT_EQ(Text(windows::from_wide(text.data(), wcslen(text.data()))), row.tool_tip)
-            << host::to_utf8(row.name);
+            << automation::to_utf8(row.name);
     }
 }
 
@@ -214,7 +215,7 @@ TEST_F(RealForms, SpaceArrowsAndEnterWorkTheControls) {
 
 TEST_F(RealForms, RowsAreChosenWithTheArrows) {
     const auto form = shown(gallery);
-    addin::forms::List& list = form->control(u"list").list();
+    forms::List& list = form->control(u"list").list();
     list.add(u"one");
     list.add(u"two");
     list.select(0);
@@ -249,7 +250,7 @@ class Messages {
 
 TEST_F(RealForms, SelectedRowComesIntoSightThoughRowsArePaintedLate) {
     const auto form = shown(gallery);
-    addin::forms::List& list = form->control(u"list").list();
+    forms::List& list = form->control(u"list").list();
     const HWND window = find_control(find_window(gallery_caption), u"list");
     for (int row = 0; row < 100; ++row) list.add(u"row");
     list.select(99);
@@ -263,7 +264,7 @@ TEST_F(RealForms, SelectedRowComesIntoSightThoughRowsArePaintedLate) {
 
 TEST_F(RealForms, RowTakesOneMessageForEachCellAndNoProperty) {
     const auto form = shown(gallery);
-    addin::forms::List& list = form->control(u"list").list();
+    forms::List& list = form->control(u"list").list();
     const HWND window = find_control(find_window(gallery_caption), u"list");
     EXPECT_FALSE(GetPropW(window, L"CC32SubclassInfo"))
         << "the common controls' own would be looked for at each message";
@@ -278,7 +279,7 @@ TEST_F(RealForms, RowTakesOneMessageForEachCellAndNoProperty) {
 
 TEST_F(RealForms, ListThatIsFilledIsPaintedTenTimesASecond) {
     const auto form = shown(gallery);
-    addin::forms::List& list = form->control(u"list").list();
+    forms::List& list = form->control(u"list").list();
     Messages messages(find_control(find_window(gallery_caption), u"list"));
     const ULONGLONG begin = GetTickCount64();
     for (int row = 0; row < 200; ++row) {
@@ -325,11 +326,11 @@ TEST_F(RealForms, WindowShowsThePointerThatIsWanted) {
     };
     EXPECT_EQ(pointer_over(u"link"), LoadCursorW(nullptr, IDC_HAND));
     EXPECT_EQ(pointer_over(u"go"), LoadCursorW(nullptr, IDC_ARROW));
-    stage.pointer().show(host::Pointer::hourglass);
+    stage.pointer().show(forms::Pointer::hourglass);
     for (const TextView name : {u"link", u"go", u"words", u"list"}) {
         EXPECT_EQ(pointer_over(name), LoadCursorW(nullptr, IDC_WAIT));
     }
-    stage.pointer().show(host::Pointer::standard);
+    stage.pointer().show(forms::Pointer::standard);
     EXPECT_EQ(pointer_over(u"words"), LoadCursorW(nullptr, IDC_IBEAM));
 }
 

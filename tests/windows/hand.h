@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "windows/com/platform.h"
+#include "automation/com/platform.h"
 
 namespace desk_tests {
 

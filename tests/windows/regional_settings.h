@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "host/text.h"
-#include "windows/com/platform.h"
+#include "automation/com/platform.h"
+#include "automation/text.h"
 
 namespace windows::testing {
 
@@ -49,7 +49,7 @@ class RegionalSettings {
 struct RegionalCase {
     const char* name;
     LCID locale;
-    host::TextView amount, debt, date, share;
+    automation::TextView amount, debt, date, share;
 };
 inline constexpr RegionalCase regional_cases[] = {
     {"United States", 0x0409, u"$1,234.50", u"($1,234.50)", u"12/31/2009", u"25.00%"},

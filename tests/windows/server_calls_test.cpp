@@ -1,5 +1,5 @@
+#include "automation/com/variant.h"
 #include "server_fixture.h"
-#include "windows/com/variant.h"
 
 namespace windows::testing {
 namespace {
@@ -115,7 +115,7 @@ TEST_F(ServerCalls, BadCallsHaveTheirResults) {
         {object.get(), L"FileExists", {}, DISP_E_BADPARAMCOUNT},
         {object.get(), L"FileExists", {u"x", u"y"}, DISP_E_BADPARAMCOUNT},
         {object.get(), L"GetKeyValueEx", {u"no key", u"a", u"b"}, DISP_E_TYPEMISMATCH},
-        {object.get(), L"FileExists", {host::Null{}}, DISP_E_TYPEMISMATCH},
+        {object.get(), L"FileExists", {automation::Null{}}, DISP_E_TYPEMISMATCH},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(::testing::Message() << each.member);
@@ -178,7 +178,8 @@ TEST_F(FirstStart, WorksByNameAsWell) {
     const auto object = connect();
     const auto add_in = extensibility(object);
     const Value host = Object(application);
-    EXPECT_EQ(call(*add_in.get(), L"OnConnection", {host, 1, host, host::Array::of({})}, *apartment), S_OK);
+    EXPECT_EQ(call(*add_in.get(), L"OnConnection", {host, 1, host, automation::Array::of({})}, *apartment),
+              S_OK);
     EXPECT_EQ(apartment->bridge(application->published.to_object().target()).get(), object.get());
     EXPECT_EQ(call(*add_in.get(), L"OnDisconnection", {0}, *apartment), S_OK);
     application->published = {};

@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-#include "windows/com/platform.h"
+#include "automation/com/platform.h"
 
 namespace {
 

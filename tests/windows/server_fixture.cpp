@@ -1,12 +1,12 @@
 #include "server_fixture.h"
 
-#include "windows/desktop/module_file.h"
+#include "automation/com/module_file.h"
 
 namespace windows::testing {
 
-using host::Arguments;
-using host::Takes;
-using host::Use;
+using automation::Arguments;
+using automation::Takes;
+using automation::Use;
 
 ServerTest::ServerTest() {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
@@ -34,21 +34,21 @@ ComPtr<IDispatch> ServerTest::connect() {
     return object;
 }
 
-const host::Members<HostApplication>& HostApplication::members() {
-    static const host::Members<HostApplication> table{
-        {u"COMAddIns", host::no_id, Use::get,
+const automation::Members<HostApplication>& HostApplication::members() {
+    static const automation::Members<HostApplication> table{
+        {u"COMAddIns", automation::no_id, Use::get,
          [](HostApplication& self, const Arguments&) -> Value { return Object(self.shared_from_this()); }},
         {u"Item",
-         host::no_id,
+         automation::no_id,
          Use::method,
          {{u"Index", Takes::text}},
          [](HostApplication& self, const Arguments& a) -> Value {
              self.asked.push_back(a[0].to_text());
              return Object(self.shared_from_this());
          }},
-        {u"ProgId", host::no_id, Use::get,
+        {u"ProgId", automation::no_id, Use::get,
          [](HostApplication&, const Arguments&) -> Value { return u"CreateNote.Connect"; }},
-        {u"Object", host::no_id, Use::get_put,
+        {u"Object", automation::no_id, Use::get_put,
          [](HostApplication& self, const Arguments& a) -> Value {
              if (a.is_put()) self.published = a.assigned();
              return self.published;

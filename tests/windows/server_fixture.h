@@ -6,17 +6,17 @@
 #include <map>
 #include <vector>
 
-#include "host/automated.h"
-#include "windows/com/apartment.h"
-#include "windows/com/com_object.h"
-#include "windows/server/class_id.h"
-#include "windows/server/extensibility.h"
+#include "addin/server/class_id.h"
+#include "automation/automated.h"
+#include "automation/com/apartment.h"
+#include "automation/com/com_object.h"
+#include "automation/com/extensibility.h"
 
 namespace windows::testing {
 
-using host::Object;
-using host::Text;
-using host::Value;
+using automation::Object;
+using automation::Text;
+using automation::Value;
 
 /// The DLL and its entry points. Every test loads it anew.
 class ServerTest : public ::testing::Test {
@@ -52,9 +52,9 @@ class ServerTest : public ::testing::Test {
 };
 
 /// As much of a host as the start of the add-in asks for: it takes the published object.
-class HostApplication : public host::Automated<HostApplication> {
+class HostApplication : public automation::Automated<HostApplication> {
   public:
-    static const host::Members<HostApplication>& members();
+    static const automation::Members<HostApplication>& members();
 
     Value published;
     std::vector<Text> asked;  ///< names of add-ins

@@ -49,7 +49,7 @@ bool is_there(HKEY root, const Text& path) {
     return there;
 }
 
-const Text class_id = host::from_utf8(connect_class_spelling);
+const Text class_id = automation::from_utf8(connect_class_spelling);
 const Text class_path = u"Software\\Classes\\CLSID\\" + class_id;
 const Text name_path = u"Software\\Classes\\CreateNote.Connect";
 const Text add_in_path = u"Software\\Microsoft\\Office\\Outlook\\Addins\\CreateNote.Connect";

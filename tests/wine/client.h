@@ -1,9 +1,9 @@
 // This test program as an automation client of the desk.
 #pragma once
 
-#include "windows/com/apartment.h"
-#include "windows/com/fault_watch.h"
-#include "windows/desktop/windows_desktop.h"
+#include "addin/server/desktop/windows_desktop.h"
+#include "automation/com/apartment.h"
+#include "automation/com/fault_watch.h"
 
 namespace wine {
 

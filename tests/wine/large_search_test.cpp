@@ -1,14 +1,14 @@
 // A search that finds many records, in the real window.
+#include "automation/com/platform.h"
+#include "forms/windows/common_controls.h"
 #include "tests/acceptance/note_dialog.h"
-#include "windows/com/platform.h"
-#include "windows/forms/common_controls.h"
 
 namespace wine {
 namespace {
 
 using acceptance::NoteDialog;
 using acceptance::World;
-using host::Object;
+using automation::Object;
 
 constexpr std::int32_t many = 1000;  // enough to find the search at work; more are for the bench
 

@@ -12,7 +12,7 @@ using acceptance::Lines;
 using acceptance::NoteDialog;
 using acceptance::Target;
 using acceptance::World;
-using host::Value;
+using automation::Value;
 using host::outlook::Item;
 
 class RegionalFormats : public acceptance::WithNoteDialog {};
@@ -21,12 +21,12 @@ class RegionalFormats : public acceptance::WithNoteDialog {};
 void add_contact_with_figures(World& world) {
     constexpr std::int32_t number = 3, date = 5;  // OlUserPropertyType
     const Item contact = acceptance::add_contact(world);
-    const auto add = [&](host::TextView name, std::int32_t type, const Value& value) {
+    const auto add = [&](automation::TextView name, std::int32_t type, const Value& value) {
         contact.UserProperties().Add(name, type, false).value(value);
     };
     add(u"Amount", number, 1234.5);
     add(u"Debt", number, -1234.5);
-    add(u"Day", date, host::to_date({2009, 12, 31, 22, 30, 0}));
+    add(u"Day", date, automation::to_date({2009, 12, 31, 22, 30, 0}));
     add(u"Share", number, 0.25);
     contact.Save();
 }
@@ -45,7 +45,7 @@ TEST_F(RegionalFormats, ShowFiguresAsTheUserIsUsedToThem) {
         acceptance::install(world, {target});
         NoteDialog& dialog = opened();
         dialog.search(u"People", u"Ann");
-        const auto shown = [](host::TextView text) { return acceptance::shown(text); };
+        const auto shown = [](automation::TextView text) { return acceptance::shown(text); };
         EXPECT_EQ(dialog.rows(), Lines{"Ann Lee|" + shown(one.amount) + "|" + shown(one.debt) + "|" +
                                        shown(one.date) + "|" + shown(one.share) + "||C-200"});
     }
@@ -63,14 +63,14 @@ TEST_F(RegionalQuickView, ShowsAndReadsDatesAsTheUserWritesThem) {
     const Case cases[] = {{"United States", 0x0409, "12/31/2009 10:30:00 PM"},
                           {"British", 0x0809, "31/12/2009 22:30:00"},
                           {"German", 0x0407, "31.12.2009 22:30:00"}};
-    const host::Date date = host::to_date({2009, 12, 31, 22, 30, 0});
+    const automation::Date date = automation::to_date({2009, 12, 31, 22, 30, 0});
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
         const windows::testing::RegionalSettings settings(one.locale);
         World& world = viewing();
-        const host::Object connect = world.connect();
+        const automation::Object connect = world.connect();
         connect.call(u"ShowMessage", {date});
-        const host::Object statuses = world.desk().get(u"Statuses").to_object();
+        const automation::Object statuses = world.desk().get(u"Statuses").to_object();
         EXPECT_EQ(acceptance::shown(statuses.call(u"Item", {1}).to_text()), one.date);
         constexpr std::int32_t as_text = 1;
         connect.call(u"SetKeyValue",
@@ -81,7 +81,7 @@ TEST_F(RegionalQuickView, ShowsAndReadsDatesAsTheUserWritesThem) {
 
         show_ann();
         Lines dates;  // of different seconds, the later one first
-        for (const host::TextView subject : {u"first", u"second"}) {
+        for (const automation::TextView subject : {u"first", u"second"}) {
             const Item record =
                 acceptance::add_record(world, u"Notes", u"IPM.Post.Note", subject, acceptance::keys_of_ann);
             const auto modified = [&] {

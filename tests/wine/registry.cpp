@@ -2,11 +2,11 @@
 
 #include <array>
 
-#include "windows/com/com_ptr.h"
+#include "automation/com/com_ptr.h"
 
 namespace wine {
 
-using host::Text;
+using automation::Text;
 using windows::wide;
 
 std::optional<Text> read_text(HKEY root, const Text& path, const Text& name) {

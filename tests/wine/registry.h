@@ -3,16 +3,18 @@
 
 #include <optional>
 
-#include "host/text.h"
-#include "windows/com/platform.h"
+#include "automation/com/platform.h"
+#include "automation/text.h"
 
 namespace wine {
 
 /// A text value; nothing if it isn't there. An empty name is the key's default value.
-std::optional<host::Text> read_text(HKEY root, const host::Text& path, const host::Text& name);
-void write_text(HKEY root, const host::Text& path, const host::Text& name, const host::Text& value);
+std::optional<automation::Text> read_text(HKEY root, const automation::Text& path,
+                                          const automation::Text& name);
+void write_text(HKEY root, const automation::Text& path, const automation::Text& name,
+                const automation::Text& value);
 
 /// Removes a key with all below it; one that isn't there is no failure.
-void remove_key(HKEY root, const host::Text& path);
+void remove_key(HKEY root, const automation::Text& path);
 
 }  // namespace wine

@@ -6,9 +6,9 @@
 #include <memory>
 #include <stdexcept>
 
+#include "automation/com/com_ptr.h"
 #include "tests/acceptance/quick_view.h"
 #include "tests/acceptance/search_panel.h"
-#include "windows/com/com_ptr.h"
 
 #include <psapi.h>
 
@@ -21,9 +21,9 @@ using acceptance::OpenedItem;
 using acceptance::Picker;
 using acceptance::SearchPanel;
 using acceptance::World;
-using host::Object;
-using host::TextView;
-using host::Value;
+using automation::Object;
+using automation::TextView;
+using automation::Value;
 using host::outlook::Item;
 
 struct CloseHandleOf {

@@ -7,18 +7,18 @@
 #include <fstream>
 #include <sstream>
 
-#include "core/settings.h"
+#include "addin/ground/settings.h"
+#include "automation/com/fault_watch.h"
 #include "tests/acceptance/world.h"
 #include "tests/wine/client.h"
 #include "tests/wine/registry.h"
-#include "windows/com/fault_watch.h"
 
 namespace wine {
 namespace {
 
 using acceptance::WorldSetup;
-using host::Text;
-using host::TextView;
+using automation::Text;
+using automation::TextView;
 namespace fs = std::filesystem;
 
 const Text desk_key = u"Software\\Tarnwell\\Desk";
@@ -62,7 +62,7 @@ class WorkFolder {
 /// A class that can't be made by its name while this lives.
 class LeftOutClass {
   public:
-    explicit LeftOutClass(const std::string& prog_id) : key_(host::from_utf8(prog_id) + u"\\CLSID") {
+    explicit LeftOutClass(const std::string& prog_id) : key_(automation::from_utf8(prog_id) + u"\\CLSID") {
         class_id_ = read_text(HKEY_CLASSES_ROOT, key_, {}).value_or(Text());
         remove_key(HKEY_CLASSES_ROOT, key_);
     }
@@ -165,7 +165,8 @@ class WineWorld : public acceptance::World {
             TerminateProcess(desk_.get(), 1);
         }
         const std::size_t own_faults = windows::FaultWatch::count() - own_faults_before_;
-        if (own_faults != 0) faults_told_ += "in the test: " + host::to_utf8(windows::FaultWatch::told());
+        if (own_faults != 0)
+            faults_told_ += "in the test: " + automation::to_utf8(windows::FaultWatch::told());
         EXPECT_EQ(faults_ + own_faults, expected_faults())
             << "mistakes of the program, of the desk's or of what they have loaded: " << faults_told_;
     }
@@ -182,7 +183,7 @@ class WineWorld : public acceptance::World {
         set(u"HostVersion", setup_.host_version);
         set(u"IndexedFolder", text_of(folder_.path() / "documents"));
         set(u"InstantSearch", setup_.instant_search ? u"1" : u"0");
-        set(u"EventOrder", host::from_utf8(setup_.event_order));
+        set(u"EventOrder", automation::from_utf8(setup_.event_order));
         set(u"Unattended", u"1");
         desk_ = start_desk();
         wait_for_log("ready");
@@ -207,10 +208,10 @@ class WineWorld : public acceptance::World {
     Text add_in_folder() override { return text_of(program_folder()); }
 
     Text write_file(const std::string& name, const std::string& bytes) override {
-        return write(folder_.path() / "files" / fs::path(host::from_utf8(name)), bytes);
+        return write(folder_.path() / "files" / fs::path(automation::from_utf8(name)), bytes);
     }
     Text write_document(const std::string& name, const std::string& bytes) override {
-        return write(folder_.path() / "documents" / fs::path(host::from_utf8(name)), bytes);
+        return write(folder_.path() / "documents" / fs::path(automation::from_utf8(name)), bytes);
     }
     bool file_exists(TextView path) override { return fs::exists(fs::path(path)); }
     void remove_file(TextView path) override { fs::remove(fs::path(path)); }

@@ -1,8 +1,8 @@
 // The world fails a test whose desk has died.
 #include <gtest/gtest-spi.h>
 
+#include "automation/com/platform.h"
 #include "tests/acceptance/world.h"
-#include "windows/com/platform.h"
 
 namespace wine {
 namespace {

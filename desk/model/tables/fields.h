@@ -4,14 +4,14 @@
 #include <cstdint>
 #include <span>
 
-#include "host/text.h"
+#include "automation/text.h"
 
 namespace desk::tables {
 
 enum class FieldType { text, integer, boolean, date, number };
 
 struct FieldRow {
-    host::TextView name;
+    automation::TextView name;
     std::int32_t id;  ///< dispatch id; below 0x8000 also the id of the MAPI property
     FieldType type;
     bool writable;

@@ -60,7 +60,7 @@ constexpr FormProperty list_definition[] = {
     {u"FieldType5", text},    {u"FieldType6", text},   {u"SearchFolder", text}};
 
 struct Form {
-    host::TextView message_class;
+    automation::TextView message_class;
     std::span<const FormProperty> properties;
 };
 constexpr Form forms[] = {
@@ -80,9 +80,10 @@ constexpr Form forms[] = {
 
 }  // namespace
 
-std::span<const FormProperty> form_of(host::TextView message_class) {
-    const auto found = std::ranges::find_if(
-        forms, [&](const Form& form) { return host::same_ignoring_case(form.message_class, message_class); });
+std::span<const FormProperty> form_of(automation::TextView message_class) {
+    const auto found = std::ranges::find_if(forms, [&](const Form& form) {
+        return automation::same_ignoring_case(form.message_class, message_class);
+    });
     return found == std::end(forms) ? std::span<const FormProperty>() : found->properties;
 }
 

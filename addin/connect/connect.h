@@ -1,0 +1,94 @@
+// The add-in object that the host loads. It holds every long-lived link to the host; what an event does
+// stands in the room that owns the work.
+#pragma once
+
+#include "addin/connect/discovery.h"
+#include "addin/ground/session.h"
+#include "addin/ground/steps.h"
+#include "addin/host/family.h"
+#include "addin/host/office.h"
+#include "addin/host/outlook.h"
+#include "automation/automated.h"
+#include "automation/events.h"
+
+namespace addin {
+
+/// The name under which the class is registered and published.
+inline constexpr automation::TextView connect_prog_id = u"CreateNote.Connect";
+
+class Connect : public automation::Automated<Connect> {
+  public:
+    explicit Connect(Session& session) : session_(session) {}
+
+    /// The operations that are published to the family, and the members that may be read and written from
+    /// outside.
+    static const automation::Members<Connect>& members();
+
+    /// The host connects the add-in. A failure leaves it unconnected, silently.
+    void IDTExtensibility2_OnConnection(const automation::Object& Application, std::int32_t ConnectMode,
+                                        const automation::Object& AddInInst);
+    void IDTExtensibility2_OnDisconnection(std::int32_t RemoveMode);
+    void IDTExtensibility2_OnAddInsUpdate();
+    void IDTExtensibility2_OnStartupComplete();
+    void IDTExtensibility2_OnBeginShutdown();
+
+    /// Lets go of everything, in a fixed order. Safe to run again.
+    void StopAddIn();
+
+    void FindFolder();
+    void FindNextFolder(const host::outlook::Folders& ofolders);
+
+    /// Opens the Search Panel on an item, or on none: the first makes a new panel, the second brings up its
+    /// own.
+    void ShowItemsMenu(const host::outlook::Item& Myitem);
+    void ShowItemsMenu2(const host::outlook::Item& Myitem);
+
+    /// A further main window is followed by a tracker of its own.
+    void goExplorers_NewExplorer(const host::outlook::Explorer& Explorer);
+    void RemoveExplorerTracker(std::int16_t anID);  ///< throws `Failure` if there is none of that number
+
+    /// Holds a button, or Nothing, in one of the members below; a click runs `click`.
+    void watch_button(automation::Sink Connect::*member, const automation::Object& control,
+                      void (*click)(Connect&));
+    void watch_inspector(const automation::Object& inspector);
+
+    Session& session() { return session_; }
+
+    // event sinks: each holds an object of the host and receives its events
+    automation::Sink goOutlook, goExplorers, goExplorer, goInspectors, goInspector;
+    automation::Sink goInbox, goCalendar, goTask, goContacts;
+    automation::Sink ActiveExplorerCBars;
+    automation::Sink goButton, OpenButton, OpenContactButton, ConvertContactButton, ConvertLeadButton;
+    automation::Sink EmailTemplateButton, DocumentTemplateButton, ExcelTemplateButton, SaveAsTemplateButton;
+    automation::Sink ApptButton1, ApptButton2, ApptButton3;
+    automation::Sink ContextButton, CreateNoteButton;
+
+    // plain members
+    host::office::CommandBarControl Control;  ///< last found or added in the "Context Menu" bar
+    host::office::CommandBar bar;             ///< the "Context Menu" bar while it is worked on
+    host::outlook::NameSpace goNameSpace;     ///< never assigned: code reaches the namespace anew
+    bool gExiting = false;                    ///< shutdown through the last window has run; never reset
+    bool GlobalCalendar = false;              ///< guard of the calendar's replicas
+    bool GlobalTask = false;                  ///< guard of the tasks' replicas
+    bool bFinished = false;                   ///< published; nothing here reads or writes it
+    DatabaseSearch search;                    ///< `SetDatabase` and `whoami`
+
+  private:
+    void StartAddIn(const automation::Object& Application, automation::TextView ProgId);
+    void wire_folder(automation::Sink& sink, std::int32_t number, std::vector<automation::Handler> handlers);
+    void watch(automation::Sink& sink, const automation::EventInterface& events,
+               const automation::Object& source, std::vector<automation::Handler> handlers = {});
+    void watch_application(const automation::Object& application);
+    void AddExplorerTracker(const host::outlook::Explorer& objExpl);
+    void first_run(Steps& steps, const host::family::MainAddIn& main_add_in);
+    void take_application();
+    void select_item(const host::outlook::Item& Myitem);
+
+    void goExplorer_Close();
+    void goOutlook_ItemSend(const host::outlook::Item& item);
+    void goOutlook_Quit();
+
+    Session& session_;
+};
+
+}  // namespace addin

@@ -1,0 +1,91 @@
+#include "automation/com/connection_point.h"
+
+#include "automation/com/failure.h"
+
+namespace windows {
+namespace {
+
+using automation::Access;
+using automation::Request;
+
+/// Whether an object has such events: it refuses an empty sink for what it has, and the events for what it
+/// hasn't.
+bool has_events(automation::Invocable& object, const automation::Guid& interface_id) {
+    Request request{
+        .access = Access::advise, .member = {}, .interface = interface_id, .sink = automation::Object()};
+    try {
+        object.invoke(request);
+    } catch (const automation::Failure& failure) {
+        return failure.number() == automation::result::invalid_argument;
+    }
+    return false;  // what accepts an empty sink doesn't know what it is asked
+}
+
+}  // namespace
+
+ConnectionPoint::ConnectionPoint(std::shared_ptr<Apartment> apartment,
+                                 std::shared_ptr<automation::Invocable> object, ComPtr<IDispatch> bridge,
+                                 const IID& interface_id)
+    : ComObject(apartment->module()),
+      apartment_(std::move(apartment)),
+      object_(std::move(object)),
+      bridge_(std::move(bridge)),
+      interface_id_(interface_id) {}
+
+ComPtr<IConnectionPoint> ConnectionPoint::create(std::shared_ptr<Apartment> apartment,
+                                                 std::shared_ptr<automation::Invocable> object,
+                                                 ComPtr<IDispatch> bridge, const IID& interface_id) {
+    if (!has_events(*object, from_guid(interface_id))) return {};
+    return ComPtr<IConnectionPoint>::attach(
+        new ConnectionPoint(std::move(apartment), std::move(object), std::move(bridge), interface_id));
+}
+
+void* ConnectionPoint::query(REFIID iid) noexcept {
+    return iid == IID_IUnknown || iid == IID_IConnectionPoint ? static_cast<IConnectionPoint*>(this)
+                                                              : nullptr;
+}
+
+HRESULT ConnectionPoint::GetConnectionInterface(IID* iid) noexcept {
+    if (!iid) return E_POINTER;
+    *iid = interface_id_;
+    return S_OK;
+}
+
+HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer** container) noexcept {
+    if (!container) return E_POINTER;
+    return bridge_->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(container));
+}
+
+HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
+    if (!sink || !cookie) return E_POINTER;
+    *cookie = 0;
+    const auto receiver = ComPtr<IUnknown>(sink).as<IDispatch>(interface_id_);
+    if (!receiver) return CONNECT_E_CANNOTCONNECT;
+    return guarded([&] {
+        Request request{.access = Access::advise,
+                        .member = {},
+                        .interface = from_guid(interface_id_),
+                        .sink = apartment_->adapt_sink(receiver.get())};
+        *cookie = static_cast<DWORD>(object_->invoke(request).to_integer());
+        return S_OK;
+    });
+}
+
+HRESULT ConnectionPoint::Unadvise(DWORD cookie) noexcept {
+    return guarded([&] {
+        Request request{.access = Access::unadvise,
+                        .member = {},
+                        .arguments = {static_cast<std::int32_t>(cookie)},
+                        .interface = from_guid(interface_id_)};
+        object_->invoke(request);
+        return S_OK;
+    });
+}
+
+HRESULT ConnectionPoint::EnumConnections(IEnumConnections** connections) noexcept {
+    if (!connections) return E_POINTER;
+    *connections = nullptr;
+    return E_NOTIMPL;
+}
+
+}  // namespace windows

@@ -1,0 +1,177 @@
+// desk.exe: a host with Outlook's object model, as a local server and as windows for a person.
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <utility>
+
+#include "automation/com/class_factory.h"
+#include "automation/com/failure.h"
+#include "automation/com/fault_watch.h"
+#include "desk/com/add_in_loader.h"
+#include "desk/com/desk_settings.h"
+#include "desk/com/desk_surroundings.h"
+#include "desk/model/ado.h"
+#include "desk/model/application.h"
+#include "desk/model/cdo.h"
+#include "desk/windows/desk_windows.h"
+#include "desk/windows/main_loop.h"
+#include "desk/windows/message_watch.h"
+#include "desk/windows/status_watch.h"
+
+namespace {
+
+using automation::Text;
+using automation::TextView;
+using windows::ComPtr;
+
+constexpr automation::Guid application_class =
+    automation::guid("{0006F03A-0000-0000-C000-000000000046}");  // Outlook.Application
+constexpr automation::Guid cdo_session_class =
+    automation::guid("{3FA7DEB3-6438-101B-ACC1-00AA00423326}");  // MAPI.Session
+// The classes of the desk's own that ADODB's names lead to where the desk is installed.
+constexpr automation::Guid ado_connection_class = automation::guid("{5B0C9A1E-2F64-4D0B-8E57-91C3A7D46F10}");
+constexpr automation::Guid ado_recordset_class = automation::guid("{5B0C9A1F-2F64-4D0B-8E57-91C3A7D46F10}");
+constexpr DWORD longest_wait_for_database = 15000, wait_step = 50;  // milliseconds
+
+/// Lines for whoever wants to know what the desk does; each is written at once.
+class LogFile {
+  public:
+    explicit LogFile(const Text& path)
+        : file_(path.empty() ? nullptr : _wfopen(windows::wide(path), L"ab")) {}
+    ~LogFile() {
+        if (file_) std::fclose(file_);
+    }
+    LogFile(const LogFile&) = delete;
+    LogFile& operator=(const LogFile&) = delete;
+
+    void line(TextView text) {
+        if (!file_) return;
+        const std::string bytes = automation::to_utf8(text) + "\n";
+        std::fwrite(bytes.data(), 1, bytes.size(), file_);
+        std::fflush(file_);
+    }
+
+  private:
+    FILE* file_;
+};
+
+/// COM for this thread, with drag and drop.
+class Com {
+  public:
+    Com() { OleInitialize(nullptr); }
+    ~Com() { OleUninitialize(); }
+    Com(const Com&) = delete;
+    Com& operator=(const Com&) = delete;
+};
+
+/// Opens the database. A desk that is just ending may hold it for a moment.
+std::unique_ptr<desk::Store> open_store(const Text& path) {
+    const ULONGLONG last_moment = GetTickCount64() + longest_wait_for_database;
+    return desk::Store::open_when_free(std::filesystem::path(path), [last_moment] {
+        Sleep(wait_step);
+        return GetTickCount64() < last_moment;
+    });
+}
+
+/// The class object while the desk takes callers.
+class ServedClass {
+  public:
+    /// `make` gives each caller its object.
+    ServedClass(windows::Module& module, const automation::Guid& class_id,
+                const std::shared_ptr<windows::Apartment>& apartment,
+                std::function<std::shared_ptr<automation::Invocable>()> make) {
+        factory_ = windows::ClassFactory::create(module, [apartment, make = std::move(make)] {
+            return ComPtr<IUnknown>(apartment->bridge(make()).get());
+        });
+        windows::check(CoRegisterClassObject(windows::to_guid(class_id), factory_.get(), CLSCTX_LOCAL_SERVER,
+                                             REGCLS_MULTIPLEUSE, &cookie_));
+    }
+    ~ServedClass() { revoke(); }
+    ServedClass(const ServedClass&) = delete;
+    ServedClass& operator=(const ServedClass&) = delete;
+
+    void revoke() {
+        if (cookie_ != 0) CoRevokeClassObject(std::exchange(cookie_, 0));
+    }
+
+  private:
+    ComPtr<IClassFactory> factory_;
+    DWORD cookie_ = 0;
+};
+
+void run(const desk::DeskSettings& settings, LogFile& log) {
+    windows::Module module;  // outlives what clients still hold when COM is left
+    const Com com;
+    const auto apartment =
+        windows::Apartment::create(module, u"Outlook", std::make_shared<windows::BridgeCounter>());
+    desk::DeskSurroundings surroundings(settings, apartment);
+    desk::Desk desk(surroundings, open_store(settings.database), settings.options);
+    desk::MainLoop loop;
+    desk::MessageWatch messages(desk);
+    desk::StatusWatch status(desk);
+    desk::DeskWindows desk_windows(desk, module);
+    desk::AddInLoader add_ins(desk, apartment, [&log](TextView text) { log.line(text); });
+
+    surroundings.hooks.wake = [&loop] { loop.wake(); };
+    surroundings.hooks.pump = [&loop](std::int32_t time) {
+        loop.pump(static_cast<DWORD>(std::max(time, 0)));
+    };
+    surroundings.hooks.post = [&loop](std::function<void()> action) { loop.post(std::move(action)); };
+    surroundings.hooks.changed = [&loop] { loop.change(); };
+    surroundings.hooks.came_up = [&desk_windows] { desk_windows.follow(); };
+    surroundings.hooks.connect_add_in = [&add_ins](TextView name, bool connect) {
+        add_ins.connect(name, connect);
+    };
+    loop.on_wake = [&desk] { desk.yield(); };
+    loop.on_change = [&desk_windows] { desk_windows.follow(); };
+    loop.on_tick = [&messages] { messages.look(); };
+
+    ServedClass served(module, application_class, apartment, [&desk] { return desk.application(); });
+    const ServedClass served_cdo(module, cdo_session_class, apartment,
+                                 [&desk] { return std::make_shared<desk::CdoSession>(desk); });
+    const ServedClass served_connection(module, ado_connection_class, apartment,
+                                        [&desk] { return std::make_shared<desk::AdoConnection>(desk); });
+    const ServedClass served_recordset(module, ado_recordset_class, apartment,
+                                       [&desk] { return std::make_shared<desk::AdoRecordset>(desk); });
+    surroundings.hooks.quit = [&] {
+        served.revoke();  // who asks for an application from now on gets a new one
+        loop.ask_to_quit();
+    };
+    loop.on_quit = [&] {
+        add_ins.begin_shutdown();
+        desk.application()->raise(u"Quit");
+        add_ins.disconnect_all();
+        loop.end();
+    };
+
+    desk_windows.follow();
+    add_ins.load_all();
+    log.line(u"process " + automation::to_text(static_cast<long long>(GetCurrentProcessId())));
+    log.line(u"ready");
+    loop.run();
+    surroundings.hooks = {};
+    desk_windows.close_all();
+    log.line(u"live at the end: " +
+             automation::to_text(static_cast<long long>(apartment->counter()->live_in_all())));
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    const desk::DeskSettings settings = desk::read_settings();
+    LogFile log(settings.log_file);
+    const windows::FaultWatch faults;
+    try {
+        run(settings, log);
+        log.line(u"faults: " + windows::FaultWatch::told());
+        log.line(u"ended");
+        return 0;
+    } catch (const std::exception& failure) {
+        log.line(u"failed: " + automation::from_utf8(failure.what()));
+        if (!settings.options.unattended) {
+            MessageBoxW(nullptr, windows::wide(automation::from_utf8(failure.what())), L"Desk", MB_ICONERROR);
+        }
+        return 1;
+    }
+}

@@ -1,6 +1,0 @@
-// The system's headers of controls, in the order that they need.
-#pragma once
-
-#include "windows/com/com_ptr.h"
-
-#include <commctrl.h>
