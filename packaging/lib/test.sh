@@ -29,9 +29,43 @@ run_ctest() {
     count "$name" "$good" "$((all - good))"
 }
 
+native_programs=(unit_tests acceptance_tests)
+
+# run_native NAME FOLDER [FILTER]: the native tests of one build, all or those that a filter of the test programs names. CTest
+# runs the programs in shares, so what is counted is the programs' own lines: a test has passed if it says so itself.
+run_native() {
+    local name=$1 folder=$2 log=$BUILD/logs/ctest-$1.log program all=0 good
+    export GTEST_FILTER=${3:-*}
+    for program in "${native_programs[@]}"; do
+        [[ -z ${3:-} || -x $folder/bin/$program ]] || continue
+        all=$((all + $("$folder/bin/$program" --gtest_list_tests | grep -c '^  ' || true)))
+    done
+    [[ -n ${3:-} ]] || all=$((all + $(ctest --test-dir "$folder" -N -R '^fuzz_' | grep -c '^ *Test *#')))
+    (unlocked ctest --test-dir "$folder" ${3:+-R _tests-} --verbose --timeout 1200 -j "$(nproc)") >"$log" 2>&1 || true
+    unset GTEST_FILTER
+    good=$(grep -cE '\[       OK \]|Test *#[0-9]+: fuzz_.* Passed ' "$log" || true)
+    ((good == all)) || show_failed_tests "$log"
+    ((all > 0)) || all=1 # none is a failure
+    count "$name" "$good" "$((all - good))"
+}
+
+# show_failed_tests LOG: what the tests said that have failed, and the one in which a share broke off. Each line bears the
+# number of its share.
+show_failed_tests() {
+    awk '
+        { share = $1 }
+        /\[ RUN      \]/ { said[share] = "" }
+        share in said { said[share] = said[share] $0 "\n" }
+        /\[       OK \]/ { delete said[share] }
+        share in said && /\[  FAILED  \]/ { printf "%s", said[share]; delete said[share] }
+        /^ *[0-9]+\/[0-9]+ Test .*\*\*\*/ { print }
+        END { for (share in said) printf "%s%s the share ended in this test, and what came after it was not run\n", said[share], share }' \
+        "$1" >&2
+}
+
 # The tests that were built for Windows, as many at a time as there are lanes: what such a test does most is wait.
 run_wine_tests() {
-    local lane lanes=(script second)
+    local lane lanes=(script second third fourth)
     local TARNWELL_PICTURES= TARNWELL_LANES=$BUILD/lanes
     # The surroundings of Wine end with this suite: the suites after it start their own.
     local HOME=${HOME:-} DISPLAY=${DISPLAY:-} XAUTHORITY=${XAUTHORITY:-} WINEPREFIX= WINEARCH= WINEDLLOVERRIDES= WINEDEBUG=
@@ -120,95 +154,6 @@ run_shell_tests() {
     count "the command line" "$good" "$bad"
 }
 
-# our_sources SUFFIX...: the tree's own files with these endings, relative to the root.
-our_sources() {
-    local suffix patterns=()
-    for suffix in "$@"; do patterns+=(-o -name "*.$suffix"); done
-    (cd "$ROOT" && find addin automation bench desk family forms fuzz tests -type f \( "${patterns[@]:1}" \) | LC_ALL=C sort)
-}
-
-check_format() {
-    local files log=$BUILD/logs/format.log file good=0 bad=0
-    mapfile -t files < <(our_sources cpp h)
-    for file in "${files[@]}"; do
-        if (cd "$ROOT" && clang-format --dry-run --Werror "$file") >"$log" 2>&1; then
-            good=$((good + 1))
-        else
-            bad=$((bad + 1))
-            say "$file is not formatted as .clang-format says"
-        fi
-    done
-    count "formatting" "$good" "$bad"
-}
-
-# tidy_units BUILD: for each source file that a build compiles, a hash of all that decides about its findings: its text and
-# that of each header of ours below it, the configuration, the tool. As lines of hash, build and file.
-tidy_units() {
-    local build=$1 tool unit sums
-    tool=$(clang-tidy --version | sha256sum && sha256sum <"$ROOT/.clang-tidy")
-    (cd "$BUILD/$build" && ninja -t deps) | awk -v root="$ROOT/" '
-        /^[^ ].*: #deps / { unit = ""; next }
-        /^ / {
-            path = $0; sub(/^ +/, "", path); sub(/^(\.\.\/)+/, root, path)
-            if (index(path, root) != 1) next
-            path = substr(path, length(root) + 1)
-            if (path ~ /^(build|node_modules)\//) next
-            if (unit == "") { unit = path }
-            print unit "\t" path
-        }' | LC_ALL=C sort -u >"$BUILD/tidy/deps"
-    cut -f 2 "$BUILD/tidy/deps" | LC_ALL=C sort -u | (cd "$ROOT" && xargs -d '\n' sha256sum) >"$BUILD/tidy/sums"
-    awk -F '\t' 'NR == FNR { split($0, part, "  "); sum[part[2]] = part[1]; next }
-        { all[$1] = all[$1] sum[$2] }
-        END { for (unit in all) if (unit ~ /\.cpp$/) print unit "\t" all[unit] }' "$BUILD/tidy/sums" "$BUILD/tidy/deps" |
-        LC_ALL=C sort | while IFS=$'\t' read -r unit sums; do
-        printf '%s %s %s\n' "$(sha256sum <<<"$tool$sums" | cut -c 1-64)" "$build" "$unit"
-    done
-}
-
-# tidy_one HASH BUILD FILE: looks at one file; a clean one is remembered. Clang needs to be told where MinGW's library is.
-tidy_one() {
-    local hash=$1 build=$2 unit=$3 extra=() headers
-    if [[ $build == x64 ]]; then
-        extra=(--extra-arg=--target=x86_64-w64-mingw32)
-        for headers in /usr/lib/gcc/x86_64-w64-mingw32/*-posix/include/c++{,/x86_64-w64-mingw32}; do
-            extra+=("--extra-arg=-isystem$headers")
-        done
-    fi
-    cd "$ROOT" || return
-    clang-tidy --quiet -p "$BUILD/$build" "${extra[@]}" "$unit" >"$BUILD/tidy/logs/$hash" 2>&1 || return 0
-    : >"$BUILD/tidy/clean/$hash"
-}
-
-# Clang's checks, for what has changed since it was last found clean: the native build's files, then those that only the
-# Windows build has.
-check_tidy() {
-    local hash build unit good=0 bad=0 pending=() line seen=" "
-    mkdir -p "$BUILD/tidy/clean" "$BUILD/tidy/logs"
-    while read -r hash build unit; do
-        [[ $seen != *" $unit "* ]] || continue
-        seen+="$unit "
-        if [[ -f $BUILD/tidy/clean/$hash ]]; then good=$((good + 1)); else pending+=("$hash $build $unit"); fi
-    done < <(tidy_units native && tidy_units x64)
-    if ((${#pending[@]} > 0)); then
-        say "clang-tidy looks at ${#pending[@]} changed files"
-        printf '%s\n' "${pending[@]}" >"$BUILD/tidy/pending"
-        export BUILD ROOT
-        export -f tidy_one
-        with_progress "clang-tidy" "$BUILD/logs/tidy.log" xargs -P "$(nproc)" -L 1 -a "$BUILD/tidy/pending" \
-            bash -c 'tidy_one "$1" "$2" "$3" && echo "$3"' tidy || true
-    fi
-    for line in "${pending[@]}"; do
-        read -r hash build unit <<<"$line"
-        if [[ -f $BUILD/tidy/clean/$hash ]]; then good=$((good + 1)); else
-            bad=$((bad + 1))
-            grep -E '(error|warning):' "$BUILD/tidy/logs/$hash" || tail -n 5 "$BUILD/tidy/logs/$hash"
-        fi
-    done > >(LC_ALL=C sort -u >&2) # a header's finding comes once for each file that includes it
-    wait $!
-    ((good + bad > 0)) || bad=1
-    count "clang-tidy" "$good" "$bad"
-}
-
 test_command() {
     local tidy=1
     while (($# > 0)); do
@@ -222,9 +167,9 @@ test_command() {
     export TARNWELL_PREPARED=1 TARNWELL_DATABASES=$BUILD/databases TARNWELL_MAILS=$ROOT/data/sample/mails
 
     say "native tests"
-    run_ctest native "$BUILD/native" "$(nproc)"
+    run_native native "$BUILD/native"
     say "the same with address and undefined-behaviour sanitizers"
-    run_ctest sanitized "$BUILD/sanitized" "$(nproc)"
+    run_native sanitized "$BUILD/sanitized"
     say "formatting"
     check_format
     if [[ -n $tidy ]]; then

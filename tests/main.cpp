@@ -1,0 +1,26 @@
+// Runs a program of native tests. With sanitizers each test answers for its own leaks: at the end of the
+// process nobody could tell any more whose they were.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#ifdef TARNWELL_SANITIZE
+#include <sanitizer/lsan_interface.h>
+
+namespace {
+
+class LeakCheck : public testing::EmptyTestEventListener {
+    void OnTestEnd(const testing::TestInfo&) override {
+        if (__lsan_do_recoverable_leak_check() != 0) ADD_FAILURE() << "The test leaks; the report is above.";
+    }
+};
+
+}  // namespace
+#endif
+
+int main(int count, char** arguments) {
+    testing::InitGoogleMock(&count, arguments);
+#ifdef TARNWELL_SANITIZE
+    testing::UnitTest::GetInstance()->listeners().Append(new LeakCheck);  // which becomes the owner
+#endif
+    return RUN_ALL_TESTS();
+}
