@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "desk/model/add_ins.h"
-#include "desk/model/application.h"
+#include "desk/office/add_ins.h"
+#include "desk/outlook/application.h"
 
 namespace desk {
 

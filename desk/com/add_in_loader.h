@@ -6,7 +6,7 @@
 
 #include "automation/com/apartment.h"
 #include "automation/com/extensibility.h"
-#include "desk/model/desk.h"
+#include "desk/base/desk.h"
 
 namespace desk {
 

@@ -1,7 +1,7 @@
 // How the desk is to start: what `./tarnwell` wrote for it into the registry.
 #pragma once
 
-#include "desk/model/desk.h"
+#include "desk/base/desk.h"
 
 namespace desk {
 

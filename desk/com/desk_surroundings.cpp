@@ -7,8 +7,8 @@
 #include <map>
 
 #include "automation/com/failure.h"
-#include "desk/windows/screen_picture.h"
-#include "desk/windows/window_driver.h"
+#include "desk/driver/screen_picture.h"
+#include "desk/driver/window_driver.h"
 
 namespace desk {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "desk/model/surroundings.h"
+#include "desk/base/surroundings.h"
 
 namespace desk {
 

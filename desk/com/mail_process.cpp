@@ -7,7 +7,7 @@
 
 #include "automation/com/com_ptr.h"
 #include "desk/mail/message.h"
-#include "desk/model/item_file.h"
+#include "desk/outlook/item_file.h"
 
 namespace desk {
 

@@ -8,16 +8,16 @@
 #include "automation/com/class_factory.h"
 #include "automation/com/failure.h"
 #include "automation/com/fault_watch.h"
+#include "desk/cdo/cdo.h"
 #include "desk/com/add_in_loader.h"
 #include "desk/com/desk_settings.h"
 #include "desk/com/desk_surroundings.h"
-#include "desk/model/ado.h"
-#include "desk/model/application.h"
-#include "desk/model/cdo.h"
+#include "desk/driver/message_watch.h"
+#include "desk/driver/status_watch.h"
+#include "desk/outlook/application.h"
+#include "desk/search/ado.h"
 #include "desk/windows/desk_windows.h"
 #include "desk/windows/main_loop.h"
-#include "desk/windows/message_watch.h"
-#include "desk/windows/status_watch.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "desk/model/command_bars.h"
+#include "desk/office/command_bars.h"
 #include "desk/windows/faces.h"
 #include "forms/windows/common_controls.h"
 

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "desk/model/command_bars.h"
+#include "desk/office/command_bars.h"
 #include "forms/windows/common_controls.h"
 
 namespace desk {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "desk/model/explorers.h"
-#include "desk/model/inspectors.h"
+#include "desk/outlook/explorers.h"
+#include "desk/outlook/inspectors.h"
 #include "desk/windows/explorer_window.h"
 #include "desk/windows/inspector_window.h"
 

@@ -4,7 +4,7 @@
 #include <map>
 #include <memory>
 
-#include "desk/model/desk.h"
+#include "desk/base/desk.h"
 #include "desk/windows/host_frame.h"
 
 namespace desk {

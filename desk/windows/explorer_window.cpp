@@ -4,8 +4,8 @@
 #include <array>
 #include <span>
 
-#include "desk/model/desk.h"
-#include "desk/model/item.h"
+#include "desk/base/desk.h"
+#include "desk/outlook/item.h"
 #include "desk/windows/context_menu.h"
 #include "desk/windows/shown_value.h"
 

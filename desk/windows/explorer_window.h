@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "desk/model/explorers.h"
+#include "desk/outlook/explorers.h"
 #include "desk/windows/host_frame.h"
 
 namespace desk {

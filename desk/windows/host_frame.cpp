@@ -1,6 +1,6 @@
 #include "desk/windows/host_frame.h"
 
-#include "desk/model/desk.h"
+#include "desk/base/desk.h"
 #include "desk/windows/new_items.h"
 
 namespace desk {

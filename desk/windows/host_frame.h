@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "desk/model/host_window.h"
+#include "desk/outlook/host_window.h"
 #include "desk/windows/bar_strip.h"
 #include "desk/windows/item_drag.h"
 #include "desk/windows/window.h"

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "desk/model/inspectors.h"
+#include "desk/outlook/inspectors.h"
 #include "desk/windows/host_frame.h"
 
 namespace desk {

@@ -1,7 +1,7 @@
 #include "desk/windows/item_drag.h"
 
 #include "automation/com/failure.h"
-#include "desk/windows/dragged.h"
+#include "desk/driver/dragged.h"
 
 namespace desk {
 

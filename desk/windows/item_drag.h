@@ -5,7 +5,7 @@
 
 #include "automation/com/com_object.h"
 #include "automation/com/com_ptr.h"
-#include "desk/model/explorers.h"
+#include "desk/outlook/explorers.h"
 #include "forms/windows/common_controls.h"
 
 namespace desk {

@@ -1,7 +1,7 @@
 #include "desk/windows/main_loop.h"
 
 #include "automation/com/failure.h"
-#include "desk/windows/named_window.h"
+#include "desk/driver/named_window.h"
 
 namespace desk {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <iterator>
 
-#include "desk/model/desk.h"
-#include "desk/model/folder.h"
-#include "desk/model/item_kinds.h"
+#include "desk/base/desk.h"
+#include "desk/outlook/folder.h"
+#include "desk/outlook/item_kinds.h"
 
 namespace desk {
 namespace {

@@ -1,7 +1,7 @@
 // How a field of an item is shown to a person.
 #pragma once
 
-#include "desk/model/item_kinds.h"
+#include "desk/outlook/item_kinds.h"
 
 namespace desk {
 

@@ -1,6 +1,6 @@
 #include "tests/native/boundary.h"
 
-#include "desk/model/base.h"
+#include "desk/base/base.h"
 #include "family/list_picker.h"
 #include "family/main_add_in.h"
 #include "family/reports_host.h"

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "automation/object.h"
-#include "desk/model/surroundings.h"
+#include "desk/base/surroundings.h"
 
 namespace native {
 

@@ -1,7 +1,7 @@
 // The windows that are kept in memory, as the desk's surface drives them.
 #pragma once
 
-#include "desk/model/window_driver.h"
+#include "desk/base/window_driver.h"
 #include "tests/native/memory_forms.h"
 
 namespace native {

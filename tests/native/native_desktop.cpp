@@ -4,9 +4,9 @@
 #include <filesystem>
 
 #include "addin/host/shell.h"
-#include "desk/model/ado.h"
-#include "desk/model/application.h"
-#include "desk/model/cdo.h"
+#include "desk/cdo/cdo.h"
+#include "desk/outlook/application.h"
+#include "desk/search/ado.h"
 #include "family/create.h"
 #include "tests/native/formats.h"
 #include "tests/native/ini_file.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "addin/host/desktop.h"
-#include "desk/model/desk.h"
+#include "desk/base/desk.h"
 #include "tests/native/boundary.h"
 #include "tests/native/family_surroundings.h"
 #include "tests/native/memory_registry.h"

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "desk/model/surroundings.h"
+#include "desk/base/surroundings.h"
 #include "tests/native/boundary.h"
 #include "tests/native/memory_driver.h"
 #include "tests/native/shell.h"

@@ -4,8 +4,8 @@
 #include <fstream>
 
 #include "addin/ground/settings.h"
-#include "desk/model/add_ins.h"
-#include "desk/model/application.h"
+#include "desk/office/add_ins.h"
+#include "desk/outlook/application.h"
 #include "desk/tools/database/sample_data.h"
 
 namespace native {

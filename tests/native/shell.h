@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "automation/automated.h"
-#include "desk/model/surroundings.h"
+#include "desk/base/surroundings.h"
 
 namespace native {
 

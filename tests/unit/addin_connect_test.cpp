@@ -1,8 +1,8 @@
 // The add-in object: what it publishes, what it holds after its start and after its end.
 #include <gtest/gtest.h>
 
-#include "desk/model/application.h"
-#include "desk/model/command_bars.h"
+#include "desk/office/command_bars.h"
+#include "desk/outlook/application.h"
 #include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
 

@@ -1,8 +1,8 @@
 // The desktop search, as an automation client asks it.
 #include <algorithm>
 
-#include "desk/model/ado.h"
-#include "desk/model/select_query.h"
+#include "desk/search/ado.h"
+#include "desk/search/select_query.h"
 #include "tests/unit/model_support.h"
 
 namespace model_tests {

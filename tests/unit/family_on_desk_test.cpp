@@ -1,9 +1,9 @@
 // The family asks a host's real object model here, not small fakes.
 #include <gmock/gmock.h>
 
-#include "desk/model/application.h"
-#include "desk/model/desk.h"
-#include "desk/model/item.h"
+#include "desk/base/desk.h"
+#include "desk/outlook/application.h"
+#include "desk/outlook/item.h"
 #include "family/create.h"
 #include "family_fakes.h"
 #include "store_support.h"

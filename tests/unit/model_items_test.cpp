@@ -1,5 +1,5 @@
 #include "addin/host/item_classes.h"
-#include "desk/model/item_kinds.h"
+#include "desk/outlook/item_kinds.h"
 #include "tests/unit/model_support.h"
 
 namespace model_tests {

@@ -6,7 +6,7 @@
 #include <map>
 #include <set>
 
-#include "desk/model/item_kinds.h"
+#include "desk/outlook/item_kinds.h"
 #include "desk/tools/database/sample_data.h"
 #include "mail_support.h"
 

@@ -1,8 +1,8 @@
 // Items that are dragged out of the list of a main window, with a real mouse as far as the system goes.
 #include <functional>
 
-#include "desk/model/item.h"
-#include "desk/windows/dragged.h"
+#include "desk/driver/dragged.h"
+#include "desk/outlook/item.h"
 #include "forms/windows/drop_target.h"
 #include "tests/windows/desk_windows_fixture.h"
 #include "tests/windows/hand.h"

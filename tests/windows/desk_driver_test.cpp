@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "automation/failure.h"
+#include "desk/driver/window_driver.h"
 #include "desk/windows/main_loop.h"
-#include "desk/windows/window_driver.h"
 #include "forms/windows/drop_target.h"
 #include "tests/windows/desk_sample_window.h"
 

@@ -3,7 +3,7 @@
 #include "addin/host/host_events.h"
 #include "addin/server/desktop/windows_desktop.h"
 #include "automation/events.h"
-#include "desk/model/item.h"
+#include "desk/outlook/item.h"
 #include "tests/windows/desk_windows_fixture.h"
 #include "tests/windows/hand.h"
 

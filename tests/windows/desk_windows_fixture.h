@@ -6,15 +6,15 @@
 #include <array>
 #include <filesystem>
 
-#include "desk/model/application.h"
-#include "desk/model/command_bars.h"
-#include "desk/model/explorers.h"
-#include "desk/model/inspectors.h"
+#include "desk/driver/named_window.h"
+#include "desk/office/command_bars.h"
+#include "desk/outlook/application.h"
+#include "desk/outlook/explorers.h"
+#include "desk/outlook/inspectors.h"
 #include "desk/windows/desk_windows.h"
 #include "desk/windows/explorer_window.h"
 #include "desk/windows/inspector_window.h"
 #include "desk/windows/main_loop.h"
-#include "desk/windows/named_window.h"
 #include "forms/windows/form_control.h"
 
 namespace desk_tests {

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "desk/windows/screen_picture.h"
+#include "desk/driver/screen_picture.h"
 #include "forms/windows/drawing.h"
 #include "forms/windows/form_control.h"
 #include "tests/windows/forms_stage.h"

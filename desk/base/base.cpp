@@ -1,0 +1,55 @@
+#include "desk/base/base.h"
+
+#include "desk/base/desk.h"
+#include "desk/outlook/application.h"
+#include "desk/outlook/name_space.h"
+
+namespace desk {
+
+using automation::Arguments;
+using automation::Use;
+using automation::Value;
+
+namespace {
+
+/// Counts what is being told, whatever way the telling ends.
+class Telling {
+  public:
+    explicit Telling(int& count) : count_(count) { ++count_; }
+    ~Telling() { --count_; }
+    Telling(const Telling&) = delete;
+    Telling& operator=(const Telling&) = delete;
+
+  private:
+    int& count_;
+};
+
+}  // namespace
+
+void ModelBase::raise(automation::TextView event, std::vector<Value> arguments) {
+    raise_with_answer(event, arguments);
+}
+
+void ModelBase::raise_with_answer(automation::TextView event, std::vector<Value>& arguments) {
+    desk_.moment_comes(event);
+    const Telling telling(desk_.telling());
+    subscriptions_.raise(event, arguments);
+}
+
+void ModelBase::observe(const automation::Request& request, automation::TextView member) const {
+    if (request.access != automation::Access::identify) desk_.check_faults(class_name(), member);
+}
+
+const automation::Members<ModelBase>& ModelBase::common_members() {
+    static const automation::Members<ModelBase> table{
+        {u"Application", 0xF000, Use::get,
+         [](ModelBase& self, const Arguments&) { return Value(self.desk().application()->self()); }},
+        {u"Class", 0xF00A, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.number()); }},
+        {u"Session", 0xF00B, Use::get,
+         [](ModelBase& self, const Arguments&) { return Value(self.desk().name_space()->self()); }},
+        {u"Parent", 0xF001, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.parent()); }},
+    };
+    return table;
+}
+
+}  // namespace desk

@@ -1,0 +1,219 @@
+#include "desk/office/command_bar_control.h"
+
+#include <algorithm>
+
+#include "desk/base/desk.h"
+#include "desk/base/host_event_tables.h"
+#include "desk/base/kept.h"
+#include "desk/office/command_bars.h"
+
+namespace desk {
+
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
+
+Object CommandBarControl::parent() const {
+    const auto owner = bar();
+    return owner ? owner->self() : Object();
+}
+
+EventInterfaces CommandBarControl::event_interfaces() const { return events::button; }
+
+Value CommandBarControl::invoke(automation::Request& request) {
+    if (deleted_ && is_use(request)) throw Failure(result::object_deleted, u"The control was deleted.");
+    return ModelObject::invoke(request);
+}
+
+void CommandBarControl::kept_changed() {
+    if (const auto owner = bar()) owner->kept_changed();
+}
+
+std::int32_t CommandBarControl::index() const {
+    const auto owner = bar();
+    if (!owner) return 0;
+    const auto own = std::ranges::find(owner->controls, this, &std::shared_ptr<CommandBarControl>::get);
+    return static_cast<std::int32_t>(own - owner->controls.begin()) + 1;
+}
+
+void CommandBarControl::end() {
+    deleted_ = true;
+    end_window();
+}
+
+void CommandBarControl::end_window() {
+    action = nullptr;
+    subscriptions().clear();
+}
+
+void CommandBarControl::remove() {
+    const auto alive = shared_from_this();
+    if (const auto owner = bar()) {
+        std::erase(owner->controls, alive);
+        owner->kept_changed();
+    }
+    end();
+}
+
+void CommandBarControl::move_to(CommandBar& target, const Value& before) {
+    const auto alive = shared_from_this();
+    target.check_may_change();
+    target.check_place(before);
+    if (const auto owner = bar()) {
+        std::erase(owner->controls, alive);
+        owner->kept_changed();
+    }
+    target.insert(alive, before);
+    bar_ = target.weak_from_this();
+}
+
+std::shared_ptr<CommandBarControl> CommandBarControl::copy_to(CommandBar& target, const Value& before) const {
+    auto twin = std::make_shared<CommandBarControl>(desk(), target.weak_from_this(), temporary);
+    twin->id = id;
+    twin->caption = caption;
+    twin->tag = tag;
+    twin->on_action = on_action;
+    twin->parameter = parameter;
+    twin->tool_tip = tool_tip;
+    twin->description = description;
+    twin->shortcut = shortcut;
+    twin->style = style;
+    twin->face_id = face_id;
+    twin->priority = priority;
+    twin->visible = visible;
+    twin->enabled = enabled;
+    twin->begin_group = begin_group;
+    twin->action = action;
+    target.check_may_change();
+    target.insert(twin, before);
+    return twin;
+}
+
+bool CommandBarControl::press() {
+    if (deleted_) throw Failure(result::object_deleted, u"The control was deleted.");
+    if (!enabled || !visible) return false;
+    const auto alive = shared_from_this();
+    const auto own_bar = bar();
+    const auto bars = own_bar ? own_bar->owner() : nullptr;
+    if (bars) bars->pressed.push_back(alive);
+    std::vector<Value> arguments{Value(self()), false};
+    raise_with_answer(u"Click", arguments);
+    if (bars) bars->pressed.pop_back();
+    const bool cancelled = arguments[1].to_boolean();
+    if (!cancelled && action) {
+        const std::function<void()> own_action = action;  // it may end the control
+        own_action();
+    }
+    return cancelled;
+}
+
+namespace {
+
+/// The bar that `Copy` and `Move` lead to: the one given, or the control's own.
+CommandBar& target_of(const CommandBarControl& control, const Value& given) {
+    if (given.is_missing()) {
+        const auto own = control.bar();
+        if (own) return *own;
+    } else if (const auto bar = std::dynamic_pointer_cast<CommandBar>(given.to_object().target())) {
+        return *bar;
+    }
+    throw Failure(result::type_mismatch, u"A command bar is expected.");
+}
+
+}  // namespace
+
+const automation::Members<CommandBarControl>& CommandBarControl::members() {
+    using Self = CommandBarControl;
+    static const std::vector<automation::Parameter> where{{u"Bar", Takes::value, true},
+                                                          {u"Before", Takes::value, true}};
+    static const automation::Members<Self> table{
+        {u"Caption", 0x60040003, Use::get_put, kept<&Self::caption>},
+        {u"Tag", 0x60040023, Use::get_put, kept<&Self::tag>},
+        {u"OnAction", 0x6004001A, Use::get_put, kept<&Self::on_action>},
+        {u"Parameter", 0x6004001D, Use::get_put, kept<&Self::parameter>},
+        {u"TooltipText", 0x60040025, Use::get_put, kept<&Self::tool_tip>},
+        {u"DescriptionText", 0x60040008, Use::get_put, kept<&Self::description>},
+        {u"ShortcutText", 0x60050006, Use::get_put, kept<&Self::shortcut>},
+        {u"HelpFile", 0x60040011, Use::get_put, kept<&Self::help_file>},
+        {u"HelpContextId", 0x6004000F, Use::get_put, kept<&Self::help_context>},
+        {u"OLEUsage", 0x60040018, Use::get_put, kept<&Self::ole_usage>},
+        {u"Style", 0x6005000A, Use::get_put, kept<&Self::style>},
+        {u"FaceId", 0x60050003, Use::get_put, kept<&Self::face_id>},
+        {u"State", 0x60050008, Use::get_put, kept<&Self::state>},
+        {u"Priority", 0x6004001F, Use::get_put, kept<&Self::priority>},
+        {u"Width", 0x6004002B, Use::get_put, kept<&Self::width>},
+        {u"Height", 0x6004000D, Use::get_put, kept<&Self::height>},
+        {u"Visible", 0x60040029, Use::get_put, kept<&Self::visible>},
+        {u"Enabled", 0x6004000A, Use::get_put, kept<&Self::enabled>},
+        {u"BeginGroup", 0x60040000, Use::get_put, kept<&Self::begin_group>},
+        {u"IsPriorityDropped", 0x6004002D, Use::get, shown<&Self::is_priority_dropped>},
+        {u"Id", 0x60040013, Use::get, shown<&Self::id>},
+        {u"Type", 0x60040028, Use::get, shown<&Self::type>},
+        {u"Index", 0x60040014, Use::get, [](Self& self, const Arguments&) { return Value(self.index()); }},
+        {u"BuiltIn", 0x60040002, Use::get,
+         [](Self& self, const Arguments&) { return Value(self.is_built_in()); }},
+        {u"Delete", 0x60040007, Use::method, {{u"Temporary", Takes::value, true}}, done<&Self::remove>},
+        {u"Execute", 0x6004000C, Use::method,
+         [](Self& self, const Arguments&) {
+             self.press();
+             return Value();
+         }},
+        {u"Copy", 0x60040006, Use::method, where,
+         [](Self& self, const Arguments& a) {
+             return Value(self.copy_to(target_of(self, a[0]), a[1])->self());
+         }},
+        {u"Move", 0x60040016, Use::method, where,
+         [](Self& self, const Arguments& a) {
+             self.move_to(target_of(self, a[0]), a[1]);
+             return Value(self.self());
+         }},
+        {u"Reset", 0x60040021, Use::method, [](Self&, const Arguments&) { return Value(); }},
+        {u"SetFocus", 0x60040022, Use::method, [](Self&, const Arguments&) { return Value(); }},
+    };
+    return table;
+}
+
+Object CommandBarControls::parent() const { return bar_->self(); }
+
+Value CommandBarControls::invoke(automation::Request& request) {
+    if (is_use(request)) bar_->check_there();
+    return ModelObject::invoke(request);
+}
+
+const automation::Members<CommandBarControls>& CommandBarControls::members() {
+    using Self = CommandBarControls;
+    static const automation::Members<Self> table{
+        {u"Count", 0x60030001, Use::get,
+         [](Self& self, const Arguments&) {
+             return Value(static_cast<std::int32_t>(self.bar().controls.size()));
+         }},
+        {u"Item",
+         0x0,
+         Use::get,
+         {{u"Index"}},
+         [](Self& self, const Arguments& a) {
+             return Value(named_or_numbered(
+                              self.bar().controls, a[0], [](const auto& control) { return control.caption; },
+                              u"control")
+                              ->self());
+         }},
+        {u"Add",
+         0x60030000,
+         Use::method,
+         {{u"Type", Takes::value, true},
+          {u"Id", Takes::value, true},
+          {u"Parameter", Takes::value, true},
+          {u"Before", Takes::value, true},
+          {u"Temporary", Takes::boolean, true}},
+         [](Self& self, const Arguments& a) {
+             return Value(self.bar().add(a[0], a[1], a[2], a[3], a.has(4) && a[4].to_boolean())->self());
+         }},
+    };
+    return table;
+}
+
+}  // namespace desk

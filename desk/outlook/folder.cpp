@@ -1,0 +1,287 @@
+#include "desk/outlook/folder.h"
+
+#include <algorithm>
+
+#include "desk/base/desk.h"
+#include "desk/base/host_event_tables.h"
+#include "desk/base/kept.h"
+#include "desk/outlook/explorers.h"
+#include "desk/outlook/item.h"
+#include "desk/outlook/items.h"
+#include "desk/outlook/name_space.h"
+
+namespace desk {
+
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
+
+namespace {
+
+/// A name that no sibling bears.
+void check_name(Desk& desk, RowId parent, const Text& name) {
+    if (automation::trimmed(name).empty()) throw Failure(result::invalid_argument, u"A folder needs a name.");
+    for (const RowId sibling : desk.folders_below(parent)) {
+        if (automation::same_ignoring_case(desk.existing_folder(sibling).name, name)) {
+            throw Failure(result::fail, u"A folder named \"" + name + u"\" already exists there.");
+        }
+    }
+}
+
+}  // namespace
+
+Folder& folder_of(const Value& value) {
+    const auto folder = std::dynamic_pointer_cast<Folder>(value.to_object().target());
+    if (!folder) throw Failure(result::type_mismatch, u"A folder is expected.");
+    return *folder;
+}
+
+const FolderRow& Folder::row() const { return desk().existing_folder(id_); }
+
+Object Folder::parent() const {
+    const RowId above = row().parent;
+    return above == 0 ? desk().name_space()->self() : std::make_shared<Folder>(desk(), above)->self();
+}
+
+Text Folder::path() const {
+    Text path;
+    for (RowId id = id_; id != 0;) {
+        const FolderRow& row = desk().existing_folder(id);
+        path = u"\\" + row.name + path;
+        id = row.parent;
+    }
+    return u"\\" + path;
+}
+
+void Folder::rename(const Text& new_name) {
+    if (!automation::same_ignoring_case(row().name, new_name)) check_name(desk(), row().parent, new_name);
+    FolderRow renamed = row();
+    renamed.name = new_name;
+    desk().change_folder(renamed);
+    desk().tell_folders(row().parent, u"FolderChange", id_);
+}
+
+void Folder::remove() {
+    if (row().parent == 0 || row().default_number != 0) {
+        throw Failure(result::access_denied, u"The folder \"" + row().name + u"\" can't be deleted.");
+    }
+    desk().remove_folder(id_);
+}
+
+void Folder::move_to(RowId target) {
+    for (RowId above = target; above != 0; above = desk().existing_folder(above).parent) {
+        if (above == id_) throw Failure(result::fail, u"A folder can't be moved into itself.");
+    }
+    check_name(desk(), target, row().name);
+    const RowId former = row().parent;
+    FolderRow moved = row();
+    moved.parent = target;
+    desk().change_folder(moved);
+    desk().tell_folders(former, u"FolderRemove", 0);
+    desk().tell_folders(target, u"FolderAdd", id_);
+}
+
+Object Folder::copy_to(RowId target) {
+    for (RowId above = target; above != 0; above = desk().existing_folder(above).parent) {
+        if (above == id_) throw Failure(result::fail, u"A folder can't be copied into itself.");
+    }
+    check_name(desk(), target, row().name);
+    FolderRow twin = row();
+    twin.parent = target;
+    twin.default_number = 0;
+    const RowId twin_id = desk().add_folder(twin);
+    const std::vector<RowId> own_items = desk().contents(id_);
+    for (const RowId item : own_items) {
+        const std::shared_ptr<Item> original = desk().open_item(item);
+        if (!original) continue;  // it has left meanwhile
+        std::make_shared<Item>(desk(), twin_id, original->whole())->save();
+    }
+    for (const RowId below : desk().folders_below(id_)) Folder(desk(), below).copy_to(twin_id);
+    return std::make_shared<Folder>(desk(), twin_id)->self();
+}
+
+const automation::Members<Folder>& Folder::members() {
+    static const automation::Members<Folder> table{
+        {u"Name", 0x3001, Use::get_put,
+         [](Folder& self, const Arguments& a) {
+             if (a.is_put()) self.rename(a.assigned().to_text());
+             return Value(self.row().name);
+         }},
+        {u"EntryID", 0xF01E, Use::get,
+         [](Folder& self, const Arguments&) {
+             self.row();
+             return Value(self.desk().folder_entry_id(self.id()));
+         }},
+        {u"StoreID", 0x3108, Use::get,
+         [](Folder& self, const Arguments&) {
+             self.row();
+             return Value(self.desk().store_uid(self.id()));
+         }},
+        {u"Folders", 0x2103, Use::get,
+         [](Folder& self, const Arguments&) {
+             self.row();
+             return Value(std::make_shared<FoldersCollection>(self.desk(), self.id())->self());
+         }},
+        {u"Items", 0x3100, Use::get,
+         [](Folder& self, const Arguments&) {
+             self.row();
+             return Value(std::make_shared<Items>(self.desk(), self.id())->self());
+         }},
+        {u"DefaultItemType", 0x3106, Use::get,
+         [](Folder& self, const Arguments&) { return Value(self.row().item_type); }},
+        {u"DefaultMessageClass", 0x3107, Use::get,
+         [](Folder& self, const Arguments&) { return Value(self.row().default_class); }},
+        {u"Description", 0x3004, Use::get_put,
+         [](Folder& self, const Arguments& a) {
+             if (a.is_put()) {
+                 FolderRow described = self.row();
+                 described.description = a.assigned().to_text();
+                 self.desk().change_folder(described);
+             }
+             return Value(self.row().description);
+         }},
+        {u"UnReadItemCount", 0x3603, Use::get,
+         [](Folder& self, const Arguments&) {
+             self.row();
+             return Value(static_cast<std::int32_t>(self.desk().store().unread(self.id())));
+         }},
+        {u"FolderPath", 0xFA78, Use::get, [](Folder& self, const Arguments&) { return Value(self.path()); }},
+        {u"FullFolderPath", 0xFA91, Use::get,
+         [](Folder& self, const Arguments&) { return Value(self.path()); }},
+        {u"CopyTo",
+         0xF032,
+         Use::method,
+         {{u"DestinationFolder", Takes::object}},
+         [](Folder& self, const Arguments& a) { return Value(self.copy_to(folder_of(a[0]).id())); }},
+        {u"MoveTo",
+         0xF034,
+         Use::method,
+         {{u"DestinationFolder", Takes::object}},
+         [](Folder& self, const Arguments& a) {
+             self.move_to(folder_of(a[0]).id());
+             return Value();
+         }},
+        {u"Delete", 0xF045, Use::method,
+         [](Folder& self, const Arguments&) {
+             self.remove();
+             return Value();
+         }},
+        {u"Display", 0x3104, Use::method,
+         [](Folder& self, const Arguments&) {
+             self.desk().explorers()->show(self.id());
+             return Value();
+         }},
+        {u"GetExplorer",
+         0x3101,
+         Use::method,
+         {{u"DisplayMode", Takes::value, true}},
+         [](Folder& self, const Arguments&) { return Value(self.desk().explorers()->make(self.id())); }},
+    };
+    return table;
+}
+
+Object FoldersCollection::parent() const {
+    return parent_ == 0 ? desk().name_space()->self() : std::make_shared<Folder>(desk(), parent_)->self();
+}
+
+EventInterfaces FoldersCollection::event_interfaces() const { return events::folders; }
+
+Value FoldersCollection::invoke(automation::Request& request) {
+    const Value answer = ModelObject::invoke(request);
+    if (request.access == automation::Access::advise) desk().watch_folders(parent_, shared_from_this());
+    return answer;
+}
+
+std::vector<RowId> FoldersCollection::ids() const {
+    if (parent_ != 0) desk().existing_folder(parent_);
+    return desk().folders_below(parent_);
+}
+
+Object FoldersCollection::at(const Value& index) const {
+    const std::vector<RowId> all = ids();
+    if (index.is(Value::Type::text)) {
+        const Text wanted = index.to_text();
+        for (const RowId id : all) {
+            if (automation::same_ignoring_case(desk().existing_folder(id).name, wanted)) {
+                return std::make_shared<Folder>(desk(), id)->self();
+            }
+        }
+        throw Failure(result::not_found, u"The folder \"" + wanted + u"\" could not be found.");
+    }
+    const std::int32_t wanted = index.to_integer();
+    if (wanted < 1 || static_cast<std::size_t>(wanted) > all.size()) {
+        throw Failure(result::bad_index, u"Array index out of bounds.");
+    }
+    return std::make_shared<Folder>(desk(), all[static_cast<std::size_t>(wanted - 1)])->self();
+}
+
+Object FoldersCollection::add(const Text& folder_name, const Value& type) {
+    if (parent_ == 0) throw Failure(result::access_denied, u"Stores can't be added here.");
+    ids();
+    check_name(desk(), parent_, folder_name);
+    /// What a number of a default folder says of a new folder's contents.
+    struct TypeRow {
+        std::int32_t number, item_type;
+    };
+    constexpr TypeRow types[] = {{6, 0}, {9, 1}, {10, 2}, {11, 4}, {12, 5}, {13, 3}, {16, 0}};
+    FolderRow row;
+    row.parent = parent_;
+    row.name = folder_name;
+    row.item_type = desk().existing_folder(parent_).item_type;
+    if (!type.is_missing()) {
+        const std::int32_t number = type.to_integer();
+        const auto found = std::ranges::find(types, number, &TypeRow::number);
+        if (found == std::end(types))
+            throw Failure(result::invalid_argument, u"There is no type of folder with that number.");
+        row.item_type = found->item_type;
+    }
+    constexpr std::int32_t posts = 6;
+    row.default_class =
+        row.item_type == posts ? Text(u"IPM.Post") : Text(kind_of_type(row.item_type).base_class);
+    return std::make_shared<Folder>(desk(), desk().add_folder(row))->self();
+}
+
+Object FoldersCollection::step(std::int32_t to) {
+    const std::vector<RowId> all = ids();
+    place = to;
+    if (to < 1 || static_cast<std::size_t>(to) > all.size()) return {};
+    return std::make_shared<Folder>(desk(), all[static_cast<std::size_t>(to - 1)])->self();
+}
+
+const automation::Members<FoldersCollection>& FoldersCollection::members() {
+    using Self = FoldersCollection;
+    static const automation::Members<Self> table{
+        {u"Count", 0x50, Use::get,
+         [](Self& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.ids().size())); }},
+        {u"Item",
+         0x51,
+         Use::method,
+         {{u"Index"}},
+         [](Self& self, const Arguments& a) { return Value(self.at(a[0])); }},
+        {u"Add",
+         0x5F,
+         Use::method,
+         {{u"Name", Takes::text}, {u"Type", Takes::value, true}},
+         [](Self& self, const Arguments& a) { return Value(self.add(a[0].to_text(), a[1])); }},
+        {u"GetFirst", 0x56, Use::method, first<Self>},
+        {u"GetLast", 0x58, Use::method, last<Self>},
+        {u"GetNext", 0x57, Use::method, next<Self>},
+        {u"GetPrevious", 0x59, Use::method, previous<Self>},
+        {u"Remove",
+         0x54,
+         Use::method,
+         {{u"Index", Takes::integer}},
+         [](Self& self, const Arguments& a) {
+             folder_of(Value(self.at(a[0]))).remove();
+             return Value();
+         }},
+    };
+    return table;
+}
+
+}  // namespace desk

@@ -1,0 +1,244 @@
+#include "desk/outlook/inspectors.h"
+
+#include <algorithm>
+
+#include "desk/base/desk.h"
+#include "desk/base/host_event_tables.h"
+#include "desk/base/kept.h"
+#include "desk/office/command_bars.h"
+#include "desk/outlook/application.h"
+
+namespace desk {
+
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
+
+namespace {
+
+/// What a window calls its item, by the number of the item's class.
+struct WindowName {
+    std::int32_t number;
+    automation::TextView name;
+};
+constexpr WindowName window_names[] = {{object_class::mail, u"Message"},
+                                       {object_class::appointment, u"Appointment"},
+                                       {object_class::contact, u"Contact"},
+                                       {object_class::task, u"Task"},
+                                       {object_class::journal, u"Journal Entry"},
+                                       {object_class::note, u"Note"},
+                                       {object_class::post, u"Post"}};
+
+constexpr std::int32_t editor_text = 1, editor_word = 4;  // OlEditorType
+
+/// A button that the host itself has on the bar "Standard" of an inspector.
+struct OwnButton {
+    std::int32_t id;  ///< also its face
+    TextView caption;
+    bool (*is_on)(const Item&);
+    void (*action)(Inspector&);
+};
+
+bool is_unsent_mail(const Item& item) {
+    return item.kind().number == object_class::mail && !item.field(u"Sent").to_boolean();
+}
+
+constexpr OwnButton own_buttons[] = {
+    {2617, u"Send", is_unsent_mail, [](Inspector& inspector) { inspector.item()->send(); }},
+    {1975, u"Save and Close", [](const Item& item) { return item.kind().number != object_class::mail; },
+     [](Inspector& inspector) { inspector.close(save_mode::save); }},
+    {3, u"Save", [](const Item& item) { return item.kind().number != object_class::mail; },
+     [](Inspector& inspector) { inspector.item()->save(); }},
+    {478, u"Delete", [](const Item&) { return true; },
+     [](Inspector& inspector) { inspector.item()->remove(); }},
+};
+
+constexpr std::uint32_t warning = 0x30, yes_no_cancel_warning = 0x33;  // MB_ICONWARNING, | MB_YESNOCANCEL
+constexpr int answer_yes = 6, answer_no = 7;
+
+/// Runs what a button of the host does. A person is told what fails.
+void run_button(Desk& desk, const std::weak_ptr<CommandBars>& bars, void (*action)(Inspector&)) {
+    const auto there = bars.lock();
+    const auto inspector = there ? desk.inspectors()->with(*there) : nullptr;
+    if (!inspector) return;
+    try {
+        action(*inspector);
+    } catch (const Failure& failure) {
+        desk.surroundings().ask(failure.description(), u"Outlook", warning);
+    }
+}
+
+}  // namespace
+
+Inspector::Inspector(Desk& desk, std::shared_ptr<Item> item)
+    : ModelObject(desk),
+      item_(std::move(item)),
+      is_word_mail_(desk.options().word_mail && item_->kind().number == object_class::mail) {
+    left = 400, top = 320, width = 640, height = 400;
+    if (is_word_mail_) {
+        bars_ = desk.inspectors()->word_bars();
+    } else {
+        bars_ = CommandBars::with_own_bars(desk, {CommandBars::menu_bar, CommandBars::standard});
+    }
+    add_own_controls();
+}
+
+void Inspector::add_own_controls() {
+    CommandBar& standard = *bars_->named(CommandBars::standard);
+    const std::weak_ptr<CommandBars> bars = bars_;
+    for (const OwnButton& button : own_buttons) {
+        if (!button.is_on(*item_) ||
+            standard.find({automation::Missing{}, button.id, automation::Missing{}, automation::Missing{}}))
+            continue;
+        standard.add_own(button.id, button.caption,
+                         [&desk = desk(), bars, action = button.action] { run_button(desk, bars, action); });
+    }
+}
+
+Object Inspector::parent() const { return desk().application()->self(); }
+
+EventInterfaces Inspector::event_interfaces() const { return events::inspector; }
+
+Text Inspector::caption() const {
+    const Text subject = item_->subject();
+    return (subject.empty() ? Text(u"Untitled") : subject) + u" - " +
+           Text(std::ranges::find(window_names, item_->kind().number, &WindowName::number)->name);
+}
+
+void Inspector::kept_changed() { desk().surroundings().changed(); }
+
+void Inspector::display() {
+    if (was_closed_) throw Failure(result::object_deleted, u"The window has been closed.");
+    auto& open = desk().inspectors()->open;
+    const auto own = std::ranges::find(open, this, &std::shared_ptr<Inspector>::get);
+    if (own != open.end()) {
+        std::rotate(own, own + 1, open.end());
+        come_up();
+        return;
+    }
+    std::vector<Value> cancel{false};
+    item_->raise_with_answer(u"Open", cancel);
+    if (cancel[0].to_boolean()) return;
+    open.push_back(shared_from_this());
+    enter_back();
+    desk().inspectors()->raise(u"NewInspector", {Value(self())});
+    if (is_open()) come_up();
+}
+
+bool Inspector::take_care_of_changes(std::int32_t mode) {
+    if (mode == save_mode::save) {
+        item_->save();
+    } else if (mode == save_mode::discard) {
+        item_->revert();
+    } else if (mode == save_mode::ask) {
+        if (!item_->has_changes()) return true;
+        const int answer =
+            desk().surroundings().ask(u"Do you want to save changes?", u"Outlook", yes_no_cancel_warning);
+        if (answer == answer_yes) item_->save();
+        if (answer == answer_no) item_->revert();
+        return answer == answer_yes || answer == answer_no;
+    } else {
+        throw Failure(result::invalid_argument, u"There is no such mode of saving.");
+    }
+    return true;
+}
+
+void Inspector::close(std::int32_t mode) {
+    const std::shared_ptr<Inspector> alive = shared_from_this();
+    if (!take_care_of_changes(mode) || !is_open()) return;
+    std::vector<Value> cancel{false};
+    item_->raise_with_answer(u"Close", cancel);
+    if (!cancel[0].to_boolean()) close_window();
+}
+
+void Inspector::close_window() {
+    const std::shared_ptr<Inspector> alive = shared_from_this();
+    if (std::erase(desk().inspectors()->open, alive) == 0) return;
+    was_closed_ = true;
+    item_->shown_by.reset();
+    leave(!is_word_mail_);
+}
+
+const automation::Members<Inspector>& Inspector::members() {
+    static const automation::Members<Inspector> table{
+        {u"CommandBars", 0x2100, Use::get,
+         [](Inspector& self, const Arguments&) { return Value(self.bars()->self()); }},
+        {u"CurrentItem", 0x2102, Use::get,
+         [](Inspector& self, const Arguments&) { return Value(self.item()->self()); }},
+        {u"Caption", 0x2111, Use::get,
+         [](Inspector& self, const Arguments&) { return Value(self.caption()); }},
+        {u"IsWordMail", 0x2105, Use::method,
+         [](Inspector& self, const Arguments&) { return Value(self.is_word_mail()); }},
+        {u"EditorType", 0x2110, Use::get,
+         [](Inspector& self, const Arguments&) {
+             return Value(self.is_word_mail() ? editor_word : editor_text);
+         }},
+        {u"Left", 0x2115, Use::get_put, kept<&Inspector::left, Inspector>},
+        {u"Top", 0x2116, Use::get_put, kept<&Inspector::top, Inspector>},
+        {u"Width", 0x2117, Use::get_put, kept<&Inspector::width, Inspector>},
+        {u"Height", 0x2114, Use::get_put, kept<&Inspector::height, Inspector>},
+        {u"WindowState", 0x2112, Use::get_put, kept<&Inspector::window_state, Inspector>},
+        {u"Display", 0x2104, Use::method, {{u"Modal", Takes::value, true}}, done<&Inspector::display>},
+        {u"Activate", 0x2113, Use::method, done<&Inspector::display>},
+        {u"Close",
+         0x2103,
+         Use::method,
+         {{u"SaveMode", Takes::integer}},
+         [](Inspector& self, const Arguments& a) {
+             self.close(a[0].to_integer());
+             return Value();
+         }},
+    };
+    return table;
+}
+
+Object Inspectors::parent() const { return desk().application()->self(); }
+
+EventInterfaces Inspectors::event_interfaces() const { return events::inspectors; }
+
+Object Inspectors::active() const { return open.empty() ? Object() : open.back()->self(); }
+
+const std::shared_ptr<CommandBars>& Inspectors::word_bars() {
+    if (!word_bars_) {
+        word_bars_ = CommandBars::with_own_bars(desk(), {CommandBars::menu_bar, CommandBars::standard});
+    }
+    return word_bars_;
+}
+
+std::shared_ptr<Inspector> Inspectors::with(const CommandBars& bars) const {
+    const auto found = std::find_if(open.rbegin(), open.rend(),
+                                    [&](const auto& inspector) { return inspector->bars().get() == &bars; });
+    return found == open.rend() ? nullptr : *found;
+}
+
+const automation::Members<Inspectors>& Inspectors::members() {
+    static const automation::Members<Inspectors> table{
+        {u"Count", 0x50, Use::get,
+         [](Inspectors& self, const Arguments&) {
+             return Value(static_cast<std::int32_t>(self.open.size()));
+         }},
+        {u"Item",
+         0x51,
+         Use::method,
+         {{u"Index"}},
+         [](Inspectors& self, const Arguments& a) { return Value(numbered(self.open, a[0])->self()); }},
+        {u"Add",
+         0x5F,
+         Use::method,
+         {{u"Item", Takes::object}},
+         [](Inspectors&, const Arguments& a) {
+             const auto item = std::dynamic_pointer_cast<desk::Item>(a[0].to_object().target());
+             if (!item) throw Failure(result::type_mismatch, u"An item is expected.");
+             return Value(item->inspector()->self());
+         }},
+    };
+    return table;
+}
+
+}  // namespace desk

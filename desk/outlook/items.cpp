@@ -1,0 +1,281 @@
+#include "desk/outlook/items.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "desk/base/desk.h"
+#include "desk/base/host_event_tables.h"
+#include "desk/base/kept.h"
+#include "desk/outlook/folder.h"
+
+namespace desk {
+
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
+
+namespace {
+
+class FolderNames : public filter::Names {
+  public:
+    explicit FolderNames(const FolderRow& row) : row_(row) {}
+    bool knows(TextView field) const override {
+        return is_built_in_field(field) || is_own(field) || !built_in_field_of_words(field).empty();
+    }
+    bool is_own(TextView field) const {
+        return std::ranges::any_of(
+            row_.fields, [&](const FolderField& f) { return automation::same_ignoring_case(f.name, field); });
+    }
+
+  private:
+    const FolderRow& row_;
+};
+
+/// An item as a filter sees it. A field of the folder that the item doesn't bear is an empty one.
+class ItemRecord : public filter::Record {
+  public:
+    ItemRecord(const ItemData& item, const FolderNames& names) : item_(item), names_(names) {}
+    std::optional<Value> field(TextView name) const override {
+        if (std::optional<Value> value = field_value(item_, name)) return value;
+        if (is_built_in_field(name)) return std::nullopt;
+        if (names_.is_own(name)) return Value(u"");
+        return built_in_value(item_, built_in_field_of_words(name));
+    }
+    std::optional<Value> property(TextView address) const override { return schema_property(item_, address); }
+
+  private:
+    const ItemData& item_;
+    const FolderNames& names_;
+};
+
+/// Orders values of one field: by type where they agree, else as text.
+bool comes_before(const Value& left, const Value& right) {
+    const bool numbers = !left.is(Value::Type::text) && !right.is(Value::Type::text);
+    if (numbers) return left.to_number() < right.to_number();
+    return automation::compare_ignoring_case(left.to_text(), right.to_text()) < 0;
+}
+
+/// A field's name out of "[Subject]" or "Subject".
+Text bare_name(const Text& property) {
+    if (property.size() > 2 && property.front() == u'[' && property.back() == u']') {
+        return property.substr(1, property.size() - 2);
+    }
+    return property;
+}
+
+}  // namespace
+
+Object Items::parent() const { return std::make_shared<Folder>(desk(), folder_)->self(); }
+
+EventInterfaces Items::event_interfaces() const { return events::items; }
+
+Value Items::invoke(automation::Request& request) {
+    const Value answer = ModelObject::invoke(request);
+    if (request.access == automation::Access::advise) desk().watch(folder_, shared_from_this());
+    return answer;
+}
+
+const std::vector<RowId>& Items::ids() {
+    desk().existing_folder(folder_);
+    if (!own_order_) return desk().contents(folder_);
+    if (const std::int64_t left = desk().departures(folder_); departures_ != left) {
+        departures_ = left;
+        std::vector<RowId> there = desk().contents(folder_);
+        std::ranges::sort(there);
+        std::erase_if(*own_order_, [&](RowId id) { return !std::ranges::binary_search(there, id); });
+    }
+    return *own_order_;
+}
+
+Object Items::at(const Value& index) {
+    const std::vector<RowId>& all = ids();
+    if (index.is(Value::Type::text)) {
+        const Text wanted = index.to_text();
+        for (const RowId id : all) {
+            const std::shared_ptr<Item> item = desk().open_item(id);
+            if (item && automation::same_ignoring_case(item->subject(), wanted)) return item->self();
+        }
+        throw Failure(result::not_found, u"There is no item \"" + wanted + u"\".");
+    }
+    const std::int32_t wanted = index.to_integer();
+    if (wanted < 1 || static_cast<std::size_t>(wanted) > all.size()) {
+        throw Failure(result::bad_index, u"Array index out of bounds.");
+    }
+    return desk().existing_item(all[static_cast<std::size_t>(wanted - 1)])->self();
+}
+
+Object Items::add(const Value& type) {
+    const FolderRow& row = desk().existing_folder(folder_);
+    ItemData data;
+    if (type.is_missing()) {
+        data.message_class = row.default_class;
+    } else if (type.is(Value::Type::text)) {
+        data.message_class = type.to_text();
+        if (data.message_class.empty()) data.message_class = row.default_class;
+    } else {
+        data.message_class = Text(kind_of_type(type.to_integer()).base_class);
+    }
+    return std::make_shared<Item>(desk(), folder_, std::move(data))->self();
+}
+
+filter::Filter Items::read(const Text& text, bool for_find) const {
+    desk().note_filter(text);
+    const FolderRow& row = desk().existing_folder(folder_);
+    const bool words = desk().options().instant_search && !for_find;
+    return filter::Filter::parse(text, FolderNames(row),
+                                 words ? filter::Words::indexed : filter::Words::refused);
+}
+
+std::vector<RowId> Items::candidates(const filter::Filter& filter) {
+    const auto by_index = [](const filter::Equality& equality) {
+        const Text field = equality.is_address ? field_of_address(equality.name) : equality.name;
+        return !equality.value.empty() && is_indexed(field);
+    };
+    const auto equalities = filter.candidates(by_index);
+    if (!equalities) return ids();
+    std::set<RowId> looked_up;
+    for (const filter::Equality& equality : *equalities) {
+        const Text field = equality.is_address ? field_of_address(equality.name) : equality.name;
+        const std::vector<RowId> rows = desk().store().lookup(folder_, field, equality.value);
+        looked_up.insert(rows.begin(), rows.end());
+    }
+    if (looked_up.empty()) return {};
+    if (looked_up.size() == 1 && !own_order_) return {looked_up.begin(), looked_up.end()};
+    std::vector<RowId> in_order;
+    for (const RowId id : ids()) {
+        if (looked_up.contains(id)) in_order.push_back(id);
+        if (in_order.size() == looked_up.size()) break;
+    }
+    return in_order;
+}
+
+bool Items::matches(const filter::Filter& filter, RowId id) const {
+    const std::optional<ItemRow> row = desk().store().load(id);
+    const FolderRow* const folder = desk().folder_row(folder_);
+    return row && folder && filter.matches(ItemRecord(row->data, FolderNames(*folder)));
+}
+
+Object Items::find(const Text& text) {
+    search_ = read(text, true);
+    found_ = candidates(*search_);
+    looked_at_ = 0;
+    return next_match();
+}
+
+Object Items::find_next() {
+    if (!search_) throw Failure(result::fail, u"FindNext needs a Find before it.");
+    return next_match();
+}
+
+Object Items::next_match() {
+    while (looked_at_ < found_.size()) {
+        const RowId id = found_[looked_at_++];
+        if (!matches(*search_, id)) continue;
+        if (const std::shared_ptr<Item> item = desk().open_item(id)) return item->self();
+    }
+    return {};
+}
+
+Object Items::restricted(const Text& text) {
+    const filter::Filter filter = read(text, false);
+    std::vector<RowId> left = candidates(filter);
+    std::erase_if(left, [&](RowId id) { return !matches(filter, id); });
+    return std::make_shared<Items>(desk(), folder_, std::move(left))->self();
+}
+
+Object Items::step(std::int32_t to) {
+    const std::vector<RowId>& all = ids();
+    place = to;
+    if (to < 1 || static_cast<std::size_t>(to) > all.size()) return {};
+    return desk().existing_item(all[static_cast<std::size_t>(to - 1)])->self();
+}
+
+void Items::sort(const Text& property, bool descending) {
+    const Text field = bare_name(property);
+    const FolderNames names(desk().existing_folder(folder_));
+    if (!names.knows(field)) {
+        throw Failure(result::invalid_argument, u"The property \"" + field + u"\" is unknown.");
+    }
+    std::vector<RowId> order = ids();
+    std::map<RowId, Value> keys;
+    for (const RowId id : order) {
+        if (const std::optional<ItemRow> row = desk().store().load(id)) {
+            keys[id] = ItemRecord(row->data, names).field(field).value_or(Value(u""));
+        }
+    }
+    std::ranges::stable_sort(order, [&](RowId left, RowId right) {
+        return descending ? comes_before(keys[right], keys[left]) : comes_before(keys[left], keys[right]);
+    });
+    own_order_ = std::move(order);
+}
+
+const automation::Members<Items>& Items::members() {
+    static const automation::Members<Items> table{
+        {u"Count", 0x50, Use::get,
+         [](Items& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.ids().size())); }},
+        {u"Item",
+         0x51,
+         Use::method,
+         {{u"Index"}},
+         [](Items& self, const Arguments& a) { return Value(self.at(a[0])); }},
+        {u"Add",
+         0x5F,
+         Use::method,
+         {{u"Type", Takes::value, true}},
+         [](Items& self, const Arguments& a) { return Value(self.add(a[0])); }},
+        {u"Find",
+         0x62,
+         Use::method,
+         {{u"Filter", Takes::text}},
+         [](Items& self, const Arguments& a) { return Value(self.find(a[0].to_text())); }},
+        {u"FindNext", 0x63, Use::method,
+         [](Items& self, const Arguments&) { return Value(self.find_next()); }},
+        {u"Restrict",
+         0x64,
+         Use::method,
+         {{u"Filter", Takes::text}},
+         [](Items& self, const Arguments& a) { return Value(self.restricted(a[0].to_text())); }},
+        {u"GetFirst", 0x56, Use::method, first<Items>},
+        {u"GetLast", 0x58, Use::method, last<Items>},
+        {u"GetNext", 0x57, Use::method, next<Items>},
+        {u"GetPrevious", 0x59, Use::method, previous<Items>},
+        {u"Remove",
+         0x54,
+         Use::method,
+         {{u"Index", Takes::integer}},
+         [](Items& self, const Arguments& a) {
+             const Object item = self.at(a[0]);
+             item.call(u"Delete");
+             return Value();
+         }},
+        {u"Sort",
+         0x61,
+         Use::method,
+         {{u"Property", Takes::text}, {u"Descending", Takes::boolean, true}},
+         [](Items& self, const Arguments& a) {
+             self.sort(a[0].to_text(), a.has(1) && a[1].to_boolean());
+             return Value();
+         }},
+        {u"IncludeRecurrences", 0xCE, Use::get_put,
+         [](Items& self, const Arguments& a) {
+             if (a.is_put()) self.include_recurrences = a.assigned().to_boolean();
+             return Value(self.include_recurrences);
+         }},
+        {u"SetColumns",
+         0x5C,
+         Use::method,
+         {{u"Columns", Takes::text}},
+         [](Items&, const Arguments&) { return Value(); }},
+        {u"ResetColumns", 0x5D, Use::method, [](Items&, const Arguments&) { return Value(); }},
+    };
+    return table;
+}
+
+}  // namespace desk

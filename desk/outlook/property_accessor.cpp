@@ -1,0 +1,80 @@
+#include "desk/outlook/property_accessor.h"
+
+#include <functional>
+
+#include "desk/outlook/recipients.h"
+#include "desk/outlook/user_properties.h"
+
+namespace desk {
+
+using automation::Arguments;
+using automation::Failure;
+using automation::Takes;
+using automation::Text;
+using automation::TextView;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
+
+namespace {
+
+void write_property(const std::shared_ptr<Item>& item, TextView address, const Value& value) {
+    const Text name = field_of_address(address);
+    if (const tables::FieldRow* field = find_field(item->kind(), name)) return item->set_field(*field, value);
+    if (name.empty())
+        throw Failure(result::not_found, u"The property \"" + Text(address) + u"\" is unknown.");
+    constexpr std::int32_t text = 1;
+    UserProperties properties(item->desk(), item);
+    const automation::Object property = properties.add(name, text, false);
+    property.put(u"Value", value);
+}
+
+}  // namespace
+
+std::shared_ptr<PropertyAccessor> PropertyAccessor::of_item(const std::shared_ptr<Item>& item) {
+    return std::make_shared<PropertyAccessor>(
+        item->desk(), item->self(),
+        [item](TextView address) {
+            item->check_there();
+            return schema_property(item->data(), address);
+        },
+        [item](TextView address, const Value& value) { write_property(item, address, value); });
+}
+
+std::shared_ptr<PropertyAccessor> PropertyAccessor::of_person(Desk& desk, const Person& person,
+                                                              automation::Object owner) {
+    return std::make_shared<PropertyAccessor>(
+        desk, std::move(owner), [person](TextView address) { return person_property(person, address); },
+        nullptr);
+}
+
+Value PropertyAccessor::value(const Text& address) const {
+    if (std::optional<Value> found = reader_(address)) return *found;
+    throw Failure(result::not_found, u"The property \"" + address + u"\" is unknown or cannot be found.");
+}
+
+void PropertyAccessor::value(const Text& address, const Value& value) const {
+    if (!writer_) throw Failure(result::access_denied, u"The property \"" + address + u"\" can't be set.");
+    writer_(address, value);
+}
+
+const automation::Members<PropertyAccessor>& PropertyAccessor::members() {
+    static const automation::Members<PropertyAccessor> table{
+        {u"GetProperty",
+         0xFAFE,
+         Use::method,
+         {{u"SchemaName", Takes::text}},
+         [](PropertyAccessor& self, const Arguments& a) { return self.value(a[0].to_text()); }},
+        {u"SetProperty",
+         0xFAFF,
+         Use::method,
+         {{u"SchemaName", Takes::text}, {u"Value"}},
+         [](PropertyAccessor& self, const Arguments& a) {
+             self.value(a[0].to_text(), a[1]);
+             return Value();
+         }},
+    };
+    return table;
+}
+
+}  // namespace desk
