@@ -201,7 +201,7 @@ void dlgSend::CreateNote() {
     RecordSearch search(steps, *this, mail, profiles);
     const Item record = at_contact ? search.contact() : search.account();
     if (!record) {
-        create_for_new_contact(steps, mail, database.main_add_in, profiles, folder, search.name());
+        create_for_new_contact(steps, here, mail, database.main_add_in, profiles, folder, search.name());
         return;
     }
     if (steps.holds(
@@ -233,7 +233,7 @@ void dlgSend::report_creation(Steps& steps, const Presence& here) {
     gbCreated = true;
 }
 
-void dlgSend::create_for_new_contact(Steps& steps, const ChosenMail& mail,
+void dlgSend::create_for_new_contact(Steps& steps, const Presence& here, const ChosenMail& mail,
                                      const host::family::MainAddIn& main_add_in, const Folder& profiles,
                                      const Folder& folder, const Text& name) {
     // the dialog goes away before the contact is made: what it holds is kept
@@ -247,7 +247,9 @@ void dlgSend::create_for_new_contact(Steps& steps, const ChosenMail& mail,
                            .name = name,
                            .main_add_in = main_add_in,
                            .account_profiles = profiles,
-                           .before_choice = [this] { unload(); }});
+                           .before_choice = [&] {
+                               if (here.lasts()) unload();
+                           }});
     if (!made) return;
     const records::PathRow& path = records::row(records::Path::create_new_contact);
     const Item note = records::make_note(steps, path, folder);

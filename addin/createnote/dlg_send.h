@@ -79,6 +79,7 @@ class dlgSend final : public NoteDialog {
     void Option1_Click();
     void Option2_Click();
     void Combo2_Click();
+    void show_headings(Steps& steps, const host::outlook::Item& definition);
     void cmdSearch_Click();
     /// Whether the user has closed the window while the search gave way; the pointer is the usual one then.
     bool has_ended(const Presence& here);
@@ -88,7 +89,7 @@ class dlgSend final : public NoteDialog {
                  const host::outlook::Items& items, std::int32_t place, automation::Text& key);
     void create(Steps& steps);
     void report_creation(Steps& steps, const Presence& here);
-    void create_for_new_contact(Steps& steps, const ChosenMail& mail,
+    void create_for_new_contact(Steps& steps, const Presence& here, const ChosenMail& mail,
                                 const host::family::MainAddIn& main_add_in,
                                 const host::outlook::Folder& profiles, const host::outlook::Folder& folder,
                                 const automation::Text& name);

@@ -167,15 +167,19 @@ void dlgSend::GetListDef() {
               [&] { return Folder(main_add_in.ReturnFolderFromPath(property(record, u"SearchFolder"))); });
     read_definition(steps, record, wrapper, session_.list_definition);
 
-    for (std::size_t i = 0; i < records::shown_fields; ++i) {
-        list().heading(static_cast<int>(i), session_.list_definition.ColumnName[i]);
-    }
-    steps.run([&] { list().heading(column::key, property(record, u"KeyColumnName")); });
+    if (here.lasts()) show_headings(steps, record);  // a box gives way, too
     if (here.give_way(steps)) list().clear();
     const bool lasts = here.give_way(steps);
     desktop.pointer(forms::Pointer::standard);
     if (lasts) control(u"SearchString").focus();
     session_.cdo.reset();
+}
+
+void dlgSend::show_headings(Steps& steps, const Item& definition) {
+    for (std::size_t i = 0; i < records::shown_fields; ++i) {
+        list().heading(static_cast<int>(i), session_.list_definition.ColumnName[i]);
+    }
+    steps.run([&] { list().heading(column::key, property(definition, u"KeyColumnName")); });
 }
 
 }  // namespace addin::createnote
