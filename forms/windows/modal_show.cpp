@@ -1,6 +1,7 @@
 #include "forms/windows/modal_show.h"
 
 #include "automation/com/failure.h"
+#include "forms/windows/window_worked_in.h"
 
 namespace windows {
 namespace {
@@ -22,6 +23,28 @@ BOOL CALLBACK collect_waiting(HWND window, LPARAM data) {
     return goes_on;
 }
 
+/// The mark of a window that is shown modally.
+constexpr const wchar_t* modal_mark = L"TarnwellModal";
+
+void belong_to(HWND modal, HWND owner) {
+    SetWindowLongPtrW(modal, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+}
+
+BOOL CALLBACK let_go(HWND window, LPARAM owner) {
+    if (GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner) && GetPropW(window, modal_mark)) {
+        belong_to(window, nullptr);
+    }
+    return TRUE;
+}
+
+/// The system ends what belongs to a window before the window itself: a form that is at work would be gone.
+LRESULT CALLBACK before_end(int code, WPARAM window, LPARAM data) {
+    if (code == HCBT_DESTROYWND) {
+        EnumThreadWindows(GetCurrentThreadId(), let_go, static_cast<LPARAM>(window));
+    }
+    return CallNextHookEx(nullptr, code, window, data);
+}
+
 }  // namespace
 
 WaitingWindows::WaitingWindows(HWND shown) {
@@ -34,8 +57,22 @@ WaitingWindows::~WaitingWindows() {
     for (HWND window : waiting_) EnableWindow(window, TRUE);  // one that is gone meanwhile is passed over
 }
 
+ModalShow::ModalShow(HWND modal) : modal_(modal), active_(GetActiveWindow()) {
+    const HWND owner = window_worked_in();
+    if (owner && owner != modal) {
+        hook_ = SetWindowsHookExW(WH_CBT, before_end, nullptr, GetCurrentThreadId());
+        if (hook_ && SetPropW(modal, modal_mark, modal)) belong_to(modal, owner);
+    }
+    others_.emplace(modal);
+}
+
 ModalShow::~ModalShow() {
     others_.reset();  // a window that takes no input can't become active
+    if (hook_) {
+        belong_to(modal_, nullptr);
+        RemovePropW(modal_, modal_mark);
+        UnhookWindowsHookEx(hook_);
+    }
     if (active_ && IsWindowVisible(active_) && IsWindowEnabled(active_)) SetActiveWindow(active_);
 }
 

@@ -21,16 +21,19 @@ class WaitingWindows {
     std::vector<HWND> waiting_;
 };
 
-/// A window that is shown modally. In the end the one that was active before becomes active again.
+/// A window that is shown modally. Meanwhile it belongs to the one that the user works in, so that it can't
+/// come to lie behind it; it outlives that one, though. In the end the window that was active before becomes
+/// active again.
 class ModalShow {
   public:
-    explicit ModalShow(HWND modal) : active_(GetActiveWindow()) { others_.emplace(modal); }
+    explicit ModalShow(HWND modal);
     ~ModalShow();
     ModalShow(const ModalShow&) = delete;
     ModalShow& operator=(const ModalShow&) = delete;
 
   private:
-    HWND active_;
+    HWND modal_, active_;
+    HHOOK hook_ = nullptr;
     std::optional<WaitingWindows> others_;
 };
 

@@ -179,6 +179,51 @@ TEST_F(Manners, WindowStaysOnTheScreenThatIsThere) {
     }
 }
 
+// What is modal
+
+bool is_in_front_of(HWND window, HWND other) {
+    while (window && window != other) window = GetWindow(window, GW_HWNDNEXT);
+    return window != nullptr;
+}
+
+TEST_F(Manners, ModalWindowStaysInFrontOfTheOneThatTheUserWorksIn) {
+    SetForegroundWindow(host);
+    const auto dialog = made(with_keys);
+    HWND window = nullptr;
+    stage.modal([&] { dialog->show_modal(); }, {[&] {
+                    window = find_window(with_keys_caption);
+                    EXPECT_EQ(GetWindow(window, GW_OWNER), host);
+                    EXPECT_FALSE(IsWindowEnabled(host));
+                    SetWindowPos(host, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);  // as a task bar does
+                    EXPECT_TRUE(is_in_front_of(window, host));
+                    dialog->view().topmost();
+                    EXPECT_TRUE(stage.topmost(with_keys_caption));
+                    dialog->hide();
+                }});
+    EXPECT_TRUE(IsWindowEnabled(host));
+    EXPECT_EQ(GetActiveWindow(), host);
+    EXPECT_EQ(GetWindow(window, GW_OWNER), nullptr) << "hidden, it is nobody's";
+}
+
+TEST_F(Manners, ModalWindowOutlivesTheOneThatTheUserWorkedIn) {
+    const HWND mail = CreateWindowExW(0, L"STATIC", L"A mail", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200,
+                                      100, nullptr, nullptr, nullptr, nullptr);
+    SetForegroundWindow(mail);
+    const auto dialog = made(with_keys);
+    stage.modal([&] { dialog->show_modal(); },
+                {[&] {
+                     EXPECT_EQ(GetWindow(find_window(with_keys_caption), GW_OWNER), mail);
+                     DestroyWindow(mail);
+                 },
+                 [&] {
+                     EXPECT_TRUE(dialog->view().visible());
+                     EXPECT_TRUE(stage.type({with_keys_caption, u"words"}, u"still here"));
+                     EXPECT_EQ(dialog->control(u"words").text(), u"still here");
+                     dialog->hide();
+                 }});
+    EXPECT_TRUE(IsWindowEnabled(host));
+}
+
 // A choice
 
 struct ChoiceCase {
