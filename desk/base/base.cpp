@@ -1,8 +1,6 @@
 #include "desk/base/base.h"
 
 #include "desk/base/desk.h"
-#include "desk/outlook/application.h"
-#include "desk/outlook/name_space.h"
 
 namespace desk {
 
@@ -43,10 +41,10 @@ void ModelBase::observe(const automation::Request& request, automation::TextView
 const automation::Members<ModelBase>& ModelBase::common_members() {
     static const automation::Members<ModelBase> table{
         {u"Application", 0xF000, Use::get,
-         [](ModelBase& self, const Arguments&) { return Value(self.desk().application()->self()); }},
+         [](ModelBase& self, const Arguments&) { return Value(self.desk().application_object()); }},
         {u"Class", 0xF00A, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.number()); }},
         {u"Session", 0xF00B, Use::get,
-         [](ModelBase& self, const Arguments&) { return Value(self.desk().name_space()->self()); }},
+         [](ModelBase& self, const Arguments&) { return Value(self.desk().session_object()); }},
         {u"Parent", 0xF001, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.parent()); }},
     };
     return table;

@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "automation/object.h"
+#include "desk/base/options.h"
 #include "desk/base/surroundings.h"
 #include "desk/store/store.h"
 
@@ -24,33 +25,6 @@ class Inspectors;
 class Item;
 class Items;
 class NameSpace;
-
-/// When the events of folders and items come.
-enum class EventOrder {
-    host,      ///< as the real host: `ItemChange` during `Save`, adds and removals at the next yield
-    deferred,  ///< everything at the next yield
-    at_once    ///< everything at once
-};
-
-/// Which events of a folder's items come at once; the others wait for the next yield.
-struct AtOnce {
-    bool adds = false, changes = false, removals = false;
-
-    static constexpr AtOnce of(EventOrder order) {
-        const bool all = order == EventOrder::at_once;
-        return {all, order != EventOrder::deferred, all};
-    }
-    friend bool operator==(const AtOnce&, const AtOnce&) = default;
-};
-
-struct Options {
-    automation::Text host_version = u"16.0.0.0";
-    bool instant_search = false;
-    std::int32_t language = 1033;  ///< LCID of the user interface
-    AtOnce at_once = AtOnce::of(EventOrder::host);
-    bool word_mail = false;  ///< mail is edited in Word's windows
-    bool unattended = true;
-};
 
 /// A message box that was shown.
 struct ShownMessage {
@@ -75,6 +49,8 @@ struct PlannedFault {
     std::int32_t number = 0;
 };
 
+/// The base names the objects of the host and knows none of them: the members that make them and tell of them
+/// are written in their room (desk/outlook/desk_objects.cpp, desk/outlook/desk_events.cpp).
 class Desk {
   public:
     Desk(Surroundings& surroundings, std::unique_ptr<Store> store, Options options);
@@ -92,7 +68,14 @@ class Desk {
     const std::shared_ptr<Inspectors>& inspectors() { return inspectors_; }
     const std::shared_ptr<AddIns>& add_ins() { return add_ins_; }
 
+    /// The application and the session as every object answers them.
+    const automation::Object& application_object() const { return application_object_; }
+    const automation::Object& session_object() const { return session_object_; }
+
+    automation::Object surface;  ///< for scripts, beyond the real host's members; Nothing until it is offered
+
     // folders
+    static constexpr std::size_t store_uid_digits = 32;
     const std::vector<FolderRow>& folder_rows() const { return folders_; }
     const FolderRow* folder_row(RowId id) const;
     const FolderRow& existing_folder(
@@ -188,6 +171,7 @@ class Desk {
     void check_faults(std::string_view class_name, automation::TextView member);
 
   private:
+    void tell_item_rewritten(RowId folder, RowId item);
     void now_or_later(bool now, std::function<void()> what);
     void load_folders();
 
@@ -218,6 +202,7 @@ class Desk {
     std::shared_ptr<Explorers> explorers_;
     std::shared_ptr<Inspectors> inspectors_;
     std::shared_ptr<AddIns> add_ins_;
+    automation::Object application_object_, session_object_;
 };
 
 }  // namespace desk

@@ -16,6 +16,7 @@
 #include "desk/driver/status_watch.h"
 #include "desk/outlook/application.h"
 #include "desk/search/ado.h"
+#include "desk/surface/surface.h"
 #include "desk/windows/desk_windows.h"
 #include "desk/windows/main_loop.h"
 
@@ -107,6 +108,7 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
         windows::Apartment::create(module, u"Outlook", std::make_shared<windows::BridgeCounter>());
     desk::DeskSurroundings surroundings(settings, apartment);
     desk::Desk desk(surroundings, open_store(settings.database), settings.options);
+    desk::offer_surface(desk);
     desk::MainLoop loop;
     desk::MessageWatch messages(desk);
     desk::StatusWatch status(desk);

@@ -1,7 +1,6 @@
 #include "desk/office/add_ins.h"
 
 #include "desk/base/desk.h"
-#include "desk/outlook/application.h"
 
 namespace desk {
 
@@ -38,7 +37,7 @@ const automation::Members<AddIn>& AddIn::members() {
     return table;
 }
 
-Object AddIns::parent() const { return desk().application()->self(); }
+Object AddIns::parent() const { return desk().application_object(); }
 
 Object AddIns::at(const Value& index) const {
     if (index.is(Value::Type::text)) {

@@ -5,7 +5,6 @@
 #include "desk/base/desk.h"
 #include "desk/base/host_event_tables.h"
 #include "desk/base/kept.h"
-#include "desk/outlook/application.h"
 
 namespace desk {
 
@@ -208,7 +207,7 @@ std::shared_ptr<CommandBars> CommandBars::with_own_bars(Desk& desk, std::initial
     return bars;
 }
 
-Object CommandBars::parent() const { return desk().application()->self(); }
+Object CommandBars::parent() const { return desk().application_object(); }
 
 EventInterfaces CommandBars::event_interfaces() const { return events::command_bars; }
 

@@ -7,7 +7,6 @@
 #include "desk/outlook/inspectors.h"
 #include "desk/outlook/item.h"
 #include "desk/outlook/name_space.h"
-#include "desk/surface/surface.h"
 
 namespace desk {
 
@@ -30,11 +29,6 @@ Object Application::create_item(std::int32_t type) const {
     data.message_class = Text(kind.base_class);
     return std::make_shared<Item>(desk(), desk().default_folder(kind.default_folder), std::move(data))
         ->self();
-}
-
-Object Application::surface() {
-    if (!surface_) surface_ = std::make_shared<Surface>(desk());
-    return surface_->self();
 }
 
 const automation::Members<Application>& Application::members() {
@@ -99,7 +93,7 @@ const automation::Members<Application>& Application::members() {
          [](Application&, const Arguments&) { return Value(u"{00000000-0000-0000-0000-000000000000}"); }},
         {u"IsTrusted", 0xFBF3, Use::get, [](Application&, const Arguments&) { return Value(true); }},
         {u"Desk", automation::no_id, Use::get,
-         [](Application& self, const Arguments&) { return Value(self.surface()); }},
+         [](Application& self, const Arguments&) { return Value(self.desk().surface); }},
     };
     return table;
 }

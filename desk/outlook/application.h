@@ -5,8 +5,6 @@
 
 namespace desk {
 
-class Surface;
-
 class Application : public ModelObject<Application> {
   public:
     static constexpr std::string_view name = "Application";
@@ -19,10 +17,6 @@ class Application : public ModelObject<Application> {
     EventInterfaces event_interfaces() const override;
 
     automation::Object create_item(std::int32_t type) const;
-    automation::Object surface();
-
-  private:
-    std::shared_ptr<Surface> surface_;
 };
 
 /// The languages of the user interface.

@@ -1,53 +1,9 @@
 // What the desk offers beyond the real host: to drive and watch from outside what a person would.
 #pragma once
 
-#include <functional>
-
 #include "desk/base/base.h"
 
 namespace desk {
-
-/// A collection that is read-only from outside, counted from 1.
-class Listing : public ModelObject<Listing> {
-  public:
-    static constexpr std::string_view name = "Listing";
-    static constexpr automation::TextView default_name = u"Item";
-    using Count = std::function<std::size_t()>;
-    using Element = std::function<automation::Value(std::size_t)>;
-
-    Listing(Desk& desk, Count count, Element element)
-        : ModelObject(desk), count_(std::move(count)), element_(std::move(element)) {}
-    static const automation::Members<Listing>& members();
-    std::int32_t number() const override { return object_class::none; }
-    automation::Object parent() const override;
-
-    std::size_t count() const { return count_(); }
-    automation::Value at(std::int32_t place) const;
-
-  private:
-    Count count_;
-    Element element_;
-};
-
-/// Named values that are read-only from outside, such as a message box with its title and text.
-class Entry : public ModelObject<Entry> {
-  public:
-    static constexpr std::string_view name = "Entry";
-    static constexpr automation::TextView default_name = u"";
-    using Fields = std::vector<std::pair<automation::Text, automation::Value>>;
-
-    /// The first field is the default member.
-    Entry(Desk& desk, Fields fields) : ModelObject(desk), fields_(std::move(fields)) {}
-    static const automation::Members<Entry>& members();
-    std::int32_t number() const override { return object_class::none; }
-    automation::Object parent() const override;
-
-  protected:
-    automation::Value other_member(automation::Request& request) override;
-
-  private:
-    Fields fields_;
-};
 
 class Explorer;
 
@@ -66,6 +22,7 @@ class Surface : public ModelObject<Surface> {
     automation::Object calls();
     automation::Object statuses();
     automation::Object filters();
+    automation::Object displayed();
     automation::Object opened();
     automation::Value live(const automation::Value& kind);
     automation::Value option(const automation::Text& option_name) const;
@@ -83,5 +40,8 @@ class Surface : public ModelObject<Surface> {
   private:
     Explorer& active_explorer();
 };
+
+/// Has the desk's application offer the surface.
+void offer_surface(Desk& desk);
 
 }  // namespace desk

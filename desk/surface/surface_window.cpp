@@ -1,8 +1,7 @@
 #include "desk/surface/surface_window.h"
 
 #include "desk/base/desk.h"
-#include "desk/outlook/application.h"
-#include "desk/surface/surface.h"
+#include "desk/surface/listing.h"
 
 namespace desk {
 
@@ -50,7 +49,7 @@ Value measure(SurfaceWindow& self, const Arguments&) {
 
 }  // namespace
 
-Object SurfaceWindow::parent() const { return desk().application()->surface(); }
+Object SurfaceWindow::parent() const { return desk().surface; }
 
 Object SurfaceWindow::control(const Text& control_name) {
     std::shared_ptr<ControlDriver> found = driver_->control(control_name);

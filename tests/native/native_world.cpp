@@ -6,6 +6,7 @@
 #include "addin/ground/settings.h"
 #include "desk/office/add_ins.h"
 #include "desk/outlook/application.h"
+#include "desk/surface/surface.h"
 #include "desk/tools/database/sample_data.h"
 
 namespace native {
@@ -65,6 +66,7 @@ struct NativeWorld::Host {
          const std::filesystem::path& database, desk::Options options)
         : surroundings(boundary, programs, strands, engine),
           desk(surroundings, desk::Store::open(database), std::move(options)) {
+        desk::offer_surface(desk);
         surroundings.run_message_loop = [this] { yield(); };
         surroundings.telling = [this] { return desk.telling(); };
     }

@@ -4,6 +4,7 @@
 #include "desk/base/desk.h"
 #include "desk/outlook/application.h"
 #include "desk/outlook/item.h"
+#include "desk/surface/surface.h"
 #include "family/create.h"
 #include "family_fakes.h"
 #include "store_support.h"
@@ -80,6 +81,7 @@ struct FamilyOnDesk : testing::Test {
         store->add_folder(store_tests::folder_named(u"System Folder", root));
         fill();
         host = std::make_unique<desk::Desk>(quiet, std::move(store), desk::Options{});
+        desk::offer_surface(*host);
         around->host = host->application()->self();
     }
 

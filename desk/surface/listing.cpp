@@ -1,0 +1,61 @@
+#include "desk/surface/listing.h"
+
+#include "desk/base/desk.h"
+
+namespace desk {
+
+using automation::Arguments;
+using automation::Failure;
+using automation::Object;
+using automation::Takes;
+using automation::Use;
+using automation::Value;
+namespace result = automation::result;
+
+Object Listing::parent() const { return desk().surface; }
+
+Value Listing::at(std::int32_t place) const {
+    if (place < 1 || static_cast<std::size_t>(place) > count_()) {
+        throw Failure(result::bad_index, u"Array index out of bounds.");
+    }
+    return element_(static_cast<std::size_t>(place - 1));
+}
+
+const automation::Members<Listing>& Listing::members() {
+    static const automation::Members<Listing> table{
+        {u"Count", automation::no_id, Use::get,
+         [](Listing& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.count())); }},
+        {u"Item",
+         automation::no_id,
+         Use::method,
+         {{u"Index", Takes::integer}},
+         [](Listing& self, const Arguments& a) { return self.at(a[0].to_integer()); }},
+    };
+    return table;
+}
+
+Object Entry::parent() const { return desk().surface; }
+
+const automation::Members<Entry>& Entry::members() {
+    static const automation::Members<Entry> none{};
+    return none;
+}
+
+Value Entry::other_member(automation::Request& request) {
+    constexpr std::int32_t first = 1;
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const std::int32_t id = first + static_cast<std::int32_t>(i);
+        const bool meant = request.id == automation::default_member && request.member.empty() ? i == 0
+                           : request.member.empty()
+                               ? request.id == id
+                               : automation::same_ignoring_case(fields_[i].first, request.member);
+        if (!meant) continue;
+        const automation::MemberFacts facts{fields_[i].first, id, Use::get, {}};
+        if (request.access == automation::Access::identify) return automation::identify(facts, request);
+        const std::vector<Value> rest = automation::arrange(facts, request);
+        return rest.empty() ? fields_[i].second : automation::ask_default_member(fields_[i].second, rest);
+    }
+    automation::throw_no_member(request);
+}
+
+}  // namespace desk
