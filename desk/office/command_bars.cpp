@@ -1,7 +1,5 @@
 #include "desk/office/command_bars.h"
 
-#include <algorithm>
-
 #include "desk/base/desk.h"
 #include "desk/base/host_event_tables.h"
 #include "desk/base/kept.h"
@@ -17,180 +15,6 @@ using automation::TextView;
 using automation::Use;
 using automation::Value;
 namespace result = automation::result;
-
-namespace {
-
-constexpr std::int32_t icon_and_caption = 3;  // MsoButtonStyle
-
-bool fits(const CommandBarControl& control, const ControlWish& wish) {
-    if (!wish.type.is_missing() && control.type != wish.type.to_integer()) return false;
-    if (!wish.id.is_missing() && control.id != wish.id.to_integer()) return false;
-    if (!wish.tag.is_missing() && control.tag != wish.tag.to_text()) return false;
-    return wish.visible.is_missing() || !wish.visible.to_boolean() || control.visible;
-}
-
-Value object(const std::shared_ptr<CommandBarControl>& control) {
-    return control ? Value(control->self()) : Value(Object());
-}
-
-template <class Self>
-Value find_control(Self& self, const Arguments& a) {
-    return object(self.find({a[0], a[1], a[2], a[3]}));
-}
-
-}  // namespace
-
-Object CommandBar::parent() const {
-    const auto bars = owner();
-    return bars ? bars->self() : Object();
-}
-
-Value CommandBar::invoke(automation::Request& request) {
-    if (is_use(request)) check_there();
-    return ModelObject::invoke(request);
-}
-
-void CommandBar::check_there() const {
-    if (deleted_) throw Failure(result::object_deleted, u"The command bar was deleted.");
-}
-
-void CommandBar::check_may_change() const {
-    check_there();
-    if (protection & no_customize) {
-        throw Failure(result::fail, u"The command bar \"" + bar_name + u"\" is protected.");
-    }
-}
-
-void CommandBar::check_place(const Value& before) const {
-    if (before.is_missing()) return;
-    const std::int32_t wanted = before.to_integer();
-    if (wanted < 1 || static_cast<std::size_t>(wanted) > controls.size() + 1) {
-        throw Failure(result::bad_index, u"Array index out of bounds.");
-    }
-}
-
-void CommandBar::kept_changed() {
-    if (const auto bars = owner()) bars->kept_changed();
-}
-
-std::int32_t CommandBar::index() const {
-    const auto bars = owner();
-    if (!bars) return 0;
-    const auto own = std::ranges::find(bars->all, this, &std::shared_ptr<CommandBar>::get);
-    return static_cast<std::int32_t>(own - bars->all.begin()) + 1;
-}
-
-void CommandBar::end() {
-    deleted_ = true;
-    for (const auto& control : controls) control->end();
-    controls.clear();
-}
-
-void CommandBar::end_window() {
-    if (!built_in) return end();
-    const auto before = controls;
-    for (const auto& control : before) {
-        if (control->temporary) {
-            std::erase(controls, control);
-            control->end();
-        } else {
-            control->end_window();
-        }
-    }
-}
-
-void CommandBar::remove() {
-    if (built_in) {
-        throw Failure(result::fail, u"The host's own command bar \"" + bar_name + u"\" can't be deleted.");
-    }
-    const auto alive = shared_from_this();
-    if (const auto bars = owner()) {
-        std::erase(bars->all, alive);
-        bars->kept_changed();
-    }
-    end();
-}
-
-std::shared_ptr<CommandBarControl> CommandBar::find(const ControlWish& wish) const {
-    const auto found =
-        std::ranges::find_if(controls, [&](const auto& control) { return fits(*control, wish); });
-    return found == controls.end() ? nullptr : *found;
-}
-
-void CommandBar::insert(std::shared_ptr<CommandBarControl> control, const Value& before) {
-    check_place(before);
-    const auto place = before.is_missing() ? static_cast<std::ptrdiff_t>(controls.size())
-                                           : std::ptrdiff_t{before.to_integer()} - 1;
-    controls.insert(controls.begin() + place, std::move(control));
-    kept_changed();
-}
-
-std::shared_ptr<CommandBarControl> CommandBar::add(const Value& type, const Value& control_id,
-                                                   const Value& parameter, const Value& before,
-                                                   bool is_temporary) {
-    if (!type.is_missing() && type.to_integer() != CommandBarControl::button_type) {
-        throw Failure(result::invalid_argument, u"The desk's command bars take buttons only.");
-    }
-    if (!control_id.is_missing() && control_id.to_integer() != CommandBarControl::custom_id) {
-        throw Failure(result::invalid_argument, u"The desk has no built-in control with that number to add.");
-    }
-    check_may_change();
-    auto control = std::make_shared<CommandBarControl>(desk(), weak_from_this(), is_temporary);
-    if (!parameter.is_missing()) control->parameter = parameter.to_text();
-    insert(control, before);
-    return control;
-}
-
-std::shared_ptr<CommandBarControl> CommandBar::add_own(std::int32_t control_id, TextView caption,
-                                                       std::function<void()> action) {
-    auto control = std::make_shared<CommandBarControl>(desk(), weak_from_this(), false);
-    control->id = control_id;
-    control->face_id = control_id;
-    control->style = icon_and_caption;
-    control->caption = Text(caption);
-    control->action = std::move(action);
-    insert(control, automation::Missing{});
-    return control;
-}
-
-const automation::Members<CommandBar>& CommandBar::members() {
-    using Self = CommandBar;
-    static const automation::Members<Self> table{
-        {u"Name", 0x6004000E, Use::get, shown<&Self::bar_name>},
-        {u"NameLocal", 0x60040010, Use::get, shown<&Self::bar_name>},
-        {u"BuiltIn", 0x60040000, Use::get, shown<&Self::built_in>},
-        {u"Type", 0x6004001D, Use::get, shown<&Self::bar_type>},
-        {u"Id", 0x60040024, Use::get, shown<&Self::id>},
-        {u"Index", 0x6004000A, Use::get, [](Self& self, const Arguments&) { return Value(self.index()); }},
-        {u"Controls", 0x60040003, Use::get,
-         [](Self& self, const Arguments&) {
-             return Value(std::make_shared<CommandBarControls>(self.desk(), self.shared_from_this())->self());
-         }},
-        {u"Visible", 0x6004001E, Use::get_put, kept<&Self::visible>},
-        {u"Enabled", 0x60040005, Use::get_put, kept<&Self::enabled>},
-        {u"Position", 0x60040013, Use::get_put, kept<&Self::position>},
-        {u"RowIndex", 0x60040015, Use::get_put, kept<&Self::row_index>},
-        {u"Protection", 0x60040017, Use::get_put, kept<&Self::protection>},
-        {u"Left", 0x6004000C, Use::get_put, kept<&Self::left>},
-        {u"Top", 0x6004001B, Use::get_put, kept<&Self::top>},
-        {u"Width", 0x60040020, Use::get_put, kept<&Self::width>},
-        {u"Height", 0x60040008, Use::get_put, kept<&Self::height>},
-        {u"AdaptiveMenu", 0x60040022, Use::get_put, kept<&Self::adaptive_menu>},
-        {u"Context", 0x60040001, Use::get_put, kept<&Self::context>},
-        {u"FindControl",
-         0x60040007,
-         Use::method,
-         {{u"Type", Takes::value, true},
-          {u"Id", Takes::value, true},
-          {u"Tag", Takes::value, true},
-          {u"Visible", Takes::value, true},
-          {u"Recursive", Takes::value, true}},
-         find_control<Self>},
-        {u"Delete", 0x60040004, Use::method, done<&Self::remove>},
-        {u"Reset", 0x60040019, Use::method, [](Self&, const Arguments&) { return Value(); }},
-    };
-    return table;
-}
 
 std::shared_ptr<CommandBars> CommandBars::with_own_bars(Desk& desk, std::initializer_list<TextView> names) {
     auto bars = std::make_shared<CommandBars>(desk);
@@ -308,7 +132,7 @@ const automation::Members<CommandBars>& CommandBars::members() {
          find_control<Self>},
         {u"ActionControl", 0x60030000, Use::get,
          [](Self& self, const Arguments&) {
-             return self.pressed.empty() ? Value(Object()) : object(self.pressed.back());
+             return self.pressed.empty() ? Value(Object()) : answer_of(self.pressed.back());
          }},
         {u"ActiveMenuBar", 0x60030001, Use::get,
          [](Self& self, const Arguments&) { return Value(self.named(menu_bar)->self()); }},

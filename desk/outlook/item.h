@@ -91,6 +91,7 @@ class Item : public ModelObject<Item> {
 
   private:
     void load_attachments();
+    bool is_people_line(automation::TextView field_name) const;
     void set_people_line(automation::TextView line, automation::TextView names);
     void leave_folder();
     void write();

@@ -1,0 +1,144 @@
+// An item and people: who it goes to, that it is sent or posted, and the answers to it.
+#include <algorithm>
+
+#include "desk/base/desk.h"
+#include "desk/outlook/application.h"
+#include "desk/outlook/inspectors.h"
+#include "desk/outlook/item.h"
+#include "desk/outlook/name_space.h"
+
+namespace desk {
+
+using automation::Failure;
+using automation::Text;
+using automation::TextView;
+using automation::Value;
+namespace result = automation::result;
+
+namespace {
+
+constexpr std::int32_t sent_items = 5;
+
+/// The lines of a mail that name its recipients.
+struct PeopleLine {
+    TextView field;
+    std::int32_t kind;
+};
+constexpr PeopleLine mail_lines[] = {{u"To", 1}, {u"CC", 2}, {u"BCC", 3}};
+constexpr PeopleLine appointment_lines[] = {
+    {u"RequiredAttendees", 1}, {u"OptionalAttendees", 2}, {u"Resources", 3}};
+
+std::span<const PeopleLine> lines_of(const ItemKind& kind) {
+    if (kind.number == object_class::mail) return mail_lines;
+    if (kind.number == object_class::appointment) return appointment_lines;
+    return {};
+}
+
+}  // namespace
+
+bool Item::is_people_line(TextView field_name) const {
+    return std::ranges::any_of(lines_of(kind()),
+                               [&](const PeopleLine& line) { return line.field == field_name; });
+}
+
+void Item::set_people_line(TextView line, TextView names) {
+    const auto& lines = lines_of(kind());
+    const std::int32_t person_kind = std::ranges::find(lines, line, &PeopleLine::field)->kind;
+    std::vector<Person>& people = change().recipients;
+    std::erase_if(people, [&](const Person& person) { return person.kind == person_kind; });
+    while (!names.empty()) {
+        const std::size_t end = names.find(u';');
+        const Text one = automation::trimmed(names.substr(0, end));
+        if (!one.empty()) people.push_back(desk().name_space()->person(one, person_kind));
+        names = end == TextView::npos ? TextView() : names.substr(end + 1);
+    }
+    people_changed();
+}
+
+void Item::people_changed() {
+    for (const PeopleLine& line : lines_of(kind())) {
+        Text names;
+        for (const Person& person : data_.recipients) {
+            if (person.kind != line.kind) continue;
+            if (!names.empty()) names += u"; ";
+            names += person.name;
+        }
+        change().fields[Text(line.field)] = names;
+    }
+}
+
+void Item::post() {
+    const automation::Date now = desk().surroundings().now();
+    change().fields[u"SentOn"] = now;
+    data_.fields[u"ReceivedTime"] = now;
+    data_.fields[u"SenderName"] = desk().name_space()->user_name();
+    save();
+    if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
+}
+
+void Item::send() {
+    if (data_.recipients.empty()) {
+        throw Failure(result::fail, u"There must be at least one name in the To, Cc, or Bcc box.");
+    }
+    std::vector<Value> own_cancel{false};
+    raise_with_answer(u"Send", own_cancel);
+    if (own_cancel[0].to_boolean()) return;
+    std::vector<Value> arguments{Value(self()), false};
+    desk().application()->raise_with_answer(u"ItemSend", arguments);
+    if (arguments[1].to_boolean()) return;
+
+    const automation::Date now = desk().surroundings().now();
+    ItemData& sent = change();
+    sent.fields[u"Sent"] = true;
+    sent.fields[u"Submitted"] = true;
+    sent.fields[u"SentOn"] = now;
+    sent.fields[u"ReceivedTime"] = now;
+    sent.fields[u"SenderName"] = desk().name_space()->user_name();
+    sent.fields[u"UnRead"] = false;
+    if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
+    const bool kept =
+        !data_.fields.contains(u"DeleteAfterSubmit") || !field(u"DeleteAfterSubmit").to_boolean();
+    const RowId target = desk().default_folder(sent_items);
+    if (!kept) return remove_for_good();
+    if (id_ == 0) {
+        folder_ = target;
+        save();
+    } else {
+        save();
+        move_to(target);
+    }
+}
+
+std::shared_ptr<Item> Item::reply(bool to_all) {
+    const Text subject = this->subject();
+    ItemData data;
+    data.message_class = u"IPM.Note";
+    data.fields[u"Subject"] = subject.starts_with(u"RE: ") ? subject : u"RE: " + subject;
+    data.fields[u"Body"] = u"\r\n\r\n" + field(u"Body").to_text();
+    Person sender;
+    sender.name = field(u"SenderName").to_text();
+    sender.address = field(u"SenderEmailAddress").to_text();
+    sender.address_type = field(u"SenderEmailType").to_text();
+    sender.smtp_address =
+        data_.fields.contains(u"SenderSmtpAddress") ? field(u"SenderSmtpAddress").to_text() : Text();
+    data.recipients.push_back(sender);
+    if (to_all)
+        data.recipients.insert(data.recipients.end(), data_.recipients.begin(), data_.recipients.end());
+    auto answer = std::make_shared<Item>(desk(), desk().default_folder(kind_of_type(0).default_folder),
+                                         std::move(data));
+    answer->people_changed();
+    return answer;
+}
+
+std::shared_ptr<Item> Item::forward() {
+    const Text subject = this->subject();
+    ItemData data;
+    data.message_class = u"IPM.Note";
+    data.fields[u"Subject"] = subject.starts_with(u"FW: ") ? subject : u"FW: " + subject;
+    data.fields[u"Body"] = u"\r\n\r\n" + field(u"Body").to_text();
+    data.attachments = whole().attachments;
+    return std::make_shared<Item>(desk(), desk().default_folder(kind_of_type(0).default_folder),
+                                  std::move(data));
+}
+
+}  // namespace desk
