@@ -21,15 +21,19 @@ constexpr std::size_t place_of(const FormTable& table, automation::TextView name
     return static_cast<std::size_t>(found - table.controls.begin());
 }
 
+/// Whether a table has a control of a name and of the right kind.
+constexpr bool knows(const FormTable& table, automation::TextView name, bool (*has_kind)(ControlKind)) {
+    const std::size_t place = place_of(table, name);
+    return place < table.controls.size() && has_kind(table.controls[place].kind);
+}
+
 /// The name of a control of one table that has the right kind, as a constant: `Named<table>(u"Label1")`.
 template <const FormTable& table, bool (*has_kind)(ControlKind) = is_any>
 class Named {
   public:
     template <std::size_t size>
     consteval Named(const char16_t (&name)[size]) : name_(name) {  // NOLINT: a name is written as it stands
-        const std::size_t place = place_of(table, name_);
-        if (place == table.controls.size() || !has_kind(table.controls[place].kind))
-            throw "the table has no such control of that kind";
+        if (!knows(table, name_, has_kind)) throw "the table has no such control of that kind";
     }
 
     constexpr operator automation::TextView() const { return name_; }  // NOLINT: the same

@@ -1,4 +1,5 @@
 #include "addin/commands/buttons.h"
+#include "addin/ground/keyed.h"
 
 #include <algorithm>
 
@@ -26,6 +27,7 @@ constexpr ButtonRow button_rows[] = {
     {&Connect::ExcelTemplateButton,    u"ExcelTemplateButton",    u"ExcelTemplateButton",      u"Tarnwell Excel Templates",         566, run_command<Command::excel_templates>},
 };
 // clang-format on
+static_assert(is_keyed(button_rows, &ButtonRow::member));
 
 std::shared_ptr<NoteDialog> new_dialog(Connect& connect) {
     const auto& make = connect.session().dlgSend;

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "addin/conversions/shown_item.h"
+#include "addin/ground/keyed.h"
 #include "addin/ground/question.h"
 #include "addin/ground/status.h"
 #include "addin/ground/steps.h"
@@ -118,7 +119,7 @@ constexpr TextView copied_fields[] = {
     u"Title",
     u"WebPage",
 };
-static_assert(std::size(copied_fields) == 51);
+static_assert(std::size(copied_fields) == 51 && is_keyed(copied_fields, std::identity()));
 
 /// What the new contact takes from its account. The account's name is written twice.
 constexpr AccountToContact always_taken[] = {

@@ -1,5 +1,6 @@
 // The names that a note takes from a record, by the record's kind.
 #include "addin/createnote/dlg_send.h"
+#include "addin/ground/keyed.h"
 #include "addin/records/names.h"
 #include "addin/records/stamp.h"
 
@@ -22,6 +23,7 @@ constexpr NamesRow rows[] = {
     {message_class::account_profile, property::account_name, u"", u""},
     {u"", property::account_name, property::contact_name, u""},
 };
+static_assert(is_keyed(rows, &NamesRow::message_class));
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "addin/ground/keyed.h"
 #include "addin/ground/presence.h"
 #include "addin/ground/settings.h"
 #include "addin/records/database.h"
@@ -49,6 +50,7 @@ constexpr VariantRow variant_rows[] = {
     {Variant::create_note,       TermKind::from_dialog,  {},                      {},                      Gate::none,                            false,       false,   false,     NoToLine::message,                          Folders::by_dialog_level},
 };
 // clang-format on
+static_assert(is_in_order(variant_rows, &VariantRow::variant, Variant::create_note));
 
 Text& value_of(Addresses& addresses, Address which) {
     switch (which) {

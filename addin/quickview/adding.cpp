@@ -1,6 +1,7 @@
 // A new record for the contact that is shown, made from the mail with which the window was opened.
 #include <algorithm>
 
+#include "addin/ground/keyed.h"
 #include "addin/quickview/quick_view.h"
 #include "addin/records/database.h"
 #include "addin/records/names.h"
@@ -44,6 +45,7 @@ constexpr NewRecord new_records[] = {
     {my_tasks,                          u"",                              default_folder::tasks,    records::message_class::task,        u"",                                  u"",                      SubjectOf::people, true},
 };
 // clang-format on
+static_assert(is_keyed(new_records, &NewRecord::chosen));
 
 const NewRecord* find_record(const Text& chosen) {
     const auto found = std::ranges::find(new_records, chosen, &NewRecord::chosen);

@@ -1,4 +1,5 @@
 // Mail that is dropped on the row of an opportunity or inquiry is filed for it.
+#include "addin/ground/keyed.h"
 #include "addin/quickview/quick_view.h"
 #include "addin/records/database.h"
 #include "addin/records/names.h"
@@ -22,6 +23,7 @@ struct Target {
 };
 constexpr Target targets[] = {{records::message_class::opportunity, Path::drop_on_opportunity},
                               {records::message_class::inquiry, Path::drop_on_inquiry}};
+static_assert(is_keyed(targets, &Target::message_class));
 
 /// Throws `Failure` for an item of another kind: it is neither copied nor marked.
 const Item& as_mail(const Item& item) {

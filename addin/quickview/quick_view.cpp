@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "addin/commands/sticky_notes.h"
+#include "addin/ground/keyed.h"
 #include "addin/quickview/launch.h"
 #include "addin/records/database.h"
 #include "addin/records/names.h"
@@ -38,6 +39,7 @@ constexpr ShownValue shown_values[] = {{property::account_name, u"CompanyName"},
                                        {property::account_id, u"AccountID"},
                                        {property::contact_id, u"ContactID"},
                                        {property::alignment, u"Alignment"}};
+static_assert(is_keyed(shown_values, &ShownValue::property));
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 // The items of a folder that belong to the contact that is shown.
 #include <array>
 
+#include "addin/ground/keyed.h"
 #include "addin/quickview/quick_view.h"
 #include "addin/records/database.h"
 #include "addin/records/filters.h"
@@ -27,6 +28,7 @@ constexpr FolderRow folder_rows[] = {
     {records::folder::notes, 0, false},
     {records::folder::email, 0, false},
 };
+static_assert(is_keyed(folder_rows, &FolderRow::chosen));
 constexpr FolderRow any_other{u"", 0, true};
 
 const FolderRow& row_of(const Text& chosen) {

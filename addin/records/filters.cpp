@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "addin/ground/keyed.h"
 #include "addin/ground/steps.h"
 
 namespace addin::records {
@@ -105,6 +106,7 @@ struct FieldFormat {
 };
 constexpr FieldFormat field_formats[] = {
     {u"Currency", u"Currency"}, {u"Date", u"Short Date"}, {u"Percent", u"Percent"}};
+static_assert(is_keyed(field_formats, &FieldFormat::field_type));
 
 }  // namespace
 

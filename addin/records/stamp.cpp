@@ -1,5 +1,8 @@
 #include "addin/records/stamp.h"
 
+#include <algorithm>
+
+#include "addin/ground/keyed.h"
 #include "addin/ground/settings.h"
 
 namespace addin::records {
@@ -79,6 +82,13 @@ constexpr PathRow path_rows[] = {
     {Path::drop_on_inquiry,          Place::actions,            message_class::action,  dropped_on_inquiry,     From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::the_wrapper,             flag_user,     true},
 };
 // clang-format on
+static_assert(is_in_order(path_rows, &PathRow::path, Path::drop_on_inquiry));
+
+constexpr bool keys_stand_once() {
+    return std::ranges::all_of(path_rows,
+                               [](const PathRow& row) { return is_keyed(row.keys, &Key::property); });
+}
+static_assert(keys_stand_once());
 
 /// The folder's name by the option, or the default.
 Text named_folder(host::Desktop& desktop, TextView otherwise) {

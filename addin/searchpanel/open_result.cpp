@@ -3,6 +3,7 @@
 #include <iterator>
 #include <limits>
 
+#include "addin/ground/keyed.h"
 #include "addin/ground/presence.h"
 #include "addin/ground/product.h"
 #include "addin/searchpanel/show_items.h"
@@ -34,6 +35,7 @@ constexpr FolderRow folders[] = {
     {u"Inbox", default_folder::inbox},          {u"Calendar", default_folder::calendar},
     {u"Tasks", default_folder::tasks},          {u"Deleted Items", default_folder::deleted_items},
     {u"Sent Items", default_folder::sent_mail}, {u"Drafts", default_folder::drafts}};
+static_assert(is_keyed(folders, &FolderRow::name));
 
 /// The cells of the selected row. Throws `Failure` if there is none.
 Text cell(ShowItems& panel, int column) { return panel.list().text(panel.list().selected(), column); }

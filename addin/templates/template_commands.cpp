@@ -1,5 +1,6 @@
 #include "addin/templates/template_commands.h"
 
+#include "addin/ground/keyed.h"
 #include "addin/ground/presence.h"
 #include "addin/ground/question.h"
 #include "addin/records/database.h"
@@ -36,6 +37,7 @@ constexpr TemplateList template_lists[] = {
     {Command::document_templates, true, u"Document"},
     {Command::excel_templates, false, u"Spreadsheet"},
 };
+static_assert(is_keyed(template_lists, &TemplateList::command));
 
 void show_list(host::Desktop& desktop, const TemplateList& list) {
     Steps steps;

@@ -14,19 +14,19 @@ using addin::createnote::dlgSend;
 using automation::TextView;
 using native::NativeWorld;
 
-struct Opened {
+struct OpenedDialog {
     NativeWorld world{acceptance::WorldSetup{}};
     std::unique_ptr<acceptance::OpenedItem> mail;
     std::shared_ptr<dlgSend> dialog;
 
-    Opened() {
+    OpenedDialog() {
         acceptance::write_targets_file(world, "[Undefined]\r\nDisplay in=Find\r\n");
         mail = std::make_unique<acceptance::OpenedItem>(world.deliver(acceptance::message()));
         mail->show();
         dialog = std::make_shared<dlgSend>(world.add_in()->session());
         dialog->show();
     }
-    ~Opened() { dialog->unload(); }
+    ~OpenedDialog() { dialog->unload(); }
 
     native::MemoryWindow* window() { return world.engine().find(u"Tarnwell Create Note"); }
 
@@ -45,7 +45,7 @@ struct Opened {
 constexpr const char* no_definition = "Invalid List Definition Record in the Tarnwell System Folder";
 
 TEST(DialogMessageBoxes, OfATargetWithoutDefinitionBringNoClosedWindowBack) {
-    Opened opened;
+    OpenedDialog opened;
     opened.at_message_box([&] { opened.dialog->unload(); });
     ASSERT_TRUE(opened.window()->control(u"Combo2").choose(0));
     EXPECT_EQ(acceptance::message_texts(opened.world), Lines{no_definition});
@@ -54,7 +54,7 @@ TEST(DialogMessageBoxes, OfATargetWithoutDefinitionBringNoClosedWindowBack) {
 }
 
 TEST(DialogMessageBoxes, OfATargetWithoutDefinitionLeaveAnotherWindowsHeadings) {
-    Opened opened;
+    OpenedDialog opened;
     opened.world.add_in()->session().list_definition.ColumnName[0] = u"Of an older target";
     opened.at_message_box([&] { opened.open_again(); });
     ASSERT_TRUE(opened.window()->control(u"Combo2").choose(0));
@@ -65,7 +65,7 @@ TEST(DialogMessageBoxes, OfATargetWithoutDefinitionLeaveAnotherWindowsHeadings) 
 }
 
 TEST(DialogMessageBoxes, OfferingAContactLeaveAnotherWindowOpen) {
-    Opened opened;
+    OpenedDialog opened;
     constexpr std::int32_t yes = 6, no = 7;
     opened.world.desk().call(u"Answer", {u"Tarnwell", u"Would you like to Create an Account/Contact", yes});
     opened.world.desk().call(u"Answer", {u"Tarnwell", u"Would you like to search for an Account Name? ", no});
