@@ -18,7 +18,7 @@ automation::Object make(std::shared_ptr<Surroundings> surroundings) {
     return automation::Object(std::make_shared<T>(std::move(surroundings)));
 }
 
-constexpr ClassEntry table[] = {
+constexpr ClassEntry class_table[] = {
     {u"Tarnwell.connect", guid("{AF16E176-8FD4-418C-9D4A-576005E63CEE}"), make<MainAddIn>},
     {u"ContactList.List", guid("{59E3AF82-5E41-4766-9B1D-B943977DB692}"), make<ListPicker>},
     {u"TarnwellReports.Reports", guid("{B1E370C1-DC09-46BD-AC16-9675E8B7961C}"), make<ReportsHost>},
@@ -29,13 +29,13 @@ constexpr ClassEntry table[] = {
 
 }  // namespace
 
-std::span<const ClassEntry> classes() { return table; }
+std::span<const ClassEntry> classes() { return class_table; }
 
 automation::Object create(automation::TextView prog_id, std::shared_ptr<Surroundings> surroundings) {
-    const auto found = std::ranges::find_if(table, [&](const ClassEntry& entry) {
+    const auto found = std::ranges::find_if(class_table, [&](const ClassEntry& entry) {
         return automation::same_ignoring_case(entry.prog_id, prog_id);
     });
-    return found == std::end(table) ? automation::Object() : found->make(std::move(surroundings));
+    return found == std::end(class_table) ? automation::Object() : found->make(std::move(surroundings));
 }
 
 }  // namespace family

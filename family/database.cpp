@@ -20,7 +20,7 @@ constexpr TextView anchor = names::folder::account_profiles;
 
 /// The answer of a folder or store, empty if it can't be asked.
 template <class Question>
-Text asked(Question question) {
+Text answer_of(Question question) {
     try {
         return question();
     } catch (const Failure&) {
@@ -29,7 +29,7 @@ Text asked(Question question) {
 }
 
 Text name_of(const Folder& folder) {
-    return asked([&] { return folder.Name(); });
+    return answer_of([&] { return folder.Name(); });
 }
 
 /// The folders of a collection. One that can't be read, as of a store that is offline, reads as an empty one.
@@ -165,7 +165,7 @@ Folders Database::stores() {
     Folders all = list(session_.Folders());
     const Text chosen = surroundings_.setting(setting::store_id);
     const auto is_chosen = [&](const Folder& store) {
-        return asked([&] { return store.StoreID(); }) == chosen;
+        return answer_of([&] { return store.StoreID(); }) == chosen;
     };
     std::stable_partition(all.begin(), all.end(), is_chosen);
     return all;

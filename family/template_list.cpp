@@ -21,13 +21,13 @@ namespace {
 constexpr TextView templates = u"lstTemplates", open_button = u"cmdOpen", close_button = u"cmdClose";
 constexpr int id_column = 1;
 
-constexpr Column columns[] = {{u"Template", 5700}, {u"EntryID", 0}};
-constexpr ControlRow controls[] = {
+constexpr Column template_columns[] = {{u"Template", 5700}, {u"EntryID", 0}};
+constexpr ControlRow template_controls[] = {
     {.kind = ControlKind::report_list,
      .name = templates,
      .place = {120, 120, 6000, 3450},
      .tool_tip = u"Double click a template to open it.",
-     .columns = columns,
+     .columns = template_columns,
      .accessible_name = u"Templates"},
     {.kind = ControlKind::button, .name = open_button, .text = u"Open", .place = {6300, 120, 1395, 375}},
     {.kind = ControlKind::button, .name = close_button, .text = u"Close", .place = {6300, 615, 1395, 375}},
@@ -38,7 +38,7 @@ constexpr FormTable table{.name = u"TemplateList",
                           .default_button = open_button,
                           .cancel_button = close_button,
                           .first_focus = templates,
-                          .controls = controls};
+                          .controls = template_controls};
 static_assert(forms::is_sound(table));
 
 }  // namespace

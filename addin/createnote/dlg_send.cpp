@@ -17,7 +17,6 @@ namespace tag = host::family::tag;
 
 namespace {
 
-constexpr TextView search_by_email = u"Search by Email";
 constexpr TextView no_row_chosen =
     u"You must select a valid Account/Contact name. Please use the search feature.";
 constexpr TextView note_types = u"Note Type";

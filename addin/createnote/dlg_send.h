@@ -10,6 +10,9 @@
 
 namespace addin::createnote {
 
+/// The first of the targets that can be searched for.
+inline constexpr automation::TextView search_by_email = u"Search by Email";
+
 /// The columns of `lstRecipients`, from 0.
 namespace column {
 inline constexpr int text = 0, third = 2, key = 6, entry_id = 7;

@@ -18,7 +18,6 @@ using host::outlook::Item;
 
 namespace {
 
-constexpr TextView search_by_email = u"Search by Email";
 constexpr TextView not_there = u"Invalid List Definition Record in the Tarnwell System Folder";
 
 // the records of the "System Folder" by class and subject

@@ -19,13 +19,13 @@ namespace property = records::property;
 
 namespace {
 
-constexpr TextView not_found_start = u"Tarnwell Account/Contact ", not_found_end = u" NOT FOUND!";
+constexpr TextView no_contact_start = u"Tarnwell Account/Contact ", no_contact_end = u" NOT FOUND!";
 constexpr TextView create_question = u"\rWould you like to Create an Account/Contact";
 constexpr TextView account_question = u"Would you like to search for an Account Name? ";
 constexpr TextView commercial_end = u".com", web_start = u"www.";
 
 // clang-format off
-constexpr NewContactRow rows[] = {
+constexpr NewContactRow new_contacts[] = {
     // path                                     chooser          keeps values  alignment of kept  address is domain
     {records::Path::quick_view_new_contact,     Chooser::search, true,         false,             false},
     {records::Path::open_contact_new_contact,   Chooser::dialog, true,         true,              true},
@@ -117,12 +117,12 @@ Value kept_value(const NewContact& made, const records::Key& key) {
 }  // namespace
 
 const NewContactRow& new_contact_row(records::Path path) {
-    return *std::ranges::find(rows, path, &NewContactRow::path);
+    return *std::ranges::find(new_contacts, path, &NewContactRow::path);
 }
 
 std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, const NewContactPlan& plan) {
     if (!asks(session.desktop,
-              Text(not_found_start) + plan.address + Text(not_found_end) + Text(create_question))) {
+              Text(no_contact_start) + plan.address + Text(no_contact_end) + Text(create_question))) {
         return std::nullopt;
     }
     const Domain domain = domain_of(plan.address, plan.row.address_is_domain);

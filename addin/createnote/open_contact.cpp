@@ -23,7 +23,7 @@ namespace {
 
 constexpr TextView received_only = u"Please use the Open Contact button for received emails only.";
 constexpr TextView dead_link = u"Tarnwell Contact was not found";
-constexpr TextView searching = u"Searching for ";
+constexpr TextView searching_for = u"Searching for ";
 
 }  // namespace
 
@@ -70,7 +70,7 @@ void dlgSend::OpenContact() {
     const Folder& profiles = database.account_profiles;
     Folder contacts;
     steps.set(contacts, [&] { return profiles.Folders().Item(records::folder::account_contacts); });
-    steps.run([&] { show_status(session_, Text(searching) + addresses.sender_name); });
+    steps.run([&] { show_status(session_, Text(searching_for) + addresses.sender_name); });
     here.give_way(steps);
     Item contact;
     steps.set(contact, [&] { return contacts.Items().Find(filter); });

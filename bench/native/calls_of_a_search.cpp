@@ -1,5 +1,3 @@
-#include <sys/resource.h>
-
 #include <fstream>
 #include <iostream>
 
@@ -53,12 +51,6 @@ void add_definition(native::NativeWorld& world) {
     set_property(definition, u"KeyColumnName", u"ContactID");
     set_property(definition, u"SearchFolder", folder_path);
     definition.Post();
-}
-
-long peak_memory() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;  // kilobytes
 }
 
 /// Opens the dialog on a mail and searches in the target. Answers the rows that came.

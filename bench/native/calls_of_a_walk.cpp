@@ -1,5 +1,3 @@
-#include <sys/resource.h>
-
 #include <algorithm>
 #include <iostream>
 #include <map>
@@ -33,12 +31,6 @@ constexpr double calls_around = 120;
 
 /// The add-in holds no more of the host's objects at once, however many items there are.
 constexpr int most_held = 60;
-
-long peak_memory() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;  // kilobytes
-}
 
 /// Adds folders with items beside the others of the database.
 void add_tree(desk::Store& store, int folders, int items) {

@@ -1,4 +1,6 @@
 // Measures the add-in with add-in and desk in one process.
+#include <sys/resource.h>
+
 #include <cstdlib>
 #include <iostream>
 
@@ -11,6 +13,12 @@ std::unique_ptr<native::NativeWorld> filing_world() {
     world->family(u"EmailAutoFile", u"1");
     acceptance::add_contact(*world);
     return world;
+}
+
+long peak_memory() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
 }
 
 }  // namespace bench

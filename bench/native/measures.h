@@ -12,6 +12,9 @@ namespace bench {
 /// A world that files received mail and has one contact, the usual sender of the mails.
 std::unique_ptr<native::NativeWorld> filing_world();
 
+/// The most memory that the process has held so far, in kilobytes.
+long peak_memory();
+
 /// The calls that the add-in makes for one mail.
 bool calls_of_a_mail();
 

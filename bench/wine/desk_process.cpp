@@ -6,18 +6,11 @@
 #include <stdexcept>
 
 #include "tests/wine/registry.h"
+#include "tests/wine/windows_handle.h"
 
 #include <psapi.h>
 
 namespace bench {
-namespace {
-
-struct CloseHandleOf {
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-
-}  // namespace
-
 std::optional<std::string> log_line(const std::string& start) {
     const std::optional<automation::Text> log =
         wine::read_text(HKEY_CURRENT_USER, u"Software\\Tarnwell\\Desk", u"LogFile");
@@ -33,7 +26,7 @@ std::optional<std::string> log_line(const std::string& start) {
 std::uint64_t desk_memory() {
     const std::optional<std::string> id = log_line("process ");
     if (!id) throw std::runtime_error("the desk's log does not tell its process");
-    const std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseHandleOf> process(
+    const wine::windows_handle process(
         OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, static_cast<DWORD>(std::stoul(*id))));
     PROCESS_MEMORY_COUNTERS counters{};
     if (!process || !GetProcessMemoryInfo(process.get(), &counters, sizeof counters)) {

@@ -13,7 +13,7 @@ using automation::Text;
 namespace {
 
 constexpr int text_id = 0xFFFF;  // the static control of a message box that holds its text
-constexpr UINT_PTR subclass_id = 1;
+constexpr UINT_PTR answer_subclass = 1;
 constexpr const wchar_t* former_procedure = L"TarnwellDeskFormerProcedure";
 
 /// The system's own complaint that a program could not be started. It is no message of anyone's here.
@@ -137,7 +137,7 @@ void MessageWatch::meet(HWND box) {
     } else if (desk_.options().unattended) {
         EndDialog(box, 0);
     } else {
-        SetWindowSubclass(box, note_answer, subclass_id,
+        SetWindowSubclass(box, note_answer, answer_subclass,
                           reinterpret_cast<DWORD_PTR>(&desk_.messages.back().answer));
     }
 }

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t longest_name = 256;
 constexpr automation::TextView own_classes = u"TarnwellDesk";
 
-BOOL CALLBACK collect(HWND window, LPARAM into) {
+BOOL CALLBACK collect_named(HWND window, LPARAM into) {
     reinterpret_cast<std::vector<HWND>*>(into)->push_back(window);
     return TRUE;
 }
@@ -38,13 +38,13 @@ bool is_desk_window(HWND window) { return class_name(window).starts_with(own_cla
 
 std::vector<HWND> windows_of_thread() {
     std::vector<HWND> all;
-    EnumThreadWindows(GetCurrentThreadId(), collect, reinterpret_cast<LPARAM>(&all));
+    EnumThreadWindows(GetCurrentThreadId(), collect_named, reinterpret_cast<LPARAM>(&all));
     return all;
 }
 
 std::vector<HWND> windows_inside(HWND window) {
     std::vector<HWND> all;
-    EnumChildWindows(window, collect, reinterpret_cast<LPARAM>(&all));
+    EnumChildWindows(window, collect_named, reinterpret_cast<LPARAM>(&all));
     return all;
 }
 

@@ -20,7 +20,7 @@ using automation::Value;
 
 namespace {
 
-constexpr std::uint32_t warning = 0x30;  // MB_ICONWARNING
+constexpr std::uint32_t failure_warning = 0x30;  // MB_ICONWARNING
 
 }  // namespace
 
@@ -92,7 +92,7 @@ void Explorer::drop_selection_on(RowId folder, bool copies) {
                 if (there) moved.push_back(there->self());
             }
         } catch (const automation::Failure& failure) {
-            desk().surroundings().ask(failure.description(), u"Outlook", warning);
+            desk().surroundings().ask(failure.description(), u"Outlook", failure_warning);
         }
     }
     if (moved.empty()) return;

@@ -30,15 +30,16 @@ constexpr PersonProperty person_properties[] = {
     {u"3003", &Person::address},
     {u"39fe", &Person::smtp_address},
 };
-constexpr TextView tag_root = u"http://schemas.microsoft.com/mapi/proptag/0x";
+constexpr TextView property_root = u"http://schemas.microsoft.com/mapi/proptag/0x";
 constexpr std::size_t tag_number_digits = 4;
 
 }  // namespace
 
 std::optional<Value> person_property(const Person& person, TextView address) {
-    if (address.size() < tag_root.size() + tag_number_digits) return std::nullopt;
-    if (!automation::same_ignoring_case(address.substr(0, tag_root.size()), tag_root)) return std::nullopt;
-    const TextView number = address.substr(tag_root.size(), tag_number_digits);
+    if (address.size() < property_root.size() + tag_number_digits) return std::nullopt;
+    if (!automation::same_ignoring_case(address.substr(0, property_root.size()), property_root))
+        return std::nullopt;
+    const TextView number = address.substr(property_root.size(), tag_number_digits);
     for (const PersonProperty& row : person_properties) {
         if (!automation::same_ignoring_case(row.tag, number)) continue;
         const Text& value = person.*row.value;

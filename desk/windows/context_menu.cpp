@@ -10,7 +10,7 @@ struct DestroyMenuOf {
 };
 using MenuHandle = std::unique_ptr<std::remove_pointer_t<HMENU>, DestroyMenuOf>;
 
-constexpr std::int32_t pressed = -1;  // MsoButtonState
+constexpr std::int32_t checked = -1;  // MsoButtonState
 
 }  // namespace
 
@@ -32,7 +32,7 @@ std::function<void()> choose_from_menu(HWND owner, POINT place, std::span<const 
         const bool apart = first ? !own.empty() : control->begin_group;
         if (apart) AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
         first = false;
-        add((control->enabled ? 0U : MF_GRAYED) | (control->state == pressed ? MF_CHECKED : 0U),
+        add((control->enabled ? 0U : MF_GRAYED) | (control->state == checked ? MF_CHECKED : 0U),
             windows::wide(control->caption), [control] {
                 if (control->is_there()) control->press();
             });

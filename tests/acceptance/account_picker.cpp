@@ -9,17 +9,17 @@ using automation::TextView;
 using automation::Value;
 
 namespace {
-constexpr TextView caption = u"Account List", entries = u"lstItems";
+constexpr TextView account_list = u"Account List", entries = u"lstItems";
 }
 
-bool AccountPicker::is_open() const { return is_shown(window_of(world_, caption)); }
+bool AccountPicker::is_open() const { return is_shown(window_of(world_, account_list)); }
 
 bool AccountPicker::opens() const {
     return world_.wait_until([this] { return is_open(); });
 }
 
 Object AccountPicker::control(TextView name) const {
-    return window_of(world_, caption).call(u"Control", {Value(name)}).to_object();
+    return window_of(world_, account_list).call(u"Control", {Value(name)}).to_object();
 }
 
 std::int32_t AccountPicker::count() const { return control(entries).get(u"Count").to_integer(); }

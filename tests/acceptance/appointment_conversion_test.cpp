@@ -13,14 +13,14 @@ using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;
 
-constexpr TextView linked_class = u"IPM.Appointment.TarnwellAppt", personal_class = u"IPM.Appointment";
-constexpr TextView bar = u"Convert Appointment", button = u"ApptButton1";
+constexpr TextView linked_class = u"IPM.Appointment.TarnwellAppt", personal_appointment = u"IPM.Appointment";
+constexpr TextView appointment_bar = u"Convert Appointment", button = u"ApptButton1";
 
 class AppointmentConversion : public Acceptance {
   protected:
     Folder calendar() { return world().session().GetDefaultFolder(host::outlook::default_folder::calendar); }
     Item planned(const Folder& folder) {
-        const Item appointment = folder.Items().Add(personal_class);
+        const Item appointment = folder.Items().Add(personal_appointment);
         appointment.Subject(u"Tea at the mill");
         appointment.put(u"Location", u"York");
         appointment.put(u"Start", u"2026-03-03 09:15:00");
@@ -35,7 +35,7 @@ class AppointmentConversion : public Acceptance {
         appointment.Display();
         before_press();
         const std::int32_t before = displayed();
-        press(world(), opened, bar, button);
+        press(world(), opened, appointment_bar, button);
         Lines ids;
         const Object all = world().desk().get(u"Displayed").to_object();
         for (std::int32_t i = before + 1; i <= displayed(); ++i)
@@ -76,7 +76,7 @@ TEST_F(AppointmentConversion, ChangesTheClassAndNothingElse) {
                   Lines{shown(u"MessageClass: IPM.Appointment.TarnwellAppt instead of IPM.Appointment")});
 
         const Object window = world.application().Inspectors().Item(1);
-        EXPECT_FALSE(find_bar(window, bar)) << "it is offered once";
+        EXPECT_FALSE(find_bar(window, appointment_bar)) << "it is offered once";
         EXPECT_EQ(bars_of(window), menu_bar("its id"));
         EXPECT_TRUE(connect.get(u"GlobalCalendar").to_boolean());
         close_windows();
@@ -124,7 +124,7 @@ TEST_F(AppointmentConversion, ClosesAndOpensTheWindowWhereTheClassCannotBeChange
             world.fail(member);
         });
         EXPECT_EQ(opened, Lines{shown(appointment.EntryID())});
-        EXPECT_EQ(appointment.MessageClass(), personal_class);
+        EXPECT_EQ(appointment.MessageClass(), personal_appointment);
         EXPECT_EQ(appointment.get(u"Location").to_text(), u"York") << "what was typed is dropped";
         close_windows();
         empty_folder(calendar());
@@ -138,7 +138,7 @@ TEST_F(AppointmentConversion, OfAnotherStoreIsOnlyClosed) {
     const Item appointment = planned(shared);
     appointment.Save();
     EXPECT_EQ(convert(appointment), Lines{});
-    EXPECT_EQ(appointment.MessageClass(), personal_class);
+    EXPECT_EQ(appointment.MessageClass(), personal_appointment);
     EXPECT_EQ(shared.Items().Count(), 1);
 }
 
@@ -151,9 +151,9 @@ TEST_F(AppointmentConversion, LeavesAloneWhatIsNoAppointment) {
     OpenedItem mail(world.deliver(message()));
     mail.show();
     const ItemState before = state_of(mail.item);
-    press(world, window.window, bar, button);
+    press(world, window.window, appointment_bar, button);
     EXPECT_EQ(changes(before, state_of(mail.item)), Lines{});
-    EXPECT_EQ(appointment.MessageClass(), personal_class);
+    EXPECT_EQ(appointment.MessageClass(), personal_appointment);
     EXPECT_EQ(world.application().Inspectors().Count(), 2);
 }
 

@@ -5,6 +5,9 @@
 
 namespace acceptance {
 
+/// The add-in's own bar in the windows of items.
+inline constexpr automation::TextView item_bar = u"TarnwellCreateNote";
+
 /// All bars of a window with their controls, in their order. A bar is told as "Menu Bar, row -1, shown,
 /// enabled"; each control that isn't the host's own as "  Caption [Tag] face 1978, style 3, OnAction, group,
 /// shown" and what else it bears. The id of the window's item is told as "its id".

@@ -2,6 +2,7 @@
 // dialog, and from the button that opens a contact.
 #include "tests/acceptance/account_picker.h"
 #include "tests/acceptance/button_lines.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/note_dialog.h"
 
 namespace acceptance {
@@ -12,8 +13,6 @@ using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
-
-constexpr std::int32_t yes = 6;
 
 class ChosenAccount : public Filing {
   protected:

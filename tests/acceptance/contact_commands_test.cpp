@@ -1,6 +1,7 @@
 // Which buttons the window of a contact gets, by its class, by what ties it to an account, and by the option
 // that takes the templates away.
 #include "tests/acceptance/button_lines.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/people.h"
 
 namespace acceptance {
@@ -12,8 +13,6 @@ using host::outlook::Folder;
 using host::outlook::Item;
 
 class ContactCommands : public Acceptance {};
-
-constexpr std::int32_t contacts = 10;  // OlDefaultFolders
 
 constexpr TextView personal = u"IPM.Contact", account_contact = u"IPM.Contact.Account Contact",
                    lead = u"IPM.Contact.Lead", mailing = u"IPM.Contact.Mailing", other = u"IPM.Contact.Other";

@@ -2,6 +2,8 @@
 #include <span>
 
 #include "tests/acceptance/account_picker.h"
+#include "tests/acceptance/bars.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 
@@ -15,10 +17,7 @@ using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
-constexpr std::int32_t yes = 6, no = 7;
-constexpr std::int32_t contacts = 10;  // OlDefaultFolders
-constexpr TextView bar = u"TarnwellCreateNote";
-constexpr TextView account_question = u"Would you like to search for an Account? ";
+constexpr TextView search_question = u"Would you like to search for an Account? ";
 const std::string account_box = "Tarnwell, 4: Would you like to search for an Account? ";
 
 /// What differs between the two conversions.
@@ -66,8 +65,8 @@ class ContactConversion : public Acceptance {
     }
     void convert_shown(const Kind& kind, const Object& window, std::int32_t search) {
         answer(world(), kind.question, yes);
-        answer(world(), account_question, search);
-        press(world(), window, bar, kind.tag);
+        answer(world(), search_question, search);
+        press(world(), window, item_bar, kind.tag);
     }
 
     /// The last record that was made.
@@ -136,9 +135,9 @@ constexpr Copied copied[] = {
 constexpr std::size_t copied_count = 51;
 static_assert(std::size(copied) + 1 == copied_count, "the customer id is the key");
 
-constexpr Copied addresses[] = {{u"Email1Address", u"ann@mill.example"},
-                                {u"Email2Address", u"ann@home.example"},
-                                {u"Email3Address", u"ann@else.example"}};
+constexpr Copied copied_addresses[] = {{u"Email1Address", u"ann@mill.example"},
+                                       {u"Email2Address", u"ann@home.example"},
+                                       {u"Email3Address", u"ann@else.example"}};
 
 constexpr TextView not_copied[] = {u"Hobby", u"User1", u"PagerNumber", u"HomeAddressCity", u"FTPSite"};
 
@@ -147,7 +146,7 @@ TEST_F(ContactConversion, CopiesEveryFieldAndMarksTheSourceAlone) {
     for (const Kind* kind : {&to_contact, &to_lead}) {
         SCOPED_TRACE(shown(kind->message_class));
         const Item source = new_item(world, contacts, u"IPM.Contact");
-        for (const Copied& row : addresses) source.put(row.field, Value(row.value));
+        for (const Copied& row : copied_addresses) source.put(row.field, Value(row.value));
         for (const Copied& row : copied) source.put(row.field, Value(row.value));
         for (const TextView field : not_copied) source.put(field, u"not copied");
         const Text account = source.Account();
@@ -171,7 +170,8 @@ TEST_F(ContactConversion, CopiesEveryFieldAndMarksTheSourceAlone) {
         ASSERT_TRUE(made);
         EXPECT_TRUE(made.Saved());
         EXPECT_EQ(made.MessageClass(), kind->message_class);
-        for (const auto& rows : {std::span<const Copied>(addresses), std::span<const Copied>(copied)}) {
+        for (const auto& rows :
+             {std::span<const Copied>(copied_addresses), std::span<const Copied>(copied)}) {
             for (const Copied& row : rows)
                 EXPECT_EQ(shown(world.text(made, row.field)), shown(row.value)) << shown(row.field);
         }
@@ -374,8 +374,8 @@ TEST_F(ContactConversion, LetsTheUserChooseTheAccount) {
         OpenedItem window(source);
         window.show();
         answer(world, to_contact.question, yes);
-        answer(world, account_question, yes);
-        press(world, window.window, bar, to_contact.tag, false);
+        answer(world, search_question, yes);
+        press(world, window.window, item_bar, to_contact.tag, false);
         ASSERT_TRUE(picker.opens());
         EXPECT_EQ(picker.count(), 4);
         if (!one.found) world.fail(u"NameSpace.GetItemFromID", 0, 1);
@@ -415,7 +415,7 @@ TEST_F(ContactConversion, IsLeftAloneUnlessTheUserSaysYes) {
     const ItemState before = state_of(source);
     for (const Kind* kind : {&to_contact, &to_lead}) {
         answer(world, kind->question, no);
-        press(world, window.window, bar, kind->tag);
+        press(world, window.window, item_bar, kind->tag);
         EXPECT_EQ(folder_of(*kind).Items().Count(), 0);
     }
     EXPECT_EQ(boxes(world), (Lines{box_of(to_contact), box_of(to_lead)}));

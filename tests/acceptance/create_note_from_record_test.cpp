@@ -1,5 +1,6 @@
 // The note that the dialog makes for a record which a search has found: what it takes from each kind of
 // record.
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/acceptance/outgoing.h"
 
@@ -307,7 +308,6 @@ TEST_F(CreateNoteFromRecord, TriesTheThirdCellAsAnEntryIdWhereTheRecordHasNoKey)
             world.below(u"Email").Items().call(u"Remove", {1});
             continue;
         }
-        constexpr std::int32_t ok = 1;
         world.desk().call(u"Answer", {u"Tarnwell", u" NOT FOUND! Please use the search feature. ", ok});
         dialog.click(u"cmdSend");
         EXPECT_EQ(message_texts(world).back(),

@@ -1,4 +1,5 @@
 // The dialog's way for an address that nobody bears: a contact is made of it, and the note for that contact.
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/note_dialog.h"
 
 namespace acceptance {
@@ -8,8 +9,6 @@ using automation::Object;
 using automation::Text;
 using automation::TextView;
 using host::outlook::Item;
-
-constexpr std::int32_t yes = 6, no = 7;
 
 class CreateNoteForANewContact : public WithNoteDialog {
   protected:

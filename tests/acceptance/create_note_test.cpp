@@ -1,5 +1,6 @@
 // The note that the dialog makes for an address of the mail: whom it finds, what the note holds, where it
 // lies, and which mail is marked.
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/acceptance/outgoing.h"
 
@@ -12,7 +13,6 @@ using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
-constexpr std::int32_t ok = 1, no = 7;
 constexpr TextView not_found_question =
     u"Tarnwell Account/Contact ann.lee@northmill.example NOT FOUND!\rWould you like to Create an "
     u"Account/Contact";

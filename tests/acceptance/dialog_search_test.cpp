@@ -1,4 +1,5 @@
 // The dialog's search: what it shows of each found item, by the notations of a definition's fields.
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/note_dialog.h"
 
 namespace acceptance {
@@ -9,8 +10,6 @@ using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
-
-constexpr std::int32_t ok = 1;
 
 class DialogSearch : public WithNoteDialog {
   protected:

@@ -1,5 +1,6 @@
 // Finding a database in the profile's stores, and what the user's answer does.
 #include "addin/ground/settings.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/search_panel.h"
 
 namespace acceptance {
@@ -12,7 +13,6 @@ using automation::Value;
 using host::outlook::Folder;
 
 constexpr TextView title = u"Choose Tarnwell Database";
-constexpr std::int32_t cancel = 2, yes = 6, no = 7;
 constexpr TextView sample_path = u"\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles\\";
 constexpr TextView mailbox_path = u"\\Mailbox - Tarnwell\\Account Profiles\\";
 
@@ -219,7 +219,7 @@ TEST_F(Discovery, WalksOnWhereAStoreRefusesItsFolders) {
 /// looked for, and of its level nothing else is looked at.
 TEST_F(Discovery, TellsOfAFolderWhoseNameCannotBeRead) {
     World& world = with({});
-    constexpr std::int32_t ok = 1, information = 64, test_and_name = 2;
+    constexpr std::int32_t information = 64, test_and_name = 2;
     world.desk().call(u"Answer", {u"Tarnwell", u"Could not find", ok});
     answer(world, yes);
     world.fail(u"MAPIFolder.Name", 0, test_and_name);

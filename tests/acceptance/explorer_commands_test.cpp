@@ -1,5 +1,6 @@
 // The entries that the add-in puts into the menu of the explorer's right click, and what they do.
 #include "tests/acceptance/bars.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/people.h"
 
 namespace acceptance {
@@ -72,7 +73,6 @@ TEST_F(ExplorerCommands, FollowAnyRightClickOnMail) {
 
 TEST_F(ExplorerCommands, WaitForAFolderOfMail) {
     World& world = with({});
-    constexpr std::int32_t contacts = 10, notes = 12;  // OlDefaultFolders
     for (const std::int32_t number : {default_folder::calendar, default_folder::tasks, contacts, notes}) {
         SCOPED_TRACE(number);
         show_folder(world, world.session().GetDefaultFolder(number));

@@ -1,6 +1,7 @@
 // Which bars and buttons the window of an item gets: the whole of its bars for each kind of item, in each
 // state of the bar that the buttons stand on.
 #include "tests/acceptance/button_lines.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/people.h"
 
 namespace acceptance {
@@ -45,8 +46,6 @@ void expect_bars(World& world, const KindCase& one) {
         EXPECT_EQ(bars_of(window.window), bars);
     }
 }
-
-constexpr std::int32_t drafts = 16;  // OlDefaultFolders
 
 Item saved(const Item& item) {
     item.Subject(u"Our offer");

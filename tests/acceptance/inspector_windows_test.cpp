@@ -1,5 +1,6 @@
 // What opening and closing an item's window does beside its buttons: flags, the window that is remembered as
 // the last one, and what is held.
+#include "tests/acceptance/bars.h"
 #include "tests/acceptance/button_lines.h"
 #include "tests/acceptance/outgoing.h"
 
@@ -13,8 +14,7 @@ using automation::Value;
 using host::outlook::Item;
 namespace default_folder = host::outlook::default_folder;
 
-constexpr TextView bar = u"TarnwellCreateNote", create_note_tag = u"CreateNoteButton",
-                   open_contact_tag = u"OpenContactButton";
+constexpr TextView create_note_tag = u"CreateNoteButton", open_contact_tag = u"OpenContactButton";
 
 class InspectorWindows : public Outgoing {
   protected:
@@ -84,12 +84,12 @@ TEST_F(InspectorWindows, OfWordMailShareTheirBarAndLoseItWhenTheLastOneCloses) {
     OpenedItem first(word_mail(world)), last(word_mail(world));
     first.show();
     last.show();
-    ASSERT_TRUE(find_bar(first.window, bar));
+    ASSERT_TRUE(find_bar(first.window, item_bar));
     first.close();
-    EXPECT_TRUE(find_bar(last.window, bar)) << "only the last window's close is seen";
+    EXPECT_TRUE(find_bar(last.window, item_bar)) << "only the last window's close is seen";
     last.close();
     OpenedItem next(word_mail(world));
-    EXPECT_FALSE(find_bar(next.window, bar));
+    EXPECT_FALSE(find_bar(next.window, item_bar));
     next.show();
     EXPECT_EQ(bars_of(next.window),
               joined({{"Menu Bar, row -1, shown, enabled",
@@ -105,9 +105,9 @@ TEST_F(InspectorWindows, LoseTheirBarToASendingWhetherItIsFiledOrNot) {
         world.option(u"AutoFileSentEmails", filing);
         OpenedItem window(word_mail(world));
         window.show();
-        ASSERT_TRUE(find_bar(window.window, bar));
+        ASSERT_TRUE(find_bar(window.window, item_bar));
         send_unseen(world);
-        EXPECT_FALSE(find_bar(window.window, bar));
+        EXPECT_FALSE(find_bar(window.window, item_bar));
         EXPECT_TRUE(find_control(window.window, u"Menu Bar", u"ApptButton1"))
             << "the host's own bar is not touched";
     }
@@ -122,8 +122,8 @@ TEST_F(InspectorWindows, ThatAreNoWordMailKeepTheirBarWhenAMailIsSent) {
         word.show();
         last.show();
         send_unseen(world);
-        EXPECT_TRUE(find_bar(last.window, bar));
-        EXPECT_TRUE(find_bar(word.window, bar)) << "it isn't the last one";
+        EXPECT_TRUE(find_bar(last.window, item_bar));
+        EXPECT_TRUE(find_bar(word.window, item_bar)) << "it isn't the last one";
     }
 }
 
@@ -135,9 +135,9 @@ TEST_F(InspectorWindows, KeepTheirBarWhenAnotherClassIsSent) {
     const Item meeting = new_item(world, item_type::appointment);
     meeting.get(u"Recipients").to_object().call(u"Add", {u"Ann Lee <ann.lee@northmill.example>"});
     meeting.call(u"Send");
-    EXPECT_TRUE(find_bar(last.window, bar));
+    EXPECT_TRUE(find_bar(last.window, item_bar));
     send_unseen(world);
-    EXPECT_FALSE(find_bar(last.window, bar));
+    EXPECT_FALSE(find_bar(last.window, item_bar));
 }
 
 TEST_F(InspectorWindows, AreForgottenByTheFirstSending) {
@@ -147,11 +147,11 @@ TEST_F(InspectorWindows, AreForgottenByTheFirstSending) {
     last.show();
     world.fail(u"CommandBar.Delete");
     send_unseen(world);
-    ASSERT_TRUE(find_bar(last.window, bar)) << "the host refused to delete it";
+    ASSERT_TRUE(find_bar(last.window, item_bar)) << "the host refused to delete it";
     send_unseen(world);
-    EXPECT_TRUE(find_bar(last.window, bar)) << "nobody knows the window any more";
+    EXPECT_TRUE(find_bar(last.window, item_bar)) << "nobody knows the window any more";
     last.close();
-    EXPECT_TRUE(find_bar(OpenedItem(word_mail(world)).window, bar)) << "and its close isn't seen";
+    EXPECT_TRUE(find_bar(OpenedItem(word_mail(world)).window, item_bar)) << "and its close isn't seen";
 }
 
 TEST_F(InspectorWindows, ThatAreLeftAloneLeaveTheLastOneWhatItIs) {
@@ -179,7 +179,7 @@ TEST_F(InspectorWindows, ThatAreLeftAloneLeaveTheLastOneWhatItIs) {
         mail.show();
         other.show();
         send_unseen(world);
-        EXPECT_EQ(static_cast<bool>(find_bar(mail.window, bar)), !one.remembered);
+        EXPECT_EQ(static_cast<bool>(find_bar(mail.window, item_bar)), !one.remembered);
     }
 }
 
@@ -202,9 +202,9 @@ TEST_F(InspectorWindows, StayTheLastOneThoughAReplicationOffersItsItem) {
         EXPECT_TRUE(world.wait_for_handlers());
         const host::outlook::Folder root(world.account_profiles().Parent());
         EXPECT_EQ(root.Folders().Item(shared).Items().Count(), 1);
-        ASSERT_TRUE(find_bar(word.window, bar));
+        ASSERT_TRUE(find_bar(word.window, item_bar));
         send_unseen(world);
-        EXPECT_FALSE(find_bar(word.window, bar)) << "its end is still the one that is seen";
+        EXPECT_FALSE(find_bar(word.window, item_bar)) << "its end is still the one that is seen";
     }
 }
 
@@ -244,14 +244,14 @@ TEST_F(InspectorWindows, OfOtherKindsShowTheButtonsOfTheMailBefore) {
         OpenedItem mail(world.deliver(message()));
         mail.show();
         for (const TextView tag : {create_note_tag, open_contact_tag}) {
-            find_control(mail.window, bar, tag).put(u"Visible", false);
+            find_control(mail.window, item_bar, tag).put(u"Visible", false);
         }
         show_folder(world, world.session().GetDefaultFolder(one.folder));
         const Item task = new_item(world, item_type::task);
         if (one.saved) task.Save();
         OpenedItem(task).show();
         const auto state = [&](TextView tag) {
-            return find_control(mail.window, bar, tag).get(u"Visible").to_boolean() ? "shown" : "hidden";
+            return find_control(mail.window, item_bar, tag).get(u"Visible").to_boolean() ? "shown" : "hidden";
         };
         EXPECT_STREQ(state(create_note_tag), one.create_note);
         EXPECT_STREQ(state(open_contact_tag), one.open_contact);
@@ -263,10 +263,10 @@ TEST_F(InspectorWindows, OfOtherKindsHideOpenContactOfTheMailBeforeInSentItems) 
     show_folder(world, world.inbox());
     OpenedItem mail(world.deliver(message()));
     mail.show();
-    ASSERT_TRUE(find_control(mail.window, bar, open_contact_tag).get(u"Visible").to_boolean());
+    ASSERT_TRUE(find_control(mail.window, item_bar, open_contact_tag).get(u"Visible").to_boolean());
     show_folder(world, world.session().GetDefaultFolder(default_folder::sent_mail));
     OpenedItem(new_item(world, item_type::task)).show();
-    EXPECT_FALSE(find_control(mail.window, bar, open_contact_tag).get(u"Visible").to_boolean());
+    EXPECT_FALSE(find_control(mail.window, item_bar, open_contact_tag).get(u"Visible").to_boolean());
 }
 
 TEST_F(InspectorWindows, AskTheFirstExplorerForItsFolder) {
@@ -277,7 +277,7 @@ TEST_F(InspectorWindows, AskTheFirstExplorerForItsFolder) {
     second.call(u"Display");
     OpenedItem mail(world.deliver(message()));
     mail.show();
-    EXPECT_FALSE(find_control(mail.window, bar, open_contact_tag).get(u"Visible").to_boolean());
+    EXPECT_FALSE(find_control(mail.window, item_bar, open_contact_tag).get(u"Visible").to_boolean());
 }
 
 // what fails
@@ -294,7 +294,7 @@ TEST_F(InspectorWindows, StayWithoutCommandsIfTheirItemTellsNeitherClassNorId) {
         EXPECT_EQ(bars_of(mail.window), own_bars());
         EXPECT_EQ(count_messages(world), 0);
         send_unseen(world);
-        EXPECT_FALSE(find_bar(before.window, bar)) << "the last window is the one before";
+        EXPECT_FALSE(find_bar(before.window, item_bar)) << "the last window is the one before";
     }
 }
 
@@ -329,7 +329,7 @@ TEST_F(InspectorWindows, OfferTheContactIfTheExplorersFolderCannotBeTold) {
     OpenedItem mail(world.deliver(message()));
     world.fail(u"Explorer.CurrentFolder");
     mail.show();
-    EXPECT_TRUE(find_control(mail.window, bar, open_contact_tag).get(u"Visible").to_boolean())
+    EXPECT_TRUE(find_control(mail.window, item_bar, open_contact_tag).get(u"Visible").to_boolean())
         << "a test that fails counts as passed";
 }
 

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/outgoing.h"
 #include "tests/acceptance/search_panel.h"
 
@@ -68,7 +69,6 @@ class Lifecycle : public Filing {
     }
 
     static Object new_explorer(World& world) {
-        constexpr std::int32_t drafts = 16;
         const Object explorer = world.session().GetDefaultFolder(drafts).call(u"GetExplorer").to_object();
         explorer.call(u"Display");
         return explorer;

@@ -1,4 +1,5 @@
 // Which targets the Create Note dialog offers, and what it knows of the one that is chosen.
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/note_dialog.h"
 
 namespace acceptance {
@@ -12,7 +13,6 @@ using host::outlook::Folder;
 using host::outlook::Item;
 
 constexpr TextView invalid = u"Invalid List Definition Record in the Tarnwell System Folder";
-constexpr std::int32_t ok = 1;
 
 /// A section that the dialog offers.
 std::string section(const std::string& name) {

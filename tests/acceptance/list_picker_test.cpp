@@ -1,5 +1,6 @@
 // The family's picker of accounts, as a person has it before himself who files a mail of somebody unknown.
 #include "tests/acceptance/bars.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/people.h"
 
 namespace acceptance {
@@ -12,7 +13,6 @@ using automation::Value;
 using host::outlook::Item;
 
 constexpr TextView picker_caption = u"Account List", dialog_caption = u"Tarnwell Create Note";
-constexpr std::int32_t yes = 6;
 
 class ListPickerWindow : public Acceptance {
   protected:

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "addin/ground/settings.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 
@@ -14,7 +15,6 @@ using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
-constexpr std::int32_t contacts = 10;  // OlDefaultFolders
 constexpr TextView personal_class = u"IPM.Contact", record_class = u"IPM.Contact.Account Contact",
                    lead_class = u"IPM.Contact.Lead";
 

@@ -1,4 +1,5 @@
 #include "tests/acceptance/note_dialog.h"
+#include "tests/acceptance/host_numbers.h"
 
 namespace acceptance {
 
@@ -62,7 +63,6 @@ void NoteDialog::search(TextView target, TextView text) const {
 }
 
 void NoteDialog::create() const {
-    constexpr std::int32_t ok = 1;
     const std::int32_t before = count_messages(world_);
     world_.desk().call(u"Answer", {u"Tarnwell", u"Done - creating Note for ", ok});
     click(u"cmdSend");

@@ -1,5 +1,6 @@
 // The button that opens the contact of a mail's sender, or makes one.
 #include "tests/acceptance/button_lines.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/acceptance/outgoing.h"
 
@@ -12,7 +13,6 @@ using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
 
-constexpr std::int32_t ok = 1, yes = 6, no = 7;
 constexpr TextView create_question = u"Would you like to Create an Account/Contact",
                    account_question = u"Would you like to search for an Account Name? ";
 

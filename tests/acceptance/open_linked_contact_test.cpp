@@ -1,4 +1,5 @@
 // The button of a personal contact that opens the shared record which it is linked with.
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/note_dialog.h"
 
 namespace acceptance {
@@ -11,7 +12,6 @@ using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
 
-constexpr std::int32_t ok = 1;
 constexpr TextView dead_link = u"Tarnwell Contact was not found";
 
 class OpenLinkedContact : public Filing {
@@ -29,7 +29,6 @@ class OpenLinkedContact : public Filing {
 
     /// A personal contact that is linked with a shared one.
     static Item personal(World& world, TextView customer_id, TextView account = u"North Mill Ltd") {
-        constexpr std::int32_t contacts = 10;  // OlDefaultFolders
         const Item contact = new_item(world, contacts, u"IPM.Contact");
         contact.put(u"FullName", u"Ann Lee");
         contact.put(u"CustomerID", customer_id);
@@ -65,7 +64,6 @@ class OpenLinkedContact : public Filing {
     }
 
     static Item again(World& world, const Text& id) {
-        constexpr std::int32_t contacts = 10;  // OlDefaultFolders
         return world.session().GetItemFromID(id, world.session().GetDefaultFolder(contacts).StoreID());
     }
 

@@ -1,4 +1,5 @@
 #include "tests/acceptance/outgoing.h"
+#include "tests/acceptance/host_numbers.h"
 
 namespace acceptance {
 
@@ -7,9 +8,7 @@ using automation::TextView;
 using host::outlook::Item;
 using host::outlook::Items;
 
-namespace {
-constexpr std::int32_t drafts = 16;  // OlDefaultFolders
-}
+namespace {}
 
 Item new_mail(World& world, const OutgoingPlan& plan) {
     Item mail = new_item(world, item_type::mail);

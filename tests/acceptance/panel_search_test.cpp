@@ -1,4 +1,5 @@
 // What the Search Panel's search lists, by the record that it is for.
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/search_panel.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@ using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
 
-constexpr std::int32_t ok = 1, yes = 6, no = 7;
 constexpr std::int32_t escape = 27, shift = 16, control_key = 17;
 
 /// The two hosts: an old one that knows only plain comparisons, and a later one with a word index.

@@ -1,6 +1,7 @@
 // From the selected mail to the contact of its sender: when Quick View comes up, for whom, and with what.
 #include "automation/automated.h"
 #include "tests/acceptance/account_picker.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/quick_view.h"
 
 namespace acceptance {
@@ -12,7 +13,6 @@ using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
 
-constexpr std::int32_t yes = 6, no = 7;
 const std::string directory = "X-Desk-Sender: EX /o=Example/cn=ann\n";
 
 /// What another part of the family may hand over in place of a selection: one item.

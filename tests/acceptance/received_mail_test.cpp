@@ -1,4 +1,5 @@
 // A received mail from a known contact becomes a note when it is first read.
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/people.h"
 
 namespace acceptance {
@@ -173,7 +174,6 @@ TEST_F(ReceivedMail, OutsideOfTheInboxIsLeftAlone) {
     World& world = filing();
     add_contact(world);
     const Item mail = world.deliver(message());
-    constexpr std::int32_t drafts = 16;
     const Folder elsewhere = world.session().GetDefaultFolder(drafts);
     const Item moved(mail.call(u"Move", {Value(elsewhere)}).to_object());
     World::read(moved);
@@ -184,7 +184,6 @@ TEST_F(ReceivedMail, ThatCameReadIsFiledAtItsNextChange) {
     World& world = filing();
     add_contact(world);
     const Item mail = world.deliver(message());
-    constexpr std::int32_t drafts = 16;
     const Item away(mail.call(u"Move", {Value(world.session().GetDefaultFolder(drafts))}).to_object());
     World::read(away);
     const Item back(away.call(u"Move", {Value(world.inbox())}).to_object());

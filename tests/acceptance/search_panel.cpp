@@ -21,7 +21,7 @@ std::string joined_cells(const Lines& cells) {
     return line;
 }
 
-void write(const Item& record, TextView name, const Text& value) {
+void write_field(const Item& record, TextView name, const Text& value) {
     constexpr std::int32_t text = 1;  // OlUserPropertyType
     record.UserProperties().Add(name, text, false).value(value);
 }
@@ -53,13 +53,13 @@ void install_panel(World& world, const std::vector<PanelTarget>& targets) {
                 "\r\nFindDefinition=" + shown(target.definition) +
                 "\r\nFolder Name=" + shown(Text(accounts_path) + target.folder) + "\r\n\r\n";
         const Item entry = add_drop_down(world, target.name, target.definition);
-        write(entry, u"RecordType", u"Folder Drop Down");
-        write(entry, u"MessageClass", target.record_class);
+        write_field(entry, u"RecordType", u"Folder Drop Down");
+        write_field(entry, u"MessageClass", target.record_class);
         entry.Save();
         const Item definition = system_items(world).Add(u"IPM.Post.ListDefinition");
         definition.Subject(target.definition);
-        write(definition, u"RecordType", u"List Definition");
-        write(definition, u"KeyColumnName", target.key);
+        write_field(definition, u"RecordType", u"List Definition");
+        write_field(definition, u"KeyColumnName", target.key);
         definition.Save();
     }
     write_targets_file(world, file);
@@ -69,7 +69,7 @@ Item add_record(const host::outlook::Folder& folder, TextView message_class, con
                 const Fields& properties) {
     const Item record = folder.Items().Add(message_class);
     record.Subject(subject);
-    for (const auto& [name, value] : properties) write(record, name, value);
+    for (const auto& [name, value] : properties) write_field(record, name, value);
     record.Save();
     return record;
 }

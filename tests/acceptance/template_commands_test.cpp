@@ -1,5 +1,7 @@
 // The commands that have to do with templates: three open a list of the family, one makes a template of a
 // mail.
+#include "tests/acceptance/bars.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 
@@ -11,8 +13,6 @@ using automation::TextView;
 using host::outlook::Item;
 using host::outlook::Items;
 
-constexpr std::int32_t ok = 1, yes = 6, no = 7;
-constexpr TextView bar = u"TarnwellCreateNote";
 constexpr TextView question = u"Are you sure you want to create an email template from this email?";
 const std::string question_box =
     "Tarnwell, 4: Are you sure you want to create an email template from this email?";
@@ -33,7 +33,7 @@ class TemplateCommands : public Acceptance {
     void save_template(const OpenedItem& window, std::int32_t button = yes) {
         answer(world(), question, button);
         answer(world(), u"Email Template '", ok);
-        press(world(), window.window, bar, u"SaveAsTemplateButton");
+        press(world(), window.window, item_bar, u"SaveAsTemplateButton");
     }
 
     static std::string created(const std::string& subject) {
@@ -65,7 +65,7 @@ TEST_F(TemplateCommands, OpenTheListsOfTheFamily) {
             SCOPED_TRACE(shown(one.tag) + (fails ? ", the window can't be found" : ""));
             if (fails) world.fail(u"Application.ActiveInspector");
             const std::size_t before = world.family_calls().size();
-            press(world, window.window, bar, one.tag);
+            press(world, window.window, item_bar, one.tag);
             EXPECT_EQ(told(before), fails ? Lines{one.told.back()} : one.told);
         }
     }
@@ -79,7 +79,7 @@ TEST_F(TemplateCommands, OpenTheirListsWithoutAWindow) {
     OpenedItem mail(new_item(world, item_type::mail)), task(new_item(world, item_type::task));
     mail.show();
     task.show();
-    const automation::Object button = find_control(mail.window, bar, u"EmailTemplateButton");
+    const automation::Object button = find_control(mail.window, item_bar, u"EmailTemplateButton");
     ASSERT_TRUE(button);
     mail.close();
     task.close();

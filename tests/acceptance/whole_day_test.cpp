@@ -3,6 +3,8 @@
 #include <array>
 #include <span>
 
+#include "tests/acceptance/bars.h"
+#include "tests/acceptance/host_numbers.h"
 #include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/acceptance/outgoing.h"
@@ -20,9 +22,7 @@ using host::outlook::Item;
 using host::outlook::Items;
 namespace default_folder = host::outlook::default_folder;
 
-constexpr std::int32_t contacts = 10;  // OlDefaultFolders
-constexpr std::int32_t save_and_close = 0, ok = 1, yes = 6;
-constexpr TextView bar = u"TarnwellCreateNote";
+constexpr std::int32_t save_and_close = 0;
 
 /// Ids that the day itself gives; any other one was made by the family.
 constexpr std::array<std::string_view, 5> given_ids = {"", "A-100", "C-200", "AP-1", "TA-1"};
@@ -184,7 +184,7 @@ void WholeDay::contacts_are_made() {
     OpenedItem window(zoe);
     window.show();
     answer(w, u"Would you like to convert this contact to a Tarnwell Lead? ", yes);
-    press(w, window.window, bar, u"ConvertLeadButton");
+    press(w, window.window, item_bar, u"ConvertLeadButton");
 }
 
 void WholeDay::an_appointment_is_made_moved_and_deleted() {
@@ -229,7 +229,7 @@ void WholeDay::a_template_is_saved() {
     window.show();
     answer(w, u"Are you sure you want to create an email template from this email?", yes);
     answer(w, u"Email Template '", ok);
-    press(w, window.window, bar, u"SaveAsTemplateButton");
+    press(w, window.window, item_bar, u"SaveAsTemplateButton");
 }
 
 TEST_F(WholeDay, LeavesEveryItemAsItIsMeant) {

@@ -7,6 +7,9 @@
 
 namespace native {
 
+/// More calls than any routine makes that is tried with each of its calls failing.
+inline constexpr int many_calls = 600;
+
 /// Makes the n-th call of the add-in fail, counted from 1, and tells whether it came so far.
 class NthCall {
   public:

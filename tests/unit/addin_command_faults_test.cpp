@@ -16,7 +16,6 @@ using native::NativeWorld;
 using native::NthCall;
 
 /// More calls than any of the routines makes: a run that goes on for longer never ends.
-constexpr int many = 400;
 
 constexpr std::int32_t sent_folder = 5;
 
@@ -44,7 +43,7 @@ TEST(CommandFaults, AMailGoesOutWhateverFails) {
     const host::outlook::Folder sent = world->session().GetDefaultFolder(sent_folder);
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         const Item mail = new_mail(*world);
         mail.call(u"Display");
         const NthCall fault(*world, n);
@@ -88,7 +87,7 @@ TEST(CommandFaults, AWindowOpensAndClosesWhateverFails) {
         NativeWorld world{{}};
         int n = 1;
         for (bool more = true; more; ++n) {
-            ASSERT_LT(n, many);
+            ASSERT_LT(n, native::many_calls);
             const Object item = world.application().call(u"CreateItem", {shown.type}).to_object();
             if (!shown.message_class.empty()) item.put(u"MessageClass", Value(shown.message_class));
             item.call(u"Save");
@@ -111,7 +110,7 @@ TEST(CommandFaults, AWindowOpensAndClosesWhateverFails) {
 TEST(CommandFaults, TheContextMenuOpensWhateverFails) {
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         NativeWorld world{{}};
         const NthCall fault(world, n);
         const Object bars = world.application().ActiveExplorer().get(u"CommandBars").to_object();
@@ -135,7 +134,7 @@ TEST(CommandFaults, ASelectionChangesWhateverFails) {
     world.add_in()->session().ShowQuickView = [&](addin::Connect&, Value&) { ++shown; };
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         const NthCall fault(world, n);
         ASSERT_NO_THROW(world.desk().call(u"Select", {Value(mail)})) << n;
         more = fault.came();
@@ -160,7 +159,7 @@ TEST(CommandFaults, QuickViewIsLaunchedWhateverFails) {
         const Item mail = world->deliver(acceptance::message());
         int n = 1;
         for (bool more = true; more; ++n) {
-            ASSERT_LT(n, many);
+            ASSERT_LT(n, native::many_calls);
             if (!known) {
                 for (const TextView question : {acceptance::create_question, acceptance::account_question}) {
                     world->desk().call(u"Answer", {u"Tarnwell", Value(question),
@@ -214,7 +213,7 @@ TEST(CommandFaults, QuickViewWorksWhateverFails) {
     for (const Deed& one : deeds) {
         int n = 1;
         for (bool more = true; more; ++n) {
-            ASSERT_LT(n, many);
+            ASSERT_LT(n, native::many_calls);
             const auto world = quick_view_world();
             acceptance::add_contact(*world);
             acceptance::add_record(*world, u"Opportunities", u"IPM.Post.Opportunity", u"Row",

@@ -25,7 +25,6 @@ using native::NativeWorld;
 using native::NthCall;
 
 /// More calls than any of the routines makes: a run that goes on for longer never ends.
-constexpr int many = 400;
 
 /// A world with one contact, in which received mail is filed.
 std::unique_ptr<NativeWorld> filing_world(const WorldSetup& setup = {}) {
@@ -50,7 +49,7 @@ TEST(Faults, FilingAReceivedMailOutlivesEveryOne) {
     const auto world = filing_world();
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         const Item mail = world->deliver(message());
         std::string member;
         {
@@ -82,7 +81,7 @@ TEST(Faults, FilingAReceivedMailOutlivesEveryOne) {
 TEST(Faults, StartOutlivesEveryOne) {
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         const auto world = filing_world({.started = false});
         world->option(u"EnablePowerPanel", u"1");
         std::string member;
@@ -113,7 +112,7 @@ TEST(Faults, FirstRunOutlivesEveryOne) {
         SCOPED_TRACE(marked);
         int n = 1;
         for (bool more = true; more; ++n) {
-            ASSERT_LT(n, many);
+            ASSERT_LT(n, native::many_calls);
             const auto world = filing_world({.started = false});
             world->family(u"StoreID", u"-");
             const Text marker = world->add_in_folder() + u"/initial.txt";
@@ -137,7 +136,7 @@ TEST(Faults, StopOutlivesEveryOne) {
     int n = 1;
     const auto world = filing_world();
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         {
             const NthCall fault(*world, n);
             ASSERT_NO_THROW(world->quit()) << n;
@@ -152,7 +151,7 @@ TEST(Faults, StopOutlivesEveryOne) {
 TEST(Faults, StopLetsGoOfEverythingWhateverFails) {
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         const auto world = filing_world();
         world->boundary().forget_calls();
         {
@@ -167,7 +166,7 @@ TEST(Faults, StopLetsGoOfEverythingWhateverFails) {
 TEST(Faults, FindingADatabaseOutlivesEveryOne) {
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         const auto world = filing_world();
         world->family(u"CurrentUserName", u"Mia Hart");
         world->desk().call(u"Answer", {u"Choose Tarnwell Database", u"", host::box::answer_yes});

@@ -7,6 +7,7 @@
 
 #include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/native/nth_call.h"
 
 namespace addin_tests {
 namespace {
@@ -21,7 +22,6 @@ using host::outlook::Items;
 using native::NativeWorld;
 
 /// More calls than any of the routines makes.
-constexpr int many = 400;
 
 /// What became of an action that came while a routine ran.
 struct Came {
@@ -99,7 +99,7 @@ TEST(Reentrancies, OfFilingAReceivedMailByAnother) {
     std::set<std::size_t> yields;
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         SCOPED_TRACE("posted before call " + std::to_string(n));
         const Item ann = world->deliver(message());
         const Item bob = about_to_be_read(*world, {.from = "bob@ray.example"});
@@ -122,7 +122,7 @@ TEST(Reentrancies, OfFilingAReceivedMailByItself) {
     const auto world = filing_world();
     std::vector<int> notes;
     for (int n = 1;; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         SCOPED_TRACE("posted before call " + std::to_string(n));
         const Item mail = world->deliver(message());
         const Came came = run_with(
@@ -146,7 +146,7 @@ TEST(Reentrancies, OfFilingASentMailByAReceivedOne) {
     std::set<std::size_t> yields;
     int n = 1;
     for (bool more = true; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         SCOPED_TRACE("posted before call " + std::to_string(n));
         const Item bob = about_to_be_read(*world, {.from = "bob@ray.example"});
         const Item outgoing = mail_to_ann(*world);
@@ -170,7 +170,7 @@ TEST(Reentrancies, OfFilingASentMailByAReceivedOne) {
 TEST(Reentrancies, OfFilingASentMailByAnother) {
     const auto world = filing_world();
     for (int n = 1;; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         SCOPED_TRACE("posted before call " + std::to_string(n));
         const Item second = mail_to_ann(*world);
         second.put(u"To", u"bob@ray.example");
@@ -193,7 +193,7 @@ TEST(Reentrancies, OfFilingASentMailByAnother) {
 
 TEST(Reentrancies, OfFilingASentMailByTheEndOfTheAddIn) {
     for (int n = 1;; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         SCOPED_TRACE("posted before call " + std::to_string(n));
         const auto world = filing_world();
         const Item outgoing = mail_to_ann(*world);

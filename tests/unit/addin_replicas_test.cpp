@@ -27,7 +27,6 @@ using native::NthCall;
 using Texts = std::vector<std::string>;
 
 /// More calls than any of the handlers makes.
-constexpr int many = 600;
 
 constexpr TextView task_properties[] = {
     u"Account Manager",  u"Account Name", u"AccountID",    u"Alignment", u"Contact Name",
@@ -389,7 +388,7 @@ TEST(Replication, EndsWhateverFails) {
     for (const Handled& run : handled()) {
         int n = 1;
         for (bool more = true; more; ++n) {
-            ASSERT_LT(n, many);
+            ASSERT_LT(n, native::many_calls);
             const Item item = new_linked(world, *run.kind);
             if (!run.is_add) {
                 world.add_in()->GlobalCalendar = world.add_in()->GlobalTask = false;
@@ -465,7 +464,7 @@ TEST(Replication, HandlesWhatComesAtAnyOfItsYields) {
             std::unique_ptr<NativeWorld> world;
             int n = 1;
             for (bool more = true; more; n += step) {
-                ASSERT_LT(n, many);
+                ASSERT_LT(n, native::many_calls);
                 SCOPED_TRACE(std::string(run.kind->name) + ", " + between.name + " before call " +
                              std::to_string(n));
                 // an add-in that has stopped has to be loaded anew

@@ -25,7 +25,6 @@ using native::NativeWorld;
 using native::NthCall;
 
 /// More calls than any of the routines makes: a run that goes on for longer never ends.
-constexpr int many = 400;
 
 constexpr std::int32_t yes = 6, contacts = 10;  // an answer; OlDefaultFolders
 
@@ -79,7 +78,7 @@ class Conversions : public testing::Test {
     /// none did. Answers how many calls there were.
     template <class Routine, class Check>
     int with_each_call_failing(Routine routine, Check check) {
-        for (int n = 1; n < many; ++n) {
+        for (int n = 1; n < native::many_calls; ++n) {
             std::string failed;
             {
                 const NthCall fault(world(), n);
@@ -92,7 +91,7 @@ class Conversions : public testing::Test {
             if (failed.empty() || HasFailure()) return n;
         }
         ADD_FAILURE() << "it goes on for ever";
-        return many;
+        return native::many_calls;
     }
 
   private:

@@ -23,18 +23,18 @@ std::string candidates(automation::TextView text, const Filter::Usable& usable =
     return shown;
 }
 
-struct Case {
+struct CandidateCase {
     automation::Text filter;
     const char* candidates;
 };
 
-class FilterCandidates : public testing::TestWithParam<Case> {};
+class FilterCandidates : public testing::TestWithParam<CandidateCase> {};
 
 TEST_P(FilterCandidates, AreTheEqualitiesThatEachMatchFulfils) {
     EXPECT_EQ(candidates(GetParam().filter), GetParam().candidates) << automation::to_utf8(GetParam().filter);
 }
 
-const Case cases[] = {
+const CandidateCase candidate_cases[] = {
     {u"[Subject] = 'a'", "Subject=a"},
     {u"[Subject] = ''", "Subject="},
     {u"[Subject] = 'a' Or [FullName] = 'b' Or [Email1Address] = 'c'", "Subject=a|FullName=b|Email1Address=c"},
@@ -56,7 +56,7 @@ const Case cases[] = {
     {u"@SQL=\"p\" ci_phrasematch 'a'", "-"},
     {u"@SQL=(\"p\" ci_phrasematch 'a' And \"q\" = 'b')", "@q=b"},
 };
-INSTANTIATE_TEST_SUITE_P(EachForm, FilterCandidates, testing::ValuesIn(cases));
+INSTANTIATE_TEST_SUITE_P(EachForm, FilterCandidates, testing::ValuesIn(candidate_cases));
 
 TEST(FilterCandidatesOf, OnlyUsableFieldsAreOffered) {
     auto subject_only = [](const Equality& equality) { return equality.name == u"Subject"; };
@@ -72,7 +72,7 @@ automation::Text named(const char16_t* name) {
 }
 
 /// Filters in the very spelling in which the add-in sends them.
-const Case sent[] = {
+const CandidateCase sent[] = {
     {u"[Subject] = \"Ann\" Or [Fullname] = \"Ann\" Or [EmailSearchString]= \"Ann\" Or [Email1Address] = "
      u"\"Ann\" Or "
      u"[Email2Address] = \"Ann\" Or [Email3Address] = \"Ann\"",

@@ -25,18 +25,18 @@ std::string complaint(automation::TextView text, Words words = Words::refused) {
     }
 }
 
-struct Case {
+struct RefusedCase {
     const char16_t* filter;
     const char* complaint;
 };
 
-class FilterErrors : public testing::TestWithParam<Case> {};
+class FilterErrors : public testing::TestWithParam<RefusedCase> {};
 
 TEST_P(FilterErrors, SayWhatIsWrongAndWhere) {
     EXPECT_EQ(complaint(GetParam().filter), GetParam().complaint) << automation::to_utf8(GetParam().filter);
 }
 
-const Case cases[] = {
+const RefusedCase refused_cases[] = {
     {u"", "The filter is empty. (character 1)"},
     {u"   ", "The filter is empty. (character 4)"},
     {u"@SQL=", "The filter is empty. (character 6)"},
@@ -95,7 +95,7 @@ const Case cases[] = {
     {u"@SQL=\"subject\" ci_startswith 'x'", "\"ci_startswith\" is not supported here. (character 16)"},
     {u"[Subject] = 'x';", "Unexpected character \";\". (character 16)"},
 };
-INSTANTIATE_TEST_SUITE_P(EachForm, FilterErrors, testing::ValuesIn(cases));
+INSTANTIATE_TEST_SUITE_P(EachForm, FilterErrors, testing::ValuesIn(refused_cases));
 
 TEST(FilterLimits, WordsNeedATextWhereTheyAreSupported) {
     EXPECT_EQ(complaint(u"@SQL=\"s\" ci_phrasematch 5", Words::indexed),
@@ -138,9 +138,9 @@ TEST(FilterMutations, AreReadOrRefusedAndNothingElse) {
     const automation::Text alphabet = u"[]()'\"=<>%_@ aN0-.\u00E9\xD800";
     int read = 0, refused = 0;
     for (int round = 0; round < 200; ++round) {
-        for (const Case& seed : cases) {
+        for (const RefusedCase& seed : refused_cases) {
             automation::Text text = seed.filter;
-            const automation::Text other = cases[below(std::size(cases))].filter;
+            const automation::Text other = refused_cases[below(std::size(refused_cases))].filter;
             switch (below(3)) {
                 case 0:
                     text.insert(below(text.size() + 1), 1, alphabet[below(alphabet.size())]);

@@ -8,11 +8,11 @@ namespace {
 
 using namespace mail_tests;
 
-struct Case {
+struct ErrorCase {
     std::string text, sentence;
 };
 const std::string malformed = "The field X-Desk-";
-const Case cases[] = {
+const ErrorCase error_cases[] = {
     {"", "The file is empty."},
     {"\xEF\xBB\xBF", "The file is empty."},
     {"Hello, I am a letter.\nNothing more.\n", "The file is not a mail: it does not begin with a header."},
@@ -61,7 +61,7 @@ const Case cases[] = {
 };
 
 TEST(MailErrors, AreOneClearSentence) {
-    for (const Case& each : cases) EXPECT_EQ(refusal(each.text), each.sentence) << each.text;
+    for (const ErrorCase& each : error_cases) EXPECT_EQ(refusal(each.text), each.sentence) << each.text;
 }
 
 std::string refusal_of_file(const std::filesystem::path& file) {

@@ -7,10 +7,10 @@
 
 namespace {
 
-struct Case {
+struct HtmlCase {
     automation::TextView html, text;
 };
-const Case cases[] = {
+const HtmlCase html_cases[] = {
     {u"", u""},
     {u"plain  words\n here", u"plain words here"},
     {u"<p>one</p><p>two</p>", u"one\r\n\r\ntwo"},
@@ -34,7 +34,7 @@ const Case cases[] = {
 };
 
 TEST(HtmlText, ReadsAsAPersonWouldReadThePage) {
-    for (const Case& each : cases) {
+    for (const HtmlCase& each : html_cases) {
         EXPECT_EQ(automation::to_utf8(desk::mail::html_to_text(each.html)), automation::to_utf8(each.text))
             << automation::to_utf8(each.html);
     }

@@ -68,11 +68,11 @@ TEST(MailJson, HandsOnTheSentenceOfAnError) {
     EXPECT_EQ(sentence_of(error_to_json("Not \xFF UTF-8.")), "Not \xEF\xBF\xBD UTF-8.");
 }
 
-struct Case {
+struct JsonCase {
     std::string json, sentence;
 };
 const std::string wrong = "The mail reader's answer is wrong: ";
-const Case cases[] = {
+const JsonCase json_cases[] = {
     {"", "The mail reader's answer is not JSON."},
     {"{\"item\": {\"class\": \"IPM.No", "The mail reader's answer is not JSON."},
     {"[1]", "The mail reader's answer is not an object."},
@@ -102,7 +102,7 @@ const Case cases[] = {
 };
 
 TEST(MailJson, RefusesWhatIsNoSuchJson) {
-    for (const Case& each : cases) EXPECT_EQ(sentence_of(each.json), each.sentence) << each.json;
+    for (const JsonCase& each : json_cases) EXPECT_EQ(sentence_of(each.json), each.sentence) << each.json;
 }
 
 TEST(MailJson, RefusesEndlessNesting) {

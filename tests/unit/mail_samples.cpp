@@ -10,7 +10,7 @@ namespace {
 
 using namespace mail_tests;
 
-struct Case {
+struct SampleCase {
     std::string file;
     std::string subject;
     std::string sender;      ///< name <type address>
@@ -18,7 +18,7 @@ struct Case {
     std::string
         attachments;  ///< name and size, or what is embedded in brackets, and the position if it has one
 };
-const std::vector<Case> cases = {
+const std::vector<SampleCase> sample_cases = {
     {"01-outlook-express-apostrophe.eml", "Loaves per hour, line 3",
      "Siobhán O'Brien <SMTP siobhan.o'brien@omalleys.example>", "1 Tom Prior <tom.prior@haldenmarsh.example>",
      ""},
@@ -138,7 +138,7 @@ std::string described_attachments(const desk::ItemData& mail) {
 }
 
 TEST(SampleMails, AreReadWithSubjectPeopleAndAttachments) {
-    for (const Case& expected : cases) {
+    for (const SampleCase& expected : sample_cases) {
         SCOPED_TRACE(expected.file);
         const desk::ItemData mail = desk::mail::read_message_file(sample_mails() / expected.file);
         EXPECT_EQ(field(mail, u"Subject"), expected.subject);
@@ -153,13 +153,13 @@ TEST(SampleMails, AreAllInTheTable) {
     for (const auto& entry : std::filesystem::directory_iterator(sample_mails())) {
         files.insert(entry.path().filename().string());
     }
-    for (const Case& each : cases) named.insert(each.file);
+    for (const SampleCase& each : sample_cases) named.insert(each.file);
     EXPECT_EQ(files, named);
     EXPECT_EQ(files.size(), 25U);
 }
 
 TEST(SampleMails, HaveBodiesWhoseLinesEndInCrLf) {
-    for (const Case& each : cases) {
+    for (const SampleCase& each : sample_cases) {
         SCOPED_TRACE(each.file);
         const std::string body = field(desk::mail::read_message_file(sample_mails() / each.file), u"Body");
         EXPECT_GT(body.size(), 20U);
@@ -215,7 +215,7 @@ TEST(SampleMails, HaveTheFieldsOfAnItem) {
 }
 
 TEST(SampleMails, AreMailsButTheOneThatSaysOtherwise) {
-    for (const Case& each : cases) {
+    for (const SampleCase& each : sample_cases) {
         const bool other = each.file.starts_with("20-");
         const desk::ItemData mail = desk::mail::read_message_file(sample_mails() / each.file);
         EXPECT_EQ(mail.message_class, other ? u"IPM.Note.Other" : u"IPM.Note") << each.file;

@@ -23,12 +23,12 @@ using native::NativeWorld;
 const Lines of_account{"North Mill Ltd", "A note"};
 const Lines of_bell{"Bell & Sons", "Of Bell"};
 
-struct Searching {
+struct PanelSearching {
     NativeWorld world{acceptance::WorldSetup{}};
     Item account, bell;
     int last_yields = 0;
 
-    Searching() {
+    PanelSearching() {
         acceptance::install_panel(world);
         account = acceptance::add_full_account(world);
         bell = acceptance::add_full_account(world, u"Bell & Sons", u"A-7");
@@ -55,7 +55,7 @@ struct Searching {
 };
 
 TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
-    Searching searching;
+    PanelSearching searching;
     for (int i = 0; i < 59; ++i) {
         acceptance::add_note(searching.world, u"A note", {{u"AccountID", u"A-100"}});
     }
@@ -71,7 +71,7 @@ TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
     panel.choose(u"Accounts");
     searching.world.system().on_yield = usual;
     EXPECT_TRUE(told.contains("Found 1 items in folder Account Profiles."));
-    EXPECT_TRUE(told.contains("Please Wait.. Searching for North Mill Ltd  in folder Account Contacts"))
+    EXPECT_TRUE(told.contains("Please Wait.. PanelSearching for North Mill Ltd  in folder Account Contacts"))
         << "where nothing is found, for an account without a contact";
     EXPECT_EQ(std::ranges::count_if(told,
                                     [](const std::string& text) {
@@ -83,7 +83,7 @@ TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
 }
 
 TEST(PanelSearchInside, ShowsTheStatusDuringTheWalkForAccountsAlone) {
-    Searching searching;
+    PanelSearching searching;
     const Item contact = acceptance::add_full_contact(searching.world);
     const std::function<void()> usual = searching.world.system().on_yield;
     for (const bool of_account : {true, false}) {
@@ -101,7 +101,7 @@ TEST(PanelSearchInside, ShowsTheStatusDuringTheWalkForAccountsAlone) {
 }
 
 TEST(PanelSearchInside, LeavesNothingPending) {
-    Searching searching;
+    PanelSearching searching;
     searching.menu(u"ShowItemsMenu", searching.account);
     EXPECT_EQ(searching.session().gSelectedEntryID, u"");
     EXPECT_EQ(searching.session().gSelectedStoreID, u"");
@@ -124,7 +124,7 @@ Lines arguments_of(NativeWorld& world, const std::set<std::string>& members,
 
 /// The sender is read through a wrapper that is made for each folder, or was made for the one before.
 TEST(PanelSearchInside, ReadsTheSenderThroughTheLastWrapperThatCouldBeMade) {
-    Searching searching;
+    PanelSearching searching;
     for (const TextView folder : {u"Email", u"Notes"}) {
         const Item mail = searching.world.deliver(acceptance::message());
         mail.UserProperties().Add(u"AccountID", 1, false).value(Value(u"A-100"));
@@ -147,7 +147,7 @@ TEST(PanelSearchInside, ReadsTheSenderThroughTheLastWrapperThatCouldBeMade) {
 }
 
 TEST(PanelSearchInside, OpensTheTwoFoldersByTheirIds) {
-    Searching searching;
+    PanelSearching searching;
     EXPECT_EQ(arguments_of(searching.world, {"MainAddIn.GetFolderId"},
                            [&] { searching.menu(u"ShowItemsMenu", searching.account); }),
               (Lines{"MainAddIn.GetFolderId Account Profiles",  // the window's own
@@ -155,7 +155,7 @@ TEST(PanelSearchInside, OpensTheTwoFoldersByTheirIds) {
 }
 
 TEST(PanelSearchInside, HandsThePickerTheFolderAndTheDefinition) {
-    Searching searching;
+    PanelSearching searching;
     SearchPanel panel(searching.world);
     panel.open();
     const host::outlook::Folder profiles = searching.world.account_profiles();
@@ -173,7 +173,7 @@ TEST(PanelSearchInside, HandsThePickerTheFolderAndTheDefinition) {
 }
 
 TEST(PanelSearchInside, KeepsNoPickerBeyondItsEnd) {
-    Searching searching;
+    PanelSearching searching;
     SearchPanel panel(searching.world);
     panel.open();
     for (int search = 1; search <= 2; ++search) {
@@ -190,7 +190,7 @@ TEST(PanelSearchInside, KeepsNoPickerBeyondItsEnd) {
 }
 
 TEST(PanelSearchInside, TakesTheDefinitionOfTheTargetThatIsChosenWhenThePickerGoes) {
-    Searching searching;
+    PanelSearching searching;
     SearchPanel panel(searching.world);
     panel.open();
     panel.choose(u"Accounts");
@@ -215,7 +215,7 @@ TEST(PanelSearchInside, OfAWindowThatIsClosedEndsAtEachYield) {
     int yield = 1;
     for (bool more = true; more; ++yield) {
         SCOPED_TRACE(yield);
-        Searching searching;
+        PanelSearching searching;
         SearchPanel panel(searching.world);
         panel.open_second(Item());
         searching.menu(u"ShowItemsMenu2", searching.account);
@@ -236,7 +236,7 @@ TEST(PanelSearchInside, OfAWindowThatIsClosedEndsAtEachYield) {
 }
 
 TEST(PanelSearchInside, GoesOnInNoWindowThatWasLoadedAnew) {
-    Searching searching;
+    PanelSearching searching;
     SearchPanel panel(searching.world);
     panel.open_second(Item());
     searching.menu(u"ShowItemsMenu2", searching.account);
@@ -254,7 +254,7 @@ TEST(PanelSearchInside, InALoadEndsWithItsPanelWhenThatIsMadeAnew) {
     int yield = 1;
     for (bool more = true; more; ++yield) {
         SCOPED_TRACE(yield);
-        Searching searching;
+        PanelSearching searching;
         SearchPanel panel(searching.world);
         more = searching.at_yield(
             yield, [&] { searching.menu(u"ShowItemsMenu", searching.bell); },
@@ -272,7 +272,7 @@ TEST(PanelSearchInside, OutlivesTheEndOfTheAddIn) {
         int yield = 1;
         for (bool more = true; more; ++yield) {
             SCOPED_TRACE(yield);
-            Searching searching;
+            PanelSearching searching;
             {
                 SearchPanel panel(searching.world);
                 if (!in_load) {
@@ -304,7 +304,7 @@ TEST(PanelSearchInside, StartedAgainFillsTheSameListUnderIt) {
     int yield = 1;
     for (bool more = true; more; ++yield) {
         SCOPED_TRACE(yield);
-        Searching searching;
+        PanelSearching searching;
         SearchPanel panel(searching.world);
         panel.open_second(Item());
         searching.menu(u"ShowItemsMenu2", searching.account);
@@ -332,7 +332,7 @@ TEST(PanelSearchInside, StartedAgainFillsTheSameListUnderIt) {
 }
 
 TEST(PanelSearchInside, IsResizedAndCancelledWhileItGoesOn) {
-    Searching searching;
+    PanelSearching searching;
     SearchPanel panel(searching.world);
     panel.open_second(Item());
     searching.menu(u"ShowItemsMenu2", searching.account);
@@ -362,7 +362,7 @@ TEST(PanelSearchInside, IsResizedAndCancelledWhileItGoesOn) {
 // what calls it makes
 
 TEST(PanelSearchInside, AsksEachFolderOnceAndReadsOfARowWhatItShows) {
-    Searching searching;
+    PanelSearching searching;
     for (int i = 0; i < 9; ++i) {
         acceptance::add_note(searching.world, u"More", {{u"AccountID", u"A-100"}});
     }
@@ -396,7 +396,7 @@ TEST(PanelSearchInside, AsksEachFolderOnceAndReadsOfARowWhatItShows) {
 TEST(PanelFaults, SearchOutlivesEveryOne) {
     for (const bool phrases : {false, true}) {
         int n = 1;
-        Searching searching;
+        PanelSearching searching;
         if (phrases) {
             acceptance::desk_option(searching.world, u"InstantSearch", true);
             acceptance::search_in_phrases(searching.world);

@@ -8,6 +8,7 @@
 
 #include "tests/acceptance/quick_view.h"
 #include "tests/native/native_world.h"
+#include "tests/native/nth_call.h"
 
 namespace addin_tests {
 namespace {
@@ -196,8 +197,6 @@ TEST(QuickViewDrop, BelowTheRowsDoesNothing) {
 
 // what comes while it waits
 
-constexpr int many = 400;
-
 std::unique_ptr<NativeWorld> followed_world() {
     auto world = std::make_unique<NativeWorld>(acceptance::WorldSetup{});
     world->option(u"EnableQuickView", u"1");
@@ -212,7 +211,7 @@ template <class Action, class After>
 void at_every_call(const Action& action, const After& after) {
     bool more = true;
     for (int n = 1; more; ++n) {
-        ASSERT_LT(n, many);
+        ASSERT_LT(n, native::many_calls);
         SCOPED_TRACE("at call " + std::to_string(n));
         const auto world = followed_world();
         const Item of_ann = world->deliver(message());
@@ -433,7 +432,7 @@ TEST(QuickViewMeanwhile, ItMayEndInItsOwnEvents) {
                                                 acceptance::keys_of_ann);
         bool more = true;
         for (int n = 1; more; ++n) {
-            ASSERT_LT(n, many);
+            ASSERT_LT(n, native::many_calls);
             SCOPED_TRACE(std::string(one.name) + ", call " + std::to_string(n));
             world->desk().call(u"Select", {Value(mail)});
             native::MemoryWindow* const shown = world->engine().find(u"TW Quick View");

@@ -9,6 +9,7 @@
 #include "automation/com/com_ptr.h"
 #include "tests/acceptance/quick_view.h"
 #include "tests/acceptance/search_panel.h"
+#include "tests/wine/windows_handle.h"
 
 #include <psapi.h>
 
@@ -25,11 +26,6 @@ using automation::Object;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
-
-struct CloseHandleOf {
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using windows_handle = std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseHandleOf>;
 
 /// Whether the desk's process has the add-in's library loaded.
 bool library_is_loaded() {

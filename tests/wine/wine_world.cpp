@@ -12,6 +12,7 @@
 #include "tests/acceptance/world.h"
 #include "tests/wine/client.h"
 #include "tests/wine/registry.h"
+#include "tests/wine/windows_handle.h"
 
 namespace wine {
 namespace {
@@ -29,11 +30,6 @@ const Text desk_server_key = u"CLSID\\{0006F03A-0000-0000-C000-000000000046}\\Lo
 constexpr DWORD longest_wait = 60000, wait_step = 10;  // milliseconds
 
 Text text_of(const fs::path& path) { return path.u16string(); }
-
-struct CloseHandleOf {
-    void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using windows_handle = std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseHandleOf>;
 
 /// A folder of its own for one world, gone with it.
 class WorkFolder {
