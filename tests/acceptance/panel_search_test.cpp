@@ -370,6 +370,32 @@ TEST_F(SearchOfThePanel, FindsNothingWithoutThePicker) {
 
 // while it runs
 
+TEST_F(SearchOfThePanel, SaysAtTheFiftyFirstItemOfAFolderThatItStopsThere) {
+    World& same = made(old_host);
+    const Item account = add_full_account(same);
+    constexpr std::int32_t most = 51;
+    for (int i = 0; i < most; ++i) add_note(same, u"A note", {{u"AccountID", u"A-100"}});
+    panel().search_for(account);
+    EXPECT_EQ(panel().count(), 1 + most);
+    // at the folder that comes next a dialog opens, and the search waits for its end
+    const Lines told = statuses(same);
+    const auto notes = std::ranges::find(told, "Searching... Notes");
+    ASSERT_LT(notes, told.end() - 1);
+    OpenedItem mail(same.deliver(message()));
+    mail.show();
+    const Object button = find_control(mail.window, u"TarnwellCreateNote", u"CreateNoteButton");
+    same.desk().call(u"Meanwhile", {Value(automation::from_utf8(notes[1])), Value(button), u"Execute"});
+    panel().open_second(account);
+    panel().choose(u"Accounts");
+    {
+        const NoteDialog dialog(same);
+        EXPECT_TRUE(same.wait_until([&] { return dialog.is_open(); }));
+        EXPECT_EQ(panel().text(u"StoreID"), "Found 51 items in folder Notes. Stopping at 50.");
+    }
+    EXPECT_TRUE(panel().ends());
+    EXPECT_EQ(panel().count(), 1 + most);
+}
+
 TEST_F(SearchOfThePanel, TellsAtEachFurtherItemThatItWasCancelledAndGoesOn) {
     World& same = made(old_host);
     const Item account = add_full_account(same);
