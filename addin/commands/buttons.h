@@ -3,7 +3,9 @@
 
 #include <span>
 
-#include "addin/connect/connect.h"
+#include "addin/commands/links.h"
+#include "addin/commands/state.h"
+#include "automation/text.h"
 
 namespace addin::commands {
 
@@ -13,15 +15,12 @@ inline constexpr automation::TextView create_note_bar = u"TarnwellCreateNote";
 inline constexpr automation::TextView contact_templates_bar = u"Contact Templates";
 inline constexpr automation::TextView menu_bar = u"Menu Bar";  ///< the host's own
 
-/// What a click does; an empty `Command` work does nothing.
-using Click = void (*)(Connect& connect);
-
 /// A button as it is added. Two are looked up by a tag that isn't theirs, and that stands: the one for
 /// "ApptButton2" is never found, so each window gets a fresh one, and the one for "OpenContactButton" finds
 /// the button of a mail.
 struct ButtonRow {
-    automation::Sink Connect::*member;  ///< holds the button and its click
-    automation::TextView sought;        ///< the tag that it is looked up by
+    automation::Sink Links::*member;  ///< holds the button and its click
+    automation::TextView sought;      ///< the tag that it is looked up by
     automation::TextView tag;
     automation::TextView caption;
     std::int32_t face;
@@ -29,14 +28,14 @@ struct ButtonRow {
 };
 
 std::span<const ButtonRow> buttons();
-const ButtonRow& button(automation::Sink Connect::*member);
+const ButtonRow& button(automation::Sink Links::*member);
 
 /// Opens a new Create Note dialog and waits until it is done. A failure travels to the caller.
-void show_note_dialog(Connect& connect, bool from_explorer);
+void show_note_dialog(createnote::State& dialogs, bool from_explorer);
 
 /// The clicks whose work stands with the inspectors' commands. A failure ends the first.
-void goButton_Click(Connect& connect);
-void OpenButton_Click(Connect& connect);
-void OpenContactButton_Click(Connect& connect);
+void goButton_Click(State& state, Links& links);
+void OpenButton_Click(State& state, Links& links);
+void OpenContactButton_Click(State& state, Links& links);
 
 }  // namespace addin::commands

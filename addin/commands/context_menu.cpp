@@ -1,7 +1,10 @@
 #include "addin/commands/context_menu.h"
 
 #include "addin/commands/buttons.h"
-#include "addin/commands/sticky_notes.h"
+#include "addin/ground/steps.h"
+#include "addin/quickview/launch.h"
+#include "addin/quickview/quick_view.h"
+#include "addin/quickview/sticky_notes.h"
 #include "addin/records/names.h"
 
 namespace addin::commands {
@@ -23,78 +26,75 @@ void write_entry(Steps& steps, const CommandBarControl& entry, automation::TextV
     steps.run([&] { entry.Visible(true); });
 }
 
-void AddContextEntries(Connect& connect, const CommandBar& bar) {
+void AddContextEntries(State& state, Links& links, const CommandBar& bar) {
     Steps steps;
-    Session& session = connect.session();
     if (steps.holds([&] {
-            return host::outlook::Explorer(connect.goExplorer.source())
-                       .CurrentFolder()
-                       .DefaultMessageClass() != records::message_class::mail;
+            return host::outlook::Explorer(links.goExplorer.source()).CurrentFolder().DefaultMessageClass() !=
+                   records::message_class::mail;
         })) {
         return;
     }
     if (steps.holds([&] {
-            return host::outlook::Application(session.desktop.application())
+            return host::outlook::Application(state.session.desktop.application())
                 .Version()
                 .starts_with(version_without_entries);
         })) {
         return;
     }
-    steps.set(connect.Control, [&] { return bar.FindControl(host::office::control_button, quick_view_tag); });
-    if (connect.Control) return;
+    steps.set(links.Control, [&] { return bar.FindControl(host::office::control_button, quick_view_tag); });
+    if (links.Control) return;
     const auto add = [&] { return bar.Controls().Add(host::office::control_button); };
 
-    SetBarProtection(session, bar, false);
-    steps.set(connect.Control, add);
-    write_entry(steps, connect.Control, quick_view_tag);
-    SetBarProtection(session, bar, true);
-    steps.run([&] { connect.watch_button(&Connect::ContextButton, connect.Control, ContextButton_Click); });
+    SetBarProtection(state, bar, false);
+    steps.set(links.Control, add);
+    write_entry(steps, links.Control, quick_view_tag);
+    SetBarProtection(state, bar, true);
+    steps.run([&] { links.watch_button(&Links::ContextButton, links.Control, ContextButton_Click); });
 
-    steps.set(connect.Control, add);
-    SetBarProtection(session, bar, false);
-    write_entry(steps, connect.Control, create_note_tag);
-    SetBarProtection(session, bar, true);
-    steps.run(
-        [&] { connect.watch_button(&Connect::CreateNoteButton, connect.Control, CreateNoteButton_Click); });
+    steps.set(links.Control, add);
+    SetBarProtection(state, bar, false);
+    write_entry(steps, links.Control, create_note_tag);
+    SetBarProtection(state, bar, true);
+    steps.run([&] { links.watch_button(&Links::CreateNoteButton, links.Control, CreateNoteButton_Click); });
 }
 
 }  // namespace
 
-void ActiveExplorerCBars_OnUpdate(Connect& connect) {
-    if (connect.ContextButton.source()) return;
+void ActiveExplorerCBars_OnUpdate(State& state, Links& links) {
+    if (links.ContextButton.source()) return;
     Steps steps;
-    steps.set(connect.bar, [&] {
-        return host::office::CommandBars(connect.ActiveExplorerCBars.source()).Item(context_menu_bar);
+    steps.set(links.bar, [&] {
+        return host::office::CommandBars(links.ActiveExplorerCBars.source()).Item(context_menu_bar);
     });
-    if (connect.bar) AddContextEntries(connect, connect.bar);
+    if (links.bar) AddContextEntries(state, links, links.bar);
 }
 
-void SetBarProtection(Session& session, const CommandBar& bar, bool restore) {
+void SetBarProtection(State& state, const CommandBar& bar, bool restore) {
     constexpr std::int32_t protection_bit = host::office::bar_no_customize;
     Steps steps;
     if (!restore) {
-        steps.set(session.wasProtected, [&] { return (bar.Protection() & protection_bit) != 0; });
-        if (session.wasProtected) steps.run([&] { bar.Protection(bar.Protection() & ~protection_bit); });
-    } else if (session.wasProtected) {
+        steps.set(state.wasProtected, [&] { return (bar.Protection() & protection_bit) != 0; });
+        if (state.wasProtected) steps.run([&] { bar.Protection(bar.Protection() & ~protection_bit); });
+    } else if (state.wasProtected) {
         steps.run([&] { bar.Protection(bar.Protection() & protection_bit); });
     }
 }
 
-void ContextButton_Click(Connect& connect) {
+void ContextButton_Click(State& state, Links& links) {
     Steps steps;
-    Session& session = connect.session();
+    Session& session = state.session;
     host::outlook::Application application;
     steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
-    const std::shared_ptr<QuickViewWindow> quick_view = session.QuickView.window();
+    const std::shared_ptr<quickview::QuickView> quick_view = state.quickview.QuickView.window();
     automation::Text account_id;
     if (quick_view) steps.set(account_id, [&] { return quick_view->AccountID(); });
-    close_sticky_notes(session, account_id);
+    quickview::close_sticky_notes(session, account_id);
     steps.run([&] {
         automation::Value selection(application.ActiveExplorer().Selection());
-        if (session.ShowQuickView) session.ShowQuickView(connect, selection);
+        quickview::launch(state.quickview, links.goExplorer, quickview::Launch::quick_view, selection);
     });
 }
 
-void CreateNoteButton_Click(Connect& connect) { show_note_dialog(connect, true); }
+void CreateNoteButton_Click(State& state, Links&) { show_note_dialog(state.createnote, true); }
 
 }  // namespace addin::commands

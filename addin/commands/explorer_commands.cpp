@@ -2,13 +2,15 @@
 
 #include "addin/ground/presence.h"
 #include "addin/ground/settings.h"
+#include "addin/quickview/launch.h"
+#include "addin/quickview/quick_view.h"
 #include "addin/records/names.h"
 
 namespace addin::commands {
 
-void goExplorer_SelectionChange(Connect& connect) {
+void goExplorer_SelectionChange(State& state, Links& links) {
     Steps steps;
-    Session& session = connect.session();
+    Session& session = state.session;
     const Presence here(session);
     // a selection changes all the time: with the option off, this is all that it costs
     if (Settings(session.desktop).option(setting::enable_quick_view) != option_on) return;
@@ -16,14 +18,14 @@ void goExplorer_SelectionChange(Connect& connect) {
     steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
     if (steps.holds([&] {
             const automation::Text shown =
-                host::outlook::Explorer(connect.goExplorer.source()).CurrentFolder().Name();
+                host::outlook::Explorer(links.goExplorer.source()).CurrentFolder().Name();
             return shown != application.GetNamespace(u"MAPI")
                                 .GetDefaultFolder(host::outlook::default_folder::inbox)
                                 .Name();
         })) {
         return;
     }
-    steps.run([&] { session.QuickView.hide(); });
+    steps.run([&] { state.quickview.QuickView.hide(); });
     host::outlook::Selection selection;
     steps.set(selection, [&] { return application.ActiveExplorer().Selection(); });
     here.give_way(steps);
@@ -34,7 +36,7 @@ void goExplorer_SelectionChange(Connect& connect) {
     here.give_way(steps);
     steps.run([&] {
         automation::Value selected(selection);
-        if (session.ShowQuickView) session.ShowQuickView(connect, selected);
+        quickview::launch(state.quickview, links.goExplorer, quickview::Launch::quick_view, selected);
     });
 }
 

@@ -6,7 +6,7 @@
 #include "addin/ground/presence.h"
 #include "addin/host/host_events.h"
 
-namespace addin {
+namespace addin::commands {
 
 using automation::Failure;
 using automation::Text;
@@ -24,26 +24,36 @@ void TrackExpl::Explorer(const host::outlook::Explorer& explorer) {
     m_objExpl_.connect(host::events::explorer, explorer, {{u"Close", [this](auto) { m_objExpl_Close(); }}});
 }
 
-Connect& TrackExpl::mConnect() {
-    if (!mConnect_) mConnect_ = std::make_shared<Connect>(session_);
-    return *mConnect_;
-}
-
 void TrackExpl::m_objExpl_Close() {
-    const Presence here(session_);
+    const Presence here(trackers_.session());
     const std::shared_ptr<TrackExpl> alive = shared_from_this();  // the list holds the last reference
     Steps steps;
-    steps.run([&] { mConnect().RemoveExplorerTracker(ExpID_); });
+    steps.run([&] { trackers_.RemoveExplorerTracker(ExpID_); });
     m_objExpl_.clear();
     here.give_way(steps);  // the host finishes closing the window
     constexpr std::int32_t several = 2;
     if (steps.holds([&] {
-            const bool few = session_.gOutlookApp.Explorers().Count() < several;
-            return few && session_.gExplorerList->Count() == 0;
+            const bool few = trackers_.session().gOutlookApp.Explorers().Count() < several;
+            return few && trackers_.Count() == 0;
         })) {
-        steps.run([&] { mConnect().StopAddIn(); });
+        steps.run([&] { trackers_.stop_add_in(); });
     }
 }
+
+void ExplorerTrackers::NewExplorer(const host::outlook::Explorer& explorer) {
+    if (gSkipExplorerTracking) return;
+    Steps steps;
+    steps.run([&] {
+        if (gExplorerSerial == std::numeric_limits<std::int16_t>::max()) throw Failure(result::overflow);
+        ++gExplorerSerial;
+    });
+    const auto tracker = std::make_shared<TrackExpl>(*this);
+    steps.run([&] { tracker->Explorer(explorer); });
+    tracker->ExpID(gExplorerSerial);
+    steps.run([&] { Add(tracker, key_of(gExplorerSerial)); });
+}
+
+void ExplorerTrackers::RemoveExplorerTracker(std::int16_t anID) { Remove(key_of(anID)); }
 
 void ExplorerTrackers::Add(std::shared_ptr<TrackExpl> tracker, const Text& key) {
     if (std::ranges::find(trackers_, key, &Entry::first) != trackers_.end()) {
@@ -59,24 +69,4 @@ void ExplorerTrackers::Remove(const Text& key) {
     trackers_.erase(found);
 }
 
-void Connect::goExplorers_NewExplorer(const host::outlook::Explorer& Explorer) {
-    if (!session_.gSkipExplorerTracking) AddExplorerTracker(Explorer);
-}
-
-void Connect::AddExplorerTracker(const host::outlook::Explorer& objExpl) {
-    Steps steps;
-    steps.run([&] {
-        if (session_.gExplorerSerial == std::numeric_limits<std::int16_t>::max()) {
-            throw Failure(result::overflow);
-        }
-        ++session_.gExplorerSerial;
-    });
-    const auto tracker = std::make_shared<TrackExpl>(session_);
-    steps.run([&] { tracker->Explorer(objExpl); });
-    tracker->ExpID(session_.gExplorerSerial);
-    steps.run([&] { session_.gExplorerList->Add(tracker, key_of(session_.gExplorerSerial)); });
-}
-
-void Connect::RemoveExplorerTracker(std::int16_t anID) { session_.gExplorerList->Remove(key_of(anID)); }
-
-}  // namespace addin
+}  // namespace addin::commands

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "addin/commands/buttons.h"
+#include "addin/commands/small_windows.h"
 #include "addin/ground/settings.h"
 #include "addin/host/cdo.h"
 #include "addin/host/host_events.h"
@@ -46,8 +47,8 @@ bool IsStandardDpi(host::Desktop& desktop) {
 /// The fitting of one window.
 class Fitting {
   public:
-    Fitting(Connect& connect, const Inspector& inspector)
-        : connect_(connect), session_(connect.session()), inspector_(inspector) {}
+    Fitting(Session& session, Links& links, replicas::Guards& guards, const Inspector& inspector)
+        : session_(session), links_(links), guards_(guards), inspector_(inspector) {}
 
     void run();
 
@@ -65,24 +66,25 @@ class Fitting {
     // the moves that all cases are made of
     void add_bar(TextView name);
     void show_bar();
-    void find(automation::Sink Connect::*member);
-    void build(automation::Sink Connect::*member, bool begin_group);
-    void write(automation::Sink Connect::*member, bool begin_group);
-    void visible(automation::Sink Connect::*member, bool visible);
-    void find_or_build(automation::Sink Connect::*member, bool begin_group);
+    void find(automation::Sink Links::*member);
+    void build(automation::Sink Links::*member, bool begin_group);
+    void write(automation::Sink Links::*member, bool begin_group);
+    void visible(automation::Sink Links::*member, bool visible);
+    void find_or_build(automation::Sink Links::*member, bool begin_group);
     template <class Expression>
-    void assign(automation::Sink Connect::*member, Expression expression);
+    void assign(automation::Sink Links::*member, Expression expression);
 
-    CommandBarControl control(automation::Sink Connect::*member) const {
-        return CommandBarControl((connect_.*member).source());
+    CommandBarControl control(automation::Sink Links::*member) const {
+        return CommandBarControl((links_.*member).source());
     }
-    bool is_missing(automation::Sink Connect::*member) const { return !(connect_.*member).source(); }
+    bool is_missing(automation::Sink Links::*member) const { return !(links_.*member).source(); }
 
     /// Whether the explorer shows another folder than Sent Items; the names tell, not the folders.
     bool outside_sent_items() const;
 
-    Connect& connect_;
     Session& session_;
+    Links& links_;
+    replicas::Guards& guards_;
     const Inspector& inspector_;
     Steps steps_;
     Item item_;
@@ -113,14 +115,14 @@ void Fitting::run() {
         menu_button();
     }
 
-    steps_.run([&] { connect_.watch_inspector(inspector_); });
+    steps_.run([&] { links_.watch_inspector(inspector_); });
     steps_.set(class_, [&] { return item_.MessageClass(); });
     if (class_ == message_class::appointment) {
-        connect_.GlobalCalendar = true;
+        guards_.GlobalCalendar = true;
         return;
     }
     if (class_ == message_class::task) {
-        connect_.GlobalTask = true;
+        guards_.GlobalTask = true;
         return;
     }
 
@@ -159,7 +161,7 @@ void Fitting::personal_appointment() {
     steps_.set(kind_, [&] { return folder.Fields(host::cdo::default_post_class).to_text(); });
     add_bar(convert_appointment_bar);
     show_bar();
-    constexpr auto member = &Connect::ApptButton1;
+    constexpr auto member = &Links::ApptButton1;
     find(member);
     if (is_missing(member)) {
         build(member, false);
@@ -170,7 +172,7 @@ void Fitting::personal_appointment() {
 }
 
 void Fitting::menu_button() {
-    constexpr auto member = &Connect::ApptButton2;
+    constexpr auto member = &Links::ApptButton2;
     steps_.set(bar_, [&] { return CommandBar(inspector_.CommandBars().Item(menu_bar)); });
     steps_.run([&] { bar_.RowIndex(top_row); });
     find(member);
@@ -189,30 +191,30 @@ void Fitting::menu_button() {
 void Fitting::mail_without_bar() {
     add_bar(create_note_bar);
     show_bar();
-    find(&Connect::goButton);
-    find(&Connect::OpenButton);
-    if (is_missing(&Connect::goButton)) {
-        build(&Connect::goButton, false);
-        visible(&Connect::goButton, true);
+    find(&Links::goButton);
+    find(&Links::OpenButton);
+    if (is_missing(&Links::goButton)) {
+        build(&Links::goButton, false);
+        visible(&Links::goButton, true);
     }
-    find_or_build(&Connect::EmailTemplateButton, true);
-    find_or_build(&Connect::SaveAsTemplateButton, true);
+    find_or_build(&Links::EmailTemplateButton, true);
+    find_or_build(&Links::SaveAsTemplateButton, true);
     if (steps_.holds([&] { return !item_.EntryID().empty(); })) {
-        build(&Connect::OpenButton, true);
-        visible(&Connect::OpenButton, steps_.holds([&] { return outside_sent_items(); }));
+        build(&Links::OpenButton, true);
+        visible(&Links::OpenButton, steps_.holds([&] { return outside_sent_items(); }));
     }
 }
 
 void Fitting::other_without_bar() {
-    visible(&Connect::goButton, true);
+    visible(&Links::goButton, true);
     if (steps_.holds([&] {
             const bool outside = outside_sent_items();
             const bool saved = !item_.EntryID().empty();
             return outside && saved;
         })) {
-        visible(&Connect::OpenButton, true);
+        visible(&Links::OpenButton, true);
     }
-    if (steps_.holds([&] { return !outside_sent_items(); })) visible(&Connect::OpenButton, false);
+    if (steps_.holds([&] { return !outside_sent_items(); })) visible(&Links::OpenButton, false);
 }
 
 void Fitting::contact_without_bar() {
@@ -228,7 +230,7 @@ void Fitting::contact_without_bar() {
     if (is_record_class(class_)) return;
     if (is_linked) {
         show_bar();
-        find_or_build(&Connect::OpenContactButton, false);
+        find_or_build(&Links::OpenContactButton, false);
     } else {
         offer_conversions();
     }
@@ -237,8 +239,8 @@ void Fitting::contact_without_bar() {
 void Fitting::offer_conversions() {
     const auto is_unlinked = [&] { return item_.CustomerID().empty(); };
     show_bar();
-    build(&Connect::ConvertContactButton, true);
-    visible(&Connect::ConvertContactButton, steps_.holds(is_unlinked));
+    build(&Links::ConvertContactButton, true);
+    visible(&Links::ConvertContactButton, steps_.holds(is_unlinked));
 
     const host::outlook::Folder profiles = records::open_database(steps_, session_.desktop).account_profiles;
     host::outlook::Folder leads;
@@ -247,8 +249,8 @@ void Fitting::offer_conversions() {
     });
     if (!steps_.holds([&] { return leads.Name() == records::folder::leads; })) return;
     show_bar();
-    build(&Connect::ConvertLeadButton, true);
-    visible(&Connect::ConvertLeadButton, steps_.holds([&] {
+    build(&Links::ConvertLeadButton, true);
+    visible(&Links::ConvertLeadButton, steps_.holds([&] {
         const bool unlinked = is_unlinked();
         return class_ == message_class::personal_contact && unlinked;
     }));
@@ -256,18 +258,18 @@ void Fitting::offer_conversions() {
 
 void Fitting::mail_with_bar() {
     show_bar();
-    find(&Connect::goButton);
-    find(&Connect::OpenButton);
-    if (is_missing(&Connect::goButton)) {
-        build(&Connect::goButton, false);
-        visible(&Connect::goButton, true);
-        find(&Connect::goButton);
-        build(&Connect::OpenButton, false);
-        visible(&Connect::OpenButton, steps_.holds([&] { return outside_sent_items(); }));
+    find(&Links::goButton);
+    find(&Links::OpenButton);
+    if (is_missing(&Links::goButton)) {
+        build(&Links::goButton, false);
+        visible(&Links::goButton, true);
+        find(&Links::goButton);
+        build(&Links::OpenButton, false);
+        visible(&Links::OpenButton, steps_.holds([&] { return outside_sent_items(); }));
     } else {
-        visible(&Connect::goButton, true);
-        visible(&Connect::OpenButton, false);
-        if (steps_.holds([&] { return outside_sent_items(); })) visible(&Connect::OpenButton, true);
+        visible(&Links::goButton, true);
+        visible(&Links::OpenButton, false);
+        if (steps_.holds([&] { return outside_sent_items(); })) visible(&Links::OpenButton, true);
     }
 }
 
@@ -276,10 +278,10 @@ void Fitting::contact_templates() {
     if (!message_class::is_contact(class_) || without == option_on) return;
     if (!bar_) add_bar(contact_templates_bar);
     show_bar();
-    find_or_build(&Connect::EmailTemplateButton, true);
+    find_or_build(&Links::EmailTemplateButton, true);
     if (class_ != message_class::account_contact) return;
-    find_or_build(&Connect::DocumentTemplateButton, true);
-    find_or_build(&Connect::ExcelTemplateButton, true);
+    find_or_build(&Links::DocumentTemplateButton, true);
+    find_or_build(&Links::ExcelTemplateButton, true);
 }
 
 void Fitting::add_bar(TextView name) {
@@ -293,20 +295,20 @@ void Fitting::show_bar() {
 }
 
 template <class Expression>
-void Fitting::assign(automation::Sink Connect::*member, Expression expression) {
-    steps_.run([&] { connect_.watch_button(member, expression(), button(member).click); });
+void Fitting::assign(automation::Sink Links::*member, Expression expression) {
+    steps_.run([&] { links_.watch_button(member, expression(), button(member).click); });
 }
 
-void Fitting::find(automation::Sink Connect::*member) {
+void Fitting::find(automation::Sink Links::*member) {
     assign(member, [&] { return bar_.FindControl(button(member).sought); });
 }
 
-void Fitting::build(automation::Sink Connect::*member, bool begin_group) {
+void Fitting::build(automation::Sink Links::*member, bool begin_group) {
     assign(member, [&] { return bar_.Controls().AddTemporary(host::office::control_button); });
     write(member, begin_group);
 }
 
-void Fitting::write(automation::Sink Connect::*member, bool begin_group) {
+void Fitting::write(automation::Sink Links::*member, bool begin_group) {
     const ButtonRow& row = button(member);
     if (begin_group) steps_.run([&] { control(member).BeginGroup(true); });
     steps_.run([&] { control(member).Caption(row.caption); });
@@ -316,18 +318,18 @@ void Fitting::write(automation::Sink Connect::*member, bool begin_group) {
     steps_.run([&] { control(member).FaceId(row.face); });
 }
 
-void Fitting::visible(automation::Sink Connect::*member, bool visible) {
+void Fitting::visible(automation::Sink Links::*member, bool visible) {
     steps_.run([&] { control(member).Visible(visible); });
 }
 
-void Fitting::find_or_build(automation::Sink Connect::*member, bool begin_group) {
+void Fitting::find_or_build(automation::Sink Links::*member, bool begin_group) {
     find(member);
     if (is_missing(member)) build(member, begin_group);
     visible(member, true);
 }
 
 bool Fitting::outside_sent_items() const {
-    const Text shown = host::outlook::Explorer(connect_.goExplorer.source()).CurrentFolder().Name();
+    const Text shown = host::outlook::Explorer(links_.goExplorer.source()).CurrentFolder().Name();
     return shown != host::outlook::Application(session_.desktop.application())
                         .GetNamespace(u"MAPI")
                         .GetDefaultFolder(default_folder::sent_mail)
@@ -336,24 +338,25 @@ bool Fitting::outside_sent_items() const {
 
 }  // namespace
 
-void goInspectors_NewInspector(Connect& connect, const Inspector& Inspector) {
-    Fitting(connect, Inspector).run();
+void goInspectors_NewInspector(State& state, Links& links, replicas::Guards& guards,
+                               const Inspector& Inspector) {
+    Fitting(state.session, links, guards, Inspector).run();
 }
 
-void goInspector_Activate(Connect& connect) {
+void goInspector_Activate(const Links& links) {
     Steps steps;
-    steps.run([&] { Inspector(connect.goInspector.source()).CurrentItem().Parent().call(u"DisplayName"); });
+    steps.run([&] { Inspector(links.goInspector.source()).CurrentItem().Parent().call(u"DisplayName"); });
 }
 
-void goInspector_Close(Connect& connect) {
+void goInspector_Close(State& state, Links& links) {
     Steps steps;
-    const Inspector inspector(connect.goInspector.source());
+    const Inspector inspector(links.goInspector.source());
     CommandBar bar;
     steps.set(bar, [&] { return CommandBar(inspector.CommandBars().Item(create_note_bar)); });
     if (steps.holds([&] { return inspector.IsWordMail(); })) steps.run([&] { bar.Delete(); });
-    connect.goInspector.clear();
-    steps.run([&] { connect.session().Tarnwell.hide(); });
-    steps.run([&] { connect.session().Tarnwell.unload(); });
+    links.goInspector.clear();
+    steps.run([&] { state.Tarnwell.hide(); });
+    steps.run([&] { state.Tarnwell.unload(); });
 }
 
 }  // namespace addin::commands

@@ -4,6 +4,7 @@
 #include "addin/filing/sent_mail.h"
 #include "addin/ground/settings.h"
 #include "addin/ground/status.h"
+#include "addin/quickview/launch.h"
 
 namespace addin {
 
@@ -18,10 +19,9 @@ Value nothing() { return {}; }
 
 Settings settings(Connect& self) { return Settings(self.session().desktop); }
 
-/// Runs work whose room may not stand.
-template <class Room, class... Given>
-void run_room(const Room& room, Given&&... given) {
-    if (room) room(std::forward<Given>(given)...);
+Value launch(Connect& self, quickview::Launch which, Value& selection) {
+    quickview::launch(self.rooms().quickview, self.goExplorer, which, selection);
+    return nothing();
 }
 
 /// A flag that is published as it is.
@@ -42,7 +42,7 @@ const automation::Members<Connect>& Connect::members() {
          Use::method,
          {{u"Item", Takes::object}},
          [](Connect& self, const Arguments& a) {
-             filing::AutomaticCreateNote(self.session_, host::outlook::Item(a[0].to_object()));
+             filing::AutomaticCreateNote(self.session(), host::outlook::Item(a[0].to_object()));
              return nothing();
          }},
         {u"QueryValueEx",
@@ -61,7 +61,7 @@ const automation::Members<Connect>& Connect::members() {
          }},
         {u"PowerPanel", first + 3, Use::method,
          [](Connect& self, const Arguments&) {
-             self.session_.search_panel.show();
+             self.rooms_.searchpanel.search_panel.show();
              return nothing();
          }},
         {u"AutomaticCreateNoteSend",
@@ -69,31 +69,25 @@ const automation::Members<Connect>& Connect::members() {
          Use::method,
          {{u"Item", Takes::object}},
          [](Connect& self, const Arguments& a) {
-             filing::AutomaticCreateNoteSend(self.session_, host::outlook::Item(a[0].to_object()));
+             filing::AutomaticCreateNoteSend(self.session(), host::outlook::Item(a[0].to_object()));
              return nothing();
          }},
         {u"ShowQuickView",
          first + 5,
          Use::method,
          {{u"Selection"}},
-         [](Connect& self, const Arguments& a) {
-             run_room(self.session_.ShowQuickView, self, a[0]);
-             return nothing();
-         }},
+         [](Connect& self, const Arguments& a) { return launch(self, quickview::Launch::quick_view, a[0]); }},
         {u"ShowTarnwell",
          first + 6,
          Use::method,
          {{u"Selection"}},
-         [](Connect& self, const Arguments& a) {
-             run_room(self.session_.ShowTarnwell, self, a[0]);
-             return nothing();
-         }},
+         [](Connect& self, const Arguments& a) { return launch(self, quickview::Launch::tarnwell, a[0]); }},
         {u"ShowMessage",
          first + 7,
          Use::method,
          {{u"MyText"}},
          [](Connect& self, const Arguments& a) {
-             addin::ShowMessage(self.session_, self.session_.desktop.text_of(a[0]));
+             addin::ShowMessage(self.session(), self.session().desktop.text_of(a[0]));
              return nothing();
          }},
         {u"ShowImportMessage",
@@ -101,7 +95,7 @@ const automation::Members<Connect>& Connect::members() {
          Use::method,
          {{u"MyText", Takes::text}, {u"SleepTime", Takes::integer}},
          [](Connect& self, const Arguments& a) {
-             addin::ShowImportMessage(self.session_, a[0].to_text(), a[1].to_integer());
+             addin::ShowImportMessage(self.session(), a[0].to_text(), a[1].to_integer());
              return nothing();
          }},
         {u"FileExists",
@@ -109,7 +103,7 @@ const automation::Members<Connect>& Connect::members() {
          Use::method,
          {{u"Fname", Takes::text}},
          [](Connect& self, const Arguments& a) {
-             return Value(addin::FileExists(self.session_.desktop, a[0].to_text()));
+             return Value(addin::FileExists(self.session().desktop, a[0].to_text()));
          }},
         {u"FindFolder", first + 10, Use::method,
          [](Connect& self, const Arguments&) {

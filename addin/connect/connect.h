@@ -2,12 +2,13 @@
 // stands in the room that owns the work.
 #pragma once
 
+#include "addin/commands/links.h"
 #include "addin/connect/discovery.h"
-#include "addin/ground/session.h"
+#include "addin/connect/rooms.h"
 #include "addin/ground/steps.h"
 #include "addin/host/family.h"
-#include "addin/host/office.h"
 #include "addin/host/outlook.h"
+#include "addin/replicas/guards.h"
 #include "automation/automated.h"
 #include "automation/events.h"
 
@@ -16,9 +17,11 @@ namespace addin {
 /// The name under which the class is registered and published.
 inline constexpr automation::TextView connect_prog_id = u"CreateNote.Connect";
 
-class Connect : public automation::Automated<Connect> {
+/// Sinks, buttons and guards that one room works with alone are that room's own types: it is handed no more
+/// of the object.
+class Connect : public automation::Automated<Connect>, public commands::Links, public replicas::Guards {
   public:
-    explicit Connect(Session& session) : session_(session) {}
+    explicit Connect(Rooms& rooms) : rooms_(rooms) {}
 
     /// The operations that are published to the family, and the members that may be read and written from
     /// outside.
@@ -47,31 +50,22 @@ class Connect : public automation::Automated<Connect> {
     void goExplorers_NewExplorer(const host::outlook::Explorer& Explorer);
     void RemoveExplorerTracker(std::int16_t anID);  ///< throws `Failure` if there is none of that number
 
-    /// Holds a button, or Nothing, in one of the members below; a click runs `click`.
-    void watch_button(automation::Sink Connect::*member, const automation::Object& control,
-                      void (*click)(Connect&));
-    void watch_inspector(const automation::Object& inspector);
+    void watch_button(automation::Sink commands::Links::*member, const automation::Object& control,
+                      commands::Click click) override;
+    void watch_inspector(const automation::Object& inspector) override;
 
-    Session& session() { return session_; }
+    Rooms& rooms() { return rooms_; }
+    Session& session() { return rooms_.session; }
 
     // event sinks: each holds an object of the host and receives its events
-    automation::Sink goOutlook, goExplorers, goExplorer, goInspectors, goInspector;
+    automation::Sink goOutlook, goExplorers, goInspectors;
     automation::Sink goInbox, goCalendar, goTask, goContacts;
-    automation::Sink ActiveExplorerCBars;
-    automation::Sink goButton, OpenButton, OpenContactButton, ConvertContactButton, ConvertLeadButton;
-    automation::Sink EmailTemplateButton, DocumentTemplateButton, ExcelTemplateButton, SaveAsTemplateButton;
-    automation::Sink ApptButton1, ApptButton2, ApptButton3;
-    automation::Sink ContextButton, CreateNoteButton;
 
     // plain members
-    host::office::CommandBarControl Control;  ///< last found or added in the "Context Menu" bar
-    host::office::CommandBar bar;             ///< the "Context Menu" bar while it is worked on
-    host::outlook::NameSpace goNameSpace;     ///< never assigned: code reaches the namespace anew
-    bool gExiting = false;                    ///< shutdown through the last window has run; never reset
-    bool GlobalCalendar = false;              ///< guard of the calendar's replicas
-    bool GlobalTask = false;                  ///< guard of the tasks' replicas
-    bool bFinished = false;                   ///< published; nothing here reads or writes it
-    DatabaseSearch search;                    ///< `SetDatabase` and `whoami`
+    host::outlook::NameSpace goNameSpace;  ///< never assigned: code reaches the namespace anew
+    bool gExiting = false;                 ///< shutdown through the last window has run; never reset
+    bool bFinished = false;                ///< published; nothing here reads or writes it
+    DatabaseSearch search;                 ///< `SetDatabase` and `whoami`
 
   private:
     void StartAddIn(const automation::Object& Application, automation::TextView ProgId);
@@ -79,16 +73,14 @@ class Connect : public automation::Automated<Connect> {
     void watch(automation::Sink& sink, const automation::EventInterface& events,
                const automation::Object& source, std::vector<automation::Handler> handlers = {});
     void watch_application(const automation::Object& application);
-    void AddExplorerTracker(const host::outlook::Explorer& objExpl);
     void first_run(Steps& steps, const host::family::MainAddIn& main_add_in);
     void take_application();
-    void select_item(const host::outlook::Item& Myitem);
 
     void goExplorer_Close();
     void goOutlook_ItemSend(const host::outlook::Item& item);
     void goOutlook_Quit();
 
-    Session& session_;
+    Rooms& rooms_;
 };
 
 }  // namespace addin

@@ -15,9 +15,11 @@
 #include "addin/ground/steps.h"
 #include "addin/host/host_events.h"
 #include "addin/host/shell.h"
+#include "addin/quickview/quick_view.h"
 #include "addin/records/database.h"
 #include "addin/records/names.h"
 #include "addin/replicas/replicas.h"
+#include "addin/searchpanel/panels.h"
 
 namespace addin {
 
@@ -90,28 +92,29 @@ void Connect::watch_application(const Object& application) {
 void Connect::watch_inspector(const Object& inspector) {
     watch(goInspector, events::inspector, inspector,
           {{u"Activate", [this](auto) { commands::goInspector_Activate(*this); }},
-           {u"Close", [this](auto) { commands::goInspector_Close(*this); }}});
+           {u"Close", [this](auto) { commands::goInspector_Close(rooms_.commands, *this); }}});
 }
 
-void Connect::watch_button(automation::Sink Connect::*member, const Object& control,
-                           void (*click)(Connect&)) {
+void Connect::watch_button(automation::Sink commands::Links::*member, const Object& control,
+                           commands::Click click) {
     if (!control) {
         (this->*member).clear();
         return;
     }
-    watch(this->*member, events::button, control, {{u"Click", [this, click](auto) { click(*this); }}});
+    watch(this->*member, events::button, control,
+          {{u"Click", [this, click](auto) { click(rooms_.commands, *this); }}});
 }
 
 void Connect::wire_folder(automation::Sink& sink, std::int32_t number, std::vector<Handler> handlers) {
-    const host::outlook::Application application(session_.desktop.application());
+    const host::outlook::Application application(session().desktop.application());
     watch(sink, events::items, application.GetNamespace(u"Mapi").GetDefaultFolder(number).Items(),
           std::move(handlers));
 }
 
 void Connect::StartAddIn(const Object& Application, TextView ProgId) {
-    Session& session = session_;
+    Session& session = this->session();
     Steps steps;
-    session.gNoteFromExplorer = false;
+    rooms_.createnote.gNoteFromExplorer = false;
     GlobalCalendar = false;
     steps.run([&] {
         host::outlook::Application(Application)
@@ -123,14 +126,16 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
     steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });
     steps.run([&] {
         watch(ActiveExplorerCBars, events::command_bars, application.ActiveExplorer().CommandBars(),
-              {{u"OnUpdate", [this](auto) { commands::ActiveExplorerCBars_OnUpdate(*this); }}});
+              {{u"OnUpdate",
+                [this](auto) { commands::ActiveExplorerCBars_OnUpdate(rooms_.commands, *this); }}});
     });
     steps.run([&] { watch_application(application); });
     session.gOutlookApp = host::outlook::Application(goOutlook.source());
     steps.run([&] {
         watch(goInspectors, events::inspectors, application.Inspectors(),
               {{u"NewInspector", [this](auto a) {
-                    commands::goInspectors_NewInspector(*this, host::outlook::Inspector(object_of(a)));
+                    commands::goInspectors_NewInspector(rooms_.commands, *this, *this,
+                                                        host::outlook::Inspector(object_of(a)));
                 }}});
     });
     steps.run([&] {
@@ -140,8 +145,10 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
     });
     steps.run([&] {
         watch(goExplorer, events::explorer, application.ActiveExplorer(),
-              {{u"Close", [this](auto) { goExplorer_Close(); }},
-               {u"SelectionChange", [this](auto) { commands::goExplorer_SelectionChange(*this); }}});
+              {{u"Close", [this](auto) { goExplorer_Close(); }}, {u"SelectionChange", [this](auto) {
+                                                                      commands::goExplorer_SelectionChange(
+                                                                          rooms_.commands, *this);
+                                                                  }}});
     });
     steps.run([&] {
         wire_folder(
@@ -149,18 +156,26 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
             {{u"ItemAdd", [&session](auto a) { filing::goInbox_ItemAdd(session, item_of(a)); }},
              {u"ItemChange", [&session](auto a) { filing::goInbox_ItemChange(session, item_of(a)); }}});
     });
+    const auto change = [this](const replicas::ReplicaRow& row) {
+        return [this, &row](std::span<Value> a) {
+            replicas::ItemChange(rooms_.replicas, *this, row, item_of(a),
+                                 [this](const Object& inspector) { watch_inspector(inspector); });
+        };
+    };
     steps.run([&] {
         wire_folder(
             goCalendar, default_folder::calendar,
-            {{u"ItemAdd", [this](auto a) { replicas::ItemAdd(*this, replicas::calendar, item_of(a)); }},
-             {u"ItemChange", [this](auto a) { replicas::ItemChange(*this, replicas::calendar, item_of(a)); }},
+            {{u"ItemAdd",
+              [this](auto a) { replicas::ItemAdd(rooms_.replicas, *this, replicas::calendar, item_of(a)); }},
+             {u"ItemChange", change(replicas::calendar)},
              {u"ItemRemove", [](auto) { replicas::goCalendar_ItemRemove(); }}});
     });
     steps.run([&] {
         wire_folder(
             goTask, default_folder::tasks,
-            {{u"ItemAdd", [this](auto a) { replicas::ItemAdd(*this, replicas::tasks, item_of(a)); }},
-             {u"ItemChange", [this](auto a) { replicas::ItemChange(*this, replicas::tasks, item_of(a)); }}});
+            {{u"ItemAdd",
+              [this](auto a) { replicas::ItemAdd(rooms_.replicas, *this, replicas::tasks, item_of(a)); }},
+             {u"ItemChange", change(replicas::tasks)}});
     });
 
     host::family::MainAddIn main_add_in;
@@ -177,7 +192,7 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
     });
     if (steps.holds(
             [&] { return Settings(session.desktop).option(setting::enable_power_panel) == option_on; })) {
-        steps.run([&] { session.search_panel.show(); });
+        steps.run([&] { rooms_.searchpanel.search_panel.show(); });
     }
     Text store_id;
     steps.set(store_id, [&] { return main_add_in.GetStoreId(); });
@@ -186,7 +201,7 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
 }
 
 void Connect::first_run(Steps& steps, const host::family::MainAddIn& main_add_in) {
-    host::Desktop& desktop = session_.desktop;
+    host::Desktop& desktop = session().desktop;
     Text marker;
     steps.set(marker, [&] { return desktop.own_folder() + Text(first_run_marker); });
     if (steps.holds([&] { return FileExists(desktop, marker); })) {
@@ -208,7 +223,7 @@ void Connect::goExplorer_Close() {
     Steps steps;
     steps.set(bar,
               [&] { return CommandBars(ActiveExplorerCBars.source()).Item(commands::context_menu_bar); });
-    steps.run([&] { commands::SetBarProtection(session_, bar, false); });
+    steps.run([&] { commands::SetBarProtection(rooms_.commands, bar, false); });
     steps.set(Control,
               [&] { return bar.FindControl(host::office::control_button, commands::quick_view_tag); });
     // on the Outlook 2000 host the close of the last window ends the work by itself; what is counted is the
@@ -216,8 +231,8 @@ void Connect::goExplorer_Close() {
     constexpr std::int32_t several = 2;
     if (steps.holds([&] {
             // elsewhere nothing is counted: a tracker's end may have let go of the session's application
-            return host::outlook::Application(session_.desktop.application()).Version().starts_with(u'9') &&
-                   session_.gOutlookApp.Inspectors().Count() < several;
+            return host::outlook::Application(session().desktop.application()).Version().starts_with(u'9') &&
+                   session().gOutlookApp.Inspectors().Count() < several;
         })) {
         steps.run([&] { StopAddIn(); });
         gExiting = true;
@@ -227,22 +242,22 @@ void Connect::goExplorer_Close() {
 void Connect::goOutlook_ItemSend(const host::outlook::Item& item) {
     Steps steps;
     if (steps.holds([&] { return item.MessageClass() != records::message_class::mail; })) return;
-    const Presence here(session_);
-    if (Settings(session_.desktop).option(setting::auto_file_sent_emails) == option_on) {
-        steps.run([&] { session_.SearchForm.show(); });
-        steps.run([&] { session_.SearchForm.window()->status(checking_names); });
+    const Presence here(session());
+    if (Settings(session().desktop).option(setting::auto_file_sent_emails) == option_on) {
+        steps.run([&] { session().SearchForm.show(); });
+        steps.run([&] { session().SearchForm.window()->status(checking_names); });
         here.give_way(steps);
         // a mail that was never saved has no id, and the later steps need one
         if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
-        filing::AutomaticCreateNoteSend(session_, item);
+        filing::AutomaticCreateNoteSend(session(), item);
     }
-    commands::goInspector_Close(*this);  // sending ends the window's use
+    commands::goInspector_Close(rooms_.commands, *this);  // sending ends the window's use
 }
 
 void Connect::goOutlook_Quit() {
     Steps steps;
-    steps.run([&] { session_.search_panel.hide(); });
-    steps.run([&] { session_.search_panel.unload(); });
+    steps.run([&] { rooms_.searchpanel.search_panel.hide(); });
+    steps.run([&] { rooms_.searchpanel.search_panel.unload(); });
     steps.run([&] { StopAddIn(); });
 }
 
@@ -257,14 +272,14 @@ void Connect::IDTExtensibility2_OnBeginShutdown() {
     goInspector.clear();
     goNameSpace.reset();
     goOutlook.clear();
-    session_.gOutlookApp.reset();
+    session().gOutlookApp.reset();
     bar.reset();
     ActiveExplorerCBars.clear();
     for (automation::Sink* sink : {&goExplorers, &goExplorer, &goInspectors, &goInspector, &goButton,
                                    &OpenButton, &goInbox, &goCalendar, &goContacts, &goOutlook}) {
         sink->clear();
     }
-    session_.gOutlookApp.reset();
+    session().gOutlookApp.reset();
     StopAddIn();
 }
 
@@ -272,16 +287,8 @@ void Connect::StopAddIn() {
     if (gExiting) return;
     const std::shared_ptr<Connect> alive = shared_from_this();
     Steps steps;
-    steps.run([&] { session_.QuickView.unload(); });
-    for (forms::WindowPlace<>* panel :
-         {&session_.search_panel, &session_.gPanelMenu, &session_.gPanelMenu2}) {
-        steps.run([&] { panel->hide(); });
-        steps.run([&] { panel->unload(); });
-    }
-    for (const auto& panel : std::exchange(session_.loaded_panels, {})) {
-        steps.run([&] { panel->hide(); });
-        steps.run([&] { panel->unload(); });
-    }
+    steps.run([&] { rooms_.quickview.QuickView.unload(); });
+    searchpanel::close_panels(rooms_.searchpanel);
     steps.run([&] { delete_control(goButton); });
     steps.set(bar,
               [&] { return CommandBars(ActiveExplorerCBars.source()).Item(commands::context_menu_bar); });
@@ -306,7 +313,7 @@ void Connect::StopAddIn() {
     goTask.clear();
     goContacts.clear();
     goOutlook.clear();
-    session_.gOutlookApp.reset();
+    session().gOutlookApp.reset();
     EmailTemplateButton.clear();
     SaveAsTemplateButton.clear();
     ConvertContactButton.clear();
@@ -320,43 +327,32 @@ void Connect::StopAddIn() {
 }
 
 void Connect::FindFolder() {
-    addin::FindFolder(session_, search, [this] { take_application(); });
+    addin::FindFolder(session(), search, [this] { take_application(); });
 }
 
 void Connect::FindNextFolder(const host::outlook::Folders& ofolders) {
-    addin::FindNextFolder(session_, search, ofolders, [this] { take_application(); });
+    addin::FindNextFolder(session(), search, ofolders, [this] { take_application(); });
 }
 
 void Connect::take_application() {
     if (goOutlook.source()) return;
-    watch_application(session_.desktop.application());
-}
-
-void Connect::select_item(const host::outlook::Item& Myitem) {
-    Steps steps;
-    if (!Myitem) {
-        session_.gSelectedEntryID.clear();
-        session_.gSelectedStoreID.clear();
-        session_.gSelectedClass.clear();
-        return;
-    }
-    steps.set(session_.gSelectedEntryID, [&] { return Myitem.EntryID(); });
-    steps.set(session_.gSelectedStoreID, [&] { return host::outlook::Folder(Myitem.Parent()).StoreID(); });
-    steps.set(session_.gSelectedClass, [&] { return Myitem.MessageClass(); });
+    watch_application(session().desktop.application());
 }
 
 void Connect::ShowItemsMenu(const host::outlook::Item& Myitem) {
-    Session& session = session_;
-    Steps steps;
-    select_item(Myitem);
-    steps.run([&] { session.gPanelMenu.unload(); });
-    steps.run([&] { session.gPanelMenu.show(); });
+    searchpanel::ShowItemsMenu(rooms_.searchpanel, Myitem);
 }
 
 void Connect::ShowItemsMenu2(const host::outlook::Item& Myitem) {
-    Steps steps;
-    select_item(Myitem);
-    steps.run([&] { session_.gPanelMenu2.show(); });
+    searchpanel::ShowItemsMenu2(rooms_.searchpanel, Myitem);
+}
+
+void Connect::goExplorers_NewExplorer(const host::outlook::Explorer& Explorer) {
+    rooms_.commands.gExplorerList.NewExplorer(Explorer);
+}
+
+void Connect::RemoveExplorerTracker(std::int16_t anID) {
+    rooms_.commands.gExplorerList.RemoveExplorerTracker(anID);
 }
 
 }  // namespace addin

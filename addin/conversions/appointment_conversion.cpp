@@ -2,6 +2,7 @@
 
 #include "addin/conversions/shown_item.h"
 #include "addin/ground/steps.h"
+#include "addin/host/cdo.h"
 #include "addin/records/names.h"
 
 namespace addin::conversions {

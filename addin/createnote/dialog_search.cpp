@@ -115,7 +115,7 @@ void dlgSend::cmdSearch_Click() {
     const records::Database database = records::open_database(steps, desktop);
     Folder folder = database.account_profiles;
     steps.set(folder, [&] {
-        return Folder(database.main_add_in.ReturnFolderFromPath(session_.list_definition.SearchFolder));
+        return Folder(database.main_add_in.ReturnFolderFromPath(state_.list_definition.SearchFolder));
     });
     SearchListTarget(folder);
     if (has_ended(here)) return;
@@ -133,7 +133,7 @@ bool dlgSend::has_ended(const Presence& here) {
 
 void dlgSend::SearchListTarget(const Folder& folder) {
     host::Desktop& desktop = session_.desktop;
-    const records::ListDefinition& definition = session_.list_definition;
+    const records::ListDefinition& definition = state_.list_definition;
     Steps steps;
     automation::Object application;
     steps.set(application, [&] { return desktop.create(host::outlook::application_prog_id); });
@@ -141,7 +141,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     const Presence here(session_, *this);
     desktop.pointer(forms::Pointer::hourglass);
     if (!here.give_way(steps)) return;
-    DialogSearch& run = session_.search;
+    DialogSearch& run = state_.search;
     run.folder = folder;
     steps.run([&] { run.folder.DefaultItemType(); });  // for a mode that no filter depends on
     Text text = control(u"SearchString").text();       // as the user has left it meanwhile
@@ -153,7 +153,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     if (count < 1) {
         desktop.message_box(nothing_found, product_title, host::box::information);
     } else {
-        session_.gSearchCancelled = false;
+        state_.gSearchCancelled = false;
         Text key;  // of the item before, where an item's own can't be read
         for (std::int32_t i = 1; i <= count; ++i) {
             const bool contacts =
@@ -168,7 +168,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
                 run = {};
                 return;
             }
-            if (session_.gSearchCancelled) {
+            if (state_.gSearchCancelled) {
                 desktop.message_box(cancelled, product_title, host::box::information);
                 break;
             }
@@ -189,7 +189,7 @@ void dlgSend::SearchListTarget(const Folder& folder) {
 
 void dlgSend::add_row(Steps& steps, const Presence& here, const SafeRecordItem& wrapper, const Items& items,
                       std::int32_t place, Text& key) {
-    const records::ListDefinition& definition = session_.list_definition;
+    const records::ListDefinition& definition = state_.list_definition;
     FieldReader reader(steps, wrapper, session_.desktop);
     std::array<Text, column::entry_id + 1> cells;
     for (std::size_t i = 0; i < records::shown_fields; ++i) {

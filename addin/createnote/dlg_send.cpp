@@ -36,10 +36,6 @@ void set_headings(forms::List& list, std::span<const TextView> texts) {
 
 }  // namespace
 
-void furnish(Session& session) {
-    session.dlgSend = [&session] { return std::make_shared<dlgSend>(session); };
-}
-
 void dlgSend::on_load() {
     try {
         load();
@@ -70,7 +66,7 @@ ChosenMail dlgSend::choose_mail(Steps& steps) {
     ChosenMail mail;
     const auto application = [&] { return host::outlook::Application(session_.desktop.application()); };
     steps.set(mail.wrapper, [&] { return records::make_wrapper(session_.desktop); });
-    if (!session_.gNoteFromExplorer) {
+    if (!state_.gNoteFromExplorer) {
         steps.set(mail.inspector, [&] { return application().ActiveInspector(); });
         steps.set(mail.item, [&] { return mail.inspector.CurrentItem(); });
     } else {
@@ -156,7 +152,7 @@ void dlgSend::on_key_press(TextView name, char16_t key) {
 }
 
 void dlgSend::on_column_click(TextView, int column) {
-    forms::sort_by_column(list(), column, session_.LastSortColumn);
+    forms::sort_by_column(list(), column, state_.LastSortColumn);
 }
 
 void dlgSend::Option1_Click() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "addin/createnote/dialog_table.h"
+#include "addin/createnote/state.h"
 #include "addin/ground/presence.h"
 #include "addin/host/family.h"
 #include "addin/host/outlook.h"
@@ -30,9 +31,10 @@ struct ChosenMail {
 /// A control of the dialog, by its name.
 using ControlName = forms::Named<dialog::table>;
 
-class dlgSend final : public NoteDialog {
+class dlgSend final : public forms::Form {
   public:
-    explicit dlgSend(Session& session) : NoteDialog(session.engine, dialog_table()), session_(session) {}
+    explicit dlgSend(State& state)
+        : Form(state.session.engine, dialog_table()), session_(state.session), state_(state) {}
 
     bool gbSend = false;     ///< nothing here reads it
     bool gbCreated = false;  ///< the outcome of the last creation
@@ -45,8 +47,8 @@ class dlgSend final : public NoteDialog {
     void CreateNoteEx();
 
     // without being shown
-    void OpenContact() override;
-    void OpenTarnwellContact() override;
+    void OpenContact();
+    void OpenTarnwellContact();
 
     void LoadFindDefinitions();
     void GetListDef();
@@ -103,9 +105,7 @@ class dlgSend final : public NoteDialog {
     automation::Text key_of_row(Steps& steps);
 
     Session& session_;
+    State& state_;
 };
-
-/// Has the session open the dialog.
-void furnish(Session& session);
 
 }  // namespace addin::createnote

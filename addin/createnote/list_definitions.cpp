@@ -57,7 +57,7 @@ Text numbered(TextView name, std::size_t place) {
     return Text(name) + automation::to_text(static_cast<long long>(place) + 1);
 }
 
-Text property(const Item& item, const Text& name) {
+Text text_of(const Item& item, const Text& name) {
     return item.UserProperties().Item(name).value().to_text();
 }
 
@@ -65,7 +65,7 @@ Text property(const Item& item, const Text& name) {
 void read_definition(Steps& steps, const Item& item, const host::family::SafeRecordItem& wrapper,
                      records::ListDefinition& definition) {
     const auto read = [&](Text& target, const Text& name) {
-        steps.set(target, [&] { return property(item, name); });
+        steps.set(target, [&] { return text_of(item, name); });
     };
     const auto read_all = [&](auto& targets, TextView name) {
         for (std::size_t i = 0; i < targets.size(); ++i) read(targets[i], numbered(name, i));
@@ -116,10 +116,9 @@ void dlgSend::GetListDef() {
     Text special_folder;
     steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
     steps.set(special_folder, [&] { return main_add_in.getspecialfolderlocation(); });
-    if (!session_.cdo) {
-        steps.set(session_.cdo,
-                  [&] { return host::cdo::Session(desktop.create(host::cdo::session_prog_id)); });
-        steps.run([&] { session_.cdo.Logon(); });
+    if (!state_.cdo) {
+        steps.set(state_.cdo, [&] { return host::cdo::Session(desktop.create(host::cdo::session_prog_id)); });
+        steps.run([&] { state_.cdo.Logon(); });
     }
     desktop.pointer(forms::Pointer::hourglass);
 
@@ -128,7 +127,7 @@ void dlgSend::GetListDef() {
     host::cdo::Folder accounts;
     steps.set(accounts, [&] {
         const Text id = main_add_in.GetFolderId(records::folder::account_profiles);
-        return session_.cdo.GetFolder(id, main_add_in.GetStoreId());
+        return state_.cdo.GetFolder(id, main_add_in.GetStoreId());
     });
     const Folder system = open_system_folder(steps, session_, main_add_in, accounts);
     const auto found = [&](records::Name message_class, const Text& subject) {
@@ -140,8 +139,8 @@ void dlgSend::GetListDef() {
     steps.set(chosen, [&] { return control(u"Combo2").text(); });
     const Presence here(session_, *this);
     steps.set(definition, [&] {
-        return property(found(records::message_class::folder_drop_down, chosen),
-                        Text(records::property::find_definition));
+        return text_of(found(records::message_class::folder_drop_down, chosen),
+                       Text(records::property::find_definition));
     });
     Item record;
     steps.set(record, [&] { return found(records::message_class::list_definition, definition); });
@@ -163,22 +162,22 @@ void dlgSend::GetListDef() {
 
     Folder unused;  // asked for, though nothing uses it
     steps.set(unused,
-              [&] { return Folder(main_add_in.ReturnFolderFromPath(property(record, u"SearchFolder"))); });
-    read_definition(steps, record, wrapper, session_.list_definition);
+              [&] { return Folder(main_add_in.ReturnFolderFromPath(text_of(record, u"SearchFolder"))); });
+    read_definition(steps, record, wrapper, state_.list_definition);
 
     if (here.lasts()) show_headings(steps, record);  // a box gives way, too
     if (here.give_way(steps)) list().clear();
     const bool lasts = here.give_way(steps);
     desktop.pointer(forms::Pointer::standard);
     if (lasts) control(u"SearchString").focus();
-    session_.cdo.reset();
+    state_.cdo.reset();
 }
 
 void dlgSend::show_headings(Steps& steps, const Item& definition) {
     for (std::size_t i = 0; i < records::shown_fields; ++i) {
-        list().heading(static_cast<int>(i), session_.list_definition.ColumnName[i]);
+        list().heading(static_cast<int>(i), state_.list_definition.ColumnName[i]);
     }
-    steps.run([&] { list().heading(column::key, property(definition, u"KeyColumnName")); });
+    steps.run([&] { list().heading(column::key, text_of(definition, u"KeyColumnName")); });
 }
 
 }  // namespace addin::createnote

@@ -99,8 +99,8 @@ Text value_of(const FieldRow& row, const Item& contact, const SafeMailItem& mail
 /// One launch, as far as it has come.
 class Run {
   public:
-    Run(Session& session, const LaunchRow& row, Item mail)
-        : here_(session), session_(session), row_(row), mail_(std::move(mail)) {}
+    Run(State& state, const LaunchRow& row, Item mail)
+        : here_(state.session), state_(state), session_(state.session), row_(row), mail_(std::move(mail)) {}
 
     void go() {
         if (steps_.holds([&] { return mail_.EntryID().empty(); })) return;
@@ -182,7 +182,7 @@ class Run {
     }
 
     void show(const Item& contact) {
-        const std::shared_ptr<QuickViewWindow> window = session_.QuickView.window();
+        const std::shared_ptr<QuickView> window = state_.QuickView.window();
         steps_.run([&] { window->control(ControlName(u"lstItems")).list().clear(); });
         for (const FieldRow& field : fields) {
             if (field.of_record && !row_.tells_record) continue;
@@ -207,15 +207,13 @@ class Run {
     }
 
     void open_contact() {
-        steps_.run([&] {
-            const std::shared_ptr<NoteDialog> dialog = session_.dlgSend ? session_.dlgSend() : nullptr;
-            if (dialog) dialog->OpenContact();
-        });
+        steps_.run([&] { std::make_shared<createnote::dlgSend>(state_.createnote)->OpenContact(); });
         give_way();
         end_search();
     }
 
     Presence here_;  ///< goes last
+    State& state_;
     Session& session_;
     const LaunchRow& row_;
     Steps steps_;
@@ -227,15 +225,13 @@ class Run {
 
 }  // namespace
 
-void launch(Connect& connect, Launch which, Value& selection) {
+void launch(State& state, const automation::Sink& goExplorer, Launch which, Value& selection) {
     const LaunchRow& row = rows[static_cast<std::size_t>(which)];
-    Session& session = connect.session();
-    const Presence here(session);
+    const Presence here(state.session);
     Steps steps;
     if (row.in_mail_folders_only && steps.holds([&] {
-            return host::outlook::Explorer(connect.goExplorer.source())
-                       .CurrentFolder()
-                       .DefaultMessageClass() != records::message_class::mail;
+            return host::outlook::Explorer(goExplorer.source()).CurrentFolder().DefaultMessageClass() !=
+                   records::message_class::mail;
         })) {
         return;
     }
@@ -243,7 +239,7 @@ void launch(Connect& connect, Launch which, Value& selection) {
     Item mail;
     steps.set(mail, [&] { return Item(selection.to_object()); });
     here.give_way(steps);
-    Run(session, row, mail).go();
+    Run(state, row, mail).go();
 }
 
 }  // namespace addin::quickview

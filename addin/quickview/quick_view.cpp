@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "addin/commands/sticky_notes.h"
 #include "addin/ground/keyed.h"
-#include "addin/quickview/launch.h"
+#include "addin/quickview/sticky_notes.h"
 #include "addin/records/database.h"
 #include "addin/records/names.h"
 #include "addin/records/property_filters.h"
+#include "addin/searchpanel/panels.h"
 
 namespace addin::quickview {
 
@@ -43,21 +43,16 @@ static_assert(is_keyed(shown_values, &ShownValue::property));
 
 }  // namespace
 
-void furnish(Session& session) {
-    session.QuickView.made_by([&session] { return std::make_shared<QuickView>(session); });
-    session.ShowQuickView = [](Connect& connect, automation::Value& selection) {
-        launch(connect, Launch::quick_view, selection);
-    };
-    session.ShowTarnwell = [](Connect& connect, automation::Value& selection) {
-        launch(connect, Launch::tarnwell, selection);
-    };
+State::State(createnote::State& dialogs, searchpanel::State& panels)
+    : session(panels.session), createnote(dialogs), searchpanel(panels) {
+    QuickView.made_by([this] { return std::make_shared<quickview::QuickView>(*this); });
 }
 
 void QuickView::on_load() {
     Steps steps;
     steps.run([&] { view().topmost(); });
     steps.run([&] { list().extended_style(track_select, track_select); });
-    session_.SortAscending = true;
+    state_.SortAscending = true;
     const records::Database database = records::open_database(steps, session_.desktop);
     host::outlook::Folders folders;
     steps.set(folders, [&] { return database.account_profiles.Folders(); });
@@ -68,7 +63,7 @@ void QuickView::on_load() {
     if (email) steps.run([&] { choice(u"cmbFolders").add(records::folder::email); });
 }
 
-void QuickView::on_unload() { commands::close_sticky_notes(session_, shown(u"AccountID")); }
+void QuickView::on_unload() { close_sticky_notes(session_, shown(u"AccountID")); }
 
 void QuickView::on_click(TextView name) {
     struct Row {
@@ -94,11 +89,11 @@ void QuickView::on_drop(TextView name, int x, int y) {
 
 void QuickView::on_column_click(TextView, int clicked) {
     Steps steps;
-    session_.SortAscending = !session_.SortAscending;
+    state_.SortAscending = !state_.SortAscending;
     steps.run([&] { list().sort_key(clicked); });
     if (clicked == column::subject) {
         steps.run([&] { list().sort_key(column::subject); });
-        steps.run([&] { list().sort_order(session_.SortAscending ? falling : rising); });
+        steps.run([&] { list().sort_order(state_.SortAscending ? falling : rising); });
         steps.run([&] { list().sorted(true); });
     } else if (clicked == column::modified) {
         steps.run([&] { list().sorted(false); });
@@ -119,18 +114,17 @@ int QuickView::CompareDates(std::intptr_t lngParam1, std::intptr_t lngParam2) {
     steps.set(first, [&] { return read(lngParam1); });
     steps.set(second, [&] { return read(lngParam2); });
     constexpr int before = 0, equal = 1, later = 2;
-    if (first.days < second.days) return session_.SortAscending ? before : later;
-    if (first.days > second.days) return session_.SortAscending ? later : before;
+    if (first.days < second.days) return state_.SortAscending ? before : later;
+    if (first.days > second.days) return state_.SortAscending ? later : before;
     return equal;
 }
 
 void QuickView::cmdSearchpanel_Click() {
-    Steps steps;
-    session_.gSelectedEntryID = shown(u"EntryID");
-    session_.gSelectedStoreID = shown(u"StoreID");
-    session_.gSelectedClass = shown(u"MessageClass");
-    steps.run([&] { session_.gPanelMenu.unload(); });
-    steps.run([&] { session_.gPanelMenu.show(); });
+    searchpanel::State& panels = state_.searchpanel;
+    panels.gSelectedEntryID = shown(u"EntryID");
+    panels.gSelectedStoreID = shown(u"StoreID");
+    panels.gSelectedClass = shown(u"MessageClass");
+    searchpanel::open_new_panel(panels);
 }
 
 void QuickView::CompanyName_Click() {

@@ -3,6 +3,7 @@
 
 #include "addin/ground/presence.h"
 #include "addin/quickview/quick_view_table.h"
+#include "addin/quickview/state.h"
 #include "addin/records/stamp.h"
 
 namespace addin::quickview {
@@ -15,13 +16,14 @@ inline constexpr int subject = 0, modified = 1, entry_id = 2;
 /// A control of the window, by its name.
 using ControlName = forms::Named<window::table>;
 
-class QuickView final : public QuickViewWindow {
+class QuickView final : public forms::Form {
   public:
-    explicit QuickView(Session& session)
-        : QuickViewWindow(session.engine, quick_view_table()), session_(session) {}
+    explicit QuickView(State& state)
+        : Form(state.session.engine, quick_view_table()), session_(state.session), state_(state) {}
 
     forms::Control& control(ControlName name) { return Form::control(name); }
-    automation::Text AccountID() override { return control(u"AccountID").text(); }
+    /// The hidden caption; empty as long as no record is shown.
+    automation::Text AccountID() { return control(u"AccountID").text(); }
 
     /// Compares the rows of two parameters by the dates in their second column. It answers 0, 1 and 2, never
     /// less: that is how the order comes about that users know. A text that is no date counts as the first
@@ -70,9 +72,7 @@ class QuickView final : public QuickViewWindow {
     void caption(automation::TextView text);
 
     Session& session_;
+    State& state_;
 };
-
-/// Has the session open the window.
-void furnish(Session& session);
 
 }  // namespace addin::quickview

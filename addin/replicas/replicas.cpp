@@ -36,11 +36,11 @@ constexpr records::Name task_properties[] = {
     property::note_id,         property::opportunity_id, property::opportunity_name, property::team,
     property::task_id};
 
-/// Keeps the copy of one replication known in the session, until the replication has done with it.
+/// Keeps the copy of one replication known to all others, until the replication has done with it.
 class CopyUnderWay {
   public:
-    CopyUnderWay(Session& session, const Item& source)
-        : copies_(session.copies_under_way), entry_(copies_.insert(copies_.end(), {.source = source})) {}
+    CopyUnderWay(State& state, const Item& source)
+        : copies_(state.copies_under_way), entry_(copies_.insert(copies_.end(), {.source = source})) {}
     ~CopyUnderWay() { copies_.erase(entry_); }
     CopyUnderWay(const CopyUnderWay&) = delete;
     CopyUnderWay& operator=(const CopyUnderWay&) = delete;
@@ -96,8 +96,8 @@ bool may_be_copy(const ReplicaRow& row, const ReplicaCopy& one, const Item& item
 /// host tells of that copy as of any other item: while it is made, at the next yield, or when it is saved. A
 /// handler that took it for a second item would delete it before it comes to the shared folder or, where no
 /// key tells the two apart, copy the copy without end.
-bool is_under_way(const Session& session, const ReplicaRow& row, const Item& item) {
-    const std::list<ReplicaCopy>& copies = session.copies_under_way;
+bool is_under_way(const State& state, const ReplicaRow& row, const Item& item) {
+    const std::list<ReplicaCopy>& copies = state.copies_under_way;
     if (copies.empty()) return false;
     Steps steps;
     Text id;
@@ -114,8 +114,13 @@ bool is_under_way(const Session& session, const ReplicaRow& row, const Item& ite
 /// One item's way to its shared folder, once the handler's guard has let it pass.
 class Replication {
   public:
-    Replication(Session& session, const ReplicaRow& row, const Item& item, TextView folder_name)
-        : here_(session), session_(session), row_(row), item_(item), folder_name_(folder_name) {}
+    Replication(State& state, const ReplicaRow& row, const Item& item, TextView folder_name)
+        : here_(state.session),
+          state_(state),
+          session_(state.session),
+          row_(row),
+          item_(item),
+          folder_name_(folder_name) {}
 
     void run(Ending ending);
 
@@ -135,6 +140,7 @@ class Replication {
     void copy_to_shared_folder(Ending ending);
 
     Presence here_;  ///< goes last
+    State& state_;
     Session& session_;
     const ReplicaRow& row_;
     const Item& item_;
@@ -211,7 +217,7 @@ bool Replication::bears(const Item& item, const Text& key) {
 }
 
 void Replication::copy_to_shared_folder(Ending ending) {
-    CopyUnderWay under_way(session_, item_);
+    CopyUnderWay under_way(state_, item_);
     Item copy;
     steps_.set(copy, [&] { return item_.Copy(); });
     under_way.is_made(copy);
@@ -242,36 +248,36 @@ Text folder_name(const Session& session, const ReplicaRow& row) {
 
 /// Holds an object as the last inspector. Only what has an inspector's events can be held: for anything else
 /// this fails, and the inspector that is held stays.
-void hold_as_inspector(Connect& connect, const Object& object) {
+void hold_as_inspector(const HoldInspector& hold_inspector, const Object& object) {
     automation::Sink trial;
     trial.connect(host::events::inspector, object, {});
-    connect.watch_inspector(object);
+    hold_inspector(object);
 }
 
 /// Sets the guard if a window is open on a linked item. At a handler's end the item itself is offered as the
 /// last inspector, too, which it is not.
-enum class Offer { nothing, item };
-void look_at_open_windows(Connect& connect, const ReplicaRow& row, Offer offer) {
+void look_at_open_windows(const Session& session, Guards& guards, const ReplicaRow& row,
+                          const HoldInspector& hold_inspector = {}) {
     Steps steps;
     Inspectors open;
     std::int32_t count = 0;
-    steps.set(open, [&] {
-        return host::outlook::Application(connect.session().desktop.application()).Inspectors();
-    });
+    steps.set(open, [&] { return host::outlook::Application(session.desktop.application()).Inspectors(); });
     steps.set(count, [&] { return open.Count(); });
     for (std::int32_t i = 1; i <= count; ++i) {
         if (!steps.holds([&] { return open.Item(i).CurrentItem().MessageClass() == row.message_class; })) {
             continue;
         }
-        connect.*row.guard = true;
-        if (offer == Offer::item) steps.run([&] { hold_as_inspector(connect, open.Item(i).CurrentItem()); });
+        guards.*row.guard = true;
+        if (hold_inspector) {
+            steps.run([&] { hold_as_inspector(hold_inspector, open.Item(i).CurrentItem()); });
+        }
     }
 }
 
 }  // namespace
 
 constinit const ReplicaRow calendar = {
-    .guard = &Connect::GlobalCalendar,
+    .guard = &Guards::GlobalCalendar,
     .enabled = setting::enable_global_calendar,
     .folder_option = setting::global_calendar,
     .default_folder = records::folder::global_calendar,
@@ -284,7 +290,7 @@ constinit const ReplicaRow calendar = {
 };
 
 constinit const ReplicaRow tasks = {
-    .guard = &Connect::GlobalTask,
+    .guard = &Guards::GlobalTask,
     .enabled = setting::enable_global_tasks,
     .folder_option = setting::global_tasks,
     .default_folder = records::folder::global_tasks,
@@ -296,22 +302,21 @@ constinit const ReplicaRow tasks = {
     .on_change = Ending::yield_and_move,
 };
 
-void ItemAdd(Connect& connect, const ReplicaRow& row, const Item& item) {
-    Session& session = connect.session();
-    if (is_under_way(session, row, item) || is_off(session, row)) return;
-    const Text name = folder_name(session, row);
-    if (connect.*row.guard) Replication(session, row, item, name).run(row.on_add);
+void ItemAdd(State& state, const Guards& guards, const ReplicaRow& row, const Item& item) {
+    if (is_under_way(state, row, item) || is_off(state.session, row)) return;
+    const Text name = folder_name(state.session, row);
+    if (guards.*row.guard) Replication(state, row, item, name).run(row.on_add);
 }
 
-void ItemChange(Connect& connect, const ReplicaRow& row, const Item& item) {
-    Session& session = connect.session();
-    if (is_under_way(session, row, item) || is_off(session, row)) return;
-    look_at_open_windows(connect, row, Offer::nothing);
-    if (!(connect.*row.guard)) return;
-    const Text name = folder_name(session, row);
-    Replication(session, row, item, name).run(row.on_change);
-    connect.*row.guard = false;
-    look_at_open_windows(connect, row, Offer::item);
+void ItemChange(State& state, Guards& guards, const ReplicaRow& row, const Item& item,
+                const HoldInspector& hold_inspector) {
+    if (is_under_way(state, row, item) || is_off(state.session, row)) return;
+    look_at_open_windows(state.session, guards, row);
+    if (!(guards.*row.guard)) return;
+    const Text name = folder_name(state.session, row);
+    Replication(state, row, item, name).run(row.on_change);
+    guards.*row.guard = false;
+    look_at_open_windows(state.session, guards, row, hold_inspector);
 }
 
 void goCalendar_ItemRemove() {}

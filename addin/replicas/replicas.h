@@ -1,10 +1,12 @@
 // Linked appointments and tasks of the user's own folders, kept as copies in folders that the team shares.
 #pragma once
 
+#include <functional>
 #include <span>
 
-#include "addin/connect/connect.h"
 #include "addin/records/names.h"
+#include "addin/replicas/guards.h"
+#include "addin/replicas/state.h"
 
 namespace addin::replicas {
 
@@ -17,8 +19,8 @@ enum class Ending {
 
 /// All in which the two kinds of replicas differ.
 struct ReplicaRow {
-    bool Connect::*guard;          ///< an item of the class is open, so what changes is the user's doing
-    automation::TextView enabled;  ///< the option that turns it off
+    bool Guards::*guard;
+    automation::TextView enabled;           ///< the option that turns it off
     automation::TextView folder_option;     ///< the option that names the shared folder
     records::Name default_folder;           ///< its name where the option is empty
     records::Name message_class;            ///< of the linked items
@@ -31,8 +33,12 @@ struct ReplicaRow {
 extern const ReplicaRow calendar;
 extern const ReplicaRow tasks;
 
-void ItemAdd(Connect& connect, const ReplicaRow& row, const host::outlook::Item& item);
-void ItemChange(Connect& connect, const ReplicaRow& row, const host::outlook::Item& item);
+void ItemAdd(State& state, const Guards& guards, const ReplicaRow& row, const host::outlook::Item& item);
+
+/// Holds an object as the last inspector. It fails for what can't be held.
+using HoldInspector = std::function<void(const automation::Object& inspector)>;
+void ItemChange(State& state, Guards& guards, const ReplicaRow& row, const host::outlook::Item& item,
+                const HoldInspector& hold_inspector);
 
 /// Does nothing: what the user deletes stays in the shared folder.
 void goCalendar_ItemRemove();

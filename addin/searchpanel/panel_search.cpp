@@ -78,7 +78,7 @@ std::int32_t upper_bound(const std::optional<automation::Array>& table) {
 }  // namespace
 
 PanelSearch::PanelSearch(ShowItems& panel)
-    : here_(panel.session(), panel), panel_(panel), session_(panel.session()) {}
+    : here_(panel.session(), panel), panel_(panel), session_(panel.session()), state_(panel.state()) {}
 
 forms::Control& PanelSearch::control(ControlName name) const {
     if (gone()) throw automation::Failure(automation::result::object_deleted, u"The panel has been closed.");
@@ -100,7 +100,7 @@ bool PanelSearch::run() {
     if (panel_.gForms2.empty()) steps_.run([&] { panel_.LoadPanelDefinitions(); });
     steps_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
 
-    const Next next = session_.gSelectedEntryID.empty() ? let_choose() : take_pending_item();
+    const Next next = state_.gSelectedEntryID.empty() ? let_choose() : take_pending_item();
     if (next == Next::list_items && !gone()) {
         show_record();
         list_items();
@@ -136,16 +136,16 @@ PanelSearch::Next PanelSearch::take_pending_item() {
     steps_.set(record_, [&] {
         return host::outlook::Application(session_.desktop.application())
             .GetNamespace(u"MAPI")
-            .GetItemFromID(session_.gSelectedEntryID, session_.gSelectedStoreID);
+            .GetItemFromID(state_.gSelectedEntryID, state_.gSelectedStoreID);
     });
     Item entry;
     steps_.set(entry, [&] {
-        return system_.Items().Restrict(drop_down_filter(form_, session_.gSelectedClass)).Item(1);
+        return system_.Items().Restrict(drop_down_filter(form_, state_.gSelectedClass)).Item(1);
     });
     steps_.set(definition_, [&] { return property_of(entry, property::find_definition); });
     steps_.run([&] { control(u"SearchMe").text(entry.Subject()); });
-    session_.gSelectedEntryID.clear();
-    session_.gSelectedStoreID.clear();
+    state_.gSelectedEntryID.clear();
+    state_.gSelectedStoreID.clear();
     steps_.run([&] { show_status(session_, searching); });
     return Next::list_items;
 }
@@ -286,7 +286,7 @@ void PanelSearch::end() {
     panel_.picker.reset();
     // the next opening of the default panel makes another one; this one stays as long as it is open
     session_.gOutlookApp.reset();
-    session_.search_panel.let_go();
+    state_.search_panel.let_go();
     constexpr std::int32_t rising_mark = 1;
     steps_.run([&] {
         forms::ShowHeaderIcon(list(), column::folder, rising_mark, forms::header::image_on_right,

@@ -61,6 +61,7 @@ class PanelSearch {
     Presence here_;  ///< goes last
     ShowItems& panel_;
     Session& session_;
+    State& state_;
 
     Steps steps_;
     FilterForm form_ = FilterForm::like;

@@ -31,24 +31,18 @@ int rounded(double twips) { return static_cast<int>(std::lround(twips)); }
 
 }  // namespace
 
-void furnish(Session& session) {
-    for (forms::WindowPlace<>* place : {&session.search_panel, &session.gPanelMenu, &session.gPanelMenu2}) {
-        place->made_by([&session] { return std::make_shared<ShowItems>(session); });
-    }
-}
-
 // Load, activation and end
 
 void ShowItems::on_load() {
-    session_.loaded_panels.push_back(shared_from_this());
+    state_.loaded_panels.push_back(shared_from_this());
     Steps steps;
     steps.run([&] { ArrangeList(); });
     const records::Database database = records::open_database(steps, session_.desktop);
     sobj = database.main_add_in;
     Hostfolder = database.account_profiles;
     steps.run([&] { LoadPanelDefinitions(); });
-    if (!session_.gSelectedEntryID.empty()) {
-        MySavedEntryID = session_.gSelectedEntryID;
+    if (!state_.gSelectedEntryID.empty()) {
+        MySavedEntryID = state_.gSelectedEntryID;
         if (!search()) return;
     }
     steps.run([&] { list().extended_style(full_row_select, all_bits); });
@@ -60,7 +54,7 @@ void ShowItems::on_unload() {
     Hostfolder.reset();
     picker.reset();
     gForms2.clear();
-    std::erase(session_.loaded_panels, shared_from_this());
+    std::erase(state_.loaded_panels, shared_from_this());
 }
 
 void ShowItems::on_close() {
@@ -69,9 +63,9 @@ void ShowItems::on_close() {
 }
 
 void ShowItems::on_activate() {
-    const Text& pending = session_.gSelectedEntryID;
+    const Text& pending = state_.gSelectedEntryID;
     if (!pending.empty() && !MySavedEntryID.empty() && pending != MySavedEntryID && !search()) return;
-    MySavedEntryID = session_.gSelectedEntryID;
+    MySavedEntryID = state_.gSelectedEntryID;
 }
 
 void ShowItems::LoadPanelDefinitions() {
@@ -104,7 +98,7 @@ void ShowItems::on_resize() {
 }
 
 void ShowItems::on_column_click(TextView, int column) {
-    forms::sort_by_column(list(), column, session_.LastSortColumn);
+    forms::sort_by_column(list(), column, state_.LastSortColumn);
 }
 
 // Keys and clicks

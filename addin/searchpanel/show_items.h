@@ -4,8 +4,9 @@
 #include <vector>
 
 #include "addin/createnote/search_targets.h"
-#include "addin/ground/session.h"
+#include "addin/host/family.h"
 #include "addin/searchpanel/panel_table.h"
+#include "addin/searchpanel/state.h"
 
 namespace addin::searchpanel {
 
@@ -21,7 +22,8 @@ using ControlName = forms::Named<panel::table>;
 
 class ShowItems final : public forms::Form {
   public:
-    explicit ShowItems(Session& session) : Form(session.engine, panel_table()), session_(session) {}
+    explicit ShowItems(State& state)
+        : Form(state.session.engine, panel_table()), session_(state.session), state_(state) {}
 
     bool CancelLoop = false;                  ///< the last key was Escape; a search begins without
     std::vector<createnote::Target> gForms2;  ///< the targets, by their places in `SearchMe`; none: no table
@@ -34,6 +36,7 @@ class ShowItems final : public forms::Form {
     void ArrangeList();
 
     Session& session() { return session_; }
+    State& state() { return state_; }
     forms::Control& control(ControlName name) { return Form::control(name); }
     forms::List& list() {
         return Form::control(forms::Named<panel::table, forms::is_list>(u"lstItems")).list();
@@ -60,12 +63,10 @@ class ShowItems final : public forms::Form {
     void OpenContact();
 
     Session& session_;
+    State& state_;
 };
 
 /// Opens what the selected row stands for.
 void open_result(ShowItems& panel);
-
-/// Has the session open panels.
-void furnish(Session& session);
 
 }  // namespace addin::searchpanel

@@ -9,9 +9,9 @@ namespace {
 
 constexpr automation::TextView source_name = u"CreateNote";  // of the failures that the add-in reports
 
-/// A Connect that keeps its load: its end may still need the session.
+/// A Connect that keeps its load: its end may still need the rooms.
 std::shared_ptr<addin::Connect> new_connect(const std::shared_ptr<Load>& load) {
-    return {new addin::Connect(load->session), [load](addin::Connect* connect) { delete connect; }};
+    return {new addin::Connect(load->rooms), [load](addin::Connect* connect) { delete connect; }};
 }
 
 }  // namespace
@@ -22,13 +22,13 @@ Load::Load(Module& module)
       desktop(apartment),
       engine(
           module, [this] { return desktop.dots_per_inch(); }, desktop.screen_pointer()),
-      session(desktop, engine) {}
+      rooms(desktop, engine) {}
 
 ComPtr<IUnknown> Server::make_connect() {
     std::shared_ptr<Load> load = load_.lock();
     if (!load) {
         load = std::make_shared<Load>(module_);
-        load->session.owner = load;
+        load->rooms.session.owner = load;
         load->engine.keep_during_events(load);
         load_ = load;
     }

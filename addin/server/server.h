@@ -1,7 +1,7 @@
 // One load of the add-in's DLL.
 #pragma once
 
-#include "addin/ground/session.h"
+#include "addin/connect/rooms.h"
 #include "addin/server/desktop/windows_desktop.h"
 #include "automation/com/apartment.h"
 #include "automation/com/class_factory.h"
@@ -16,8 +16,8 @@ struct Load {
     ModuleHold hold;  // until all else has ended
     std::shared_ptr<Apartment> apartment;
     WindowsDesktop desktop;
-    FormEngine engine;  // outlives the session, whose windows it has made
-    addin::Session session;
+    FormEngine engine;  // outlives the rooms, whose windows it has made
+    addin::Rooms rooms;
 };
 
 /// The server behind the DLL's entry points.

@@ -1,6 +1,5 @@
 #include "addin/templates/template_commands.h"
 
-#include "addin/ground/keyed.h"
 #include "addin/ground/presence.h"
 #include "addin/ground/question.h"
 #include "addin/records/database.h"
@@ -28,16 +27,12 @@ Item shown_item(host::Desktop& desktop) {
 
 /// A list of templates, which the main add-in shows.
 struct TemplateList {
-    Command command;
     bool for_item;  ///< the list is told the item in the active window
     TextView kind;  ///< of the list; the one of mails has none
 };
-constexpr TemplateList template_lists[] = {
-    {Command::email_templates, true, {}},
-    {Command::document_templates, true, u"Document"},
-    {Command::excel_templates, false, u"Spreadsheet"},
-};
-static_assert(is_keyed(template_lists, &TemplateList::command));
+constexpr TemplateList email_templates{true, {}};
+constexpr TemplateList document_templates{true, u"Document"};
+constexpr TemplateList excel_templates{false, u"Spreadsheet"};
 
 void show_list(host::Desktop& desktop, const TemplateList& list) {
     Steps steps;
@@ -52,6 +47,12 @@ void show_list(host::Desktop& desktop, const TemplateList& list) {
         }
     });
 }
+
+}  // namespace
+
+void show_email_templates(Session& session) { show_list(session.desktop, email_templates); }
+void show_document_templates(Session& session) { show_list(session.desktop, document_templates); }
+void show_excel_templates(Session& session) { show_list(session.desktop, excel_templates); }
 
 void save_as_template(Session& session) {
     host::Desktop& desktop = session.desktop;
@@ -85,18 +86,6 @@ void save_as_template(Session& session) {
         steps.run([&] { item.Save(); });
     }
     desktop.message_box(Text(created_start) + subject + Text(created_end), product_title, host::box::ok);
-}
-
-}  // namespace
-
-void furnish(Session& session) {
-    const auto command = [&session](Command which) -> auto& {
-        return session.commands.at(static_cast<std::size_t>(which));
-    };
-    for (const TemplateList& list : template_lists) {
-        command(list.command) = [&session, list](Connect&) { show_list(session.desktop, list); };
-    }
-    command(Command::save_as_template) = [&session](Connect&) { save_as_template(session); };
 }
 
 }  // namespace addin::templates

@@ -5,7 +5,12 @@
 
 namespace addin::templates {
 
-/// Has the session's commands open the lists of templates, and make a template of a mail.
-void furnish(Session& session);
+/// Open a list of templates, for the item in the active window where the list goes by it.
+void show_email_templates(Session& session);
+void show_document_templates(Session& session);
+void show_excel_templates(Session& session);
+
+/// Makes a template of the mail in the active window, after a question.
+void save_as_template(Session& session);
 
 }  // namespace addin::templates

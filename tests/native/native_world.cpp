@@ -174,14 +174,14 @@ void NativeWorld::end_host() {
 }
 
 std::shared_ptr<addin::Connect> NativeWorld::make_connect() {
-    std::shared_ptr<addin::Session> session = session_.lock();
-    if (!session) {
-        session = std::make_shared<addin::Session>(desktop_, engine_);
-        session->owner = session;
-        engine_.keep_during_events(session);
-        session_ = session;
+    std::shared_ptr<addin::Rooms> rooms = rooms_.lock();
+    if (!rooms) {
+        rooms = std::make_shared<addin::Rooms>(desktop_, engine_);
+        rooms->session.owner = rooms;
+        engine_.keep_during_events(rooms);
+        rooms_ = rooms;
     }
-    return {new addin::Connect(*session), [session](addin::Connect* last) { delete last; }};
+    return {new addin::Connect(*rooms), [rooms](addin::Connect* last) { delete last; }};
 }
 
 void NativeWorld::load_add_in(std::int32_t connect_mode) {

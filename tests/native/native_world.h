@@ -61,8 +61,8 @@ class NativeWorld final : public acceptance::World {
     std::unique_ptr<Host> host_;
     Strands strands_;
     MemoryEngine engine_{strands_};
-    std::shared_ptr<addin::Connect> connect_;  ///< the add-in, with the session that it keeps
-    std::weak_ptr<addin::Session> session_;    ///< of the load, which all objects of the class share
+    std::shared_ptr<addin::Connect> connect_;  ///< the add-in, with the rooms that it keeps
+    std::weak_ptr<addin::Rooms> rooms_;        ///< of the load, which all objects of the class share
 };
 
 }  // namespace native

@@ -1,5 +1,6 @@
 // The commands and the sending of mail, with their n-th call to the outside failing, for every n.
 #include "addin/ground/settings.h"
+#include "addin/quickview/quick_view.h"
 #include "tests/acceptance/quick_view.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
@@ -130,14 +131,16 @@ TEST(CommandFaults, ASelectionChangesWhateverFails) {
     NativeWorld world{{}};
     world.option(addin::setting::enable_quick_view, u"1");
     const Item mail = world.deliver(acceptance::message());
+    acceptance::add_contact(world);
     int shown = 0;
-    world.add_in()->session().ShowQuickView = [&](addin::Connect&, Value&) { ++shown; };
     int n = 1;
     for (bool more = true; more; ++n) {
         ASSERT_LT(n, native::many_calls);
         const NthCall fault(world, n);
         ASSERT_NO_THROW(world.desk().call(u"Select", {Value(mail)})) << n;
         more = fault.came();
+        const native::MemoryWindow* const window = world.engine().find(u"TW Quick View");
+        if (window && window->visible()) ++shown;
     }
     EXPECT_GT(n, 10);
     EXPECT_GE(shown, 1);
@@ -184,7 +187,7 @@ TEST(CommandFaults, QuickViewIsLaunchedWhateverFails) {
                 empty(world->below(u"Email"));
                 empty(world->below(u"Notes"));
             }
-            world->add_in()->session().QuickView.unload();
+            world->add_in()->rooms().quickview.QuickView.unload();
             if (::testing::Test::HasFailure()) return;
         }
         EXPECT_GT(n, known ? 50 : 60);

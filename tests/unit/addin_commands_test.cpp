@@ -6,6 +6,7 @@
 
 #include "addin/commands/buttons.h"
 #include "addin/commands/explorer_tracking.h"
+#include "addin/commands/small_windows.h"
 #include "addin/ground/status_windows.h"
 #include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
@@ -34,7 +35,7 @@ TEST(Buttons, AreLookedUpByTheirTagsButForTwo) {
 }
 
 TEST(Buttons, HaveOneMemberEach) {
-    std::vector<automation::Sink Connect::*> members;
+    std::vector<automation::Sink addin::commands::Links::*> members;
     for (const auto& row : addin::commands::buttons()) {
         EXPECT_EQ(std::ranges::count(members, row.member), 0) << automation::to_utf8(row.caption);
         members.push_back(row.member);
@@ -57,16 +58,16 @@ TEST(StatusWindows, HaveTheirTitlesAndTexts) {
     EXPECT_THAT(texts(addin::search_form_table()),
                 UnorderedElementsAre(Pair(Text(u"Image1"), Text()), Pair(Text(u"Label1"), Text(u"Label1"))));
 
-    EXPECT_EQ(addin::tarnwell_table().caption, TextView(u"Tarnwell"));
-    EXPECT_THAT(texts(addin::tarnwell_table()),
+    EXPECT_EQ(addin::commands::tarnwell_table().caption, TextView(u"Tarnwell"));
+    EXPECT_THAT(texts(addin::commands::tarnwell_table()),
                 UnorderedElementsAre(Pair(Text(u"Command1"), Text()), Pair(Text(u"Command2"), Text()),
                                      Pair(Text(u"EntryID"), Text(u"Entry ID")),
                                      Pair(Text(u"ContactName"), Text(u"Contact Name")),
                                      Pair(Text(u"AccountName"), Text(u"Account Name"))));
 
-    EXPECT_EQ(addin::tarnwell_info_table().caption, TextView(u"Tarnwell Information"));
+    EXPECT_EQ(addin::commands::tarnwell_info_table().caption, TextView(u"Tarnwell Information"));
     EXPECT_THAT(
-        texts(addin::tarnwell_info_table()),
+        texts(addin::commands::tarnwell_info_table()),
         UnorderedElementsAre(
             Pair(Text(u"Command1"), Text(u"Command1")), Pair(Text(u"Combo1"), Text(u"Combo1")),
             Pair(Text(u"Label1"), Text(u"Account Name")), Pair(Text(u"Label2"), Text(u"Search")),
@@ -76,7 +77,7 @@ TEST(StatusWindows, HaveTheirTitlesAndTexts) {
 }
 
 TEST(StatusWindows, BothButtonsOfTheSmallWindowHaveTheTip) {
-    for (const ControlRow& row : addin::tarnwell_table().controls) {
+    for (const ControlRow& row : addin::commands::tarnwell_table().controls) {
         if (row.kind != ControlKind::picture_button) continue;
         EXPECT_EQ(row.tool_tip, TextView(u"Click here to select an item."));
         EXPECT_FALSE(row.accessible_name.empty());
@@ -85,8 +86,8 @@ TEST(StatusWindows, BothButtonsOfTheSmallWindowHaveTheTip) {
 
 TEST(StatusWindows, TheSmallWindowsFirstButtonShowsThePicker) {
     NativeWorld world{{}};
-    addin::Session& session = world.add_in()->session();
-    session.Tarnwell.show();
+    addin::commands::State& state = world.add_in()->rooms().commands;
+    state.Tarnwell.show();
     native::MemoryWindow* const window = world.engine().find(u"Tarnwell");
     ASSERT_NE(window, nullptr);
     EXPECT_TRUE(window->control(u"Command2").click());
@@ -99,14 +100,14 @@ TEST(StatusWindows, TheSmallWindowsFirstButtonShowsThePicker) {
     EXPECT_TRUE(picker->visible());
     EXPECT_TRUE(picker->close());
     EXPECT_EQ(world.engine().find(u"Account List"), nullptr);
-    session.Tarnwell.unload();
+    state.Tarnwell.unload();
     EXPECT_EQ(world.engine().find(u"Tarnwell"), nullptr);
 }
 
 TEST(StatusWindows, TheInformationWindowHasNoLogic) {
     NativeWorld world{{}};
-    addin::Session& session = world.add_in()->session();
-    session.TarnwellInfo.show();
+    addin::commands::State& state = world.add_in()->rooms().commands;
+    state.TarnwellInfo.show();
     native::MemoryWindow* const window = world.engine().find(u"Tarnwell Information");
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->control(u"Combo1").choice().count(), 0);
@@ -120,8 +121,8 @@ TEST(StatusWindows, TheInformationWindowHasNoLogic) {
 
 TEST(ExplorerTrackers, AreKeptByTheTextsOfTheirNumbers) {
     NativeWorld world{{}};
-    addin::ExplorerTrackers trackers;
-    const auto tracker = [&] { return std::make_shared<addin::TrackExpl>(world.add_in()->session()); };
+    addin::commands::ExplorerTrackers trackers(world.add_in()->session(), [] {});
+    const auto tracker = [&] { return std::make_shared<addin::commands::TrackExpl>(trackers); };
     trackers.Add(tracker(), u"1");
     trackers.Add(tracker(), u"2");
     EXPECT_EQ(trackers.Count(), 2);
@@ -141,17 +142,17 @@ Object open_explorer(NativeWorld& world) {
 
 TEST(ExplorerTracking, NumbersFurtherWindowsAndForgetsThemWhenTheyClose) {
     NativeWorld world{{}};
-    addin::Session& session = world.add_in()->session();
+    addin::commands::ExplorerTrackers& trackers = world.add_in()->rooms().commands.gExplorerList;
     const Object second = open_explorer(world), third = open_explorer(world);
-    EXPECT_EQ(session.gExplorerSerial, 2);
-    EXPECT_EQ(session.gExplorerList->Count(), 2);
-    EXPECT_THROW(session.gExplorerList->Add(nullptr, u"1"), automation::Failure);
-    EXPECT_THROW(session.gExplorerList->Add(nullptr, u"2"), automation::Failure);
+    EXPECT_EQ(trackers.gExplorerSerial, 2);
+    EXPECT_EQ(trackers.Count(), 2);
+    EXPECT_THROW(trackers.Add(nullptr, u"1"), automation::Failure);
+    EXPECT_THROW(trackers.Add(nullptr, u"2"), automation::Failure);
     second.call(u"Close");
-    EXPECT_EQ(session.gExplorerList->Count(), 1);
+    EXPECT_EQ(trackers.Count(), 1);
     third.call(u"Close");
-    EXPECT_EQ(session.gExplorerList->Count(), 0);
-    EXPECT_EQ(session.gExplorerSerial, 2) << "it is never reset";
+    EXPECT_EQ(trackers.Count(), 0);
+    EXPECT_EQ(trackers.gExplorerSerial, 2) << "it is never reset";
 }
 
 TEST(ExplorerTracking, LeavesTheConnectedObjectsSinksAloneWhenTheLastFurtherWindowCloses) {
@@ -168,25 +169,25 @@ TEST(ExplorerTracking, LeavesTheConnectedObjectsSinksAloneWhenTheLastFurtherWind
 
 TEST(ExplorerTracking, UsesTheLastNumberAgainWhenTheCounterIsFull) {
     NativeWorld world{{}};
-    addin::Session& session = world.add_in()->session();
-    session.gExplorerSerial = std::numeric_limits<std::int16_t>::max() - 1;
+    addin::commands::ExplorerTrackers& trackers = world.add_in()->rooms().commands.gExplorerList;
+    trackers.gExplorerSerial = std::numeric_limits<std::int16_t>::max() - 1;
     const Object second = open_explorer(world), third = open_explorer(world);
-    EXPECT_EQ(session.gExplorerSerial, std::numeric_limits<std::int16_t>::max());
-    EXPECT_EQ(session.gExplorerList->Count(), 1) << "the key is there already, so the second is not kept";
+    EXPECT_EQ(trackers.gExplorerSerial, std::numeric_limits<std::int16_t>::max());
+    EXPECT_EQ(trackers.Count(), 1) << "the key is there already, so the second is not kept";
     third.call(u"Close");
-    EXPECT_EQ(session.gExplorerList->Count(), 1) << "and nobody follows it";
+    EXPECT_EQ(trackers.Count(), 1) << "and nobody follows it";
     second.call(u"Close");
-    EXPECT_EQ(session.gExplorerList->Count(), 0);
+    EXPECT_EQ(trackers.Count(), 0);
 }
 
 TEST(ExplorerTracking, IsSkippedWhileTheSessionSaysSo) {
     NativeWorld world{{}};
-    addin::Session& session = world.add_in()->session();
-    EXPECT_FALSE(session.gSkipExplorerTracking) << "nothing sets it";
-    session.gSkipExplorerTracking = true;
+    addin::commands::ExplorerTrackers& trackers = world.add_in()->rooms().commands.gExplorerList;
+    EXPECT_FALSE(trackers.gSkipExplorerTracking) << "nothing sets it";
+    trackers.gSkipExplorerTracking = true;
     open_explorer(world);
-    EXPECT_EQ(session.gExplorerList->Count(), 0);
-    EXPECT_EQ(session.gExplorerSerial, 0);
+    EXPECT_EQ(trackers.Count(), 0);
+    EXPECT_EQ(trackers.gExplorerSerial, 0);
 }
 
 }  // namespace

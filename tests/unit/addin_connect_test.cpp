@@ -179,7 +179,7 @@ TEST(Start, WiresEverySink) {
     }
     EXPECT_EQ(connect.goOutlook.source(), Object(connect.session().gOutlookApp));
     EXPECT_EQ(connect.session().gProgId, u"CreateNote.Connect");
-    EXPECT_FALSE(connect.session().gNoteFromExplorer);
+    EXPECT_FALSE(connect.rooms().createnote.gNoteFromExplorer);
     EXPECT_FALSE(connect.goNameSpace);
 }
 
@@ -250,18 +250,18 @@ TEST(Start, ResetsTheFlagsThatItOwns) {
     Connect& connect = *world.add_in();
     connect.GlobalCalendar = true;
     connect.GlobalTask = true;
-    connect.session().gNoteFromExplorer = true;
+    connect.rooms().createnote.gNoteFromExplorer = true;
     connect.IDTExtensibility2_OnConnection(world.application_for_add_in(), 0, world.entry_for_add_in());
     EXPECT_FALSE(connect.GlobalCalendar);
     EXPECT_TRUE(connect.GlobalTask) << "the start does not clear the tasks' guard";
-    EXPECT_FALSE(connect.session().gNoteFromExplorer);
+    EXPECT_FALSE(connect.rooms().createnote.gNoteFromExplorer);
 }
 
 TEST(Start, IsLeftSilentlyIfTheEntryCannotBeRead) {
     NativeWorld world{{}};
     world.unload_add_in(1);
-    addin::Session session(world.desktop(), world.engine());
-    const auto connect = std::make_shared<Connect>(session);
+    addin::Rooms rooms(world.desktop(), world.engine());
+    const auto connect = std::make_shared<Connect>(rooms);
     world.boundary().forget_calls();
     EXPECT_NO_THROW(connect->IDTExtensibility2_OnConnection(world.application_for_add_in(), 1, Object()));
     EXPECT_FALSE(connect->goOutlook.source());
@@ -292,9 +292,9 @@ TEST(Start, ShowsTheSearchPanelIfTheOptionIsExactlyOne) {
         NativeWorld world{{}};
         world.unload_add_in(1);
         world.option(u"EnablePowerPanel", option);
-        addin::Session session(world.desktop(), world.engine());
-        session.search_panel.made_by([&] { return std::make_shared<ToldWindow>(told); });
-        const auto connect = std::make_shared<Connect>(session);
+        addin::Rooms rooms(world.desktop(), world.engine());
+        rooms.searchpanel.search_panel.made_by([&] { return std::make_shared<ToldWindow>(told); });
+        const auto connect = std::make_shared<Connect>(rooms);
         connect->IDTExtensibility2_OnConnection(world.application_for_add_in(), 1, world.entry_for_add_in());
         EXPECT_EQ(told, shown ? std::vector<std::string>{"show"} : std::vector<std::string>{});
         connect->StopAddIn();
@@ -330,18 +330,17 @@ TEST(SearchPanels, AreOpenedOnAnItemOrOnNone) {
     for (const Case& one : cases) {
         SCOPED_TRACE(automation::to_utf8(one.operation));
         NativeWorld world{{}};
-        addin::Session& session = world.add_in()->session();
+        addin::searchpanel::State& panels = world.add_in()->rooms().searchpanel;
         std::vector<std::string> told;
         const auto make = [&] { return std::make_shared<ToldWindow>(told); };
-        (one.operation == TextView(u"ShowItemsMenu") ? session.gPanelMenu : session.gPanelMenu2)
-            .made_by(make);
+        (one.operation == TextView(u"ShowItemsMenu") ? panels.gPanelMenu : panels.gPanelMenu2).made_by(make);
         const host::outlook::Item contact = acceptance::add_contact(world);
         world.connect().call(one.operation, {Value(contact)});
-        EXPECT_EQ(session.gSelectedEntryID, contact.EntryID());
-        EXPECT_EQ(session.gSelectedStoreID, world.account_profiles().StoreID());
-        EXPECT_EQ(session.gSelectedClass, u"IPM.Contact.Account Contact");
+        EXPECT_EQ(panels.gSelectedEntryID, contact.EntryID());
+        EXPECT_EQ(panels.gSelectedStoreID, world.account_profiles().StoreID());
+        EXPECT_EQ(panels.gSelectedClass, u"IPM.Contact.Account Contact");
         world.connect().call(one.operation, {Value(Object())});
-        EXPECT_EQ(session.gSelectedEntryID + session.gSelectedStoreID + session.gSelectedClass, u"");
+        EXPECT_EQ(panels.gSelectedEntryID + panels.gSelectedStoreID + panels.gSelectedClass, u"");
         EXPECT_EQ(told, one.told_twice);
         world.add_in()->StopAddIn();
         EXPECT_EQ(told.back(), "unload");
@@ -351,14 +350,14 @@ TEST(SearchPanels, AreOpenedOnAnItemOrOnNone) {
 TEST(SearchPanels, KeepAnEarlierChoiceWhereTheItemRefusesItsOwn) {
     std::vector<std::string> told;  // by a panel that leaves the choice as it is, to its end
     NativeWorld world{{}};
-    addin::Session& session = world.add_in()->session();
-    session.gPanelMenu2.made_by([&] { return std::make_shared<ToldWindow>(told); });
+    addin::searchpanel::State& panels = world.add_in()->rooms().searchpanel;
+    panels.gPanelMenu2.made_by([&] { return std::make_shared<ToldWindow>(told); });
     const host::outlook::Item contact = acceptance::add_contact(world);
     world.connect().call(u"ShowItemsMenu2", {Value(contact)});
     world.fail(u"MailItem.EntryID");
     world.connect().call(u"ShowItemsMenu2", {Value(world.deliver(acceptance::message()))});
-    EXPECT_EQ(session.gSelectedEntryID, contact.EntryID());
-    EXPECT_EQ(session.gSelectedClass, u"IPM.Note");
+    EXPECT_EQ(panels.gSelectedEntryID, contact.EntryID());
+    EXPECT_EQ(panels.gSelectedClass, u"IPM.Note");
 }
 
 TEST(Stop, ClearsEverySinkWhicheverWayItComes) {
@@ -433,11 +432,11 @@ TEST(Stop, AtTheHostsEndRunsEachOfItsSteps) {
     NativeWorld world{{}};
     world.unload_add_in(1);
     std::vector<std::string> told;
-    addin::Session session(world.desktop(), world.engine());
-    session.search_panel.made_by([&] { return std::make_shared<StubbornWindow>(told); });
-    const auto connect = std::make_shared<Connect>(session);
+    addin::Rooms rooms(world.desktop(), world.engine());
+    rooms.searchpanel.search_panel.made_by([&] { return std::make_shared<StubbornWindow>(told); });
+    const auto connect = std::make_shared<Connect>(rooms);
     connect->IDTExtensibility2_OnConnection(world.application_for_add_in(), 1, world.entry_for_add_in());
-    session.search_panel.show();
+    rooms.searchpanel.search_panel.show();
     world.model().application()->raise(u"Quit");
     EXPECT_EQ(told, (std::vector<std::string>{"show", "hide", "unload"}));
     EXPECT_FALSE(connect->goInbox.source());
@@ -461,8 +460,8 @@ TEST(Stop, OpensTheContextMenuForChangesWhenTheWindowCloses) {
 TEST(Discovery, FillsAnEmptyHolderOfTheApplication) {
     NativeWorld world{{}};
     world.unload_add_in(1);
-    addin::Session session(world.desktop(), world.engine());
-    const auto connect = std::make_shared<Connect>(session);  // never connected
+    addin::Rooms rooms(world.desktop(), world.engine());
+    const auto connect = std::make_shared<Connect>(rooms);  // never connected
     world.desk().call(u"Answer", {u"Choose Tarnwell Database", u"", host::box::answer_yes});
     connect->FindFolder();
     EXPECT_TRUE(connect->goOutlook.source());
@@ -475,8 +474,8 @@ TEST(Discovery, LeavesTheHolderAloneUnlessYesIsAnswered) {
     for (const int answer : {host::box::answer_no, host::box::answer_cancel}) {
         NativeWorld world{{}};
         world.unload_add_in(1);
-        addin::Session session(world.desktop(), world.engine());
-        const auto connect = std::make_shared<Connect>(session);
+        addin::Rooms rooms(world.desktop(), world.engine());
+        const auto connect = std::make_shared<Connect>(rooms);
         world.desk().call(u"Answer", {u"Choose Tarnwell Database", u"", answer});
         connect->FindFolder();
         EXPECT_FALSE(connect->goOutlook.source());

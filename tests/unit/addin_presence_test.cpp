@@ -15,7 +15,7 @@ using native::NativeWorld;
 
 struct Giving {
     NativeWorld world{acceptance::WorldSetup{}};
-    std::shared_ptr<dlgSend> window = std::make_shared<dlgSend>(world.add_in()->session());
+    std::shared_ptr<dlgSend> window = std::make_shared<dlgSend>(world.add_in()->rooms().createnote);
 
     ~Giving() {
         if (window) window->unload();

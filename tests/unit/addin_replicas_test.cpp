@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "addin/connect/connect.h"
 #include "addin/replicas/replicas.h"
 #include "tests/acceptance/linked_items.h"
 #include "tests/native/native_world.h"
@@ -291,7 +292,7 @@ TEST(Replication, KnowsItsCopyWithoutAnId) {
                     EXPECT_EQ(copies, 1) << "of the changed one";
                     world.boundary().before_call = nullptr;
                     EXPECT_EQ(subjects(own(world, *kind)), Texts{"Changed"});
-                    EXPECT_TRUE(world.add_in()->session().copies_under_way.empty());
+                    EXPECT_TRUE(world.add_in()->rooms().replicas.copies_under_way.empty());
                     close_window(item);
                 }
             }
@@ -411,7 +412,7 @@ TEST(Replication, EndsWhateverFails) {
             if (!more) {
                 EXPECT_EQ(subjects(shared(world, *run.kind)), run.shared);
             }
-            EXPECT_TRUE(world.add_in()->session().copies_under_way.empty());
+            EXPECT_TRUE(world.add_in()->rooms().replicas.copies_under_way.empty());
             close_window(item);
             empty(own(world, *run.kind));
             empty(shared(world, *run.kind));
@@ -501,7 +502,7 @@ TEST(Replication, HandlesWhatComesAtAnyOfItsYields) {
                 const Texts replicas = subjects(shared(*world, *run.kind));
                 const std::set<std::string> different(replicas.begin(), replicas.end());
                 EXPECT_EQ(different.size(), replicas.size()) << "never two of one";
-                EXPECT_TRUE(world->add_in()->session().copies_under_way.empty());
+                EXPECT_TRUE(world->add_in()->rooms().replicas.copies_under_way.empty());
                 close_window(item);
                 empty(own(*world, *run.kind));
                 empty(shared(*world, *run.kind));

@@ -2,7 +2,10 @@
 // of them only this build can see.
 #include <gmock/gmock.h>
 
+#include "addin/conversions/appointment_conversion.h"
+#include "addin/conversions/contact_conversion.h"
 #include "addin/ground/settings.h"
+#include "addin/templates/template_commands.h"
 #include "tests/acceptance/item_state.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/native/native_world.h"
@@ -15,7 +18,6 @@ using acceptance::changes;
 using acceptance::ItemState;
 using acceptance::Lines;
 using acceptance::state_of;
-using addin::Command;
 using automation::Text;
 using automation::TextView;
 using automation::Value;
@@ -28,9 +30,10 @@ using native::NthCall;
 
 constexpr std::int32_t yes = 6, contacts = 10;  // an answer; OlDefaultFolders
 
-void run(NativeWorld& world, Command command) {
-    world.add_in()->session().commands.at(static_cast<std::size_t>(command))(*world.add_in());
-}
+/// What a button of a window runs.
+using Command = void (*)(addin::Session& session);
+
+void run(NativeWorld& world, Command command) { command(world.add_in()->session()); }
 
 void close_windows(NativeWorld& world) {
     const host::outlook::Inspectors open = world.application().Inspectors();
@@ -104,11 +107,11 @@ TEST_F(Conversions, OfAContactChangeNothingButItsCustomerIdWhateverFails) {
         TextView question;
         int least_calls;
     };
-    const Case cases[] = {{Command::convert_contact, u"to a Tarnwell Contact? ", 180},
-                          {Command::convert_lead, u"to a Tarnwell Lead? ", 150}};
+    const Case cases[] = {{addin::conversions::convert_to_contact, u"to a Tarnwell Contact? ", 180},
+                          {addin::conversions::convert_to_lead, u"to a Tarnwell Lead? ", 150}};
     acceptance::add_account(world(), {{u"AccountID", u"A-1"}, {u"Account Name", u"North Mill Ltd"}}, u"Mill");
     for (const Case& one : cases) {
-        const bool lead = one.command == Command::convert_lead;
+        const bool lead = one.command == addin::conversions::convert_to_lead;
         const Folder folder = lead ? leads(world()) : world().below(u"Account Contacts");
         Item source;
         ItemState before;
@@ -149,7 +152,7 @@ TEST_F(Conversions, OfAContactChangeNothingButItsCustomerIdWhateverFails) {
 
 TEST_F(Conversions, OfAContactGoOnWithoutAWindow) {
     acceptance::answer(world(), u"to a Tarnwell Contact? ", yes);
-    run(world(), Command::convert_contact);
+    run(world(), addin::conversions::convert_to_contact);
     EXPECT_EQ(acceptance::message_texts(world()),
               (Lines{"Would you like to convert this contact to a Tarnwell Contact? ",
                      "Would you like to search for an Account? "}));
@@ -166,8 +169,8 @@ TEST_F(Conversions, OfAContactLeaveAMailAloneThatIsShownInstead) {
     const ItemState before = state_of(mail);
     for (const TextView question : {u"to a Tarnwell Contact? ", u"to a Tarnwell Lead? "})
         acceptance::answer(world(), question, yes);
-    run(world(), Command::convert_contact);
-    run(world(), Command::convert_lead);
+    run(world(), addin::conversions::convert_to_contact);
+    run(world(), addin::conversions::convert_to_lead);
     EXPECT_EQ(changes(before, state_of(mail)), Lines{});
     EXPECT_EQ(world().application().Inspectors().Count(), 1);
     for (const Folder& folder : {world().below(u"Account Contacts"), leads(world())}) {
@@ -181,7 +184,7 @@ TEST_F(Conversions, OfAContactWaitASecondAfterTheMessageBesidesItsOwn) {
     personal(world()).Display();
     acceptance::answer(world(), u"to a Tarnwell Lead? ", yes);
     const std::uint32_t before = world().system().slept;
-    run(world(), Command::convert_lead);
+    run(world(), addin::conversions::convert_to_lead);
     EXPECT_EQ(world().system().slept - before, 2000U);
 }
 
@@ -307,7 +310,7 @@ TEST_F(Conversions, OfAnAppointmentLoseNothingWhateverFails) {
     };
     prepare();
     const int calls = with_each_call_failing(
-        [&] { run(world(), Command::convert_appointment); },
+        [&] { run(world(), addin::conversions::convert_appointment); },
         [&](const std::string& failed) {
             ASSERT_EQ(calendar.Items().Count(), 1);
             const Item there = calendar.Items().Item(1);
@@ -340,7 +343,7 @@ TEST_F(Conversions, OfAMailToATemplateLeaveTheMailAloneWhateverFails) {
     };
     prepare();
     const int calls = with_each_call_failing(
-        [&] { run(world(), Command::save_as_template); },
+        [&] { run(world(), addin::templates::save_as_template); },
         [&](const std::string& failed) {
             const Item mail = world().session().GetItemFromID(id, world().inbox().StoreID());
             EXPECT_EQ(changes(before, state_of(mail)), Lines{});
@@ -365,9 +368,9 @@ TEST_F(Conversions, OfNothingOpenTheListsAllTheSame) {
         Command command;
         TextView told;
     };
-    const Case cases[] = {{Command::email_templates, u"MainAddIn.ShowMailer"},
-                          {Command::document_templates, u"MainAddIn.Showlist(Document)"},
-                          {Command::excel_templates, u"MainAddIn.Showlist(Spreadsheet)"}};
+    const Case cases[] = {{addin::templates::show_email_templates, u"MainAddIn.ShowMailer"},
+                          {addin::templates::show_document_templates, u"MainAddIn.Showlist(Document)"},
+                          {addin::templates::show_excel_templates, u"MainAddIn.Showlist(Spreadsheet)"}};
     std::vector<Text> expected;
     for (const Case& one : cases) {
         run(world(), one.command);

@@ -23,7 +23,7 @@ struct OpenedDialog {
         acceptance::write_targets_file(world, "[Undefined]\r\nDisplay in=Find\r\n");
         mail = std::make_unique<acceptance::OpenedItem>(world.deliver(acceptance::message()));
         mail->show();
-        dialog = std::make_shared<dlgSend>(world.add_in()->session());
+        dialog = std::make_shared<dlgSend>(world.add_in()->rooms().createnote);
         dialog->show();
     }
     ~OpenedDialog() { dialog->unload(); }
@@ -55,7 +55,7 @@ TEST(DialogMessageBoxes, OfATargetWithoutDefinitionBringNoClosedWindowBack) {
 
 TEST(DialogMessageBoxes, OfATargetWithoutDefinitionLeaveAnotherWindowsHeadings) {
     OpenedDialog opened;
-    opened.world.add_in()->session().list_definition.ColumnName[0] = u"Of an older target";
+    opened.world.add_in()->rooms().createnote.list_definition.ColumnName[0] = u"Of an older target";
     opened.at_message_box([&] { opened.open_again(); });
     ASSERT_TRUE(opened.window()->control(u"Combo2").choose(0));
     EXPECT_EQ(acceptance::message_texts(opened.world), Lines{no_definition});

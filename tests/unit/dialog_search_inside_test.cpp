@@ -96,7 +96,8 @@ TEST(DialogSearchInside, GoesOnInNoWindowThatWasClosedAndOpenedAgain) {
     constexpr int yields_of_a_search = 6;
     for (int yield = 1; yield <= yields_of_a_search; ++yield) {
         SCOPED_TRACE(yield);
-        const auto dialog = std::make_shared<addin::createnote::dlgSend>(searching.world.add_in()->session());
+        const auto dialog =
+            std::make_shared<addin::createnote::dlgSend>(searching.world.add_in()->rooms().createnote);
         dialog->show();
         const auto window = [&] { return searching.world.engine().find(u"Tarnwell Create Note"); };
         struct Shown {
@@ -144,8 +145,8 @@ TEST(DialogSearchInside, StopsWhereItIsCancelledAndKeepsTheRowsSoFar) {
     ASSERT_TRUE(dialog.open(*searching.mail));
     dialog.choose(u"Combo2", u"People");
     dialog.type(u"SearchString", u"Ann");
-    addin::Session& session = searching.world.add_in()->session();
-    const auto cancel = [&] { session.gSearchCancelled = true; };
+    addin::createnote::State& dialogs = searching.world.add_in()->rooms().createnote;
+    const auto cancel = [&] { dialogs.gSearchCancelled = true; };
     const auto search = [&] { dialog.control(u"cmdSearch").call(u"Click"); };
     constexpr int before_the_rows = 2, after_the_second_row = 4;
     searching.at_yield(before_the_rows, cancel, search);

@@ -37,6 +37,7 @@ struct PanelSearching {
     }
 
     addin::Session& session() { return world.add_in()->session(); }
+    addin::searchpanel::State& panels() { return world.add_in()->rooms().searchpanel; }
     void menu(TextView operation, const Item& item) { world.connect().call(operation, {Value(item)}); }
 
     /// Does something at the n-th yield of a search; whether there was one.
@@ -103,8 +104,8 @@ TEST(PanelSearchInside, ShowsTheStatusDuringTheWalkForAccountsAlone) {
 TEST(PanelSearchInside, LeavesNothingPending) {
     PanelSearching searching;
     searching.menu(u"ShowItemsMenu", searching.account);
-    EXPECT_EQ(searching.session().gSelectedEntryID, u"");
-    EXPECT_EQ(searching.session().gSelectedStoreID, u"");
+    EXPECT_EQ(searching.panels().gSelectedEntryID, u"");
+    EXPECT_EQ(searching.panels().gSelectedStoreID, u"");
 }
 
 /// What the members of a kind are given, as "member text".
@@ -260,7 +261,7 @@ TEST(PanelSearchInside, InALoadEndsWithItsPanelWhenThatIsMadeAnew) {
             yield, [&] { searching.menu(u"ShowItemsMenu", searching.bell); },
             [&] { searching.menu(u"ShowItemsMenu", searching.account); });
         EXPECT_EQ(panel.column(2), more ? of_bell : of_account);
-        EXPECT_EQ(searching.session().loaded_panels.size(), 1U);
+        EXPECT_EQ(searching.panels().loaded_panels.size(), 1U);
         EXPECT_EQ(searching.world.engine().failures, std::vector<std::string>{});
         ASSERT_LT(yield, 60);
     }
@@ -415,7 +416,7 @@ TEST(PanelFaults, SearchOutlivesEveryOne) {
             EXPECT_LE(panel.count(), 5);
             EXPECT_EQ(panel.text(u"StoreID"), "") << "the search came to its end";
             EXPECT_EQ(acceptance::count_messages(searching.world), 0);
-            searching.session().gSelectedEntryID.clear();
+            searching.panels().gSelectedEntryID.clear();
             ASSERT_LT(n, 600);
             if (::testing::Test::HasFailure()) return;
         }

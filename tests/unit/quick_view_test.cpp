@@ -28,7 +28,7 @@ using native::NativeWorld;
 class SortedQuickView : public testing::Test {
   protected:
     NativeWorld world_{{}};
-    std::shared_ptr<QuickView> window_ = std::make_shared<QuickView>(world_.add_in()->session());
+    std::shared_ptr<QuickView> window_ = std::make_shared<QuickView>(world_.add_in()->rooms().quickview);
 
     forms::List& list() { return window_->control(u"lstItems").list(); }
 
@@ -96,11 +96,11 @@ TEST_F(SortedQuickView, ComparesDatesWithThreeNumbers) {
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
         fill({one.first, one.second});
-        addin::Session& session = world_.add_in()->session();
+        addin::quickview::State& state = world_.add_in()->rooms().quickview;
         const std::intptr_t first = parameter_of(0), second = parameter_of(1);
-        session.SortAscending = true;
+        state.SortAscending = true;
         EXPECT_EQ(window_->CompareDates(first, second), one.rising);
-        session.SortAscending = false;
+        state.SortAscending = false;
         EXPECT_EQ(window_->CompareDates(first, second), one.falling);
         EXPECT_EQ(window_->CompareDates(0, 0), 1) << "rows that aren't there";
     }
@@ -129,10 +129,10 @@ TEST_F(SortedQuickView, SortsListsOfAnyLengthWithAnyDates) {
             std::stable_partition(rising.begin(), rising.end(),
                                   [](const Text& date) { return date.size() < 5; });
             std::vector<Text> falling(rising.rbegin(), rising.rend());
-            addin::Session& session = world_.add_in()->session();
-            session.SortAscending = true;
+            addin::quickview::State& state = world_.add_in()->rooms().quickview;
+            state.SortAscending = true;
             click(1);
-            EXPECT_FALSE(session.SortAscending);
+            EXPECT_FALSE(state.SortAscending);
             EXPECT_EQ(dates(), falling);
             EXPECT_EQ(rows(), rows_before) << "each row is still there, once";
             click(1);
@@ -160,19 +160,19 @@ TEST(QuickViewPanelButton, HandsOverTheRecordAndMakesThePanelAnew) {
     };
     std::vector<std::string> told;  // by a panel that ends with the world
     NativeWorld world{{}};
-    addin::Session& session = world.add_in()->session();
-    session.gPanelMenu.made_by([&] { return std::make_shared<Panel>(told); });
-    session.gPanelMenu.show();
-    const auto window = std::make_shared<QuickView>(session);
+    addin::searchpanel::State& panels = world.add_in()->rooms().searchpanel;
+    panels.gPanelMenu.made_by([&] { return std::make_shared<Panel>(told); });
+    panels.gPanelMenu.show();
+    const auto window = std::make_shared<QuickView>(world.add_in()->rooms().quickview);
     window->control(u"EntryID").text(u"E");
     window->control(u"StoreID").text(u"S");
     window->control(u"MessageClass").text(u"M");
     window->show();
     world.engine().find(u"TW Quick View")->control(u"cmdSearchpanel").click();
     world.settle();
-    EXPECT_EQ(session.gSelectedEntryID, u"E");
-    EXPECT_EQ(session.gSelectedStoreID, u"S");
-    EXPECT_EQ(session.gSelectedClass, u"M");
+    EXPECT_EQ(panels.gSelectedEntryID, u"E");
+    EXPECT_EQ(panels.gSelectedStoreID, u"S");
+    EXPECT_EQ(panels.gSelectedClass, u"M");
     EXPECT_EQ(told, (std::vector<std::string>{"show", "unload", "show"}));
 }
 
@@ -180,7 +180,7 @@ TEST(QuickViewPanelButton, HandsOverTheRecordAndMakesThePanelAnew) {
 
 TEST(QuickViewDrop, BelowTheRowsDoesNothing) {
     NativeWorld world{{}};
-    const auto window = std::make_shared<QuickView>(world.add_in()->session());
+    const auto window = std::make_shared<QuickView>(world.add_in()->rooms().quickview);
     forms::List& list = window->control(u"lstItems").list();
     list.add(u"row");
     list.takes_drops(true);
@@ -234,7 +234,7 @@ void at_every_call(const Action& action, const After& after) {
 /// The filters that the choice of a folder sends, in their order.
 std::vector<std::string> filters_of_choice(bool instant_search, TextView company) {
     NativeWorld world({.instant_search = instant_search});
-    const auto window = std::make_shared<QuickView>(world.add_in()->session());
+    const auto window = std::make_shared<QuickView>(world.add_in()->rooms().quickview);
     window->show();
     window->control(u"ContactID").text(u"C-200");
     window->control(u"CompanyName").text(company);
@@ -334,7 +334,9 @@ struct Followed {
         rows.text(0, 2, opportunity.EntryID());
         rows.takes_drops(true);
     }
-    forms::List& list() { return world->add_in()->session().QuickView.window()->control(u"lstItems").list(); }
+    forms::List& list() {
+        return world->add_in()->rooms().quickview.QuickView.window()->control(u"lstItems").list();
+    }
 };
 
 TEST(QuickViewDrop, TellsThatTheMailIsCopiedForASecond) {
@@ -372,7 +374,11 @@ TEST(QuickViewDrop, OnARowWithoutATextIsRefusedWithABeep) {
 TEST(QuickViewAdd, ReadsTheKeyOfTheRecordAgainAfterItIsShown) {
     Followed followed;
     followed.world->system().shown_pointer = forms::Pointer::hourglass;
-    followed.world->add_in()->session().QuickView.window()->control(u"cmbFolders").text(u"Opportunities");
+    followed.world->add_in()
+        ->rooms()
+        .quickview.QuickView.window()
+        ->control(u"cmbFolders")
+        .text(u"Opportunities");
     bool displayed = false;
     std::vector<Text> read;
     followed.world->boundary().before_request = [&](const std::string& member,
@@ -400,7 +406,7 @@ TEST(QuickViewMeanwhile, AnotherSelectionMayComeAtAnyYield) {
 TEST(QuickViewMeanwhile, ItsWindowMayGoAtAnyYield) {
     at_every_call(
         [](NativeWorld& world, const Item&) {
-            if (world.add_in()) world.add_in()->session().QuickView.unload();
+            if (world.add_in()) world.add_in()->rooms().quickview.QuickView.unload();
         },
         [](NativeWorld&) {});
 }
@@ -437,8 +443,8 @@ TEST(QuickViewMeanwhile, ItMayEndInItsOwnEvents) {
             world->desk().call(u"Select", {Value(mail)});
             native::MemoryWindow* const shown = world->engine().find(u"TW Quick View");
             ASSERT_NE(shown, nullptr);
-            addin::Session& session = world->add_in()->session();
-            forms::List& list = session.QuickView.window()->control(u"lstItems").list();
+            addin::quickview::State& state = world->add_in()->rooms().quickview;
+            forms::List& list = state.QuickView.window()->control(u"lstItems").list();
             list.add(u"row");
             list.text(0, 2, row.EntryID());
             list.takes_drops(true);
@@ -447,7 +453,7 @@ TEST(QuickViewMeanwhile, ItMayEndInItsOwnEvents) {
             world->boundary().before_call = [&](const std::string&) {
                 if (++calls != n) return;
                 more = true;
-                session.QuickView.unload();
+                state.QuickView.unload();
             };
             one.deed(*shown);
             world->settle();

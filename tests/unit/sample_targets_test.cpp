@@ -139,7 +139,7 @@ TEST_F(SampleTargets, AreSearchedByTheDialog) {
          {"Checkweigher for line 2", "Arctic Tern Seafood", "Øyvind Vik", "$58,000.25", "12/23/2025",
           "40.00%", "D1JFBKX1WY5AXHVG"}},
     };
-    const auto dialog = std::make_shared<addin::createnote::dlgSend>(world.add_in()->session());
+    const auto dialog = std::make_shared<addin::createnote::dlgSend>(world.add_in()->rooms().createnote);
     dialog->show();
     native::MemoryWindow* const window = world.engine().find(u"Tarnwell Create Note");
     ASSERT_TRUE(window);

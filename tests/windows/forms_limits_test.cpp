@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "addin/commands/small_windows.h"
 #include "addin/createnote/dlg_send.h"
 #include "addin/ground/status_windows.h"
 #include "addin/quickview/quick_view.h"
@@ -36,8 +37,8 @@ TEST(FormsLayout, NoTextIsCutAndNoControlsOverlapAtAnyResolution) {
          {"Contactname and CompanyName", "CompanyName and Phone", "Phone and Fax", "Fax and Street1",
           "Street1 and City", "Street1 and State", "Street1 and Zip", "cmbFolders and cmdSearchpanel"}},
         {&addin::search_form_table(), {}, {}},
-        {&addin::tarnwell_table(), {}, {}},
-        {&addin::tarnwell_info_table(), {}, {}}};
+        {&addin::commands::tarnwell_table(), {}, {}},
+        {&addin::commands::tarnwell_info_table(), {}, {}}};
     WindowsStage stage;
     for (const int dots : {96, 120, 144, 192}) {
         stage.dots_per_inch(dots);

@@ -3,10 +3,10 @@
 
 #include "addin/ground/session.h"
 
-namespace addin::commands {
+namespace addin::quickview {
 
 /// Closes the windows of an account's sticky notes, from the last one down; what was changed in them is
 /// dropped.
 void close_sticky_notes(Session& session, const automation::Text& account_id);
 
-}  // namespace addin::commands
+}  // namespace addin::quickview

@@ -1,9 +1,9 @@
-#include "addin/commands/sticky_notes.h"
+#include "addin/quickview/sticky_notes.h"
 
 #include "addin/ground/steps.h"
 #include "addin/records/names.h"
 
-namespace addin::commands {
+namespace addin::quickview {
 namespace {
 
 /// Whether a window shows a sticky note of an account. One of which that can't be told belongs to none: it is
@@ -40,4 +40,4 @@ void close_sticky_notes(Session& session, const automation::Text& account_id) {
     }
 }
 
-}  // namespace addin::commands
+}  // namespace addin::quickview
