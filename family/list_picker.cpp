@@ -45,14 +45,14 @@ Value run(ListPicker& self, const Arguments&) {
 
 Value run_search(ListPicker& self, const Arguments& arguments) {
     const Text definition = arguments[0].to_text(), title = arguments[1].to_text();
-    Takes takes = Takes::one;
+    Choice choice = Choice::one;
     if (arguments.has(2)) {
         self.record_call(called::search_any, {definition, title, arguments[2].to_text()});
-        if (!arguments[2].to_boolean()) takes = Takes::several;
+        if (!arguments[2].to_boolean()) choice = Choice::several;
     } else {
         self.record_call(called::search_any, {definition, title});
     }
-    self.search(title, takes);
+    self.search(title, choice);
     return {};
 }
 
@@ -86,14 +86,14 @@ constexpr TextView dialog_title = u"Account List";
 
 }  // namespace
 
-void ListPicker::search(TextView title, Takes takes) {
-    make_window(title, takes);
+void ListPicker::search(TextView title, Choice choice) {
+    make_window(title, choice);
     forget();
     refresh_accounts();
     choose(rows_first);
 }
 
-void ListPicker::load_dialog() { make_window(dialog_title, Takes::one); }
+void ListPicker::load_dialog() { make_window(dialog_title, Choice::one); }
 
 void ListPicker::refresh_accounts() {
     if (!window_) load_dialog();
@@ -121,11 +121,11 @@ host::outlook::Folder ListPicker::folder() const {
         .GetFolderFromID(id, place_.store_id.empty() ? accounts.StoreID() : place_.store_id);
 }
 
-void ListPicker::make_window(TextView title, Takes takes) {
+void ListPicker::make_window(TextView title, Choice choice) {
     if (shown_) throw Failure(automation::result::fail, u"The picker is being shown already");
     window_.reset();
     engine_ = surroundings().engine();
-    window_ = std::make_shared<ListPickerForm>(*engine_, takes);
+    window_ = std::make_shared<ListPickerForm>(*engine_, choice);
     filled_ = false;
     window_->view().caption(title);
 }

@@ -25,7 +25,7 @@ class ListPicker : public Sibling<ListPicker> {
 
     /// The search form: makes its window with that title, lists the folder's records, and comes back when the
     /// user is done. Throws `Failure` if the folder can't be read, or while a window of this picker is shown.
-    void search(automation::TextView title, Takes takes);
+    void search(automation::TextView title, Choice choice);
 
     // the dialog form, in the order in which its members are called; each does what an earlier one left out
     void load_dialog();
@@ -42,7 +42,7 @@ class ListPicker : public Sibling<ListPicker> {
 
   private:
     host::outlook::Folder folder() const;
-    void make_window(automation::TextView title, Takes takes);
+    void make_window(automation::TextView title, Choice choice);
     void choose(automation::Value (*table_of)(const std::vector<PickerRow>&));
 
     void forget();  ///< what was chosen

@@ -89,10 +89,10 @@ void set_headings(List& list, const PickerRows& rows) {
 
 }  // namespace
 
-const FormTable& list_picker_table(Takes takes) { return takes == Takes::one ? for_one : for_several; }
+const FormTable& list_picker_table(Choice choice) { return choice == Choice::one ? for_one : for_several; }
 
-ListPickerForm::ListPickerForm(forms::Engine& engine, Takes takes)
-    : Form(engine, list_picker_table(takes)), takes_(takes) {}
+ListPickerForm::ListPickerForm(forms::Engine& engine, Choice choice)
+    : Form(engine, list_picker_table(choice)), choice_(choice) {}
 
 List& ListPickerForm::list() { return control(items_list).list(); }
 
@@ -101,7 +101,7 @@ void ListPickerForm::fill(PickerRows rows) {
     added_.clear();
     set_headings(list(), rows_);
     show_matches();
-    if (takes_ == Takes::one) return;
+    if (choice_ == Choice::one) return;
     set_headings(control(chosen_list).list(), rows_);
     show_added();
 }
@@ -171,7 +171,7 @@ void ListPickerForm::on_double_click(TextView name) {
     if (name == chosen_list) {
         remove();
     } else if (list().selected() >= 0) {
-        if (takes_ == Takes::several) add();
+        if (choice_ == Choice::several) add();
         take();
     }
 }

@@ -9,13 +9,13 @@
 namespace family {
 
 /// How many rows the window lets one take. One that takes several has a second list, of those taken so far.
-enum class Takes { one, several };
+enum class Choice { one, several };
 
-const forms::FormTable& list_picker_table(Takes takes);
+const forms::FormTable& list_picker_table(Choice choice);
 
 class ListPickerForm final : public forms::Form {
   public:
-    ListPickerForm(forms::Engine& engine, Takes takes);
+    ListPickerForm(forms::Engine& engine, Choice choice);
 
     /// Replaces what is listed.
     void fill(PickerRows rows);
@@ -40,7 +40,7 @@ class ListPickerForm final : public forms::Form {
     /// The highlighted row of a list; null if there is none.
     const PickerRow* highlighted(forms::List& list) const;
 
-    Takes takes_;
+    Choice choice_;
     PickerRows rows_;
     std::vector<PickerRow> added_;
     std::optional<std::vector<PickerRow>> taken_;

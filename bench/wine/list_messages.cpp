@@ -68,7 +68,7 @@ bool list_messages() {
     const Measured lists[] = {{"Create Note search", addin::createnote::dialog_table()},
                               {"Search Panel", addin::searchpanel::panel_table()},
                               {"Quick View", addin::quickview::quick_view_table()},
-                              {"the family's picker", family::list_picker_table(family::Takes::one)}};
+                              {"the family's picker", family::list_picker_table(family::Choice::one)}};
     bool right = true;
     Table table("Messages to a list for a row of it", {"list", "cells", "messages", "aim"});
     for (const Measured& list : lists) {

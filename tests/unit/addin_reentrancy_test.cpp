@@ -53,7 +53,7 @@ Came run_with(NativeWorld& world, int n, const std::function<void()>& routine,
     return came;
 }
 
-std::unique_ptr<NativeWorld> filing_world() {
+std::unique_ptr<NativeWorld> world_that_files() {
     auto world = std::make_unique<NativeWorld>(acceptance::WorldSetup{});
     world->family(u"EmailAutoFile", u"1");
     world->option(u"AutoFileSentEmails", u"1");
@@ -95,7 +95,7 @@ Items sent_items(NativeWorld& world) {
 }
 
 TEST(Reentrancies, OfFilingAReceivedMailByAnother) {
-    const auto world = filing_world();
+    const auto world = world_that_files();
     std::set<std::size_t> yields;
     int n = 1;
     for (bool more = true; more; ++n) {
@@ -119,7 +119,7 @@ TEST(Reentrancies, OfFilingAReceivedMailByAnother) {
 }
 
 TEST(Reentrancies, OfFilingAReceivedMailByItself) {
-    const auto world = filing_world();
+    const auto world = world_that_files();
     std::vector<int> notes;
     for (int n = 1;; ++n) {
         ASSERT_LT(n, native::many_calls);
@@ -142,7 +142,7 @@ TEST(Reentrancies, OfFilingAReceivedMailByItself) {
 }
 
 TEST(Reentrancies, OfFilingASentMailByAReceivedOne) {
-    const auto world = filing_world();
+    const auto world = world_that_files();
     std::set<std::size_t> yields;
     int n = 1;
     for (bool more = true; more; ++n) {
@@ -168,7 +168,7 @@ TEST(Reentrancies, OfFilingASentMailByAReceivedOne) {
 }
 
 TEST(Reentrancies, OfFilingASentMailByAnother) {
-    const auto world = filing_world();
+    const auto world = world_that_files();
     for (int n = 1;; ++n) {
         ASSERT_LT(n, native::many_calls);
         SCOPED_TRACE("posted before call " + std::to_string(n));
@@ -195,7 +195,7 @@ TEST(Reentrancies, OfFilingASentMailByTheEndOfTheAddIn) {
     for (int n = 1;; ++n) {
         ASSERT_LT(n, native::many_calls);
         SCOPED_TRACE("posted before call " + std::to_string(n));
-        const auto world = filing_world();
+        const auto world = world_that_files();
         const Item outgoing = mail_to_ann(*world);
         const auto connect = world->add_in()->shared_from_this();
         const Came came = run_with(

@@ -23,7 +23,7 @@ const desk::sample::Database& sample_database() {
     return database;
 }
 
-Text property(const RecordPlan& record, const Text& name) {
+Text property_of(const RecordPlan& record, const Text& name) {
     const auto& properties = record.item.user_properties;
     const auto found = std::ranges::find(properties, name, &desk::UserPropertyData::name);
     return found == properties.end() ? Text() : found->value.to_text();
@@ -73,22 +73,22 @@ TEST_F(SampleTargets, HaveTheirRecords) {
         const RecordPlan* const definition =
             system_record(u"IPM.Post.ListDefinition", target.find_definition);
         ASSERT_TRUE(entry && definition);
-        EXPECT_EQ(property(*entry, u"RecordType"), u"Folder Drop Down");
-        EXPECT_EQ(property(*entry, u"FindDefinition"), target.find_definition);
-        EXPECT_EQ(property(*definition, u"RecordType"), u"List Definition");
-        EXPECT_EQ(property(*definition, u"SearchFolder"), target.folder_name);
+        EXPECT_EQ(property_of(*entry, u"RecordType"), u"Folder Drop Down");
+        EXPECT_EQ(property_of(*entry, u"FindDefinition"), target.find_definition);
+        EXPECT_EQ(property_of(*definition, u"RecordType"), u"List Definition");
+        EXPECT_EQ(property_of(*definition, u"SearchFolder"), target.folder_name);
 
         const Text path = automation::replaced(target.folder_name.substr(2), u"\\", u"/");
         const auto folder =
             std::ranges::find(sample_database().folders, path, &desk::sample::FolderPlan::path);
         ASSERT_NE(folder, sample_database().folders.end());
-        EXPECT_EQ(property(*entry, u"MessageClass"), folder->row.default_class);
-        EXPECT_EQ(property(*definition, u"KeyFieldName"),
-                  u"{00020329-0000-0000-C000-000000000046}," + property(*definition, u"KeyColumnName"));
+        EXPECT_EQ(property_of(*entry, u"MessageClass"), folder->row.default_class);
+        EXPECT_EQ(property_of(*definition, u"KeyFieldName"),
+                  u"{00020329-0000-0000-C000-000000000046}," + property_of(*definition, u"KeyColumnName"));
         for (int column = 1; column <= 6; ++column) {
-            EXPECT_FALSE(property(*definition, numbered(u"ColumnName", column)).empty());
-            const Text name = property(*definition, numbered(u"FieldName", column));
-            types.insert(property(*definition, numbered(u"FieldType", column)));
+            EXPECT_FALSE(property_of(*definition, numbered(u"ColumnName", column)).empty());
+            const Text name = property_of(*definition, numbered(u"FieldName", column));
+            types.insert(property_of(*definition, numbered(u"FieldType", column)));
             forms.insert(name.front() == u'&'                  ? u"tag"
                          : std::ranges::count(name, u',') == 2 ? u"number"
                                                                : u"name");

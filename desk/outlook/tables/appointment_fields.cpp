@@ -3,7 +3,7 @@
 namespace desk::tables {
 namespace {
 
-constexpr FieldRow rows[] = {
+constexpr FieldRow appointment_rows[] = {
     {u"AllDayEvent", 0x8215, FieldType::boolean, true},
     {u"BusyStatus", 0x8205, FieldType::integer, true},
     {u"Duration", 0x8213, FieldType::integer, true},
@@ -42,6 +42,6 @@ constexpr FieldRow rows[] = {
 
 }  // namespace
 
-std::span<const FieldRow> appointment_fields() { return rows; }
+std::span<const FieldRow> appointment_fields() { return appointment_rows; }
 
 }  // namespace desk::tables

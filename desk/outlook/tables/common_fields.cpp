@@ -3,7 +3,7 @@
 namespace desk::tables {
 namespace {
 
-constexpr FieldRow rows[] = {
+constexpr FieldRow common_rows[] = {
     {u"BillingInformation", 0x8535, FieldType::text, true},
     {u"Body", 0x9100, FieldType::text, true},
     {u"Categories", 0x9001, FieldType::text, true},
@@ -33,6 +33,6 @@ constexpr FieldRow rows[] = {
 
 }  // namespace
 
-std::span<const FieldRow> common_fields() { return rows; }
+std::span<const FieldRow> common_fields() { return common_rows; }
 
 }  // namespace desk::tables

@@ -3,7 +3,7 @@
 namespace desk::tables {
 namespace {
 
-constexpr FieldRow rows[] = {
+constexpr FieldRow contact_rows[] = {
     {u"Account", 0x3a00, FieldType::text, true},
     {u"Anniversary", 0x3a41, FieldType::date, true},
     {u"AssistantName", 0x3a30, FieldType::text, true},
@@ -135,6 +135,6 @@ constexpr FieldRow rows[] = {
 
 }  // namespace
 
-std::span<const FieldRow> contact_fields() { return rows; }
+std::span<const FieldRow> contact_fields() { return contact_rows; }
 
 }  // namespace desk::tables

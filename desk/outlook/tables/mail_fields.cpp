@@ -3,7 +3,7 @@
 namespace desk::tables {
 namespace {
 
-constexpr FieldRow rows[] = {
+constexpr FieldRow mail_rows[] = {
     {u"AlternateRecipientAllowed", 0x2, FieldType::boolean, true},
     {u"AutoForwarded", 0x5, FieldType::boolean, true},
     {u"BCC", 0xe02, FieldType::text, true},
@@ -57,6 +57,6 @@ constexpr FieldRow rows[] = {
 
 }  // namespace
 
-std::span<const FieldRow> mail_fields() { return rows; }
+std::span<const FieldRow> mail_fields() { return mail_rows; }
 
 }  // namespace desk::tables

@@ -3,7 +3,7 @@
 namespace desk::tables {
 namespace {
 
-constexpr FieldRow rows[] = {
+constexpr FieldRow note_rows[] = {
     {u"Body", 0x9100, FieldType::text, true},
     {u"Categories", 0x9001, FieldType::text, true},
     {u"Color", 0x8b00, FieldType::integer, true},
@@ -22,6 +22,6 @@ constexpr FieldRow rows[] = {
 
 }  // namespace
 
-std::span<const FieldRow> note_fields() { return rows; }
+std::span<const FieldRow> note_fields() { return note_rows; }
 
 }  // namespace desk::tables

@@ -3,7 +3,7 @@
 namespace desk::tables {
 namespace {
 
-constexpr FieldRow rows[] = {
+constexpr FieldRow post_rows[] = {
     {u"ExpiryTime", 0x15, FieldType::date, true},
     {u"HTMLBody", 0xf404, FieldType::text, true},
     {u"ReceivedTime", 0xe06, FieldType::date, false},
@@ -24,6 +24,6 @@ constexpr FieldRow rows[] = {
 
 }  // namespace
 
-std::span<const FieldRow> post_fields() { return rows; }
+std::span<const FieldRow> post_fields() { return post_rows; }
 
 }  // namespace desk::tables

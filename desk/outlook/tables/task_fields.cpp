@@ -3,7 +3,7 @@
 namespace desk::tables {
 namespace {
 
-constexpr FieldRow rows[] = {
+constexpr FieldRow task_rows[] = {
     {u"ActualWork", 0x8110, FieldType::integer, true},
     {u"CardData", 0x812b, FieldType::text, true},
     {u"Complete", 0x811c, FieldType::boolean, true},
@@ -34,6 +34,6 @@ constexpr FieldRow rows[] = {
 
 }  // namespace
 
-std::span<const FieldRow> task_fields() { return rows; }
+std::span<const FieldRow> task_fields() { return task_rows; }
 
 }  // namespace desk::tables
