@@ -48,11 +48,12 @@ make_databases() {
     done
 }
 
-# prepare WHAT: everything that a command needs, from a bare machine on. WHAT is desk (to run it), all, or tests.
+# prepare WHAT: everything that a command needs, from a bare machine on. WHAT is desk (to run it), all, tests, or quick (the
+# native ones alone).
 prepare() {
     local preset packages=("${build_packages[@]}" "${wine_packages[@]}")
     [[ -z ${TARNWELL_PREPARED:-} ]] || return 0 # a test run has done it for the commands that it calls
-    [[ $1 != tests ]] || packages+=("${check_packages[@]}")
+    [[ $1 == desk || $1 == all ]] || packages+=("${check_packages[@]}")
     install_packages "${packages[@]}"
     lock "$BUILD/build.lock" "another ./tarnwell is building; waiting for it"
     install_libraries
@@ -61,9 +62,25 @@ prepare() {
             build_preset native "${native_tools[@]}"
             build_preset x64 "${desk_targets[@]}"
             ;;
+        quick) build_preset native ;;
         all) for preset in native x64 x86; do build_preset "$preset"; done ;;
         tests) for preset in native x64 x86 sanitized; do build_preset "$preset"; done ;;
     esac
+    make_databases
+    unlock
+}
+
+# prepare_programs NATIVE WINDOWS OTHERS: what some tests need, by the programs that run them; OTHERS is not empty if there are
+# tests that start the desk from outside.
+prepare_programs() {
+    local programs
+    install_packages "${build_packages[@]}" "${wine_packages[@]}"
+    lock "$BUILD/build.lock" "another ./tarnwell is building; waiting for it"
+    install_libraries
+    mapfile -t programs < <(printf '%s' "${1:+$1$'\n'}")
+    build_preset native "${native_tools[@]}" "${programs[@]}"
+    mapfile -t programs < <(printf '%s' "${2:+$2$'\n'}")
+    [[ -z $2$3 ]] || build_preset x64 "${desk_targets[@]}" "${programs[@]}"
     make_databases
     unlock
 }

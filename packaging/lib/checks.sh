@@ -16,7 +16,7 @@ check_format() {
     mapfile -t wrong < <(sed -n 's/^\(.*\):[0-9]*:[0-9]*: error: .*/\1/p' "$log" | LC_ALL=C sort -u)
     ((${#wrong[@]} == 0)) || say "not formatted as .clang-format says: ${wrong[*]}"
     [[ ${#wrong[@]} -gt 0 || ! -s $log ]] || wrong=("$(show_tail "$log")") # it has said something else
-    count "formatting" "$((${#files[@]} - ${#wrong[@]}))" "${#wrong[@]}"
+    count_checks "formatting" "$((${#files[@]} - ${#wrong[@]}))" "${#wrong[@]}"
 }
 
 # tidy_units: what there is to look at, as lines of build, folder, file and command: the native build's files, then those that
@@ -82,5 +82,5 @@ check_tidy() {
         grep -E '(error|warning):' "$BUILD/tidy/logs/${name//\//-}" || tail -n 5 "$BUILD/tidy/logs/${name//\//-}"
     done | LC_ALL=C sort -u >&2
     ((all > 0)) || all=1
-    count "clang-tidy" "$good" "$((all - good))"
+    count_checks "clang-tidy" "$good" "$((all - good))"
 }

@@ -3,6 +3,7 @@
 
 passed=0
 failed=0
+checked=0
 
 # count NAME PASSED FAILED: one suite's result.
 count() {
@@ -11,12 +12,28 @@ count() {
     failed=$((failed + $3))
 }
 
-# run_ctest NAME FOLDER JOBS: the tests of one build, counted from CTest's own report. What is not run counts as failed.
+# count_checks NAME PASSED FAILED: the same of what is no test, or a test that is counted already. A failure is one all the same.
+count_checks() {
+    count "$@"
+    passed=$((passed - $2))
+    checked=$((checked + $2))
+}
+
+# sum_up: the last lines. Ends with 1 if anything failed.
+sum_up() {
+    ((checked == 0)) || printf '%d checks besides the tests are right\n' "$checked"
+    printf '%d passed, %d failed\n' "$passed" "$failed"
+    ((failed == 0)) || exit 1
+}
+
+# run_ctest NAME FOLDER JOBS [OPTION...]: the tests of one build, counted from CTest's own report. What is not run counts as
+# failed.
 run_ctest() {
     local name=$1 folder=$2 jobs=$3 report=$BUILD/logs/ctest-$1.xml log=$BUILD/logs/ctest-$1.log good all
+    shift 3
     rm -f "$report"
     # The names of failed tests and their output are shown at once; the whole stands in the log.
-    (unlocked ctest --test-dir "$folder" --output-junit "$report" --output-on-failure --timeout 300 -j "$jobs") \
+    (unlocked ctest --test-dir "$folder" --output-junit "$report" --output-on-failure --timeout 300 -j "$jobs" "$@") \
         >"$log" 2>&1 || true
     all=$(sed -n 's/^.*[[:space:]]tests="\([0-9]*\)".*$/\1/p' "$report" 2>/dev/null | head -n 1)
     good=$(grep -c '<testcase .*status="run"' "$report" 2>/dev/null || true)
@@ -31,22 +48,22 @@ run_ctest() {
 
 native_programs=(unit_tests acceptance_tests)
 
-# run_native NAME FOLDER [FILTER]: the native tests of one build, all or those that a filter of the test programs names. CTest
-# runs the programs in shares, so what is counted is the programs' own lines: a test has passed if it says so itself.
+# run_native COUNT NAME FOLDER [FILTER]: the native tests of one build, all or those that a filter of the test programs names,
+# counted by COUNT. CTest runs the programs in shares, so what is counted is the programs' own lines: a test has passed if it
+# says so itself.
 run_native() {
-    local name=$1 folder=$2 log=$BUILD/logs/ctest-$1.log program all=0 good
-    export GTEST_FILTER=${3:-*}
+    local count=$1 name=$2 folder=$3 filter=${4:-} log=$BUILD/logs/ctest-$2.log program all=0 good
+    export GTEST_FILTER=${filter:-*}
     for program in "${native_programs[@]}"; do
-        [[ -z ${3:-} || -x $folder/bin/$program ]] || continue
         all=$((all + $("$folder/bin/$program" --gtest_list_tests | grep -c '^  ' || true)))
     done
-    [[ -n ${3:-} ]] || all=$((all + $(ctest --test-dir "$folder" -N -R '^fuzz_' | grep -c '^ *Test *#')))
-    (unlocked ctest --test-dir "$folder" ${3:+-R _tests-} --verbose --timeout 1200 -j "$(nproc)") >"$log" 2>&1 || true
+    [[ -n $filter ]] || all=$((all + $(ctest --test-dir "$folder" -N -R '^fuzz_' | grep -c '^ *Test *#')))
+    (unlocked ctest --test-dir "$folder" ${filter:+-R _tests-} --verbose --timeout 1200 -j "$(nproc)") >"$log" 2>&1 || true
     unset GTEST_FILTER
     good=$(grep -cE '\[       OK \]|Test *#[0-9]+: fuzz_.* Passed ' "$log" || true)
     ((good == all)) || show_failed_tests "$log"
     ((all > 0)) || all=1 # none is a failure
-    count "$name" "$good" "$((all - good))"
+    "$count" "$name" "$good" "$((all - good))"
 }
 
 # show_failed_tests LOG: what the tests said that have failed, and the one in which a share broke off. Each line bears the
@@ -63,7 +80,8 @@ show_failed_tests() {
         "$1" >&2
 }
 
-# The tests that were built for Windows, as many at a time as there are lanes: what such a test does most is wait.
+# run_wine_tests [OPTION...]: the tests that were built for Windows, or those that CTest's options leave, as many at a time as
+# there are lanes: what such a test does most is wait.
 run_wine_tests() {
     local lane lanes=(script second third fourth)
     local TARNWELL_PICTURES= TARNWELL_LANES=$BUILD/lanes
@@ -75,7 +93,7 @@ run_wine_tests() {
     for lane in "${lanes[@]}"; do prepare_lane "$lane"; done
     export TARNWELL_LANES TARNWELL_PICTURES # each window at several resolutions, for a person's eyes
     TARNWELL_PICTURES=$(windows_path "$BUILD/pictures")
-    run_ctest x64 "$BUILD/x64" "${#lanes[@]}"
+    run_ctest x64 "$BUILD/x64" "${#lanes[@]}" "$@"
     for lane in "${lanes[@]}"; do
         stop_wine "$BUILD/prefix-$lane"
         rm -rf "${BUILD:?}/$lane"
@@ -106,15 +124,15 @@ SCRIPT
     wait "$desk_pid" || true
 }
 
-# Each script in tests/scripts/ is one test. Its first line may name options: `// options: --database empty`.
+# run_script_tests FILE...: each script in tests/scripts/ is one test. Its first line may name options:
+# `// options: --database empty`.
 run_script_tests() {
     local file options log good=0 bad=0 begin=$SECONDS
-    for file in "$ROOT"/tests/scripts/*.js "$ROOT"/tests/scripts/*.vbs; do
-        [[ -f $file ]] || continue
+    for file in "$@"; do
         options=$(sed -n "1s,^\(//\|'\) options: *,,p" "$file" | tr -d '\r')
         log=$BUILD/logs/script-${file##*/}.log
         # shellcheck disable=SC2086 # the options are words
-        if (unlocked "$ROOT/tarnwell" script "$file" $options) >"$log" 2>&1; then
+        if (export TARNWELL_PREPARED=1 && unlocked "$ROOT/tarnwell" script "$file" $options) >"$log" 2>&1; then
             good=$((good + 1))
         else
             bad=$((bad + 1))
@@ -126,20 +144,16 @@ run_script_tests() {
             begin=$SECONDS
         fi
     done
-    ((good + bad > 0)) || {
-        say "there is no script in tests/scripts"
-        bad=1
-    }
+    ((good + bad > 0)) || bad=1 # none is a failure
     count "scripts" "$good" "$bad"
 }
 
-# Each file in tests/shell/ is one test of ./tarnwell itself.
+# run_shell_tests FILE...: each file in tests/shell/ is one test of ./tarnwell itself.
 run_shell_tests() {
     local file log good=0 bad=0
-    for file in "$ROOT"/tests/shell/*.sh; do
-        [[ -f $file ]] || continue
+    for file in "$@"; do
         log=$BUILD/logs/shell-${file##*/}.log
-        if (cd "$ROOT" && unlocked timeout --kill-after=10 600 bash "$file") >"$log" 2>&1; then
+        if (cd "$ROOT" && export TARNWELL_PREPARED=1 && unlocked timeout --kill-after=10 600 bash "$file") >"$log" 2>&1; then
             good=$((good + 1))
         else
             bad=$((bad + 1))
@@ -147,29 +161,80 @@ run_shell_tests() {
             tail -n 20 "$log" >&2
         fi
     done
-    ((good + bad > 0)) || {
-        say "there is no test in tests/shell"
-        bad=1
-    }
+    ((good + bad > 0)) || bad=1 # none is a failure
     count "the command line" "$good" "$bad"
 }
 
-test_command() {
-    local tidy=1
-    while (($# > 0)); do
-        case $1 in
-            --no-tidy) tidy= ;;
-            *) fail "'test' knows only the option --no-tidy, not '$1'" 2 ;;
-        esac
-        shift
-    done
-    prepare tests
-    export TARNWELL_PREPARED=1 TARNWELL_DATABASES=$BUILD/databases TARNWELL_MAILS=$ROOT/data/sample/mails
+script_tests() { find "$ROOT/tests/scripts" -name '*.js' -o -name '*.vbs' | LC_ALL=C sort; }
+shell_tests() { find "$ROOT/tests/shell" -name '*.sh' | LC_ALL=C sort; }
 
+# test_names: all tests that have a name, as lines of the program that runs it and the name. Read from the sources, so that
+# only what is asked for has to be built.
+test_names() {
+    local folder program
+    while read -r program folder; do
+        sed -nE 's/^TEST(_F|_P)?\(([A-Za-z0-9_]+), *([A-Za-z0-9_]+)\).*/\2.\3/p' "$ROOT/$folder"/*.cpp | sed "s,^,$program ,"
+    done <<'PROGRAMS'
+native/unit_tests tests/unit
+native/unit_tests tests/forms
+native/acceptance_tests tests/acceptance
+x64/acceptance_tests tests/acceptance
+x64/acceptance_tests tests/wine
+x64/forms_tests tests/forms
+x64/family_tests family/tests
+PROGRAMS
+    for folder in "$ROOT"/tests/windows/*.cpp; do # the piece is the start of the file's name
+        program=${folder##*/}
+        sed -nE 's/^TEST(_F|_P)?\(([A-Za-z0-9_]+), *([A-Za-z0-9_]+)\).*/\2.\3/p' "$folder" | sed "s,^,x64/${program%%_*}_tests ,"
+    done
+    script_tests | sed "s,.*/,script ,"
+    shell_tests | sed "s,.*/,shell ,"
+}
+
+# test_by_name NAME...: the tests whose names hold one of these, native ones and those below Wine, and nothing else is built.
+test_by_name() {
+    local name filter='' pattern='' programs all found=()
+    all=$(test_names)
+    for name in "$@"; do
+        [[ $name =~ ^[A-Za-z0-9_.]+$ ]] && grep -qF -- "$name" < <(cut -d ' ' -f 2 <<<"$all") ||
+            fail "no test has '$name' in its name. There are: $(sed -E 's/^[^ ]* ([^.]*)\..*/\1/' <<<"$all" | LC_ALL=C sort -u | tr '\n' ' ')" 2
+        filter+=${filter:+:}*$name*
+        pattern+=${pattern:+|}${name//./\\.}
+    done
+    mapfile -t found < <(grep -E -- " .*($pattern)" <<<"$all")
+    programs=$(printf '%s\n' "${found[@]}" | cut -d ' ' -f 1 | LC_ALL=C sort -u)
+    prepare_programs "$(sed -n 's,^native/,,p' <<<"$programs")" "$(sed -n 's,^x64/,,p' <<<"$programs")" "$(grep -xE 'script|shell' <<<"$programs" || true)"
+
+    mapfile -t native_programs < <(sed -n 's,^native/,,p' <<<"$programs")
+    ((${#native_programs[@]} == 0)) || run_native count native "$BUILD/native" "$filter"
+    if grep -q '^x64/' <<<"$programs"; then
+        # the programs of single pieces are one test of CTest's each, and choose by themselves
+        local pieces
+        pieces=$(sed -n 's,^x64/,,p' <<<"$programs" | grep -v '^acceptance_tests$' | tr '\n' '|')
+        export GTEST_FILTER=$filter
+        run_wine_tests -R "$pattern${pieces:+|^(${pieces%|})\$}"
+        unset GTEST_FILTER
+    fi
+    mapfile -t found < <(script_tests | grep -E "/[^/]*($pattern)[^/]*$")
+    ((${#found[@]} == 0)) || run_script_tests "${found[@]}"
+    mapfile -t found < <(shell_tests | grep -E "/[^/]*($pattern)[^/]*$")
+    ((${#found[@]} == 0)) || run_shell_tests "${found[@]}"
+}
+
+# What can be known within two minutes after a change: the native tests and the formatting.
+test_quickly() {
+    prepare quick
+    run_native count native "$BUILD/native"
+    check_format
+}
+
+test_everything() {
+    local tidy=$1 files
+    prepare tests
     say "native tests"
-    run_native native "$BUILD/native"
+    run_native count native "$BUILD/native"
     say "the same with address and undefined-behaviour sanitizers"
-    run_native sanitized "$BUILD/sanitized"
+    run_native count_checks sanitized "$BUILD/sanitized"
     say "formatting"
     check_format
     if [[ -n $tidy ]]; then
@@ -178,14 +243,35 @@ test_command() {
     else
         say "clang-tidy is left out, as you asked"
     fi
-
     say "tests below Wine"
     run_wine_tests
     say "scripts"
-    run_script_tests
+    mapfile -t files < <(script_tests)
+    run_script_tests "${files[@]}"
     say "the command line"
-    run_shell_tests
+    mapfile -t files < <(shell_tests)
+    run_shell_tests "${files[@]}"
+}
 
-    printf '%d passed, %d failed\n' "$passed" "$failed"
-    ((failed == 0)) || exit 1
+test_command() {
+    local tidy=1 quick='' names=()
+    while (($# > 0)); do
+        case $1 in
+            --no-tidy) tidy= ;;
+            --quick) quick=1 ;;
+            -*) fail "'test' knows the options --quick and --no-tidy, not '$1'" 2 ;;
+            *) names+=("$1") ;;
+        esac
+        shift
+    done
+    [[ -z $quick || ${#names[@]} == 0 ]] || fail "'--quick' runs all native tests, so it takes no names" 2
+    export TARNWELL_DATABASES=$BUILD/databases TARNWELL_MAILS=$ROOT/data/sample/mails
+    if [[ -n $quick ]]; then
+        test_quickly
+    elif ((${#names[@]} > 0)); then
+        test_by_name "${names[@]}"
+    else
+        test_everything "$tidy"
+    fi
+    sum_up
 }

@@ -27,3 +27,6 @@ refuses "is a second one" script "$script" "$script"
 refuses "at least one mail file" deliver
 refuses "not '--slow'" run --slow
 refuses "not '--fast'" test --fast
+refuses "no test has 'Unheard'" test Unheard
+refuses "There are:" test 'Replicas;ls'
+refuses "takes no names" test --quick Replicas
