@@ -26,19 +26,7 @@ class ChosenAccount : public Filing {
         add_account(world,
                     {{u"AccountID", u"A-1"}, {u"Account Name", u"Cooper & Sons"}, {u"AccountFax", u"333"}},
                     u"Cooper");
-        add_account(world,
-                    {{u"AccountID", u"A-7"},
-                     {u"Account Name", u"North Mill Ltd"},
-                     {u"Account Manager", u"Mia Hart"},
-                     {u"Team", u"Sales"},
-                     {u"Alignment", u"North"},
-                     {u"AccountAddress1", u"1 Mill Lane"},
-                     {u"AccountCity", u"York"},
-                     {u"Accountzip", u"YO1"},
-                     {u"AccountState", u"Yorkshire"},
-                     {u"AccountPhone", u"111"},
-                     {u"Account Fax", u"222"}},
-                    u"North Mill");
+        add_mill(world, u"Mia Hart", u"North");
         return world;
     }
 

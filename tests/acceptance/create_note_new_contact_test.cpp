@@ -29,6 +29,14 @@ class CreateNoteForANewContact : public WithNoteDialog {
         world().settle();
     }
 
+    /// The contact that is made of the sender of a mail, in a database that was emptied.
+    Item contact_of(const std::string& sender) {
+        close_dialog();
+        World& world = emptied();
+        create(opened(world.deliver(message({.from = sender}))));
+        return only_item(world, u"Account Contacts");
+    }
+
     /// The questions' texts, for an address.
     static Lines questions(const std::string& address) {
         return {"Tarnwell Account/Contact " + address +
@@ -126,14 +134,11 @@ TEST_F(CreateNoteForANewContact, NamesTheCompanyAfterTheAddress) {
     furnished();
     for (const Case& one : cases) {
         SCOPED_TRACE(one.from);
-        close_dialog();
-        World& world = emptied();
-        create(opened(world.deliver(message({.from = one.from}))));
-        const Item contact = only_item(world, u"Account Contacts");
+        const Item contact = contact_of(one.from);
         ASSERT_TRUE(contact);
         EXPECT_EQ(field(contact, u"CompanyName"), one.company);
         EXPECT_EQ(field(contact, u"WebPage"), one.web_page);
-        EXPECT_EQ(shown(World::property(only_item(world), u"Account Name")), one.company);
+        EXPECT_EQ(shown(World::property(only_item(world()), u"Account Name")), one.company);
     }
 }
 
@@ -172,14 +177,11 @@ TEST_F(CreateNoteForANewContact, HasAnotherSignForTheApostropheOfItsName) {
     furnished();
     for (const Case& one : cases) {
         SCOPED_TRACE(one.from);
-        close_dialog();
-        World& world = emptied();
-        create(opened(world.deliver(message({.from = one.from}))));
-        const Item contact = only_item(world, u"Account Contacts");
+        const Item contact = contact_of(one.from);
         ASSERT_TRUE(contact);
         EXPECT_EQ(field(contact, u"FullName"), one.name) << "it has been through a filter";
         EXPECT_EQ(field(contact, u"Email1Address"), one.address) << "which the address hasn't";
-        EXPECT_EQ(shown(World::property(only_item(world), u"Contact Name")), one.name);
+        EXPECT_EQ(shown(World::property(only_item(world()), u"Contact Name")), one.name);
     }
 }
 

@@ -173,6 +173,22 @@ Item add_account(World& world, const Fields& properties, const Text& subject) {
     return account;
 }
 
+Item add_mill(World& world, const Text& manager, const Text& alignment) {
+    return add_account(world,
+                       {{u"AccountID", u"A-7"},
+                        {u"Account Name", u"North Mill Ltd"},
+                        {u"Account Manager", manager},
+                        {u"Team", u"Sales"},
+                        {u"Alignment", alignment},
+                        {u"AccountAddress1", u"1 Mill Lane"},
+                        {u"AccountCity", u"York"},
+                        {u"Accountzip", u"YO1"},
+                        {u"AccountState", u"Yorkshire"},
+                        {u"AccountPhone", u"111"},
+                        {u"Account Fax", u"222"}},
+                       u"North Mill");
+}
+
 bool is_marked_by_user(const Item& mail) {
     return mail.get(u"FlagStatus").to_integer() == 1 &&
            mail.get(u"FlagRequest").to_text() == u"TW User Filed" &&

@@ -101,6 +101,10 @@ void install_many_records(World& world, std::int32_t count);
 /// Saves an account to "Account Profiles".
 host::outlook::Item add_account(World& world, const Fields& properties, const automation::Text& subject);
 
+/// "North Mill Ltd" with all that a contact takes from its account.
+host::outlook::Item add_mill(World& world, const automation::Text& manager,
+                             const automation::Text& alignment);
+
 /// Whether a mail bears the mark of one that the user filed.
 bool is_marked_by_user(const host::outlook::Item& mail);
 

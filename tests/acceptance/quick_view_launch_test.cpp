@@ -489,19 +489,7 @@ TEST_F(QuickViewLaunch, TakesTheAccountThatTheUserChooses) {
     for (const bool chosen : {true, false}) {
         SCOPED_TRACE(chosen);
         World& world = viewing();
-        add_account(world,
-                    {{u"AccountID", u"A-7"},
-                     {u"Account Name", u"North Mill Ltd"},
-                     {u"Account Manager", u"Tom Prior"},
-                     {u"Team", u"Sales"},
-                     {u"Alignment", u"South"},
-                     {u"AccountAddress1", u"1 Mill Lane"},
-                     {u"AccountCity", u"York"},
-                     {u"Accountzip", u"YO1"},
-                     {u"AccountState", u"Yorkshire"},
-                     {u"AccountPhone", u"111"},
-                     {u"Account Fax", u"222"}},
-                    u"North Mill");
+        add_mill(world, u"Tom Prior", u"South");
         const Item mail = world.deliver(message());
         world.option(u"EnableQuickView", u"0");
         select(mail);

@@ -214,6 +214,26 @@ host::outlook::Application NativeWorld::application() {
 
 desk::Desk& NativeWorld::model() { return running().desk; }
 
+int NativeWorld::follow_yields(const std::function<void(int)>& at_each, const std::function<void()>& action) {
+    const std::function<void()> usual = desktop_.on_yield;
+    int yields = 0;
+    desktop_.on_yield = [&] {
+        at_each(++yields);
+        usual();
+    };
+    action();
+    desktop_.on_yield = usual;
+    return yields;
+}
+
+int NativeWorld::at_yield(int n, const std::function<void()>& deed, const std::function<void()>& action) {
+    return follow_yields(
+        [&](int yield) {
+            if (yield == n) deed();
+        },
+        action);
+}
+
 addin::Connect* NativeWorld::add_in() { return connect_.get(); }
 
 Object NativeWorld::application_for_add_in() { return boundary_->to_add_in(application()); }

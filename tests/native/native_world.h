@@ -36,6 +36,12 @@ class NativeWorld final : public acceptance::World {
     MemoryEngine& engine() { return engine_; }  ///< the windows of the add-in and the family
     addin::Connect* add_in();                   ///< the add-in as it is loaded; null if it isn't
 
+    /// Does something at each yield of an action, with its number from 1. Answers how many there were.
+    int follow_yields(const std::function<void(int)>& at_each, const std::function<void()>& action);
+
+    /// Does something at the n-th yield of an action. Answers how many there were.
+    int at_yield(int n, const std::function<void()>& deed, const std::function<void()>& action);
+
     /// Loads the add-in as the host does, or lets go of it.
     void load_add_in(std::int32_t connect_mode);
     void unload_add_in(std::int32_t remove_mode);

@@ -162,20 +162,17 @@ TEST(Replication, TakesTheCopyTheWayOfItsKindAndEvent) {
             item.Subject(u"Changed");
         }
         Texts steps;
-        const std::function<void()> usual = world.system().on_yield;
-        world.system().on_yield = [&] {
-            steps.emplace_back("yield");
-            usual();
-        };
         world.boundary().before_call = [&](const std::string& member) {
             for (const char* const step : {"Copy", "Save", "Move", "Delete"}) {
                 if (member.ends_with("Item." + std::string(step))) steps.emplace_back(step);
             }
         };
-        item.Save();
-        world.settle();
+        world.follow_yields([&](int) { steps.emplace_back("yield"); },
+                            [&] {
+                                item.Save();
+                                world.settle();
+                            });
         world.boundary().before_call = nullptr;
-        world.system().on_yield = usual;
         EXPECT_EQ(steps, one.steps);
         close_window(item);
     }
@@ -193,21 +190,17 @@ TEST(Replication, LetsAnotherItemsReplicaPassAtEachOfItsYields) {
             item.Save();
             world.settle();
             empty(shared(world, *kind));
-            int yields = 0;
-            more = false;
-            const std::function<void()> usual = world.system().on_yield;
-            world.system().on_yield = [&] {
-                if (++yields == n) {
-                    more = true;
-                    other.Subject(u"Other, changed");
-                    other.Save();
-                }
-                usual();
-            };
-            item.Subject(u"Changed");
-            item.Save();
-            world.settle();
-            world.system().on_yield = usual;
+            more = n <= world.at_yield(
+                            n,
+                            [&] {
+                                other.Subject(u"Other, changed");
+                                other.Save();
+                            },
+                            [&] {
+                                item.Subject(u"Changed");
+                                item.Save();
+                                world.settle();
+                            });
             world.settle();
             Texts replicas = subjects(shared(world, *kind));
             std::ranges::sort(replicas);

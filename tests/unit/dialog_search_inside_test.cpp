@@ -9,13 +9,15 @@ namespace {
 using acceptance::add_contact;
 using acceptance::Lines;
 using acceptance::NoteDialog;
+using automation::TextView;
 using native::NativeWorld;
 
 const Lines names{"Ann One", "Ann Two", "Ann Three"};
 const Lines keys{"C-1", "C-2", "C-3"};
 
 /// A world with three contacts and a target that finds them, and a mail in a window.
-struct Searching {
+class Searching {
+  public:
     NativeWorld world{acceptance::WorldSetup{}};
     std::unique_ptr<acceptance::OpenedItem> mail;
 
@@ -29,26 +31,28 @@ struct Searching {
         mail->show();
     }
 
+    /// The dialog over the mail, anew, with a text typed that is looked for among the people.
+    NoteDialog& looking_for(TextView text) {
+        dialog_.reset();
+        dialog_ = std::make_unique<NoteDialog>(world);
+        EXPECT_TRUE(dialog_->open(*mail));
+        dialog_->choose(u"Combo2", u"People");
+        dialog_->type(u"SearchString", text);
+        return *dialog_;
+    }
+
     /// Does something at the n-th yield of an action.
     void at_yield(int n, const std::function<void()>& deed, const std::function<void()>& action) {
-        const std::function<void()> usual = world.system().on_yield;
-        int yields = 0;
-        world.system().on_yield = [&] {
-            if (++yields == n) deed();
-            usual();
-        };
-        action();
-        world.system().on_yield = usual;
-        EXPECT_GE(yields, n);
+        EXPECT_GE(world.at_yield(n, deed, action), n);
     }
+
+  private:
+    std::unique_ptr<NoteDialog> dialog_;
 };
 
 TEST(DialogSearchInside, ListsWhatItFindsAndLeavesTheFirstNothingMore) {
     Searching searching;
-    NoteDialog dialog(searching.world);
-    ASSERT_TRUE(dialog.open(*searching.mail));
-    dialog.choose(u"Combo2", u"People");
-    dialog.type(u"SearchString", u"Ann");
+    NoteDialog& dialog = searching.looking_for(u"Ann");
     struct Case {
         const char* moment;
         std::size_t empty_rows;  // of the first search, behind those of the second
@@ -77,10 +81,7 @@ TEST(DialogSearchInside, EndsWithTheWindow) {
     constexpr int yields_of_a_search = 6;
     for (int yield = 1; yield <= yields_of_a_search; ++yield) {
         SCOPED_TRACE(yield);
-        NoteDialog dialog(searching.world);
-        ASSERT_TRUE(dialog.open(*searching.mail));
-        dialog.choose(u"Combo2", u"People");
-        dialog.type(u"SearchString", u"Ann");
+        NoteDialog& dialog = searching.looking_for(u"Ann");
         const std::int32_t held = acceptance::held(searching.world, u"Items");
         searching.at_yield(
             yield, [&] { dialog.window().call(u"Close"); },
@@ -129,10 +130,7 @@ TEST(DialogSearchInside, GoesOnInNoWindowThatWasClosedAndOpenedAgain) {
 
 TEST(DialogSearchInside, OfAWindowThatIsClosedWhileItsMessageIsShownDoesntBringItBack) {
     Searching searching;
-    NoteDialog dialog(searching.world);
-    ASSERT_TRUE(dialog.open(*searching.mail));
-    dialog.choose(u"Combo2", u"People");
-    dialog.type(u"SearchString", u"Nobody of this name");
+    NoteDialog& dialog = searching.looking_for(u"Nobody of this name");
     searching.world.system().on_message_box = [&] { dialog.window().call(u"Close"); };
     dialog.control(u"cmdSearch").call(u"Click");
     EXPECT_EQ(acceptance::message_texts(searching.world), Lines{"No Items Found!"});
@@ -141,10 +139,7 @@ TEST(DialogSearchInside, OfAWindowThatIsClosedWhileItsMessageIsShownDoesntBringI
 
 TEST(DialogSearchInside, StopsWhereItIsCancelledAndKeepsTheRowsSoFar) {
     Searching searching;
-    NoteDialog dialog(searching.world);
-    ASSERT_TRUE(dialog.open(*searching.mail));
-    dialog.choose(u"Combo2", u"People");
-    dialog.type(u"SearchString", u"Ann");
+    NoteDialog& dialog = searching.looking_for(u"Ann");
     addin::createnote::State& dialogs = searching.world.add_in()->rooms().createnote;
     const auto cancel = [&] { dialogs.gSearchCancelled = true; };
     const auto search = [&] { dialog.control(u"cmdSearch").call(u"Click"); };
@@ -161,9 +156,7 @@ TEST(DialogSearchInside, StopsWhereItIsCancelledAndKeepsTheRowsSoFar) {
 
 TEST(DialogSearchInside, LooksForTheTextThatStandsThereWhenItHasGivenWay) {
     Searching searching;
-    NoteDialog dialog(searching.world);
-    ASSERT_TRUE(dialog.open(*searching.mail));
-    dialog.choose(u"Combo2", u"People");
+    NoteDialog& dialog = searching.looking_for(u"Ann");
     for (const int yield : {1, 2}) {
         SCOPED_TRACE(yield);
         dialog.type(u"SearchString", u"Ann One");
@@ -176,10 +169,7 @@ TEST(DialogSearchInside, LooksForTheTextThatStandsThereWhenItHasGivenWay) {
 
 TEST(DialogSearchInside, AsksForTheFoldersKindBeforeItSearchesAndAtEachItem) {
     Searching searching;
-    NoteDialog dialog(searching.world);
-    ASSERT_TRUE(dialog.open(*searching.mail));
-    dialog.choose(u"Combo2", u"People");
-    dialog.type(u"SearchString", u"Ann");
+    NoteDialog& dialog = searching.looking_for(u"Ann");
     Lines order;
     searching.world.boundary().before_call = [&](const std::string& member) {
         if (member == "MAPIFolder.DefaultItemType") order.emplace_back("kind");

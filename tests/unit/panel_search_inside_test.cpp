@@ -42,16 +42,8 @@ struct PanelSearching {
 
     /// Does something at the n-th yield of a search; whether there was one.
     bool at_yield(int n, const std::function<void()>& deed, const std::function<void()>& search) {
-        const std::function<void()> usual = world.system().on_yield;
-        int yields = 0;
-        world.system().on_yield = [&] {
-            if (++yields == n) deed();
-            usual();
-        };
-        search();
-        world.system().on_yield = usual;
-        last_yields = yields;
-        return yields >= n;
+        last_yields = world.at_yield(n, deed, search);
+        return last_yields >= n;
     }
 };
 
@@ -64,13 +56,11 @@ TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
     panel.open_second(Item());
     searching.menu(u"ShowItemsMenu2", searching.account);
     std::set<std::string> told;
-    const std::function<void()> usual = searching.world.system().on_yield;
-    searching.world.system().on_yield = [&] {
-        if (panel.window()) told.insert(panel.text(u"StoreID"));
-        usual();
-    };
-    panel.choose(u"Accounts");
-    searching.world.system().on_yield = usual;
+    searching.world.follow_yields(
+        [&](int) {
+            if (panel.window()) told.insert(panel.text(u"StoreID"));
+        },
+        [&] { panel.choose(u"Accounts"); });
     EXPECT_TRUE(told.contains("Found 1 items in folder Account Profiles."));
     EXPECT_TRUE(told.contains("Please Wait.. PanelSearching for North Mill Ltd  in folder Account Contacts"))
         << "where nothing is found, for an account without a contact";
@@ -86,19 +76,15 @@ TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
 TEST(PanelSearchInside, ShowsTheStatusDuringTheWalkForAccountsAlone) {
     PanelSearching searching;
     const Item contact = acceptance::add_full_contact(searching.world);
-    const std::function<void()> usual = searching.world.system().on_yield;
     for (const bool of_account : {true, false}) {
         SCOPED_TRACE(of_account);
         std::set<bool> shown;
-        searching.world.system().on_yield = [&] {
-            shown.insert(searching.session().SearchForm.window()->view().visible());
-            usual();
-        };
-        searching.menu(u"ShowItemsMenu", of_account ? searching.account : contact);
+        searching.world.follow_yields(
+            [&](int) { shown.insert(searching.session().SearchForm.window()->view().visible()); },
+            [&] { searching.menu(u"ShowItemsMenu", of_account ? searching.account : contact); });
         EXPECT_EQ(shown, std::set<bool>{of_account});
         EXPECT_FALSE(searching.session().SearchForm.window()->view().visible()) << "at the end";
     }
-    searching.world.system().on_yield = usual;
 }
 
 TEST(PanelSearchInside, LeavesNothingPending) {

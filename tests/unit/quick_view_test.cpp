@@ -278,18 +278,15 @@ std::vector<std::string> steps_of_launch(NativeWorld& world, const Item& mail) {
                                          "Items.Find",
                                          "WshShell.Run"};
     std::vector<std::string> steps;
-    const std::function<void()> usual = world.system().on_yield;
-    world.system().on_yield = [&] {
-        steps.emplace_back("yield");
-        usual();
-    };
     world.boundary().before_call = [&](const std::string& member) {
         if (std::ranges::find(told, member) != std::end(told)) steps.push_back(member);
     };
-    world.desk().call(u"Select", {Value(mail)});
-    world.settle();
+    world.follow_yields([&](int) { steps.emplace_back("yield"); },
+                        [&] {
+                            world.desk().call(u"Select", {Value(mail)});
+                            world.settle();
+                        });
     world.boundary().before_call = nullptr;
-    world.system().on_yield = usual;
     return steps;
 }
 
