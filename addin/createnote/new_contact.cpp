@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "addin/ground/keyed.h"
 #include "addin/ground/question.h"
 #include "addin/records/accounts.h"
 #include "addin/records/names.h"
@@ -32,6 +33,7 @@ constexpr NewContactRow new_contacts[] = {
     {records::Path::create_new_contact,         Chooser::dialog, false,        false,             true},
 };
 // clang-format on
+static_assert(is_keyed(new_contacts, &NewContactRow::path));
 
 /// Where the chooser's answer holds the entry id of the chosen account: a search counts the rows first, the
 /// dialog the columns.
