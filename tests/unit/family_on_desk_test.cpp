@@ -8,6 +8,7 @@
 #include "family/create.h"
 #include "family_fakes.h"
 #include "store_support.h"
+#include "tests/idle_surroundings.h"
 
 namespace {
 
@@ -17,35 +18,16 @@ using automation::TextView;
 using automation::Value;
 using family_test::failure_of;
 
-/// What a desk needs that nobody watches.
-struct QuietDesk : desk::Surroundings {
-    automation::Date now() override { return automation::to_date({2026, 3, 3, 9, 15, 0}); }
+/// Gives each object an id of its own, and knows no class.
+struct QuietDesk : desk_tests::IdleSurroundings {
     std::string random_bytes(std::size_t count) override {
         std::string bytes(count, '\0');
         for (char& byte : bytes) byte = static_cast<char>(++last_);
         return bytes;
     }
-    desk::ItemData read_mail(TextView) override { return {}; }
-    void wake() override {}
-    void post(std::function<void()>) override {}
-    void pump(std::int32_t) override {}
-    std::unique_ptr<desk::WindowDriver> window(TextView) override { return nullptr; }
-    int ask(TextView, TextView, std::uint32_t) override { return 0; }
     Object create_object(TextView prog_id) override {
         throw automation::Failure(automation::result::bad_prog_id, Text(prog_id));
     }
-    bool has_class(TextView) override { return false; }
-    std::vector<desk::IndexedFile> indexed_files() override { return {}; }
-    std::vector<desk::StartedProgram> programs() override { return {}; }
-    std::vector<Text> opened() override { return {}; }
-    std::vector<desk::LiveCount> live() override { return {}; }
-    std::vector<desk::CallCount> calls() override { return {}; }
-    void reset_calls() override {}
-    void snapshot(TextView) override {}
-    void connect_add_in(TextView, bool) override {}
-    void quit() override {}
-    void changed() override {}
-    void remember_option(TextView, TextView) override {}
 
   private:
     unsigned char last_ = 0;

@@ -16,6 +16,7 @@
 #include "desk/windows/inspector_window.h"
 #include "desk/windows/main_loop.h"
 #include "forms/windows/form_control.h"
+#include "tests/idle_surroundings.h"
 
 namespace desk_tests {
 using automation::Object;
@@ -25,37 +26,21 @@ using automation::Value;
 using windows::window_text;
 
 /// A desk in this process: a database of its own, and a message loop that the test runs.
-class QuietSurroundings final : public desk::Surroundings {
+class QuietSurroundings final : public IdleSurroundings {
   public:
     desk::MainLoop loop;
     bool asked_to_quit = false;
     std::function<void()> on_came_up;
 
-    automation::Date now() override { return automation::to_date({2026, 3, 3, 9, 15, 0}); }
-    std::string random_bytes(std::size_t count) override { return std::string(count, 'r'); }
-    desk::ItemData read_mail(TextView) override { return {}; }
     void wake() override { loop.wake(); }
     void post(std::function<void()> action) override { loop.post(std::move(action)); }
     void pump(std::int32_t milliseconds) override { loop.pump(static_cast<DWORD>(milliseconds)); }
-    std::unique_ptr<desk::WindowDriver> window(TextView) override { return nullptr; }
-    int ask(TextView, TextView, std::uint32_t) override { return 0; }
-    Object create_object(TextView) override { return {}; }
-    bool has_class(TextView) override { return false; }
-    std::vector<desk::IndexedFile> indexed_files() override { return {}; }
-    std::vector<desk::StartedProgram> programs() override { return {}; }
-    std::vector<Text> opened() override { return {}; }
-    std::vector<desk::LiveCount> live() override { return {}; }
-    std::vector<desk::CallCount> calls() override { return {}; }
-    void reset_calls() override {}
-    void snapshot(TextView) override {}
-    void connect_add_in(TextView, bool) override {}
     void quit() override { asked_to_quit = true; }
     void changed() override { loop.change(); }
     void came_up() override {
         changed();
         if (on_came_up) on_came_up();
     }
-    void remember_option(TextView, TextView) override {}
 };
 
 /// A database in a file that goes with it.
