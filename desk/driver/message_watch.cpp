@@ -5,10 +5,12 @@
 
 #include "automation/com/com_ptr.h"
 #include "forms/windows/common_controls.h"
+#include "forms/windows/form_control.h"
 
 namespace desk {
 
 using automation::Text;
+using windows::window_text;
 
 namespace {
 
@@ -18,12 +20,6 @@ constexpr const wchar_t* former_procedure = L"TarnwellDeskFormerProcedure";
 
 /// The system's own complaint that a program could not be started. It is no message of anyone's here.
 constexpr automation::TextView system_error_title = u"Error";
-
-Text window_text(HWND window) {
-    std::array<wchar_t, 4096> buffer{};
-    const int length = GetWindowTextW(window, buffer.data(), static_cast<int>(buffer.size()));
-    return Text(windows::from_wide(buffer.data(), static_cast<std::size_t>(length)));
-}
 
 bool is_message_box(HWND window) {
     std::array<wchar_t, 16> name{};
