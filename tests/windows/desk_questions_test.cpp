@@ -10,7 +10,7 @@
 namespace desk_tests {
 namespace {
 
-constexpr std::int32_t inbox = 6;
+constexpr std::int32_t default_inbox = 6;
 
 class DeskQuestions : public DeskWindowsTest {
   protected:
@@ -19,7 +19,7 @@ class DeskQuestions : public DeskWindowsTest {
             desk::ItemData data;
             data.message_class = u"IPM.Note";
             data.fields[u"Subject"] = Value(subject);
-            std::make_shared<desk::Item>(desk, desk.default_folder(inbox), std::move(data))->save();
+            std::make_shared<desk::Item>(desk, desk.default_folder(default_inbox), std::move(data))->save();
         }
         SetWindowPos(explorer_window(), nullptr, 0, 0, 900, 600, SWP_NOZORDER);
         SetForegroundWindow(explorer_window());
