@@ -8,7 +8,7 @@
 
 namespace addin::commands {
 
-void goExplorer_SelectionChange(State& state, Links& links) {
+void goExplorer_SelectionChange(State& state, const Links& links) {
     Steps steps;
     Session& session = state.session;
     const Presence here(session);

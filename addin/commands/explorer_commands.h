@@ -7,6 +7,6 @@
 namespace addin::commands {
 
 /// Another item is selected: Quick View follows it, in folders named as the Inbox and if the option is on.
-void goExplorer_SelectionChange(State& state, Links& links);
+void goExplorer_SelectionChange(State& state, const Links& links);
 
 }  // namespace addin::commands

@@ -19,8 +19,8 @@ struct State {
     createnote::State& createnote;
     quickview::State& quickview;
 
-    bool wasProtected =
-        false;  ///< whether the context menu's bar was protected when it was opened for changes
+    /// Whether the context menu's bar was protected when it was opened for changes.
+    bool wasProtected = false;
     ExplorerTrackers gExplorerList;
     forms::WindowPlace<commands::Tarnwell> Tarnwell;
     forms::WindowPlace<> TarnwellInfo;

@@ -14,6 +14,10 @@
 
 namespace addin {
 
+namespace replicas {
+struct ReplicaRow;
+}
+
 /// The name under which the class is registered and published.
 inline constexpr automation::TextView connect_prog_id = u"CreateNote.Connect";
 
@@ -50,10 +54,6 @@ class Connect : public automation::Automated<Connect>, public commands::Links, p
     void goExplorers_NewExplorer(const host::outlook::Explorer& Explorer);
     void RemoveExplorerTracker(std::int16_t anID);  ///< throws `Failure` if there is none of that number
 
-    void watch_button(automation::Sink commands::Links::*member, const automation::Object& control,
-                      commands::Click click) override;
-    void watch_inspector(const automation::Object& inspector) override;
-
     Rooms& rooms() { return rooms_; }
     Session& session() { return rooms_.session; }
 
@@ -73,6 +73,10 @@ class Connect : public automation::Automated<Connect>, public commands::Links, p
     void watch(automation::Sink& sink, const automation::EventInterface& events,
                const automation::Object& source, std::vector<automation::Handler> handlers = {});
     void watch_application(const automation::Object& application);
+    void watch_button(automation::Sink commands::Links::*member, const automation::Object& control,
+                      commands::Click click) override;
+    void watch_inspector(const automation::Object& inspector) override;
+    std::vector<automation::Handler> replica_handlers(const replicas::ReplicaRow& row);
     void first_run(Steps& steps, const host::family::MainAddIn& main_add_in);
     void take_application();
 

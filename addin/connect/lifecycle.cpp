@@ -111,6 +111,15 @@ void Connect::wire_folder(automation::Sink& sink, std::int32_t number, std::vect
           std::move(handlers));
 }
 
+std::vector<Handler> Connect::replica_handlers(const replicas::ReplicaRow& row) {
+    return {
+        {u"ItemAdd", [this, &row](auto a) { replicas::ItemAdd(rooms_.replicas, *this, row, item_of(a)); }},
+        {u"ItemChange", [this, &row](auto a) {
+             replicas::ItemChange(rooms_.replicas, *this, row, item_of(a),
+                                  [this](const Object& inspector) { watch_inspector(inspector); });
+         }}};
+}
+
 void Connect::StartAddIn(const Object& Application, TextView ProgId) {
     Session& session = this->session();
     Steps steps;
@@ -156,27 +165,12 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
             {{u"ItemAdd", [&session](auto a) { filing::goInbox_ItemAdd(session, item_of(a)); }},
              {u"ItemChange", [&session](auto a) { filing::goInbox_ItemChange(session, item_of(a)); }}});
     });
-    const auto change = [this](const replicas::ReplicaRow& row) {
-        return [this, &row](std::span<Value> a) {
-            replicas::ItemChange(rooms_.replicas, *this, row, item_of(a),
-                                 [this](const Object& inspector) { watch_inspector(inspector); });
-        };
-    };
     steps.run([&] {
-        wire_folder(
-            goCalendar, default_folder::calendar,
-            {{u"ItemAdd",
-              [this](auto a) { replicas::ItemAdd(rooms_.replicas, *this, replicas::calendar, item_of(a)); }},
-             {u"ItemChange", change(replicas::calendar)},
-             {u"ItemRemove", [](auto) { replicas::goCalendar_ItemRemove(); }}});
+        std::vector<Handler> handlers = replica_handlers(replicas::calendar);
+        handlers.push_back({u"ItemRemove", [](auto) { replicas::goCalendar_ItemRemove(); }});
+        wire_folder(goCalendar, default_folder::calendar, std::move(handlers));
     });
-    steps.run([&] {
-        wire_folder(
-            goTask, default_folder::tasks,
-            {{u"ItemAdd",
-              [this](auto a) { replicas::ItemAdd(rooms_.replicas, *this, replicas::tasks, item_of(a)); }},
-             {u"ItemChange", change(replicas::tasks)}});
-    });
+    steps.run([&] { wire_folder(goTask, default_folder::tasks, replica_handlers(replicas::tasks)); });
 
     host::family::MainAddIn main_add_in;
     host::outlook::Folder folder;
