@@ -62,7 +62,7 @@ TEST(PanelSearchInside, TellsWhatItHasFoundAndWhereItStops) {
         },
         [&] { panel.choose(u"Accounts"); });
     EXPECT_TRUE(told.contains("Found 1 items in folder Account Profiles."));
-    EXPECT_TRUE(told.contains("Please Wait.. PanelSearching for North Mill Ltd  in folder Account Contacts"))
+    EXPECT_TRUE(told.contains("Please Wait.. Searching for North Mill Ltd  in folder Account Contacts"))
         << "where nothing is found, for an account without a contact";
     EXPECT_EQ(std::ranges::count_if(told,
                                     [](const std::string& text) {
