@@ -74,6 +74,7 @@ prepare() {
 # tests that start the desk from outside.
 prepare_programs() {
     local programs
+    [[ -z ${TARNWELL_PREPARED:-} ]] || return 0
     install_packages "${build_packages[@]}" "${wine_packages[@]}"
     lock "$BUILD/build.lock" "another ./tarnwell is building; waiting for it"
     install_libraries

@@ -110,6 +110,7 @@ prepare_lane() {
     stop_wine # one that runs would not become persistent
     (unlocked "$wine_server" -p) # else each test would wait for a new one
     warm_up_wine "$BUILD/$1"
+    keep_desktop "$BUILD/$1"
     printf 'export WINEPREFIX=%q DISPLAY=%q\n' "$WINEPREFIX" "$DISPLAY" >"$TARNWELL_LANES/$1"
 }
 
@@ -122,6 +123,15 @@ new ActiveXObject("Outlook.Application").Quit();
 SCRIPT
     in_wine 60 cscript.exe //nologo "$(windows_path "$folder/end.js")" >"$BUILD/logs/warm-up.log" 2>&1
     wait "$desk_pid" || true
+}
+
+# keep_desktop FOLDER: keeps Wine's desktop there between the tests, by a script that does nothing. A second after the last
+# program has gone, the desktop ends; a program that starts meanwhile can make no window.
+keep_desktop() {
+    local folder=$1
+    printf 'while (true) WScript.Sleep(60000);\n' >"$folder/stay.js"
+    (unlocked "$wine_loader" cscript.exe //nologo "$(windows_path "$folder/stay.js")") >/dev/null 2>&1 </dev/null &
+    at_end "kill $! 2>/dev/null" # the lane's end ends it, too
 }
 
 # run_script_tests FILE...: each script in tests/scripts/ is one test. Its first line may name options:
