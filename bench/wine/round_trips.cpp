@@ -37,6 +37,12 @@ bool is_one_of(std::span<const std::string_view> members, std::string_view membe
     return std::ranges::find(members, member) != members.end();
 }
 
+/// Whether the member's id is good for one class of items alone. The desk doesn't tell what class an object
+/// is of, so the id is looked up for each item.
+bool parts_classes(std::string_view member) {
+    return host::outlook::parts_item_classes(automation::from_utf8(member));
+}
+
 /// What has reached the desk since the last reset, but for what this program did itself.
 CallsByMember calls_of_a_mail(World& world) {
     CallsByMember all;
@@ -96,7 +102,10 @@ bool round_trips() {
             members[member][i] = calls;
             sums[i].round_trips += calls.round_trips;
             sums[i].name_lookups += calls.name_lookups;
-            if (i > 0 && calls.name_lookups > 0 && !is_one_of(of_siblings, member)) names_again = true;
+            if (i > 0 && calls.name_lookups > 0 && !is_one_of(of_siblings, member) &&
+                !parts_classes(member)) {
+                names_again = true;
+            }
         }
     }
     Table table("Calls that reach the desk for a filed mail, from the library and from its siblings",
@@ -116,8 +125,9 @@ bool round_trips() {
     std::cout << "Left out is what this program calls: " << listed(own_calls) << " once each, and "
               << listed(counting) << ".\n"
               << "Only the siblings call " << listed(of_siblings) << ".\n"
+              << "Members whose ids differ between the classes of items are looked up for each item.\n"
               << (names_again ? "WRONG: the library looks names up again after the first mail.\n\n"
-                              : "After the first mail the library looks no name up.\n\n");
+                              : "After the first mail the library looks no other name up.\n\n");
     return right && !names_again;
 }
 
