@@ -13,7 +13,6 @@ namespace {
 using automation::Text;
 using automation::TextView;
 using forms::Control;
-using forms::FormTable;
 using forms::List;
 using testing::AllOf;
 using testing::Each;
