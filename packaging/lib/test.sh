@@ -83,7 +83,7 @@ show_failed_tests() {
 # run_wine_tests [OPTION...]: the tests that were built for Windows, or those that CTest's options leave, as many at a time as
 # there are lanes: what such a test does most is wait.
 run_wine_tests() {
-    local lane lanes=(script second third fourth)
+    local lane lanes=(script second)
     local TARNWELL_PICTURES= TARNWELL_LANES=$BUILD/lanes
     # The surroundings of Wine end with this suite: the suites after it start their own.
     local HOME=${HOME:-} DISPLAY=${DISPLAY:-} XAUTHORITY=${XAUTHORITY:-} WINEPREFIX= WINEARCH= WINEDLLOVERRIDES= WINEDEBUG=

@@ -119,7 +119,9 @@ windows_handle start_desk() {
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(nullptr, reinterpret_cast<wchar_t*>(command_line.data()), nullptr, nullptr, FALSE, 0,
                         nullptr, nullptr, &startup, &process)) {
-        throw std::runtime_error("the desk could not be started");
+        const DWORD error = GetLastError();
+        throw std::runtime_error("the desk could not be started by " + automation::to_utf8(command_line) +
+                                 ": error " + std::to_string(error));
     }
     CloseHandle(process.hThread);
     return windows_handle(process.hProcess);
