@@ -50,20 +50,25 @@ native_programs=(unit_tests acceptance_tests)
 
 # run_native COUNT NAME FOLDER [FILTER]: the native tests of one build, all or those that a filter of the test programs names,
 # counted by COUNT. CTest runs the programs in shares, so what is counted is the programs' own lines: a test has passed if it
-# says so itself.
+# says so itself. A share that ends badly fails though all its tests have passed, and so does a program without tests.
 run_native() {
-    local count=$1 name=$2 folder=$3 filter=${4:-} log=$BUILD/logs/ctest-$2.log program all=0 good
+    local count=$1 name=$2 folder=$3 filter=${4:-} log=$BUILD/logs/ctest-$2.log program listed all=0 good bad ended=0
     export GTEST_FILTER=${filter:-*}
     for program in "${native_programs[@]}"; do
-        all=$((all + $("$folder/bin/$program" --gtest_list_tests | grep -c '^  ' || true)))
+        listed=$("$folder/bin/$program" --gtest_list_tests | grep -c '^  ') || {
+            say "$name: $program has no test"
+            ended=1
+        }
+        all=$((all + listed))
     done
     [[ -n $filter ]] || all=$((all + $(ctest --test-dir "$folder" -N -R '^fuzz_' | grep -c '^ *Test *#')))
-    (unlocked ctest --test-dir "$folder" ${filter:+-R _tests-} --verbose --timeout 1200 -j "$(nproc)") >"$log" 2>&1 || true
+    (unlocked ctest --test-dir "$folder" ${filter:+-R "^($(IFS="|" && printf %s "${native_programs[*]}"))-"} --verbose --timeout 1200 -j "$(nproc)") >"$log" 2>&1 || ended=1
     unset GTEST_FILTER
     good=$(grep -cE '\[       OK \]|Test *#[0-9]+: fuzz_.* Passed ' "$log" || true)
-    ((good == all)) || show_failed_tests "$log"
-    ((all > 0)) || all=1 # none is a failure
-    "$count" "$name" "$good" "$((all - good))"
+    bad=$((all - good))
+    ((bad > 0 || ended == 0)) || bad=1
+    ((bad == 0)) || show_failed_tests "$log"
+    "$count" "$name" "$good" "$bad"
 }
 
 # show_failed_tests LOG: what the tests said that have failed, and the one in which a share broke off. Each line bears the
