@@ -38,10 +38,13 @@ tidy_units() {
 tidy_one() {
     local build=$1 folder=$2 file=$3 command=${4#*ccache } extra=() headers hash name=${3#"$ROOT"/}
     command=${command/ -o * -c / -E -P -C }
-    hash=$({
+    if ! hash=$(set -o pipefail && {
         printf '%s\n' "$tidy_tool" "${command//"$ROOT"/}"
         cd "$folder" && bash -c "$command"
-    } | sha256sum | cut -c 1-64)
+    } 2>"$BUILD/tidy/logs/${name//\//-}" | sha256sum | cut -c 1-64); then
+        printf 'found\t%s\n' "$name" # what can't be read can't be remembered
+        return
+    fi
     if [[ -f $tidy_clean/$hash ]]; then
         touch "$tidy_clean/$hash"
         printf 'known\t%s\n' "$name"
