@@ -23,14 +23,8 @@ double work(const std::function<void()>& call) {
 /// Whether eight times the size took at most 40 times the work: 64 times is what comparing each piece with
 /// each other would take, and memory beyond the caches makes it more than eight. Little work tells nothing.
 bool grows_with_the_size_alone(double of_an_eighth, double of_the_whole) {
-#ifdef TARNWELL_SANITIZE
-    // the sanitizer looks at the whole rest of the text at each call of the system's converter of charsets
-    static_cast<void>(of_an_eighth), static_cast<void>(of_the_whole);
-    return true;
-#else
     constexpr double unmeasurable = 0.02;
     return of_the_whole < 40 * std::max(of_an_eighth, unmeasurable);
-#endif
 }
 
 std::string answer_to(const std::string& mail) {

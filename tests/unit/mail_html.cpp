@@ -69,6 +69,19 @@ TEST(MailText, DecodesWhatMailersWrite) {
     }
 }
 
+TEST(MailText, OfManyPiecesDecodesAsOfOne) {
+    constexpr int letters = 10'000;
+    for (const bool ends_inside : {false, true}) {
+        std::string bytes = "a";  // so that the letters of two bytes stand across the ends of even pieces
+        for (int i = 0; i < letters; ++i) bytes += "\xA8\xA6";
+        if (ends_inside) bytes += '\xA8';
+        automation::Text expected = u"a" + automation::Text(letters, u'\u00E9');
+        if (ends_inside) expected += u'\uFFFD';
+        EXPECT_TRUE(desk::mail::decode(bytes, "gb2312") == expected)
+            << (ends_inside ? "cut off" : "whole");
+    }
+}
+
 TEST(MailText, EndsLinesInCrLf) {
     EXPECT_EQ(desk::mail::with_crlf(u"a\nb\r\nc\rd\n\ne"), u"a\r\nb\r\nc\r\nd\r\n\r\ne");
 }

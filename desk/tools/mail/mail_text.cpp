@@ -2,6 +2,7 @@
 
 #include <gmime/gmime.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <optional>
@@ -16,6 +17,8 @@ void start_library() {
 namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD";  // U+FFFD in UTF-8
+
+constexpr std::size_t longest_piece = 4096;  // bytes; longer than any character
 
 /// A conversion to UTF-8 that is closed with its owner.
 class Conversion {
@@ -34,9 +37,17 @@ class Conversion {
         char* in = const_cast<char*>(bytes.data());  // iconv's interface; it reads only
         std::size_t left = bytes.size();
         while (left > 0) {
-            if (step(&in, &left, utf8) || errno == E2BIG) continue;
+            // not all at once: a sanitizer looks at all that the converter is given, at each call
+            const std::size_t given = std::min(left, longest_piece);
+            std::size_t rest = given;
+            const bool converted = step(&in, &rest, utf8);
+            left -= given - rest;
+            const int error = errno;
+            if (converted || error == E2BIG) continue;
+            if (error == EINVAL && rest < std::min(left, given))
+                continue;  // the piece ends inside a character
             utf8 += replacement;
-            if (errno == EINVAL) break;  // the bytes end inside a character
+            if (error == EINVAL && rest == left) break;  // the bytes do
             ++in;
             --left;
         }
