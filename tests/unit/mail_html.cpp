@@ -77,8 +77,7 @@ TEST(MailText, OfManyPiecesDecodesAsOfOne) {
         if (ends_inside) bytes += '\xA8';
         automation::Text expected = u"a" + automation::Text(letters, u'\u00E9');
         if (ends_inside) expected += u'\uFFFD';
-        EXPECT_TRUE(desk::mail::decode(bytes, "gb2312") == expected)
-            << (ends_inside ? "cut off" : "whole");
+        EXPECT_TRUE(desk::mail::decode(bytes, "gb2312") == expected) << (ends_inside ? "cut off" : "whole");
     }
 }
 
