@@ -4,7 +4,7 @@
 
 #include "addin/createnote/split.h"
 #include "addin/filing/address_resolution.h"
-#include "addin/ground/product.h"
+#include "addin/ground/product_version.h"
 #include "addin/records/database.h"
 #include "addin/records/names.h"
 #include "forms/sort_marks.h"

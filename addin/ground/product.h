@@ -1,4 +1,4 @@
-// What the product is called.
+// What the product is called; product_version.h, which the build makes of the project's version, tells which one it is.
 #pragma once
 
 #include "automation/text.h"
@@ -10,8 +10,5 @@ inline constexpr automation::TextView product_title = u"Tarnwell";
 
 /// The project's own title, which a message box without a title shows.
 inline constexpr automation::TextView project_title = u"Tarnwell Create Note AddIn Project";
-
-/// Major, minor and revision number; the library's version resource tells the same.
-inline constexpr int product_version[] = {6, 0, 2178};
 
 }  // namespace addin
