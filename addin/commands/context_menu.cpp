@@ -18,7 +18,8 @@ constexpr std::int32_t entry_priority = 1;
 constexpr char16_t version_without_entries = u'9';
 
 /// An entry's tag is its caption, too. `Visible` is written twice.
-void write_entry(Steps& steps, const CommandBarControl& entry, automation::TextView tag) {
+void write_entry(const Session& session, const CommandBarControl& entry, automation::TextView tag) {
+    const Steps steps(session);
     steps.run([&] { entry.Tag(tag); });
     steps.run([&] { entry.Caption(tag); });
     steps.run([&] { entry.Priority(entry_priority); });
@@ -27,14 +28,14 @@ void write_entry(Steps& steps, const CommandBarControl& entry, automation::TextV
 }
 
 void AddContextEntries(State& state, Links& links, const CommandBar& bar) {
-    Steps steps;
-    if (steps.holds([&] {
+    const Steps steps(state.session);
+    if (steps.possibly([&] {
             return host::outlook::Explorer(links.goExplorer.source()).CurrentFolder().DefaultMessageClass() !=
                    records::message_class::mail;
         })) {
         return;
     }
-    if (steps.holds([&] {
+    if (steps.possibly([&] {
             return host::outlook::Application(state.session.desktop.application())
                 .Version()
                 .starts_with(version_without_entries);
@@ -47,13 +48,13 @@ void AddContextEntries(State& state, Links& links, const CommandBar& bar) {
 
     SetBarProtection(state, bar, false);
     steps.set(links.Control, add);
-    write_entry(steps, links.Control, quick_view_tag);
+    write_entry(state.session, links.Control, quick_view_tag);
     SetBarProtection(state, bar, true);
     steps.run([&] { links.watch_button(&Links::ContextButton, links.Control, ContextButton_Click); });
 
     steps.set(links.Control, add);
     SetBarProtection(state, bar, false);
-    write_entry(steps, links.Control, create_note_tag);
+    write_entry(state.session, links.Control, create_note_tag);
     SetBarProtection(state, bar, true);
     steps.run([&] { links.watch_button(&Links::CreateNoteButton, links.Control, CreateNoteButton_Click); });
 }
@@ -62,7 +63,7 @@ void AddContextEntries(State& state, Links& links, const CommandBar& bar) {
 
 void ActiveExplorerCBars_OnUpdate(State& state, Links& links) {
     if (links.ContextButton.source()) return;
-    Steps steps;
+    const Steps steps(state.session);
     steps.set(links.bar, [&] {
         return host::office::CommandBars(links.ActiveExplorerCBars.source()).Item(context_menu_bar);
     });
@@ -71,7 +72,7 @@ void ActiveExplorerCBars_OnUpdate(State& state, Links& links) {
 
 void SetBarProtection(State& state, const CommandBar& bar, bool restore) {
     constexpr std::int32_t protection_bit = host::office::bar_no_customize;
-    Steps steps;
+    const Steps steps(state.session);
     if (!restore) {
         steps.set(state.wasProtected, [&] { return (bar.Protection() & protection_bit) != 0; });
         if (state.wasProtected) steps.run([&] { bar.Protection(bar.Protection() & ~protection_bit); });
@@ -81,7 +82,7 @@ void SetBarProtection(State& state, const CommandBar& bar, bool restore) {
 }
 
 void ContextButton_Click(State& state, Links& links) {
-    Steps steps;
+    const Steps steps(state.session);
     Session& session = state.session;
     host::outlook::Application application;
     steps.set(application, [&] { return host::outlook::Application(session.desktop.application()); });

@@ -27,12 +27,12 @@ void TrackExpl::Explorer(const host::outlook::Explorer& explorer) {
 void TrackExpl::m_objExpl_Close() {
     const Presence here(trackers_.session());
     const std::shared_ptr<TrackExpl> alive = shared_from_this();  // the list holds the last reference
-    Steps steps;
+    const Steps steps(trackers_.session());
     steps.run([&] { trackers_.RemoveExplorerTracker(ExpID_); });
     m_objExpl_.clear();
-    here.give_way(steps);  // the host finishes closing the window
+    here.give_way();  // the host finishes closing the window
     constexpr std::int32_t several = 2;
-    if (steps.holds([&] {
+    if (steps.possibly([&] {
             const bool few = trackers_.session().gOutlookApp.Explorers().Count() < several;
             return few && trackers_.Count() == 0;
         })) {
@@ -42,7 +42,7 @@ void TrackExpl::m_objExpl_Close() {
 
 void ExplorerTrackers::NewExplorer(const host::outlook::Explorer& explorer) {
     if (gSkipExplorerTracking) return;
-    Steps steps;
+    const Steps steps(session());
     steps.run([&] {
         if (gExplorerSerial == std::numeric_limits<std::int16_t>::max()) throw Failure(result::overflow);
         ++gExplorerSerial;

@@ -86,7 +86,7 @@ class Fitting {
     Links& links_;
     replicas::Guards& guards_;
     const Inspector& inspector_;
-    Steps steps_;
+    Steps steps_{session_};
     Item item_;
     Text kind_;     ///< the item's class number, or the calendar's form
     Text item_id_;  ///< empty for an item that was never saved
@@ -98,7 +98,7 @@ class Fitting {
 void Fitting::run() {
     kind_ = automation::to_text(static_cast<long long>(inspector_.CurrentItem().Class()));
     item_id_ = inspector_.CurrentItem().EntryID();
-    if (steps_.holds([&] {
+    if (steps_.possibly([&] {
             const Text name = inspector_.CurrentItem().MessageClass();
             return name == message_class::sticky_note || name == message_class::conflict;
         })) {
@@ -106,7 +106,7 @@ void Fitting::run() {
     }
     steps_.run([&] { IsStandardDpi(session_.desktop); });  // nothing depends on the answer
     steps_.set(item_, [&] { return inspector_.CurrentItem(); });
-    if (steps_.holds([&] {
+    if (steps_.possibly([&] {
             const bool is_appointment = item_.Class() == object_class::appointment;
             return item_.MessageClass() != message_class::appointment && is_appointment;
         })) {
@@ -130,13 +130,13 @@ void Fitting::run() {
     steps_.set(bar_, [&] { return CommandBar(inspector_.CommandBars().Item(create_note_bar)); });
     const auto is_no_mail = [&] { return item_.Class() != object_class::mail; };
     if (!bar_) {
-        if (steps_.holds(is_no_mail)) {
+        if (steps_.possibly(is_no_mail)) {
             other_without_bar();
         } else {
             mail_without_bar();
         }
         if (message_class::is_contact(class_)) contact_without_bar();
-    } else if (steps_.holds(is_no_mail)) {
+    } else if (steps_.possibly(is_no_mail)) {
         if (kind_ != message_class::appointment) steps_.run([&] { bar_.Visible(false); });
     } else {
         mail_with_bar();
@@ -199,27 +199,27 @@ void Fitting::mail_without_bar() {
     }
     find_or_build(&Links::EmailTemplateButton, true);
     find_or_build(&Links::SaveAsTemplateButton, true);
-    if (steps_.holds([&] { return !item_.EntryID().empty(); })) {
+    if (steps_.possibly([&] { return !item_.EntryID().empty(); })) {
         build(&Links::OpenButton, true);
-        visible(&Links::OpenButton, steps_.holds([&] { return outside_sent_items(); }));
+        visible(&Links::OpenButton, steps_.possibly([&] { return outside_sent_items(); }));
     }
 }
 
 void Fitting::other_without_bar() {
     visible(&Links::goButton, true);
-    if (steps_.holds([&] {
+    if (steps_.possibly([&] {
             const bool outside = outside_sent_items();
             const bool saved = !item_.EntryID().empty();
             return outside && saved;
         })) {
         visible(&Links::OpenButton, true);
     }
-    if (steps_.holds([&] { return !outside_sent_items(); })) visible(&Links::OpenButton, false);
+    if (steps_.possibly([&] { return !outside_sent_items(); })) visible(&Links::OpenButton, false);
 }
 
 void Fitting::contact_without_bar() {
     add_bar(create_note_bar);
-    const bool is_linked = steps_.holds([&] {
+    const bool is_linked = steps_.possibly([&] {
         const bool has_account = !item_.Account().empty();
         const bool has_customer = !item_.CustomerID().empty();
         // differs from at least one of the three, which is always so
@@ -240,17 +240,17 @@ void Fitting::offer_conversions() {
     const auto is_unlinked = [&] { return item_.CustomerID().empty(); };
     show_bar();
     build(&Links::ConvertContactButton, true);
-    visible(&Links::ConvertContactButton, steps_.holds(is_unlinked));
+    visible(&Links::ConvertContactButton, steps_.possibly(is_unlinked));
 
-    const host::outlook::Folder profiles = records::open_database(steps_, session_.desktop).account_profiles;
+    const host::outlook::Folder profiles = records::open_database(session_).account_profiles;
     host::outlook::Folder leads;
     steps_.set(leads, [&] {
         return host::outlook::Folder(profiles.Parent()).Folders().Item(records::folder::leads);
     });
-    if (!steps_.holds([&] { return leads.Name() == records::folder::leads; })) return;
+    if (steps_.certainly([&] { return leads.Name() != records::folder::leads; })) return;
     show_bar();
     build(&Links::ConvertLeadButton, true);
-    visible(&Links::ConvertLeadButton, steps_.holds([&] {
+    visible(&Links::ConvertLeadButton, steps_.possibly([&] {
         const bool unlinked = is_unlinked();
         return class_ == message_class::personal_contact && unlinked;
     }));
@@ -265,16 +265,16 @@ void Fitting::mail_with_bar() {
         visible(&Links::goButton, true);
         find(&Links::goButton);
         build(&Links::OpenButton, false);
-        visible(&Links::OpenButton, steps_.holds([&] { return outside_sent_items(); }));
+        visible(&Links::OpenButton, steps_.possibly([&] { return outside_sent_items(); }));
     } else {
         visible(&Links::goButton, true);
         visible(&Links::OpenButton, false);
-        if (steps_.holds([&] { return outside_sent_items(); })) visible(&Links::OpenButton, true);
+        if (steps_.possibly([&] { return outside_sent_items(); })) visible(&Links::OpenButton, true);
     }
 }
 
 void Fitting::contact_templates() {
-    const Text without = Settings(session_.desktop).option(setting::no_contact_buttons);
+    const Text without = Settings(session_).option(setting::no_contact_buttons);
     if (!message_class::is_contact(class_) || without == option_on) return;
     if (!bar_) add_bar(contact_templates_bar);
     show_bar();
@@ -343,17 +343,17 @@ void goInspectors_NewInspector(State& state, Links& links, replicas::Guards& gua
     Fitting(state.session, links, guards, Inspector).run();
 }
 
-void goInspector_Activate(const Links& links) {
-    Steps steps;
+void goInspector_Activate(const State& state, const Links& links) {
+    const Steps steps(state.session);
     steps.run([&] { Inspector(links.goInspector.source()).CurrentItem().Parent().call(u"DisplayName"); });
 }
 
 void goInspector_Close(State& state, Links& links) {
-    Steps steps;
+    const Steps steps(state.session);
     const Inspector inspector(links.goInspector.source());
     CommandBar bar;
     steps.set(bar, [&] { return CommandBar(inspector.CommandBars().Item(create_note_bar)); });
-    if (steps.holds([&] { return inspector.IsWordMail(); })) steps.run([&] { bar.Delete(); });
+    if (steps.possibly([&] { return inspector.IsWordMail(); })) steps.run([&] { bar.Delete(); });
     links.goInspector.clear();
     steps.run([&] { state.Tarnwell.hide(); });
     steps.run([&] { state.Tarnwell.unload(); });

@@ -12,7 +12,7 @@ namespace addin::commands {
 void goInspectors_NewInspector(State& state, Links& links, replicas::Guards& guards,
                                const host::outlook::Inspector& Inspector);
 
-void goInspector_Activate(const Links& links);
+void goInspector_Activate(const State& state, const Links& links);
 
 /// The last inspector that opened closes, or its mail is sent.
 void goInspector_Close(State& state, Links& links);

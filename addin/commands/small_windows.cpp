@@ -74,7 +74,7 @@ const FormTable& tarnwell_info_table() { return tarnwell_info; }
 
 void Tarnwell::on_click(automation::TextView control) {
     if (forms::Named<tarnwell>(u"Command1") != control) return;
-    Steps steps;
+    const Steps steps(session_);
     host::family::ListPicker picker;
     steps.set(picker, [&] {
         return host::family::ListPicker(session_.desktop.create(host::family::prog_id::list_picker));

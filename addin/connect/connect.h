@@ -77,7 +77,7 @@ class Connect : public automation::Automated<Connect>, public commands::Links, p
                       commands::Click click) override;
     void watch_inspector(const automation::Object& inspector) override;
     std::vector<automation::Handler> replica_handlers(const replicas::ReplicaRow& row);
-    void first_run(Steps& steps, const host::family::MainAddIn& main_add_in);
+    void first_run(const host::family::MainAddIn& main_add_in);
     void take_application();
 
     void goExplorer_Close();

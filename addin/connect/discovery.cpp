@@ -28,28 +28,26 @@ Folder parent_of(const Folder& folder) {
 }
 
 /// The folder's path from its store's root: a backslash before each name and one at the end.
-Text full_path(const Folder& folder, const Text& name) {
+Text full_path(const Session& session, const Folder& folder, const Text& name) {
+    const Steps steps(session);
     Text path = u"\\" + name;
     Folder above = folder;
-    for (;;) {
-        Steps steps;
-        steps.set(above, [&] { return parent_of(above); });
-        if (steps.failed()) break;
-        steps.run([&] { path = u"\\" + above.Name() + path; });
-        if (steps.failed()) break;
+    while (steps.set(above, [&] { return parent_of(above); }) &&
+           steps.run([&] { path = u"\\" + above.Name() + path; })) {
     }
     return path + u"\\";
 }
 
 /// A chosen database becomes the default one.
-void take_database(Session& session, DatabaseSearch& search, Steps& steps, const Folder& folder,
-                   const Text& path, const host::family::MainAddIn& main_add_in,
+void take_database(Session& session, DatabaseSearch& search, const Folder& folder, const Text& path,
+                   const host::family::MainAddIn& main_add_in,
                    const std::function<void()>& take_application) {
+    const Steps steps(session);
     search.SetDatabase = false;
     steps.set(search.whoami, [&] { return main_add_in.getcurrentusername(); });
     if (search.whoami.empty()) search.whoami = u"New User";
 
-    Settings settings(session.desktop);
+    Settings settings(session);
     steps.run([&] { settings.store(setting::store_id, folder.StoreID()); });
     steps.run([&] { settings.store(setting::folder_id, folder.EntryID()); });
     steps.run([&] { settings.store(setting::folder_name, path); });
@@ -65,8 +63,9 @@ void take_database(Session& session, DatabaseSearch& search, Steps& steps, const
 }
 
 /// Asks for a found folder.
-void offer(Session& session, DatabaseSearch& search, Steps& steps, const Folder& folder,
+void offer(Session& session, DatabaseSearch& search, const Folder& folder,
            const host::family::MainAddIn& main_add_in, const std::function<void()>& take_application) {
+    const Steps steps(session);
     Text name;  // stays empty for a folder that was taken because its name can't be read
     steps.set(name, [&] { return folder.Name(); });
     if (automation::trimmed(name).empty()) {
@@ -76,7 +75,7 @@ void offer(Session& session, DatabaseSearch& search, Steps& steps, const Folder&
         });
         return;
     }
-    const Text path = full_path(folder, name);
+    const Text path = full_path(session, folder, name);
     Text question = u"A Tarnwell database was found at ";
     question += line_ends;
     question += path;
@@ -87,14 +86,15 @@ void offer(Session& session, DatabaseSearch& search, Steps& steps, const Folder&
         return session.desktop.message_box(question, u"Choose Tarnwell Database", host::box::yes_no_cancel);
     });
     if (answer == host::box::answer_yes) {
-        take_database(session, search, steps, folder, path, main_add_in, take_application);
+        take_database(session, search, folder, path, main_add_in, take_application);
     } else if (answer == host::box::answer_cancel) {
         search.SetDatabase = false;
     }
 }
 
 /// The folders below a folder, if it has any; Nothing for one that refuses them.
-Folders inhabited(Steps& steps, const Folder& folder) {
+Folders inhabited(const Session& session, const Folder& folder) {
+    const Steps steps(session);
     Folders below;
     std::int32_t count = 0;
     steps.set(below, [&] { return folder.Folders(); });
@@ -105,7 +105,7 @@ Folders inhabited(Steps& steps, const Folder& folder) {
 }  // namespace
 
 void FindFolder(Session& session, DatabaseSearch& search, const std::function<void()>& take_application) {
-    Steps steps;
+    const Steps steps(session);
     search.SetDatabase = true;
     Folders ofolders;
     steps.set(ofolders, [&] { return top_level(session.desktop.application()); });
@@ -119,7 +119,7 @@ void FindFolder(Session& session, DatabaseSearch& search, const std::function<vo
     for (std::int32_t i = 1; i <= count; ++i) {
         Folder store;
         steps.set(store, [&] { return ofolders.Item(i); });
-        if (const Folders below = inhabited(steps, store))
+        if (const Folders below = inhabited(session, store))
             FindNextFolder(session, search, below, take_application);
         if (!search.SetDatabase) return;
     }
@@ -127,7 +127,7 @@ void FindFolder(Session& session, DatabaseSearch& search, const std::function<vo
 
 void FindNextFolder(Session& session, DatabaseSearch& search, const Folders& ofolders,
                     const std::function<void()>& take_application) {
-    Steps steps;
+    const Steps steps(session);
     host::family::MainAddIn main_add_in;
     steps.set(main_add_in, [&] { return records::make_main_add_in(session.desktop); });
 
@@ -137,11 +137,11 @@ void FindNextFolder(Session& session, DatabaseSearch& search, const Folders& ofo
         Folder folder;
         steps.set(folder, [&] { return ofolders.Item(i); });
         if (!folder) continue;
-        if (steps.holds([&] { return folder.Name() == records::folder::account_profiles; })) {
-            offer(session, search, steps, folder, main_add_in, take_application);
+        if (steps.possibly([&] { return folder.Name() == records::folder::account_profiles; })) {
+            offer(session, search, folder, main_add_in, take_application);
             return;  // of one level's folders one database is offered
         }
-        if (const Folders below = inhabited(steps, folder))
+        if (const Folders below = inhabited(session, folder))
             FindNextFolder(session, search, below, take_application);
         if (!search.SetDatabase) return;
     }

@@ -91,7 +91,7 @@ void Connect::watch_application(const Object& application) {
 
 void Connect::watch_inspector(const Object& inspector) {
     watch(goInspector, events::inspector, inspector,
-          {{u"Activate", [this](auto) { commands::goInspector_Activate(*this); }},
+          {{u"Activate", [this](auto) { commands::goInspector_Activate(rooms_.commands, *this); }},
            {u"Close", [this](auto) { commands::goInspector_Close(rooms_.commands, *this); }}});
 }
 
@@ -122,7 +122,7 @@ std::vector<Handler> Connect::replica_handlers(const replicas::ReplicaRow& row) 
 
 void Connect::StartAddIn(const Object& Application, TextView ProgId) {
     Session& session = this->session();
-    Steps steps;
+    const Steps steps(session);
     rooms_.createnote.gNoteFromExplorer = false;
     GlobalCalendar = false;
     steps.run([&] {
@@ -184,37 +184,38 @@ void Connect::StartAddIn(const Object& Application, TextView ProgId) {
         watch(goContacts, events::items, folder.Folders().Item(records::folder::account_contacts).Items(),
               {{u"ItemAdd", [&session](auto a) { conversions::goContacts_ItemAdd(session, item_of(a)); }}});
     });
-    if (steps.holds(
-            [&] { return Settings(session.desktop).option(setting::enable_power_panel) == option_on; })) {
+    if (steps.possibly([&] { return Settings(session).option(setting::enable_power_panel) == option_on; })) {
         steps.run([&] { rooms_.searchpanel.search_panel.show(); });
     }
     Text store_id;
     steps.set(store_id, [&] { return main_add_in.GetStoreId(); });
-    if (store_id.empty()) first_run(steps, main_add_in);
+    if (store_id.empty()) first_run(main_add_in);
     session.gProgId = ProgId;
 }
 
-void Connect::first_run(Steps& steps, const host::family::MainAddIn& main_add_in) {
+void Connect::first_run(const host::family::MainAddIn& main_add_in) {
+    const Steps steps(session());
     host::Desktop& desktop = session().desktop;
     Text marker;
     steps.set(marker, [&] { return desktop.own_folder() + Text(first_run_marker); });
-    if (steps.holds([&] { return FileExists(desktop, marker); })) {
+    if (steps.possibly([&] { return FileExists(desktop, marker); })) {
         steps.run([&] { desktop.delete_file(marker); });
         return;  // the marker stands for one start without the programs
     }
-    steps.clear();
 
+    bool failed = false;
+    const Steps counted(session(), failed);
     host::WshShell shell;
-    steps.set(shell, [&] { return host::WshShell(desktop.create(host::WshShell::prog_id)); });
-    steps.run([&] { shell.CurrentDirectory(main_add_in.getspecialfolderlocation()); });
-    steps.run([&] { shell.Run(store_program, host::WshShell::normal_window, true); });
-    steps.run([&] { shell.CurrentDirectory(main_add_in.GetDLLPath()); });
-    steps.run([&] { shell.Run(utility_program); });
-    if (steps.failed()) steps.run([&] { shell.Run(update_program); });
+    counted.set(shell, [&] { return host::WshShell(desktop.create(host::WshShell::prog_id)); });
+    counted.run([&] { shell.CurrentDirectory(main_add_in.getspecialfolderlocation()); });
+    counted.run([&] { shell.Run(store_program, host::WshShell::normal_window, true); });
+    counted.run([&] { shell.CurrentDirectory(main_add_in.GetDLLPath()); });
+    counted.run([&] { shell.Run(utility_program); });
+    if (failed) steps.run([&] { shell.Run(update_program); });
 }
 
 void Connect::goExplorer_Close() {
-    Steps steps;
+    const Steps steps(session());
     steps.set(bar,
               [&] { return CommandBars(ActiveExplorerCBars.source()).Item(commands::context_menu_bar); });
     steps.run([&] { commands::SetBarProtection(rooms_.commands, bar, false); });
@@ -223,7 +224,7 @@ void Connect::goExplorer_Close() {
     // on the Outlook 2000 host the close of the last window ends the work by itself; what is counted is the
     // inspectors
     constexpr std::int32_t several = 2;
-    if (steps.holds([&] {
+    if (steps.possibly([&] {
             // elsewhere nothing is counted: a tracker's end may have let go of the session's application
             return host::outlook::Application(session().desktop.application()).Version().starts_with(u'9') &&
                    session().gOutlookApp.Inspectors().Count() < several;
@@ -234,29 +235,29 @@ void Connect::goExplorer_Close() {
 }
 
 void Connect::goOutlook_ItemSend(const host::outlook::Item& item) {
-    Steps steps;
-    if (steps.holds([&] { return item.MessageClass() != records::message_class::mail; })) return;
+    const Steps steps(session());
+    if (steps.possibly([&] { return item.MessageClass() != records::message_class::mail; })) return;
     const Presence here(session());
-    if (Settings(session().desktop).option(setting::auto_file_sent_emails) == option_on) {
+    if (Settings(session()).option(setting::auto_file_sent_emails) == option_on) {
         steps.run([&] { session().SearchForm.show(); });
         steps.run([&] { session().SearchForm.window()->status(checking_names); });
-        here.give_way(steps);
+        here.give_way();
         // a mail that was never saved has no id, and the later steps need one
-        if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
+        if (steps.possibly([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
         filing::AutomaticCreateNoteSend(session(), item);
     }
     commands::goInspector_Close(rooms_.commands, *this);  // sending ends the window's use
 }
 
 void Connect::goOutlook_Quit() {
-    Steps steps;
+    const Steps steps(session());
     steps.run([&] { rooms_.searchpanel.search_panel.hide(); });
     steps.run([&] { rooms_.searchpanel.search_panel.unload(); });
     steps.run([&] { StopAddIn(); });
 }
 
 void Connect::IDTExtensibility2_OnBeginShutdown() {
-    Steps steps;
+    const Steps steps(session());
     steps.run([&] { delete_control(goButton); });
     steps.run([&] { delete_control(OpenButton); });
     // the sinks don't wait for the host's later calls
@@ -280,7 +281,7 @@ void Connect::IDTExtensibility2_OnBeginShutdown() {
 void Connect::StopAddIn() {
     if (gExiting) return;
     const std::shared_ptr<Connect> alive = shared_from_this();
-    Steps steps;
+    const Steps steps(session());
     steps.run([&] { rooms_.quickview.QuickView.unload(); });
     searchpanel::close_panels(rooms_.searchpanel);
     steps.run([&] { delete_control(goButton); });

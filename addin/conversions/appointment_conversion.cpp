@@ -12,7 +12,7 @@ using host::outlook::Item;
 
 void convert_appointment(Session& session) {
     host::Desktop& desktop = session.desktop;
-    Steps steps;
+    const Steps steps(session);
     // made anew: the session's application isn't used here
     host::outlook::Application application;
     steps.set(application,

@@ -169,7 +169,7 @@ class ContactConversion {
     Session& session_;
     host::Desktop& desktop_;
     const ConversionRow& row_;
-    Steps steps_;
+    Steps steps_{session_};
     Item source_, contact_;
     Folder profiles_;
 };
@@ -177,7 +177,7 @@ class ContactConversion {
 void ContactConversion::run() {
     if (!asks(desktop_, row_.question)) return;
     steps_.set(source_, [&] { return shown_item(application(), host::outlook::object_class::contact); });
-    const records::Database database = records::open_database(steps_, desktop_);
+    const records::Database database = records::open_database(session_);
     profiles_ = database.account_profiles;
     Text id, user;
     steps_.set(id, [&] { return database.main_add_in.generateid(); });
@@ -191,7 +191,7 @@ void ContactConversion::run() {
     steps_.run([&] { safe_source.Item(source_); });
     steps_.run([&] { safe_contact.Item(contact_); });
     copy_fields(safe_source, safe_contact);
-    if (row_.has_account && steps_.holds([&] { return !source_.CompanyName().empty(); })) find_account();
+    if (row_.has_account && steps_.possibly([&] { return !source_.CompanyName().empty(); })) find_account();
 
     steps_.run([&] { safe_contact.Save(); });
     steps_.run([&] { ShowMessage(session_, contact_.FullName() + Text(row_.done)); });
@@ -205,9 +205,9 @@ void ContactConversion::make_contact(const Text& key, const Text& user) {
         const Folder above = row_.beside_accounts ? Folder(profiles_.Parent()) : profiles_;
         return above.Folders().Item(row_.folder).Items().Add(row_.message_class);
     });
-    records::write_property(steps_, contact_, property::contact_id, [&] { return Value(key); });
-    records::write_property(steps_, contact_, property::account_manager, [&] { return Value(user); });
-    records::write_property(steps_, contact_, property::team, [&] { return Value(user); });
+    records::write_property(session_, contact_, property::contact_id, [&] { return Value(key); });
+    records::write_property(session_, contact_, property::account_manager, [&] { return Value(user); });
+    records::write_property(session_, contact_, property::team, [&] { return Value(user); });
 }
 
 SafeRecordItem ContactConversion::make_wrapper() {
@@ -254,9 +254,9 @@ void ContactConversion::find_account() {
 }
 
 void ContactConversion::choose_account() {
-    const host::family::ListPicker picker = records::make_account_picker(steps_, desktop_, profiles_);
+    const host::family::ListPicker picker = records::make_account_picker(session_, profiles_);
     steps_.run([&] { picker.searchany(picker_definition, picker_title); });
-    if (steps_.holds([&] { return picker.dialogcancel(); })) return;
+    if (steps_.possibly([&] { return picker.dialogcancel(); })) return;
     automation::Array chosen;
     Item account;
     steps_.set(chosen, [&] { return picker.slist(); });
@@ -284,12 +284,12 @@ void ContactConversion::take_over(const Item& account) {
 }
 
 void ContactConversion::take(const Item& account, const AccountToContact& row) {
-    records::write_contact_field(steps_, contact_, row,
+    records::write_contact_field(session_, contact_, row,
                                  [&] { return account.UserProperties().Item(row.account_property).value(); });
 }
 
 bool ContactConversion::has_no(TextView field) {
-    return steps_.holds([&] { return contact_.get(field).to_text().empty(); });
+    return steps_.possibly([&] { return contact_.get(field).to_text().empty(); });
 }
 
 }  // namespace

@@ -34,11 +34,11 @@ class Arrival {
     void stamp();
     bool is_source(const std::function<Item()>& selected);
     void tie_source();  ///< it learns the id of its record, where contacts are synchronised
-    void switch_on() { Settings(session_.desktop).store(setting::pda_contact_sync, option_on); }
+    void switch_on() { Settings(session_).store(setting::pda_contact_sync, option_on); }
 
     Session& session_;
     const Item& item_;
-    Steps steps_;
+    Steps steps_{session_};
     host::family::MainAddIn main_add_in_;
     Selection selection_;
     Item source_;  ///< what the contact was copied from
@@ -47,21 +47,21 @@ class Arrival {
 };
 
 void Arrival::run() {
-    if (!steps_.holds([&] {
+    if (steps_.certainly([&] {
             const bool contact = message_class::is_contact(item_.MessageClass());
-            return item_.MessageClass() != message_class::account_contact && contact;
+            return item_.MessageClass() == message_class::account_contact || !contact;
         })) {
         return;
     }
     steps_.set(main_add_in_, [&] { return records::make_main_add_in(session_.desktop); });
-    Settings settings(session_.desktop);
+    Settings settings(session_);
     synchronised_ = settings.option(setting::pda_contact_sync) == option_on;
     if (synchronised_) settings.store(setting::pda_contact_sync, option_off);
 
     steps_.set(selection_, [&] {
         return host::outlook::Application(session_.desktop.application()).ActiveExplorer().Selection();
     });
-    if (steps_.holds([&] { return selection_.Count() == 1; })) {
+    if (steps_.possibly([&] { return selection_.Count() == 1; })) {
         of_one_selected();
     } else {
         of_several_selected();
@@ -71,10 +71,8 @@ void Arrival::run() {
 }
 
 void Arrival::of_one_selected() {
-    // the error state tells whether the contact has an id: what came before must not show in it
-    steps_.clear();
-    steps_.run([&] { item_.UserProperties().Item(property::contact_id).value(); });
-    if (!steps_.failed()) return;
+    // a failure tells that the contact has no id
+    if (steps_.run([&] { item_.UserProperties().Item(property::contact_id).value(); })) return;
 
     steps_.set(source_, [&] { return selection_.Item(1); });
     if (is_source([&] { return source_; })) {
@@ -116,13 +114,13 @@ void Arrival::stamp() {
     steps_.run([&] { item_.MessageClass(message_class::account_contact); });
     for (const Stamped& one : all) {
         steps_.run([&] { item_.UserProperties().Add(one.name, host::outlook::text_property, false); });
-        records::write_property(steps_, item_, one.name, [&] { return one.value(*this); });
+        records::write_property(session_, item_, one.name, [&] { return one.value(*this); });
     }
 }
 
 bool Arrival::is_source(const std::function<Item()>& selected) {
     source_is_known_ = false;
-    return steps_.holds([&] {
+    return steps_.possibly([&] {
         const bool same = item_.Subject() == selected().Subject();
         source_is_known_ = true;
         return same;

@@ -31,8 +31,8 @@ constexpr TextView full_name_term = u"[Fullname] = ", apostrophe = u"'", quotati
 /// The way to the record of an address.
 class RecordSearch {
   public:
-    RecordSearch(Steps& steps, dlgSend& dialog, const ChosenMail& mail, const Folder& profiles)
-        : steps_(steps), dialog_(dialog), mail_(mail), profiles_(profiles) {}
+    RecordSearch(dlgSend& dialog, const ChosenMail& mail, const Folder& profiles)
+        : steps_(dialog.session()), dialog_(dialog), mail_(mail), profiles_(profiles) {}
 
     Item contact();
     Item account();
@@ -54,7 +54,7 @@ class RecordSearch {
                Text(apostrophe);
     }
 
-    Steps& steps_;
+    Steps steps_;
     dlgSend& dialog_;
     const ChosenMail& mail_;
     const Folder& profiles_;
@@ -89,7 +89,7 @@ Item RecordSearch::by_entry_id() {
 
 Text RecordSearch::filter_of_person() {
     Text filter;
-    if (steps_.holds([&] {
+    if (steps_.possibly([&] {
             return automation::trimmed(mail_.wrapper.sender().Fields(tag::smtp_address)) ==
                    dialog_.row_text();
         })) {
@@ -97,7 +97,7 @@ Text RecordSearch::filter_of_person() {
                    [&] { return note_filter(automation::trimmed(mail_.wrapper.sender().Address())); });
         if (!filter.empty()) filter += records::or_between_terms;
         steps_.run([&] { filter += note_filter(dialog_.row_text()); });
-        if (steps_.holds([&] { return !mail_.wrapper.SenderName().empty(); })) {
+        if (steps_.possibly([&] { return !mail_.wrapper.SenderName().empty(); })) {
             steps_.run([&] { filter += term_of_name(mail_.wrapper.SenderName()); });
         }
         filter = automation::replaced(filter, apostrophe, quotation_mark);
@@ -110,8 +110,8 @@ Text RecordSearch::filter_of_person() {
     for (std::int32_t i = 1; i <= people; ++i) {
         const auto person = [&] { return mail_.wrapper.Recipients().Item(i); };
         steps_.set(entry, [&] { return person().AddressEntry(); });
-        if (!steps_.holds(
-                [&] { return automation::trimmed(entry.Fields(tag::smtp_address)) == dialog_.row_text(); })) {
+        if (steps_.certainly(
+                [&] { return automation::trimmed(entry.Fields(tag::smtp_address)) != dialog_.row_text(); })) {
             continue;
         }
         steps_.set(filter, [&] {
@@ -128,7 +128,7 @@ Text RecordSearch::filter_of_person() {
 Item RecordSearch::contact() {
     Folder contacts;
     steps_.set(contacts, [&] { return profiles_.Folders().Item(records::folder::account_contacts); });
-    if (steps_.holds([&] { return !third_column(dialog_).empty(); })) {
+    if (steps_.possibly([&] { return !third_column(dialog_).empty(); })) {
         if (Item item = by_entry_id()) return item;
         return found_by_row(contacts);
     }
@@ -146,7 +146,7 @@ Item RecordSearch::contact() {
 }
 
 Item RecordSearch::account() {
-    if (steps_.holds([&] { return !third_column(dialog_).empty(); })) {
+    if (steps_.possibly([&] { return !third_column(dialog_).empty(); })) {
         if (Item item = by_entry_id()) return item;
     }
     return found_by_row(profiles_);
@@ -157,54 +157,56 @@ struct DialogTexts {
     Text type, subject;
 };
 
-DialogTexts read_texts(Steps& steps, dlgSend& dialog) {
+DialogTexts read_texts(dlgSend& dialog) {
+    const Steps steps(dialog.session());
     DialogTexts texts;
     steps.set(texts.type, [&] { return dialog.control(u"Combo1").text(); });
     steps.set(texts.subject, [&] { return dialog.control(u"txtNote").text(); });
     return texts;
 }
 
-void finish(Steps& steps, const records::PathRow& path, const Item& note, const DialogTexts& texts,
+void finish(const Session& session, const records::PathRow& path, const Item& note, const DialogTexts& texts,
             const ChosenMail& mail) {
-    records::write_property(steps, note, property::type, [&] { return Value(texts.type); });
+    const Steps steps(session);
+    records::write_property(session, note, property::type, [&] { return Value(texts.type); });
     steps.run([&] { note.Subject(texts.subject); });
-    records::write_body(steps, path, note, mail.wrapper);
-    if (path.activity_date) records::write_activity_date(steps, note, mail.wrapper);
-    records::attach_and_post(steps, note, mail.wrapper);
+    records::write_body(session, path, note, mail.wrapper);
+    if (path.activity_date) records::write_activity_date(session, note, mail.wrapper);
+    records::attach_and_post(session, note, mail.wrapper);
 }
 
 }  // namespace
 
 void dlgSend::CreateNote() {
     host::Desktop& desktop = session_.desktop;
-    Steps steps;
+    const Steps steps(session_);
     // the row may go at any time: the user clears the list while this gives way
     steps.run([&] { header(Text(creating) + row_text()); });
     const Presence here(session_, *this);
-    if (!here.give_way(steps)) return;
-    ChosenMail mail = choose_mail(steps);
+    if (!here.give_way()) return;
+    ChosenMail mail = choose_mail();
     steps.run([&] { mail.wrapper.Item(mail.item); });
-    if (steps.holds([&] { return mail.wrapper.To().empty(); })) {
+    if (steps.possibly([&] { return mail.wrapper.To().empty(); })) {
         desktop.message_box(no_recipient, product_title, host::box::information);
         return;
     }
-    if (steps.holds([&] { return mail.item.EntryID().empty(); })) {
+    if (steps.possibly([&] { return mail.item.EntryID().empty(); })) {
         steps.run([&] { mail.item.Save(); });
         steps.run([&] { mail.wrapper.Item(mail.item); });
     }
-    const records::Database database = records::open_database(steps, desktop);
+    const records::Database database = records::open_database(session_);
     const Folder& profiles = database.account_profiles;
-    const bool at_contact = steps.holds([&] { return contact_level(); });
+    const bool at_contact = steps.possibly([&] { return contact_level(); });
     const records::PathRow& path =
         records::row(at_contact ? records::Path::create_contact_level : records::Path::create_account_level);
-    const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
-    RecordSearch search(steps, *this, mail, profiles);
+    const Folder folder = records::choose_folder(session_, profiles, path.place);
+    RecordSearch search(*this, mail, profiles);
     const Item record = at_contact ? search.contact() : search.account();
     if (!record) {
-        create_for_new_contact(steps, here, mail, database.main_add_in, profiles, folder, search.name());
+        create_for_new_contact(here, mail, database.main_add_in, profiles, folder, search.name());
         return;
     }
-    if (steps.holds(
+    if (steps.possibly(
             [&] { return record.Class() != (at_contact ? object_class::contact : object_class::post); })) {
         steps.run([&] {
             desktop.message_box(Text(not_found_start) + row_text() + Text(not_found_end), product_title,
@@ -212,20 +214,21 @@ void dlgSend::CreateNote() {
         });
         return;
     }
-    const Item note = records::make_note(steps, path, folder);
-    records::write_keys(steps, path, note, records::copied_from(record));
-    records::write_property(steps, note, property::account_name,
+    const Item note = records::make_note(session_, path, folder);
+    records::write_keys(session_, path, note, records::copied_from(record));
+    records::write_property(session_, note, property::account_name,
                             [&] { return Value(at_contact ? record.CompanyName() : record.Subject()); });
     if (at_contact) {
-        records::write_property(steps, note, property::contact_name,
+        records::write_property(session_, note, property::contact_name,
                                 [&] { return Value(record.FullName()); });
     }
-    finish(steps, path, note, read_texts(steps, *this), mail);
-    records::mark_chosen_mail(steps, path, mail.inspector, mail.selection);
-    report_creation(steps, here);
+    finish(session_, path, note, read_texts(*this), mail);
+    records::mark_chosen_mail(session_, path, mail.inspector, mail.selection);
+    report_creation(here);
 }
 
-void dlgSend::report_creation(Steps& steps, const Presence& here) {
+void dlgSend::report_creation(const Presence& here) {
+    const Steps steps(session_);
     steps.run([&] {
         session_.desktop.message_box(Text(done) + row_text(), product_title, host::box::information);
     });
@@ -233,80 +236,80 @@ void dlgSend::report_creation(Steps& steps, const Presence& here) {
     gbCreated = true;
 }
 
-void dlgSend::create_for_new_contact(Steps& steps, const Presence& here, const ChosenMail& mail,
+void dlgSend::create_for_new_contact(const Presence& here, const ChosenMail& mail,
                                      const host::family::MainAddIn& main_add_in, const Folder& profiles,
                                      const Folder& folder, const Text& name) {
+    const Steps steps(session_);
     // the dialog goes away before the contact is made: what it holds is kept
-    const DialogTexts texts = read_texts(steps, *this);
+    const DialogTexts texts = read_texts(*this);
     Text address;
     steps.set(address, [&] { return row_text(); });
     const std::optional<NewContact> made =
-        offer_new_contact(steps, session_,
-                          {.row = new_contact_row(records::Path::create_new_contact),
-                           .address = address,
-                           .name = name,
-                           .main_add_in = main_add_in,
-                           .account_profiles = profiles,
-                           .before_choice = [&] {
-                               if (here.lasts()) unload();
-                           }});
+        offer_new_contact(session_, {.row = new_contact_row(records::Path::create_new_contact),
+                                     .address = address,
+                                     .name = name,
+                                     .main_add_in = main_add_in,
+                                     .account_profiles = profiles,
+                                     .before_choice = [&] {
+                                         if (here.lasts()) unload();
+                                     }});
     if (!made) return;
     const records::PathRow& path = records::row(records::Path::create_new_contact);
-    const Item note = records::make_note(steps, path, folder);
-    records::write_keys(steps, path, note, [&](const records::Key& key) {
+    const Item note = records::make_note(session_, path, folder);
+    records::write_keys(session_, path, note, [&](const records::Key& key) {
         if (key.property == property::account_id) return Value(made->account_id);
         if (key.property == property::contact_id) return Value(made->contact_id);
         return made->item.UserProperties().Item(key.property).value();
     });
-    records::write_property(steps, note, property::account_name,
+    records::write_property(session_, note, property::account_name,
                             [&] { return Value(made->item.CompanyName()); });
-    records::write_property(steps, note, property::contact_name,
+    records::write_property(session_, note, property::contact_name,
                             [&] { return Value(made->item.FullName()); });
-    finish(steps, path, note, texts, mail);
+    finish(session_, path, note, texts, mail);
 }
 
 void dlgSend::CreateNoteEx() {
-    host::Desktop& desktop = session_.desktop;
-    Steps steps;
+    const Steps steps(session_);
     steps.run([&] { header(Text(creating) + row_text()); });
     const Presence here(session_, *this);
-    if (!here.give_way(steps)) return;
-    ChosenMail mail = choose_mail(steps);
+    if (!here.give_way()) return;
+    ChosenMail mail = choose_mail();
     steps.run([&] { mail.wrapper.Item(mail.item); });
-    if (steps.holds([&] { return mail.item.EntryID().empty(); })) {
+    if (steps.possibly([&] { return mail.item.EntryID().empty(); })) {
         steps.run([&] { mail.item.Save(); });
         steps.run([&] { mail.wrapper.Item(mail.item); });
     }
-    const Folder profiles = records::open_database(steps, desktop).account_profiles;
+    const Folder profiles = records::open_database(session_).account_profiles;
     const records::PathRow& path = records::row(records::Path::create_from_record);
-    const Folder folder = records::choose_folder(steps, desktop, profiles, path.place);
-    if (!steps.holds([&] { return control(u"Combo2").text().empty(); })) {
-        create_from_record(steps, path, folder, profiles, mail);
+    const Folder folder = records::choose_folder(session_, profiles, path.place);
+    if (steps.certainly([&] { return !control(u"Combo2").text().empty(); })) {
+        create_from_record(path, folder, profiles, mail);
     }
-    report_creation(steps, here);
+    report_creation(here);
 }
 
-void dlgSend::create_from_record(Steps& steps, const records::PathRow& path, const Folder& folder,
-                                 const Folder& profiles, const ChosenMail& mail) {
+void dlgSend::create_from_record(const records::PathRow& path, const Folder& folder, const Folder& profiles,
+                                 const ChosenMail& mail) {
+    const Steps steps(session_);
     Item record;
     steps.set(record, [&] {
         return host::outlook::Application(session_.desktop.application())
             .GetNamespace(u"MAPI")
             .GetItemFromID(list().text(list().selected(), column::entry_id), profiles.StoreID());
     });
-    const Item note = records::make_note(steps, path, folder);
-    records::write_keys(steps, path, note, records::copied_from(record));
-    records::write_activity_date(steps, note, mail.wrapper);
+    const Item note = records::make_note(session_, path, folder);
+    records::write_keys(session_, path, note, records::copied_from(record));
+    records::write_activity_date(session_, note, mail.wrapper);
     Text key_column;
     steps.set(key_column, [&] { return list().heading(column::key); });
-    records::write_property(steps, note, key_column,
+    records::write_property(session_, note, key_column,
                             [&] { return record.UserProperties().Item(key_column).value(); });
-    write_names(steps, record, note);
-    records::write_property(steps, note, property::type, [&] { return Value(control(u"Combo1").text()); });
+    write_names(record, note);
+    records::write_property(session_, note, property::type, [&] { return Value(control(u"Combo1").text()); });
     steps.run([&] { note.Subject(control(u"txtNote").text()); });
-    records::write_body(steps, path, note, mail.wrapper);
-    records::attach_and_post(steps, note, mail.wrapper);
-    records::mark_chosen_mail(steps, path, mail.inspector, mail.selection);
+    records::write_body(session_, path, note, mail.wrapper);
+    records::attach_and_post(session_, note, mail.wrapper);
+    records::mark_chosen_mail(session_, path, mail.inspector, mail.selection);
 }
 
 }  // namespace addin::createnote

@@ -48,8 +48,8 @@ std::int32_t to_number(const Text& text) {
 /// Reads the fields of one item, by the notations of a definition.
 class FieldReader {
   public:
-    FieldReader(Steps& steps, const SafeRecordItem& item, host::Desktop& desktop)
-        : steps_(steps), item_(item), desktop_(desktop) {}
+    FieldReader(const Session& session, const SafeRecordItem& item)
+        : steps_(session), item_(item), desktop_(session.desktop) {}
 
     /// The value into `target`, which stays as it is if it can't be read.
     void read(Text& target, const Text& name) {
@@ -87,7 +87,7 @@ class FieldReader {
     static bool is_tag(const Text& name) { return !name.empty() && name.front() == tag_sign; }
 
   private:
-    Steps& steps_;
+    Steps steps_;
     const SafeRecordItem& item_;
     host::Desktop& desktop_;
     Value id_;  ///< outlives a field: one that can't be read shows the field that it was set for
@@ -107,12 +107,12 @@ void dlgSend::cmdSearch_Click() {
         return;
     }
     const Presence here(session_, *this);
-    Steps steps;
+    const Steps steps(session_);
     header(Text(searching) + text);
     desktop.pointer(forms::Pointer::hourglass);
-    here.give_way(steps);
+    here.give_way();
     if (has_ended(here)) return;
-    const records::Database database = records::open_database(steps, desktop);
+    const records::Database database = records::open_database(session_);
     Folder folder = database.account_profiles;
     steps.set(folder, [&] {
         return Folder(database.main_add_in.ReturnFolderFromPath(state_.list_definition.SearchFolder));
@@ -134,13 +134,13 @@ bool dlgSend::has_ended(const Presence& here) {
 void dlgSend::SearchListTarget(const Folder& folder) {
     host::Desktop& desktop = session_.desktop;
     const records::ListDefinition& definition = state_.list_definition;
-    Steps steps;
+    const Steps steps(session_);
     automation::Object application;
     steps.set(application, [&] { return desktop.create(host::outlook::application_prog_id); });
     header(Text(searching) + control(u"SearchString").text());
     const Presence here(session_, *this);
     desktop.pointer(forms::Pointer::hourglass);
-    if (!here.give_way(steps)) return;
+    if (!here.give_way()) return;
     DialogSearch& run = state_.search;
     run.folder = folder;
     steps.run([&] { run.folder.DefaultItemType(); });  // for a mode that no filter depends on
@@ -157,14 +157,14 @@ void dlgSend::SearchListTarget(const Folder& folder) {
         Text key;  // of the item before, where an item's own can't be read
         for (std::int32_t i = 1; i <= count; ++i) {
             const bool contacts =
-                steps.holds([&] { return run.folder.DefaultItemType() == host::outlook::contact_items; });
+                steps.possibly([&] { return run.folder.DefaultItemType() == host::outlook::contact_items; });
             steps.set(run.wrapper, [&] {
                 return contacts ? SafeRecordItem::of_contact(desktop) : SafeRecordItem::of_post(desktop);
             });
             steps.run([&] { run.wrapper.Item(run.items.Item(i)); });
-            if (run.wrapper) add_row(steps, here, run.wrapper, run.items, i, key);
+            if (run.wrapper) add_row(here, run.wrapper, run.items, i, key);
             run.wrapper.reset();
-            if (!here.give_way(steps)) {
+            if (!here.give_way()) {
                 run = {};
                 return;
             }
@@ -182,19 +182,21 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     header(Text(complete) + control(u"SearchString").text());
     list().width(column::key, 0);
     list().width(column::entry_id, 0);
-    here.give_way(steps);
+    here.give_way();
     run = {};
     desktop.pointer(forms::Pointer::standard);
 }
 
-void dlgSend::add_row(Steps& steps, const Presence& here, const SafeRecordItem& wrapper, const Items& items,
+void dlgSend::add_row(const Presence& here, const SafeRecordItem& wrapper, const Items& items,
                       std::int32_t place, Text& key) {
+    const Steps steps(session_);
     const records::ListDefinition& definition = state_.list_definition;
-    FieldReader reader(steps, wrapper, session_.desktop);
+    FieldReader reader(session_, wrapper);
     std::array<Text, column::entry_id + 1> cells;
     for (std::size_t i = 0; i < records::shown_fields; ++i) {
         reader.read(cells[i], definition.FieldName[i]);
-        cells[i] = records::FormatFieldValue(cells[i], definition.FieldType[i], session_.desktop);
+        cells[i] = records::FormatFieldValue(cells[i], definition.FieldType[i], session_.desktop,
+                                             session_.step_observer);
         if (i != 1) reader.forget_id();  // the second field's id stays for the third
     }
     if (FieldReader::is_tag(definition.KeyFieldName)) {

@@ -62,7 +62,8 @@ void dlgSend::on_activate() { view().topmost(); }
 
 void dlgSend::on_focus() { control(u"SearchString").focus(); }
 
-ChosenMail dlgSend::choose_mail(Steps& steps) {
+ChosenMail dlgSend::choose_mail() {
+    const Steps steps(session_);
     ChosenMail mail;
     const auto application = [&] { return host::outlook::Application(session_.desktop.application()); };
     steps.set(mail.wrapper, [&] { return records::make_wrapper(session_.desktop); });
@@ -77,11 +78,11 @@ ChosenMail dlgSend::choose_mail(Steps& steps) {
 }
 
 void dlgSend::PopulateList() {
-    Steps steps;
-    ChosenMail mail = choose_mail(steps);
+    const Steps steps(session_);
+    ChosenMail mail = choose_mail();
     Text type(records::note_type::received);
     // a mail that is still being written counts as sent
-    if (steps.holds([&] {
+    if (steps.possibly([&] {
             const bool never_saved = mail.item.EntryID().empty();
             const bool changed = !mail.item.Saved();
             return never_saved || changed;
@@ -103,7 +104,7 @@ void dlgSend::PopulateList() {
     }
 
     Text addresses;
-    if (steps.holds([&] {
+    if (steps.possibly([&] {
             return automation::upper(mail.wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
         })) {
         steps.set(addresses, [&] { return mail.wrapper.Fields(tag::sender_address); });
@@ -114,7 +115,7 @@ void dlgSend::PopulateList() {
     steps.set(people, [&] { return mail.wrapper.Recipients().Count(); });
     for (std::int32_t i = 1; i <= people; ++i) {
         const auto person = [&] { return mail.wrapper.Recipients().Item(i); };
-        if (steps.holds([&] { return person().AddressEntry().Type() != filing::type_smtp; })) {
+        if (steps.possibly([&] { return person().AddressEntry().Type() != filing::type_smtp; })) {
             steps.run([&] { addresses += u";" + person().AddressEntry().Fields(tag::smtp_address); });
         } else {
             steps.run([&] { addresses += u";" + person().Address(); });
@@ -180,43 +181,43 @@ void dlgSend::Combo2_Click() {
     control(u"SearchString").text(u"");
 }
 
-bool dlgSend::is_row_empty(Steps& steps) {
-    return steps.holds([&] { return list().count() == 0 || row_text().empty(); });
+bool dlgSend::is_row_empty() {
+    const Steps steps(session_);
+    return steps.possibly([&] { return list().count() == 0 || row_text().empty(); });
 }
 
-Text dlgSend::key_of_row(Steps& steps) {
+Text dlgSend::key_of_row() {
+    const Steps steps(session_);
     Text key;
     steps.set(key, [&] { return list().text(list().selected(), column::key); });
     return key;
 }
 
 void dlgSend::cmdSend_Click() {
-    Steps steps;
-    if (is_row_empty(steps) && key_of_row(steps).empty()) {
+    if (is_row_empty() && key_of_row().empty()) {
         header(Text(no_row_chosen));
         return;
     }
     session_.desktop.pointer(forms::Pointer::hourglass);
     gbCreated = false;
-    create(steps);
+    create();
 }
 
 void dlgSend::lstRecipients_DblClick() {
-    Steps steps;
     session_.desktop.pointer(forms::Pointer::hourglass);
     gbCreated = false;
-    if (is_row_empty(steps)) {
+    if (is_row_empty()) {
         session_.desktop.pointer(forms::Pointer::standard);
         session_.desktop.beep();
         header(Text(no_row_chosen));
         return;
     }
-    create(steps);
+    create();
 }
 
-void dlgSend::create(Steps& steps) {
+void dlgSend::create() {
     const Presence here(session_, *this);
-    if (!key_of_row(steps).empty()) {
+    if (!key_of_row().empty()) {
         CreateNoteEx();
     } else {
         CreateNote();

@@ -66,7 +66,7 @@ class dlgSend final : public forms::Form {
     void header(const automation::Text& text) { control(u"lblHeader").text(text); }
 
     /// The mail in the inspector, or the first one of the selection, as the dialog was opened.
-    ChosenMail choose_mail(Steps& steps);
+    ChosenMail choose_mail();
 
   private:
     void on_load() override;
@@ -84,25 +84,25 @@ class dlgSend final : public forms::Form {
     void Option1_Click();
     void Option2_Click();
     void Combo2_Click();
-    void show_headings(Steps& steps, const host::outlook::Item& definition);
+    void show_headings(const host::outlook::Item& definition);
     void cmdSearch_Click();
     /// Whether the user has closed the window while the search gave way; the pointer is the usual one then.
     bool has_ended(const Presence& here);
     void SearchListTarget(const host::outlook::Folder& folder);
     /// One found item as a row. `key` keeps the key of the item before where this one's can't be read.
-    void add_row(Steps& steps, const Presence& here, const host::family::SafeRecordItem& wrapper,
+    void add_row(const Presence& here, const host::family::SafeRecordItem& wrapper,
                  const host::outlook::Items& items, std::int32_t place, automation::Text& key);
-    void create(Steps& steps);
-    void report_creation(Steps& steps, const Presence& here);
-    void create_for_new_contact(Steps& steps, const Presence& here, const ChosenMail& mail,
+    void create();
+    void report_creation(const Presence& here);
+    void create_for_new_contact(const Presence& here, const ChosenMail& mail,
                                 const host::family::MainAddIn& main_add_in,
                                 const host::outlook::Folder& profiles, const host::outlook::Folder& folder,
                                 const automation::Text& name);
-    void create_from_record(Steps& steps, const records::PathRow& path, const host::outlook::Folder& folder,
+    void create_from_record(const records::PathRow& path, const host::outlook::Folder& folder,
                             const host::outlook::Folder& profiles, const ChosenMail& mail);
-    static void write_names(Steps& steps, const host::outlook::Item& record, const host::outlook::Item& note);
-    bool is_row_empty(Steps& steps);
-    automation::Text key_of_row(Steps& steps);
+    void write_names(const host::outlook::Item& record, const host::outlook::Item& note);
+    bool is_row_empty();
+    automation::Text key_of_row();
 
     Session& session_;
     State& state_;

@@ -62,8 +62,9 @@ Text text_of(const Item& item, const Text& name) {
 }
 
 /// Reads the definition's values, each into its place; one that can't be read keeps the value of before.
-void read_definition(Steps& steps, const Item& item, const host::family::SafeRecordItem& wrapper,
+void read_definition(const Session& session, const Item& item, const host::family::SafeRecordItem& wrapper,
                      records::ListDefinition& definition) {
+    const Steps steps(session);
     const auto read = [&](Text& target, const Text& name) {
         steps.set(target, [&] { return text_of(item, name); });
     };
@@ -80,8 +81,8 @@ void read_definition(Steps& steps, const Item& item, const host::family::SafeRec
 }
 
 /// The "System Folder": by its own id, or beside or inside the accounts' folder.
-Folder open_system_folder(Steps& steps, Session& session, const MainAddIn& main_add_in,
-                          const host::cdo::Folder& accounts) {
+Folder open_system_folder(Session& session, const MainAddIn& main_add_in, const host::cdo::Folder& accounts) {
+    const Steps steps(session);
     Folder system;
     steps.set(system,
               [&] { return records::open_folder(session.desktop, main_add_in, records::folder::system); });
@@ -111,7 +112,7 @@ void dlgSend::LoadFindDefinitions() {
 
 void dlgSend::GetListDef() {
     host::Desktop& desktop = session_.desktop;
-    Steps steps;
+    const Steps steps(session_);
     MainAddIn main_add_in;
     Text special_folder;
     steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
@@ -129,7 +130,7 @@ void dlgSend::GetListDef() {
         const Text id = main_add_in.GetFolderId(records::folder::account_profiles);
         return state_.cdo.GetFolder(id, main_add_in.GetStoreId());
     });
-    const Folder system = open_system_folder(steps, session_, main_add_in, accounts);
+    const Folder system = open_system_folder(session_, main_add_in, accounts);
     const auto found = [&](records::Name message_class, const Text& subject) {
         const Text filter = Text(class_start) + Text(records::schema_root) + Text(class_property) +
                             Text(message_class) + Text(subject_start) + subject + Text(filter_end);
@@ -163,17 +164,18 @@ void dlgSend::GetListDef() {
     Folder unused;  // asked for, though nothing uses it
     steps.set(unused,
               [&] { return Folder(main_add_in.ReturnFolderFromPath(text_of(record, u"SearchFolder"))); });
-    read_definition(steps, record, wrapper, state_.list_definition);
+    read_definition(session_, record, wrapper, state_.list_definition);
 
-    if (here.lasts()) show_headings(steps, record);  // a box gives way, too
-    if (here.give_way(steps)) list().clear();
-    const bool lasts = here.give_way(steps);
+    if (here.lasts()) show_headings(record);  // a box gives way, too
+    if (here.give_way()) list().clear();
+    const bool lasts = here.give_way();
     desktop.pointer(forms::Pointer::standard);
     if (lasts) control(u"SearchString").focus();
     state_.cdo.reset();
 }
 
-void dlgSend::show_headings(Steps& steps, const Item& definition) {
+void dlgSend::show_headings(const Item& definition) {
+    const Steps steps(session_);
     for (std::size_t i = 0; i < records::shown_fields; ++i) {
         list().heading(static_cast<int>(i), state_.list_definition.ColumnName[i]);
     }

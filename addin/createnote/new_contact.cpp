@@ -56,7 +56,8 @@ Domain domain_of(const Text& address, bool address_is_domain) {
     return {domain.substr(0, domain.find(commercial_end)), Text(web_start) + domain};
 }
 
-void show_chooser(Steps& steps, const ListPicker& picker, Chooser chooser) {
+void show_chooser(const Session& session, const ListPicker& picker, Chooser chooser) {
+    const Steps steps(session);
     if (chooser == Chooser::search) {
         steps.run([&] { picker.searchany(chooser_kind, chooser_title); });
         return;
@@ -67,11 +68,12 @@ void show_chooser(Steps& steps, const ListPicker& picker, Chooser chooser) {
 }
 
 /// The account that the user chooses; Nothing if none is chosen.
-Item choose_account(Steps& steps, Session& session, const NewContactPlan& plan) {
-    const ListPicker picker = records::make_account_picker(steps, session.desktop, plan.account_profiles);
-    show_chooser(steps, picker, plan.row.chooser);
+Item choose_account(Session& session, const NewContactPlan& plan) {
+    const Steps steps(session);
+    const ListPicker picker = records::make_account_picker(session, plan.account_profiles);
+    show_chooser(session, picker, plan.row.chooser);
     Item account;
-    if (steps.holds([&] { return !picker.dialogcancel(); })) {
+    if (steps.possibly([&] { return !picker.dialogcancel(); })) {
         automation::Array chosen;
         steps.set(chosen, [&] { return picker.slist(); });
         const bool rows_first = plan.row.chooser == Chooser::search;
@@ -87,7 +89,9 @@ Item choose_account(Steps& steps, Session& session, const NewContactPlan& plan) 
 }
 
 /// Copies what a contact takes from its account. The company's name is set by the caller.
-void copy_account(Steps& steps, const Item& account, const NewContactPlan& plan, NewContact& contact) {
+void copy_account(const Session& session, const Item& account, const NewContactPlan& plan,
+                  NewContact& contact) {
+    const Steps steps(session);
     for (const records::AccountToContact& pair : records::account_to_contact) {
         const bool name = pair.account_property == property::account_name;
         if (name) continue;
@@ -97,7 +101,7 @@ void copy_account(Steps& steps, const Item& account, const NewContactPlan& plan,
             return kept ? Value(contact.alignment)
                         : account.UserProperties().Item(pair.account_property).value();
         };
-        records::write_contact_field(steps, contact.item, pair, value);
+        records::write_contact_field(session, contact.item, pair, value);
     }
     steps.set(contact.account_id, [&] { return property_text(account, property::account_id); });
     steps.set(contact.company, [&] { return property_text(account, property::account_name); });
@@ -122,7 +126,8 @@ const NewContactRow& new_contact_row(records::Path path) {
     return *std::ranges::find(new_contacts, path, &NewContactRow::path);
 }
 
-std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, const NewContactPlan& plan) {
+std::optional<NewContact> offer_new_contact(Session& session, const NewContactPlan& plan) {
+    const Steps steps(session);
     if (!asks(session.desktop,
               Text(no_contact_start) + plan.address + Text(no_contact_end) + Text(create_question))) {
         return std::nullopt;
@@ -135,7 +140,7 @@ std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, cons
 
     Item account;
     if (asks(session.desktop, account_question)) {
-        account = choose_account(steps, session, plan);
+        account = choose_account(session, plan);
         if (account) {
             steps.set(contact.account_id, [&] { return property_text(account, property::account_id); });
         }
@@ -155,14 +160,14 @@ std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, cons
             .Add(records::message_class::account_contact);
     });
     const auto set = [&](TextView name, const std::function<Value()>& value) {
-        records::write_property(steps, contact.item, name, value);
+        records::write_property(session, contact.item, name, value);
     };
     set(property::account_id, [&] { return Value(contact.account_id); });
     set(property::contact_id, [&] { return Value(contact.contact_id); });
     set(property::account_manager, [&] { return Value(plan.main_add_in.GetUserName()); });
     set(property::team, [&] { return Value(plan.main_add_in.GetUserName()); });
     set(property::alignment, [&] { return Value(plan.main_add_in.GetAlignment()); });
-    if (account) copy_account(steps, account, plan, contact);
+    if (account) copy_account(session, account, plan, contact);
     set(property::account_name, [&] { return Value(contact.company); });
     steps.run([&] { contact.item.CompanyName(contact.company); });
     steps.run([&] { contact.item.WebPage(domain.web_page); });
@@ -174,19 +179,20 @@ std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, cons
     return contact;
 }
 
-void post_note_for_new_contact(Steps& steps, Session& session, const NewContactPlan& plan,
-                               const NewContact& made, const host::family::SafeMailItem& mail) {
+void post_note_for_new_contact(Session& session, const NewContactPlan& plan, const NewContact& made,
+                               const host::family::SafeMailItem& mail) {
+    const Steps steps(session);
     const records::PathRow& path = records::row(plan.row.path);
-    const host::outlook::Folder folder =
-        records::choose_folder(steps, session.desktop, plan.account_profiles, path.place);
-    const Item note = records::make_note(steps, path, folder);
-    records::write_keys(steps, path, note, [&](const records::Key& key) { return kept_value(made, key); });
-    records::write_property(steps, note, property::account_name, [&] { return Value(made.company); });
-    records::write_property(steps, note, property::contact_name, [&] { return Value(mail.SenderName()); });
-    records::write_property(steps, note, property::type, [&] { return Value(records::note_type::received); });
+    const host::outlook::Folder folder = records::choose_folder(session, plan.account_profiles, path.place);
+    const Item note = records::make_note(session, path, folder);
+    records::write_keys(session, path, note, [&](const records::Key& key) { return kept_value(made, key); });
+    records::write_property(session, note, property::account_name, [&] { return Value(made.company); });
+    records::write_property(session, note, property::contact_name, [&] { return Value(mail.SenderName()); });
+    records::write_property(session, note, property::type,
+                            [&] { return Value(records::note_type::received); });
     steps.run([&] { note.Subject(mail.Subject()); });
-    records::write_body(steps, path, note, mail);
-    records::attach_and_post(steps, note, mail);
+    records::write_body(session, path, note, mail);
+    records::attach_and_post(session, note, mail);
 }
 
 }  // namespace addin::createnote

@@ -40,10 +40,10 @@ struct NewContact {
 
 /// Asks whether a contact is to be made, and of which account; makes, saves and shows it. Nothing if the user
 /// doesn't want it.
-std::optional<NewContact> offer_new_contact(Steps& steps, Session& session, const NewContactPlan& plan);
+std::optional<NewContact> offer_new_contact(Session& session, const NewContactPlan& plan);
 
 /// Files the mail for the contact that was made of its sender.
-void post_note_for_new_contact(Steps& steps, Session& session, const NewContactPlan& plan,
-                               const NewContact& made, const host::family::SafeMailItem& mail);
+void post_note_for_new_contact(Session& session, const NewContactPlan& plan, const NewContact& made,
+                               const host::family::SafeMailItem& mail);
 
 }  // namespace addin::createnote

@@ -30,8 +30,8 @@ constexpr TextView searching_for = u"Searching for ";
 void dlgSend::OpenContact() {
     host::Desktop& desktop = session_.desktop;
     const Presence here(session_);
-    Steps steps;
-    here.give_way(steps);
+    const Steps steps(session_);
+    here.give_way();
     const auto application = [&] { return host::outlook::Application(desktop.application()); };
     SafeMailItem wrapper;
     host::outlook::Inspector inspector;
@@ -41,12 +41,12 @@ void dlgSend::OpenContact() {
     steps.set(item, [&] { return inspector.CurrentItem(); });
     if (!item) steps.set(item, [&] { return application().ActiveExplorer().Selection().Item(1); });
     steps.run([&] { wrapper.Item(item); });
-    if (steps.holds([&] { return wrapper.SenderName().empty(); })) {
+    if (steps.possibly([&] { return wrapper.SenderName().empty(); })) {
         desktop.message_box(received_only, project_title, host::box::ok);
         return;
     }
-    if (steps.holds([&] { return wrapper.To().empty(); })) return;
-    if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
+    if (steps.possibly([&] { return wrapper.To().empty(); })) return;
+    if (steps.possibly([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
 
     const filing::VariantRow& variant = filing::row(filing::Variant::open_contact);
     filing::Addresses addresses;
@@ -54,7 +54,7 @@ void dlgSend::OpenContact() {
     steps.set(addresses.sender_name, [&] { return wrapper.SenderName(); });
     steps.set(addresses.native, [&] { return automation::trimmed(wrapper.Fields(tag::sender_address)); });
     Text filter;
-    if (steps.holds([&] {
+    if (steps.possibly([&] {
             return automation::upper(wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
         })) {
         address = addresses.native;
@@ -66,19 +66,19 @@ void dlgSend::OpenContact() {
         filter = filing::contact_filter(variant.terms, variant.for_other, addresses);
     }
 
-    const records::Database database = records::open_database(steps, desktop);
+    const records::Database database = records::open_database(session_);
     const Folder& profiles = database.account_profiles;
     Folder contacts;
     steps.set(contacts, [&] { return profiles.Folders().Item(records::folder::account_contacts); });
     steps.run([&] { show_status(session_, Text(searching_for) + addresses.sender_name); });
-    here.give_way(steps);
+    here.give_way();
     Item contact;
     steps.set(contact, [&] { return contacts.Items().Find(filter); });
     steps.run([&] { session_.SearchForm.hide(); });
     steps.run([&] { session_.SearchForm.unload(); });
-    here.give_way(steps);
+    here.give_way();
     if (contact) {
-        if (steps.holds([&] { return contact.Class() == host::outlook::object_class::contact; })) {
+        if (steps.possibly([&] { return contact.Class() == host::outlook::object_class::contact; })) {
             steps.run([&] { contact.Display(); });
         }
         return;
@@ -90,18 +90,18 @@ void dlgSend::OpenContact() {
                               .main_add_in = database.main_add_in,
                               .account_profiles = profiles,
                               .before_choice = [this] { unload(); }};
-    const std::optional<NewContact> made = offer_new_contact(steps, session_, plan);
-    if (made) post_note_for_new_contact(steps, session_, plan, *made, wrapper);
+    const std::optional<NewContact> made = offer_new_contact(session_, plan);
+    if (made) post_note_for_new_contact(session_, plan, *made, wrapper);
 }
 
 void dlgSend::OpenTarnwellContact() {
     host::Desktop& desktop = session_.desktop;
-    Steps steps;
-    const Folder profiles = records::open_database(steps, desktop).account_profiles;
+    const Steps steps(session_);
+    const Folder profiles = records::open_database(session_).account_profiles;
     Folder target;
     const auto account_contacts = [&] { return profiles.Folders().Item(records::folder::account_contacts); };
     steps.set(target, [&] { return Folder(profiles.Parent()).Folders().Item(records::folder::leads); });
-    if (steps.holds([&] { return target.Name() != records::folder::leads; })) {
+    if (steps.possibly([&] { return target.Name() != records::folder::leads; })) {
         steps.set(target, account_contacts);
     }
     Item item;
@@ -114,10 +114,7 @@ void dlgSend::OpenTarnwellContact() {
     int answers = 0;
     const auto search = [&] {
         if (filter.empty()) return;
-        steps.run([&] {
-            record = target.Items().Find(filter);
-            ++answers;
-        });
+        if (steps.set(record, [&] { return target.Items().Find(filter); })) ++answers;
     };
     search();
     host::family::SafeRecordItem wrapper;

@@ -27,21 +27,23 @@ static_assert(is_keyed(rows, &NamesRow::message_class));
 
 }  // namespace
 
-void dlgSend::write_names(Steps& steps, const Item& record, const Item& note) {
-    if (steps.holds([&] { return record.Class() == host::outlook::object_class::contact; })) {
-        records::write_property(steps, note, property::account_name,
+void dlgSend::write_names(const Item& record, const Item& note) {
+    const Steps steps(session_);
+    if (steps.possibly([&] { return record.Class() == host::outlook::object_class::contact; })) {
+        records::write_property(session_, note, property::account_name,
                                 [&] { return automation::Value(record.CompanyName()); });
-        records::write_property(steps, note, property::contact_name,
+        records::write_property(session_, note, property::contact_name,
                                 [&] { return automation::Value(record.FullName()); });
         return;
     }
     const auto copy = [&](records::Name from, records::Name to) {
         if (from.empty()) return;
-        records::write_property(steps, note, to, [&] { return record.UserProperties().Item(from).value(); });
+        records::write_property(session_, note, to,
+                                [&] { return record.UserProperties().Item(from).value(); });
     };
     for (const NamesRow& row : rows) {
         if (!row.message_class.empty() &&
-            !steps.holds([&] { return record.MessageClass() == row.message_class; })) {
+            steps.certainly([&] { return record.MessageClass() != row.message_class; })) {
             continue;
         }
         copy(row.account_name, property::account_name);

@@ -82,11 +82,12 @@ Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addres
     return filter;
 }
 
-std::optional<ReadSender> read_sender(Steps& steps, Session& session, const VariantRow& row,
+std::optional<ReadSender> read_sender(Session& session, const VariantRow& row,
                                       const host::family::SafeMailItem& mail) {
+    const Steps steps(session);
     const Presence here(session);
     const auto give_way = [&] {
-        if (row.gives_way) here.give_way(steps);
+        if (row.gives_way) here.give_way();
     };
     ReadSender read;
     Addresses& addresses = read.addresses;
@@ -101,8 +102,7 @@ std::optional<ReadSender> read_sender(Steps& steps, Session& session, const Vari
 
     if (!internet) {
         const bool gated = row.gate != Gate::none;
-        const Text option =
-            gated ? Settings(session.desktop).option(setting::save_exchange_email) : Text(option_on);
+        const Text option = gated ? Settings(session).option(setting::save_exchange_email) : Text(option_on);
         if (gated && (option != option_on || type != type_exchange)) return std::nullopt;
         host::family::SafeAddressEntry entry;
         steps.set(entry, [&] { return mail.sender(); });
@@ -119,41 +119,44 @@ std::optional<ReadSender> read_sender(Steps& steps, Session& session, const Vari
     return read;
 }
 
-bool stops_without_to_line(Steps& steps, const VariantRow& row, const host::family::SafeMailItem& mail,
-                           const Addresses& addresses) {
+bool stops_without_to_line(const Session& session, const VariantRow& row,
+                           const host::family::SafeMailItem& mail, const Addresses& addresses) {
+    const Steps steps(session);
     const bool native_helps = row.no_to_line == NoToLine::stop_if_no_native_address_either;
-    return steps.holds([&] {
+    return steps.possibly([&] {
         return mail.To().empty() && (!native_helps || automation::trimmed(addresses.native).empty());
     });
 }
 
 std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
                                      const host::outlook::Item& mail) {
-    Steps steps;
+    const Steps steps(session);
     Sender sender;
     steps.set(sender.mail, [&] { return records::make_wrapper(session.desktop); });
     steps.run([&] { sender.mail.Item(mail); });
-    const std::optional<ReadSender> read = read_sender(steps, session, row, sender.mail);
-    if (!read || stops_without_to_line(steps, row, sender.mail, read->addresses)) return std::nullopt;
+    const std::optional<ReadSender> read = read_sender(session, row, sender.mail);
+    if (!read || stops_without_to_line(session, row, sender.mail, read->addresses)) return std::nullopt;
     sender.filter = read->filter;
     return sender;
 }
 
-host::outlook::Items contact_items(Steps& steps, const host::outlook::Folder& account_profiles) {
+host::outlook::Items contact_items(const Session& session, const host::outlook::Folder& account_profiles) {
+    const Steps steps(session);
     host::outlook::Items contacts;
     steps.set(contacts,
               [&] { return account_profiles.Folders().Item(records::folder::account_contacts).Items(); });
     return contacts;
 }
 
-host::outlook::Item find_contact(Steps& steps, Session& session,
-                                 const host::outlook::Folder& account_profiles, TextView filter) {
+host::outlook::Item find_contact(Session& session, const host::outlook::Folder& account_profiles,
+                                 TextView filter) {
+    const Steps steps(session);
     const Presence here(session);
-    const host::outlook::Items contacts = contact_items(steps, account_profiles);
-    here.give_way(steps);
+    const host::outlook::Items contacts = contact_items(session, account_profiles);
+    here.give_way();
     host::outlook::Item contact;
     steps.set(contact, [&] { return contacts.Find(filter); });
-    here.give_way(steps);
+    here.give_way();
     return contact;
 }
 

@@ -71,12 +71,12 @@ struct ReadSender {
 };
 
 /// Reads the sender of a wrapped mail and builds the filter; nothing if the path stops on the way.
-std::optional<ReadSender> read_sender(Steps& steps, Session& session, const VariantRow& row,
+std::optional<ReadSender> read_sender(Session& session, const VariantRow& row,
                                       const host::family::SafeMailItem& mail);
 
 /// The test of the To line.
-bool stops_without_to_line(Steps& steps, const VariantRow& row, const host::family::SafeMailItem& mail,
-                           const Addresses& addresses);
+bool stops_without_to_line(const Session& session, const VariantRow& row,
+                           const host::family::SafeMailItem& mail, const Addresses& addresses);
 
 /// A sender who can be searched for.
 struct Sender {
@@ -90,10 +90,10 @@ std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
                                      const host::outlook::Item& mail);
 
 /// The contact records' items, or Nothing.
-host::outlook::Items contact_items(Steps& steps, const host::outlook::Folder& account_profiles);
+host::outlook::Items contact_items(const Session& session, const host::outlook::Folder& account_profiles);
 
 /// The first contact that matches, or Nothing. Several matches are no failure: the host's order decides.
-host::outlook::Item find_contact(Steps& steps, Session& session,
-                                 const host::outlook::Folder& account_profiles, automation::TextView filter);
+host::outlook::Item find_contact(Session& session, const host::outlook::Folder& account_profiles,
+                                 automation::TextView filter);
 
 }  // namespace addin::filing

@@ -11,17 +11,17 @@ void goInbox_ItemAdd(Session&, const host::outlook::Item&) {}
 
 void goInbox_ItemChange(Session& session, const host::outlook::Item& item) {
     const Presence here(session);
-    Steps steps;
-    // both halves of a test are always asked, and one that can't be answered counts as passed
-    if (!steps.holds([&] {
+    const Steps steps(session);
+    // both halves of a test are always asked, and one that can't be answered stops nothing
+    if (steps.certainly([&] {
             const bool is_mail = item.MessageClass() == records::message_class::mail;
             const bool is_read = !item.UnRead();
-            return is_mail && is_read;
+            return !is_mail || !is_read;
         })) {
         return;
     }
-    here.give_way(steps);
-    if (steps.holds([&] {
+    here.give_way();
+    if (steps.possibly([&] {
             const bool unmarked = item.BillingInformation() != records::auto_filed;
             const bool open_to_all = item.Sensitivity() == host::outlook::sensitivity_normal;
             return unmarked && open_to_all;
@@ -32,12 +32,12 @@ void goInbox_ItemChange(Session& session, const host::outlook::Item& item) {
 
 void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
     const Presence here(session);
-    Steps steps;
-    here.give_way(steps);
-    if (!steps.holds([&] { return item.Sensitivity() == host::outlook::sensitivity_normal; })) return;
+    const Steps steps(session);
+    here.give_way();
+    if (steps.certainly([&] { return item.Sensitivity() != host::outlook::sensitivity_normal; })) return;
     host::family::MainAddIn main_add_in;
     steps.set(main_add_in, [&] { return records::make_main_add_in(session.desktop); });
-    if (!steps.holds([&] { return main_add_in.getEmailAutoFile() == u"1"; })) return;
+    if (steps.certainly([&] { return main_add_in.getEmailAutoFile() != u"1"; })) return;
 
     const std::optional<Sender> sender = resolve_sender(session, row(Variant::received), item);
     if (!sender) return;
@@ -47,15 +47,14 @@ void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
     steps.set(account_profiles, [&] {
         return records::open_folder(session.desktop, main_add_in, records::folder::account_profiles);
     });
-    const host::outlook::Folder folder =
-        records::choose_folder(steps, session.desktop, account_profiles, path.place);
-    const host::outlook::Item contact = find_contact(steps, session, account_profiles, sender->filter);
+    const host::outlook::Folder folder = records::choose_folder(session, account_profiles, path.place);
+    const host::outlook::Item contact = find_contact(session, account_profiles, sender->filter);
     if (!contact) return;
 
-    here.give_way(steps);
-    records::post_note(steps, path, folder, contact, sender->mail);
-    records::mark_mail(steps, path, item);
-    here.give_way(steps);
+    here.give_way();
+    records::post_note(session, path, folder, contact, sender->mail);
+    records::mark_mail(session, path, item);
+    here.give_way();
 }
 
 }  // namespace addin::filing

@@ -50,7 +50,7 @@ class Sending {
     Presence here_;  ///< goes last
     Session& session_;
     const Item& mail_;
-    Steps steps_;
+    Steps steps_{session_};
     host::family::MainAddIn main_add_in_;
     SafeMailItem wrapper_;
     Text name_;  // what fails for one recipient keeps the value of the one before
@@ -79,16 +79,16 @@ Sending::Next Sending::file_for(std::int32_t index) {
     const std::optional<Text> filter = filter_for(index);
     if (!filter) return Next::recipient;
     status(Text(checked) + name_);
-    if (steps_.holds([&] { return wrapper_.To().empty(); })) return Next::leave;
+    if (steps_.possibly([&] { return wrapper_.To().empty(); })) return Next::leave;
 
     const records::PathRow& path = records::row(records::Path::automatic_sent);
     steps_.set(account_profiles_, [&] {
         return records::open_folder(session_.desktop, main_add_in_, records::folder::account_profiles);
     });
-    folder_ = records::choose_folder(steps_, session_.desktop, account_profiles_, path.place, folder_);
+    folder_ = records::choose_folder(session_, account_profiles_, path.place, folder_);
     status(Text(searching) + name_);
     Item contact;
-    if (!filter->empty()) contact = find_contact(steps_, session_, account_profiles_, *filter);
+    if (!filter->empty()) contact = find_contact(session_, account_profiles_, *filter);
     if (!contact) {
         status(Text(searching) + name_ + Text(not_found));
         wait();
@@ -96,26 +96,26 @@ Sending::Next Sending::file_for(std::int32_t index) {
     }
     status([&] { return Text(searching) + contact.FullName() + Text(saving); });
     wait();
-    note_ = records::post_note(steps_, path, folder_, contact, wrapper_, note_);
-    records::mark_mail(steps_, path, mail_);
-    here_.give_way(steps_);
+    note_ = records::post_note(session_, path, folder_, contact, wrapper_, note_);
+    records::mark_mail(session_, path, mail_);
+    here_.give_way();
     return Next::recipient;
 }
 
 std::optional<Text> Sending::filter_for(std::int32_t index) {
     const VariantRow& variant = row(Variant::sent);
     steps_.set(entry_, [&] { return wrapper_.Recipients().Item(index).AddressEntry(); });
-    if (steps_.holds([&] { return automation::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
+    if (steps_.possibly([&] { return automation::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
         steps_.set(address_, [&] { return wrapper_.Recipients().Item(index).Address(); });
         if (variant.empty_native_address_stops && address_.empty()) return std::nullopt;
         return contact_filter(variant.terms, variant.for_smtp, {.native = address_});
     }
     // the first half of the test looks at the mail's sender, not at the recipient
-    if (!steps_.holds([&] {
-            const Text option = Settings(session_.desktop).option(setting::save_exchange_email);
+    if (steps_.certainly([&] {
+            const Text option = Settings(session_).option(setting::save_exchange_email);
             const bool sender = automation::upper(wrapper_.Fields(tag::sender_address_type)) == type_exchange;
             const bool recipient = automation::upper(entry_.Fields(tag::address_type)) == type_exchange;
-            return option == option_on && (sender || recipient);
+            return option != option_on || (!sender && !recipient);
         })) {
         return std::nullopt;
     }
@@ -126,22 +126,22 @@ std::optional<Text> Sending::filter_for(std::int32_t index) {
 
 void Sending::status(const std::function<Text()>& text) {
     steps_.run([&] { session_.SearchForm.window()->status(text()); });
-    here_.give_way(steps_);
+    here_.give_way();
 }
 
 void Sending::wait() {
     steps_.run([&] { session_.desktop.sleep(reading_time); });
-    here_.give_way(steps_);
+    here_.give_way();
 }
 
 }  // namespace
 
 void AutomaticCreateNoteSend(Session& session, const Item& item) {
     const Presence here(session);
-    Steps steps;
-    here.give_way(steps);
-    if (steps.holds([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
-    if (steps.holds([&] { return item.Sensitivity() == host::outlook::sensitivity_normal; })) {
+    const Steps steps(session);
+    here.give_way();
+    if (steps.possibly([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
+    if (steps.possibly([&] { return item.Sensitivity() == host::outlook::sensitivity_normal; })) {
         Sending(session, item).run();
     }
     steps.run([&] { session.SearchForm.hide(); });

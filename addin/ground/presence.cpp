@@ -3,7 +3,7 @@
 namespace addin {
 
 Presence::Presence(Session& session)
-    : load_(session.owner.lock()), session_(session.life), desktop_(session.desktop) {}
+    : load_(session.owner.lock()), session_(session.life), desktop_(session.desktop), steps_(session) {}
 
 Presence::Presence(Session& session, forms::Form& window) : Presence(session) {
     window_ = window.shared_from_this();

@@ -17,12 +17,12 @@ class Presence {
     Presence(Session& session, forms::Form& window);
 
     /// Lets the host's events run until none waits. Whether all this is still there.
-    bool give_way(Steps& steps) const {
-        steps.run([&] { yield(); });
+    bool give_way(const SourcePlace& place = SourcePlace::current()) const {
+        steps_.run([&] { yield(); }, place);
         return lasts();
     }
     /// The same; a failure travels to the caller.
-    bool give_way() const {
+    bool give_way_or_fail() const {
         yield();
         return lasts();
     }
@@ -38,6 +38,7 @@ class Presence {
     int loading_ = 0;
     std::weak_ptr<const bool> session_;
     host::Desktop& desktop_;
+    Steps steps_;
 };
 
 }  // namespace addin

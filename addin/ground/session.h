@@ -10,6 +10,7 @@
 namespace addin {
 
 class SearchForm;
+class StepObserver;
 
 struct Session {
     Session(host::Desktop& platform, forms::Engine& form_engine);
@@ -28,6 +29,10 @@ struct Session {
 
     host::outlook::Application gOutlookApp;  ///< the application, for code outside of `Connect`
     automation::Text gProgId;                ///< the name under which the add-in was connected
+
+    /// Is told of each step that was skipped and of each test, if there is one. Who sets it keeps it as long
+    /// as the load lasts.
+    StepObserver* step_observer = nullptr;
 
     forms::WindowPlace<addin::SearchForm> SearchForm;  ///< the sign of progress of every long operation
 };

@@ -39,7 +39,7 @@ std::int32_t Settings::QueryValueEx(host::KeyHandle lhKey, TextView szValueName,
 }
 
 Value Settings::GetKeyValueEx(std::int32_t lKey, TextView sKeyName, TextView sValueName) {
-    Steps steps;
+    const Steps steps(observer_);
     host::KeyHandle key = host::no_key;  // stays so if the key isn't there, and the query fails by itself
     Value value;
     steps.run([&] { desktop_.registry().open_key(lKey, desktop_.narrow(sKeyName), key); });
@@ -76,7 +76,7 @@ bool Settings::SetKeyValue(std::int32_t lKey, TextView sKeyName, TextView sValue
     }
     host::KeyHandle key = host::no_key;
     desktop_.registry().create_key(lKey, desktop_.narrow(sKeyName), key);
-    Steps steps;
+    const Steps steps(observer_);
     steps.run([&] { SetValueEx(key, sValueName, lValueType, vValueSetting); });
     desktop_.registry().close_key(key);
     return true;

@@ -2,6 +2,7 @@
 // event.
 #pragma once
 
+#include "addin/ground/session.h"
 #include "addin/host/desktop.h"
 
 namespace addin {
@@ -36,7 +37,9 @@ class Settings {
     static constexpr automation::TextView key_name =
         u"Software\\Microsoft\\Office\\9.0\\Outlook\\Options\\Tarnwell";
 
-    explicit Settings(host::Desktop& desktop) : desktop_(desktop) {}
+    explicit Settings(const Session& session) : Settings(session.desktop, session.step_observer) {}
+    explicit Settings(host::Desktop& desktop, StepObserver* observer = nullptr)
+        : desktop_(desktop), observer_(observer) {}
 
     /// Reads a value of an open key into `vValue`: a text with its terminator, if one is stored, or an
     /// integer. Answers 0, the registry's status, or -1 for a type that isn't supported; on failure `vValue`
@@ -66,6 +69,7 @@ class Settings {
 
   private:
     host::Desktop& desktop_;
+    StepObserver* observer_;
 };
 
 }  // namespace addin

@@ -1,46 +1,74 @@
-// The failure mode of nearly every routine: a failing statement is skipped, a failing test counts as passed.
+// The failure mode of nearly every routine: a failing statement is skipped, and a test says by its name what
+// it means when it can't be answered.
 #pragma once
 
 #include <utility>
 
-#include "automation/failure.h"
+#include "addin/ground/session.h"
+#include "addin/ground/step_observer.h"
 
 namespace addin {
 
-/// One routine's error state. One statement of the routine is one step: a whole routine in one `run` would
-/// skip its rest where only one statement failed.
+/// Runs the statements of a routine, one at a time: a whole routine in one `run` would skip its rest where
+/// only one statement failed. They remember nothing, so each routine makes its own.
 class Steps {
   public:
-    /// Runs a statement. A failure is remembered and ends only this statement.
+    explicit Steps(const Session& session) : Steps(session.step_observer) {}
+    /// For what works without a session. The observer may be null.
+    explicit Steps(StepObserver* observer) : observer_(observer) {}
+    /// For a routine whose order depends on whether a step before has failed: `failed` becomes True with the
+    /// first one, and nothing here makes it False again.
+    Steps(const Session& session, bool& failed) : observer_(session.step_observer), failed_(&failed) {}
+
+    /// Runs a statement; whether it went well. A failure ends only this statement.
     template <class Statement>
-    void run(Statement&& statement) {
+    bool run(Statement&& statement, const SourcePlace& place = SourcePlace::current()) const {
         try {
             std::forward<Statement>(statement)();
+            return true;
         } catch (const automation::Failure& failure) {
-            error_ = failure.number();
+            if (failed_) *failed_ = true;
+            if (observer_) observer_->skipped(place, failure);
+            return false;
         }
     }
 
-    /// Assigns what an expression yields. On failure the target keeps its value.
+    /// Assigns what an expression yields; whether it could be had. On failure the target keeps its value.
     template <class Target, class Expression>
-    void set(Target& target, Expression&& expression) {
-        run([&] { target = std::forward<Expression>(expression)(); });
+    bool set(Target& target, Expression&& expression,
+             const SourcePlace& place = SourcePlace::current()) const {
+        return run([&] { target = std::forward<Expression>(expression)(); }, place);
     }
 
-    /// Whether a test holds. A test that can't be evaluated counts as passed.
+    /// Whether a test holds. One that can't be answered is taken for passed, so the step after it runs: this
+    /// is the rule.
     template <class Test>
-    [[nodiscard]] bool holds(Test&& test) {
-        bool passed = true;
-        set(passed, std::forward<Test>(test));
-        return passed;
+    [[nodiscard]] bool possibly(Test&& test, const SourcePlace& place = SourcePlace::current()) const {
+        return decide(std::forward<Test>(test), true, place);
     }
 
-    /// Whether anything failed since the start or the last `clear`.
-    [[nodiscard]] bool failed() const { return error_ != 0; }
-    void clear() { error_ = 0; }
+    /// Whether a test is known to hold. One that can't be answered is taken for not passed.
+    template <class Test>
+    [[nodiscard]] bool certainly(Test&& test, const SourcePlace& place = SourcePlace::current()) const {
+        return decide(std::forward<Test>(test), false, place);
+    }
 
   private:
-    std::int32_t error_ = 0;
+    template <class Test>
+    bool decide(Test&& test, bool otherwise, const SourcePlace& place) const {
+        try {
+            const bool answer = std::forward<Test>(test)();
+            if (observer_) observer_->decided(place, answer, nullptr);
+            return answer;
+        } catch (const automation::Failure& failure) {
+            if (failed_) *failed_ = true;
+            if (observer_) observer_->decided(place, otherwise, &failure);
+            return otherwise;
+        }
+    }
+
+    StepObserver* observer_;
+    bool* failed_ = nullptr;
 };
 
 }  // namespace addin

@@ -55,34 +55,35 @@ const NewRecord* find_record(const Text& chosen) {
 }  // namespace
 
 void QuickView::cmdAdd_Click() {
-    Steps steps;
+    const Steps steps(session_);
     const Text chosen = shown(u"cmbFolders");
     SafeMailItem mail;
     steps.set(mail, [&] { return records::make_wrapper(session_.desktop); });
     steps.run([&] { mail.Item(name_space().GetItemFromID(shown(u"EmailID"))); });
-    const records::Database database = records::open_database(steps, session_.desktop);
+    const records::Database database = records::open_database(session_);
     Text key;
     steps.set(key, [&] { return database.main_add_in.generateid(); });
-    const Item record = make_record(steps, chosen, key, database.account_profiles, mail);
-    write_shown_values(steps, record);
+    const Item record = make_record(chosen, key, database.account_profiles, mail);
+    write_shown_values(record);
     steps.run([&] { record.Display(); });
     if (const NewRecord* const made = find_record(chosen); made && !made->key_as_read.empty()) {
         steps.set(key, [&] { return record.UserProperties().Item(made->key_as_read).value().to_text(); });
     }
     const auto new_id = [&](const records::Key&) { return Value(key); };
     // without a new record, both tests fail, and the mail is filed both ways
-    if (steps.holds([&] { return record.MessageClass() == records::message_class::opportunity; })) {
-        file_mail(steps, records::row(Path::quick_view_opportunity), database.account_profiles, mail, new_id);
+    if (steps.possibly([&] { return record.MessageClass() == records::message_class::opportunity; })) {
+        file_mail(records::row(Path::quick_view_opportunity), database.account_profiles, mail, new_id);
     }
-    if (steps.holds([&] { return record.MessageClass() == records::message_class::inquiry; })) {
-        file_mail(steps, records::row(Path::quick_view_inquiry), database.account_profiles, mail, new_id);
+    if (steps.possibly([&] { return record.MessageClass() == records::message_class::inquiry; })) {
+        file_mail(records::row(Path::quick_view_inquiry), database.account_profiles, mail, new_id);
     }
-    records::mark_mail(steps, records::row(Path::quick_view_note), mail);
+    records::mark_mail(session_, records::row(Path::quick_view_note), mail);
     session_.desktop.pointer(forms::Pointer::standard);
 }
 
-Item QuickView::make_record(Steps& steps, const Text& chosen, const Text& key, const Folder& profiles,
+Item QuickView::make_record(const Text& chosen, const Text& key, const Folder& profiles,
                             const SafeMailItem& mail) {
+    const Steps steps(session_);
     const NewRecord* const row = find_record(chosen);
     if (!row) return {};
     const records::PathRow& note = records::row(Path::quick_view_note);
@@ -90,21 +91,22 @@ Item QuickView::make_record(Steps& steps, const Text& chosen, const Text& key, c
     if (row->default_folder != 0) {
         steps.set(folder, [&] { return name_space().GetDefaultFolder(row->default_folder); });
     } else if (row->folder.empty()) {
-        folder = records::choose_folder(steps, session_.desktop, profiles, note.place);
+        folder = records::choose_folder(session_, profiles, note.place);
     } else {
         steps.set(folder, [&] { return profiles.Folders().Item(row->folder); });
     }
     Item record;
     steps.set(record, [&] { return folder.Items().Add(row->message_class); });
-    if (!row->key.empty()) records::write_property(steps, record, row->key, [&] { return Value(key); });
+    if (!row->key.empty()) records::write_property(session_, record, row->key, [&] { return Value(key); });
     if (row->message_class == records::message_class::note) {
-        records::write_property(steps, record, property::type,
+        records::write_property(session_, record, property::type,
                                 [&] { return Value(records::note_type::received); });
     }
     if (row->message_class == records::message_class::inquiry) {
-        records::write_property(steps, record, property::business_phone,
+        records::write_property(session_, record, property::business_phone,
                                 [&] { return Value(shown(u"Phone")); });
-        records::write_property(steps, record, property::business_fax, [&] { return Value(shown(u"Fax")); });
+        records::write_property(session_, record, property::business_fax,
+                                [&] { return Value(shown(u"Fax")); });
     }
     switch (row->subject) {
         case SubjectOf::mail:
@@ -123,27 +125,28 @@ Item QuickView::make_record(Steps& steps, const Text& chosen, const Text& key, c
             break;
     }
     if (row->with_mail) {
-        records::write_body(steps, note, record, mail);
-        records::attach(steps, record, mail);
+        records::write_body(session_, note, record, mail);
+        records::attach(session_, record, mail);
     }
     return record;
 }
 
-void QuickView::file_mail(Steps& steps, const records::PathRow& path, const Folder& profiles,
-                          const SafeMailItem& mail, const records::KeySource& others) {
-    const Folder folder = records::choose_folder(steps, session_.desktop, profiles, path.place);
-    const Item filed = records::make_note(steps, path, folder);
-    records::write_keys(steps, path, filed, [&](const records::Key& key) {
+void QuickView::file_mail(const records::PathRow& path, const Folder& profiles, const SafeMailItem& mail,
+                          const records::KeySource& others) {
+    const Steps steps(session_);
+    const Folder folder = records::choose_folder(session_, profiles, path.place);
+    const Item filed = records::make_note(session_, path, folder);
+    records::write_keys(session_, path, filed, [&](const records::Key& key) {
         return key.from == records::From::quick_view ? Value(shown_value(key.property)) : others(key);
     });
     for (const records::Name name : {property::account_name, property::contact_name}) {
-        records::write_property(steps, filed, name, [&] { return Value(shown_value(name)); });
+        records::write_property(session_, filed, name, [&] { return Value(shown_value(name)); });
     }
-    records::write_property(steps, filed, property::type,
+    records::write_property(session_, filed, property::type,
                             [&] { return Value(records::note_type::received); });
     steps.run([&] { filed.Subject(mail.Subject()); });
-    records::write_body(steps, path, filed, mail);
-    records::attach(steps, filed, mail);
+    records::write_body(session_, path, filed, mail);
+    records::attach(session_, filed, mail);
     if (path.ends != records::Ends::post) steps.run([&] { filed.Display(); });
     if (path.ends != records::Ends::display) steps.run([&] { filed.Post(); });
 }

@@ -37,7 +37,7 @@ const Item& as_mail(const Item& item) {
 
 void QuickView::lstItems_OLEDragDrop(int x, int y) {
     host::Desktop& desktop = session_.desktop;
-    Steps steps;
+    const Steps steps(session_);
     forms::Hit hit;
     steps.set(hit, [&] { return list().hit(x, y); });
     if (hit.row < 0) return;
@@ -49,7 +49,7 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
     steps.set(mail, [&] { return records::make_wrapper(session_.desktop); });
     steps.set(selection, [&] { return explorer.Selection(); });
     desktop.pointer(forms::Pointer::hourglass);
-    if (steps.holds(
+    if (steps.possibly(
             [&] { return list().count() == 0 || list().text(list().selected(), column::subject).empty(); })) {
         desktop.pointer(forms::Pointer::standard);
         desktop.beep();
@@ -60,14 +60,14 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
     steps.set(target,
               [&] { return name_space().GetItemFromID(list().text(list().selected(), column::entry_id)); });
     steps.run([&] { mail.Item(dropped); });
-    const host::outlook::Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
+    const host::outlook::Folder profiles = records::open_database(session_).account_profiles;
     for (const Target& row : targets) {
-        if (!steps.holds([&] { return target.MessageClass() == row.message_class; })) continue;
+        if (steps.certainly([&] { return target.MessageClass() != row.message_class; })) continue;
         steps.run([&] { caption(copying); });
-        file_mail(steps, records::row(row.path), profiles, mail, records::copied_from(target));
+        file_mail(records::row(row.path), profiles, mail, records::copied_from(target));
         desktop.sleep(time_to_see);
     }
-    records::mark_mail(steps, records::row(Path::drop_on_opportunity), mail);
+    records::mark_mail(session_, records::row(Path::drop_on_opportunity), mail);
     steps.run([&] { caption(quick_view_table().caption); });
     desktop.pointer(forms::Pointer::standard);
 }

@@ -103,13 +103,13 @@ class Run {
         : here_(state.session), state_(state), session_(state.session), row_(row), mail_(std::move(mail)) {}
 
     void go() {
-        if (steps_.holds([&] { return mail_.EntryID().empty(); })) return;
-        if (steps_.holds([&] { return mail_.Sensitivity() != host::outlook::sensitivity_normal; })) return;
+        if (steps_.possibly([&] { return mail_.EntryID().empty(); })) return;
+        if (steps_.possibly([&] { return mail_.Sensitivity() != host::outlook::sensitivity_normal; })) return;
         if (!make_objects()) return;
         steps_.run([&] { wrapper_.Item(mail_); });
         const filing::VariantRow& variant = filing::row(row_.variant);
-        const std::optional<ReadSender> sender = filing::read_sender(steps_, session_, variant, wrapper_);
-        if (!sender || filing::stops_without_to_line(steps_, variant, wrapper_, sender->addresses)) return;
+        const std::optional<ReadSender> sender = filing::read_sender(session_, variant, wrapper_);
+        if (!sender || filing::stops_without_to_line(session_, variant, wrapper_, sender->addresses)) return;
 
         steps_.set(profiles_, [&] {
             return records::open_folder(session_.desktop, main_add_in_, records::folder::account_profiles);
@@ -132,7 +132,7 @@ class Run {
     }
 
   private:
-    void give_way() { here_.give_way(steps_); }
+    void give_way() { here_.give_way(); }
     void end_search() {
         steps_.run([&] { session_.SearchForm.hide(); });
     }
@@ -160,9 +160,9 @@ class Run {
     }
 
     Item find_contact(const Text& filter) {
-        Item contact = filing::find_contact(steps_, session_, profiles_, filter);
+        Item contact = filing::find_contact(session_, profiles_, filter);
         if (contact || !row_.searches_again) return contact;
-        steps_.set(contact, [&] { return filing::contact_items(steps_, profiles_).Find(u""); });
+        steps_.set(contact, [&] { return filing::contact_items(session_, profiles_).Find(u""); });
         return contact;
     }
 
@@ -171,10 +171,11 @@ class Run {
         host::WshShell shell;
         steps_.set(shell, [&] { return host::WshShell(session_.desktop.create(host::WshShell::prog_id)); });
         steps_.run([&] { shell.CurrentDirectory(main_add_in_.GetDLLPath()); });
-        steps_.clear();
         for (const TextView program : alerts_programs) {
-            steps_.run([&] { shell.Run(Text(program) + property_text(contact, property::account_id)); });
-            if (!steps_.failed()) break;
+            const auto start = [&] {
+                shell.Run(Text(program) + property_text(contact, property::account_id));
+            };
+            if (steps_.run(start)) break;
         }
         shell.reset();
         end_search();
@@ -200,8 +201,8 @@ class Run {
                                   .name = name,
                                   .main_add_in = main_add_in_,
                                   .account_profiles = profiles_};
-        const std::optional<NewContact> made = createnote::offer_new_contact(steps_, session_, plan);
-        if (made) createnote::post_note_for_new_contact(steps_, session_, plan, *made, wrapper_);
+        const std::optional<NewContact> made = createnote::offer_new_contact(session_, plan);
+        if (made) createnote::post_note_for_new_contact(session_, plan, *made, wrapper_);
         give_way();
         end_search();
     }
@@ -216,7 +217,7 @@ class Run {
     State& state_;
     Session& session_;
     const LaunchRow& row_;
-    Steps steps_;
+    Steps steps_{session_};
     Item mail_;
     MainAddIn main_add_in_;
     SafeMailItem wrapper_;
@@ -228,8 +229,8 @@ class Run {
 void launch(State& state, const automation::Sink& goExplorer, Launch which, Value& selection) {
     const LaunchRow& row = rows[static_cast<std::size_t>(which)];
     const Presence here(state.session);
-    Steps steps;
-    if (row.in_mail_folders_only && steps.holds([&] {
+    const Steps steps(state.session);
+    if (row.in_mail_folders_only && steps.possibly([&] {
             return host::outlook::Explorer(goExplorer.source()).CurrentFolder().DefaultMessageClass() !=
                    records::message_class::mail;
         })) {
@@ -238,7 +239,7 @@ void launch(State& state, const automation::Sink& goExplorer, Launch which, Valu
     steps.set(selection, [&] { return Value(host::outlook::Selection(selection.to_object()).Item(1)); });
     Item mail;
     steps.set(mail, [&] { return Item(selection.to_object()); });
-    here.give_way(steps);
+    here.give_way();
     Run(state, row, mail).go();
 }
 

@@ -49,14 +49,14 @@ State::State(createnote::State& dialogs, searchpanel::State& panels)
 }
 
 void QuickView::on_load() {
-    Steps steps;
+    const Steps steps(session_);
     steps.run([&] { view().topmost(); });
     steps.run([&] { list().extended_style(track_select, track_select); });
     state_.SortAscending = true;
-    const records::Database database = records::open_database(steps, session_.desktop);
+    const records::Database database = records::open_database(session_);
     host::outlook::Folders folders;
     steps.set(folders, [&] { return database.account_profiles.Folders(); });
-    if (!steps.holds([&] { return folders.Count() > folders_of_old; })) return;
+    if (steps.certainly([&] { return folders.Count() <= folders_of_old; })) return;
     steps.run([&] { choice(u"cmbFolders").add(records::folder::customer_service); });
     host::outlook::Folder email;
     steps.set(email, [&] { return folders.Item(records::folder::email); });
@@ -88,7 +88,7 @@ void QuickView::on_drop(TextView name, int x, int y) {
 }
 
 void QuickView::on_column_click(TextView, int clicked) {
-    Steps steps;
+    const Steps steps(session_);
     state_.SortAscending = !state_.SortAscending;
     steps.run([&] { list().sort_key(clicked); });
     if (clicked == column::subject) {
@@ -105,7 +105,7 @@ void QuickView::on_column_click(TextView, int clicked) {
 }
 
 int QuickView::CompareDates(std::intptr_t lngParam1, std::intptr_t lngParam2) {
-    Steps steps;
+    const Steps steps(session_);
     automation::Date first, second;
     const auto read = [&](std::intptr_t parameter) {
         const Text cell = list().text(list().find(parameter), column::modified);
@@ -128,8 +128,8 @@ void QuickView::cmdSearchpanel_Click() {
 }
 
 void QuickView::CompanyName_Click() {
-    Steps steps;
-    const records::Database database = records::open_database(steps, session_.desktop);
+    const Steps steps(session_);
+    const records::Database database = records::open_database(session_);
     host::outlook::Item record;
     steps.set(record, [&] {
         return database.account_profiles.Items().Find(
@@ -139,8 +139,8 @@ void QuickView::CompanyName_Click() {
 }
 
 void QuickView::Contactname_Click() {
-    Steps steps;
-    const records::Database database = records::open_database(steps, session_.desktop);
+    const Steps steps(session_);
+    const records::Database database = records::open_database(session_);
     host::outlook::Item record;
     steps.set(record, [&] {
         return database.account_profiles.Folders()
@@ -152,7 +152,7 @@ void QuickView::Contactname_Click() {
 }
 
 void QuickView::lstItems_DblClick() {
-    Steps steps;
+    const Steps steps(session_);
     host::outlook::Item item;
     steps.set(item,
               [&] { return name_space().GetItemFromID(list().text(list().selected(), column::entry_id)); });
@@ -170,9 +170,9 @@ Text QuickView::shown_value(records::Name name) {
     return shown(value->control);
 }
 
-void QuickView::write_shown_values(Steps& steps, const host::outlook::Item& record) {
+void QuickView::write_shown_values(const host::outlook::Item& record) {
     for (const ShownValue& value : shown_values) {
-        records::write_property(steps, record, value.property,
+        records::write_property(session_, record, value.property,
                                 [&] { return automation::Value(shown(value.control)); });
     }
 }

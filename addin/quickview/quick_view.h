@@ -46,15 +46,15 @@ class QuickView final : public forms::Form {
     void lstItems_DblClick();
     void lstItems_OLEDragDrop(int x, int y);
 
-    host::outlook::Items related_items(Steps& steps, const Presence& here, const automation::Text& chosen);
-    void add_row(Steps& steps, const host::outlook::Item& item, bool by_name);
+    host::outlook::Items related_items(const Presence& here, const automation::Text& chosen);
+    void add_row(const host::outlook::Item& item, bool by_name);
 
-    host::outlook::Item make_record(Steps& steps, const automation::Text& chosen, const automation::Text& key,
+    host::outlook::Item make_record(const automation::Text& chosen, const automation::Text& key,
                                     const host::outlook::Folder& profiles,
                                     const host::family::SafeMailItem& mail);
-    void write_shown_values(Steps& steps, const host::outlook::Item& record);
+    void write_shown_values(const host::outlook::Item& record);
     /// Files a mail by one of the paths; what the window doesn't show of a key comes from `others`.
-    void file_mail(Steps& steps, const records::PathRow& path, const host::outlook::Folder& profiles,
+    void file_mail(const records::PathRow& path, const host::outlook::Folder& profiles,
                    const host::family::SafeMailItem& mail, const records::KeySource& others);
 
     host::outlook::NameSpace name_space() const;

@@ -41,10 +41,10 @@ const FolderRow& row_of(const Text& chosen) {
 }  // namespace
 
 void QuickView::cmbFolders_Click() {
-    Steps steps;
+    const Steps steps(session_);
     const Text chosen = shown(u"cmbFolders");
     const Presence here(session_, *this);  // a store may let events run while it answers
-    const Items found = related_items(steps, here, chosen);
+    const Items found = related_items(here, chosen);
     if (!here.lasts()) return;
     steps.run([&] { list().clear(); });
     std::int32_t count = 0;
@@ -52,12 +52,13 @@ void QuickView::cmbFolders_Click() {
     for (std::int32_t i = 1; i <= count && here.lasts(); ++i) {
         host::outlook::Item item;
         steps.set(item, [&] { return found.Item(i); });
-        add_row(steps, item, chosen == records::folder::opportunities);
+        add_row(item, chosen == records::folder::opportunities);
     }
 }
 
-Items QuickView::related_items(Steps& steps, const Presence& here, const Text& chosen) {
-    const host::outlook::Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
+Items QuickView::related_items(const Presence& here, const Text& chosen) {
+    const Steps steps(session_);
+    const host::outlook::Folder profiles = records::open_database(session_).account_profiles;
     // which form the store takes is found out by trying
     const auto of_contact = [&](records::FilterForm form) {
         return records::key_filter(form, records::property::contact_id, shown(u"ContactID"),
@@ -83,14 +84,13 @@ Items QuickView::related_items(Steps& steps, const Presence& here, const Text& c
     return found;
 }
 
-void QuickView::add_row(Steps& steps, const host::outlook::Item& item, bool by_name) {
+void QuickView::add_row(const host::outlook::Item& item, bool by_name) {
+    const Steps steps(session_);
     std::array<Text, column::entry_id + 1> cells;
-    bool is_known = false;
-    steps.run([&] {
+    const bool is_known = steps.run([&] {
         const Text text =
             by_name ? item.UserProperties().Item(records::property::name).value().to_text() : item.Subject();
         cells[column::subject] = records::without_leading_blanks(text);
-        is_known = true;
     });
     if (!is_known) return;  // nor is another row filled, which would then open this item
     steps.set(cells[column::modified], [&] { return session_.desktop.text_of(item.LastModificationTime()); });

@@ -12,11 +12,12 @@
 namespace addin::records {
 
 /// The picker, made by the host and set on the accounts of the database. What fails is skipped.
-host::family::ListPicker make_account_picker(Steps& steps, host::Desktop& desktop,
+host::family::ListPicker make_account_picker(const Session& session,
                                              const host::outlook::Folder& account_profiles);
 
 /// Writes one of the fields that come from an account: a user property of the contact, or a field of its own.
-void write_contact_field(Steps& steps, const host::outlook::Item& contact, const AccountToContact& row,
-                         const std::function<automation::Value()>& value);
+void write_contact_field(const Session& session, const host::outlook::Item& contact,
+                         const AccountToContact& row, const std::function<automation::Value()>& value,
+                         const SourcePlace& place = SourcePlace::current());
 
 }  // namespace addin::records

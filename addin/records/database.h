@@ -1,6 +1,7 @@
 // The way to the database's folders.
 #pragma once
 
+#include "addin/ground/session.h"
 #include "addin/ground/steps.h"
 #include "addin/host/desktop.h"
 #include "addin/host/family.h"
@@ -31,18 +32,20 @@ inline host::outlook::Folder open_folder(host::Desktop& desktop, const host::fam
 }
 
 /// The database as most routines begin with it: the sibling object, and the folder of the accounts. What
-/// can't be had is empty.
+/// can't be had is empty. `steps` are those of a routine that wants to know of failures.
 struct Database {
     host::family::MainAddIn main_add_in;
     host::outlook::Folder account_profiles;
 };
 
-inline Database open_database(Steps& steps, host::Desktop& desktop) {
+inline Database open_database(const Session& session, const Steps& steps) {
+    host::Desktop& desktop = session.desktop;
     Database database;
     steps.set(database.main_add_in, [&] { return make_main_add_in(desktop); });
     steps.set(database.account_profiles,
               [&] { return open_folder(desktop, database.main_add_in, folder::account_profiles); });
     return database;
 }
+inline Database open_database(const Session& session) { return open_database(session, Steps(session)); }
 
 }  // namespace addin::records

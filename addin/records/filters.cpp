@@ -155,10 +155,11 @@ Text TemplateFilter(Text& S, TextView filter_template) {
                                 limit);
 }
 
-Text FormatFieldValue(const Text& value, TextView field_type, host::Desktop& desktop) {
+Text FormatFieldValue(const Text& value, TextView field_type, host::Desktop& desktop,
+                      StepObserver* observer) {
     Text shown = value;
     if (value.empty()) return shown;
-    Steps steps;
+    const Steps steps(observer);
     for (const FieldFormat& format : field_formats) {
         if (format.field_type == field_type) {
             steps.set(shown, [&] { return desktop.format(value, format.named_format); });

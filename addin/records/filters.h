@@ -2,6 +2,7 @@
 // found value is shown.
 #pragma once
 
+#include "addin/ground/step_observer.h"
 #include "addin/host/desktop.h"
 #include "automation/text.h"
 
@@ -36,7 +37,7 @@ automation::Text TemplateFilter(automation::Text& S, automation::TextView filter
 /// A value as a list shows it: "Currency", "Date" and "Percent" by the regional settings, any other type as
 /// it stands. A value that can't be read as a number or date comes back as it stands.
 automation::Text FormatFieldValue(const automation::Text& value, automation::TextView field_type,
-                                  host::Desktop& desktop);
+                                  host::Desktop& desktop, StepObserver* observer = nullptr);
 
 /// A name as a list shows it.
 automation::Text without_leading_blanks(automation::TextView text);

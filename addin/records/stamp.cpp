@@ -91,13 +91,14 @@ constexpr bool keys_stand_once() {
 static_assert(keys_stand_once());
 
 /// The folder's name by the option, or the default.
-Text named_folder(host::Desktop& desktop, TextView otherwise) {
-    const Text named = Settings(desktop).option(setting::saved_email_folder);
+Text named_folder(const Session& session, TextView otherwise) {
+    const Text named = Settings(session).option(setting::saved_email_folder);
     return named.empty() ? Text(otherwise) : named;
 }
 
 template <class Mail>
-void mark(Steps& steps, const PathRow& row, const Mail& mail) {
+void mark(const Session& session, const PathRow& row, const Mail& mail) {
+    const Steps steps(session);
     steps.run([&] { mail.FlagStatus(host::outlook::flag_complete); });
     steps.run([&] { mail.FlagRequest(row.flag_request); });
     if (row.billing_information) steps.run([&] { mail.BillingInformation(auto_filed); });
@@ -110,9 +111,9 @@ std::span<const PathRow> paths() { return path_rows; }
 
 const PathRow& row(Path path) { return path_rows[static_cast<std::size_t>(path)]; }
 
-host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
-                                    const host::outlook::Folder& account_profiles, Place place,
-                                    const host::outlook::Folder& before) {
+host::outlook::Folder choose_folder(const Session& session, const host::outlook::Folder& account_profiles,
+                                    Place place, const host::outlook::Folder& before) {
+    const Steps steps(session);
     host::outlook::Folder chosen = before;
     const auto take = [&](TextView name) {
         steps.set(chosen, [&] { return account_profiles.Folders().Item(name); });
@@ -120,14 +121,14 @@ host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
     switch (place) {
         case Place::mail_folder:
         case Place::mail_folder_twice: {
-            const Text name = named_folder(desktop, folder::email);
+            const Text name = named_folder(session, folder::email);
             take(name);
             if (!chosen) take(folder::notes);
             if (place == Place::mail_folder_twice) take(name);
             break;
         }
         case Place::notes_unless_named:
-            take(named_folder(desktop, folder::notes));
+            take(named_folder(session, folder::notes));
             break;
         case Place::actions:
             steps.set(chosen, [&] {
@@ -145,72 +146,83 @@ KeySource copied_from(const host::outlook::Item& record) {
     return [&record](const Key& key) { return record.UserProperties().Item(key.property).value(); };
 }
 
-host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+host::outlook::Item make_note(const Session& session, const PathRow& row, const host::outlook::Folder& folder,
                               const host::outlook::Item& before) {
+    const Steps steps(session);
     host::outlook::Item note = before;
     steps.set(note, [&] { return folder.Items().Add(row.message_class); });
     return note;
 }
 
-void write_keys(Steps& steps, const PathRow& row, const host::outlook::Item& note, const KeySource& source) {
-    for (const Key& key : row.keys) write_property(steps, note, key.property, [&] { return source(key); });
+void write_keys(const Session& session, const PathRow& row, const host::outlook::Item& note,
+                const KeySource& source) {
+    for (const Key& key : row.keys) write_property(session, note, key.property, [&] { return source(key); });
 }
 
-void write_property(Steps& steps, const host::outlook::Item& note, Name name,
-                    const std::function<automation::Value()>& value) {
-    steps.run([&] { note.UserProperties().Item(name).value(value()); });
+void write_property(const Session& session, const host::outlook::Item& note, Name name,
+                    const std::function<automation::Value()>& value, const SourcePlace& place) {
+    const Steps steps(session);
+    steps.run([&] { note.UserProperties().Item(name).value(value()); }, place);
 }
 
-void write_activity_date(Steps& steps, const host::outlook::Item& note,
+void write_activity_date(const Session& session, const host::outlook::Item& note,
                          const host::family::SafeMailItem& mail) {
-    write_property(steps, note, property::activity_date, [&] { return mail.SentOn(); });
+    write_property(session, note, property::activity_date, [&] { return mail.SentOn(); });
 }
 
-void write_body(Steps& steps, const PathRow& row, const host::outlook::Item& note,
+void write_body(const Session& session, const PathRow& row, const host::outlook::Item& note,
                 const host::family::SafeMailItem& mail) {
+    const Steps steps(session);
     steps.run([&] { note.Body(Text(row.body_start) + mail.Body()); });
 }
 
-void attach(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail) {
+void attach(const Session& session, const host::outlook::Item& note, const host::family::SafeMailItem& mail) {
+    const Steps steps(session);
     steps.run([&] { note.Attachments().Add(mail, attachment_position); });
 }
 
-void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail) {
-    attach(steps, note, mail);
+void attach_and_post(const Session& session, const host::outlook::Item& note,
+                     const host::family::SafeMailItem& mail) {
+    const Steps steps(session);
+    attach(session, note, mail);
     steps.run([&] { note.Post(); });
 }
 
-host::outlook::Item post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+host::outlook::Item post_note(const Session& session, const PathRow& row, const host::outlook::Folder& folder,
                               const host::outlook::Item& contact, const host::family::SafeMailItem& mail,
                               const host::outlook::Item& before) {
-    host::outlook::Item note = make_note(steps, row, folder, before);
-    write_keys(steps, row, note, copied_from(contact));
-    write_property(steps, note, property::account_name, [&] { return contact.CompanyName(); });
-    write_property(steps, note, property::contact_name, [&] { return contact.FullName(); });
-    write_property(steps, note, property::type, [&] {
+    const Steps steps(session);
+    host::outlook::Item note = make_note(session, row, folder, before);
+    write_keys(session, row, note, copied_from(contact));
+    write_property(session, note, property::account_name, [&] { return contact.CompanyName(); });
+    write_property(session, note, property::contact_name, [&] { return contact.FullName(); });
+    write_property(session, note, property::type, [&] {
         return automation::Value(row.type == From::sent ? note_type::sent : note_type::received);
     });
     steps.run([&] { note.Subject(mail.Subject()); });
-    write_body(steps, row, note, mail);
-    if (row.activity_date) write_activity_date(steps, note, mail);
-    attach_and_post(steps, note, mail);
+    write_body(session, row, note, mail);
+    if (row.activity_date) write_activity_date(session, note, mail);
+    attach_and_post(session, note, mail);
     return note;
 }
 
-void mark_chosen_mail(Steps& steps, const PathRow& row, const host::outlook::Inspector& inspector,
+void mark_chosen_mail(const Session& session, const PathRow& row, const host::outlook::Inspector& inspector,
                       const host::outlook::Selection& selection) {
-    if (!steps.holds([&] { return inspector.CurrentItem().Sent(); })) return;
+    const Steps steps(session);
+    if (steps.certainly([&] { return !inspector.CurrentItem().Sent(); })) return;
     host::outlook::Item in_inspector, selected;
     steps.set(in_inspector, [&] { return inspector.CurrentItem(); });
-    mark_mail(steps, row, in_inspector);
+    mark_mail(session, row, in_inspector);
     steps.set(selected, [&] { return selection.Item(1); });
-    mark_mail(steps, row, selected);
+    mark_mail(session, row, selected);
 }
 
-void mark_mail(Steps& steps, const PathRow& row, const host::outlook::Item& mail) { mark(steps, row, mail); }
+void mark_mail(const Session& session, const PathRow& row, const host::outlook::Item& mail) {
+    mark(session, row, mail);
+}
 
-void mark_mail(Steps& steps, const PathRow& row, const host::family::SafeMailItem& mail) {
-    mark(steps, row, mail);
+void mark_mail(const Session& session, const PathRow& row, const host::family::SafeMailItem& mail) {
+    mark(session, row, mail);
 }
 
 }  // namespace addin::records

@@ -92,9 +92,8 @@ const PathRow& row(Path path);
 
 /// The folder below the anchor for a path's note. If none can be had it is the one of before, which is
 /// Nothing unless a loop has chosen one.
-host::outlook::Folder choose_folder(Steps& steps, host::Desktop& desktop,
-                                    const host::outlook::Folder& account_profiles, Place place,
-                                    const host::outlook::Folder& before = {});
+host::outlook::Folder choose_folder(const Session& session, const host::outlook::Folder& account_profiles,
+                                    Place place, const host::outlook::Folder& before = {});
 
 // The moves that a note is made of. Each fills what it fills, skips what fails, and changes nothing else.
 
@@ -104,33 +103,36 @@ using KeySource = std::function<automation::Value(const Key& key)>;
 /// Each key is copied from a record's property of its own name.
 KeySource copied_from(const host::outlook::Item& record);
 
-host::outlook::Item make_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+host::outlook::Item make_note(const Session& session, const PathRow& row, const host::outlook::Folder& folder,
                               const host::outlook::Item& before = {});
-void write_keys(Steps& steps, const PathRow& row, const host::outlook::Item& note, const KeySource& source);
-void write_property(Steps& steps, const host::outlook::Item& note, Name name,
-                    const std::function<automation::Value()>& value);
-void write_activity_date(Steps& steps, const host::outlook::Item& note,
+void write_keys(const Session& session, const PathRow& row, const host::outlook::Item& note,
+                const KeySource& source);
+void write_property(const Session& session, const host::outlook::Item& note, Name name,
+                    const std::function<automation::Value()>& value,
+                    const SourcePlace& place = SourcePlace::current());
+void write_activity_date(const Session& session, const host::outlook::Item& note,
                          const host::family::SafeMailItem& mail);
-void write_body(Steps& steps, const PathRow& row, const host::outlook::Item& note,
+void write_body(const Session& session, const PathRow& row, const host::outlook::Item& note,
                 const host::family::SafeMailItem& mail);
 /// The mail is attached through its wrapper, which stands for it.
-void attach(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
-void attach_and_post(Steps& steps, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
+void attach(const Session& session, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
+void attach_and_post(const Session& session, const host::outlook::Item& note,
+                     const host::family::SafeMailItem& mail);
 
 /// Makes, fills and posts the note of a mail that was matched with a contact. The mail is attached through
 /// its wrapper, which stands for it. Answers the note; if none can be made, the one of before is filled,
 /// which is Nothing unless a loop has made one.
-host::outlook::Item post_note(Steps& steps, const PathRow& row, const host::outlook::Folder& folder,
+host::outlook::Item post_note(const Session& session, const PathRow& row, const host::outlook::Folder& folder,
                               const host::outlook::Item& contact, const host::family::SafeMailItem& mail,
                               const host::outlook::Item& before = {});
 
 /// Marks the mail of the Create Note dialog, in the inspector and in the selection: one of them is Nothing. A
 /// mail that is being written isn't marked.
-void mark_chosen_mail(Steps& steps, const PathRow& row, const host::outlook::Inspector& inspector,
+void mark_chosen_mail(const Session& session, const PathRow& row, const host::outlook::Inspector& inspector,
                       const host::outlook::Selection& selection);
 
 /// Marks a mail as filed, on the item itself or through its wrapper.
-void mark_mail(Steps& steps, const PathRow& row, const host::outlook::Item& mail);
-void mark_mail(Steps& steps, const PathRow& row, const host::family::SafeMailItem& mail);
+void mark_mail(const Session& session, const PathRow& row, const host::outlook::Item& mail);
+void mark_mail(const Session& session, const PathRow& row, const host::family::SafeMailItem& mail);
 
 }  // namespace addin::records

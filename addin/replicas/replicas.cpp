@@ -40,7 +40,9 @@ constexpr records::Name task_properties[] = {
 class CopyUnderWay {
   public:
     CopyUnderWay(State& state, const Item& source)
-        : copies_(state.copies_under_way), entry_(copies_.insert(copies_.end(), {.source = source})) {}
+        : steps_(state.session),
+          copies_(state.copies_under_way),
+          entry_(copies_.insert(copies_.end(), {.source = source})) {}
     ~CopyUnderWay() { copies_.erase(entry_); }
     CopyUnderWay(const CopyUnderWay&) = delete;
     CopyUnderWay& operator=(const CopyUnderWay&) = delete;
@@ -54,11 +56,11 @@ class CopyUnderWay {
 
     /// A copy that was not yet saved may have no id.
     void learn_id() {
-        Steps steps;
-        steps.set(entry_->entry_id, [&] { return entry_->copy.EntryID(); });
+        steps_.set(entry_->entry_id, [&] { return entry_->copy.EntryID(); });
     }
 
   private:
+    Steps steps_;
     std::list<ReplicaCopy>& copies_;
     std::list<ReplicaCopy>::iterator entry_;
 };
@@ -72,24 +74,21 @@ Text property_text(const Item& item, records::Name name) {
 /// Whether an item may be a copy, as far as it can be told without the copy's id: nothing that they have in
 /// common is different. As long as the copy isn't at hand, its source stands for it; hosts put a word of
 /// theirs before a copy's subject.
-bool may_be_copy(const ReplicaRow& row, const ReplicaCopy& one, const Item& item, const Text& id) {
-    Steps steps;
-    const auto differ = [&](const auto& test) {
-        bool different = false;
-        steps.set(different, test);
-        return different;
-    };
+bool may_be_copy(const Session& session, const ReplicaRow& row, const ReplicaCopy& one, const Item& item,
+                 const Text& id) {
+    const Steps steps(session);
     const Item& like = one.copy ? one.copy : one.source;
     const auto property_differs = [&](records::Name name) {
-        return differ([&] { return property_text(item, name) != property_text(like, name); });
+        return steps.certainly([&] { return property_text(item, name) != property_text(like, name); });
     };
-    if (differ([&] { return !id.empty() && id == one.source.EntryID(); })) return false;  // the source itself
-    if (differ([&] { return item.MessageClass() != row.message_class; })) return false;
+    if (steps.certainly([&] { return !id.empty() && id == one.source.EntryID(); }))
+        return false;  // the source itself
+    if (steps.certainly([&] { return item.MessageClass() != row.message_class; })) return false;
     if (property_differs(row.key) || property_differs(property::account_id) ||
         property_differs(property::contact_id)) {
         return false;
     }
-    return !differ([&] { return !item.Subject().ends_with(like.Subject()); });
+    return steps.possibly([&] { return item.Subject().ends_with(like.Subject()); });
 }
 
 /// Whether an event tells of the copy that a replication under way has made, and not of the user's doing. The
@@ -99,7 +98,7 @@ bool may_be_copy(const ReplicaRow& row, const ReplicaCopy& one, const Item& item
 bool is_under_way(const State& state, const ReplicaRow& row, const Item& item) {
     const std::list<ReplicaCopy>& copies = state.copies_under_way;
     if (copies.empty()) return false;
-    Steps steps;
+    const Steps steps(state.session);
     Text id;
     steps.set(id, [&] { return item.EntryID(); });
     return std::ranges::any_of(copies, [&](const ReplicaCopy& one) {
@@ -107,7 +106,7 @@ bool is_under_way(const State& state, const ReplicaRow& row, const Item& item) {
         Text copy_id = one.entry_id;
         if (copy_id.empty() && one.copy) steps.set(copy_id, [&] { return one.copy.EntryID(); });
         if (!id.empty() && !copy_id.empty()) return id == copy_id;
-        return may_be_copy(row, one, item, id);
+        return may_be_copy(state.session, row, one, item, id);
     });
 }
 
@@ -145,7 +144,7 @@ class Replication {
     const ReplicaRow& row_;
     const Item& item_;
     TextView folder_name_;
-    Steps steps_;
+    Steps steps_{session_};
     Folder shared_;
 };
 
@@ -154,19 +153,19 @@ void Replication::run(Ending ending) {
     clean(0);
     steps_.run([&] { session_.SearchForm.show(); });
     steps_.run([&] { session_.SearchForm.window()->status(row_.status); });
-    here_.give_way(steps_);
+    here_.give_way();
     copy_to_shared_folder(ending);
     steps_.run([&] { session_.SearchForm.hide(); });
     clean(1);  // a handler that ran in one of the yields may have put its own copy there
 }
 
 bool Replication::is_linked() {
-    // both halves of a test are always asked, and one that can't be answered counts as passed
-    return steps_.holds([&] {
+    // both halves of a test are always asked, and one that can't be answered stops nothing
+    return steps_.possibly([&] {
         const bool is_of_class = item_.MessageClass() == row_.message_class;
         const bool is_elsewhere = Folder(item_.Parent()).Name() != folder_name_;
         return is_of_class && is_elsewhere;
-    }) && steps_.holds([&] {
+    }) && steps_.possibly([&] {
         const UserProperties properties = item_.UserProperties();
         const Text account = properties.Item(property::account_id).value().to_text();
         const Text contact = properties.Item(property::contact_id).value().to_text();
@@ -175,7 +174,7 @@ bool Replication::is_linked() {
 }
 
 bool Replication::open_shared_folder() {
-    const Folder account_profiles = records::open_database(steps_, session_.desktop).account_profiles;
+    const Folder account_profiles = records::open_database(session_).account_profiles;
     steps_.set(shared_, [&] { return Folder(account_profiles.Parent()).Folders().Item(folder_name_); });
     return static_cast<bool>(shared_);
 }
@@ -193,7 +192,7 @@ void Replication::clean(std::int32_t kept) {
 void Replication::delete_all_but(std::int32_t kept, const Folder& folder, const Text& key) {
     Items found;
     steps_.set(found, [&] { return folder.Items().Restrict(records::equality(row_.key, key)); });
-    if (kept > 0 && !steps_.holds([&] { return found.Count() > kept; })) return;
+    if (kept > 0 && steps_.certainly([&] { return found.Count() <= kept; })) return;
     std::int32_t last = 0, first = 1;
     steps_.set(last, [&] { return found.Count(); });
     const auto item_at = [&](std::int32_t place) {
@@ -211,9 +210,7 @@ void Replication::delete_all_but(std::int32_t kept, const Folder& folder, const 
 }
 
 bool Replication::bears(const Item& item, const Text& key) {
-    bool same = false;
-    steps_.set(same, [&] { return item.UserProperties().Find(row_.key).value().to_text() == key; });
-    return same;
+    return steps_.certainly([&] { return item.UserProperties().Find(row_.key).value().to_text() == key; });
 }
 
 void Replication::copy_to_shared_folder(Ending ending) {
@@ -222,27 +219,27 @@ void Replication::copy_to_shared_folder(Ending ending) {
     steps_.set(copy, [&] { return item_.Copy(); });
     under_way.is_made(copy);
     for (const records::Name name : row_.copied) {
-        records::write_property(steps_, copy, name,
+        records::write_property(session_, copy, name,
                                 [&] { return item_.UserProperties().Item(name).value(); });
     }
     if (ending == Ending::save_and_delete) {
         steps_.run([&] { copy.Save(); });
         under_way.learn_id();
-        here_.give_way(steps_);
+        here_.give_way();
         steps_.run([&] { copy.call(u"Delete"); });
         return;
     }
-    if (ending == Ending::yield_and_move) here_.give_way(steps_);
+    if (ending == Ending::yield_and_move) here_.give_way();
     steps_.run([&] { copy.Move(shared_); });
-    here_.give_way(steps_);
+    here_.give_way();
 }
 
 bool is_off(const Session& session, const ReplicaRow& row) {
-    return Settings(session.desktop).option(row.enabled) == option_off;
+    return Settings(session).option(row.enabled) == option_off;
 }
 
 Text folder_name(const Session& session, const ReplicaRow& row) {
-    const Text named = Settings(session.desktop).option(row.folder_option);
+    const Text named = Settings(session).option(row.folder_option);
     return named.empty() ? Text(row.default_folder) : named;
 }
 
@@ -258,13 +255,13 @@ void hold_as_inspector(const HoldInspector& hold_inspector, const Object& object
 /// last inspector, too, which it is not.
 void look_at_open_windows(const Session& session, Guards& guards, const ReplicaRow& row,
                           const HoldInspector& hold_inspector = {}) {
-    Steps steps;
+    const Steps steps(session);
     Inspectors open;
     std::int32_t count = 0;
     steps.set(open, [&] { return host::outlook::Application(session.desktop.application()).Inspectors(); });
     steps.set(count, [&] { return open.Count(); });
     for (std::int32_t i = 1; i <= count; ++i) {
-        if (!steps.holds([&] { return open.Item(i).CurrentItem().MessageClass() == row.message_class; })) {
+        if (steps.certainly([&] { return open.Item(i).CurrentItem().MessageClass() != row.message_class; })) {
             continue;
         }
         guards.*row.guard = true;

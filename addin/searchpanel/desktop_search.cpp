@@ -51,8 +51,8 @@ Text path_in_store(TextView path) {
 void PanelSearch::ask_index() {
     Text text;
     steps_.set(text, [&] { return automation::replaced(shown_.Subject(), u"'", u"''"); });
-    caption(steps_, u"StoreID", status);
-    if (!here_.give_way(steps_) || text.empty()) return;
+    caption(u"StoreID", status);
+    if (!here_.give_way() || text.empty()) return;
 
     host::search::Connection connection;
     host::search::Recordset rows;
@@ -69,35 +69,27 @@ void PanelSearch::ask_index() {
     // where the rows' end can't be seen there are none, and where the next one can't be reached no further
     // ones
     bool more = true;
-    const auto ends = [&] {
-        bool end = true;
-        steps_.set(end, [&] { return rows.at_end(); });
-        return end;
-    };
+    const auto ends = [&] { return steps_.possibly([&] { return rows.at_end(); }); };
     while (more && !gone() && !ends()) {
-        add_index_row(steps_, [&](TextView name) { return rows.Fields().Item(name).value(); });
-        more = false;
-        steps_.run([&] {
-            rows.MoveNext();
-            more = true;
-        });
+        add_index_row([&](TextView name) { return rows.Fields().Item(name).value(); });
+        more = steps_.run([&] { rows.MoveNext(); });
     }
     steps_.run([&] { rows.Close(); });
     steps_.run([&] { connection.Close(); });
 }
 
-void PanelSearch::add_index_row(Steps& steps, const std::function<Value(TextView)>& field) const {
+void PanelSearch::add_index_row(const std::function<Value(TextView)>& field) const {
     Text path;
-    steps.set(path, [&] { return field(path_field).to_text(); });
+    steps_.set(path, [&] { return field(path_field).to_text(); });
     const bool is_mail = path.starts_with(separator);
     if (is_mail && !path.starts_with(mailbox)) return;  // another store's
     Cells cells;
     cells[column::folder] = is_mail ? path_in_store(path) : Text(file_folder);
     for (const CellRow& cell : is_mail ? std::span<const CellRow>(mail_cells) : file_cells) {
-        fill(steps, cells[static_cast<std::size_t>(cell.column)],
+        fill(cells[static_cast<std::size_t>(cell.column)],
              [&] { return cell.field == path_field ? Value(path) : field(cell.field); });
     }
-    steps.run([&] { list().add(cells); });
+    steps_.run([&] { list().add(cells); });
 }
 
 }  // namespace addin::searchpanel

@@ -39,91 +39,90 @@ const Text& known(const std::optional<Text>& name) {
 }  // namespace
 
 void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
-    Steps steps;
     std::int32_t folder_count = 0;
     host::family::SafeMailItem wrapper;
-    steps.set(folder_count, [&] { return ofolders.Count(); });
+    steps_.set(folder_count, [&] { return ofolders.Count(); });
     for (std::int32_t i = 1; i <= folder_count; ++i) {
         Folder folder;
-        steps.set(folder, [&] { return ofolders.Item(i); });
+        steps_.set(folder, [&] { return ofolders.Item(i); });
         if (!folder) continue;
         std::optional<Text> name;
-        steps.set(name, [&] { return std::optional(folder.Name()); });
-        steps.run([&] { session_.SearchForm.window()->status(Text(searching) + known(name)); });
-        if (!here_.give_way(steps)) return;
+        steps_.set(name, [&] { return std::optional(folder.Name()); });
+        steps_.run([&] { session_.SearchForm.window()->status(Text(searching) + known(name)); });
+        if (!here_.give_way()) return;
         tell_of_cancel();
         if (gone()) return;
 
         Items found;
-        steps.set(found, [&] { return folder.Items().Restrict(filter); });
+        steps_.set(found, [&] { return folder.Items().Restrict(filter); });
         if (found) {
-            list_folder(steps, found, name, wrapper);
+            list_folder(found, name, wrapper);
             if (gone()) return;
         }
         Folders below;
-        steps.set(below, [&] { return folder.Folders(); });
-        if (steps.holds([&] { return below.Count() > 0; })) SearchMeRecurse(filter, below);
+        steps_.set(below, [&] { return folder.Folders(); });
+        if (steps_.possibly([&] { return below.Count() > 0; })) SearchMeRecurse(filter, below);
         if (gone()) return;
     }
 }
 
-void PanelSearch::list_folder(Steps& steps, const Items& found, const std::optional<Text>& name,
+void PanelSearch::list_folder(const Items& found, const std::optional<Text>& name,
                               host::family::SafeMailItem& wrapper) {
-    steps.run([&] {
+    steps_.run([&] {
         const Text company = control(u"CompanyName").text(), contact = control(u"Contactname").text();
         control(u"StoreID")
             .text(Text(please_wait) + company + u" " + contact + Text(in_folder) + known(name));
     });
     std::int32_t count = 0;
-    if (!steps.holds([&] {
+    if (steps_.certainly([&] {
             count = found.Count();
-            return count >= 1;
+            return count < 1;
         })) {
         return;
     }
-    steps.run([&] {
+    steps_.run([&] {
         control(u"StoreID")
             .text(Text(found_start) + automation::to_text(static_cast<long long>(count)) +
                   Text(found_middle) + known(name) + u".");
     });
-    steps.set(wrapper, [&] { return records::make_wrapper(session_.desktop); });
+    steps_.set(wrapper, [&] { return records::make_wrapper(session_.desktop); });
     std::optional<Text> shown_name;
-    steps.set(shown_name, [&] { return std::optional(records::without_leading_blanks(known(name))); });
+    steps_.set(shown_name, [&] { return std::optional(records::without_leading_blanks(known(name))); });
     int rows = 0;
     for (std::int32_t i = 1; i <= count; ++i) {
         Item item;
-        steps.set(item, [&] { return found.Item(i); });
+        steps_.set(item, [&] { return found.Item(i); });
         if (!item) continue;
-        steps.run([&] { wrapper.Item(item); });
-        add_row(steps, shown_name, item, wrapper);
+        steps_.run([&] { wrapper.Item(item); });
+        add_row(shown_name, item, wrapper);
         tell_of_cancel();
         if (gone()) return;
         if (++rows > most_rows) {
-            steps.run([&] { control(u"StoreID").text(control(u"StoreID").text() + Text(stopping)); });
+            steps_.run([&] { control(u"StoreID").text(control(u"StoreID").text() + Text(stopping)); });
             return;
         }
     }
 }
 
-void PanelSearch::fill(Steps& steps, Text& cell, const std::function<Value()>& read) const {
-    steps.set(cell, [&] { return shown_text(session_.desktop, read()); });
+void PanelSearch::fill(Text& cell, const std::function<Value()>& read) const {
+    steps_.set(cell, [&] { return shown_text(session_.desktop, read()); });
 }
 
-void PanelSearch::add_row(Steps& steps, const std::optional<Text>& folder, const Item& item,
+void PanelSearch::add_row(const std::optional<Text>& folder, const Item& item,
                           const host::family::SafeMailItem& wrapper) const {
     Cells cells;
-    steps.set(cells[column::folder], [&] { return known(folder); });
+    steps_.set(cells[column::folder], [&] { return known(folder); });
     if (!folder) return;
-    fill(steps, cells[column::subject], [&] { return item.get(u"Subject"); });
-    fill(steps, cells[column::creator], [&] { return Value(wrapper.SenderName()); });
-    if (steps.holds([&] { return item.MessageClass().starts_with(received_classes); })) {
-        fill(steps, cells[column::created], [&] { return item.get(u"ReceivedTime"); });
+    fill(cells[column::subject], [&] { return item.get(u"Subject"); });
+    fill(cells[column::creator], [&] { return Value(wrapper.SenderName()); });
+    if (steps_.possibly([&] { return item.MessageClass().starts_with(received_classes); })) {
+        fill(cells[column::created], [&] { return item.get(u"ReceivedTime"); });
     } else {
-        fill(steps, cells[column::created], [&] { return item.get(u"CreationTime"); });
+        fill(cells[column::created], [&] { return item.get(u"CreationTime"); });
     }
-    fill(steps, cells[column::modified], [&] { return item.get(u"LastModificationTime"); });
-    fill(steps, cells[column::key], [&] { return Value(item.EntryID()); });
-    steps.run([&] { list().add(cells); });
+    fill(cells[column::modified], [&] { return item.get(u"LastModificationTime"); });
+    fill(cells[column::key], [&] { return Value(item.EntryID()); });
+    steps_.run([&] { list().add(cells); });
 }
 
 void PanelSearch::tell_of_cancel() {

@@ -55,7 +55,8 @@ void open_file(ShowItems& panel) {
 }
 
 /// The index knows no entry id: the item is found again by its subject and sender.
-void open_indexed(ShowItems& panel, Steps& steps) {
+void open_indexed(ShowItems& panel) {
+    const Steps steps(panel.session());
     host::Desktop& desktop = panel.session().desktop;
     Text folder_name, subject;
     Folder folder;
@@ -94,21 +95,21 @@ void open_indexed(ShowItems& panel, Steps& steps) {
 void open_result(ShowItems& panel) {
     const Presence here(panel.session(), panel);
     host::Desktop& desktop = panel.session().desktop;
-    Steps steps;
+    const Steps steps(panel.session());
     desktop.pointer(forms::Pointer::hourglass);
-    if (steps.holds([&] { return panel.list().count() == 0 || cell(panel, column::folder).empty(); })) {
+    if (steps.possibly([&] { return panel.list().count() == 0 || cell(panel, column::folder).empty(); })) {
         desktop.pointer(forms::Pointer::standard);
         desktop.beep();
         return;
     }
     // a mail's place may hold the other sign as well, in a folder's name; its subject is never opened
-    if (steps.holds([&] {
+    if (steps.possibly([&] {
             const Text place = cell(panel, column::key);
             return place.find(in_files) != Text::npos && !place.starts_with(in_index);
         })) {
         steps.run([&] { open_file(panel); });
-    } else if (steps.holds([&] { return cell(panel, column::key).starts_with(in_index); })) {
-        open_indexed(panel, steps);
+    } else if (steps.possibly([&] { return cell(panel, column::key).starts_with(in_index); })) {
+        open_indexed(panel);
     } else {
         steps.run([&] {
             host::outlook::Application(desktop.application())

@@ -85,20 +85,18 @@ forms::Control& PanelSearch::control(ControlName name) const {
     return panel_.control(name);
 }
 
-void PanelSearch::caption(Steps& steps, ControlName name, TextView text) const {
-    steps.run([&] { control(name).text(text); });
+void PanelSearch::caption(ControlName name, TextView text) const {
+    steps_.run([&] { control(name).text(text); });
 }
 
 bool PanelSearch::run() {
     panel_.CancelLoop = false;
     open_database();
-    bool instant = false;
-    steps_.set(instant, [&] {
-        return Settings(session_.desktop).option(setting::enable_desktop_search) == option_on;
-    });
+    const bool instant = choosing_.certainly(
+        [&] { return Settings(session_).option(setting::enable_desktop_search) == option_on; });
     form_ = instant ? FilterForm::phrase : FilterForm::like;
-    if (panel_.gForms2.empty()) steps_.run([&] { panel_.LoadPanelDefinitions(); });
-    steps_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
+    if (panel_.gForms2.empty()) choosing_.run([&] { panel_.LoadPanelDefinitions(); });
+    choosing_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
 
     const Next next = state_.gSelectedEntryID.empty() ? let_choose() : take_pending_item();
     if (next == Next::list_items && !gone()) {
@@ -112,13 +110,14 @@ bool PanelSearch::run() {
 
 void PanelSearch::open_database() {
     host::Desktop& desktop = session_.desktop;
-    const records::Database database = records::open_database(steps_, desktop);
+    const records::Database database = records::open_database(session_, choosing_);
     main_add_in_ = database.main_add_in;
     profiles_ = database.account_profiles;
-    steps_.set(system_, [&] { return records::open_folder(desktop, main_add_in_, records::folder::system); });
+    choosing_.set(system_,
+                  [&] { return records::open_folder(desktop, main_add_in_, records::folder::system); });
     if (!system_) {
-        steps_.set(system_,
-                   [&] { return Folder(profiles_.Parent()).Folders().Item(records::folder::system); });
+        choosing_.set(system_,
+                      [&] { return Folder(profiles_.Parent()).Folders().Item(records::folder::system); });
     }
 }
 
@@ -153,30 +152,30 @@ PanelSearch::Next PanelSearch::take_pending_item() {
 PanelSearch::Next PanelSearch::let_choose() {
     host::Desktop& desktop = session_.desktop;
     Text path;
-    steps_.set(path, [&] { return chosen(&createnote::Target::folder_name); });
-    steps_.set(target_, [&] { return Folder(main_add_in_.ReturnFolderFromPath(path)); });
+    choosing_.set(path, [&] { return chosen(&createnote::Target::folder_name); });
+    choosing_.set(target_, [&] { return Folder(main_add_in_.ReturnFolderFromPath(path)); });
     if (!panel_.picker) {
-        steps_.set(panel_.picker, [&] {
+        choosing_.set(panel_.picker, [&] {
             return host::family::ListPicker(desktop.create(host::family::prog_id::list_picker));
         });
     }
     const host::family::ListPicker picker = panel_.picker;  // the window may end while it is shown
-    steps_.run([&] { picker.StoreID(target_.StoreID()); });
-    steps_.run([&] { picker.FolderId(target_.EntryID()); });
-    steps_.run([&] { picker.searchany(definition_, definition_, false); });
-    if (steps_.holds([&] { return picker.dialogcancel(); })) return Next::ask_index;
+    choosing_.run([&] { picker.StoreID(target_.StoreID()); });
+    choosing_.run([&] { picker.FolderId(target_.EntryID()); });
+    choosing_.run([&] { picker.searchany(definition_, definition_, false); });
+    if (choosing_.possibly([&] { return picker.dialogcancel(); })) return Next::ask_index;
     if (gone()) return Next::end;
 
     std::optional<automation::Array> rows;
-    steps_.set(rows, [&] { return std::optional(picker.slist()); });
-    if (!steps_.holds([&] { return upper_bound(rows) > 1; })) {
-        steps_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
+    choosing_.set(rows, [&] { return std::optional(picker.slist()); });
+    if (choosing_.certainly([&] { return upper_bound(rows) <= 1; })) {
+        choosing_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
         record_.reset();
-        for (const ControlName name : header_of_picked) caption(steps_, name, u"");
-        steps_.run([&] { take_record(rows.value_or(automation::Array())); });
+        for (const ControlName name : header_of_picked) caption(name, u"");
+        choosing_.run([&] { take_record(rows.value_or(automation::Array())); });
         return Next::list_items;
     }
-    if (steps_.failed()) {
+    if (failed_) {
         desktop.message_box(nothing_chosen, product_title, host::box::information);
         return Next::end;
     }
@@ -184,7 +183,7 @@ PanelSearch::Next PanelSearch::let_choose() {
         host::box::answer_yes) {
         return Next::end;
     }
-    if (!gone()) steps_.run([&] { take_record(rows.value_or(automation::Array())); });
+    if (!gone()) choosing_.run([&] { take_record(rows.value_or(automation::Array())); });
     return Next::list_items;
 }
 
@@ -205,8 +204,8 @@ void PanelSearch::show_record() {
     } else {
         show_contact(key);
     }
-    caption(steps_, u"EntryID", u"");
-    caption(steps_, u"StoreID", u"");
+    caption(u"EntryID", u"");
+    caption(u"StoreID", u"");
 }
 
 void PanelSearch::show_contact(const Text& key) {
@@ -236,8 +235,8 @@ void PanelSearch::show_account() {
         steps_.run([&] { control(row.control).text(value_of(shown_, row)); });
     }
     steps_.set(company_, [&] { return property_of(shown_, property::account_name); });
-    caption(steps_, u"Contactname", u"");
-    caption(steps_, u"ContactID", u"");
+    caption(u"Contactname", u"");
+    caption(u"ContactID", u"");
 }
 
 // The results
@@ -258,7 +257,7 @@ void PanelSearch::list_items() {
             records::key_filter(form_, property::account_location, id, company_));
     });
     std::int32_t count = 0;
-    if (found && steps_.holds([&] {
+    if (found && steps_.possibly([&] {
             count = found.Count();
             return count >= 1;
         })) {
@@ -271,7 +270,7 @@ void PanelSearch::list_items() {
             steps_.set(item, [&] { return found.Item(i); });
             if (!item) continue;
             steps_.run([&] { wrapper.Item(item); });
-            add_row(steps_, folder, item, wrapper);
+            add_row(folder, item, wrapper);
         }
     }
     host::outlook::Folders top;
@@ -280,8 +279,8 @@ void PanelSearch::list_items() {
 }
 
 void PanelSearch::end() {
-    caption(steps_, u"EntryID", u"");
-    caption(steps_, u"StoreID", u"");
+    caption(u"EntryID", u"");
+    caption(u"StoreID", u"");
     steps_.run([&] { session_.SearchForm.hide(); });
     panel_.picker.reset();
     // the next opening of the default panel makes another one; this one stays as long as it is open

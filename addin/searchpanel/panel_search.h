@@ -28,7 +28,7 @@ class PanelSearch {
     /// A control of the window that the search began in. Throws `Failure` when that has gone.
     forms::Control& control(ControlName name) const;
     forms::List& list() const { return control(u"lstItems").list(); }
-    void caption(Steps& steps, ControlName control, automation::TextView text) const;
+    void caption(ControlName control, automation::TextView text) const;
 
     void open_database();
     Next take_pending_item();
@@ -44,26 +44,27 @@ class PanelSearch {
     /// Lists what matches a filter in each folder of a collection and below.
     void SearchMeRecurse(const automation::Text& filter, const host::outlook::Folders& ofolders);
     /// `wrapper` is the one of the folder before, where none can be made.
-    void list_folder(Steps& steps, const host::outlook::Items& found,
-                     const std::optional<automation::Text>& name, host::family::SafeMailItem& wrapper);
+    void list_folder(const host::outlook::Items& found, const std::optional<automation::Text>& name,
+                     host::family::SafeMailItem& wrapper);
     /// One found item as a row; none without the name of its folder.
-    void add_row(Steps& steps, const std::optional<automation::Text>& folder, const host::outlook::Item& item,
+    void add_row(const std::optional<automation::Text>& folder, const host::outlook::Item& item,
                  const host::family::SafeMailItem& wrapper) const;
     /// The texts of a row; a cell that can't be read stays empty.
     using Cells = std::array<automation::Text, column::key + 1>;
-    void fill(Steps& steps, automation::Text& cell, const std::function<automation::Value()>& read) const;
+    void fill(automation::Text& cell, const std::function<automation::Value()>& read) const;
     void tell_of_cancel();
 
     void ask_index();
-    void add_index_row(Steps& steps,
-                       const std::function<automation::Value(automation::TextView)>& field) const;
+    void add_index_row(const std::function<automation::Value(automation::TextView)>& field) const;
 
     Presence here_;  ///< goes last
     ShowItems& panel_;
     Session& session_;
     State& state_;
 
-    Steps steps_;
+    Steps steps_{session_};
+    bool failed_ = false;                ///< a step of `choosing_` has: what was chosen isn't to be relied on
+    Steps choosing_{session_, failed_};  ///< up to the choice
     FilterForm form_ = FilterForm::like;
     host::family::MainAddIn main_add_in_;
     host::outlook::Folder profiles_, system_;

@@ -9,7 +9,7 @@ namespace addin::searchpanel {
 namespace {
 
 void select_item(State& state, const host::outlook::Item& item) {
-    Steps steps;
+    const Steps steps(state.session);
     if (!item) {
         state.gSelectedEntryID.clear();
         state.gSelectedStoreID.clear();
@@ -36,19 +36,19 @@ void ShowItemsMenu(State& state, const host::outlook::Item& Myitem) {
 }
 
 void ShowItemsMenu2(State& state, const host::outlook::Item& Myitem) {
-    Steps steps;
+    const Steps steps(state.session);
     select_item(state, Myitem);
     steps.run([&] { state.gPanelMenu2.show(); });
 }
 
 void open_new_panel(State& state) {
-    Steps steps;
+    const Steps steps(state.session);
     steps.run([&] { state.gPanelMenu.unload(); });
     steps.run([&] { state.gPanelMenu.show(); });
 }
 
 void close_panels(State& state) {
-    Steps steps;
+    const Steps steps(state.session);
     for (forms::WindowPlace<>* place : {&state.search_panel, &state.gPanelMenu, &state.gPanelMenu2}) {
         steps.run([&] { place->hide(); });
         steps.run([&] { place->unload(); });

@@ -35,9 +35,9 @@ int rounded(double twips) { return static_cast<int>(std::lround(twips)); }
 
 void ShowItems::on_load() {
     state_.loaded_panels.push_back(shared_from_this());
-    Steps steps;
+    const Steps steps(session_);
     steps.run([&] { ArrangeList(); });
-    const records::Database database = records::open_database(steps, session_.desktop);
+    const records::Database database = records::open_database(session_);
     sobj = database.main_add_in;
     Hostfolder = database.account_profiles;
     steps.run([&] { LoadPanelDefinitions(); });
@@ -116,8 +116,8 @@ void ShowItems::on_double_click(TextView) { open_result(*this); }
 bool ShowItems::search() { return PanelSearch(*this).run(); }
 
 void ShowItems::OpenCompany() {
-    Steps steps;
-    const Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
+    const Steps steps(session_);
+    const Folder profiles = records::open_database(session_).account_profiles;
     host::outlook::Items found;
     steps.set(found, [&] {
         return profiles.Items().Restrict(
@@ -127,8 +127,8 @@ void ShowItems::OpenCompany() {
 }
 
 void ShowItems::OpenContact() {
-    Steps steps;
-    const Folder profiles = records::open_database(steps, session_.desktop).account_profiles;
+    const Steps steps(session_);
+    const Folder profiles = records::open_database(session_).account_profiles;
     Item found;
     steps.set(found, [&] {
         return profiles.Folders()

@@ -34,8 +34,9 @@ constexpr TemplateList email_templates{true, {}};
 constexpr TemplateList document_templates{true, u"Document"};
 constexpr TemplateList excel_templates{false, u"Spreadsheet"};
 
-void show_list(host::Desktop& desktop, const TemplateList& list) {
-    Steps steps;
+void show_list(Session& session, const TemplateList& list) {
+    host::Desktop& desktop = session.desktop;
+    const Steps steps(session);
     MainAddIn main_add_in;
     steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
     if (list.for_item) steps.run([&] { main_add_in.messageid(shown_item(desktop).EntryID()); });
@@ -50,16 +51,16 @@ void show_list(host::Desktop& desktop, const TemplateList& list) {
 
 }  // namespace
 
-void show_email_templates(Session& session) { show_list(session.desktop, email_templates); }
-void show_document_templates(Session& session) { show_list(session.desktop, document_templates); }
-void show_excel_templates(Session& session) { show_list(session.desktop, excel_templates); }
+void show_email_templates(Session& session) { show_list(session, email_templates); }
+void show_document_templates(Session& session) { show_list(session, document_templates); }
+void show_excel_templates(Session& session) { show_list(session, excel_templates); }
 
 void save_as_template(Session& session) {
     host::Desktop& desktop = session.desktop;
     const Presence here(session);
     if (!asks(desktop, template_question)) return;
-    Steps steps;
-    const Folder profiles = records::open_database(steps, desktop).account_profiles;
+    const Steps steps(session);
+    const Folder profiles = records::open_database(session).account_profiles;
     const auto drop_downs = [&] { return profiles.Folders().Item(records::folder::drop_downs); };
     Item item, copy;
     Text subject;
@@ -69,7 +70,7 @@ void save_as_template(Session& session) {
     steps.run([&] { copy.MessageClass(records::message_class::drop_down); });
     steps.run([&] { copy.Save(); });
     steps.run([&] { copy.Move(drop_downs()); });
-    here.give_way(steps);
+    here.give_way();
 
     // the record is looked for: it is another object than the copy that was moved
     item.reset();
@@ -78,10 +79,8 @@ void save_as_template(Session& session) {
         return items.Find(records::equality(u"Subject", subject));
     });
     // the subject is foreign text: as a part of a filter it may find a record of another one
-    bool found = false;
-    steps.set(found, [&] { return item.Subject() == subject; });
-    if (found) {
-        records::write_property(steps, item, records::property::record_type,
+    if (steps.certainly([&] { return item.Subject() == subject; })) {
+        records::write_property(session, item, records::property::record_type,
                                 [] { return Value(records::record_type::email_template); });
         steps.run([&] { item.Save(); });
     }

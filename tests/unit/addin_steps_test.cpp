@@ -1,72 +1,153 @@
-// The failure mode of nearly every routine.
+// The failure mode of nearly every routine, and who is told of it.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <set>
 #include <stdexcept>
 
+#include "addin/filing/received_mail.h"
 #include "addin/ground/steps.h"
+#include "tests/native/native_world.h"
 
 namespace addin_tests {
 namespace {
 
+using addin::SourcePlace;
 using addin::Steps;
 using automation::Failure;
+namespace result = automation::result;
 
-[[noreturn]] int fails(std::int32_t number = automation::result::fail) { throw Failure(number); }
+[[noreturn]] int fails(std::int32_t number = result::fail) { throw Failure(number); }
+[[noreturn]] bool is_unanswered() { throw Failure(result::not_found); }
 
-TEST(Steps, SkipAStatementThatFailsAndRemember) {
-    Steps steps;
+/// Steps that nobody observes.
+Steps unobserved() { return Steps(nullptr); }
+
+TEST(Steps, SkipAStatementThatFailsAndTellIt) {
+    const Steps steps = unobserved();
     int done = 0;
-    steps.run([&] { ++done; });
-    EXPECT_FALSE(steps.failed());
-    steps.run([&] {
+    EXPECT_TRUE(steps.run([&] { ++done; }));
+    EXPECT_FALSE(steps.run([&] {
         fails();
         ++done;
-    });
-    steps.run([&] { ++done; });
+    }));
+    EXPECT_TRUE(steps.run([&] { ++done; })) << "each statement answers for itself";
     EXPECT_EQ(done, 2);
-    EXPECT_TRUE(steps.failed()) << "a later success does not clear it";
 }
 
 TEST(Steps, LeaveATargetAsItWasIfItsValueFails) {
-    Steps steps;
+    const Steps steps = unobserved();
     int target = 7;
-    steps.set(target, [] { return fails(); });
+    EXPECT_FALSE(steps.set(target, [] { return fails(); }));
     EXPECT_EQ(target, 7);
-    EXPECT_TRUE(steps.failed());
-    steps.set(target, [] { return 8; });
+    EXPECT_TRUE(steps.set(target, [] { return 8; }));
     EXPECT_EQ(target, 8);
 }
 
-TEST(Steps, TakeATestThatFailsAsPassed) {
-    Steps steps;
-    EXPECT_TRUE(steps.holds([] { return true; }));
-    EXPECT_FALSE(steps.holds([] { return false; }));
-    EXPECT_FALSE(steps.failed());
-    EXPECT_TRUE(steps.holds([]() -> bool { fails(); }));
-    EXPECT_TRUE(steps.failed());
-}
-
-TEST(Steps, ForgetWhenTheyAreTold) {
-    Steps steps;
-    steps.run([] { fails(automation::result::file_not_found); });
-    ASSERT_TRUE(steps.failed());
-    steps.clear();
-    EXPECT_FALSE(steps.failed());
+TEST(Steps, SayByATestsNameWhatItMeansUnanswered) {
+    const Steps steps = unobserved();
+    const auto yes = [] { return true; };
+    const auto no = [] { return false; };
+    EXPECT_TRUE(steps.possibly(yes));
+    EXPECT_TRUE(steps.certainly(yes));
+    EXPECT_FALSE(steps.possibly(no));
+    EXPECT_FALSE(steps.certainly(no));
+    EXPECT_TRUE(steps.possibly(is_unanswered));
+    EXPECT_FALSE(steps.certainly(is_unanswered));
 }
 
 TEST(Steps, LetPassWhatIsNoFailureOfACall) {
-    Steps steps;
+    const Steps steps = unobserved();
     EXPECT_THROW(steps.run([] { throw std::logic_error("our own mistake"); }), std::logic_error);
+    EXPECT_THROW((void)steps.possibly([]() -> bool { throw std::logic_error("our own mistake"); }),
+                 std::logic_error);
 }
 
-TEST(Steps, AreEachRoutinesOwn) {
-    Steps outer;
-    outer.run([] {
-        Steps inner;
-        inner.run([] { fails(); });
-        EXPECT_TRUE(inner.failed());
-    });
-    EXPECT_FALSE(outer.failed());
+class WatchedSteps : public ::testing::Test {
+  protected:
+    /// Writes down what it is told.
+    class Notes : public addin::StepObserver {
+      public:
+        void skipped(const SourcePlace& place, const Failure& failure) noexcept override {
+            add(place, "skipped", &failure);
+        }
+        void decided(const SourcePlace& place, bool answer, const Failure* unanswered) noexcept override {
+            add(place, answer ? "yes" : "no", unanswered);
+        }
+        std::vector<std::string> texts;
+        std::vector<SourcePlace> places;
+
+      private:
+        void add(const SourcePlace& place, std::string text, const Failure* failure) {
+            if (failure) text += " " + std::string(failure->what());
+            texts.push_back(std::move(text));
+            places.push_back(place);
+        }
+    };
+
+    native::NativeWorld world_{acceptance::WorldSetup{}};
+    addin::Session& session_ = world_.add_in()->session();
+    Notes notes_;
+};
+
+TEST_F(WatchedSteps, TellTheObserverOfWhatWasSkippedAndOfEachTest) {
+    session_.step_observer = &notes_;
+    const Steps steps(session_);
+    int target = 0;
+    const auto no_folder = [] { throw Failure(result::not_found, u"no folder"); };
+    steps.run([] {});
+    steps.run(no_folder);
+    steps.set(target, [] { return 1; });
+    steps.set(target, []() -> int { throw Failure(result::not_found, u"no number"); });
+    EXPECT_TRUE(steps.possibly([] { return true; }));
+    EXPECT_FALSE(steps.certainly([] { return false; }));
+    EXPECT_TRUE(steps.possibly([]() -> bool { throw Failure(result::fail, u"no word"); }));
+    EXPECT_FALSE(steps.certainly([]() -> bool { throw Failure(result::fail, u"no sign"); }));
+    EXPECT_EQ(notes_.texts, (std::vector<std::string>{"skipped no folder", "skipped no number", "yes", "no",
+                                                      "yes no word", "no no sign"}));
+    session_.step_observer = nullptr;
+    Steps(session_).run(no_folder);
+    EXPECT_EQ(notes_.texts.size(), 6U) << "nobody observes any more";
+}
+
+TEST_F(WatchedSteps, NameThePlaceOfEachStepInTheRoutine) {
+    session_.step_observer = &notes_;
+    const Steps steps(session_);
+    const SourcePlace here = SourcePlace::current();
+    steps.run([] { fails(); });
+    (void)steps.possibly([] { return true; });
+    ASSERT_EQ(notes_.places.size(), 2U);
+    EXPECT_STREQ(notes_.places[0].file_name(), here.file_name());
+    EXPECT_STREQ(notes_.places[0].function_name(), here.function_name());
+    EXPECT_EQ(notes_.places[0].line(), here.line() + 1);
+    EXPECT_EQ(notes_.places[1].line(), here.line() + 2);
+}
+
+TEST_F(WatchedSteps, AreThoseOfARoomAndOfWhatItCalls) {
+    session_.step_observer = &notes_;
+    addin::filing::goInbox_ItemChange(session_, host::outlook::Item());  // of nothing, nothing can be read
+    std::set<std::string> files;
+    for (const SourcePlace& place : notes_.places) {
+        files.insert(std::filesystem::path(place.file_name()).filename().string());
+    }
+    EXPECT_EQ(files, (std::set<std::string>{"received_mail.cpp", "address_resolution.cpp"}));
+}
+
+TEST_F(WatchedSteps, RememberAFailureForARoutineThatWantsToKnow) {
+    bool failed = false;
+    const Steps counted(session_, failed);
+    counted.run([] {});
+    EXPECT_FALSE(failed);
+    Steps(session_).run([] { fails(); });
+    EXPECT_FALSE(failed) << "those of another routine";
+    counted.run([] { fails(); });
+    counted.run([] {});
+    EXPECT_TRUE(failed) << "a later success changes nothing";
+    for (const bool certainly : {false, true}) {
+        failed = false;
+        (void)(certainly ? counted.certainly(is_unanswered) : counted.possibly(is_unanswered));
+        EXPECT_TRUE(failed) << "a test is a step";
+    }
 }
 
 }  // namespace
