@@ -36,6 +36,7 @@ std::vector<std::string> fuzz::seeds() {
     constexpr std::size_t small = 2000;  // bytes; what they do at their full size, a test of its own shows
     for (const HostileMail& each : hostile_mails) mails.push_back(each.of_size(small));
     mails.push_back(mail_of_pictures(small / 2, 20));
+    mails.push_back(mail_of_ends(small, small / 8));
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::directory_iterator(TARNWELL_DATA_FOLDER "/sample/mails")) {
         files.push_back(entry.path());

@@ -6,6 +6,7 @@
 #include <ctime>
 #include <functional>
 
+#include "desk/tools/mail/html_text.h"
 #include "fuzz/hostile_mails.h"
 #include "mail_support.h"
 
@@ -57,6 +58,16 @@ TEST(HostileMails, MayHaveALongBodyAndThousandsOfPictures) {
     const double of_the_whole =
         work([&] { mail = desk::mail::read_message(fuzz::mail_of_pictures(8'000'000, 9000)); });
     EXPECT_EQ(mail.attachments.size(), 9000U);
+    EXPECT_PRED2(grows_with_the_size_alone, of_an_eighth, of_the_whole);
+}
+
+TEST(HostileMails, MayHaveADeepPageAndEndsOfWhatWasNeverBegun) {
+    constexpr std::size_t depth = desk::mail::most_nested_elements - 10;
+    std::string answer;
+    const double of_an_eighth = work([&] { answer = answer_to(fuzz::mail_of_ends(size / 8, depth)); });
+    EXPECT_EQ(answer, "");
+    const double of_the_whole = work([&] { answer = answer_to(fuzz::mail_of_ends(size, depth)); });
+    EXPECT_EQ(answer, "");
     EXPECT_PRED2(grows_with_the_size_alone, of_an_eighth, of_the_whole);
 }
 

@@ -31,6 +31,19 @@ const HtmlCase html_cases[] = {
     {u"1 < 2 and <3", u"1 < 2 and <3"},
     {u"seen<p", u"seen"},
     {u"<title>Page</title><h1>Head</h1>text", u"Head\r\n\r\ntext"},
+    {u"&alpha;&Scaron;&nbsp;x", u"\u03B1\u0160 x"},
+    {u"<p>one<p>two", u"one\r\n\r\ntwo"},
+    {u"<div>one</div>two", u"one\r\ntwo"},
+    {u"<a href=http://x.example>the plan</a>", u"the plan <http://x.example>"},
+    {u"<!DOCTYPE html><html><head><title>x</title><meta charset=iso-8859-1></head><body>\u00E4</body></html>",
+     u"\u00E4"},
+    {u"<table><tr><td>a<td>b<tr><td>c</table>d", u"a\tb\r\nc\r\nd"},
+    {u"<body>one</body></html>two", u"one\r\n\r\ntwo"},
+    {u"<![if !mso]>one<![endif]> <!--[if mso]>two<![endif]--><o:p>three</o:p>", u"one three"},
+    {u"<?xml:namespace prefix = o />seen", u"seen"},
+    {u"<a title=\"x>\" href=\"http://x.example\"><b>http://x</b>.example</a>", u"http://x.example"},
+    {u"<noscript>unseen<p>unseen</p></noscript>seen", u"seen"},
+    {u"a\u0001b", u"a\uFFFDb"},
 };
 
 TEST(HtmlText, ReadsAsAPersonWouldReadThePage) {

@@ -4,7 +4,6 @@
 #include <random>
 
 #include "automation/object.h"
-#include "desk/mail/base64.h"
 #include "desk/mail/item_json.h"
 #include "desk/mail/message.h"
 #include "mail_support.h"
@@ -125,16 +124,6 @@ TEST(MailJson, TakesAnyDamageForAnItemOrASentence) {
         } catch (const automation::Failure& failure) {
             EXPECT_GT(std::string(failure.what()).size(), 10U);
         }
-    }
-}
-
-TEST(Base64, BringsBytesBackAndRefusesOtherText) {
-    for (const std::string bytes : {"", "a", "ab", "abc", "abcd", "\xFF\xFE\xFD"}) {
-        EXPECT_EQ(desk::mail::from_base64(desk::mail::to_base64(bytes)), bytes);
-    }
-    EXPECT_EQ(desk::mail::to_base64("Hallo"), "SGFsbG8=");
-    for (const char* text : {"a", "ab", "abc", "a===", "ab=c", "ab c", "ab\n=", "===="}) {
-        EXPECT_FALSE(desk::mail::from_base64(text)) << text;
     }
 }
 

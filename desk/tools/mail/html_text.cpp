@@ -1,11 +1,17 @@
 #include "desk/tools/mail/html_text.h"
 
+#include <libxml/HTMLparser.h>
+
 #include <algorithm>
 #include <array>
-#include <cstdint>
+#include <memory>
+#include <new>
 #include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
+
+#include "desk/mail/item_json.h"
 
 namespace desk::mail {
 namespace {
@@ -16,63 +22,32 @@ using automation::TextView;
 constexpr bool is_blank(char16_t c) {
     return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n' || c == u'\f';
 }
-constexpr bool is_letter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
-constexpr bool is_digit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
-struct Entity {
-    TextView name;
-    char16_t unit;
-};
-constexpr std::array<Entity, 68> entities = {{
-    {u"amp", u'&'},      {u"lt", u'<'},       {u"gt", u'>'},       {u"quot", u'"'},     {u"apos", u'\''},
-    {u"nbsp", u' '},     {u"copy", 0x00A9},   {u"reg", 0x00AE},    {u"deg", 0x00B0},    {u"sect", 0x00A7},
-    {u"middot", 0x00B7}, {u"laquo", 0x00AB},  {u"raquo", 0x00BB},  {u"pound", 0x00A3},  {u"euro", 0x20AC},
-    {u"trade", 0x2122},  {u"bull", 0x2022},   {u"hellip", 0x2026}, {u"ndash", 0x2013},  {u"mdash", 0x2014},
-    {u"lsquo", 0x2018},  {u"rsquo", 0x2019},  {u"ldquo", 0x201C},  {u"rdquo", 0x201D},  {u"bdquo", 0x201E},
-    {u"times", 0x00D7},  {u"frac12", 0x00BD}, {u"plusmn", 0x00B1}, {u"Auml", 0x00C4},   {u"Ouml", 0x00D6},
-    {u"Uuml", 0x00DC},   {u"auml", 0x00E4},   {u"ouml", 0x00F6},   {u"uuml", 0x00FC},   {u"szlig", 0x00DF},
-    {u"Agrave", 0x00C0}, {u"Aacute", 0x00C1}, {u"Acirc", 0x00C2},  {u"Aring", 0x00C5},  {u"AElig", 0x00C6},
-    {u"Ccedil", 0x00C7}, {u"Eacute", 0x00C9}, {u"Egrave", 0x00C8}, {u"Ntilde", 0x00D1}, {u"Oslash", 0x00D8},
-    {u"agrave", 0x00E0}, {u"aacute", 0x00E1}, {u"acirc", 0x00E2},  {u"aring", 0x00E5},  {u"aelig", 0x00E6},
-    {u"ccedil", 0x00E7}, {u"egrave", 0x00E8}, {u"eacute", 0x00E9}, {u"ecirc", 0x00EA},  {u"euml", 0x00EB},
-    {u"igrave", 0x00EC}, {u"iacute", 0x00ED}, {u"icirc", 0x00EE},  {u"iuml", 0x00EF},   {u"ntilde", 0x00F1},
-    {u"ograve", 0x00F2}, {u"oacute", 0x00F3}, {u"ocirc", 0x00F4},  {u"oslash", 0x00F8}, {u"ugrave", 0x00F9},
-    {u"uacute", 0x00FA}, {u"ucirc", 0x00FB},  {u"otilde", 0x00F5},
-}};
+constexpr bool is_letter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
 
 /// What an element does to the lines around it.
 enum class Layout { block, paragraph, line_break, entry, cell, link, verbatim, hidden };
 struct Element {
-    TextView name;
+    std::string_view name;
     Layout layout;
 };
 constexpr std::array<Element, 33> elements = {{
-    {u"div", Layout::block},        {u"tr", Layout::block},        {u"table", Layout::block},
-    {u"ul", Layout::block},         {u"ol", Layout::block},        {u"dl", Layout::block},
-    {u"dt", Layout::block},         {u"dd", Layout::block},        {u"hr", Layout::block},
-    {u"blockquote", Layout::block}, {u"section", Layout::block},   {u"article", Layout::block},
-    {u"header", Layout::block},     {u"footer", Layout::block},    {u"center", Layout::block},
-    {u"p", Layout::paragraph},      {u"h1", Layout::paragraph},    {u"h2", Layout::paragraph},
-    {u"h3", Layout::paragraph},     {u"h4", Layout::paragraph},    {u"h5", Layout::paragraph},
-    {u"h6", Layout::paragraph},     {u"br", Layout::line_break},   {u"li", Layout::entry},
-    {u"td", Layout::cell},          {u"th", Layout::cell},         {u"a", Layout::link},
-    {u"pre", Layout::verbatim},     {u"script", Layout::hidden},   {u"style", Layout::hidden},
-    {u"title", Layout::hidden},     {u"noscript", Layout::hidden}, {u"template", Layout::hidden},
+    {"div", Layout::block},        {"tr", Layout::block},        {"table", Layout::block},
+    {"ul", Layout::block},         {"ol", Layout::block},        {"dl", Layout::block},
+    {"dt", Layout::block},         {"dd", Layout::block},        {"hr", Layout::block},
+    {"blockquote", Layout::block}, {"section", Layout::block},   {"article", Layout::block},
+    {"header", Layout::block},     {"footer", Layout::block},    {"center", Layout::block},
+    {"p", Layout::paragraph},      {"h1", Layout::paragraph},    {"h2", Layout::paragraph},
+    {"h3", Layout::paragraph},     {"h4", Layout::paragraph},    {"h5", Layout::paragraph},
+    {"h6", Layout::paragraph},     {"br", Layout::line_break},   {"li", Layout::entry},
+    {"td", Layout::cell},          {"th", Layout::cell},         {"a", Layout::link},
+    {"pre", Layout::verbatim},     {"script", Layout::hidden},   {"style", Layout::hidden},
+    {"title", Layout::hidden},     {"noscript", Layout::hidden}, {"template", Layout::hidden},
 }};
 
-std::optional<Layout> layout_of(TextView name) {
-    const auto found = std::ranges::find_if(
-        elements, [&](const Element& element) { return automation::same_ignoring_case(element.name, name); });
+std::optional<Layout> layout_of(const xmlChar* name) {
+    const auto found = std::ranges::find(elements, reinterpret_cast<const char*>(name), &Element::name);
     return found == elements.end() ? std::nullopt : std::optional(found->layout);
-}
-
-void append_code_point(Text& text, std::uint32_t code) {
-    if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) code = 0xFFFD;
-    if (code >= 0x10000) {
-        text += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
-        code = 0xDC00 + ((code - 0x10000) & 0x3FF);
-    }
-    text += static_cast<char16_t>(code);
 }
 
 /// Whether a text holds some words; in time that grows with both alone, which `find` does not promise.
@@ -140,68 +115,20 @@ class Lines {
     bool tab_ = false;
 };
 
-class Reader {
+/// What the parser finds, as it finds it: no tree is made, which a page could make too deep to walk.
+class Page {
   public:
-    explicit Reader(TextView html) : html_(html) {}
+    explicit Page(htmlParserCtxt& parser) : parser_(parser) {}
 
-    Text run() {
-        while (at_ < html_.size()) {
-            if (html_[at_] == u'<' && starts_tag()) {
-                read_tag();
-            } else {
-                read_words();
-            }
+    void start(const xmlChar* name, const xmlChar** attributes) {
+        if (++depth_ > most_nested_elements) {
+            too_deep_ = true;
+            return xmlStopParser(&parser_);
         }
-        return lines_.take();
-    }
-
-  private:
-    bool starts_tag() const {
-        const char16_t next = at_ + 1 < html_.size() ? html_[at_ + 1] : u' ';
-        return is_letter(next) || next == u'/' || next == u'!' || next == u'?';
-    }
-
-    void read_words() {
-        const std::size_t end = std::min(html_.find(u'<', at_ + 1), html_.size());
-        lines_.add(decoded(html_.substr(at_, end - at_)), verbatim_);
-        at_ = end;
-    }
-
-    void read_tag() {
-        if (html_.substr(at_).starts_with(u"<!--")) {
-            const std::size_t end = html_.find(u"-->", at_ + 4);
-            at_ = end == TextView::npos ? html_.size() : end + 3;
-            return;
-        }
-        const std::size_t end = tag_end();
-        TextView tag = html_.substr(at_ + 1, end - at_ - 1);
-        at_ = std::min(end + 1, html_.size());
-        const bool closing = tag.starts_with(u'/');
-        if (closing) tag.remove_prefix(1);
-        const auto name_end =
-            std::ranges::find_if(tag, [](char16_t c) { return !is_letter(c) && !is_digit(c); });
-        const TextView name = tag.substr(0, static_cast<std::size_t>(name_end - tag.begin()));
-        if (const auto layout = layout_of(name)) apply(*layout, closing, tag.substr(name.size()), name);
-    }
-
-    /// The place of the tag's `>`; one inside a quoted attribute does not count.
-    std::size_t tag_end() const {
-        char16_t quote = 0;
-        for (std::size_t i = at_ + 1; i < html_.size(); ++i) {
-            const char16_t c = html_[i];
-            if (quote) {
-                if (c == quote) quote = 0;
-            } else if (c == u'>') {
-                return i;
-            } else if ((c == u'"' || c == u'\'') && html_[i - 1] == u'=') {
-                quote = c;
-            }
-        }
-        return html_.size();
-    }
-
-    void apply(Layout layout, bool closing, TextView attributes, TextView name) {
-        switch (layout) {
+        const auto layout = layout_of(name);
+        if (layout == Layout::hidden) ++hidden_;
+        if (!layout || hidden_ > 0) return;
+        switch (*layout) {
             case Layout::block:
                 return lines_.end_line(1);
             case Layout::paragraph:
@@ -210,115 +137,153 @@ class Reader {
                 return lines_.break_line();
             case Layout::entry:
                 lines_.end_line(1);
-                if (!closing) lines_.add(u"* ", false);
-                return;
-            case Layout::cell:
-                if (closing) lines_.tab();
-                return;
+                return lines_.add(u"* ", false);
             case Layout::link:
-                return closing ? close_link() : open_link(attributes);
+                link_ = address(attributes);
+                return link_words_.clear();
             case Layout::verbatim:
-                lines_.end_line(1);
-                verbatim_ = !closing;
-                return;
+                ++verbatim_;
+                return lines_.end_line(1);
+            case Layout::cell:
             case Layout::hidden:
-                if (!closing) skip_content(name);
+                return;
         }
     }
 
-    /// Goes on behind the closing tag of an element whose content nobody sees.
-    void skip_content(TextView name) {
-        for (std::size_t end = html_.find(u"</", at_); end != TextView::npos;
-             end = html_.find(u"</", end + 2)) {
-            if (!automation::same_ignoring_case(html_.substr(end + 2, name.size()), name)) continue;
-            at_ = end;
-            return;
+    void end(const xmlChar* name) {
+        --depth_;
+        const auto layout = layout_of(name);
+        if (layout == Layout::hidden) --hidden_;
+        if (!layout || hidden_ > 0) return;
+        switch (*layout) {
+            case Layout::block:
+            case Layout::entry:
+                return lines_.end_line(1);
+            case Layout::paragraph:
+                return lines_.end_line(2);
+            case Layout::cell:
+                return lines_.tab();
+            case Layout::link:
+                return close_link();
+            case Layout::verbatim:
+                --verbatim_;
+                return lines_.end_line(1);
+            case Layout::line_break:
+            case Layout::hidden:
+                return;
         }
-        at_ = html_.size();
     }
 
-    void open_link(TextView attributes) {
-        link_ = decoded(attribute(attributes, u"href"));
-        link_start_ = at_;
+    void words(std::string_view utf8) {
+        if (hidden_ > 0) return;
+        Text words = automation::from_utf8(utf8);
+        std::ranges::replace(words, u'\u00A0', u' ');
+        lines_.add(words, verbatim_ > 0);
+        if (!link_.empty()) link_words_ += words;
+    }
+
+    bool too_deep() const { return too_deep_; }
+    Text take() { return lines_.take(); }
+
+  private:
+    static Text address(const xmlChar** attributes) {
+        for (; attributes && *attributes; attributes += 2) {
+            if (std::string_view(reinterpret_cast<const char*>(*attributes)) != "href") continue;
+            return attributes[1] ? automation::from_utf8(reinterpret_cast<const char*>(attributes[1]))
+                                 : Text();
+        }
+        return {};
     }
 
     void close_link() {
         const Text link = std::exchange(link_, {});
         const bool leads_out = link.starts_with(u"http:") || link.starts_with(u"https:");
-        if (!leads_out || contains(html_.substr(link_start_, at_ - link_start_), link)) return;
-        lines_.add(u" <" + link + u">", false);
+        if (leads_out && !contains(link_words_, link)) lines_.add(u" <" + link + u">", false);
     }
 
-    static TextView attribute(TextView attributes, TextView name) {
-        for (std::size_t at = 0; at + name.size() < attributes.size(); ++at) {
-            if (!is_blank(attributes[at]) ||
-                !automation::same_ignoring_case(attributes.substr(at + 1, name.size()), name)) {
-                continue;
-            }
-            TextView value = attributes.substr(at + 1 + name.size());
-            if (!value.starts_with(u'=')) continue;
-            value.remove_prefix(1);
-            const bool quoted = value.starts_with(u'"') || value.starts_with(u'\'');
-            const TextView end = quoted ? value.substr(0, 1) : TextView(u" ");
-            if (quoted) value.remove_prefix(1);
-            return value.substr(0, value.find(end));
-        }
-        return {};
-    }
-
-    /// Words with their entities replaced; one that is not known stays as it is written.
-    static Text decoded(TextView words) {
-        Text text;
-        while (!words.empty()) {
-            const std::size_t start = std::min(words.find(u'&'), words.size());
-            text += words.substr(0, start);
-            words.remove_prefix(start);
-            if (words.empty()) break;
-            const std::size_t end = words.substr(0, 12).find(u';');
-            if (end == TextView::npos || !append_entity(text, words.substr(1, end - 1))) {
-                text += u'&';
-                words.remove_prefix(1);
-            } else {
-                words.remove_prefix(end + 1);
-            }
-        }
-        return text;
-    }
-
-    static bool append_entity(Text& text, TextView name) {
-        if (name.starts_with(u'#')) return append_number(text, name.substr(1));
-        const auto found = std::ranges::find(entities, name, &Entity::name);
-        if (found == entities.end()) return false;
-        text += found->unit;
-        return true;
-    }
-
-    static bool append_number(Text& text, TextView digits) {
-        const bool hexadecimal = digits.starts_with(u'x') || digits.starts_with(u'X');
-        if (hexadecimal) digits.remove_prefix(1);
-        if (digits.empty()) return false;
-        std::uint32_t code = 0;
-        for (const char16_t digit : digits) {
-            const char16_t low = automation::lower(digit);
-            const bool letter = hexadecimal && low >= u'a' && low <= u'f';
-            if (!is_digit(digit) && !letter) return false;
-            const auto value = static_cast<std::uint32_t>(letter ? low - u'a' + 10 : digit - u'0');
-            code = std::min<std::uint32_t>(code * (hexadecimal ? 16 : 10) + value, 0x110000);
-        }
-        append_code_point(text, code == 0xA0 ? u' ' : code);
-        return true;
-    }
-
-    TextView html_;
-    std::size_t at_ = 0;
+    htmlParserCtxt& parser_;
     Lines lines_;
-    bool verbatim_ = false;
-    Text link_;
-    std::size_t link_start_ = 0;
+    std::size_t depth_ = 0;
+    int hidden_ = 0, verbatim_ = 0;  ///< how many such elements are open
+    bool too_deep_ = false;
+    Text link_, link_words_;
 };
+
+struct FreeParser {
+    void operator()(htmlParserCtxt* parser) const { htmlFreeParserCtxt(parser); }
+};
+
+/// The parser's calls, each of which has a page as its first argument.
+xmlSAXHandler handlers() {
+    xmlSAXHandler calls = {};
+    calls.initialized = XML_SAX2_MAGIC;
+    calls.startElement = [](void* page, const xmlChar* name, const xmlChar** attributes) {
+        static_cast<Page*>(page)->start(name, attributes);
+    };
+    calls.endElement = [](void* page, const xmlChar* name) { static_cast<Page*>(page)->end(name); };
+    calls.characters = [](void* page, const xmlChar* words, int length) {
+        static_cast<Page*>(page)->words(
+            {reinterpret_cast<const char*>(words), static_cast<std::size_t>(length)});
+    };
+    calls.ignorableWhitespace = calls.characters;
+    // a number that is no character; what stands in the page itself has been made fit before
+    calls.serror = [](void* page, auto* error) {
+        if (error->code == XML_ERR_INVALID_CHAR) static_cast<Page*>(page)->words("\uFFFD");
+    };
+    return calls;
+}
+
+/// Refuses a tag with so many attributes that comparing each with each other would take long.
+void check_tags(TextView html) {
+    std::size_t separators = 0;
+    char16_t quote = 0, before = 0;
+    bool in_tag = false;
+    for (const char16_t unit : html) {
+        if (!in_tag) {
+            in_tag = before == u'<' && is_letter(unit);
+            separators = 0;
+        } else if (is_blank(unit) || unit == u'"' || unit == u'\'') {
+            if (++separators > most_separators) {
+                refuse("A tag of the mail's page has more than " + std::to_string(most_separators) +
+                       " blanks and quotation marks.");
+            }
+        }
+        if (quote) {
+            if (unit == quote) quote = 0;
+        } else if (in_tag && before == u'=' && (unit == u'"' || unit == u'\'')) {
+            quote = unit;
+        } else if (unit == u'>') {
+            in_tag = false;
+        }
+        before = unit;
+    }
+}
+
+/// A page without what the parser takes for words or leaves out, and a browser does not: declarations that
+/// are no comments (mailers write many, such as "<![if !mso]>"), and control characters.
+Text fit_for_the_parser(TextView html) {
+    Text fit = automation::replaced(automation::replaced(html, u"<!", u"<?x "), u"<?x --", u"<!--");
+    std::ranges::replace_if(
+        fit, [](char16_t unit) { return unit < u' ' && !is_blank(unit); }, u'\uFFFD');
+    return fit;
+}
 
 }  // namespace
 
-Text html_to_text(TextView html) { return Reader(html).run(); }
+Text html_to_text(TextView html) {
+    check_tags(html);
+    // inside of a body, words that stand alone are no paragraph
+    const std::string page_text = "<html><body>" + automation::to_utf8(fit_for_the_parser(html));
+
+    const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
+    if (!parser) throw std::bad_alloc();
+    Page page(*parser);
+    *parser->sax = handlers();
+    parser->userData = &page;
+    htmlCtxtReadMemory(parser.get(), page_text.data(), static_cast<int>(page_text.size()), nullptr, "UTF-8",
+                       HTML_PARSE_NOIMPLIED | HTML_PARSE_RECOVER);
+    if (page.too_deep()) refuse("The elements of the mail's page are nested too deeply.");
+    return page.take();
+}
 
 }  // namespace desk::mail
