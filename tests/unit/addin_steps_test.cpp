@@ -85,9 +85,9 @@ class WatchedSteps : public ::testing::Test {
         }
     };
 
+    Notes notes_;  ///< goes after the load, which tells of its end
     native::NativeWorld world_{acceptance::WorldSetup{}};
     addin::Session& session_ = world_.add_in()->session();
-    Notes notes_;
 };
 
 TEST_F(WatchedSteps, TellTheObserverOfWhatWasSkippedAndOfEachTest) {
