@@ -9,11 +9,6 @@ namespace {
 
 constexpr automation::TextView source_name = u"CreateNote";  // of the failures that the add-in reports
 
-/// A Connect that keeps its load: its end may still need the rooms.
-std::shared_ptr<addin::Connect> new_connect(const std::shared_ptr<Load>& load) {
-    return {new addin::Connect(load->rooms), [load](addin::Connect* connect) { delete connect; }};
-}
-
 }  // namespace
 
 Load::Load(Module& module)
@@ -25,14 +20,8 @@ Load::Load(Module& module)
       rooms(desktop, engine) {}
 
 ComPtr<IUnknown> Server::make_connect() {
-    std::shared_ptr<Load> load = load_.lock();
-    if (!load) {
-        load = std::make_shared<Load>(module_);
-        load->rooms.session.owner = load;
-        load->engine.keep_during_events(load);
-        load_ = load;
-    }
-    return ConnectObject::create(load, new_connect(load));
+    const std::shared_ptr<Load> load = load_.get(module_);
+    return ConnectObject::create(load, addin::make_connect(load));
 }
 
 HRESULT Server::class_object(REFCLSID class_id, REFIID iid, void** answer) noexcept {

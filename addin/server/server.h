@@ -1,7 +1,7 @@
 // One load of the add-in's DLL.
 #pragma once
 
-#include "addin/connect/rooms.h"
+#include "addin/connect/load.h"
 #include "addin/server/desktop/windows_desktop.h"
 #include "automation/com/apartment.h"
 #include "automation/com/class_factory.h"
@@ -9,7 +9,7 @@
 
 namespace windows {
 
-/// What all add-in objects of a load share. It begins with the first of them and ends when the last has gone.
+/// What all add-in objects of a load share.
 struct Load {
     explicit Load(Module& module);
 
@@ -32,7 +32,7 @@ class Server {
     ComPtr<IUnknown> make_connect();
 
     Module module_;
-    std::weak_ptr<Load> load_;
+    addin::CurrentLoad<Load> load_;
 };
 
 }  // namespace windows

@@ -50,11 +50,6 @@ std::vector<Text> texts(const std::vector<std::string>& names) {
     return all;
 }
 
-desk::EventOrder event_order(const std::string& name) {
-    if (name == "deferred") return desk::EventOrder::deferred;
-    return name == "at-once" ? desk::EventOrder::at_once : desk::EventOrder::host;
-}
-
 }  // namespace
 
 /// The desk while it runs.
@@ -113,7 +108,7 @@ void NativeWorld::start() {
     desk::Options options;
     options.host_version = setup_.host_version;
     options.instant_search = setup_.instant_search;
-    options.at_once = desk::AtOnce::of(event_order(setup_.event_order));
+    options.at_once = desk::AtOnce::of(setup_.event_order);
     host_ = std::make_unique<Host>(*boundary_, programs_, strands_, engine_, folder_ / "database.desk",
                                    std::move(options));
     desktop_.attach(&host_->desk);
@@ -174,14 +169,7 @@ void NativeWorld::end_host() {
 }
 
 std::shared_ptr<addin::Connect> NativeWorld::make_connect() {
-    std::shared_ptr<addin::Rooms> rooms = rooms_.lock();
-    if (!rooms) {
-        rooms = std::make_shared<addin::Rooms>(desktop_, engine_);
-        rooms->session.owner = rooms;
-        engine_.keep_during_events(rooms);
-        rooms_ = rooms;
-    }
-    return {new addin::Connect(*rooms), [rooms](addin::Connect* last) { delete last; }};
+    return addin::make_connect(load_.get(desktop_, engine_));
 }
 
 void NativeWorld::load_add_in(std::int32_t connect_mode) {

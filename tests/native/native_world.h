@@ -2,7 +2,7 @@
 // family's stand-ins, and the add-in across a boundary.
 #pragma once
 
-#include "addin/connect/connect.h"
+#include "addin/connect/load.h"
 #include "tests/acceptance/world.h"
 #include "tests/native/memory_forms.h"
 #include "tests/native/native_desktop.h"
@@ -10,6 +10,14 @@
 #include "tests/native/temporary_folder.h"
 
 namespace native {
+
+/// What a load is made of here: the world's own desktop and windows outlive it.
+struct NativeLoad {
+    NativeLoad(host::Desktop& desktop, MemoryEngine& windows) : engine(windows), rooms(desktop, windows) {}
+
+    MemoryEngine& engine;
+    addin::Rooms rooms;
+};
 
 class NativeWorld final : public acceptance::World {
   public:
@@ -67,8 +75,8 @@ class NativeWorld final : public acceptance::World {
     std::unique_ptr<Host> host_;
     Strands strands_;
     MemoryEngine engine_{strands_};
-    std::shared_ptr<addin::Connect> connect_;  ///< the add-in, with the rooms that it keeps
-    std::weak_ptr<addin::Rooms> rooms_;        ///< of the load, which all objects of the class share
+    std::shared_ptr<addin::Connect> connect_;  ///< the add-in, with the load that it keeps
+    addin::CurrentLoad<NativeLoad> load_;
 };
 
 }  // namespace native
