@@ -1,6 +1,8 @@
 // What a real installation decides, and a person or a script decides here.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 
 #include "automation/text.h"
@@ -13,6 +15,19 @@ enum class EventOrder {
     deferred,  ///< everything at the next yield
     at_once    ///< everything at once
 };
+
+/// The orders by their names, as settings and scripts give them.
+struct NamedOrder {
+    const char* name;
+    EventOrder order;
+};
+inline constexpr std::array<NamedOrder, 3> event_orders = {
+    {{"host", EventOrder::host}, {"deferred", EventOrder::deferred}, {"at-once", EventOrder::at_once}}};
+
+/// The name of an order.
+constexpr const char* name_of(EventOrder order) {
+    return std::ranges::find(event_orders, order, &NamedOrder::order)->name;
+}
 
 /// Which events of a folder's items come at once; the others wait for the next yield.
 struct AtOnce {

@@ -1,5 +1,6 @@
 #include "desk/com/desk_settings.h"
 
+#include <algorithm>
 #include <array>
 
 #include "automation/com/com_ptr.h"
@@ -22,10 +23,10 @@ Text value(TextView name, TextView otherwise = {}) {
     return Text(reinterpret_cast<const char16_t*>(buffer.data()));
 }
 
+/// The host's own order for a name that there is not.
 EventOrder order(TextView name) {
-    if (name == u"deferred") return EventOrder::deferred;
-    if (name == u"at-once") return EventOrder::at_once;
-    return EventOrder::host;
+    const auto found = std::ranges::find(event_orders, automation::to_utf8(name), &NamedOrder::name);
+    return found == event_orders.end() ? EventOrder::host : found->order;
 }
 
 }  // namespace

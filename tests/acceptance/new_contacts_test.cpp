@@ -182,8 +182,8 @@ TEST_F(NewContacts, ThatAreDraggedTogetherEachFindTheirSource) {
 }
 
 TEST_F(NewContacts, ThatAreDraggedAtOnceAreTiedToTheirSourcesInAnyOrderOfEvents) {
-    for (const char* const order : {"host", "deferred", "at-once"}) {
-        SCOPED_TRACE(order);
+    for (const auto& [name, order] : desk::event_orders) {
+        SCOPED_TRACE(name);
         World& world = furnished({.event_order = order});
         world.option(u"PDAContactSync", u"1");
         const Item sources[] = {personal(u"Ann Lee"), personal(u"Bob Ray")};
@@ -252,8 +252,8 @@ TEST_F(NewContacts, ThatHaveAnIdAreLeftAloneOnlyWhereOneIsSelected) {
 
 /// The order in which the host tells of items makes no difference.
 TEST_F(NewContacts, BecomeRecordsInEachOrderOfEvents) {
-    for (const char* order : {"deferred", "at-once"}) {
-        SCOPED_TRACE(order);
+    for (const desk::EventOrder order : {desk::EventOrder::deferred, desk::EventOrder::at_once}) {
+        SCOPED_TRACE(desk::name_of(order));
         World& world = furnished({.event_order = order});
         world.option(u"PDAContactSync", u"1");
         const Item source = personal(u"Ann Lee");

@@ -26,8 +26,8 @@ TEST_F(ReceivedMail, IsFiledWhenItIsReadAndNotWhenItArrives) {
 }
 
 TEST_F(ReceivedMail, IsFiledWhateverOrderTheEventsComeIn) {
-    for (const char* const order : {"host", "deferred", "at-once"}) {
-        SCOPED_TRACE(order);
+    for (const auto& [name, order] : desk::event_orders) {
+        SCOPED_TRACE(name);
         World& world = filing({.event_order = order});
         add_contact(world);
         const Item mail = read_mail(world);

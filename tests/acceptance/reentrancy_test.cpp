@@ -153,7 +153,7 @@ TEST_F(Reentrancy, AMailThatIsReadWhileAnotherIsFiledComesFirst) {
 }
 
 TEST_F(Reentrancy, MailsThatWaitForTheSameYieldAreFiledOnceEach) {
-    World& world = both_ways({.event_order = "deferred"});
+    World& world = both_ways({.event_order = desk::EventOrder::deferred});
     const Item ann = about_to_be_read(world, {.subject = "One"});
     const Item bob = about_to_be_read(world, {.from = "bob@ray.example", .subject = "Two"});
     const Item again = about_to_be_read(world, {.subject = "Three"});

@@ -14,6 +14,7 @@
 
 #include "addin/host/desktop.h"
 #include "addin/host/outlook.h"
+#include "desk/base/options.h"
 
 namespace acceptance {
 
@@ -24,7 +25,7 @@ struct WorldSetup {
     std::string database = "empty";  ///< "empty" or "sample"
     automation::Text host_version = u"16.0.0.0";
     bool instant_search = false;
-    std::string event_order = "host";    ///< "host", "deferred" or "at-once"
+    desk::EventOrder event_order = desk::EventOrder::host;
     std::vector<std::string> without{};  ///< siblings by ProgID, or programs by file name, that are not there
     bool add_in = true;                  ///< the add-in is registered
     bool started = true;                 ///< the desk is started at once; else by `start`

@@ -255,10 +255,10 @@ TEST(Replication, LetsAnotherItemsReplicaPassWhileItsCopyIsMade) {
 /// A fresh copy's id comes with its saving, or can't be read at all.
 TEST(Replication, KnowsItsCopyWithoutAnId) {
     for (const LinkedKind* const kind : acceptance::linked_kinds) {
-        for (const char* const order : {"host", "deferred", "at-once"}) {
+        for (const auto& [order_name, order] : desk::event_orders) {
             for (const bool until_saved : {true, false}) {
                 for (const TextView key : {u"K-1", u""}) {
-                    SCOPED_TRACE(std::string(kind->name) + ", " + order + ", key " +
+                    SCOPED_TRACE(std::string(kind->name) + ", " + order_name + ", key " +
                                  automation::to_utf8(key) + (until_saved ? ", until it is saved" : ""));
                     NativeWorld world({.event_order = order});
                     world.add_in()->GlobalCalendar = world.add_in()->GlobalTask = true;

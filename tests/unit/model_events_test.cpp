@@ -107,16 +107,19 @@ TEST_F(ItemEvents, NeedAnInterfaceThatTheObjectHas) {
 
 struct OrderCase {
     const char* name;
-    const char* order;
+    desk::EventOrder order;
     Told at_save, after_yield;
 };
 
 TEST(EventOrder, IsAnOption) {
     const OrderCase cases[] = {
-        {"the host's", "host", {"ItemChange Two"}, {"ItemChange Two", "ItemAdd Two", "ItemRemove"}},
-        {"everything later", "deferred", {}, {"ItemAdd Two", "ItemChange Two", "ItemRemove"}},
+        {"the host's",
+         desk::EventOrder::host,
+         {"ItemChange Two"},
+         {"ItemChange Two", "ItemAdd Two", "ItemRemove"}},
+        {"everything later", desk::EventOrder::deferred, {}, {"ItemAdd Two", "ItemChange Two", "ItemRemove"}},
         {"everything at once",
-         "at-once",
+         desk::EventOrder::at_once,
          {"ItemAdd One", "ItemChange Two", "ItemRemove"},
          {"ItemAdd One", "ItemChange Two", "ItemRemove"}},
     };
@@ -134,9 +137,9 @@ TEST(EventOrder, IsAnOption) {
         other.Save();
         const Item moved(other.call(u"Move", {Value(world.session().GetDefaultFolder(folder_number::outbox))})
                              .to_object());
-        if (std::string(one.order) == "at-once") mail.call(u"Copy").to_object().call(u"Delete");
+        if (one.order == desk::EventOrder::at_once) mail.call(u"Copy").to_object().call(u"Delete");
         Told at_save = listener.told;
-        if (std::string(one.order) == "at-once") {
+        if (one.order == desk::EventOrder::at_once) {
             EXPECT_EQ(at_save, (Told{"ItemAdd One", "ItemChange Two", "ItemAdd Two", "ItemRemove"}));
             continue;
         }
@@ -177,7 +180,7 @@ TEST(EventOrder, CanBeChosenForEachKindOfEvent) {
                           {u"ChangesAtOnce", {"ItemChange Two"}},
                           {u"RemovalsAtOnce", {"ItemRemove"}}};
     for (const Case& one : cases) {
-        native::NativeWorld world({.event_order = "deferred", .add_in = false});
+        native::NativeWorld world({.event_order = desk::EventOrder::deferred, .add_in = false});
         automation::Request request{
             .access = automation::Access::put, .member = u"Options", .arguments = {Value(one.at_once), true}};
         world.desk().invoke(request);
@@ -194,7 +197,7 @@ TEST(EventOrder, CanBeChosenForEachKindOfEvent) {
 }
 
 TEST(EventOrder, TellsOfNoChangeOfWhatHasLeft) {
-    native::NativeWorld world({.event_order = "deferred", .add_in = false});
+    native::NativeWorld world({.event_order = desk::EventOrder::deferred, .add_in = false});
     const Items items = world.inbox().Items();
     const Item mail = items.Add(u"IPM.Note");
     mail.Save();

@@ -181,7 +181,7 @@ class WineWorld : public acceptance::World {
         set(u"HostVersion", setup_.host_version);
         set(u"IndexedFolder", text_of(folder_.path() / "documents"));
         set(u"InstantSearch", setup_.instant_search ? u"1" : u"0");
-        set(u"EventOrder", automation::from_utf8(setup_.event_order));
+        set(u"EventOrder", automation::from_utf8(desk::name_of(setup_.event_order)));
         set(u"Unattended", u"1");
         desk_ = start_desk();
         wait_for_log("ready");
