@@ -2,6 +2,7 @@
 #include <functional>
 
 #include "addin/createnote/new_contact.h"
+#include "addin/createnote/record_names.h"
 #include "addin/ground/product.h"
 #include "addin/records/database.h"
 #include "addin/records/filters.h"
@@ -31,7 +32,7 @@ constexpr TextView full_name_term = u"[Fullname] = ", apostrophe = u"'", quotati
 /// The way to the record of an address.
 class RecordSearch {
   public:
-    RecordSearch(dlgSend& dialog, const ChosenMail& mail, const Folder& profiles)
+    RecordSearch(dlgSend& dialog, const records::MailToFile& mail, const Folder& profiles)
         : steps_(dialog.session()), dialog_(dialog), mail_(mail), profiles_(profiles) {}
 
     Item contact();
@@ -56,7 +57,7 @@ class RecordSearch {
 
     Steps steps_;
     dlgSend& dialog_;
-    const ChosenMail& mail_;
+    const records::MailToFile& mail_;
     const Folder& profiles_;
     Text name_;
 };
@@ -165,14 +166,9 @@ DialogTexts read_texts(dlgSend& dialog) {
     return texts;
 }
 
-void finish(const Session& session, const records::PathRow& path, const Item& note, const DialogTexts& texts,
-            const ChosenMail& mail) {
-    const Steps steps(session);
-    records::write_property(session, note, property::type, [&] { return Value(texts.type); });
-    steps.run([&] { note.Subject(texts.subject); });
-    records::write_body(session, path, note, mail.wrapper);
-    if (path.activity_date) records::write_activity_date(session, note, mail.wrapper);
-    records::attach_and_post(session, note, mail.wrapper);
+/// The texts for the note's type and subject.
+std::optional<Value> text_for(records::Name name, const DialogTexts& texts) {
+    return name == property::type ? texts.type : texts.subject;
 }
 
 }  // namespace
@@ -184,7 +180,7 @@ void dlgSend::CreateNote() {
     steps.run([&] { header(Text(creating) + row_text()); });
     const Presence here(session_, *this);
     if (!here.give_way()) return;
-    ChosenMail mail = choose_mail();
+    records::MailToFile mail = choose_mail();
     steps.run([&] { mail.wrapper.Item(mail.item); });
     if (steps.possibly([&] { return mail.wrapper.To().empty(); })) {
         desktop.message_box(no_recipient, product_title, host::box::information);
@@ -214,16 +210,21 @@ void dlgSend::CreateNote() {
         });
         return;
     }
-    const Item note = records::make_note(session_, path, folder);
-    records::write_keys(session_, path, note, records::copied_from(record));
-    records::write_property(session_, note, property::account_name,
-                            [&] { return Value(at_contact ? record.CompanyName() : record.Subject()); });
-    if (at_contact) {
-        records::write_property(session_, note, property::contact_name,
-                                [&] { return Value(record.FullName()); });
-    }
-    finish(session_, path, note, read_texts(*this), mail);
-    records::mark_chosen_mail(session_, path, mail.inspector, mail.selection);
+    std::optional<DialogTexts> texts;
+    const auto of_dialog = [&](records::Name name) {
+        if (!texts) texts = read_texts(*this);
+        return text_for(name, *texts);
+    };
+    const auto of_account = [&](records::Name name) -> std::optional<Value> {
+        if (name == property::account_name) return record.Subject();
+        return records::copied(record, name);
+    };
+    records::file_note(session_, path,
+                       {.folder = folder,
+                        .mail = mail,
+                        .sources = {records::of_contact(record),
+                                    {records::From::account, of_account},
+                                    {records::From::dialog, of_dialog}}});
     report_creation(here);
 }
 
@@ -236,7 +237,7 @@ void dlgSend::report_creation(const Presence& here) {
     gbCreated = true;
 }
 
-void dlgSend::create_for_new_contact(const Presence& here, const ChosenMail& mail,
+void dlgSend::create_for_new_contact(const Presence& here, const records::MailToFile& mail,
                                      const host::family::MainAddIn& main_add_in, const Folder& profiles,
                                      const Folder& folder, const Text& name) {
     const Steps steps(session_);
@@ -255,17 +256,14 @@ void dlgSend::create_for_new_contact(const Presence& here, const ChosenMail& mai
                                      }});
     if (!made) return;
     const records::PathRow& path = records::row(records::Path::create_new_contact);
-    const Item note = records::make_note(session_, path, folder);
-    records::write_keys(session_, path, note, [&](const records::Key& key) {
-        if (key.property == property::account_id) return Value(made->account_id);
-        if (key.property == property::contact_id) return Value(made->contact_id);
-        return made->item.UserProperties().Item(key.property).value();
-    });
-    records::write_property(session_, note, property::account_name,
-                            [&] { return Value(made->item.CompanyName()); });
-    records::write_property(session_, note, property::contact_name,
-                            [&] { return Value(made->item.FullName()); });
-    finish(session_, path, note, texts, mail);
+    records::file_note(
+        session_, path,
+        {.folder = folder,
+         .mail = mail,
+         .sources = {records::of_contact(made->item),
+                     {records::From::chosen_account, [&](records::Name) { return Value(made->account_id); }},
+                     {records::From::new_id, [&](records::Name) { return Value(made->contact_id); }},
+                     {records::From::dialog, [&](records::Name asked) { return text_for(asked, texts); }}}});
 }
 
 void dlgSend::CreateNoteEx() {
@@ -273,7 +271,7 @@ void dlgSend::CreateNoteEx() {
     steps.run([&] { header(Text(creating) + row_text()); });
     const Presence here(session_, *this);
     if (!here.give_way()) return;
-    ChosenMail mail = choose_mail();
+    records::MailToFile mail = choose_mail();
     steps.run([&] { mail.wrapper.Item(mail.item); });
     if (steps.possibly([&] { return mail.item.EntryID().empty(); })) {
         steps.run([&] { mail.item.Save(); });
@@ -289,7 +287,7 @@ void dlgSend::CreateNoteEx() {
 }
 
 void dlgSend::create_from_record(const records::PathRow& path, const Folder& folder, const Folder& profiles,
-                                 const ChosenMail& mail) {
+                                 const records::MailToFile& mail) {
     const Steps steps(session_);
     Item record;
     steps.set(record, [&] {
@@ -297,19 +295,21 @@ void dlgSend::create_from_record(const records::PathRow& path, const Folder& fol
             .GetNamespace(u"MAPI")
             .GetItemFromID(list().text(list().selected(), column::entry_id), profiles.StoreID());
     });
-    const Item note = records::make_note(session_, path, folder);
-    records::write_keys(session_, path, note, records::copied_from(record));
-    records::write_activity_date(session_, note, mail.wrapper);
     Text key_column;
     steps.set(key_column, [&] { return list().heading(column::key); });
-    records::write_property(session_, note, key_column,
-                            [&] { return record.UserProperties().Item(key_column).value(); });
-    write_names(record, note);
-    records::write_property(session_, note, property::type, [&] { return Value(control(u"Combo1").text()); });
-    steps.run([&] { note.Subject(control(u"txtNote").text()); });
-    records::write_body(session_, path, note, mail.wrapper);
-    records::attach_and_post(session_, note, mail.wrapper);
-    records::mark_chosen_mail(session_, path, mail.inspector, mail.selection);
+    RecordNames names(session_, record);
+    const auto of_record = [&](records::Name name) {
+        return RecordNames::knows(name) ? names.read(name) : records::copied(record, name);
+    };
+    const auto of_dialog = [&](records::Name name) {
+        return Value(
+            control(name == property::type ? ControlName(u"Combo1") : ControlName(u"txtNote")).text());
+    };
+    records::file_note(session_, path,
+                       {.folder = folder,
+                        .mail = mail,
+                        .sources = {{records::From::record, of_record}, {records::From::dialog, of_dialog}},
+                        .further_key = records::Key{key_column, records::From::record}});
 }
 
 }  // namespace addin::createnote

@@ -62,9 +62,9 @@ void dlgSend::on_activate() { view().topmost(); }
 
 void dlgSend::on_focus() { control(u"SearchString").focus(); }
 
-ChosenMail dlgSend::choose_mail() {
+records::MailToFile dlgSend::choose_mail() {
     const Steps steps(session_);
-    ChosenMail mail;
+    records::MailToFile mail;
     const auto application = [&] { return host::outlook::Application(session_.desktop.application()); };
     steps.set(mail.wrapper, [&] { return records::make_wrapper(session_.desktop); });
     if (!state_.gNoteFromExplorer) {
@@ -79,7 +79,7 @@ ChosenMail dlgSend::choose_mail() {
 
 void dlgSend::PopulateList() {
     const Steps steps(session_);
-    ChosenMail mail = choose_mail();
+    records::MailToFile mail = choose_mail();
     Text type(records::note_type::received);
     // a mail that is still being written counts as sent
     if (steps.possibly([&] {

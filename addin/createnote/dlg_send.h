@@ -19,15 +19,6 @@ namespace column {
 inline constexpr int text = 0, third = 2, key = 6, entry_id = 7;
 }
 
-/// The mail that a note is made of, where it comes from, and its wrapper. Of inspector and selection one
-/// stands.
-struct ChosenMail {
-    host::outlook::Inspector inspector;
-    host::outlook::Selection selection;
-    host::outlook::Item item;
-    host::family::SafeMailItem wrapper;
-};
-
 /// A control of the dialog, by its name.
 using ControlName = forms::Named<dialog::table>;
 
@@ -66,7 +57,7 @@ class dlgSend final : public forms::Form {
     void header(const automation::Text& text) { control(u"lblHeader").text(text); }
 
     /// The mail in the inspector, or the first one of the selection, as the dialog was opened.
-    ChosenMail choose_mail();
+    records::MailToFile choose_mail();
 
   private:
     void on_load() override;
@@ -94,13 +85,12 @@ class dlgSend final : public forms::Form {
                  const host::outlook::Items& items, std::int32_t place, automation::Text& key);
     void create();
     void report_creation(const Presence& here);
-    void create_for_new_contact(const Presence& here, const ChosenMail& mail,
+    void create_for_new_contact(const Presence& here, const records::MailToFile& mail,
                                 const host::family::MainAddIn& main_add_in,
                                 const host::outlook::Folder& profiles, const host::outlook::Folder& folder,
                                 const automation::Text& name);
     void create_from_record(const records::PathRow& path, const host::outlook::Folder& folder,
-                            const host::outlook::Folder& profiles, const ChosenMail& mail);
-    void write_names(const host::outlook::Item& record, const host::outlook::Item& note);
+                            const host::outlook::Folder& profiles, const records::MailToFile& mail);
     bool is_row_empty();
     automation::Text key_of_row();
 

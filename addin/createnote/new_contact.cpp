@@ -107,17 +107,18 @@ void copy_account(const Session& session, const Item& account, const NewContactP
     steps.set(contact.company, [&] { return property_text(account, property::account_name); });
 }
 
-Value kept_value(const NewContact& made, const records::Key& key) {
+/// What is kept of the account that was chosen.
+Value kept_value(const NewContact& made, records::Name name) {
     const std::pair<records::Name, const Text*> values[] = {
         {property::account_id, &made.account_id},
-        {property::contact_id, &made.contact_id},
+        {property::account_name, &made.company},
         {property::account_manager, &made.account_manager},
         {property::team, &made.team},
         {property::alignment, &made.alignment}};
-    for (const auto& [name, value] : values) {
-        if (key.property == name) return *value;
+    for (const auto& [known, value] : values) {
+        if (known == name) return *value;
     }
-    throw std::logic_error("a new contact keeps no " + automation::to_utf8(key.property));
+    throw std::logic_error("a new contact keeps no " + automation::to_utf8(name));
 }
 
 }  // namespace
@@ -181,18 +182,14 @@ std::optional<NewContact> offer_new_contact(Session& session, const NewContactPl
 
 void post_note_for_new_contact(Session& session, const NewContactPlan& plan, const NewContact& made,
                                const host::family::SafeMailItem& mail) {
-    const Steps steps(session);
     const records::PathRow& path = records::row(plan.row.path);
-    const host::outlook::Folder folder = records::choose_folder(session, plan.account_profiles, path.place);
-    const Item note = records::make_note(session, path, folder);
-    records::write_keys(session, path, note, [&](const records::Key& key) { return kept_value(made, key); });
-    records::write_property(session, note, property::account_name, [&] { return Value(made.company); });
-    records::write_property(session, note, property::contact_name, [&] { return Value(mail.SenderName()); });
-    records::write_property(session, note, property::type,
-                            [&] { return Value(records::note_type::received); });
-    steps.run([&] { note.Subject(mail.Subject()); });
-    records::write_body(session, path, note, mail);
-    records::attach_and_post(session, note, mail);
+    records::file_note(
+        session, path,
+        {.folder = records::choose_folder(session, plan.account_profiles, path.place),
+         .mail = {.wrapper = mail},
+         .sources = {
+             {records::From::chosen_account, [&](records::Name name) { return kept_value(made, name); }},
+             {records::From::new_id, [&](records::Name) { return Value(made.contact_id); }}}});
 }
 
 }  // namespace addin::createnote

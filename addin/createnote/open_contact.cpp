@@ -48,7 +48,7 @@ void dlgSend::OpenContact() {
     if (steps.possibly([&] { return wrapper.To().empty(); })) return;
     if (steps.possibly([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
 
-    const filing::VariantRow& variant = filing::row(filing::Variant::open_contact);
+    const filing::FilterTerms& terms = filing::terms_of_open_contact();
     filing::Addresses addresses;
     Text address;
     steps.set(addresses.sender_name, [&] { return wrapper.SenderName(); });
@@ -58,12 +58,12 @@ void dlgSend::OpenContact() {
             return automation::upper(wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
         })) {
         address = addresses.native;
-        filter = filing::contact_filter(variant.terms, variant.for_smtp, addresses);
+        filter = filing::contact_filter(terms, true, addresses);
     } else {
         steps.set(addresses.smtp,
                   [&] { return automation::trimmed(wrapper.sender().Fields(tag::smtp_address)); });
         address = addresses.smtp;
-        filter = filing::contact_filter(variant.terms, variant.for_other, addresses);
+        filter = filing::contact_filter(terms, false, addresses);
     }
 
     const records::Database database = records::open_database(session_);

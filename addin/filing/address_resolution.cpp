@@ -39,18 +39,22 @@ constexpr Term smtp_then_names[] = {
     {field::email2, Address::native},       {field::email3, Address::native},
     {field::email3, Address::native},       {property::email_search_string, Address::native}};
 
+constexpr FilterTerms open_contact_terms{TermKind::prefix_range, native_then_names, smtp_then_names};
+
 // clang-format off
 constexpr VariantRow variant_rows[] = {
-    // variant                  terms                   for an Internet address  for any other type       gate                                   empty stops  trimmed  gives way  no To line                                  folders
-    {Variant::received,          TermKind::equality,     native_addresses,        smtp_then_native_if_any, Gate::sender_is_exchange,              true,        false,   false,     NoToLine::stop,                             Folders::account_contacts},
-    {Variant::sent,              TermKind::equality,     native_addresses,        smtp_then_native_if_any, Gate::sender_or_recipient_is_exchange, true,        false,   false,     NoToLine::leave_the_loop,                   Folders::account_contacts},
-    {Variant::quick_view_launch, TermKind::equality,     native_addresses,        smtp_then_native,        Gate::none,                            false,       false,   true,      NoToLine::stop_if_no_native_address_either, Folders::leads_then_account_contacts},
-    {Variant::tarnwell_launch,   TermKind::equality,     native_then_names,       smtp_then_names,         Gate::none,                            false,       false,   true,      NoToLine::stop,                             Folders::account_contacts},
-    {Variant::open_contact,      TermKind::prefix_range, native_then_names,       smtp_then_names,         Gate::none,                            false,       true,    false,     NoToLine::stop,                             Folders::account_contacts},
-    {Variant::create_note,       TermKind::from_dialog,  {},                      {},                      Gate::none,                            false,       false,   false,     NoToLine::message,                          Folders::by_dialog_level},
+    // variant                    kind of terms       for an Internet address  for any other type         gated  empty stops  native serves
+    {Variant::received,          {TermKind::equality, native_addresses,        smtp_then_native_if_any},  true,  true,        false},
+    {Variant::sent,              {TermKind::equality, native_addresses,        smtp_then_native_if_any},  true,  true,        false},
+    {Variant::quick_view_launch, {TermKind::equality, native_addresses,        smtp_then_native},         false, false,       true},
+    {Variant::tarnwell_launch,   {TermKind::equality, native_then_names,       smtp_then_names},          false, false,       false},
 };
 // clang-format on
-static_assert(is_in_order(variant_rows, &VariantRow::variant, Variant::create_note));
+static_assert(is_in_order(variant_rows, &VariantRow::variant, Variant::tarnwell_launch));
+
+std::span<const Term> terms_for(const FilterTerms& terms, bool internet) {
+    return internet ? terms.for_smtp : terms.for_other;
+}
 
 Text& value_of(Addresses& addresses, Address which) {
     switch (which) {
@@ -66,65 +70,64 @@ Text& value_of(Addresses& addresses, Address which) {
 
 }  // namespace
 
-std::span<const VariantRow> variants() { return variant_rows; }
-
 const VariantRow& row(Variant variant) { return variant_rows[static_cast<std::size_t>(variant)]; }
 
-Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addresses) {
+const FilterTerms& terms_of_open_contact() { return open_contact_terms; }
+
+Text contact_filter(const FilterTerms& terms, bool internet, Addresses addresses) {
     Text filter;
-    for (const Term& term : terms) {
+    for (const Term& term : terms_for(terms, internet)) {
         Text& value = value_of(addresses, term.value);
         if (term.only_if_any && value.empty()) continue;
         if (!filter.empty()) filter += records::or_between_terms;
-        filter += kind == TermKind::prefix_range ? records::RangeTerm(value, term.field)
-                                                 : records::EqualTerm(value, term.field);
+        filter += terms.kind == TermKind::prefix_range ? records::RangeTerm(value, term.field)
+                                                       : records::EqualTerm(value, term.field);
     }
     return filter;
 }
 
-std::optional<ReadSender> read_sender(Session& session, const VariantRow& row,
-                                      const host::family::SafeMailItem& mail) {
+bool is_shut(const Session& session, const VariantRow& row, std::initializer_list<Text> types) {
+    if (!row.gated) return false;
+    return Settings(session).option(setting::save_exchange_email) != option_on ||
+           std::ranges::find(types, type_exchange) == types.end();
+}
+
+std::optional<ReadSender> read_sender(const Session& session, const VariantRow& row,
+                                      const host::family::SafeMailItem& mail,
+                                      const std::function<void()>& between_reads) {
     const Steps steps(session);
-    const Presence here(session);
-    const auto give_way = [&] {
-        if (row.gives_way) here.give_way();
-    };
     ReadSender read;
     Addresses& addresses = read.addresses;
     steps.set(addresses.native, [&] { return mail.Fields(tag::sender_address); });
-    give_way();
-    if (row.empty_native_address_stops && addresses.native.empty()) return std::nullopt;
-    if (row.native_is_trimmed) addresses.native = automation::trimmed(addresses.native);
+    between_reads();
+    if (row.empty_address_stops && addresses.native.empty()) return std::nullopt;
     Text type;
     steps.set(type, [&] { return automation::upper(mail.Fields(tag::sender_address_type)); });
     const bool internet = type == type_smtp;
-    const std::span<const Term> terms = internet ? row.for_smtp : row.for_other;
-
     if (!internet) {
-        const bool gated = row.gate != Gate::none;
-        const Text option = gated ? Settings(session).option(setting::save_exchange_email) : Text(option_on);
-        if (gated && (option != option_on || type != type_exchange)) return std::nullopt;
+        if (is_shut(session, row, {type})) return std::nullopt;
         host::family::SafeAddressEntry entry;
         steps.set(entry, [&] { return mail.sender(); });
         steps.set(addresses.smtp, [&] { return automation::trimmed(entry.Fields(tag::smtp_address)); });
-        give_way();
+        between_reads();
         steps.set(addresses.native, [&] { return automation::trimmed(mail.Fields(tag::sender_address)); });
-        give_way();
+        between_reads();
     }
+    const std::span<const Term> terms = terms_for(row.terms, internet);
     if (std::ranges::find(terms, Address::sender_name, &Term::value) != terms.end()) {
         steps.set(addresses.sender_name, [&] { return mail.SenderName(); });
     }
     read.address = internet ? addresses.native : addresses.smtp;
-    read.filter = contact_filter(row.terms, terms, addresses);
+    read.filter = contact_filter(row.terms, internet, addresses);
     return read;
 }
 
 bool stops_without_to_line(const Session& session, const VariantRow& row,
                            const host::family::SafeMailItem& mail, const Addresses& addresses) {
     const Steps steps(session);
-    const bool native_helps = row.no_to_line == NoToLine::stop_if_no_native_address_either;
     return steps.possibly([&] {
-        return mail.To().empty() && (!native_helps || automation::trimmed(addresses.native).empty());
+        return mail.To().empty() &&
+               (!row.native_serves_without_to_line || automation::trimmed(addresses.native).empty());
     });
 }
 

@@ -1,6 +1,8 @@
 // Turning a mail's people into a contact record: the way is one, what differs between the paths is a table.
 #pragma once
 
+#include <functional>
+#include <initializer_list>
 #include <optional>
 #include <span>
 
@@ -24,33 +26,31 @@ struct Term {
     bool only_if_any = false;  ///< left out when the value is empty
 };
 
-enum class TermKind { equality, prefix_range, from_dialog };
+enum class TermKind { equality, prefix_range };
 
-/// Whether addresses that are not Internet addresses are looked up only with the option "SaveExchangeEmail"
-/// on.
-enum class Gate { none, sender_is_exchange, sender_or_recipient_is_exchange };
+/// What a contact is searched by.
+struct FilterTerms {
+    TermKind kind;
+    std::span<const Term> for_smtp;   ///< for an Internet address
+    std::span<const Term> for_other;  ///< for any other type of address
+};
 
-enum class NoToLine { stop, stop_if_no_native_address_either, leave_the_loop, message };
-
-enum class Folders { account_contacts, leads_then_account_contacts, by_dialog_level };
-
-enum class Variant { received, sent, quick_view_launch, tarnwell_launch, open_contact, create_note };
+/// The paths that read a mail's people one by one.
+enum class Variant { received, sent, quick_view_launch, tarnwell_launch };
 
 struct VariantRow {
     Variant variant;
-    TermKind terms;
-    std::span<const Term> for_smtp;   ///< the filter for an Internet address
-    std::span<const Term> for_other;  ///< the filter for any other type of address
-    Gate gate;
-    bool empty_native_address_stops;
-    bool native_is_trimmed;  ///< of an Internet address, too
-    bool gives_way;          ///< waiting events come after each read of an address
-    NoToLine no_to_line;
-    Folders folders;
+    FilterTerms terms;
+    bool gated;  ///< the option "SaveExchangeEmail" decides on addresses that are no Internet addresses
+    bool empty_address_stops;  ///< of an Internet address
+    bool
+        native_serves_without_to_line;  ///< a mail without a To line is gone on with, if the address is there
 };
 
-std::span<const VariantRow> variants();
 const VariantRow& row(Variant variant);
+
+/// What the dialog searches by when it opens a mail's contact.
+const FilterTerms& terms_of_open_contact();
 
 /// The addresses of one person.
 struct Addresses {
@@ -59,8 +59,8 @@ struct Addresses {
     automation::Text sender_name{};
 };
 
-/// The contact filter: the terms joined by " Or ".
-automation::Text contact_filter(TermKind kind, std::span<const Term> terms, Addresses addresses);
+/// The contact filter for an Internet address, or for another one: the terms joined by " Or ".
+automation::Text contact_filter(const FilterTerms& terms, bool internet, Addresses addresses);
 
 /// Whom a mail is from, as a path reads it.
 struct ReadSender {
@@ -70,9 +70,14 @@ struct ReadSender {
     automation::Text filter;
 };
 
+/// Whether addresses of these types are not to be looked up: the option is off, or none is of the directory.
+bool is_shut(const Session& session, const VariantRow& row, std::initializer_list<automation::Text> types);
+
 /// Reads the sender of a wrapped mail and builds the filter; nothing if the path stops on the way.
-std::optional<ReadSender> read_sender(Session& session, const VariantRow& row,
-                                      const host::family::SafeMailItem& mail);
+/// `between_reads` runs after each read of an address.
+std::optional<ReadSender> read_sender(
+    const Session& session, const VariantRow& row, const host::family::SafeMailItem& mail,
+    const std::function<void()>& between_reads = [] {});
 
 /// The test of the To line.
 bool stops_without_to_line(const Session& session, const VariantRow& row,

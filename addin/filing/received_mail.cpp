@@ -52,8 +52,10 @@ void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
     if (!contact) return;
 
     here.give_way();
-    records::post_note(session, path, folder, contact, sender->mail);
-    records::mark_mail(session, path, item);
+    records::file_note(session, path,
+                       {.folder = folder,
+                        .mail = {.wrapper = sender->mail, .item = item},
+                        .sources = {records::of_contact(contact)}});
     here.give_way();
 }
 

@@ -4,7 +4,6 @@
 
 #include "addin/filing/address_resolution.h"
 #include "addin/ground/presence.h"
-#include "addin/ground/settings.h"
 #include "addin/ground/status_windows.h"
 #include "addin/records/database.h"
 #include "addin/records/stamp.h"
@@ -79,7 +78,8 @@ Sending::Next Sending::file_for(std::int32_t index) {
     const std::optional<Text> filter = filter_for(index);
     if (!filter) return Next::recipient;
     status(Text(checked) + name_);
-    if (steps_.possibly([&] { return wrapper_.To().empty(); })) return Next::leave;
+    if (stops_without_to_line(session_, row(Variant::sent), wrapper_, {.native = native_}))
+        return Next::leave;
 
     const records::PathRow& path = records::row(records::Path::automatic_sent);
     steps_.set(account_profiles_, [&] {
@@ -96,8 +96,11 @@ Sending::Next Sending::file_for(std::int32_t index) {
     }
     status([&] { return Text(searching) + contact.FullName() + Text(saving); });
     wait();
-    note_ = records::post_note(session_, path, folder_, contact, wrapper_, note_);
-    records::mark_mail(session_, path, mail_);
+    note_ = records::file_note(session_, path,
+                               {.folder = folder_,
+                                .mail = {.wrapper = wrapper_, .item = mail_},
+                                .sources = {records::of_contact(contact)},
+                                .before = note_});
     here_.give_way();
     return Next::recipient;
 }
@@ -107,21 +110,20 @@ std::optional<Text> Sending::filter_for(std::int32_t index) {
     steps_.set(entry_, [&] { return wrapper_.Recipients().Item(index).AddressEntry(); });
     if (steps_.possibly([&] { return automation::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
         steps_.set(address_, [&] { return wrapper_.Recipients().Item(index).Address(); });
-        if (variant.empty_native_address_stops && address_.empty()) return std::nullopt;
-        return contact_filter(variant.terms, variant.for_smtp, {.native = address_});
+        if (variant.empty_address_stops && address_.empty()) return std::nullopt;
+        return contact_filter(variant.terms, true, {.native = address_});
     }
     // the first half of the test looks at the mail's sender, not at the recipient
     if (steps_.certainly([&] {
-            const Text option = Settings(session_).option(setting::save_exchange_email);
-            const bool sender = automation::upper(wrapper_.Fields(tag::sender_address_type)) == type_exchange;
-            const bool recipient = automation::upper(entry_.Fields(tag::address_type)) == type_exchange;
-            return option != option_on || (!sender && !recipient);
+            const Text sender = automation::upper(wrapper_.Fields(tag::sender_address_type));
+            const Text recipient = automation::upper(entry_.Fields(tag::address_type));
+            return is_shut(session_, variant, {sender, recipient});
         })) {
         return std::nullopt;
     }
     steps_.set(address_, [&] { return automation::trimmed(entry_.Fields(tag::smtp_address)); });
     steps_.set(native_, [&] { return automation::trimmed(entry_.Fields(tag::address)); });
-    return contact_filter(variant.terms, variant.for_other, {.native = native_, .smtp = address_});
+    return contact_filter(variant.terms, false, {.native = native_, .smtp = address_});
 }
 
 void Sending::status(const std::function<Text()>& text) {

@@ -22,6 +22,8 @@ namespace {
 
 constexpr std::size_t subject_length = 512;  // characters of the mail's body that become an inquiry's subject
 
+constexpr TextView before_mail = u"\r";  // where a record holds the mail's text
+
 enum class SubjectOf { mail, none, body, people };
 
 /// The records that can be made, by the entry of `cmbFolders`.
@@ -69,15 +71,15 @@ void QuickView::cmdAdd_Click() {
     if (const NewRecord* const made = find_record(chosen); made && !made->key_as_read.empty()) {
         steps.set(key, [&] { return record.UserProperties().Item(made->key_as_read).value().to_text(); });
     }
-    const auto new_id = [&](const records::Key&) { return Value(key); };
+    const records::Source new_id{records::From::new_id, [&](records::Name) { return Value(key); }};
     // without a new record, both tests fail, and the mail is filed both ways
     if (steps.possibly([&] { return record.MessageClass() == records::message_class::opportunity; })) {
-        file_mail(records::row(Path::quick_view_opportunity), database.account_profiles, mail, new_id);
+        file_mail(Path::quick_view_opportunity, database.account_profiles, mail, new_id);
     }
     if (steps.possibly([&] { return record.MessageClass() == records::message_class::inquiry; })) {
-        file_mail(records::row(Path::quick_view_inquiry), database.account_profiles, mail, new_id);
+        file_mail(Path::quick_view_inquiry, database.account_profiles, mail, new_id);
     }
-    records::mark_mail(session_, records::row(Path::quick_view_note), mail);
+    records::mark_mail(session_, records::filed_by_user, mail);
     session_.desktop.pointer(forms::Pointer::standard);
 }
 
@@ -86,12 +88,11 @@ Item QuickView::make_record(const Text& chosen, const Text& key, const Folder& p
     const Steps steps(session_);
     const NewRecord* const row = find_record(chosen);
     if (!row) return {};
-    const records::PathRow& note = records::row(Path::quick_view_note);
     Folder folder;
     if (row->default_folder != 0) {
         steps.set(folder, [&] { return name_space().GetDefaultFolder(row->default_folder); });
     } else if (row->folder.empty()) {
-        folder = records::choose_folder(session_, profiles, note.place);
+        folder = records::choose_folder(session_, profiles, records::Place::mail_folder);
     } else {
         steps.set(folder, [&] { return profiles.Folders().Item(row->folder); });
     }
@@ -125,30 +126,21 @@ Item QuickView::make_record(const Text& chosen, const Text& key, const Folder& p
             break;
     }
     if (row->with_mail) {
-        records::write_body(session_, note, record, mail);
+        records::write_body(session_, record, before_mail, mail);
         records::attach(session_, record, mail);
     }
     return record;
 }
 
-void QuickView::file_mail(const records::PathRow& path, const Folder& profiles, const SafeMailItem& mail,
-                          const records::KeySource& others) {
-    const Steps steps(session_);
-    const Folder folder = records::choose_folder(session_, profiles, path.place);
-    const Item filed = records::make_note(session_, path, folder);
-    records::write_keys(session_, path, filed, [&](const records::Key& key) {
-        return key.from == records::From::quick_view ? Value(shown_value(key.property)) : others(key);
-    });
-    for (const records::Name name : {property::account_name, property::contact_name}) {
-        records::write_property(session_, filed, name, [&] { return Value(shown_value(name)); });
-    }
-    records::write_property(session_, filed, property::type,
-                            [&] { return Value(records::note_type::received); });
-    steps.run([&] { filed.Subject(mail.Subject()); });
-    records::write_body(session_, path, filed, mail);
-    records::attach(session_, filed, mail);
-    if (path.ends != records::Ends::post) steps.run([&] { filed.Display(); });
-    if (path.ends != records::Ends::display) steps.run([&] { filed.Post(); });
+void QuickView::file_mail(Path path, const Folder& profiles, const SafeMailItem& mail,
+                          records::Source of_record) {
+    const records::PathRow& row = records::row(path);
+    records::file_note(session_, row,
+                       {.folder = records::choose_folder(session_, profiles, row.place),
+                        .mail = {.wrapper = mail},
+                        .sources = {{records::From::quick_view,
+                                     [this](records::Name name) { return Value(shown_value(name)); }},
+                                    std::move(of_record)}});
 }
 
 }  // namespace addin::quickview

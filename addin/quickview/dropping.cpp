@@ -64,10 +64,11 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
     for (const Target& row : targets) {
         if (steps.certainly([&] { return target.MessageClass() != row.message_class; })) continue;
         steps.run([&] { caption(copying); });
-        file_mail(records::row(row.path), profiles, mail, records::copied_from(target));
+        file_mail(row.path, profiles, mail,
+                  {records::From::target, [&](records::Name name) { return records::copied(target, name); }});
         desktop.sleep(time_to_see);
     }
-    records::mark_mail(session_, records::row(Path::drop_on_opportunity), mail);
+    records::mark_mail(session_, records::filed_by_user, mail);
     steps.run([&] { caption(quick_view_table().caption); });
     desktop.pointer(forms::Pointer::standard);
 }

@@ -108,7 +108,8 @@ class Run {
         if (!make_objects()) return;
         steps_.run([&] { wrapper_.Item(mail_); });
         const filing::VariantRow& variant = filing::row(row_.variant);
-        const std::optional<ReadSender> sender = filing::read_sender(session_, variant, wrapper_);
+        const std::optional<ReadSender> sender =
+            filing::read_sender(session_, variant, wrapper_, [&] { give_way(); });
         if (!sender || filing::stops_without_to_line(session_, variant, wrapper_, sender->addresses)) return;
 
         steps_.set(profiles_, [&] {

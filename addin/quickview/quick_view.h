@@ -53,9 +53,9 @@ class QuickView final : public forms::Form {
                                     const host::outlook::Folder& profiles,
                                     const host::family::SafeMailItem& mail);
     void write_shown_values(const host::outlook::Item& record);
-    /// Files a mail by one of the paths; what the window doesn't show of a key comes from `others`.
-    void file_mail(const records::PathRow& path, const host::outlook::Folder& profiles,
-                   const host::family::SafeMailItem& mail, const records::KeySource& others);
+    /// Files a mail by one of the paths; what the window doesn't show comes `of_record`.
+    void file_mail(records::Path path, const host::outlook::Folder& profiles,
+                   const host::family::SafeMailItem& mail, records::Source of_record);
 
     host::outlook::NameSpace name_space() const;
 

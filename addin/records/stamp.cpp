@@ -1,6 +1,8 @@
 #include "addin/records/stamp.h"
 
 #include <algorithm>
+#include <stdexcept>
+#include <utility>
 
 #include "addin/ground/keyed.h"
 #include "addin/ground/settings.h"
@@ -9,17 +11,17 @@ namespace addin::records {
 
 using automation::Text;
 using automation::TextView;
+using automation::Value;
 
 namespace {
 
 constexpr std::int32_t attachment_position = 1;
 
 constexpr TextView two_line_breaks = u"\r\n\r\n";
-constexpr TextView carriage_return = u"\r";
 
-constexpr TextView flag_received = u"TW-Received eMail Auto Filed";
-constexpr TextView flag_sent = u"TW-Sent Email Auto Filed";
-constexpr TextView flag_user = u"TW User Filed";
+constexpr Mark filed_received{u"TW-Received eMail Auto Filed", true};
+constexpr Mark filed_sent{u"TW-Sent Email Auto Filed", false};
+constexpr Mark no_mark{};
 
 constexpr Key from_contact[] = {{property::account_id, From::contact},
                                 {property::contact_id, From::contact},
@@ -31,6 +33,11 @@ constexpr Key from_chosen_account[] = {{property::account_id, From::chosen_accou
                                        {property::account_manager, From::chosen_account},
                                        {property::team, From::chosen_account},
                                        {property::alignment, From::chosen_account}};
+constexpr Key from_made_contact[] = {{property::account_id, From::chosen_account},
+                                     {property::contact_id, From::new_id},
+                                     {property::account_manager, From::contact},
+                                     {property::team, From::contact},
+                                     {property::alignment, From::contact}};
 constexpr Key from_account[] = {{property::account_id, From::account},
                                 {property::account_manager, From::account},
                                 {property::team, From::account},
@@ -41,11 +48,6 @@ constexpr Key from_record[] = {
     {property::account_manager, From::record}, {property::team, From::record},
     {property::alignment, From::record},       {property::note_id, From::record},
     {property::appointment_id, From::record},  {property::task_id, From::record}};
-constexpr Key from_quick_view[] = {{property::account_id, From::quick_view},
-                                   {property::contact_id, From::quick_view},
-                                   {property::account_manager, From::quick_view},
-                                   {property::team, From::quick_view},
-                                   {property::alignment, From::quick_view}};
 constexpr Key for_new_opportunity[] = {
     {property::account_id, From::quick_view}, {property::contact_id, From::quick_view},
     {property::opportunity_id, From::new_id}, {property::account_manager, From::quick_view},
@@ -66,23 +68,25 @@ constexpr Key dropped_on_inquiry[] = {
 
 // clang-format off
 constexpr PathRow path_rows[] = {
-    // path                          place                      class                   keys                    account name          contact name      type            subject       body starts with  date   ends                      marks                           flag           billing
-    {Path::automatic_received,       Place::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::received, From::mail,   two_line_breaks, true,  Ends::post,               Marks::the_mail,                flag_received, true},
-    {Path::automatic_sent,           Place::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::sent,     From::mail,   two_line_breaks, true,  Ends::post,               Marks::the_mail,                flag_sent,     false},
-    {Path::quick_view_new_contact,   Place::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::nothing,                 u"",           false},
-    {Path::open_contact_new_contact, Place::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::nothing,                 u"",           false},
-    {Path::create_contact_level,     Place::mail_folder_twice,  message_class::note,    from_contact,           From::contact,        From::contact,    From::dialog,   From::dialog, two_line_breaks, true,  Ends::post,               Marks::inspector_and_selection, flag_user,     true},
-    {Path::create_account_level,     Place::mail_folder_twice,  message_class::note,    from_account,           From::account_name,   From::none,       From::dialog,   From::dialog, two_line_breaks, false, Ends::post,               Marks::inspector_and_selection, flag_user,     true},
-    {Path::create_new_contact,       Place::mail_folder_twice,  message_class::note,    from_contact,           From::contact,        From::contact,    From::dialog,   From::dialog, two_line_breaks, false, Ends::post,               Marks::nothing,                 u"",           false},
-    {Path::create_from_record,       Place::mail_folder,        message_class::note,    from_record,            From::record,         From::record,     From::dialog,   From::dialog, two_line_breaks, true,  Ends::post,               Marks::inspector_and_selection, flag_user,     true},
-    {Path::quick_view_note,          Place::mail_folder,        message_class::note,    from_quick_view,        From::quick_view,     From::quick_view, From::received, From::mail,   carriage_return, false, Ends::display,            Marks::the_wrapper,             flag_user,     true},
-    {Path::quick_view_opportunity,   Place::notes_unless_named, message_class::note,    for_new_opportunity,    From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::display_then_post,  Marks::the_wrapper,             flag_user,     true},
-    {Path::quick_view_inquiry,       Place::actions,            message_class::action,  for_new_inquiry,        From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::the_wrapper,             flag_user,     true},
-    {Path::drop_on_opportunity,      Place::notes_unless_named, message_class::note,    dropped_on_opportunity, From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::the_wrapper,             flag_user,     true},
-    {Path::drop_on_inquiry,          Place::actions,            message_class::action,  dropped_on_inquiry,     From::quick_view,     From::quick_view, From::received, From::mail,   two_line_breaks, false, Ends::post,               Marks::the_wrapper,             flag_user,     true},
+    // path                          place                      class                   keys                    account name          contact name      opportunity   type            subject       date              ends                     marks                           mark
+    {Path::automatic_received,       Place::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::received, From::mail,   Date::after_body, Ends::post,              Marks::the_mail,                filed_received},
+    {Path::automatic_sent,           Place::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::sent,     From::mail,   Date::after_body, Ends::post,              Marks::the_mail,                filed_sent},
+    {Path::quick_view_new_contact,   Place::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::open_contact_new_contact, Place::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::create_contact_level,     Place::mail_folder_twice,  message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::after_body, Ends::post,              Marks::inspector_and_selection, filed_by_user},
+    {Path::create_account_level,     Place::mail_folder_twice,  message_class::note,    from_account,           From::account,        From::none,       From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::inspector_and_selection, filed_by_user},
+    {Path::create_new_contact,       Place::mail_folder_twice,  message_class::note,    from_made_contact,      From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::create_from_record,       Place::mail_folder,        message_class::note,    from_record,            From::record,         From::record,     From::record, From::dialog,   From::dialog, Date::after_keys, Ends::post,              Marks::inspector_and_selection, filed_by_user},
+    {Path::quick_view_opportunity,   Place::notes_unless_named, message_class::note,    for_new_opportunity,    From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::display_then_post, Marks::nothing,                 no_mark},
+    {Path::quick_view_inquiry,       Place::actions,            message_class::action,  for_new_inquiry,        From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::drop_on_opportunity,      Place::notes_unless_named, message_class::note,    dropped_on_opportunity, From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::drop_on_inquiry,          Place::actions,            message_class::action,  dropped_on_inquiry,     From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
 };
 // clang-format on
 static_assert(is_in_order(path_rows, &PathRow::path, Path::drop_on_inquiry));
+static_assert(std::ranges::all_of(path_rows, [](const PathRow& row) {
+    return (row.marks == Marks::nothing) == row.mark.flag_request.empty();
+}));
 
 constexpr bool keys_stand_once() {
     return std::ranges::all_of(path_rows,
@@ -96,18 +100,94 @@ Text named_folder(const Session& session, TextView otherwise) {
     return named.empty() ? Text(otherwise) : named;
 }
 
-template <class Mail>
-void mark(const Session& session, const PathRow& row, const Mail& mail) {
+template <class Item>
+void write_mark(const Session& session, const Mark& mark, const Item& mail) {
     const Steps steps(session);
     steps.run([&] { mail.FlagStatus(host::outlook::flag_complete); });
-    steps.run([&] { mail.FlagRequest(row.flag_request); });
-    if (row.billing_information) steps.run([&] { mail.BillingInformation(auto_filed); });
+    steps.run([&] { mail.FlagRequest(mark.flag_request); });
+    if (mark.billing_information) steps.run([&] { mail.BillingInformation(auto_filed); });
     steps.run([&] { mail.Save(); });
 }
 
-}  // namespace
+/// The mail in the inspector and the one in the selection: one of them is Nothing. A mail that is being
+/// written isn't marked.
+void mark_chosen(const Session& session, const Mark& mark, const MailToFile& mail) {
+    const Steps steps(session);
+    if (steps.certainly([&] { return !mail.inspector.CurrentItem().Sent(); })) return;
+    host::outlook::Item in_inspector, selected;
+    steps.set(in_inspector, [&] { return mail.inspector.CurrentItem(); });
+    mark_mail(session, mark, in_inspector);
+    steps.set(selected, [&] { return mail.selection.Item(1); });
+    mark_mail(session, mark, selected);
+}
 
-std::span<const PathRow> paths() { return path_rows; }
+/// Fills one note.
+class NoteWriter {
+  public:
+    NoteWriter(const Session& session, const PathRow& row, const Filing& filing, host::outlook::Item note)
+        : row_(row), filing_(filing), note_(std::move(note)), session_(session), steps_(session) {}
+
+    void fill() const {
+        for (const Key& key : row_.keys) write(key);
+        if (row_.activity_date == Date::after_keys) write_date();
+        if (filing_.further_key) write(*filing_.further_key);
+        write({property::account_name, row_.account_name});
+        write({property::contact_name, row_.contact_name});
+        write({property::opportunity_name, row_.opportunity_name});
+        write({property::type, row_.type});
+        steps_.run([&] {
+            if (const std::optional<Value> subject = value({field::subject, row_.subject}))
+                note_.Subject(subject->to_text());
+        });
+        write_body(session_, note_, two_line_breaks, filing_.mail.wrapper);
+        if (row_.activity_date == Date::after_body) write_date();
+        attach(session_, note_, filing_.mail.wrapper);
+    }
+
+  private:
+    void write(const Key& key) const {
+        if (key.from == From::none) return;
+        steps_.run([&] {
+            const auto target = note_.UserProperties().Item(key.property);
+            if (const std::optional<Value> found = value(key)) target.value(*found);
+        });
+    }
+
+    void write_date() const {
+        write_property(session_, note_, property::activity_date,
+                       [&] { return filing_.mail.wrapper.SentOn(); });
+    }
+
+    std::optional<Value> value(const Key& key) const {
+        switch (key.from) {
+            case From::none:
+                return std::nullopt;
+            case From::mail:
+                return filing_.mail.wrapper.Subject();
+            case From::sender:
+                return filing_.mail.wrapper.SenderName();
+            case From::received:
+                return Value(note_type::received);
+            case From::sent:
+                return Value(note_type::sent);
+            default:
+                break;
+        }
+        const auto source = std::ranges::find(filing_.sources, key.from, &Source::from);
+        if (source == filing_.sources.end()) {
+            throw std::logic_error("the path has no source of " + automation::to_utf8(key.property));
+        }
+        return source->read(key.property);
+    }
+
+    const PathRow& row_;
+    const Filing& filing_;
+    host::outlook::Item note_;
+    const Session& session_;
+    Steps steps_;
+};
+
+}  // namespace
 
 const PathRow& row(Path path) { return path_rows[static_cast<std::size_t>(path)]; }
 
@@ -142,38 +222,16 @@ host::outlook::Folder choose_folder(const Session& session, const host::outlook:
     return chosen;
 }
 
-KeySource copied_from(const host::outlook::Item& record) {
-    return [&record](const Key& key) { return record.UserProperties().Item(key.property).value(); };
-}
-
-host::outlook::Item make_note(const Session& session, const PathRow& row, const host::outlook::Folder& folder,
-                              const host::outlook::Item& before) {
-    const Steps steps(session);
-    host::outlook::Item note = before;
-    steps.set(note, [&] { return folder.Items().Add(row.message_class); });
-    return note;
-}
-
-void write_keys(const Session& session, const PathRow& row, const host::outlook::Item& note,
-                const KeySource& source) {
-    for (const Key& key : row.keys) write_property(session, note, key.property, [&] { return source(key); });
-}
-
 void write_property(const Session& session, const host::outlook::Item& note, Name name,
                     const std::function<automation::Value()>& value, const SourcePlace& place) {
     const Steps steps(session);
     steps.run([&] { note.UserProperties().Item(name).value(value()); }, place);
 }
 
-void write_activity_date(const Session& session, const host::outlook::Item& note,
-                         const host::family::SafeMailItem& mail) {
-    write_property(session, note, property::activity_date, [&] { return mail.SentOn(); });
-}
-
-void write_body(const Session& session, const PathRow& row, const host::outlook::Item& note,
+void write_body(const Session& session, const host::outlook::Item& note, TextView start,
                 const host::family::SafeMailItem& mail) {
     const Steps steps(session);
-    steps.run([&] { note.Body(Text(row.body_start) + mail.Body()); });
+    steps.run([&] { note.Body(Text(start) + mail.Body()); });
 }
 
 void attach(const Session& session, const host::outlook::Item& note, const host::family::SafeMailItem& mail) {
@@ -181,48 +239,36 @@ void attach(const Session& session, const host::outlook::Item& note, const host:
     steps.run([&] { note.Attachments().Add(mail, attachment_position); });
 }
 
-void attach_and_post(const Session& session, const host::outlook::Item& note,
-                     const host::family::SafeMailItem& mail) {
-    const Steps steps(session);
-    attach(session, note, mail);
-    steps.run([&] { note.Post(); });
+Value copied(const host::outlook::Item& record, Name property) {
+    return record.UserProperties().Item(property).value();
 }
 
-host::outlook::Item post_note(const Session& session, const PathRow& row, const host::outlook::Folder& folder,
-                              const host::outlook::Item& contact, const host::family::SafeMailItem& mail,
-                              const host::outlook::Item& before) {
+Source of_contact(const host::outlook::Item& contact) {
+    return {From::contact, [contact](Name name) -> std::optional<Value> {
+                if (name == property::account_name) return contact.CompanyName();
+                if (name == property::contact_name) return contact.FullName();
+                return copied(contact, name);
+            }};
+}
+
+host::outlook::Item file_note(const Session& session, const PathRow& row, const Filing& filing) {
     const Steps steps(session);
-    host::outlook::Item note = make_note(session, row, folder, before);
-    write_keys(session, row, note, copied_from(contact));
-    write_property(session, note, property::account_name, [&] { return contact.CompanyName(); });
-    write_property(session, note, property::contact_name, [&] { return contact.FullName(); });
-    write_property(session, note, property::type, [&] {
-        return automation::Value(row.type == From::sent ? note_type::sent : note_type::received);
-    });
-    steps.run([&] { note.Subject(mail.Subject()); });
-    write_body(session, row, note, mail);
-    if (row.activity_date) write_activity_date(session, note, mail);
-    attach_and_post(session, note, mail);
+    host::outlook::Item note = filing.before;
+    steps.set(note, [&] { return filing.folder.Items().Add(row.message_class); });
+    NoteWriter(session, row, filing, note).fill();
+    if (row.ends == Ends::display_then_post) steps.run([&] { note.Display(); });
+    steps.run([&] { note.Post(); });
+    if (row.marks == Marks::the_mail) mark_mail(session, row.mark, filing.mail.item);
+    if (row.marks == Marks::inspector_and_selection) mark_chosen(session, row.mark, filing.mail);
     return note;
 }
 
-void mark_chosen_mail(const Session& session, const PathRow& row, const host::outlook::Inspector& inspector,
-                      const host::outlook::Selection& selection) {
-    const Steps steps(session);
-    if (steps.certainly([&] { return !inspector.CurrentItem().Sent(); })) return;
-    host::outlook::Item in_inspector, selected;
-    steps.set(in_inspector, [&] { return inspector.CurrentItem(); });
-    mark_mail(session, row, in_inspector);
-    steps.set(selected, [&] { return selection.Item(1); });
-    mark_mail(session, row, selected);
+void mark_mail(const Session& session, const Mark& mark, const host::outlook::Item& mail) {
+    write_mark(session, mark, mail);
 }
 
-void mark_mail(const Session& session, const PathRow& row, const host::outlook::Item& mail) {
-    mark(session, row, mail);
-}
-
-void mark_mail(const Session& session, const PathRow& row, const host::family::SafeMailItem& mail) {
-    mark(session, row, mail);
+void mark_mail(const Session& session, const Mark& mark, const host::family::SafeMailItem& mail) {
+    write_mark(session, mark, mail);
 }
 
 }  // namespace addin::records

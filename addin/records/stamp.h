@@ -4,7 +4,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
+#include <vector>
 
 #include "addin/ground/steps.h"
 #include "addin/host/desktop.h"
@@ -27,7 +29,6 @@ enum class Path {
     create_account_level,
     create_new_contact,
     create_from_record,
-    quick_view_note,
     quick_view_opportunity,
     quick_view_inquiry,
     drop_on_opportunity,
@@ -43,51 +44,57 @@ enum class Place {
     actions              ///< "Actions" below "Customer Service"; the option isn't read
 };
 
-/// What a path takes a value from.
+/// What a path takes a value from. What a row names and the writer doesn't know itself, the path has to hand
+/// over as a `Source`.
 enum class From {
     none,            ///< stays unset
-    contact,         ///< the matched contact's own property or field
+    contact,         ///< the matched contact, or the one that was made
     account,         ///< the account record
-    account_name,    ///< the account's subject
     chosen_account,  ///< the chosen account, or, for want of one, the domain of the sender
     new_id,          ///< an id made for the new record
-    sender,          ///< the sender's name
     dialog,          ///< what the Create Note dialog holds
     record,          ///< the selected record, by its class
     quick_view,      ///< the hidden value fields of Quick View
     target,          ///< the record that the mail was dropped on
     mail,            ///< the mail, through its wrapper
+    sender,          ///< the sender's name, through the wrapper
     received,        ///< the text "Email (Received)"
     sent             ///< the text "Email (Sent)"
 };
 
-/// A key that a path copies by name.
+/// A property of the note, and what it is taken from.
 struct Key {
     Name property;
     From from;
 };
 
-enum class Ends { post, display, display_then_post };
+/// When the note's date is written.
+enum class Date { never, after_keys, after_body };
 
-/// What the mail is marked with, and through what.
-enum class Marks { nothing, the_mail, inspector_and_selection, the_wrapper };
+enum class Ends { post, display_then_post };
+
+/// What a note's path marks, when it is posted. Quick View marks the mail itself, once for all that it makes.
+enum class Marks { nothing, the_mail, inspector_and_selection };
+
+/// How a mail tells that it was filed.
+struct Mark {
+    automation::TextView flag_request;
+    bool billing_information;
+};
+inline constexpr Mark filed_by_user{u"TW User Filed", true};
 
 struct PathRow {
     Path path;
     Place place;
     Name message_class;
     std::span<const Key> keys;
-    From account_name, contact_name, type, subject;
-    automation::TextView body_start;
-    bool activity_date;
+    From account_name, contact_name, opportunity_name, type, subject;
+    Date activity_date;
     Ends ends;
     Marks marks;
-    automation::TextView flag_request;
-    bool billing_information;
+    Mark mark;
 };
 
-/// Every path, in the order of `Path`.
-std::span<const PathRow> paths();
 const PathRow& row(Path path);
 
 /// The folder below the anchor for a path's note. If none can be had it is the one of before, which is
@@ -95,44 +102,51 @@ const PathRow& row(Path path);
 host::outlook::Folder choose_folder(const Session& session, const host::outlook::Folder& account_profiles,
                                     Place place, const host::outlook::Folder& before = {});
 
-// The moves that a note is made of. Each fills what it fills, skips what fails, and changes nothing else.
+/// The mail that a note is made of: its wrapper, and what is marked. Of inspector and selection one stands.
+struct MailToFile {
+    host::family::SafeMailItem wrapper;
+    host::outlook::Item item{};
+    host::outlook::Inspector inspector{};
+    host::outlook::Selection selection{};
+};
 
-/// What a key of a note is filled with. Throws `Failure` for what can't be read: the key stays unset.
-using KeySource = std::function<automation::Value(const Key& key)>;
+/// What a path hands over: the values from one of the places that its row names. They are asked for by the
+/// note's property; the account's name is `property::account_name`, a subject `field::subject`. Nothing, or a
+/// `Failure`: it stays unset.
+struct Source {
+    From from;
+    std::function<std::optional<automation::Value>(Name property)> read;
+};
 
+/// A contact's own properties, and its names.
+Source of_contact(const host::outlook::Item& contact);
 /// Each key is copied from a record's property of its own name.
-KeySource copied_from(const host::outlook::Item& record);
+automation::Value copied(const host::outlook::Item& record, Name property);
 
-host::outlook::Item make_note(const Session& session, const PathRow& row, const host::outlook::Folder& folder,
-                              const host::outlook::Item& before = {});
-void write_keys(const Session& session, const PathRow& row, const host::outlook::Item& note,
-                const KeySource& source);
+/// What one filing adds to its path's row.
+struct Filing {
+    host::outlook::Folder folder;
+    MailToFile mail;
+    std::vector<Source> sources{};
+    std::optional<Key> further_key{};  ///< written after the row's own
+    host::outlook::Item before{};  ///< is filled if no note can be made: Nothing, unless a loop has made one
+};
+
+/// Makes, fills and posts the note of a mail, and marks the mail, as the row says; answers the note. The mail
+/// is attached through its wrapper, which stands for it. What fails is skipped.
+host::outlook::Item file_note(const Session& session, const PathRow& row, const Filing& filing);
+
+// The moves that are made outside of a filing, too.
+
 void write_property(const Session& session, const host::outlook::Item& note, Name name,
                     const std::function<automation::Value()>& value,
                     const SourcePlace& place = SourcePlace::current());
-void write_activity_date(const Session& session, const host::outlook::Item& note,
-                         const host::family::SafeMailItem& mail);
-void write_body(const Session& session, const PathRow& row, const host::outlook::Item& note,
+void write_body(const Session& session, const host::outlook::Item& note, automation::TextView start,
                 const host::family::SafeMailItem& mail);
-/// The mail is attached through its wrapper, which stands for it.
 void attach(const Session& session, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
-void attach_and_post(const Session& session, const host::outlook::Item& note,
-                     const host::family::SafeMailItem& mail);
-
-/// Makes, fills and posts the note of a mail that was matched with a contact. The mail is attached through
-/// its wrapper, which stands for it. Answers the note; if none can be made, the one of before is filled,
-/// which is Nothing unless a loop has made one.
-host::outlook::Item post_note(const Session& session, const PathRow& row, const host::outlook::Folder& folder,
-                              const host::outlook::Item& contact, const host::family::SafeMailItem& mail,
-                              const host::outlook::Item& before = {});
-
-/// Marks the mail of the Create Note dialog, in the inspector and in the selection: one of them is Nothing. A
-/// mail that is being written isn't marked.
-void mark_chosen_mail(const Session& session, const PathRow& row, const host::outlook::Inspector& inspector,
-                      const host::outlook::Selection& selection);
 
 /// Marks a mail as filed, on the item itself or through its wrapper.
-void mark_mail(const Session& session, const PathRow& row, const host::outlook::Item& mail);
-void mark_mail(const Session& session, const PathRow& row, const host::family::SafeMailItem& mail);
+void mark_mail(const Session& session, const Mark& mark, const host::outlook::Item& mail);
+void mark_mail(const Session& session, const Mark& mark, const host::family::SafeMailItem& mail);
 
 }  // namespace addin::records

@@ -267,8 +267,8 @@ TEST_F(AddressResolution, GoesOnByTheNativeAddressIfTheInternetAddressFails) {
 
 struct FilterCase {
     const char* name;
-    addin::filing::Variant variant;
-    bool smtp_type;
+    const addin::filing::FilterTerms& terms;
+    bool internet;
     TextView filter;
 };
 
@@ -295,21 +295,23 @@ TEST(ContactFilter, IsMadeOfTheTermsOfItsVariant) {
         u"[FullName] < "
         u"\"y\" Or [Subject] >= \"x\" AND [Subject] < \"y\" Or [EmailSearchString] >= \"n\" AND "
         u"[EmailSearchString] < \"o\"";
-    constexpr FilterCase cases[] = {
-        {"received, Internet", Variant::received, true, e3_native},
-        {"received, other", Variant::received, false, both},
-        {"sent, Internet", Variant::sent, true, e3_native},
-        {"sent, other", Variant::sent, false, both},
-        {"Quick View, Internet", Variant::quick_view_launch, true, e3_native},
-        {"Quick View, other", Variant::quick_view_launch, false, both},
-        {"Tarnwell, Internet", Variant::tarnwell_launch, true, launch},
-        {"Tarnwell, other", Variant::tarnwell_launch, false, launch_other},
-        {"open contact, Internet", Variant::open_contact, true, open},
+    const auto of = [](Variant variant) -> const addin::filing::FilterTerms& {
+        return addin::filing::row(variant).terms;
+    };
+    const FilterCase cases[] = {
+        {"received, Internet", of(Variant::received), true, e3_native},
+        {"received, other", of(Variant::received), false, both},
+        {"sent, Internet", of(Variant::sent), true, e3_native},
+        {"sent, other", of(Variant::sent), false, both},
+        {"Quick View, Internet", of(Variant::quick_view_launch), true, e3_native},
+        {"Quick View, other", of(Variant::quick_view_launch), false, both},
+        {"Tarnwell, Internet", of(Variant::tarnwell_launch), true, launch},
+        {"Tarnwell, other", of(Variant::tarnwell_launch), false, launch_other},
+        {"open contact, Internet", addin::filing::terms_of_open_contact(), true, open},
     };
     for (const FilterCase& one : cases) {
         SCOPED_TRACE(one.name);
-        const addin::filing::VariantRow& row = addin::filing::row(one.variant);
-        EXPECT_EQ(shown(addin::filing::contact_filter(row.terms, one.smtp_type ? row.for_smtp : row.for_other,
+        EXPECT_EQ(shown(addin::filing::contact_filter(one.terms, one.internet,
                                                       {.native = u"n", .smtp = u"s", .sender_name = u"x"})),
                   shown(one.filter));
     }
@@ -318,8 +320,8 @@ TEST(ContactFilter, IsMadeOfTheTermsOfItsVariant) {
 TEST(ContactFilter, LeavesOutAnEmptyNativeAddressWhereTheVariantSaysSo) {
     using addin::filing::Variant;
     const auto filter = [](Variant variant) {
-        const addin::filing::VariantRow& row = addin::filing::row(variant);
-        return addin::filing::contact_filter(row.terms, row.for_other, {.native = u"", .smtp = u"s"});
+        return addin::filing::contact_filter(addin::filing::row(variant).terms, false,
+                                             {.native = u"", .smtp = u"s"});
     };
     constexpr TextView smtp_only =
         u"[Email1Address] = \"s\" Or [Email2Address] = \"s\" Or [Email3Address] = \"s\"";
