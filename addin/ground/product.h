@@ -1,4 +1,4 @@
-// What the product is called; product_version.h, which the build makes of the project's version, tells which one it is.
+// What the product is called. Which version it is tells product_version.h, made of the project's version.
 #pragma once
 
 #include "automation/text.h"

@@ -25,7 +25,8 @@ build_preset() {
 # What the desk needs to run; the tests are left to those who ask for them.
 native_tools=(tarnwell-mail tarnwell-database)
 desk_programs=(TWstore.exe TarnwellUtility.exe TarnwellUpdate.exe)
-desk_targets=(desk DocumentViewer TarnwellNote TarnwellFamily "${desk_programs[@]%.exe}")
+product_targets=(TarnwellNote TarnwellFamily "${desk_programs[@]%.exe}")
+desk_targets=(desk DocumentViewer "${product_targets[@]}")
 
 # make_databases: build/databases/<name>/ with tarnwell.db and the system folder's file, anew when data or maker changed.
 make_databases() {
@@ -48,12 +49,15 @@ make_databases() {
     done
 }
 
-# prepare WHAT: everything that a command needs, from a bare machine on. WHAT is desk (to run it), all, tests, or quick (the
-# native ones alone).
+# prepare WHAT: everything that a command needs, from a bare machine on. WHAT is desk (to run it), package, all, tests, or quick
+# (the native ones alone).
 prepare() {
     local preset packages=("${build_packages[@]}" "${wine_packages[@]}")
     [[ -z ${TARNWELL_PREPARED:-} ]] || return 0 # a test run has done it for the commands that it calls
-    [[ $1 == desk || $1 == all ]] || packages+=("${check_packages[@]}")
+    case $1 in
+        package) packages+=("${package_packages[@]}") ;;
+        tests | quick) packages+=("${check_packages[@]}") ;;
+    esac
     install_packages "${packages[@]}"
     lock "$BUILD/build.lock" "another ./tarnwell is building; waiting for it"
     install_libraries
@@ -61,6 +65,11 @@ prepare() {
         desk)
             build_preset native "${native_tools[@]}"
             build_preset x64 "${desk_targets[@]}"
+            ;;
+        package)
+            for preset in "${package_kinds[@]}"; do build_preset "$preset" "${product_targets[@]}"; done
+            unlock
+            return
             ;;
         quick) build_preset native ;;
         all) for preset in native x64 x86; do build_preset "$preset"; done ;;

@@ -4,7 +4,8 @@
 build_packages=(cmake ninja-build g++ ccache pkg-config g++-mingw-w64-x86-64 g++-mingw-w64-i686 libgmime-3.0-dev
     libxml2-dev nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev googletest libbenchmark-dev)
 wine_packages=(wine wine64 fonts-wine xvfb openbox xdotool imagemagick)
-check_packages=(clang-format clang-tidy)
+package_packages=(wixl msitools zip)
+check_packages=(clang-format clang-tidy "${package_packages[@]}" osslsigncode openssl)
 
 # install_packages NAME...: one query tells what is missing; apt is called only then.
 install_packages() {

@@ -25,6 +25,7 @@ refuses "not 'ten'" script "$script" --host-version ten
 refuses "exclude each other" script "$script" --deferred-events --events-at-once
 refuses "is a second one" script "$script" "$script"
 refuses "at least one mail file" deliver
+refuses "takes no arguments" package now
 refuses "not '--slow'" run --slow
 refuses "not '--fast'" test --fast
 refuses "no test has 'Unheard'" test Unheard
