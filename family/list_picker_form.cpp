@@ -4,7 +4,7 @@
 #include <span>
 #include <utility>
 
-#include "forms/named.h"
+#include "forms/control_name.h"
 #include "forms/pictures.h"
 #include "forms/sort_marks.h"
 

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "family/database.h"
-#include "forms/named.h"
+#include "forms/control_name.h"
 
 namespace family {
 

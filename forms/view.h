@@ -123,7 +123,7 @@ class View {
   public:
     virtual ~View() = default;
 
-    /// A name that the table hasn't is a mistake: `std::logic_error`. See `Named`.
+    /// A name that the table hasn't is a mistake: `std::logic_error`. See `ControlName`.
     virtual Control& control(automation::TextView name) = 0;
     virtual automation::Text caption() const = 0;
     virtual void caption(automation::TextView text) = 0;

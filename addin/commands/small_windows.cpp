@@ -3,7 +3,7 @@
 #include "addin/ground/product.h"
 #include "addin/ground/steps.h"
 #include "addin/host/family.h"
-#include "forms/named.h"
+#include "forms/control_name.h"
 #include "forms/pictures.h"
 
 namespace addin::commands {
@@ -73,7 +73,7 @@ const FormTable& tarnwell_table() { return tarnwell; }
 const FormTable& tarnwell_info_table() { return tarnwell_info; }
 
 void Tarnwell::on_click(automation::TextView control) {
-    if (forms::Named<tarnwell>(u"Command1") != control) return;
+    if (forms::ControlName<tarnwell>(u"Command1") != control) return;
     const Steps steps(session_);
     host::family::ListPicker picker;
     steps.set(picker, [&] {

@@ -48,7 +48,6 @@ constexpr ConversionRow to_lead = {u"Would you like to convert this contact to a
                                    u" was created as a Tarnwell Lead."};
 
 constexpr TextView account_question = u"Would you like to search for an Account? ";
-constexpr TextView picker_definition = u"Account", picker_title = u"Account List";
 constexpr TextView key_start = u"C";
 constexpr std::uint32_t pause = 1000;  // milliseconds
 
@@ -255,7 +254,7 @@ void ContactConversion::find_account() {
 
 void ContactConversion::choose_account() {
     const host::family::ListPicker picker = records::make_account_picker(session_, profiles_);
-    steps_.run([&] { picker.searchany(picker_definition, picker_title); });
+    steps_.run([&] { picker.searchany(records::account_definition, records::account_list_title); });
     if (steps_.possibly([&] { return picker.dialogcancel(); })) return;
     automation::Array chosen;
     Item account;

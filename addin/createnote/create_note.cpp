@@ -193,9 +193,9 @@ void dlgSend::CreateNote() {
     const records::Database database = records::open_database(session_);
     const Folder& profiles = database.account_profiles;
     const bool at_contact = steps.possibly([&] { return contact_level(); });
-    const records::PathRow& path =
-        records::row(at_contact ? records::Path::create_contact_level : records::Path::create_account_level);
-    const Folder folder = records::choose_folder(session_, profiles, path.place);
+    const records::PathRow& path = records::path_row(at_contact ? records::Path::create_contact_level
+                                                                : records::Path::create_account_level);
+    const Folder folder = records::choose_folder(session_, profiles, path.folder);
     RecordSearch search(*this, mail, profiles);
     const Item record = at_contact ? search.contact() : search.account();
     if (!record) {
@@ -255,7 +255,7 @@ void dlgSend::create_for_new_contact(const Presence& here, const records::MailTo
                                          if (here.lasts()) unload();
                                      }});
     if (!made) return;
-    const records::PathRow& path = records::row(records::Path::create_new_contact);
+    const records::PathRow& path = records::path_row(records::Path::create_new_contact);
     records::file_note(
         session_, path,
         {.folder = folder,
@@ -278,8 +278,8 @@ void dlgSend::CreateNoteEx() {
         steps.run([&] { mail.wrapper.Item(mail.item); });
     }
     const Folder profiles = records::open_database(session_).account_profiles;
-    const records::PathRow& path = records::row(records::Path::create_from_record);
-    const Folder folder = records::choose_folder(session_, profiles, path.place);
+    const records::PathRow& path = records::path_row(records::Path::create_from_record);
+    const Folder folder = records::choose_folder(session_, profiles, path.folder);
     if (steps.certainly([&] { return !control(u"Combo2").text().empty(); })) {
         create_from_record(path, folder, profiles, mail);
     }

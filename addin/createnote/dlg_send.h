@@ -20,7 +20,7 @@ inline constexpr int text = 0, third = 2, key = 6, entry_id = 7;
 }
 
 /// A control of the dialog, by its name.
-using ControlName = forms::Named<dialog::table>;
+using ControlName = forms::ControlName<dialog::table>;
 
 class dlgSend final : public forms::Form {
   public:
@@ -47,9 +47,9 @@ class dlgSend final : public forms::Form {
     Session& session() { return session_; }
     forms::Control& control(ControlName name) { return Form::control(name); }
     forms::List& list() {
-        return Form::control(forms::Named<dialog::table, forms::is_list>(u"lstRecipients")).list();
+        return Form::control(forms::ControlName<dialog::table, forms::is_list>(u"lstRecipients")).list();
     }
-    forms::Choice& choice(forms::Named<dialog::table, forms::is_choice> name) {
+    forms::Choice& choice(forms::ControlName<dialog::table, forms::is_choice> name) {
         return Form::control(name).choice();
     }
     automation::Text row_text() { return list().text(list().selected(), column::text); }

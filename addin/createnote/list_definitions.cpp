@@ -104,7 +104,7 @@ void dlgSend::LoadFindDefinitions() {
     const MainAddIn main_add_in = records::make_main_add_in(session_.desktop);
     const Text folder = main_add_in.getspecialfolderlocation();
     forms::Choice& targets = choice(u"Combo2");
-    for (const Target& target : read_targets(session_.desktop, folder, in_create_note)) {
+    for (const SearchTarget& target : read_targets(session_.desktop, folder, in_create_note)) {
         targets.add(target.name);
     }
     targets.add(search_by_email);

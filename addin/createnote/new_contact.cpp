@@ -27,19 +27,17 @@ constexpr TextView commercial_end = u".com", web_start = u"www.";
 
 // clang-format off
 constexpr NewContactRow new_contacts[] = {
-    // path                                     chooser          keeps values  alignment of kept  address is domain
-    {records::Path::quick_view_new_contact,     Chooser::search, true,         false,             false},
-    {records::Path::open_contact_new_contact,   Chooser::dialog, true,         true,              true},
-    {records::Path::create_new_contact,         Chooser::dialog, false,        false,             true},
+    // path                                     picker              keeps values  alignment of kept  address is domain
+    {records::Path::quick_view_new_contact,     PickerForm::search, true,         false,             false},
+    {records::Path::open_contact_new_contact,   PickerForm::dialog, true,         true,              true},
+    {records::Path::create_new_contact,         PickerForm::dialog, false,        false,             true},
 };
 // clang-format on
 static_assert(is_keyed(new_contacts, &NewContactRow::path));
 
-/// Where the chooser's answer holds the entry id of the chosen account: a search counts the rows first, the
+/// Where the picker's answer holds the entry id of the chosen account: a search counts the rows first, the
 /// dialog the columns.
 constexpr std::int32_t first_choice = 0, entry_id_place = 7;
-
-constexpr TextView chooser_kind = u"Account", chooser_title = u"Account List";
 
 Text property_text(const Item& item, TextView name) {
     return item.UserProperties().Item(name).value().to_text();
@@ -56,10 +54,10 @@ Domain domain_of(const Text& address, bool address_is_domain) {
     return {domain.substr(0, domain.find(commercial_end)), Text(web_start) + domain};
 }
 
-void show_chooser(const Session& session, const ListPicker& picker, Chooser chooser) {
+void show_picker(const Session& session, const ListPicker& picker, PickerForm form) {
     const Steps steps(session);
-    if (chooser == Chooser::search) {
-        steps.run([&] { picker.searchany(chooser_kind, chooser_title); });
+    if (form == PickerForm::search) {
+        steps.run([&] { picker.searchany(records::account_definition, records::account_list_title); });
         return;
     }
     steps.run([&] { picker.loaddialog(); });
@@ -71,12 +69,12 @@ void show_chooser(const Session& session, const ListPicker& picker, Chooser choo
 Item choose_account(Session& session, const NewContactPlan& plan) {
     const Steps steps(session);
     const ListPicker picker = records::make_account_picker(session, plan.account_profiles);
-    show_chooser(session, picker, plan.row.chooser);
+    show_picker(session, picker, plan.row.picker);
     Item account;
     if (steps.possibly([&] { return !picker.dialogcancel(); })) {
         automation::Array chosen;
         steps.set(chosen, [&] { return picker.slist(); });
-        const bool rows_first = plan.row.chooser == Chooser::search;
+        const bool rows_first = plan.row.picker == PickerForm::search;
         steps.set(account, [&] {
             const Value& id = rows_first ? chosen.at(first_choice, entry_id_place)
                                          : chosen.at(entry_id_place, first_choice);
@@ -182,10 +180,10 @@ std::optional<NewContact> offer_new_contact(Session& session, const NewContactPl
 
 void post_note_for_new_contact(Session& session, const NewContactPlan& plan, const NewContact& made,
                                const host::family::SafeMailItem& mail) {
-    const records::PathRow& path = records::row(plan.row.path);
+    const records::PathRow& path = records::path_row(plan.row.path);
     records::file_note(
         session, path,
-        {.folder = records::choose_folder(session, plan.account_profiles, path.place),
+        {.folder = records::choose_folder(session, plan.account_profiles, path.folder),
          .mail = {.wrapper = mail},
          .sources = {
              {records::From::chosen_account, [&](records::Name name) { return kept_value(made, name); }},

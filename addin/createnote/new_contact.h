@@ -8,13 +8,13 @@
 
 namespace addin::createnote {
 
-/// How the account is chosen.
-enum class Chooser { dialog, search };
+/// How the picker of accounts shows itself.
+enum class PickerForm { dialog, search };
 
 /// What differs between the ways that make a contact.
 struct NewContactRow {
     records::Path path;  ///< of the note that is filed for the contact
-    Chooser chooser;
+    PickerForm picker;
     bool keeps_account_values;      ///< all of the account's values are kept, or its id alone
     bool kept_alignment_is_copied;  ///< to the contact; or else it is read from the account again
     bool address_is_domain;         ///< an address without the sign names the company; or else nothing does

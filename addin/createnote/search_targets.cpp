@@ -37,16 +37,16 @@ std::vector<Text> SortSectionNames(std::vector<Text> names) {
     return names;
 }
 
-std::vector<Target> read_targets(host::Desktop& desktop, TextView folder, TextView place,
-                                 const std::function<void(std::size_t, const Text&)>& found) {
+std::vector<SearchTarget> read_targets(host::Desktop& desktop, TextView folder, TextView place,
+                                       const std::function<void(std::size_t, const Text&)>& found) {
     const Text path = Text(folder) + Text(file_name);
     const auto value = [&](const Text& section, TextView key) {
         return desktop.profile_text(path, section, key, value_size);
     };
-    std::vector<Target> targets;
+    std::vector<SearchTarget> targets;
     for (const Text& name : SortSectionNames(section_names(desktop.section_names(path, names_size)))) {
         if (automation::upper(value(name, display_in)).find(place) == Text::npos) continue;
-        Target target{name, value(name, find_definition), {}};
+        SearchTarget target{name, value(name, find_definition), {}};
         if (found) found(targets.size(), name);
         target.folder_name = value(name, folder_name);
         targets.push_back(std::move(target));

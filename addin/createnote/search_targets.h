@@ -10,7 +10,7 @@
 namespace addin::createnote {
 
 /// One section of the file.
-struct Target {
+struct SearchTarget {
     automation::Text name;             ///< what the user sees
     automation::Text find_definition;  ///< the subject of its list definition
     automation::Text folder_name;      ///< its folder's path
@@ -24,8 +24,8 @@ std::vector<automation::Text> SortSectionNames(std::vector<automation::Text> nam
 
 /// The targets that are offered in a place, in the sorted order of their names. `found` is told each name
 /// between the reads of its two values, with its place from 0.
-std::vector<Target> read_targets(host::Desktop& desktop, automation::TextView folder,
-                                 automation::TextView place,
-                                 const std::function<void(std::size_t, const automation::Text&)>& found = {});
+std::vector<SearchTarget> read_targets(
+    host::Desktop& desktop, automation::TextView folder, automation::TextView place,
+    const std::function<void(std::size_t, const automation::Text&)>& found = {});
 
 }  // namespace addin::createnote

@@ -70,7 +70,7 @@ Text& value_of(Addresses& addresses, Address which) {
 
 }  // namespace
 
-const VariantRow& row(Variant variant) { return variant_rows[static_cast<std::size_t>(variant)]; }
+const VariantRow& variant_row(Variant variant) { return variant_rows[static_cast<std::size_t>(variant)]; }
 
 const FilterTerms& terms_of_open_contact() { return open_contact_terms; }
 

@@ -47,7 +47,7 @@ struct VariantRow {
         native_serves_without_to_line;  ///< a mail without a To line is gone on with, if the address is there
 };
 
-const VariantRow& row(Variant variant);
+const VariantRow& variant_row(Variant variant);
 
 /// What the dialog searches by when it opens a mail's contact.
 const FilterTerms& terms_of_open_contact();

@@ -39,15 +39,15 @@ void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
     steps.set(main_add_in, [&] { return records::make_main_add_in(session.desktop); });
     if (steps.certainly([&] { return main_add_in.getEmailAutoFile() != u"1"; })) return;
 
-    const std::optional<Sender> sender = resolve_sender(session, row(Variant::received), item);
+    const std::optional<Sender> sender = resolve_sender(session, variant_row(Variant::received), item);
     if (!sender) return;
 
-    const records::PathRow& path = records::row(records::Path::automatic_received);
+    const records::PathRow& path = records::path_row(records::Path::automatic_received);
     host::outlook::Folder account_profiles;
     steps.set(account_profiles, [&] {
         return records::open_folder(session.desktop, main_add_in, records::folder::account_profiles);
     });
-    const host::outlook::Folder folder = records::choose_folder(session, account_profiles, path.place);
+    const host::outlook::Folder folder = records::choose_folder(session, account_profiles, path.folder);
     const host::outlook::Item contact = find_contact(session, account_profiles, sender->filter);
     if (!contact) return;
 

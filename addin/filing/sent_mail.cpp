@@ -78,14 +78,14 @@ Sending::Next Sending::file_for(std::int32_t index) {
     const std::optional<Text> filter = filter_for(index);
     if (!filter) return Next::recipient;
     status(Text(checked) + name_);
-    if (stops_without_to_line(session_, row(Variant::sent), wrapper_, {.native = native_}))
+    if (stops_without_to_line(session_, variant_row(Variant::sent), wrapper_, {.native = native_}))
         return Next::leave;
 
-    const records::PathRow& path = records::row(records::Path::automatic_sent);
+    const records::PathRow& path = records::path_row(records::Path::automatic_sent);
     steps_.set(account_profiles_, [&] {
         return records::open_folder(session_.desktop, main_add_in_, records::folder::account_profiles);
     });
-    folder_ = records::choose_folder(session_, account_profiles_, path.place, folder_);
+    folder_ = records::choose_folder(session_, account_profiles_, path.folder, folder_);
     status(Text(searching) + name_);
     Item contact;
     if (!filter->empty()) contact = find_contact(session_, account_profiles_, *filter);
@@ -106,7 +106,7 @@ Sending::Next Sending::file_for(std::int32_t index) {
 }
 
 std::optional<Text> Sending::filter_for(std::int32_t index) {
-    const VariantRow& variant = row(Variant::sent);
+    const VariantRow& variant = variant_row(Variant::sent);
     steps_.set(entry_, [&] { return wrapper_.Recipients().Item(index).AddressEntry(); });
     if (steps_.possibly([&] { return automation::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
         steps_.set(address_, [&] { return wrapper_.Recipients().Item(index).Address(); });

@@ -1,7 +1,7 @@
 #include "addin/ground/status_windows.h"
 
 #include "addin/ground/product.h"
-#include "forms/named.h"
+#include "forms/control_name.h"
 #include "forms/pictures.h"
 
 namespace addin {

@@ -92,7 +92,7 @@ Item QuickView::make_record(const Text& chosen, const Text& key, const Folder& p
     if (row->default_folder != 0) {
         steps.set(folder, [&] { return name_space().GetDefaultFolder(row->default_folder); });
     } else if (row->folder.empty()) {
-        folder = records::choose_folder(session_, profiles, records::Place::mail_folder);
+        folder = records::choose_folder(session_, profiles, records::NoteFolder::mail_folder);
     } else {
         steps.set(folder, [&] { return profiles.Folders().Item(row->folder); });
     }
@@ -134,9 +134,9 @@ Item QuickView::make_record(const Text& chosen, const Text& key, const Folder& p
 
 void QuickView::file_mail(Path path, const Folder& profiles, const SafeMailItem& mail,
                           records::Source of_record) {
-    const records::PathRow& row = records::row(path);
+    const records::PathRow& row = records::path_row(path);
     records::file_note(session_, row,
-                       {.folder = records::choose_folder(session_, profiles, row.place),
+                       {.folder = records::choose_folder(session_, profiles, row.folder),
                         .mail = {.wrapper = mail},
                         .sources = {{records::From::quick_view,
                                      [this](records::Name name) { return Value(shown_value(name)); }},

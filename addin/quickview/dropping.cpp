@@ -17,13 +17,13 @@ constexpr TextView copying = u"Copying Email.";
 constexpr std::uint32_t time_to_see = 1000;  // milliseconds
 
 /// What a mail becomes by the class of the record that it is dropped on.
-struct Target {
+struct DropRow {
     records::Name message_class;
     Path path;
 };
-constexpr Target targets[] = {{records::message_class::opportunity, Path::drop_on_opportunity},
-                              {records::message_class::inquiry, Path::drop_on_inquiry}};
-static_assert(is_keyed(targets, &Target::message_class));
+constexpr DropRow drop_rows[] = {{records::message_class::opportunity, Path::drop_on_opportunity},
+                                 {records::message_class::inquiry, Path::drop_on_inquiry}};
+static_assert(is_keyed(drop_rows, &DropRow::message_class));
 
 /// Throws `Failure` for an item of another kind: it is neither copied nor marked.
 const Item& as_mail(const Item& item) {
@@ -61,7 +61,7 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
               [&] { return name_space().GetItemFromID(list().text(list().selected(), column::entry_id)); });
     steps.run([&] { mail.Item(dropped); });
     const host::outlook::Folder profiles = records::open_database(session_).account_profiles;
-    for (const Target& row : targets) {
+    for (const DropRow& row : drop_rows) {
         if (steps.certainly([&] { return target.MessageClass() != row.message_class; })) continue;
         steps.run([&] { caption(copying); });
         file_mail(row.path, profiles, mail,

@@ -107,7 +107,7 @@ class Run {
         if (steps_.possibly([&] { return mail_.Sensitivity() != host::outlook::sensitivity_normal; })) return;
         if (!make_objects()) return;
         steps_.run([&] { wrapper_.Item(mail_); });
-        const filing::VariantRow& variant = filing::row(row_.variant);
+        const filing::VariantRow& variant = filing::variant_row(row_.variant);
         const std::optional<ReadSender> sender =
             filing::read_sender(session_, variant, wrapper_, [&] { give_way(); });
         if (!sender || filing::stops_without_to_line(session_, variant, wrapper_, sender->addresses)) return;

@@ -14,7 +14,7 @@ inline constexpr int subject = 0, modified = 1, entry_id = 2;
 }
 
 /// A control of the window, by its name.
-using ControlName = forms::Named<window::table>;
+using ControlName = forms::ControlName<window::table>;
 
 class QuickView final : public forms::Form {
   public:
@@ -60,9 +60,9 @@ class QuickView final : public forms::Form {
     host::outlook::NameSpace name_space() const;
 
     forms::List& list() {
-        return Form::control(forms::Named<window::table, forms::is_list>(u"lstItems")).list();
+        return Form::control(forms::ControlName<window::table, forms::is_list>(u"lstItems")).list();
     }
-    forms::Choice& choice(forms::Named<window::table, forms::is_choice> name) {
+    forms::Choice& choice(forms::ControlName<window::table, forms::is_choice> name) {
         return Form::control(name).choice();
     }
     /// What a label or box shows; empty if the window has gone meanwhile.

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "addin/records/names.h"
-#include "forms/named.h"
+#include "forms/control_name.h"
 #include "forms/pictures.h"
 
 namespace addin::quickview {

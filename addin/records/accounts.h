@@ -11,6 +11,9 @@
 
 namespace addin::records {
 
+/// What the picker is asked for when it searches at once, and the title that it bears.
+inline constexpr automation::TextView account_definition = u"Account", account_list_title = u"Account List";
+
 /// The picker, made by the host and set on the accounts of the database. What fails is skipped.
 host::family::ListPicker make_account_picker(const Session& session,
                                              const host::outlook::Folder& account_profiles);

@@ -68,24 +68,25 @@ constexpr Key dropped_on_inquiry[] = {
 
 // clang-format off
 constexpr PathRow path_rows[] = {
-    // path                          place                      class                   keys                    account name          contact name      opportunity   type            subject       date              ends                     marks                           mark
-    {Path::automatic_received,       Place::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::received, From::mail,   Date::after_body, Ends::post,              Marks::the_mail,                filed_received},
-    {Path::automatic_sent,           Place::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::sent,     From::mail,   Date::after_body, Ends::post,              Marks::the_mail,                filed_sent},
-    {Path::quick_view_new_contact,   Place::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
-    {Path::open_contact_new_contact, Place::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
-    {Path::create_contact_level,     Place::mail_folder_twice,  message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::after_body, Ends::post,              Marks::inspector_and_selection, filed_by_user},
-    {Path::create_account_level,     Place::mail_folder_twice,  message_class::note,    from_account,           From::account,        From::none,       From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::inspector_and_selection, filed_by_user},
-    {Path::create_new_contact,       Place::mail_folder_twice,  message_class::note,    from_made_contact,      From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::nothing,                 no_mark},
-    {Path::create_from_record,       Place::mail_folder,        message_class::note,    from_record,            From::record,         From::record,     From::record, From::dialog,   From::dialog, Date::after_keys, Ends::post,              Marks::inspector_and_selection, filed_by_user},
-    {Path::quick_view_opportunity,   Place::notes_unless_named, message_class::note,    for_new_opportunity,    From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::display_then_post, Marks::nothing,                 no_mark},
-    {Path::quick_view_inquiry,       Place::actions,            message_class::action,  for_new_inquiry,        From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
-    {Path::drop_on_opportunity,      Place::notes_unless_named, message_class::note,    dropped_on_opportunity, From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
-    {Path::drop_on_inquiry,          Place::actions,            message_class::action,  dropped_on_inquiry,     From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    // path                          folder                          class                   keys                    account name          contact name      opportunity   type            subject       date              ends                     marks                           mark
+    {Path::automatic_received,       NoteFolder::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::received, From::mail,   Date::after_body, Ends::post,              Marks::the_mail,                filed_received},
+    {Path::automatic_sent,           NoteFolder::mail_folder,        message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::sent,     From::mail,   Date::after_body, Ends::post,              Marks::the_mail,                filed_sent},
+    {Path::quick_view_new_contact,   NoteFolder::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::open_contact_new_contact, NoteFolder::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::create_contact_level,     NoteFolder::mail_folder_twice,  message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::after_body, Ends::post,              Marks::inspector_and_selection, filed_by_user},
+    {Path::create_account_level,     NoteFolder::mail_folder_twice,  message_class::note,    from_account,           From::account,        From::none,       From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::inspector_and_selection, filed_by_user},
+    {Path::create_new_contact,       NoteFolder::mail_folder_twice,  message_class::note,    from_made_contact,      From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::create_from_record,       NoteFolder::mail_folder,        message_class::note,    from_record,            From::record,         From::record,     From::record, From::dialog,   From::dialog, Date::after_keys, Ends::post,              Marks::inspector_and_selection, filed_by_user},
+    {Path::quick_view_opportunity,   NoteFolder::notes_unless_named, message_class::note,    for_new_opportunity,    From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::display_then_post, Marks::nothing,                 no_mark},
+    {Path::quick_view_inquiry,       NoteFolder::actions,            message_class::action,  for_new_inquiry,        From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::drop_on_opportunity,      NoteFolder::notes_unless_named, message_class::note,    dropped_on_opportunity, From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::drop_on_inquiry,          NoteFolder::actions,            message_class::action,  dropped_on_inquiry,     From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
 };
 // clang-format on
 static_assert(is_in_order(path_rows, &PathRow::path, Path::drop_on_inquiry));
 static_assert(std::ranges::all_of(path_rows, [](const PathRow& row) {
-    return (row.marks == Marks::nothing) == row.mark.flag_request.empty();
+    return row.marks == Marks::nothing ? row.mark.flag_request.empty() && !row.mark.billing_information
+                                       : !row.mark.flag_request.empty();
 }));
 
 constexpr bool keys_stand_once() {
@@ -189,28 +190,28 @@ class NoteWriter {
 
 }  // namespace
 
-const PathRow& row(Path path) { return path_rows[static_cast<std::size_t>(path)]; }
+const PathRow& path_row(Path path) { return path_rows[static_cast<std::size_t>(path)]; }
 
 host::outlook::Folder choose_folder(const Session& session, const host::outlook::Folder& account_profiles,
-                                    Place place, const host::outlook::Folder& before) {
+                                    NoteFolder which, const host::outlook::Folder& before) {
     const Steps steps(session);
     host::outlook::Folder chosen = before;
     const auto take = [&](TextView name) {
         steps.set(chosen, [&] { return account_profiles.Folders().Item(name); });
     };
-    switch (place) {
-        case Place::mail_folder:
-        case Place::mail_folder_twice: {
+    switch (which) {
+        case NoteFolder::mail_folder:
+        case NoteFolder::mail_folder_twice: {
             const Text name = named_folder(session, folder::email);
             take(name);
             if (!chosen) take(folder::notes);
-            if (place == Place::mail_folder_twice) take(name);
+            if (which == NoteFolder::mail_folder_twice) take(name);
             break;
         }
-        case Place::notes_unless_named:
+        case NoteFolder::notes_unless_named:
             take(named_folder(session, folder::notes));
             break;
-        case Place::actions:
+        case NoteFolder::actions:
             steps.set(chosen, [&] {
                 return account_profiles.Folders()
                     .Item(folder::customer_service)

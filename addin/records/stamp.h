@@ -36,7 +36,7 @@ enum class Path {
 };
 
 /// Where a path's note lies.
-enum class Place {
+enum class NoteFolder {
     mail_folder,         ///< the folder that the option names, default "Email"; "Notes" if it isn't there
     mail_folder_twice,   ///< the same, looked for once more after the fallback; a failed lookup changes
                          ///< nothing
@@ -85,7 +85,7 @@ inline constexpr Mark filed_by_user{u"TW User Filed", true};
 
 struct PathRow {
     Path path;
-    Place place;
+    NoteFolder folder;
     Name message_class;
     std::span<const Key> keys;
     From account_name, contact_name, opportunity_name, type, subject;
@@ -95,12 +95,12 @@ struct PathRow {
     Mark mark;
 };
 
-const PathRow& row(Path path);
+const PathRow& path_row(Path path);
 
 /// The folder below the anchor for a path's note. If none can be had it is the one of before, which is
 /// Nothing unless a loop has chosen one.
 host::outlook::Folder choose_folder(const Session& session, const host::outlook::Folder& account_profiles,
-                                    Place place, const host::outlook::Folder& before = {});
+                                    NoteFolder which, const host::outlook::Folder& before = {});
 
 /// The mail that a note is made of: its wrapper, and what is marked. Of inspector and selection one stands.
 struct MailToFile {

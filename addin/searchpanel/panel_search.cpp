@@ -96,7 +96,7 @@ bool PanelSearch::run() {
         [&] { return Settings(session_).option(setting::enable_desktop_search) == option_on; });
     form_ = instant ? FilterForm::phrase : FilterForm::like;
     if (panel_.gForms2.empty()) choosing_.run([&] { panel_.LoadPanelDefinitions(); });
-    choosing_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
+    choosing_.set(definition_, [&] { return chosen(&createnote::SearchTarget::find_definition); });
 
     const Next next = state_.gSelectedEntryID.empty() ? let_choose() : take_pending_item();
     if (next == Next::list_items && !gone()) {
@@ -123,7 +123,7 @@ void PanelSearch::open_database() {
 
 // What is searched for
 
-Text PanelSearch::chosen(Text createnote::Target::*part) const {
+Text PanelSearch::chosen(Text createnote::SearchTarget::*part) const {
     const int place = control(u"SearchMe").choice().chosen();
     if (place < 0 || static_cast<std::size_t>(place) >= panel_.gForms2.size()) {
         throw automation::Failure(automation::result::bad_index, u"No target is chosen.");
@@ -152,7 +152,7 @@ PanelSearch::Next PanelSearch::take_pending_item() {
 PanelSearch::Next PanelSearch::let_choose() {
     host::Desktop& desktop = session_.desktop;
     Text path;
-    choosing_.set(path, [&] { return chosen(&createnote::Target::folder_name); });
+    choosing_.set(path, [&] { return chosen(&createnote::SearchTarget::folder_name); });
     choosing_.set(target_, [&] { return Folder(main_add_in_.ReturnFolderFromPath(path)); });
     if (!panel_.picker) {
         choosing_.set(panel_.picker, [&] {
@@ -169,7 +169,7 @@ PanelSearch::Next PanelSearch::let_choose() {
     std::optional<automation::Array> rows;
     choosing_.set(rows, [&] { return std::optional(picker.slist()); });
     if (choosing_.certainly([&] { return upper_bound(rows) <= 1; })) {
-        choosing_.set(definition_, [&] { return chosen(&createnote::Target::find_definition); });
+        choosing_.set(definition_, [&] { return chosen(&createnote::SearchTarget::find_definition); });
         record_.reset();
         for (const ControlName name : header_of_picked) caption(name, u"");
         choosing_.run([&] { take_record(rows.value_or(automation::Array())); });

@@ -34,7 +34,7 @@ class PanelSearch {
     Next take_pending_item();
     Next let_choose();
     void take_record(const automation::Array& rows);
-    [[nodiscard]] automation::Text chosen(automation::Text createnote::Target::*part) const;
+    [[nodiscard]] automation::Text chosen(automation::Text createnote::SearchTarget::*part) const;
     void show_record();
     void show_contact(const automation::Text& key);
     void show_account();

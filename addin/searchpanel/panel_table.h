@@ -1,7 +1,7 @@
 // The panel's controls.
 #pragma once
 
-#include "forms/named.h"
+#include "forms/control_name.h"
 #include "forms/pictures.h"
 
 namespace addin::searchpanel {

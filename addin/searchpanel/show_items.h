@@ -18,19 +18,20 @@ inline constexpr int last = 6;
 }  // namespace column
 
 /// A control of the panel, by its name.
-using ControlName = forms::Named<panel::table>;
+using ControlName = forms::ControlName<panel::table>;
 
 class ShowItems final : public forms::Form {
   public:
     explicit ShowItems(State& state)
         : Form(state.session.engine, panel_table()), session_(state.session), state_(state) {}
 
-    bool CancelLoop = false;                  ///< the last key was Escape; a search begins without
-    std::vector<createnote::Target> gForms2;  ///< the targets, by their places in `SearchMe`; none: no table
-    host::family::MainAddIn sobj;             ///< held as long as the window is loaded
-    host::outlook::Folder Hostfolder;         ///< "Account Profiles", the same
-    automation::Text MySavedEntryID;          ///< the item that was pending at the last load or activation
-    host::family::ListPicker picker;          ///< while a search holds one
+    bool CancelLoop = false;  ///< the last key was Escape; a search begins without
+    std::vector<createnote::SearchTarget>
+        gForms2;                       ///< the targets, by their places in `SearchMe`; none: no table
+    host::family::MainAddIn sobj;      ///< held as long as the window is loaded
+    host::outlook::Folder Hostfolder;  ///< "Account Profiles", the same
+    automation::Text MySavedEntryID;   ///< the item that was pending at the last load or activation
+    host::family::ListPicker picker;   ///< while a search holds one
 
     void LoadPanelDefinitions();
     void ArrangeList();
@@ -39,9 +40,9 @@ class ShowItems final : public forms::Form {
     State& state() { return state_; }
     forms::Control& control(ControlName name) { return Form::control(name); }
     forms::List& list() {
-        return Form::control(forms::Named<panel::table, forms::is_list>(u"lstItems")).list();
+        return Form::control(forms::ControlName<panel::table, forms::is_list>(u"lstItems")).list();
     }
-    forms::Choice& choice(forms::Named<panel::table, forms::is_choice> name) {
+    forms::Choice& choice(forms::ControlName<panel::table, forms::is_choice> name) {
         return Form::control(name).choice();
     }
 

@@ -296,7 +296,7 @@ TEST(ContactFilter, IsMadeOfTheTermsOfItsVariant) {
         u"\"y\" Or [Subject] >= \"x\" AND [Subject] < \"y\" Or [EmailSearchString] >= \"n\" AND "
         u"[EmailSearchString] < \"o\"";
     const auto of = [](Variant variant) -> const addin::filing::FilterTerms& {
-        return addin::filing::row(variant).terms;
+        return addin::filing::variant_row(variant).terms;
     };
     const FilterCase cases[] = {
         {"received, Internet", of(Variant::received), true, e3_native},
@@ -320,7 +320,7 @@ TEST(ContactFilter, IsMadeOfTheTermsOfItsVariant) {
 TEST(ContactFilter, LeavesOutAnEmptyNativeAddressWhereTheVariantSaysSo) {
     using addin::filing::Variant;
     const auto filter = [](Variant variant) {
-        return addin::filing::contact_filter(addin::filing::row(variant).terms, false,
+        return addin::filing::contact_filter(addin::filing::variant_row(variant).terms, false,
                                              {.native = u"", .smtp = u"s"});
     };
     constexpr TextView smtp_only =

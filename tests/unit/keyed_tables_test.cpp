@@ -4,7 +4,7 @@
 #include "addin/commands/buttons.h"
 #include "addin/createnote/new_contact.h"
 #include "addin/ground/keyed.h"
-#include "forms/named.h"
+#include "forms/control_name.h"
 
 namespace addin_tests {
 namespace {

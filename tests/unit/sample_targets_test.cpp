@@ -48,7 +48,7 @@ struct SampleTargets : testing::Test {
 
     SampleTargets() { world.family(u"SpecialFolder", sample_folder.u16string()); }
 
-    std::vector<addin::createnote::Target> targets(TextView place) {
+    std::vector<addin::createnote::SearchTarget> targets(TextView place) {
         return addin::createnote::read_targets(world.desktop(), sample_folder.u16string(), place);
     }
     std::vector<std::string> names(TextView place) {

@@ -27,17 +27,21 @@ constexpr bool knows(const FormTable& table, automation::TextView name, bool (*h
     return place < table.controls.size() && has_kind(table.controls[place].kind);
 }
 
-/// The name of a control of one table that has the right kind, as a constant: `Named<table>(u"Label1")`.
+/// The name of a control of one table that has the right kind, as a constant:
+/// `ControlName<table>(u"Label1")`.
 template <const FormTable& table, bool (*has_kind)(ControlKind) = is_any>
-class Named {
+class ControlName {
   public:
     template <std::size_t size>
-    consteval Named(const char16_t (&name)[size]) : name_(name) {  // NOLINT: a name is written as it stands
+    consteval ControlName(const char16_t (&name)[size])
+        : name_(name) {  // NOLINT: a name is written as it stands
         if (!knows(table, name_, has_kind)) throw "the table has no such control of that kind";
     }
 
     constexpr operator automation::TextView() const { return name_; }  // NOLINT: the same
-    friend constexpr bool operator==(Named left, automation::TextView right) { return left.name_ == right; }
+    friend constexpr bool operator==(ControlName left, automation::TextView right) {
+        return left.name_ == right;
+    }
 
   private:
     automation::TextView name_;
