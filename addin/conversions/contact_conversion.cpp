@@ -157,7 +157,7 @@ class ContactConversion {
         return host::outlook::Application(desktop_.application());
     }
     void make_contact(const Text& key, const Text& user);
-    SafeRecordItem make_wrapper();
+    SafeRecordItem make_safe_contact();
     void copy_fields(const SafeRecordItem& source, const SafeRecordItem& target);
     void find_account();
     void choose_account();
@@ -186,7 +186,7 @@ void ContactConversion::run() {
     steps_.run([&] { source_.Save(); });
 
     make_contact(key, user);
-    const SafeRecordItem safe_source = make_wrapper(), safe_contact = make_wrapper();
+    const SafeRecordItem safe_source = make_safe_contact(), safe_contact = make_safe_contact();
     steps_.run([&] { safe_source.Item(source_); });
     steps_.run([&] { safe_contact.Item(contact_); });
     copy_fields(safe_source, safe_contact);
@@ -209,10 +209,10 @@ void ContactConversion::make_contact(const Text& key, const Text& user) {
     records::write_property(session_, contact_, property::team, [&] { return Value(user); });
 }
 
-SafeRecordItem ContactConversion::make_wrapper() {
-    SafeRecordItem wrapper;
-    steps_.set(wrapper, [&] { return SafeRecordItem::of_contact(desktop_); });
-    return wrapper;
+SafeRecordItem ContactConversion::make_safe_contact() {
+    SafeRecordItem safe;
+    steps_.set(safe, [&] { return SafeRecordItem::of_contact(desktop_); });
+    return safe;
 }
 
 void ContactConversion::copy_fields(const SafeRecordItem& source, const SafeRecordItem& target) {

@@ -91,25 +91,23 @@ Item RecordSearch::by_entry_id() {
 Text RecordSearch::filter_of_person() {
     Text filter;
     if (steps_.possibly([&] {
-            return automation::trimmed(mail_.wrapper.sender().Fields(tag::smtp_address)) ==
-                   dialog_.row_text();
+            return automation::trimmed(mail_.safe.sender().Fields(tag::smtp_address)) == dialog_.row_text();
         })) {
-        steps_.set(filter,
-                   [&] { return note_filter(automation::trimmed(mail_.wrapper.sender().Address())); });
+        steps_.set(filter, [&] { return note_filter(automation::trimmed(mail_.safe.sender().Address())); });
         if (!filter.empty()) filter += records::or_between_terms;
         steps_.run([&] { filter += note_filter(dialog_.row_text()); });
-        if (steps_.possibly([&] { return !mail_.wrapper.SenderName().empty(); })) {
-            steps_.run([&] { filter += term_of_name(mail_.wrapper.SenderName()); });
+        if (steps_.possibly([&] { return !mail_.safe.SenderName().empty(); })) {
+            steps_.run([&] { filter += term_of_name(mail_.safe.SenderName()); });
         }
         filter = automation::replaced(filter, apostrophe, quotation_mark);
-        steps_.set(name_, [&] { return mail_.wrapper.SenderName(); });
+        steps_.set(name_, [&] { return mail_.safe.SenderName(); });
         return filter;
     }
     std::int32_t people = 0;
-    steps_.set(people, [&] { return mail_.wrapper.Recipients().Count(); });
+    steps_.set(people, [&] { return mail_.safe.Recipients().Count(); });
     host::family::SafeAddressEntry entry;  // one that can't be read leaves that of the person before
     for (std::int32_t i = 1; i <= people; ++i) {
-        const auto person = [&] { return mail_.wrapper.Recipients().Item(i); };
+        const auto person = [&] { return mail_.safe.Recipients().Item(i); };
         steps_.set(entry, [&] { return person().AddressEntry(); });
         if (steps_.certainly(
                 [&] { return automation::trimmed(entry.Fields(tag::smtp_address)) != dialog_.row_text(); })) {
@@ -181,14 +179,14 @@ void dlgSend::CreateNote() {
     const Presence here(session_, *this);
     if (!here.give_way()) return;
     records::MailToFile mail = choose_mail();
-    steps.run([&] { mail.wrapper.Item(mail.item); });
-    if (steps.possibly([&] { return mail.wrapper.To().empty(); })) {
+    steps.run([&] { mail.safe.Item(mail.item); });
+    if (steps.possibly([&] { return mail.safe.To().empty(); })) {
         desktop.message_box(no_recipient, product_title, host::box::information);
         return;
     }
     if (steps.possibly([&] { return mail.item.EntryID().empty(); })) {
         steps.run([&] { mail.item.Save(); });
-        steps.run([&] { mail.wrapper.Item(mail.item); });
+        steps.run([&] { mail.safe.Item(mail.item); });
     }
     const records::Database database = records::open_database(session_);
     const Folder& profiles = database.account_profiles;
@@ -272,10 +270,10 @@ void dlgSend::CreateNoteEx() {
     const Presence here(session_, *this);
     if (!here.give_way()) return;
     records::MailToFile mail = choose_mail();
-    steps.run([&] { mail.wrapper.Item(mail.item); });
+    steps.run([&] { mail.safe.Item(mail.item); });
     if (steps.possibly([&] { return mail.item.EntryID().empty(); })) {
         steps.run([&] { mail.item.Save(); });
-        steps.run([&] { mail.wrapper.Item(mail.item); });
+        steps.run([&] { mail.safe.Item(mail.item); });
     }
     const Folder profiles = records::open_database(session_).account_profiles;
     const records::PathRow& path = records::path_row(records::Path::create_from_record);

@@ -158,12 +158,12 @@ void dlgSend::SearchListTarget(const Folder& folder) {
         for (std::int32_t i = 1; i <= count; ++i) {
             const bool contacts =
                 steps.possibly([&] { return run.folder.DefaultItemType() == host::outlook::contact_items; });
-            steps.set(run.wrapper, [&] {
+            steps.set(run.safe_record, [&] {
                 return contacts ? SafeRecordItem::of_contact(desktop) : SafeRecordItem::of_post(desktop);
             });
-            steps.run([&] { run.wrapper.Item(run.items.Item(i)); });
-            if (run.wrapper) add_row(here, run.wrapper, run.items, i, key);
-            run.wrapper.reset();
+            steps.run([&] { run.safe_record.Item(run.items.Item(i)); });
+            if (run.safe_record) add_row(here, run.safe_record, run.items, i, key);
+            run.safe_record.reset();
             if (!here.give_way()) {
                 run = {};
                 return;
@@ -187,11 +187,11 @@ void dlgSend::SearchListTarget(const Folder& folder) {
     desktop.pointer(forms::Pointer::standard);
 }
 
-void dlgSend::add_row(const Presence& here, const SafeRecordItem& wrapper, const Items& items,
+void dlgSend::add_row(const Presence& here, const SafeRecordItem& safe_record, const Items& items,
                       std::int32_t place, Text& key) {
     const Steps steps(session_);
     const records::ListDefinition& definition = state_.list_definition;
-    FieldReader reader(session_, wrapper);
+    FieldReader reader(session_, safe_record);
     std::array<Text, column::entry_id + 1> cells;
     for (std::size_t i = 0; i < records::shown_fields; ++i) {
         reader.read(cells[i], definition.FieldName[i]);
@@ -206,7 +206,7 @@ void dlgSend::add_row(const Presence& here, const SafeRecordItem& wrapper, const
     }
     std::int32_t contact_id = 0;  // asked for, and not used
     steps.set(contact_id, [&] {
-        return wrapper.GetIDsFromNames(records::user_property_set, Value(records::property::contact_id))
+        return safe_record.GetIDsFromNames(records::user_property_set, Value(records::property::contact_id))
                    .to_integer() +
                text_type;
     });

@@ -66,7 +66,7 @@ records::MailToFile dlgSend::choose_mail() {
     const Steps steps(session_);
     records::MailToFile mail;
     const auto application = [&] { return host::outlook::Application(session_.desktop.application()); };
-    steps.set(mail.wrapper, [&] { return records::make_wrapper(session_.desktop); });
+    steps.set(mail.safe, [&] { return records::make_safe_mail(session_.desktop); });
     if (!state_.gNoteFromExplorer) {
         steps.set(mail.inspector, [&] { return application().ActiveInspector(); });
         steps.set(mail.item, [&] { return mail.inspector.CurrentItem(); });
@@ -90,7 +90,7 @@ void dlgSend::PopulateList() {
         steps.run([&] { mail.item.Save(); });
         type = records::note_type::sent;
     }
-    steps.run([&] { mail.wrapper.Item(mail.item); });
+    steps.run([&] { mail.safe.Item(mail.item); });
 
     automation::Array types;
     steps.set(types,
@@ -105,16 +105,16 @@ void dlgSend::PopulateList() {
 
     Text addresses;
     if (steps.possibly([&] {
-            return automation::upper(mail.wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
+            return automation::upper(mail.safe.Fields(tag::sender_address_type)) == filing::type_smtp;
         })) {
-        steps.set(addresses, [&] { return mail.wrapper.Fields(tag::sender_address); });
+        steps.set(addresses, [&] { return mail.safe.Fields(tag::sender_address); });
     } else {
-        steps.set(addresses, [&] { return mail.wrapper.sender().Fields(tag::smtp_address); });
+        steps.set(addresses, [&] { return mail.safe.sender().Fields(tag::smtp_address); });
     }
     std::int32_t people = 0;
-    steps.set(people, [&] { return mail.wrapper.Recipients().Count(); });
+    steps.set(people, [&] { return mail.safe.Recipients().Count(); });
     for (std::int32_t i = 1; i <= people; ++i) {
-        const auto person = [&] { return mail.wrapper.Recipients().Item(i); };
+        const auto person = [&] { return mail.safe.Recipients().Item(i); };
         if (steps.possibly([&] { return person().AddressEntry().Type() != filing::type_smtp; })) {
             steps.run([&] { addresses += u";" + person().AddressEntry().Fields(tag::smtp_address); });
         } else {

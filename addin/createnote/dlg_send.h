@@ -81,7 +81,7 @@ class dlgSend final : public forms::Form {
     bool has_ended(const Presence& here);
     void SearchListTarget(const host::outlook::Folder& folder);
     /// One found item as a row. `key` keeps the key of the item before where this one's can't be read.
-    void add_row(const Presence& here, const host::family::SafeRecordItem& wrapper,
+    void add_row(const Presence& here, const host::family::SafeRecordItem& safe_record,
                  const host::outlook::Items& items, std::int32_t place, automation::Text& key);
     void create();
     void report_creation(const Presence& here);

@@ -62,8 +62,8 @@ Text text_of(const Item& item, const Text& name) {
 }
 
 /// Reads the definition's values, each into its place; one that can't be read keeps the value of before.
-void read_definition(const Session& session, const Item& item, const host::family::SafeRecordItem& wrapper,
-                     records::ListDefinition& definition) {
+void read_definition(const Session& session, const Item& item,
+                     const host::family::SafeRecordItem& safe_record, records::ListDefinition& definition) {
     const Steps steps(session);
     const auto read = [&](Text& target, const Text& name) {
         steps.set(target, [&] { return text_of(item, name); });
@@ -75,7 +75,7 @@ void read_definition(const Session& session, const Item& item, const host::famil
     read(definition.KeyColumnName, u"KeyColumnName");
     read_all(definition.FieldName, u"FieldName");
     read(definition.KeyFieldName, u"KeyFieldName");
-    steps.set(definition.filter_template, [&] { return records::as_template(wrapper.Body()); });
+    steps.set(definition.filter_template, [&] { return records::as_template(safe_record.Body()); });
     read_all(definition.FieldType, u"FieldType");
     read(definition.SearchFolder, u"SearchFolder");
 }
@@ -145,10 +145,10 @@ void dlgSend::GetListDef() {
     });
     Item record;
     steps.set(record, [&] { return found(records::message_class::list_definition, definition); });
-    host::family::SafeRecordItem wrapper;
+    host::family::SafeRecordItem safe_record;
     if (record) {
-        steps.set(wrapper, [&] { return host::family::SafeRecordItem::of_post(desktop); });
-        steps.run([&] { wrapper.Item(record); });
+        steps.set(safe_record, [&] { return host::family::SafeRecordItem::of_post(desktop); });
+        steps.run([&] { safe_record.Item(record); });
     } else {
         std::int32_t locale = 0;
         steps.set(locale, [&] {
@@ -164,7 +164,7 @@ void dlgSend::GetListDef() {
     Folder unused;  // asked for, though nothing uses it
     steps.set(unused,
               [&] { return Folder(main_add_in.ReturnFolderFromPath(text_of(record, u"SearchFolder"))); });
-    read_definition(session_, record, wrapper, state_.list_definition);
+    read_definition(session_, record, safe_record, state_.list_definition);
 
     if (here.lasts()) show_headings(record);  // a box gives way, too
     if (here.give_way()) list().clear();

@@ -184,7 +184,7 @@ void post_note_for_new_contact(Session& session, const NewContactPlan& plan, con
     records::file_note(
         session, path,
         {.folder = records::choose_folder(session, plan.account_profiles, path.folder),
-         .mail = {.wrapper = mail},
+         .mail = {.safe = mail},
          .sources = {
              {records::From::chosen_account, [&](records::Name name) { return kept_value(made, name); }},
              {records::From::new_id, [&](records::Name) { return Value(made.contact_id); }}}});

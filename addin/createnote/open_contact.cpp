@@ -33,35 +33,35 @@ void dlgSend::OpenContact() {
     const Steps steps(session_);
     here.give_way();
     const auto application = [&] { return host::outlook::Application(desktop.application()); };
-    SafeMailItem wrapper;
+    SafeMailItem safe_mail;
     host::outlook::Inspector inspector;
     Item item;
     steps.set(inspector, [&] { return application().ActiveInspector(); });
-    steps.set(wrapper, [&] { return records::make_wrapper(desktop); });
+    steps.set(safe_mail, [&] { return records::make_safe_mail(desktop); });
     steps.set(item, [&] { return inspector.CurrentItem(); });
     if (!item) steps.set(item, [&] { return application().ActiveExplorer().Selection().Item(1); });
-    steps.run([&] { wrapper.Item(item); });
-    if (steps.possibly([&] { return wrapper.SenderName().empty(); })) {
+    steps.run([&] { safe_mail.Item(item); });
+    if (steps.possibly([&] { return safe_mail.SenderName().empty(); })) {
         desktop.message_box(received_only, project_title, host::box::ok);
         return;
     }
-    if (steps.possibly([&] { return wrapper.To().empty(); })) return;
+    if (steps.possibly([&] { return safe_mail.To().empty(); })) return;
     if (steps.possibly([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
 
     const filing::FilterTerms& terms = filing::terms_of_open_contact();
     filing::Addresses addresses;
     Text address;
-    steps.set(addresses.sender_name, [&] { return wrapper.SenderName(); });
-    steps.set(addresses.native, [&] { return automation::trimmed(wrapper.Fields(tag::sender_address)); });
+    steps.set(addresses.sender_name, [&] { return safe_mail.SenderName(); });
+    steps.set(addresses.native, [&] { return automation::trimmed(safe_mail.Fields(tag::sender_address)); });
     Text filter;
     if (steps.possibly([&] {
-            return automation::upper(wrapper.Fields(tag::sender_address_type)) == filing::type_smtp;
+            return automation::upper(safe_mail.Fields(tag::sender_address_type)) == filing::type_smtp;
         })) {
         address = addresses.native;
         filter = filing::contact_filter(terms, true, addresses);
     } else {
         steps.set(addresses.smtp,
-                  [&] { return automation::trimmed(wrapper.sender().Fields(tag::smtp_address)); });
+                  [&] { return automation::trimmed(safe_mail.sender().Fields(tag::smtp_address)); });
         address = addresses.smtp;
         filter = filing::contact_filter(terms, false, addresses);
     }
@@ -91,7 +91,7 @@ void dlgSend::OpenContact() {
                               .account_profiles = profiles,
                               .before_choice = [this] { unload(); }};
     const std::optional<NewContact> made = offer_new_contact(session_, plan);
-    if (made) post_note_for_new_contact(session_, plan, *made, wrapper);
+    if (made) post_note_for_new_contact(session_, plan, *made, safe_mail);
 }
 
 void dlgSend::OpenTarnwellContact() {
@@ -117,13 +117,13 @@ void dlgSend::OpenTarnwellContact() {
         if (steps.set(record, [&] { return target.Items().Find(filter); })) ++answers;
     };
     search();
-    host::family::SafeRecordItem wrapper;
-    steps.set(wrapper, [&] { return host::family::SafeRecordItem::of_contact(desktop); });
-    steps.run([&] { wrapper.Item(record); });
+    host::family::SafeRecordItem safe_record;
+    steps.set(safe_record, [&] { return host::family::SafeRecordItem::of_contact(desktop); });
+    steps.run([&] { safe_record.Item(record); });
     if (!record) {
         steps.set(target, account_contacts);
         search();
-        steps.run([&] { wrapper.Item(record); });
+        steps.run([&] { safe_record.Item(record); });
     }
     if (!record) {
         desktop.message_box(dead_link, product_title, host::box::ok);
@@ -136,7 +136,7 @@ void dlgSend::OpenTarnwellContact() {
         }
     }
     steps.run([&] { item.Close(host::outlook::discard_changes); });
-    steps.run([&] { wrapper.Display(); });
+    steps.run([&] { safe_record.Display(); });
 }
 
 }  // namespace addin::createnote

@@ -13,7 +13,7 @@ namespace addin::createnote {
 struct DialogSearch {
     host::outlook::Folder folder;
     host::outlook::Items items;
-    host::family::SafeRecordItem wrapper;
+    host::family::SafeRecordItem safe_record;
 };
 
 struct State {

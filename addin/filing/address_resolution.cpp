@@ -135,7 +135,7 @@ std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
                                      const host::outlook::Item& mail) {
     const Steps steps(session);
     Sender sender;
-    steps.set(sender.mail, [&] { return records::make_wrapper(session.desktop); });
+    steps.set(sender.mail, [&] { return records::make_safe_mail(session.desktop); });
     steps.run([&] { sender.mail.Item(mail); });
     const std::optional<ReadSender> read = read_sender(session, row, sender.mail);
     if (!read || stops_without_to_line(session, row, sender.mail, read->addresses)) return std::nullopt;

@@ -85,7 +85,7 @@ bool stops_without_to_line(const Session& session, const VariantRow& row,
 
 /// A sender who can be searched for.
 struct Sender {
-    host::family::SafeMailItem mail;  ///< the wrapper that the addresses were read through
+    host::family::SafeMailItem mail;  ///< the one that the addresses were read through
     automation::Text filter;
 };
 

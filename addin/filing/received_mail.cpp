@@ -54,7 +54,7 @@ void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
     here.give_way();
     records::file_note(session, path,
                        {.folder = folder,
-                        .mail = {.wrapper = sender->mail, .item = item},
+                        .mail = {.safe = sender->mail, .item = item},
                         .sources = {records::of_contact(contact)}});
     here.give_way();
 }

@@ -51,7 +51,7 @@ class Sending {
     const Item& mail_;
     Steps steps_{session_};
     host::family::MainAddIn main_add_in_;
-    SafeMailItem wrapper_;
+    SafeMailItem safe_mail_;
     Text name_;  // what fails for one recipient keeps the value of the one before
     SafeAddressEntry entry_;
     Text address_, native_;
@@ -61,24 +61,24 @@ class Sending {
 
 void Sending::run() {
     steps_.set(main_add_in_, [&] { return records::make_main_add_in(session_.desktop); });
-    steps_.set(wrapper_, [&] { return records::make_wrapper(session_.desktop); });
-    steps_.run([&] { wrapper_.Item(mail_); });
-    steps_.run([&] { wrapper_.ResolveAll(); });
-    steps_.run([&] { wrapper_.Recipients().ResolveAll(); });
+    steps_.set(safe_mail_, [&] { return records::make_safe_mail(session_.desktop); });
+    steps_.run([&] { safe_mail_.Item(mail_); });
+    steps_.run([&] { safe_mail_.ResolveAll(); });
+    steps_.run([&] { safe_mail_.Recipients().ResolveAll(); });
     std::int32_t count = 0;
-    steps_.set(count, [&] { return wrapper_.Recipients().Count(); });
+    steps_.set(count, [&] { return safe_mail_.Recipients().Count(); });
     for (std::int32_t i = 1; i <= count; ++i) {
         if (file_for(i) == Next::leave) return;
     }
 }
 
 Sending::Next Sending::file_for(std::int32_t index) {
-    steps_.set(name_, [&] { return wrapper_.Recipients().Item(index).name(); });
+    steps_.set(name_, [&] { return safe_mail_.Recipients().Item(index).name(); });
     status(Text(checking) + name_);
     const std::optional<Text> filter = filter_for(index);
     if (!filter) return Next::recipient;
     status(Text(checked) + name_);
-    if (stops_without_to_line(session_, variant_row(Variant::sent), wrapper_, {.native = native_}))
+    if (stops_without_to_line(session_, variant_row(Variant::sent), safe_mail_, {.native = native_}))
         return Next::leave;
 
     const records::PathRow& path = records::path_row(records::Path::automatic_sent);
@@ -98,7 +98,7 @@ Sending::Next Sending::file_for(std::int32_t index) {
     wait();
     note_ = records::file_note(session_, path,
                                {.folder = folder_,
-                                .mail = {.wrapper = wrapper_, .item = mail_},
+                                .mail = {.safe = safe_mail_, .item = mail_},
                                 .sources = {records::of_contact(contact)},
                                 .before = note_});
     here_.give_way();
@@ -107,15 +107,15 @@ Sending::Next Sending::file_for(std::int32_t index) {
 
 std::optional<Text> Sending::filter_for(std::int32_t index) {
     const VariantRow& variant = variant_row(Variant::sent);
-    steps_.set(entry_, [&] { return wrapper_.Recipients().Item(index).AddressEntry(); });
+    steps_.set(entry_, [&] { return safe_mail_.Recipients().Item(index).AddressEntry(); });
     if (steps_.possibly([&] { return automation::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
-        steps_.set(address_, [&] { return wrapper_.Recipients().Item(index).Address(); });
+        steps_.set(address_, [&] { return safe_mail_.Recipients().Item(index).Address(); });
         if (variant.empty_address_stops && address_.empty()) return std::nullopt;
         return contact_filter(variant.terms, true, {.native = address_});
     }
     // the first half of the test looks at the mail's sender, not at the recipient
     if (steps_.certainly([&] {
-            const Text sender = automation::upper(wrapper_.Fields(tag::sender_address_type));
+            const Text sender = automation::upper(safe_mail_.Fields(tag::sender_address_type));
             const Text recipient = automation::upper(entry_.Fields(tag::address_type));
             return is_shut(session_, variant, {sender, recipient});
         })) {

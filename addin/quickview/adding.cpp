@@ -60,7 +60,7 @@ void QuickView::cmdAdd_Click() {
     const Steps steps(session_);
     const Text chosen = shown(u"cmbFolders");
     SafeMailItem mail;
-    steps.set(mail, [&] { return records::make_wrapper(session_.desktop); });
+    steps.set(mail, [&] { return records::make_safe_mail(session_.desktop); });
     steps.run([&] { mail.Item(name_space().GetItemFromID(shown(u"EmailID"))); });
     const records::Database database = records::open_database(session_);
     Text key;
@@ -137,7 +137,7 @@ void QuickView::file_mail(Path path, const Folder& profiles, const SafeMailItem&
     const records::PathRow& row = records::path_row(path);
     records::file_note(session_, row,
                        {.folder = records::choose_folder(session_, profiles, row.folder),
-                        .mail = {.wrapper = mail},
+                        .mail = {.safe = mail},
                         .sources = {{records::From::quick_view,
                                      [this](records::Name name) { return Value(shown_value(name)); }},
                                     std::move(of_record)}});

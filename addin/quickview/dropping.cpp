@@ -46,7 +46,7 @@ void QuickView::lstItems_OLEDragDrop(int x, int y) {
     host::outlook::Selection selection;
     SafeMailItem mail;
     steps.set(explorer, [&] { return host::outlook::Application(desktop.application()).ActiveExplorer(); });
-    steps.set(mail, [&] { return records::make_wrapper(session_.desktop); });
+    steps.set(mail, [&] { return records::make_safe_mail(session_.desktop); });
     steps.set(selection, [&] { return explorer.Selection(); });
     desktop.pointer(forms::Pointer::hourglass);
     if (steps.possibly(

@@ -27,7 +27,7 @@ namespace property = records::property;
 
 namespace {
 
-constexpr TextView no_wrapper = u"TarnwellOMG did not initialize";
+constexpr TextView no_safe_mail = u"TarnwellOMG did not initialize";
 constexpr TextView searching = u"Searching for ";
 constexpr TextView alerts_programs[] = {u"TarnwellUtility.exe Alerts;;AccountID;",
                                         u"TarnwellUpdate.exe Alerts;;AccountID;"};
@@ -35,14 +35,14 @@ constexpr TextView alerts_programs[] = {u"TarnwellUtility.exe Alerts;;AccountID;
 struct LaunchRow {
     Variant variant;
     bool in_mail_folders_only;
-    bool tests_wrapper;
+    bool tests_safe_mail;
     bool leads_first;     ///< a lead that matches is opened, and that is all
     bool searches_again;  ///< with an empty filter, which no host takes
     bool offers_contact;  ///< for want of a contact; or else the dialog opens or makes one
     bool tells_record;    ///< fills in what the panel's button needs
 };
 constexpr LaunchRow rows[] = {
-    // variant                     mail folders  wrapper  leads   again   offers  tells
+    // variant                     mail folders  safe  leads   again   offers  tells
     {Variant::quick_view_launch, true, true, true, false, true, true},
     {Variant::tarnwell_launch, false, false, false, true, false, false},
 };
@@ -106,17 +106,18 @@ class Run {
         if (steps_.possibly([&] { return mail_.EntryID().empty(); })) return;
         if (steps_.possibly([&] { return mail_.Sensitivity() != host::outlook::sensitivity_normal; })) return;
         if (!make_objects()) return;
-        steps_.run([&] { wrapper_.Item(mail_); });
+        steps_.run([&] { safe_mail_.Item(mail_); });
         const filing::VariantRow& variant = filing::variant_row(row_.variant);
         const std::optional<ReadSender> sender =
-            filing::read_sender(session_, variant, wrapper_, [&] { give_way(); });
-        if (!sender || filing::stops_without_to_line(session_, variant, wrapper_, sender->addresses)) return;
+            filing::read_sender(session_, variant, safe_mail_, [&] { give_way(); });
+        if (!sender || filing::stops_without_to_line(session_, variant, safe_mail_, sender->addresses))
+            return;
 
         steps_.set(profiles_, [&] {
             return records::open_folder(session_.desktop, main_add_in_, records::folder::account_profiles);
         });
         give_way();
-        steps_.run([&] { session_.SearchForm.window()->status(Text(searching) + wrapper_.SenderName()); });
+        steps_.run([&] { session_.SearchForm.window()->status(Text(searching) + safe_mail_.SenderName()); });
         steps_.run([&] { session_.SearchForm.show(); });
         give_way();
         if (row_.leads_first && opens_lead(sender->filter)) return;
@@ -143,9 +144,9 @@ class Run {
         host::Desktop& desktop = session_.desktop;
         steps_.set(main_add_in_, [&] { return records::make_main_add_in(desktop); });
         give_way();
-        steps_.set(wrapper_, [&] { return records::make_wrapper(desktop); });
-        if (!row_.tests_wrapper || wrapper_) return true;
-        desktop.message_box(no_wrapper, product_title, host::box::critical);
+        steps_.set(safe_mail_, [&] { return records::make_safe_mail(desktop); });
+        if (!row_.tests_safe_mail || safe_mail_) return true;
+        desktop.message_box(no_safe_mail, product_title, host::box::critical);
         return false;
     }
 
@@ -188,7 +189,7 @@ class Run {
         steps_.run([&] { window->control(ControlName(u"lstItems")).list().clear(); });
         for (const FieldRow& field : fields) {
             if (field.of_record && !row_.tells_record) continue;
-            steps_.run([&] { window->control(field.control).text(value_of(field, contact, wrapper_)); });
+            steps_.run([&] { window->control(field.control).text(value_of(field, contact, safe_mail_)); });
         }
         steps_.run([&] { window->show(); });
         give_way();
@@ -196,14 +197,14 @@ class Run {
 
     void offer_contact(const Text& address) {
         Text name;
-        steps_.set(name, [&] { return wrapper_.SenderName(); });
+        steps_.set(name, [&] { return safe_mail_.SenderName(); });
         const NewContactPlan plan{.row = createnote::new_contact_row(records::Path::quick_view_new_contact),
                                   .address = address,
                                   .name = name,
                                   .main_add_in = main_add_in_,
                                   .account_profiles = profiles_};
         const std::optional<NewContact> made = createnote::offer_new_contact(session_, plan);
-        if (made) createnote::post_note_for_new_contact(session_, plan, *made, wrapper_);
+        if (made) createnote::post_note_for_new_contact(session_, plan, *made, safe_mail_);
         give_way();
         end_search();
     }
@@ -221,7 +222,7 @@ class Run {
     Steps steps_{session_};
     Item mail_;
     MainAddIn main_add_in_;
-    SafeMailItem wrapper_;
+    SafeMailItem safe_mail_;
     Folder profiles_;
 };
 

@@ -16,7 +16,7 @@ inline host::family::MainAddIn make_main_add_in(host::Desktop& desktop) {
 }
 
 /// The sibling object that reads a mail's guarded members.
-inline host::family::SafeMailItem make_wrapper(host::Desktop& desktop) {
+inline host::family::SafeMailItem make_safe_mail(host::Desktop& desktop) {
     return host::family::SafeMailItem(desktop.create(host::family::prog_id::safe_mail_item));
 }
 

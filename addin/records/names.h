@@ -52,7 +52,7 @@ constexpr bool is_contact(Name name) { return name.starts_with(personal_contact)
 /// The root of the host's schema of properties, as its documentation publishes it.
 inline constexpr Name schema_root = u"http://schemas.microsoft.com/";
 
-/// The set of the user properties, in the addresses of the schema and for the wrappers' `GetIDsFromNames`.
+/// The set of the user properties, in the addresses of the schema and for the safe items' `GetIDsFromNames`.
 inline constexpr Name user_property_set = u"{00020329-0000-0000-C000-000000000046}";
 
 namespace property {

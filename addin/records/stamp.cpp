@@ -140,9 +140,9 @@ class NoteWriter {
             if (const std::optional<Value> subject = value({field::subject, row_.subject}))
                 note_.Subject(subject->to_text());
         });
-        write_body(session_, note_, two_line_breaks, filing_.mail.wrapper);
+        write_body(session_, note_, two_line_breaks, filing_.mail.safe);
         if (row_.activity_date == Date::after_body) write_date();
-        attach(session_, note_, filing_.mail.wrapper);
+        attach(session_, note_, filing_.mail.safe);
     }
 
   private:
@@ -155,8 +155,7 @@ class NoteWriter {
     }
 
     void write_date() const {
-        write_property(session_, note_, property::activity_date,
-                       [&] { return filing_.mail.wrapper.SentOn(); });
+        write_property(session_, note_, property::activity_date, [&] { return filing_.mail.safe.SentOn(); });
     }
 
     std::optional<Value> value(const Key& key) const {
@@ -164,9 +163,9 @@ class NoteWriter {
             case From::none:
                 return std::nullopt;
             case From::mail:
-                return filing_.mail.wrapper.Subject();
+                return filing_.mail.safe.Subject();
             case From::sender:
-                return filing_.mail.wrapper.SenderName();
+                return filing_.mail.safe.SenderName();
             case From::received:
                 return Value(note_type::received);
             case From::sent:

@@ -56,8 +56,8 @@ enum class From {
     record,          ///< the selected record, by its class
     quick_view,      ///< the hidden value fields of Quick View
     target,          ///< the record that the mail was dropped on
-    mail,            ///< the mail, through its wrapper
-    sender,          ///< the sender's name, through the wrapper
+    mail,            ///< the mail, through its safe one
+    sender,          ///< the sender's name, through the safe mail
     received,        ///< the text "Email (Received)"
     sent             ///< the text "Email (Sent)"
 };
@@ -102,9 +102,9 @@ const PathRow& path_row(Path path);
 host::outlook::Folder choose_folder(const Session& session, const host::outlook::Folder& account_profiles,
                                     NoteFolder which, const host::outlook::Folder& before = {});
 
-/// The mail that a note is made of: its wrapper, and what is marked. Of inspector and selection one stands.
+/// The mail that a note is made of: the safe one, and what is marked. Of inspector and selection one stands.
 struct MailToFile {
-    host::family::SafeMailItem wrapper;
+    host::family::SafeMailItem safe;
     host::outlook::Item item{};
     host::outlook::Inspector inspector{};
     host::outlook::Selection selection{};
@@ -133,7 +133,7 @@ struct Filing {
 };
 
 /// Makes, fills and posts the note of a mail, and marks the mail, as the row says; answers the note. The mail
-/// is attached through its wrapper, which stands for it. What fails is skipped.
+/// is attached as the safe one, which stands for it. What fails is skipped.
 host::outlook::Item file_note(const Session& session, const PathRow& row, const Filing& filing);
 
 // The moves that are made outside of a filing, too.
@@ -145,7 +145,7 @@ void write_body(const Session& session, const host::outlook::Item& note, automat
                 const host::family::SafeMailItem& mail);
 void attach(const Session& session, const host::outlook::Item& note, const host::family::SafeMailItem& mail);
 
-/// Marks a mail as filed, on the item itself or through its wrapper.
+/// Marks a mail as filed, on the item itself or through the safe one.
 void mark_mail(const Session& session, const Mark& mark, const host::outlook::Item& mail);
 void mark_mail(const Session& session, const Mark& mark, const host::family::SafeMailItem& mail);
 

@@ -40,7 +40,7 @@ const Text& known(const std::optional<Text>& name) {
 
 void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
     std::int32_t folder_count = 0;
-    host::family::SafeMailItem wrapper;
+    host::family::SafeMailItem safe_mail;
     steps_.set(folder_count, [&] { return ofolders.Count(); });
     for (std::int32_t i = 1; i <= folder_count; ++i) {
         Folder folder;
@@ -56,7 +56,7 @@ void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
         Items found;
         steps_.set(found, [&] { return folder.Items().Restrict(filter); });
         if (found) {
-            list_folder(found, name, wrapper);
+            list_folder(found, name, safe_mail);
             if (gone()) return;
         }
         Folders below;
@@ -67,7 +67,7 @@ void PanelSearch::SearchMeRecurse(const Text& filter, const Folders& ofolders) {
 }
 
 void PanelSearch::list_folder(const Items& found, const std::optional<Text>& name,
-                              host::family::SafeMailItem& wrapper) {
+                              host::family::SafeMailItem& safe_mail) {
     steps_.run([&] {
         const Text company = control(u"CompanyName").text(), contact = control(u"Contactname").text();
         control(u"StoreID")
@@ -85,7 +85,7 @@ void PanelSearch::list_folder(const Items& found, const std::optional<Text>& nam
             .text(Text(found_start) + automation::to_text(static_cast<long long>(count)) +
                   Text(found_middle) + known(name) + u".");
     });
-    steps_.set(wrapper, [&] { return records::make_wrapper(session_.desktop); });
+    steps_.set(safe_mail, [&] { return records::make_safe_mail(session_.desktop); });
     std::optional<Text> shown_name;
     steps_.set(shown_name, [&] { return std::optional(records::without_leading_blanks(known(name))); });
     int rows = 0;
@@ -93,8 +93,8 @@ void PanelSearch::list_folder(const Items& found, const std::optional<Text>& nam
         Item item;
         steps_.set(item, [&] { return found.Item(i); });
         if (!item) continue;
-        steps_.run([&] { wrapper.Item(item); });
-        add_row(shown_name, item, wrapper);
+        steps_.run([&] { safe_mail.Item(item); });
+        add_row(shown_name, item, safe_mail);
         tell_of_cancel();
         if (gone()) return;
         if (++rows > most_rows) {
@@ -109,12 +109,12 @@ void PanelSearch::fill(Text& cell, const std::function<Value()>& read) const {
 }
 
 void PanelSearch::add_row(const std::optional<Text>& folder, const Item& item,
-                          const host::family::SafeMailItem& wrapper) const {
+                          const host::family::SafeMailItem& safe_mail) const {
     Cells cells;
     steps_.set(cells[column::folder], [&] { return known(folder); });
     if (!folder) return;
     fill(cells[column::subject], [&] { return item.get(u"Subject"); });
-    fill(cells[column::creator], [&] { return Value(wrapper.SenderName()); });
+    fill(cells[column::creator], [&] { return Value(safe_mail.SenderName()); });
     if (steps_.possibly([&] { return item.MessageClass().starts_with(received_classes); })) {
         fill(cells[column::created], [&] { return item.get(u"ReceivedTime"); });
     } else {

@@ -261,16 +261,16 @@ void PanelSearch::list_items() {
             count = found.Count();
             return count >= 1;
         })) {
-        host::family::SafeMailItem wrapper;
+        host::family::SafeMailItem safe_mail;
         std::optional<Text> folder;  // unknown for a pending item
-        steps_.set(wrapper, [&] { return records::make_wrapper(session_.desktop); });
+        steps_.set(safe_mail, [&] { return records::make_safe_mail(session_.desktop); });
         steps_.set(folder, [&] { return std::optional(records::without_leading_blanks(target_.Name())); });
         for (std::int32_t i = 1; i <= count; ++i) {
             Item item;
             steps_.set(item, [&] { return found.Item(i); });
             if (!item) continue;
-            steps_.run([&] { wrapper.Item(item); });
-            add_row(folder, item, wrapper);
+            steps_.run([&] { safe_mail.Item(item); });
+            add_row(folder, item, safe_mail);
         }
     }
     host::outlook::Folders top;

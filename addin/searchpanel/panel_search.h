@@ -43,12 +43,12 @@ class PanelSearch {
 
     /// Lists what matches a filter in each folder of a collection and below.
     void SearchMeRecurse(const automation::Text& filter, const host::outlook::Folders& ofolders);
-    /// `wrapper` is the one of the folder before, where none can be made.
+    /// `safe_mail` is the one of the folder before, where none can be made.
     void list_folder(const host::outlook::Items& found, const std::optional<automation::Text>& name,
-                     host::family::SafeMailItem& wrapper);
+                     host::family::SafeMailItem& safe_mail);
     /// One found item as a row; none without the name of its folder.
     void add_row(const std::optional<automation::Text>& folder, const host::outlook::Item& item,
-                 const host::family::SafeMailItem& wrapper) const;
+                 const host::family::SafeMailItem& safe_mail) const;
     /// The texts of a row; a cell that can't be read stays empty.
     using Cells = std::array<automation::Text, column::key + 1>;
     void fill(automation::Text& cell, const std::function<automation::Value()>& read) const;
