@@ -51,6 +51,12 @@ make_package() {
     sign "$file"
 }
 
+# make_policy VERSION FOLDER: the group policy template with all settings.
+make_policy() {
+    node "$ROOT/packaging/policy/make.js" policy "$1" "$2" || fail "the group policy template could not be made"
+    find "$2" -exec touch -d "@$(package_time)" {} +
+}
+
 # make_zip FOLDER FILE NAME...: what is in these folders of a folder, in the order of its names, with the files' times alone.
 make_zip() {
     local folder=$1 file=$2
@@ -72,7 +78,8 @@ package_command() {
     : >"$BUILD/logs/sign.log"
     for kind in "${package_kinds[@]}"; do make_package "$kind" "$version" "$work"; done
     mv "$work"/*.msi "$folder/"
-    make_zip "$work" "$folder/TarnwellNote-$version.zip" "${package_kinds[@]}"
+    make_policy "$version" "$work/policy"
+    make_zip "$work" "$folder/TarnwellNote-$version.zip" "${package_kinds[@]}" policy
     rm -r "$work"
     say "made: $folder/TarnwellNote-$version{-x64.msi,-x86.msi,.zip}"
 }

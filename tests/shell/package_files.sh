@@ -1,13 +1,8 @@
 # What `./tarnwell package` makes: two builds are the same byte for byte, wherever they stand; installers and zip hold the same files of
 # one version, for one user; and each program and installer bears a signature where a command signs.
 source "$(dirname -- "${BASH_SOURCE[0]}")/support.bash"
-ROOT=$PWD BUILD=$PWD/build
-for part in say install build package; do
-    # shellcheck source=/dev/null
-    source "packaging/lib/$part.sh"
-done
-at_end "rm -rf '$work'" # what these do at the end has taken the place of the test's own
-install_packages "${package_packages[@]}" osslsigncode openssl
+parts say install build package
+install_packages "${package_packages[@]}" "${package_check_packages[@]}"
 
 env -u TARNWELL_PREPARED -u TARNWELL_SIGN ./tarnwell package
 version=$(project_version)
@@ -17,7 +12,8 @@ for kind in x64 x86; do
     make_package "$kind" "$version" "$work/second"
     cmp "$first/TarnwellNote-$version-$kind.msi" "$work/second/TarnwellNote-$version-$kind.msi" || wrong "the installers differ"
 done
-make_zip "$work/second" "$work/second.zip" x64 x86
+make_policy "$version" "$work/second/policy"
+make_zip "$work/second" "$work/second.zip" x64 x86 policy
 cmp "$first/TarnwellNote-$version.zip" "$work/second.zip" || wrong "the zips differ"
 
 # property KIND NAME: of an installer.

@@ -1,12 +1,7 @@
 # The installer for 64-bit Outlook, in a Wine prefix of its own: refused where it does not fit, it replaces an earlier version,
 # writes what the libraries would register themselves, is repaired, files a mail in the desk, and leaves nothing behind.
 source "$(dirname -- "${BASH_SOURCE[0]}")/support.bash"
-ROOT=$PWD BUILD=$PWD/build
-for part in say install build wine script package; do
-    # shellcheck source=/dev/null
-    source "packaging/lib/$part.sh"
-done
-at_end "rm -rf '$work'" # what these do at the end has taken the place of the test's own
+parts say install build wine script package
 
 env -u TARNWELL_PREPARED ./tarnwell package
 version=$(project_version)

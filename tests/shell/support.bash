@@ -39,3 +39,12 @@ script() {
     script=$work/$1
     cat >"$script"
 }
+
+# parts NAME...: parts of ./tarnwell, for what a test does by itself.
+parts() {
+    local part
+    ROOT=$PWD BUILD=$PWD/build
+    # shellcheck source=/dev/null
+    for part in "$@"; do source "packaging/lib/$part.sh"; done
+    at_end "rm -rf '$work'" # what they do at the end has taken the place of the test's own
+}
