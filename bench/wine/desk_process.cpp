@@ -5,18 +5,15 @@
 #include <memory>
 #include <stdexcept>
 
-#include "tests/wine/registry.h"
+#include "desk/setup/desk_settings.h"
 #include "tests/wine/windows_handle.h"
 
 #include <psapi.h>
 
 namespace bench {
 std::optional<std::string> log_line(const std::string& start) {
-    const std::optional<automation::Text> log =
-        wine::read_text(HKEY_CURRENT_USER, u"Software\\Tarnwell\\Desk", u"LogFile");
-    if (!log) return {};
     std::optional<std::string> found;
-    std::ifstream file(std::filesystem::path(*log), std::ios::binary);
+    std::ifstream file(std::filesystem::path(desk::read_settings().log_file), std::ios::binary);
     for (std::string line; std::getline(file, line);) {
         if (line.starts_with(start)) found = line.substr(start.size());
     }

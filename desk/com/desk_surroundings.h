@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "automation/com/apartment.h"
-#include "desk/com/desk_settings.h"
+#include "desk/setup/desk_settings.h"
 #include "desk/com/indexed_folder.h"
 #include "desk/com/mail_process.h"
 

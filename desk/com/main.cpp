@@ -10,12 +10,13 @@
 #include "automation/com/fault_watch.h"
 #include "desk/cdo/cdo.h"
 #include "desk/com/add_in_loader.h"
-#include "desk/com/desk_settings.h"
 #include "desk/com/desk_surroundings.h"
 #include "desk/driver/message_watch.h"
 #include "desk/driver/status_watch.h"
 #include "desk/outlook/application.h"
 #include "desk/search/ado.h"
+#include "desk/setup/desk_classes.h"
+#include "desk/setup/desk_settings.h"
 #include "desk/surface/surface.h"
 #include "desk/windows/desk_windows.h"
 #include "desk/windows/main_loop.h"
@@ -26,13 +27,6 @@ using automation::Text;
 using automation::TextView;
 using windows::ComPtr;
 
-constexpr automation::Guid application_class =
-    automation::guid("{0006F03A-0000-0000-C000-000000000046}");  // Outlook.Application
-constexpr automation::Guid cdo_session_class =
-    automation::guid("{3FA7DEB3-6438-101B-ACC1-00AA00423326}");  // MAPI.Session
-// The classes of the desk's own that ADODB's names lead to where the desk is installed.
-constexpr automation::Guid ado_connection_class = automation::guid("{5B0C9A1E-2F64-4D0B-8E57-91C3A7D46F10}");
-constexpr automation::Guid ado_recordset_class = automation::guid("{5B0C9A1F-2F64-4D0B-8E57-91C3A7D46F10}");
 constexpr DWORD longest_wait_for_database = 15000, wait_step = 50;  // milliseconds
 
 /// Lines for whoever wants to know what the desk does; each is written at once.
@@ -129,12 +123,12 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     loop.on_change = [&desk_windows] { desk_windows.follow(); };
     loop.on_tick = [&messages] { messages.look(); };
 
-    ServedClass served(module, application_class, apartment, [&desk] { return desk.application(); });
-    const ServedClass served_cdo(module, cdo_session_class, apartment,
+    ServedClass served(module, desk::application_class, apartment, [&desk] { return desk.application(); });
+    const ServedClass served_cdo(module, desk::cdo_session_class, apartment,
                                  [&desk] { return std::make_shared<desk::CdoSession>(desk); });
-    const ServedClass served_connection(module, ado_connection_class, apartment,
+    const ServedClass served_connection(module, desk::ado_connection_class, apartment,
                                         [&desk] { return std::make_shared<desk::AdoConnection>(desk); });
-    const ServedClass served_recordset(module, ado_recordset_class, apartment,
+    const ServedClass served_recordset(module, desk::ado_recordset_class, apartment,
                                        [&desk] { return std::make_shared<desk::AdoRecordset>(desk); });
     surroundings.hooks.quit = [&] {
         served.revoke();  // who asks for an application from now on gets a new one
@@ -158,9 +152,35 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
              automation::to_text(static_cast<long long>(apartment->counter()->live_in_all())));
 }
 
+/// What stands on the command line behind the program's name.
+Text arguments() {
+    const std::wstring_view line = GetCommandLineW();
+    const std::size_t end = line.starts_with(L'"') ? line.find(L'"', 1) : line.find(L' ');
+    const std::wstring_view behind = line.substr(std::min(line.find(L' ', end), line.size()));
+    return automation::trimmed(windows::from_wide(behind.data(), behind.size()));
+}
+
+constexpr TextView register_command = u"/RegServer", settings_command = u"/Settings ";
+
+/// Enters the desk into the registry, or the settings of a file, instead of starting. Answers the exit code.
+int set_up(TextView command) {
+    const auto code = windows::guarded([&] {
+        if (command == register_command) {
+            desk::register_classes();
+        } else {
+            const Text file = automation::replaced(command.substr(settings_command.size()), u"\"", u"");
+            desk::write_settings(desk::settings_of(file));
+        }
+        return S_OK;
+    });
+    return code == S_OK ? 0 : 1;
+}
+
 }  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    const Text command = arguments();
+    if (command == register_command || command.starts_with(settings_command)) return set_up(command);
     const desk::DeskSettings settings = desk::read_settings();
     LogFile log(settings.log_file);
     const windows::FaultWatch faults;

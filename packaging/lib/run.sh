@@ -41,7 +41,8 @@ open_desk() {
         fresh=1
     fi
     register_servers "$folder/program" "$fresh"
-    { desk_rows "$folder/program" "$folder/database" "$folder/state" &&
+    set_up_desk "$folder"
+    { surrounding_rows "$folder/program" "$folder/database" &&
         { [[ -z $fresh ]] || friendly_rows; }; } | import_rows "$folder/desk.reg"
     start_desk "$folder/program" "$folder/state"
     [[ -z $fresh ]] || deliver_samples

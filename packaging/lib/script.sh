@@ -163,7 +163,8 @@ prepare_desk() {
         [[ " ${*,,} " != *" ${program,,} "* ]] || rm "$folder/program/$program"
     done
     copy_database "$database" "$folder/database"
-    { desk_rows "$folder/program" "$folder/database" "$folder/state" && leave_out_rows "$@" &&
+    set_up_desk "$folder"
+    { surrounding_rows "$folder/program" "$folder/database" && leave_out_rows "$@" &&
         row '-HKEY_CURRENT_USER\Software\Microsoft\Office\9.0\Outlook\Options\Tarnwell'; } |
         import_rows "$folder/desk.reg"
 }

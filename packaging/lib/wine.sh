@@ -103,39 +103,31 @@ use_prefix() {
     stop_wine # what a killed run may have left
 }
 
-# The registry, as rows of key, name and text, tab-separated. `@` is a key's default value; a key that begins with `-`
-# is removed, a name alone (no third field) as well.
-desk_rows() { # $1: folder of programs, $2: folder of the database, $3: folder for the state
-    local program class='HKEY_CLASSES_ROOT\CLSID\{0006F03A-0000-0000-C000-000000000046}' id
-    program=$(windows_path "$1")
-    for id in Outlook.Application Outlook.Application.9; do
-        row "HKEY_CLASSES_ROOT\\$id" @ 'Microsoft Outlook'
-        row "HKEY_CLASSES_ROOT\\$id\\CLSID" @ '{0006F03A-0000-0000-C000-000000000046}'
-    done
-    row 'HKEY_CLASSES_ROOT\Outlook.Application\CurVer' @ Outlook.Application.9
-    row "$class" @ 'Microsoft Outlook'
-    row "$class\\LocalServer32" @ "\"$program\\desk.exe\""
-    row "$class\\ProgID" @ Outlook.Application.9
-    row "$class\\VersionIndependentProgID" @ Outlook.Application
-    class='HKEY_CLASSES_ROOT\CLSID\{3FA7DEB3-6438-101B-ACC1-00AA00423326}'
-    row 'HKEY_CLASSES_ROOT\MAPI.Session' @ 'CDO session'
-    row 'HKEY_CLASSES_ROOT\MAPI.Session\CLSID' @ '{3FA7DEB3-6438-101B-ACC1-00AA00423326}'
-    row "$class" @ 'CDO session'
-    row "$class\\LocalServer32" @ "\"$program\\desk.exe\""
-    row "$class\\ProgID" @ MAPI.Session
+# The rest of the registry, beside what programs enter there themselves: `row KEY [NAME [TEXT [dword]]]` says what is to be
+# there, in the words of registry files. `@` is a key's default value; a key that begins with `-` is removed, a name
+# without a text as well.
+row() {
+    local name=${2:-}
+    printf '\r\n[%s]\r\n' "$1"
+    (($# > 1)) || return 0
+    [[ $name == @ ]] || name=$(quoted "$name")
+    if (($# == 2)); then
+        printf '%s=-\r\n' "$name"
+    elif [[ ${4:-} == dword ]]; then
+        printf '%s=dword:%08x\r\n' "$name" "$3"
+    else
+        printf '%s=%s\r\n' "$name" "$(quoted "$3")"
+    fi
+}
 
-    # The desktop search is the desk's, too: the names of ADO lead to its classes, whatever Wine has of its own.
-    for id in ADODB.Connection ADODB.Recordset; do
-        class='{5B0C9A1E-2F64-4D0B-8E57-91C3A7D46F10}'
-        [[ $id == ADODB.Connection ]] || class='{5B0C9A1F-2F64-4D0B-8E57-91C3A7D46F10}'
-        row "HKEY_CLASSES_ROOT\\$id" @ "$id"
-        row "HKEY_CLASSES_ROOT\\$id\\CLSID" @ "$class"
-        row "HKEY_CLASSES_ROOT\\CLSID\\$class" @ "$id"
-        row "HKEY_CLASSES_ROOT\\CLSID\\$class\\LocalServer32" @ "\"$program\\desk.exe\""
-        row "HKEY_CLASSES_ROOT\\CLSID\\$class\\ProgID" @ "$id"
-    done
-    row 'HKEY_CLASSES_ROOT\Search.CollatorDSO' @ 'Desktop search'
-    row 'HKEY_CLASSES_ROOT\Search.CollatorDSO\CLSID' @ '{9E175B8B-F52A-11D8-B9A5-505054503030}'
+quoted() {
+    local text=${1//\\/\\\\}
+    printf '"%s"' "${text//\"/\\\"}"
+}
+
+surrounding_rows() { # $1: folder of programs, $2: folder of the database
+    local program id
+    program=$(windows_path "$1")
 
     # What the shell opens documents with: a program that notes which they were. A person gets what Wine has for them.
     if [[ ${unattended:-1} == 1 ]]; then
@@ -145,19 +137,6 @@ desk_rows() { # $1: folder of programs, $2: folder of the database, $3: folder f
             row "HKEY_CLASSES_ROOT\\.$id" @ Tarnwell.Document
         done
     fi
-
-    id='HKEY_CURRENT_USER\Software\Tarnwell\Desk'
-    row "-$id"
-    row "$id" Database "$(windows_path "$2/tarnwell.db")"
-    row "$id" HostVersion "${host_version:-16.0.0.0}"
-    row "$id" InstantSearch "${instant_search:-0}"
-    row "$id" Language "${language:-1033}"
-    row "$id" EventOrder "${event_order:-host}"
-    row "$id" Unattended "${unattended:-1}"
-    row "$id" MailReader "$BUILD/native/bin/tarnwell-mail"
-    row "$id" LogFile "$(windows_path "$3/desk.log")"
-    row "$id" State "$(windows_path "$3")"
-    row "$id" IndexedFolder "$(windows_path "$2/documents")"
 
     id='HKEY_CURRENT_USER\Software\Tarnwell\Family'
     row "-$id"
@@ -172,25 +151,30 @@ desk_rows() { # $1: folder of programs, $2: folder of the database, $3: folder f
 # A crashed program ends at once, without a box that waits for somebody.
 crash_rows() { row 'HKEY_CURRENT_USER\Software\Wine\WineDbg' ShowCrashDialog 0 dword; }
 
-row() { # a row's fields hold no tabs
-    local IFS=$'\t'
-    printf '%s\n' "$*"
+# import_rows FILE: makes a registry file of rows and hands it to the prefix in use.
+import_rows() {
+    local file=$1
+    { printf '\xff\xfe' && { printf 'Windows Registry Editor Version 5.00\r\n' && cat; } | iconv -f UTF-8 -t UTF-16LE; } >"$file"
+    in_wine 60 regedit.exe /S "$(windows_path "$file")" || fail "the registry of $WINEPREFIX could not be written"
 }
 
-# import_rows FILE: reads rows, writes them as a registry file and hands it to the prefix in use.
-import_rows() {
-    local file=$1 text
-    text=$(awk -F '\t' '
-        function quoted(s) { gsub(/[\\"]/, "\\\\&", s); return "\"" s "\"" }
-        BEGIN { print "Windows Registry Editor Version 5.00" }
-        { print ""; print "[" $1 "]" }
-        NF < 2 { next }
-        { name = $2 == "@" ? "@" : quoted($2) }
-        NF == 2 { print name "=-"; next }
-        $4 == "dword" { printf "%s=dword:%08x\n", name, $3; next }
-        { print name "=" quoted($3) }' | sed 's/$/\r/')
-    { printf '\xff\xfe' && printf '%s\r\n' "$text" | iconv -f UTF-8 -t UTF-16LE; } >"$file"
-    in_wine 60 regedit.exe /S "$(windows_path "$file")" || fail "the registry of $WINEPREFIX could not be written"
+# set_up_desk FOLDER: how the desk in FOLDER/program is to start on FOLDER/database, entered by itself.
+set_up_desk() {
+    local folder=$1
+    cat >"$folder/desk.settings" <<SETTINGS
+Database=$(windows_path "$folder/database/tarnwell.db")
+IndexedFolder=$(windows_path "$folder/database/documents")
+State=$(windows_path "$folder/state")
+LogFile=$(windows_path "$folder/state/desk.log")
+MailReader=$BUILD/native/bin/tarnwell-mail
+HostVersion=${host_version:-16.0.0.0}
+InstantSearch=${instant_search:-0}
+Language=${language:-1033}
+EventOrder=${event_order:-host}
+Unattended=${unattended:-1}
+SETTINGS
+    in_wine 60 "$(windows_path "$folder/program/desk.exe")" /Settings "$(windows_path "$folder/desk.settings")" ||
+        fail "the desk could not take its settings from $folder/desk.settings"
 }
 
 # install_programs FOLDER [LEFT_OUT...]: the programs as they stand on a machine, in one folder of their own, so that
@@ -219,11 +203,11 @@ copy_user_classes() {
     rm "$file" "$file.machine"
 }
 
-# register_servers FOLDER [fresh]: lets the libraries of a folder register themselves. What comes of it is put aside and
-# taken from there as long as the libraries are the same. With `fresh`, the registry is otherwise as Wine made it.
+# register_servers FOLDER [fresh]: lets the libraries of a folder and the desk register themselves. What comes of it is put
+# aside and taken from there as long as they are the same. With `fresh`, the registry is otherwise as Wine made it.
 register_servers() {
     local folder=$1 fresh=${2:-} library hash saved=$WINEPREFIX/registered
-    hash=$(cd "$folder" && sha256sum ./*.dll && printf '%s' "$folder")
+    hash=$(cd "$folder" && sha256sum ./*.dll desk.exe && printf '%s' "$folder")
     if [[ -f $saved/hash && $(<"$saved/hash") == "$hash" ]]; then
         [[ -z $fresh ]] || cp "$saved"/*.reg "$WINEPREFIX/"
         return 0
@@ -235,6 +219,7 @@ register_servers() {
             fail "${library##*/} could not register itself in $WINEPREFIX"
     done
     copy_user_classes "$folder/classes.reg"
+    in_wine 60 "$(windows_path "$folder/desk.exe")" /RegServer || fail "the desk could not register itself in $WINEPREFIX"
     crash_rows | import_rows "$folder/crash.reg"
     rm -f "$folder/crash.reg"
     stop_wine # writes the registry to its files

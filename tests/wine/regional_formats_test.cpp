@@ -1,9 +1,9 @@
 // What the dialog's list shows of amounts, dates and shares to users with other regional settings. The host
 // reads them as it starts.
+#include "desk/setup/registry_text.h"
 #include "tests/acceptance/note_dialog.h"
 #include "tests/acceptance/quick_view.h"
 #include "tests/windows/regional_settings.h"
-#include "tests/wine/registry.h"
 
 namespace wine {
 namespace {
@@ -76,7 +76,8 @@ TEST_F(RegionalQuickView, ShowsAndReadsDatesAsTheUserWritesThem) {
         connect.call(u"SetKeyValue",
                      {host::current_user, u"Software\\Tarnwell\\Desk", u"Set", date, as_text});
         EXPECT_EQ(acceptance::shown(
-                      wine::read_text(HKEY_CURRENT_USER, u"Software\\Tarnwell\\Desk", u"Set").value_or(u"")),
+                      desk::registry::read_text(HKEY_CURRENT_USER, u"Software\\Tarnwell\\Desk", u"Set")
+                          .value_or(u"")),
                   one.date);
 
         show_ann();

@@ -9,9 +9,10 @@
 
 #include "addin/ground/settings.h"
 #include "automation/com/fault_watch.h"
+#include "desk/setup/desk_settings.h"
+#include "desk/setup/registry_text.h"
 #include "tests/acceptance/world.h"
 #include "tests/wine/client.h"
-#include "tests/wine/registry.h"
 #include "tests/wine/windows_handle.h"
 
 namespace wine {
@@ -20,9 +21,11 @@ namespace {
 using acceptance::WorldSetup;
 using automation::Text;
 using automation::TextView;
+using desk::registry::read_text;
+using desk::registry::remove_key;
+using desk::registry::write_text;
 namespace fs = std::filesystem;
 
-const Text desk_key = u"Software\\Tarnwell\\Desk";
 const Text family_key = u"Software\\Tarnwell\\Family";
 const Text add_ins_key = u"Software\\Microsoft\\Office\\Outlook\\Addins\\CreateNote.Connect";
 const Text desk_server_key = u"CLSID\\{0006F03A-0000-0000-C000-000000000046}\\LocalServer32";
@@ -170,19 +173,18 @@ class WineWorld : public acceptance::World {
     }
 
     void start() override {
-        const auto set = [](const Text& name, const Text& value) {
-            write_text(HKEY_CURRENT_USER, desk_key, name, value);
-        };
         std::error_code ignored;
         fs::remove(log(), ignored);
-        set(u"Database", text_of(folder_.path() / "special" / "tarnwell.db"));
-        set(u"State", text_of(folder_.path() / "special"));
-        set(u"LogFile", text_of(log()));
-        set(u"HostVersion", setup_.host_version);
-        set(u"IndexedFolder", text_of(folder_.path() / "documents"));
-        set(u"InstantSearch", setup_.instant_search ? u"1" : u"0");
-        set(u"EventOrder", automation::from_utf8(desk::name_of(setup_.event_order)));
-        set(u"Unattended", u"1");
+        desk::DeskSettings settings;
+        settings.mail_reader = desk::read_settings().mail_reader;
+        settings.database = text_of(folder_.path() / "special" / "tarnwell.db");
+        settings.state = text_of(folder_.path() / "special");
+        settings.log_file = text_of(log());
+        settings.indexed_folder = text_of(folder_.path() / "documents");
+        settings.options.host_version = setup_.host_version;
+        settings.options.instant_search = setup_.instant_search;
+        settings.options.at_once = desk::AtOnce::of(setup_.event_order);
+        desk::write_settings(settings);
         desk_ = start_desk();
         wait_for_log("ready");
         application_ = host::outlook::Application(client().desktop.create(u"Outlook.Application"));

@@ -1,5 +1,7 @@
-// How the desk is to start: what `./tarnwell` wrote for it into the registry.
+// How the desk is to start: what stands for it in the registry.
 #pragma once
+
+#include <filesystem>
 
 #include "desk/base/desk.h"
 
@@ -16,7 +18,15 @@ struct DeskSettings {
     Options options;
 };
 
+/// What is stored; for a value that is not, what the structure begins with.
 DeskSettings read_settings();
+
+/// Stores all of them.
+void write_settings(const DeskSettings& settings);
+
+/// The settings of a file in UTF-8, a line `Name=Value` for each that is not as usual. Throws `Failure` for a
+/// name that there is not.
+DeskSettings settings_of(const std::filesystem::path& file);
 
 /// Stores a value for the next start.
 void store_setting(automation::TextView name, automation::TextView value);
