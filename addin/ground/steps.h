@@ -9,6 +9,18 @@
 
 namespace addin {
 
+/// What a test has said. It can't be turned over by a "not", which would hide what an unanswered test means:
+/// the other name and the opposite test say it.
+class Answer {
+  public:
+    Answer(bool yes) : yes_(yes) {}         // NOLINT: an answer is a yes or a no, nothing else
+    operator bool() const { return yes_; }  // NOLINT: the same
+    bool operator!() const = delete;
+
+  private:
+    bool yes_;
+};
+
 /// Runs the statements of a routine, one at a time: a whole routine in one `run` would skip its rest where
 /// only one statement failed. They remember nothing, so each routine makes its own.
 class Steps {
@@ -43,13 +55,13 @@ class Steps {
     /// Whether a test holds. One that can't be answered is taken for passed, so the step after it runs: this
     /// is the rule.
     template <class Test>
-    [[nodiscard]] bool possibly(Test&& test, const SourcePlace& place = SourcePlace::current()) const {
+    [[nodiscard]] Answer possibly(Test&& test, const SourcePlace& place = SourcePlace::current()) const {
         return decide(std::forward<Test>(test), true, place);
     }
 
     /// Whether a test is known to hold. One that can't be answered is taken for not passed.
     template <class Test>
-    [[nodiscard]] bool certainly(Test&& test, const SourcePlace& place = SourcePlace::current()) const {
+    [[nodiscard]] Answer certainly(Test&& test, const SourcePlace& place = SourcePlace::current()) const {
         return decide(std::forward<Test>(test), false, place);
     }
 

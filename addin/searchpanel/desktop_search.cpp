@@ -69,8 +69,8 @@ void PanelSearch::ask_index() {
     // where the rows' end can't be seen there are none, and where the next one can't be reached no further
     // ones
     bool more = true;
-    const auto ends = [&] { return steps_.possibly([&] { return rows.at_end(); }); };
-    while (more && !gone() && !ends()) {
+    const auto stands_on_one = [&] { return steps_.certainly([&] { return !rows.at_end(); }); };
+    while (more && !gone() && stands_on_one()) {
         add_index_row([&](TextView name) { return rows.Fields().Item(name).value(); });
         more = steps_.run([&] { rows.MoveNext(); });
     }
