@@ -11,6 +11,7 @@ using automation::Text;
 using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;
+using host::outlook::UserProperties;
 
 namespace {
 
@@ -77,18 +78,26 @@ Text asked(Question question) {
     }
 }
 
-Text property_of(const Item& item, TextView name) {
-    return asked([&] { return item.UserProperties().Item(name).value(); });
+/// The user properties of an item, none if they can't be had.
+UserProperties properties_of(const Item& item) {
+    try {
+        return item.UserProperties();
+    } catch (const automation::Failure&) {
+        return {};
+    }
 }
 
 PickerRow row_of(const Item& item, const Layout& layout) {
+    const UserProperties properties = properties_of(item);
+    const auto property_of = [&](TextView name) {
+        return properties ? asked([&] { return properties.Item(name).value(); }) : Text();
+    };
     PickerRow row;
     for (std::size_t i = 0; i < layout.columns.size(); ++i) {
         const Source& source = layout.columns[i];
-        row[i] =
-            source.is_member ? asked([&] { return item.get(source.name); }) : property_of(item, source.name);
+        row[i] = source.is_member ? asked([&] { return item.get(source.name); }) : property_of(source.name);
     }
-    row[picker_column::record_id] = property_of(item, layout.record_id);
+    row[picker_column::record_id] = property_of(layout.record_id);
     row[picker_column::entry_id] = asked([&] { return automation::Value(item.EntryID()); });
     return row;
 }

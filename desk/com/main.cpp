@@ -8,6 +8,7 @@
 #include "automation/com/class_factory.h"
 #include "automation/com/failure.h"
 #include "automation/com/fault_watch.h"
+#include "automation/com/kept_proxies.h"
 #include "desk/cdo/cdo.h"
 #include "desk/com/add_in_loader.h"
 #include "desk/com/desk_surroundings.h"
@@ -98,6 +99,7 @@ class ServedClass {
 void run(const desk::DeskSettings& settings, LogFile& log) {
     windows::Module module;  // outlives what clients still hold when COM is left
     const Com com;
+    const windows::KeptProxies proxies;
     const auto apartment =
         windows::Apartment::create(module, u"Outlook", std::make_shared<windows::BridgeCounter>());
     desk::DeskSurroundings surroundings(settings, apartment);

@@ -87,17 +87,20 @@ ImageListHandle make_image_list(std::span<const Picture* const> pictures, int pi
     const std::unique_ptr<std::remove_pointer_t<HDC>, decltype(&DeleteDC)> context(
         CreateCompatibleDC(screen.get()), &DeleteDC);
     const DrawingObject<HBRUSH> grey(CreateSolidBrush(background));
-    const RECT box{0, 0, pixels, pixels};
-    for (const Picture* picture : pictures) {
-        const DrawingObject<HBITMAP> bitmap(CreateCompatibleBitmap(screen.get(), pixels, pixels));
-        {
-            const Selected drawn_on(context.get(), bitmap.get());
-            FillRect(context.get(), &box, grey.get());
+    // all in one strip: each call that adds to the list costs
+    const RECT strip{0, 0, pixels * static_cast<LONG>(pictures.size()), pixels};
+    const DrawingObject<HBITMAP> bitmap(CreateCompatibleBitmap(screen.get(), strip.right, strip.bottom));
+    {
+        const Selected drawn_on(context.get(), bitmap.get());
+        FillRect(context.get(), &strip, grey.get());
+        RECT box{0, 0, pixels, pixels};
+        for (const Picture* picture : pictures) {
             draw_picture(context.get(), box, *picture, high_contrast);
+            OffsetRect(&box, pixels, 0);
         }
-        if (!list || !bitmap || ImageList_AddMasked(list.get(), bitmap.get(), background) == -1) {
-            throw Failure(automation::result::fail, u"A list of images could not be made.");
-        }
+    }
+    if (!list || !bitmap || ImageList_AddMasked(list.get(), bitmap.get(), background) == -1) {
+        throw Failure(automation::result::fail, u"A list of images could not be made.");
     }
     return list;
 }

@@ -130,13 +130,16 @@ SCRIPT
     wait "$desk_pid" || true
 }
 
-# keep_desktop FOLDER: keeps Wine's desktop there between the tests, by a script that does nothing. A second after the last
-# program has gone, the desktop ends; a program that starts meanwhile can make no window.
+# keep_desktop FOLDER: keeps Wine's desktop there between the tests, by a program that waits for a key. A second after the
+# last program has gone, the desktop ends; a program that starts meanwhile can make no window.
 keep_desktop() {
-    local folder=$1
-    printf 'while (true) WScript.Sleep(60000);\n' >"$folder/stay.js"
-    (unlocked "$wine_loader" cscript.exe //nologo "$(windows_path "$folder/stay.js")") >/dev/null 2>&1 </dev/null &
+    local keys=$1/keys open
+    rm -f "$keys"
+    mkfifo "$keys"
+    exec {open}<>"$keys" # open for writing as well, so that it never ends
+    (unlocked "$wine_loader" cmd.exe /c pause) >/dev/null 2>&1 <&"$open" &
     at_end "kill $! 2>/dev/null" # the lane's end ends it, too
+    exec {open}<&-
 }
 
 # run_script_tests FILE...: each script in tests/scripts/ is one test. Its first line may name options:

@@ -4,6 +4,7 @@
 #include "addin/server/desktop/windows_desktop.h"
 #include "automation/com/apartment.h"
 #include "automation/com/fault_watch.h"
+#include "automation/com/kept_proxies.h"
 
 namespace wine {
 
@@ -20,6 +21,7 @@ struct Client {
     windows::FaultWatch faults;
     windows::Module module;
     Com com;
+    windows::KeptProxies proxies;
     std::shared_ptr<windows::Apartment> apartment = windows::Apartment::create(module, u"Acceptance tests");
     windows::WindowsDesktop desktop{apartment};
 };
