@@ -42,7 +42,7 @@ open_desk() {
     fi
     register_servers "$folder/program" "$fresh"
     set_up_desk "$folder"
-    { surrounding_rows "$folder/program" "$folder/database" &&
+    { document_rows "$folder/program" && family_rows "$folder/program" "$folder/database" &&
         { [[ -z $fresh ]] || friendly_rows; }; } | import_rows "$folder/desk.reg"
     start_desk "$folder/program" "$folder/state"
     [[ -z $fresh ]] || deliver_samples

@@ -164,7 +164,7 @@ prepare_desk() {
     done
     copy_database "$database" "$folder/database"
     set_up_desk "$folder"
-    { surrounding_rows "$folder/program" "$folder/database" && leave_out_rows "$@" &&
+    { document_rows "$folder/program" && family_rows "$folder/program" "$folder/database" && leave_out_rows "$@" &&
         row '-HKEY_CURRENT_USER\Software\Microsoft\Office\9.0\Outlook\Options\Tarnwell'; } |
         import_rows "$folder/desk.reg"
 }

@@ -125,27 +125,28 @@ quoted() {
     printf '"%s"' "${text//\"/\\\"}"
 }
 
-surrounding_rows() { # $1: folder of programs, $2: folder of the database
-    local program id
-    program=$(windows_path "$1")
+# document_rows FOLDER: what the shell opens documents with: a program that notes which they were. A person gets what Wine has
+# for them.
+document_rows() {
+    local id
+    [[ ${unattended:-1} == 1 ]] || return 0
+    row 'HKEY_CLASSES_ROOT\Tarnwell.Document' @ Document
+    row 'HKEY_CLASSES_ROOT\Tarnwell.Document\shell\open\command' @ "\"$(windows_path "$1/DocumentViewer.exe")\" \"%1\""
+    for id in txt doc docx xls xlsx csv pdf rtf htm html eml; do
+        row "HKEY_CLASSES_ROOT\\.$id" @ Tarnwell.Document
+    done
+}
 
-    # What the shell opens documents with: a program that notes which they were. A person gets what Wine has for them.
-    if [[ ${unattended:-1} == 1 ]]; then
-        row 'HKEY_CLASSES_ROOT\Tarnwell.Document' @ Document
-        row 'HKEY_CLASSES_ROOT\Tarnwell.Document\shell\open\command' @ "\"$program\\DocumentViewer.exe\" \"%1\""
-        for id in txt doc docx xls xlsx csv pdf rtf htm html eml; do
-            row "HKEY_CLASSES_ROOT\\.$id" @ Tarnwell.Document
-        done
-    fi
-
-    id='HKEY_CURRENT_USER\Software\Tarnwell\Family'
-    row "-$id"
-    row "$id" UserName 'Pat Example'
-    row "$id" CurrentUserName 'Pat Example'
-    row "$id" Alignment Left
-    row "$id" EmailAutoFile 1
-    row "$id" SpecialFolder "$(windows_path "$2")"
-    row "$id" ProgramFolder "$program"
+# family_rows FOLDER DATABASE: what the family's stand-ins answer.
+family_rows() {
+    local key='HKEY_CURRENT_USER\Software\Tarnwell\Family'
+    row "-$key"
+    row "$key" UserName 'Pat Example'
+    row "$key" CurrentUserName 'Pat Example'
+    row "$key" Alignment Left
+    row "$key" EmailAutoFile 1
+    row "$key" SpecialFolder "$(windows_path "$2")"
+    row "$key" ProgramFolder "$(windows_path "$1")"
 }
 
 # A crashed program ends at once, without a box that waits for somebody.
@@ -175,6 +176,11 @@ Unattended=${unattended:-1}
 SETTINGS
     in_wine 60 "$(windows_path "$folder/program/desk.exe")" /Settings "$(windows_path "$folder/desk.settings")" ||
         fail "the desk could not take its settings from $folder/desk.settings"
+}
+
+# register_desk FOLDER: enters the classes that the desk of a folder serves.
+register_desk() {
+    in_wine 60 "$(windows_path "$1/desk.exe")" /RegServer || fail "the desk could not register itself in $WINEPREFIX"
 }
 
 # install_programs FOLDER [LEFT_OUT...]: the programs as they stand on a machine, in one folder of their own, so that
@@ -219,7 +225,7 @@ register_servers() {
             fail "${library##*/} could not register itself in $WINEPREFIX"
     done
     copy_user_classes "$folder/classes.reg"
-    in_wine 60 "$(windows_path "$folder/desk.exe")" /RegServer || fail "the desk could not register itself in $WINEPREFIX"
+    register_desk "$folder"
     crash_rows | import_rows "$folder/crash.reg"
     rm -f "$folder/crash.reg"
     stop_wine # writes the registry to its files

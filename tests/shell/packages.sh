@@ -29,8 +29,10 @@ cp build/x64/bin/{desk,DocumentViewer}.exe "$folder/program/"
 copy_database sample "$folder/database"
 installer='Software\Microsoft\Windows\CurrentVersion\Installer'
 user=$installer'\UserData\S-1-5-21-0-0-0-1000'
+set_up_desk "$folder"
+register_desk "$folder/program"
 {
-    desk_rows "$folder/program" "$folder/database" "$folder/state" | grep -v 'Tarnwell\\Family'
+    document_rows "$folder/program"
     crash_rows
     row 'HKEY_LOCAL_MACHINE\Software\Microsoft\Office\16.0\Outlook' Bitness x64
     for key in "HKEY_LOCAL_MACHINE\\$installer\\UpgradeCodes" "HKEY_LOCAL_MACHINE\\$user\\Components" "HKEY_LOCAL_MACHINE\\$user\\Products" \
