@@ -25,22 +25,22 @@ Value converted(const Value& value, Takes takes) {
     return value;
 }
 
-std::size_t place_of(const MemberFacts& facts, TextView parameter) {
+std::optional<std::size_t> place_of(const MemberFacts& facts, TextView parameter) {
     const auto found = std::ranges::find_if(
         facts.parameters, [&](const Parameter& p) { return same_ignoring_case(p.name, parameter); });
-    if (found == facts.parameters.end()) throw Failure(result::unknown_name, Text(parameter));
+    if (found == facts.parameters.end()) return std::nullopt;
     return static_cast<std::size_t>(found - facts.parameters.begin());
 }
 
 }  // namespace
 
-Value identify(const MemberFacts& facts, Request& request) {
-    request.id = facts.id;
-    std::vector<Value> places;
-    for (const NamedArgument& argument : request.named) {
-        places.emplace_back(static_cast<std::int32_t>(place_of(facts, argument.name)));
+MemberIds ids_of(const MemberFacts& facts, std::span<const Text> parameters) {
+    MemberIds ids{.id = facts.id};
+    for (const Text& parameter : parameters) {
+        const std::optional<std::size_t> place = place_of(facts, parameter);
+        ids.places.push_back(place ? static_cast<std::int32_t>(*place) : no_id);
     }
-    return Array::of(std::move(places));
+    return ids;
 }
 
 std::vector<Value> arrange(const MemberFacts& facts, Request& request) {
@@ -67,8 +67,11 @@ std::vector<Value> arrange(const MemberFacts& facts, Request& request) {
         given.clear();
     }
     given.resize(count, Missing{});
-    for (NamedArgument& argument : request.named)
-        given[place_of(facts, argument.name)] = std::move(argument.value);
+    for (NamedArgument& argument : request.named) {
+        const std::optional<std::size_t> place = place_of(facts, argument.name);
+        if (!place) throw Failure(result::unknown_name, argument.name);
+        given[*place] = std::move(argument.value);
+    }
     request.named.clear();
 
     for (std::size_t i = 0; i < count; ++i) {
@@ -91,7 +94,6 @@ Value ask_default_member(const Value& answer, std::vector<Value> arguments) {
 }
 
 void throw_no_member(const Request& request) {
-    if (request.access == Access::identify) throw Failure(result::unknown_name, Text(request.member));
     const bool by_name = !request.member.empty();
     throw Failure(by_name ? result::unknown_name : result::member_not_found, Text(request.member));
 }

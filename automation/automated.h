@@ -1,7 +1,9 @@
 // Objects of our own that can be asked by name: a class is a table of members.
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -67,13 +69,18 @@ class Members {
         }
     }
 
-    /// The row that a request names, by its id if it has one; null if there is none.
+    /// The row that a request means, by its id if it names no member; null if there is none.
     const Row<T>* find(const Request& request) const {
-        for (const Row<T>& row : rows_) {
-            if (request.member.empty() ? row.id == request.id : same_ignoring_case(row.name, request.member))
-                return &row;
-        }
-        return nullptr;
+        if (!request.member.empty()) return find(request.member);
+        const auto found = std::ranges::find(rows_, request.id, &Row<T>::id);
+        return found == rows_.end() ? nullptr : &*found;
+    }
+
+    /// The row of a name; null if there is none.
+    const Row<T>* find(TextView name) const {
+        const auto found = std::ranges::find_if(
+            rows_, [&](const Row<T>& row) { return same_ignoring_case(row.name, name); });
+        return found == rows_.end() ? nullptr : &*found;
     }
 
     std::span<const Row<T>> rows() const { return rows_; }
@@ -82,9 +89,8 @@ class Members {
     std::vector<Row<T>> rows_;
 };
 
-/// Fills in a request's id and answers the places of its named arguments as an array of integers.
-/// Throws `result::unknown_name` for a name that is no parameter.
-Value identify(const MemberFacts& facts, Request& request);
+/// The ids of a member and of some of its parameters.
+MemberIds ids_of(const MemberFacts& facts, std::span<const Text> parameters);
 
 /// Brings a request's arguments into the order of the parameters, converts them and checks their number.
 /// Afterwards the request has as many arguments as the member has parameters, and one more for a put.
@@ -100,7 +106,6 @@ Value ask_default_member(const Value& answer, std::vector<Value> arguments);
 /// Runs the member that a request names. The name in the failure of an unknown member tells which it was.
 template <class T>
 Value dispatch(T& self, const Row<T>& row, Request& request) {
-    if (request.access == Access::identify) return identify(row, request);
     std::vector<Value> rest = arrange(row, request);
     Value answer = row.code(self, Arguments(request.arguments, request.access));
     return rest.empty() ? answer : ask_default_member(answer, std::move(rest));
@@ -114,6 +119,11 @@ class Automated : public Invocable, public std::enable_shared_from_this<T> {
         if (const Row<T>* row = T::members().find(request))
             return dispatch(static_cast<T&>(*this), *row, request);
         throw_no_member(request);
+    }
+
+    std::optional<MemberIds> identify(TextView member, std::span<const Text> parameters) override {
+        const Row<T>* const row = T::members().find(member);
+        return row ? std::optional(ids_of(*row, parameters)) : std::nullopt;
     }
 };
 

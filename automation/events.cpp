@@ -16,13 +16,7 @@ class Receiver : public Invocable {
         const auto event = std::ranges::find_if(interface_.events, [&](const Event& e) {
             return request.id != no_id ? e.id == request.id : same_ignoring_case(e.name, request.member);
         });
-        const bool known = event != interface_.events.end();
-        if (request.access == Access::identify) {
-            if (!known) throw Failure(result::member_not_found, Text(request.member));
-            request.id = event->id;
-            return {};
-        }
-        if (!known) return {};  // an event of later days is none of our business
+        if (event == interface_.events.end()) return {};  // one of later days is none of our business
         const auto handler =
             std::ranges::find_if(handlers_, [&](const Handler& h) { return h.event == event->name; });
         if (handler != handlers_.end()) {
@@ -47,10 +41,8 @@ void Sink::connect(const EventInterface& interface, Object source, std::vector<H
     if (!source_) return;
     interface_ = &interface;
     receiver_ = std::make_shared<Receiver>(interface, std::move(handlers));
-    Request request{
-        .access = Access::advise, .member = {}, .interface = interface.id, .sink = Value(receiver_)};
     try {
-        cookie_ = source_.invoke(request);
+        cookie_ = source_.subscribe(interface.id, Object(receiver_));
     } catch (...) {
         receiver_.reset();
         throw;
@@ -67,14 +59,12 @@ Sink::~Sink() {
 
 void Sink::clear() {
     const Object source = std::exchange(source_, {});
-    const Value cookie = std::exchange(cookie_, {});
+    const std::int32_t cookie = std::exchange(cookie_, 0);
     const std::shared_ptr<Invocable> receiver = std::exchange(receiver_, nullptr);
     if (!receiver) return;
     static_cast<Receiver&>(*receiver).cut_off();
-    Request request{
-        .access = Access::unadvise, .member = {}, .arguments = {cookie}, .interface = interface_->id};
     try {
-        source.invoke(request);
+        source.unsubscribe(interface_->id, cookie);
     } catch (const Failure&) {
         return;  // a source that is gone has no subscription left to end
     }

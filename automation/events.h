@@ -53,7 +53,7 @@ class Sink {
     const EventInterface* interface_ = nullptr;
     Object source_;
     std::shared_ptr<Invocable> receiver_;
-    Value cookie_;
+    std::int32_t cookie_ = 0;
 };
 
 }  // namespace automation

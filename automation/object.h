@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -28,12 +30,9 @@ struct Kind {
 
 /// What is asked of an object.
 enum class Access {
-    get,       ///< reads a property; an object that has a method of that name runs it
-    put,       ///< writes a property; the value is the last argument
-    call,      ///< runs a method; an object that has a property of that name reads it
-    identify,  ///< resolves the member's name: fills in `id` and answers the places of the named arguments
-    advise,    ///< subscribes `sink` to the events of `interface`; answers a cookie
-    unadvise   ///< ends the subscription whose cookie is the first argument
+    get,  ///< reads a property; an object that has a method of that name runs it
+    put,  ///< writes a property; the value is the last argument
+    call  ///< runs a method; an object that has a property of that name reads it
 };
 
 inline constexpr std::int32_t no_id = -1;          ///< the dispatch id that stands for "not known"
@@ -54,8 +53,13 @@ struct Request {
     std::vector<NamedArgument> named{};  ///< come on top of `arguments`
     std::uint32_t by_reference = 0;      ///< bit i: the callee may change `arguments[i]`
     const Kind* kind = nullptr;          ///< whose ids the callee may take from a cache; none if null
-    Guid interface {};                   ///< of the events, for `advise` and `unadvise`
-    Value sink{};                        ///< receives the events, for `advise`
+};
+
+/// What the names of a member and of its parameters stand for.
+struct MemberIds {
+    std::int32_t id = no_id;
+    std::vector<std::int32_t>
+        places{};  ///< of the parameters, as they were named; `no_id` for an unknown one
 };
 
 /// Whatever can be asked for members by name.
@@ -69,6 +73,20 @@ class Invocable {
     /// Does what the request says. Throws `Failure`, with `result::unknown_name` or
     /// `result::member_not_found` for a member that is not there.
     virtual Value invoke(Request& request) = 0;
+
+    /// The ids of a member and of some of its parameters, nothing if there is no such member. What can only
+    /// be called by id or by name alone knows none.
+    virtual std::optional<MemberIds> identify(TextView member, std::span<const Text> parameters);
+
+    /// Whether it raises the events of an interface.
+    virtual bool has_events(const Guid& interface_id);
+
+    /// Has a sink told of the events of an interface; answers the subscription's cookie. Throws `Failure`,
+    /// with `result::no_connection` for events that are not there and `result::invalid_argument` for no sink.
+    virtual std::int32_t subscribe(const Guid& interface_id, const Object& sink);
+
+    /// Ends a subscription. Throws `Failure`, with `result::no_connection` for a cookie of none.
+    virtual void unsubscribe(const Guid& interface_id, std::int32_t cookie);
 };
 
 /// A counted reference to something that can be asked by name; an empty one is Nothing.
@@ -96,10 +114,16 @@ class Object {
     /// A call in full, for named arguments and arguments by reference.
     Value invoke(Request& request) const;
 
+    /// As the target's own; they throw `result::object_not_set` on Nothing, too.
+    std::optional<MemberIds> identify(TextView member, std::span<const Text> parameters = {}) const;
+    std::int32_t subscribe(const Guid& interface_id, const Object& sink) const;
+    void unsubscribe(const Guid& interface_id, std::int32_t cookie) const;
+
   protected:
     void kind(const Kind* kind) { kind_ = kind; }
 
   private:
+    std::shared_ptr<Invocable> alive() const;  ///< the target, kept while a call may drop this reference
     Value ask(Access access, TextView member, std::initializer_list<Value> arguments) const;
 
     std::shared_ptr<Invocable> target_;

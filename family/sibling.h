@@ -15,7 +15,7 @@ class Sibling : public automation::Automated<T> {
     automation::Value invoke(automation::Request& request) override {
         const automation::Row<T>* row = T::members().find(request);
         if (!row) return ask_elsewhere(request);
-        if (request.access != automation::Access::identify) surroundings_->check(T::name, row->name);
+        surroundings_->check(T::name, row->name);
         return automation::dispatch(static_cast<T&>(*this), *row, request);
     }
 

@@ -43,15 +43,18 @@ class Wrapper : public Sibling<T> {
 
     NamedProperties& named_properties() const { return this->surroundings().memory().named_properties; }
 
+    std::optional<automation::MemberIds> identify(automation::TextView member,
+                                                  std::span<const automation::Text> parameters) override {
+        if (const auto own = Sibling<T>::identify(member, parameters)) return own;
+        const std::optional<automation::MemberIds> ids = inner().identify(member, parameters);
+        if (ids) this->surroundings().memory().names[{T::name, ids->id}] = member;
+        return ids;
+    }
+
   protected:
     automation::Value ask_elsewhere(automation::Request& request) override {
         request.kind = nullptr;  // ids that the caller keeps for wrappers say nothing about what is wrapped
         auto& names = this->surroundings().memory().names;
-        if (request.access == automation::Access::identify) {
-            automation::Value places = inner().invoke(request);
-            names[{T::name, request.id}] = request.member;
-            return places;
-        }
         const auto known = names.find({T::name, request.id});
         const bool by_id = request.member.empty() && known != names.end();
         this->surroundings().check(T::name, by_id ? automation::TextView(known->second) : request.member);

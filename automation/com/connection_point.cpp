@@ -3,25 +3,6 @@
 #include "automation/com/failure.h"
 
 namespace windows {
-namespace {
-
-using automation::Access;
-using automation::Request;
-
-/// Whether an object has such events: it refuses an empty sink for what it has, and the events for what it
-/// hasn't.
-bool has_events(automation::Invocable& object, const automation::Guid& interface_id) {
-    Request request{
-        .access = Access::advise, .member = {}, .interface = interface_id, .sink = automation::Object()};
-    try {
-        object.invoke(request);
-    } catch (const automation::Failure& failure) {
-        return failure.number() == automation::result::invalid_argument;
-    }
-    return false;  // what accepts an empty sink doesn't know what it is asked
-}
-
-}  // namespace
 
 ConnectionPoint::ConnectionPoint(std::shared_ptr<Apartment> apartment,
                                  std::shared_ptr<automation::Invocable> object, ComPtr<IDispatch> bridge,
@@ -35,7 +16,7 @@ ConnectionPoint::ConnectionPoint(std::shared_ptr<Apartment> apartment,
 ComPtr<IConnectionPoint> ConnectionPoint::create(std::shared_ptr<Apartment> apartment,
                                                  std::shared_ptr<automation::Invocable> object,
                                                  ComPtr<IDispatch> bridge, const IID& interface_id) {
-    if (!has_events(*object, from_guid(interface_id))) return {};
+    if (!object->has_events(from_guid(interface_id))) return {};
     return ComPtr<IConnectionPoint>::attach(
         new ConnectionPoint(std::move(apartment), std::move(object), std::move(bridge), interface_id));
 }
@@ -62,22 +43,15 @@ HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
     const auto receiver = ComPtr<IUnknown>(sink).as<IDispatch>(interface_id_);
     if (!receiver) return CONNECT_E_CANNOTCONNECT;
     return guarded([&] {
-        Request request{.access = Access::advise,
-                        .member = {},
-                        .interface = from_guid(interface_id_),
-                        .sink = apartment_->adapt_sink(receiver.get())};
-        *cookie = static_cast<DWORD>(object_->invoke(request).to_integer());
+        *cookie = static_cast<DWORD>(
+            object_->subscribe(from_guid(interface_id_), apartment_->adapt_sink(receiver.get())));
         return S_OK;
     });
 }
 
 HRESULT ConnectionPoint::Unadvise(DWORD cookie) noexcept {
     return guarded([&] {
-        Request request{.access = Access::unadvise,
-                        .member = {},
-                        .arguments = {static_cast<std::int32_t>(cookie)},
-                        .interface = from_guid(interface_id_)};
-        object_->invoke(request);
+        object_->unsubscribe(from_guid(interface_id_), static_cast<std::int32_t>(cookie));
         return S_OK;
     });
 }

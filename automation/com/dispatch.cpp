@@ -107,19 +107,6 @@ std::optional<Value> use(IDispatch& object, KnownMember& member, Request& reques
 
 }  // namespace
 
-Value Adapter::invoke(Request& request) {
-    switch (request.access) {
-        case Access::identify:
-            return identify(request);
-        case Access::advise:
-            return advise(request);
-        case Access::unadvise:
-            return unadvise(request);
-        default:
-            return access(request);
-    }
-}
-
 std::vector<DISPID> Adapter::ask_ids(const Request& request) {
     automation::Text member(request.member);
     std::vector<LPOLESTR> names{const_cast<wchar_t*>(wide(member))};
@@ -133,12 +120,18 @@ std::vector<DISPID> Adapter::ask_ids(const Request& request) {
     return ids;
 }
 
-Value Adapter::identify(Request& request) {
-    const std::vector<DISPID> ids = ask_ids(request);
-    request.id = static_cast<std::int32_t>(ids.front());
-    std::vector<Value> places;
-    for (std::size_t i = 1; i < ids.size(); ++i) places.emplace_back(static_cast<std::int32_t>(ids[i]));
-    return automation::Array::of(std::move(places));
+std::optional<automation::MemberIds> Adapter::identify(automation::TextView member,
+                                                       std::span<const automation::Text> parameters) {
+    const automation::Text own(member);
+    std::vector<LPOLESTR> names{const_cast<wchar_t*>(wide(own))};
+    for (const automation::Text& parameter : parameters)
+        names.push_back(const_cast<wchar_t*>(wide(parameter)));
+    std::vector<DISPID> ids(names.size(), DISPID_UNKNOWN);
+    const HRESULT result = dispatch_->GetIDsOfNames(IID_NULL, names.data(), static_cast<UINT>(names.size()),
+                                                    LOCALE_USER_DEFAULT, ids.data());
+    if (result == DISP_E_UNKNOWNNAME && ids.front() == DISPID_UNKNOWN) return std::nullopt;
+    if (result != DISP_E_UNKNOWNNAME) check(result, member);
+    return automation::MemberIds{.id = ids.front(), .places = {ids.begin() + 1, ids.end()}};
 }
 
 /// Where a member's id is remembered: for the whole class, or for this object alone where an id of one class
@@ -153,7 +146,7 @@ MemberTable& Adapter::shared_members(const Request& request) {
     return shared ? class_->members : own_members_;
 }
 
-Value Adapter::access(Request& request) {
+Value Adapter::invoke(Request& request) {
     if (request.id != automation::no_id && request.named.empty()) {
         KnownMember member{.ids = {request.id}};
         if (auto answer = use(*dispatch_.get(), member, request, *apartment_)) return std::move(*answer);
@@ -186,28 +179,32 @@ Value Adapter::access(Request& request) {
 
 ComPtr<IConnectionPoint> Adapter::connection_point(const automation::Guid& interface_id) {
     const auto container = dispatch_.as<IConnectionPointContainer>(IID_IConnectionPointContainer);
-    if (!container) throw_result(CONNECT_E_NOCONNECTION);
     ComPtr<IConnectionPoint> point;
-    check(container->FindConnectionPoint(to_guid(interface_id), point.put()));
+    if (container) container->FindConnectionPoint(to_guid(interface_id), point.put());
+    return point;
+}
+
+ComPtr<IConnectionPoint> Adapter::existing_connection_point(const automation::Guid& interface_id) {
+    ComPtr<IConnectionPoint> point = connection_point(interface_id);
     if (!point) throw_result(CONNECT_E_NOCONNECTION);
     return point;
 }
 
-Value Adapter::advise(const Request& request) {
-    const ComPtr<IConnectionPoint> point = connection_point(request.interface);
-    const std::shared_ptr<automation::Invocable> receiver = request.sink.to_object().target();
-    if (!receiver) throw automation::Failure(automation::result::invalid_argument, u"No sink");
-    const ComPtr<IDispatch> sink = EventSink::create(apartment_, receiver, request.interface);
+bool Adapter::has_events(const automation::Guid& interface_id) {
+    return static_cast<bool>(connection_point(interface_id));
+}
+
+std::int32_t Adapter::subscribe(const automation::Guid& interface_id, const automation::Object& sink) {
+    const ComPtr<IConnectionPoint> point = existing_connection_point(interface_id);
+    if (!sink) throw automation::Failure(automation::result::invalid_argument, u"No sink");
+    const ComPtr<IDispatch> receiver = EventSink::create(apartment_, sink.target(), interface_id);
     DWORD cookie = 0;
-    check(point->Advise(sink.get(), &cookie));
+    check(point->Advise(receiver.get(), &cookie));
     return static_cast<std::int32_t>(cookie);
 }
 
-Value Adapter::unadvise(const Request& request) {
-    if (request.arguments.empty()) throw automation::Failure(automation::result::bad_count);
-    const auto cookie = static_cast<DWORD>(request.arguments.front().to_integer());
-    check(connection_point(request.interface)->Unadvise(cookie));
-    return {};
+void Adapter::unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) {
+    check(existing_connection_point(interface_id)->Unadvise(static_cast<DWORD>(cookie)));
 }
 
 }  // namespace windows

@@ -14,18 +14,20 @@ class Adapter final : public automation::Invocable {
     ~Adapter() override { apartment_->remove(*this); }
 
     automation::Value invoke(automation::Request& request) override;
+    std::optional<automation::MemberIds> identify(automation::TextView member,
+                                                  std::span<const automation::Text> parameters) override;
+    bool has_events(const automation::Guid& interface_id) override;
+    std::int32_t subscribe(const automation::Guid& interface_id, const automation::Object& sink) override;
+    void unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) override;
 
     const ComPtr<IDispatch>& dispatch() const { return dispatch_; }
 
   private:
     MemberTable& shared_members(const automation::Request& request);
-    automation::Value identify(automation::Request& request);
-    automation::Value access(automation::Request& request);
-    automation::Value advise(const automation::Request& request);
-    automation::Value unadvise(const automation::Request& request);
-
     std::vector<DISPID> ask_ids(const automation::Request& request);
-    ComPtr<IConnectionPoint> connection_point(const automation::Guid& interface_id);
+    ComPtr<IConnectionPoint> connection_point(
+        const automation::Guid& interface_id);  ///< empty if there is none
+    ComPtr<IConnectionPoint> existing_connection_point(const automation::Guid& interface_id);
 
     std::shared_ptr<Apartment> apartment_;
     ComPtr<IDispatch> dispatch_;

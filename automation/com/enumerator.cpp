@@ -8,14 +8,8 @@ namespace {
 
 constexpr automation::TextView count_name = u"Count", item_name = u"Item";
 
-bool has_member(const automation::Object& object, automation::TextView member) {
-    automation::Request request{.access = automation::Access::identify, .member = member};
-    try {
-        object.invoke(request);
-        return true;
-    } catch (const automation::Failure&) {
-        return false;
-    }
+bool has_member(automation::Invocable& object, automation::TextView member) {
+    return object.identify(member, {}).has_value();
 }
 
 }  // namespace
@@ -29,7 +23,7 @@ Enumerator::Enumerator(std::shared_ptr<Apartment> apartment,
 
 ComPtr<IEnumVARIANT> Enumerator::create(std::shared_ptr<Apartment> apartment,
                                         std::shared_ptr<automation::Invocable> collection) {
-    if (!has_member(collection, count_name) || !has_member(collection, item_name)) return {};
+    if (!has_member(*collection, count_name) || !has_member(*collection, item_name)) return {};
     return ComPtr<IEnumVARIANT>::attach(new Enumerator(std::move(apartment), std::move(collection), 1));
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cwchar>
-#include <span>
+#include <optional>
 #include <typeinfo>
 
 #include "automation/com/enumerator.h"
@@ -28,24 +28,6 @@ std::string class_name_of(const automation::Invocable& object) {
 
 automation::TextView view(const wchar_t* name) { return from_wide(name, std::wcslen(name)); }
 
-/// The places of a member's parameters by their names: each alone, so that one that is unknown spoils no
-/// other.
-bool find_parameters(automation::Invocable& object, automation::TextView member,
-                     std::span<const LPOLESTR> names, DISPID* ids) {
-    bool all = true;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        Request request{
-            .access = Access::identify, .member = member, .named = {{automation::Text(view(names[i])), {}}}};
-        try {
-            ids[i] = static_cast<DISPID>(object.invoke(request).to_array().at(0).to_integer());
-        } catch (const automation::Failure&) {
-            ids[i] = DISPID_UNKNOWN;
-            all = false;
-        }
-    }
-    return all;
-}
-
 }  // namespace
 
 LateBinding::LateBinding(std::shared_ptr<Apartment> apartment, std::shared_ptr<automation::Invocable> object)
@@ -65,12 +47,16 @@ HRESULT LateBinding::identify(REFIID iid, LPOLESTR* names, UINT count, DISPID* i
             ids[0] = DISPID_NEWENUM;
             return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
         }
-        Request request{.access = Access::identify, .member = member};
-        object_->invoke(request);
-        ids[0] = static_cast<DISPID>(request.id);
+        std::vector<automation::Text> parameters;
+        for (UINT i = 1; i < count; ++i) parameters.emplace_back(view(names[i]));
+        const std::optional<automation::MemberIds> known = object_->identify(member, parameters);
+        if (!known) return DISP_E_UNKNOWNNAME;
+        ids[0] = static_cast<DISPID>(known->id);
+        std::ranges::copy(known->places, ids + 1);
         if (BridgeCounter* const counter = apartment_->counter())
-            counter->identified(class_name_, member, request.id);
-        return find_parameters(*object_, member, {names + 1, count - 1}, ids + 1) ? S_OK : DISP_E_UNKNOWNNAME;
+            counter->identified(class_name_, member, known->id);
+        const bool all = std::ranges::find(known->places, automation::no_id) == known->places.end();
+        return all ? S_OK : DISP_E_UNKNOWNNAME;
     });
 }
 

@@ -34,9 +34,17 @@ void ModelBase::raise_with_answer(automation::TextView event, std::vector<Value>
     subscriptions_.raise(event, arguments);
 }
 
-void ModelBase::observe(const automation::Request& request, automation::TextView member) const {
-    if (request.access != automation::Access::identify) desk_.check_faults(class_name(), member);
+bool ModelBase::has_events(const automation::Guid& interface_id) {
+    return find_events(event_interfaces(), interface_id) != nullptr;
 }
+
+std::int32_t ModelBase::subscribe(const automation::Guid& interface_id, const automation::Object& sink) {
+    return subscriptions_.add(find_events(event_interfaces(), interface_id), sink);
+}
+
+void ModelBase::unsubscribe(const automation::Guid&, std::int32_t cookie) { subscriptions_.remove(cookie); }
+
+void ModelBase::observe(automation::TextView member) const { desk_.check_faults(class_name(), member); }
 
 const automation::Members<ModelBase>& ModelBase::common_members() {
     static const automation::Members<ModelBase> table{

@@ -31,19 +31,16 @@ class ModelBase : public automation::Invocable, public automation::Named {
     virtual EventInterfaces event_interfaces() const { return {}; }
 
     Subscriptions& subscriptions() { return subscriptions_; }
+    bool has_events(const automation::Guid& interface_id) override;
+    std::int32_t subscribe(const automation::Guid& interface_id, const automation::Object& sink) override;
+    void unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) override;
     void raise(automation::TextView event, std::vector<automation::Value> arguments = {});
     /// The same, and the arguments come back as the listeners left them.
     void raise_with_answer(automation::TextView event, std::vector<automation::Value>& arguments);
 
   protected:
-    /// Whether a request uses the object, other than to resolve a name or to end a subscription.
-    static bool is_use(const automation::Request& request) {
-        return request.access == automation::Access::get || request.access == automation::Access::put ||
-               request.access == automation::Access::call;
-    }
-
-    /// What every call passes before it is carried out: it may be made to fail.
-    void observe(const automation::Request& request, automation::TextView member) const;
+    /// What every call of a member passes before it is carried out: it may be made to fail.
+    void observe(automation::TextView member) const;
 
     /// `Application`, `Class`, `Session` and `Parent`.
     static const automation::Members<ModelBase>& common_members();
@@ -63,26 +60,35 @@ class ModelObject : public ModelBase, public std::enable_shared_from_this<T> {
     std::string_view class_name() const override { return T::name; }
 
     automation::Value invoke(automation::Request& request) override {
-        if (request.access == automation::Access::advise || request.access == automation::Access::unadvise) {
-            return subscriptions().answer(request, event_interfaces());
-        }
         if (request.member.empty() && request.id == automation::default_member)
             request.member = T::default_name;
         if (const automation::Row<T>* row = T::members().find(request)) {
-            observe(request, row->name);
+            observe(row->name);
             return automation::dispatch(static_cast<T&>(*this), *row, request);
         }
         if (const automation::Row<ModelBase>* row = common_members().find(request)) {
-            observe(request, row->name);
+            observe(row->name);
             return automation::dispatch(static_cast<ModelBase&>(*this), *row, request);
         }
         return other_member(request);
     }
 
+    std::optional<automation::MemberIds> identify(automation::TextView member,
+                                                  std::span<const automation::Text> parameters) override {
+        if (const automation::MemberFacts* row = T::members().find(member)) return ids_of(*row, parameters);
+        if (const automation::MemberFacts* row = common_members().find(member))
+            return ids_of(*row, parameters);
+        const std::optional<automation::MemberFacts> other = other_facts(member);
+        return other ? std::optional(ids_of(*other, parameters)) : std::nullopt;
+    }
+
     automation::Object self() { return automation::Object(this->shared_from_this()); }
 
   protected:
-    /// A member that stands in no table of the class.
+    /// Of a member that stands in no table of the class; nothing if there is none of the name.
+    virtual std::optional<automation::MemberFacts> other_facts(automation::TextView) const { return {}; }
+
+    /// Carries out what asks for such a member.
     virtual automation::Value other_member(automation::Request& request) {
         automation::throw_no_member(request);
     }

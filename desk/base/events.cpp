@@ -10,20 +10,22 @@ using automation::Request;
 using automation::Value;
 namespace result = automation::result;
 
-Value Subscriptions::answer(Request& request, EventInterfaces interfaces) {
-    const auto wanted = std::ranges::find_if(interfaces, [&](auto* i) { return i->id == request.interface; });
-    if (wanted == interfaces.end()) throw Failure(result::no_connection, u"The object has no such events.");
-    if (request.access == Access::advise) {
-        automation::Object sink = request.sink.to_object();
-        if (!sink) throw Failure(result::invalid_argument, u"Nobody is there to receive the events.");
-        entries_.push_back({++last_cookie_, *wanted, std::move(sink)});
-        return last_cookie_;
-    }
-    const std::int32_t cookie = request.arguments.at(0).to_integer();
+const automation::EventInterface* find_events(EventInterfaces interfaces, const automation::Guid& id) {
+    const auto wanted = std::ranges::find_if(interfaces, [&](auto* i) { return i->id == id; });
+    return wanted == interfaces.end() ? nullptr : *wanted;
+}
+
+std::int32_t Subscriptions::add(const automation::EventInterface* interface, const automation::Object& sink) {
+    if (!interface) throw Failure(result::no_connection, u"The object has no such events.");
+    if (!sink) throw Failure(result::invalid_argument, u"Nobody is there to receive the events.");
+    entries_.push_back({++last_cookie_, interface, sink});
+    return last_cookie_;
+}
+
+void Subscriptions::remove(std::int32_t cookie) {
     if (std::erase_if(entries_, [&](const Entry& e) { return e.cookie == cookie; }) == 0) {
         throw Failure(result::no_connection, u"There is no such subscription.");
     }
-    return {};
 }
 
 void Subscriptions::raise(automation::TextView name, std::vector<Value>& arguments) {

@@ -11,11 +11,17 @@ namespace desk {
 /// The event interfaces that a class has.
 using EventInterfaces = std::span<const automation::EventInterface* const>;
 
+/// The one with an id; null if it isn't among them.
+const automation::EventInterface* find_events(EventInterfaces interfaces, const automation::Guid& id);
+
 class Subscriptions {
   public:
-    /// Answers a subscription's cookie, or ends one. Throws `result::no_connection` for an interface that
-    /// isn't among those given and for an unknown cookie, `result::invalid_argument` for an empty sink.
-    automation::Value answer(automation::Request& request, EventInterfaces interfaces);
+    /// Answers a subscription's cookie. Throws `result::no_connection` for no interface,
+    /// `result::invalid_argument` for an empty sink.
+    std::int32_t add(const automation::EventInterface* interface, const automation::Object& sink);
+
+    /// Ends a subscription. Throws `result::no_connection` for an unknown cookie.
+    void remove(std::int32_t cookie);
 
     /// Tells an event to all who subscribed to an interface that has it. What a sink throws is its own
     /// affair: the others are told all the same. The arguments come back changed where the event lets them.

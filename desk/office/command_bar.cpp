@@ -37,7 +37,7 @@ Object CommandBar::parent() const {
 }
 
 Value CommandBar::invoke(automation::Request& request) {
-    if (is_use(request)) check_there();
+    check_there();
     return ModelObject::invoke(request);
 }
 

@@ -25,7 +25,7 @@ Object CommandBarControl::parent() const {
 EventInterfaces CommandBarControl::event_interfaces() const { return events::button; }
 
 Value CommandBarControl::invoke(automation::Request& request) {
-    if (deleted_ && is_use(request)) throw Failure(result::object_deleted, u"The control was deleted.");
+    if (deleted_) throw Failure(result::object_deleted, u"The control was deleted.");
     return ModelObject::invoke(request);
 }
 
@@ -180,7 +180,7 @@ const automation::Members<CommandBarControl>& CommandBarControl::members() {
 Object CommandBarControls::parent() const { return bar_->self(); }
 
 Value CommandBarControls::invoke(automation::Request& request) {
-    if (is_use(request)) bar_->check_there();
+    bar_->check_there();
     return ModelObject::invoke(request);
 }
 

@@ -191,10 +191,10 @@ Object FoldersCollection::parent() const {
 
 EventInterfaces FoldersCollection::event_interfaces() const { return events::folders; }
 
-Value FoldersCollection::invoke(automation::Request& request) {
-    const Value answer = ModelObject::invoke(request);
-    if (request.access == automation::Access::advise) desk().watch_folders(parent_, shared_from_this());
-    return answer;
+std::int32_t FoldersCollection::subscribe(const automation::Guid& interface_id, const Object& sink) {
+    const std::int32_t cookie = ModelObject::subscribe(interface_id, sink);
+    desk().watch_folders(parent_, shared_from_this());
+    return cookie;
 }
 
 std::vector<RowId> FoldersCollection::ids() const {

@@ -44,7 +44,7 @@ class FoldersCollection : public ModelObject<FoldersCollection> {
     std::int32_t number() const override { return object_class::folders; }
     automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
-    automation::Value invoke(automation::Request& request) override;
+    std::int32_t subscribe(const automation::Guid& interface_id, const automation::Object& sink) override;
 
     std::vector<RowId> ids() const;
     automation::Object at(const automation::Value& index) const;  ///< by number from 1, or by name

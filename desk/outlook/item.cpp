@@ -24,6 +24,10 @@ bool knows(const ItemKind& kind, TextView member) {
     return true;
 }
 
+automation::MemberFacts facts_of(const FieldRow& field) {
+    return {field.name, field.id, field.writable ? automation::Use::get_put : automation::Use::get, {}};
+}
+
 }  // namespace
 
 Item::Item(Desk& desk, RowId folder, ItemData data)
@@ -51,10 +55,19 @@ void Item::check_there() const {
 }
 
 Value Item::invoke(Request& request) {
-    if (request.access != automation::Access::identify)
-        check_there();  // names are resolved for what is gone, too
+    check_there();
     if (!knows(kind(), request.member)) automation::throw_no_member(request);
     return ModelObject::invoke(request);
+}
+
+std::optional<automation::MemberIds> Item::identify(TextView member, std::span<const Text> parameters) {
+    if (!knows(kind(), member)) return std::nullopt;
+    return ModelObject::identify(member, parameters);  // names are resolved for what is gone, too
+}
+
+std::int32_t Item::subscribe(const automation::Guid& interface_id, const automation::Object& sink) {
+    check_there();
+    return ModelObject::subscribe(interface_id, sink);
 }
 
 Text Item::entry_id() const { return id_ == 0 ? Text() : desk().item_entry_id(id_, folder_); }
@@ -87,15 +100,17 @@ ItemData& Item::change_attachments() {
 
 Value Item::field(TextView field_name) const { return field_value(data_, field_name).value_or(Value()); }
 
+std::optional<automation::MemberFacts> Item::other_facts(TextView member) const {
+    const FieldRow* const field = find_field(kind(), member);
+    return field ? std::optional(facts_of(*field)) : std::nullopt;
+}
+
 Value Item::other_member(Request& request) {
     const FieldRow* const field =
         request.member.empty() ? find_field(kind(), request.id) : find_field(kind(), request.member);
     if (!field) automation::throw_no_member(request);
-    const automation::MemberFacts facts{
-        field->name, field->id, field->writable ? automation::Use::get_put : automation::Use::get, {}};
-    if (request.access == automation::Access::identify) return automation::identify(facts, request);
-    observe(request, field->name);
-    const std::vector<Value> rest = automation::arrange(facts, request);
+    observe(field->name);
+    const std::vector<Value> rest = automation::arrange(facts_of(*field), request);
     if (!rest.empty()) throw Failure(result::bad_count, Text(field->name));
     if (request.access == automation::Access::put) {
         set_field(*field, request.arguments.back());

@@ -26,6 +26,9 @@ class Item : public ModelObject<Item> {
     automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
     automation::Value invoke(automation::Request& request) override;
+    std::optional<automation::MemberIds> identify(automation::TextView member,
+                                                  std::span<const automation::Text> parameters) override;
+    std::int32_t subscribe(const automation::Guid& interface_id, const automation::Object& sink) override;
 
     const ItemKind& kind() const { return kind_of(data_.message_class); }
     RowId id() const { return id_; }
@@ -87,6 +90,7 @@ class Item : public ModelObject<Item> {
     void mark_read(bool read);
 
   protected:
+    std::optional<automation::MemberFacts> other_facts(automation::TextView member) const override;
     automation::Value other_member(automation::Request& request) override;
 
   private:

@@ -76,10 +76,10 @@ Object Items::parent() const { return std::make_shared<Folder>(desk(), folder_)-
 
 EventInterfaces Items::event_interfaces() const { return events::items; }
 
-Value Items::invoke(automation::Request& request) {
-    const Value answer = ModelObject::invoke(request);
-    if (request.access == automation::Access::advise) desk().watch(folder_, shared_from_this());
-    return answer;
+std::int32_t Items::subscribe(const automation::Guid& interface_id, const Object& sink) {
+    const std::int32_t cookie = ModelObject::subscribe(interface_id, sink);
+    desk().watch(folder_, shared_from_this());
+    return cookie;
 }
 
 const std::vector<RowId>& Items::ids() {

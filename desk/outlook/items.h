@@ -21,7 +21,7 @@ class Items : public ModelObject<Items> {
     std::int32_t number() const override { return object_class::items; }
     automation::Object parent() const override;
     EventInterfaces event_interfaces() const override;
-    automation::Value invoke(automation::Request& request) override;
+    std::int32_t subscribe(const automation::Guid& interface_id, const automation::Object& sink) override;
 
     RowId folder() const { return folder_; }
     const std::vector<RowId>& ids();

@@ -41,17 +41,24 @@ const automation::Members<Entry>& Entry::members() {
     return none;
 }
 
-Value Entry::other_member(automation::Request& request) {
+automation::MemberFacts Entry::facts_of(std::size_t place) const {
     constexpr std::int32_t first = 1;
+    return {fields_[place].first, first + static_cast<std::int32_t>(place), Use::get, {}};
+}
+
+std::optional<automation::MemberFacts> Entry::other_facts(automation::TextView member) const {
     for (std::size_t i = 0; i < fields_.size(); ++i) {
-        const std::int32_t id = first + static_cast<std::int32_t>(i);
-        const bool meant = request.id == automation::default_member && request.member.empty() ? i == 0
-                           : request.member.empty()
-                               ? request.id == id
-                               : automation::same_ignoring_case(fields_[i].first, request.member);
-        if (!meant) continue;
-        const automation::MemberFacts facts{fields_[i].first, id, Use::get, {}};
-        if (request.access == automation::Access::identify) return automation::identify(facts, request);
+        if (automation::same_ignoring_case(fields_[i].first, member)) return facts_of(i);
+    }
+    return std::nullopt;
+}
+
+Value Entry::other_member(automation::Request& request) {
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        const automation::MemberFacts facts = facts_of(i);
+        const bool by_id = request.id == facts.id || (request.id == automation::default_member && i == 0);
+        const bool by_name = automation::same_ignoring_case(facts.name, request.member);
+        if (request.member.empty() ? !by_id : !by_name) continue;
         const std::vector<Value> rest = automation::arrange(facts, request);
         return rest.empty() ? fields_[i].second : automation::ask_default_member(fields_[i].second, rest);
     }

@@ -43,9 +43,12 @@ class Entry : public ModelObject<Entry> {
     automation::Object parent() const override;
 
   protected:
+    std::optional<automation::MemberFacts> other_facts(automation::TextView member) const override;
     automation::Value other_member(automation::Request& request) override;
 
   private:
+    automation::MemberFacts facts_of(std::size_t place) const;
+
     Fields fields_;
 };
 

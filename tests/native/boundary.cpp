@@ -47,8 +47,16 @@ class Boundary::Across : public automation::Invocable {
     Side holder() const { return holder_; }
 
     Value invoke(Request& request) override;
+    std::optional<automation::MemberIds> identify(automation::TextView member,
+                                                  std::span<const automation::Text> parameters) override {
+        return inner_.identify(member, parameters);
+    }
+    std::int32_t subscribe(const automation::Guid& interface_id, const Object& sink) override;
+    void unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) override;
 
   private:
+    void pass(const std::string& member);  ///< where the add-in asks
+
     std::shared_ptr<Boundary> boundary_;
     Object inner_;
     Side holder_;
@@ -77,29 +85,32 @@ class Boundary::Relay : public automation::Invocable {
     Side sinks_side_;
 };
 
+void Boundary::Across::pass(const std::string& member) {
+    if (holder_ == Side::add_in) boundary_->pass(class_name(*inner_.target()) + "." + member);
+}
+
 Value Boundary::Across::invoke(Request& request) {
     const Side owner = holder_ == Side::add_in ? Side::outside : Side::add_in;
-    if (holder_ == Side::add_in && request.access != Access::identify) {
-        const std::string member = request.access == Access::advise     ? "advise"
-                                   : request.access == Access::unadvise ? "unadvise"
-                                                                        : automation::to_utf8(request.member);
-        const std::string name = class_name(*inner_.target()) + "." + member;
-        if (boundary_->before_request) boundary_->before_request(name, request);
-        boundary_->pass(name);
-    }
+    pass(automation::to_utf8(request.member));
     Request passed = request;
     passed.kind = nullptr;
-    if (passed.access == Access::advise) {
-        passed.sink = Value(std::make_shared<Relay>(boundary_, request.sink.to_object(), holder_));
-    }
     boundary_->across(passed, owner);
     const Value answer = inner_.invoke(passed);
-    request.id = passed.id;
     for (std::size_t i = 0; i < request.arguments.size() && i < passed.arguments.size(); ++i) {
         if ((request.by_reference >> i) & 1U)
             request.arguments[i] = boundary_->across(passed.arguments[i], holder_);
     }
     return boundary_->across(answer, holder_);
+}
+
+std::int32_t Boundary::Across::subscribe(const automation::Guid& interface_id, const Object& sink) {
+    pass("advise");
+    return inner_.subscribe(interface_id, Object(std::make_shared<Relay>(boundary_, sink, holder_)));
+}
+
+void Boundary::Across::unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) {
+    pass("unadvise");
+    inner_.unsubscribe(interface_id, cookie);
 }
 
 Object Boundary::to_add_in(const Object& outside) { return across(outside, Side::add_in); }

@@ -37,7 +37,6 @@ class Fake : public automation::Invocable {
                                 ? names_.at(static_cast<std::size_t>(request.id - first_id))
                                 : Text(request.member);
         kind = request.kind;
-        if (request.access == Access::identify) return identify(member, request);
         asked.push_back(request.access == Access::put ? member + u"=" : member);
         if (request.access == Access::put) {
             properties[member] = request.arguments.back();
@@ -51,18 +50,16 @@ class Fake : public automation::Invocable {
         throw Failure(automation::result::unknown_name, member);
     }
 
+    std::optional<automation::MemberIds> identify(TextView member, std::span<const Text>) override {
+        const Text name(member);
+        if (!functions.contains(name) && !properties.contains(name)) return std::nullopt;
+        names_.push_back(name);
+        return automation::MemberIds{.id = first_id + static_cast<std::int32_t>(names_.size()) - 1};
+    }
+
   private:
     static constexpr std::int32_t first_id =
         0x60000;  // where the ids of classes without a platform's ids begin
-
-    Value identify(const Text& member, Request& request) {
-        if (!functions.contains(member) && !properties.contains(member)) {
-            throw Failure(automation::result::unknown_name, member);
-        }
-        names_.push_back(member);
-        request.id = first_id + static_cast<std::int32_t>(names_.size()) - 1;
-        return automation::Array::of({});
-    }
 
     std::vector<Text> names_;
 };

@@ -210,10 +210,10 @@ TEST_F(BoundSafeMailTest, PassesEverythingElseOnToTheItem) {
 /// Asks as a client of COM does: first for the id of the name, then by the id.
 Value ask_by_id(const Object& object, TextView member, Access access, std::vector<Value> arguments = {}) {
     static constexpr automation::Kind kind{"wrapper"};
-    Request name{.access = Access::identify, .member = member, .kind = &kind};
-    object.invoke(name);
+    const std::optional<automation::MemberIds> ids = object.identify(member);
+    if (!ids) throw automation::Failure(automation::result::unknown_name, automation::Text(member));
     Request request{
-        .access = access, .member = {}, .id = name.id, .arguments = std::move(arguments), .kind = &kind};
+        .access = access, .member = {}, .id = ids->id, .arguments = std::move(arguments), .kind = &kind};
     return object.invoke(request);
 }
 
@@ -234,14 +234,11 @@ TEST_F(BoundSafeMailTest, DoesNotPassItsOwnKindOnToTheItem) {
 }
 
 TEST_F(BoundSafeMailTest, TheIdsOfTheItemAreItsOwn) {
-    Request through{.access = Access::identify, .member = u"Subject"},
-        own{.access = Access::identify, .member = u"Item"};
-    safe.invoke(through);
-    safe.invoke(own);
-    Request direct{.access = Access::get, .member = {}, .id = through.id};
+    const std::int32_t through = safe.identify(u"Subject")->id, own = safe.identify(u"Item")->id;
+    Request direct{.access = Access::get, .member = {}, .id = through};
     EXPECT_EQ(Object(mail).invoke(direct), Value(u"Hello"));
-    EXPECT_NE(own.id, through.id);
-    EXPECT_GT(own.id, 0x70000);
+    EXPECT_NE(own, through);
+    EXPECT_GT(own, 0x70000);
 }
 
 TEST_F(BoundSafeMailTest, MembersThatTheSettingListsFail) {

@@ -132,13 +132,10 @@ TEST_F(Automation, FailsWithItsOwnNumbers) {
 TEST_F(Automation, TakesMembersByNameInAnyCaseAndById) {
     const Item mail = add_mail(u"x");
     EXPECT_EQ(text(mail, u"SUBJECT"), u"x");
-    automation::Request find_id{.access = automation::Access::identify, .member = u"subject"};
-    mail.invoke(find_id);
-    EXPECT_EQ(find_id.id, 0x37);
+    EXPECT_EQ(mail.identify(u"subject")->id, 0x37);
     automation::Request by_id{.access = automation::Access::get, .member = {}, .id = 0x37};
     EXPECT_EQ(mail.invoke(by_id), Value(u"x"));
-    automation::Request unknown{.access = automation::Access::identify, .member = u"NoSuchMember"};
-    EXPECT_EQ(failure_of([&] { mail.invoke(unknown); }), result::unknown_name);
+    EXPECT_FALSE(mail.identify(u"NoSuchMember"));
 }
 
 TEST_F(Automation, AnswersTheCommonMembers) {

@@ -213,9 +213,12 @@ TEST_F(Calls, AMemberThatAnObjectOfTheKindLacksIsUnknown) {
 
 TEST_F(Calls, IdsOfMembersAndParametersCanBeAskedFor) {
     const Object sample = seen(std::make_shared<Sample>());
-    Request request{.access = Access::identify, .member = u"Join", .named = {{u"Third", {}}, {u"First", {}}}};
-    EXPECT_EQ(sample.invoke(request), Value(automation::Array::of({2, 0})));
-    EXPECT_NE(request.id, automation::no_id);
+    const automation::Text parameters[] = {u"Third", u"Tenth", u"First"};
+    const std::optional<automation::MemberIds> ids = sample.identify(u"Join", parameters);
+    ASSERT_TRUE(ids);
+    EXPECT_NE(ids->id, automation::no_id);
+    EXPECT_EQ(ids->places, (std::vector<std::int32_t>{2, automation::no_id, 0}));
+    EXPECT_FALSE(sample.identify(u"Split", parameters));
 }
 
 }  // namespace

@@ -86,19 +86,17 @@ const automation::Members<Sample>& Sample::members() {
     return table;
 }
 
-Value Sample::invoke(Request& request) {
-    if (request.access == Access::advise) {
-        if (request.interface != sample_interface.id) throw Failure(automation::result::no_connection);
-        if (!request.sink.to_object()) throw Failure(automation::result::invalid_argument);
-        sinks[++last_cookie_] = request.sink.to_object();
-        return last_cookie_;
-    }
-    if (request.access == Access::unadvise) {
-        if (sinks.erase(request.arguments.at(0).to_integer()) == 0)
-            throw Failure(automation::result::no_connection);
-        return {};
-    }
-    return Automated::invoke(request);
+bool Sample::has_events(const automation::Guid& interface_id) { return interface_id == sample_interface.id; }
+
+std::int32_t Sample::subscribe(const automation::Guid& interface_id, const Object& sink) {
+    if (!has_events(interface_id)) throw Failure(automation::result::no_connection);
+    if (!sink) throw Failure(automation::result::invalid_argument);
+    sinks[++last_cookie_] = sink;
+    return last_cookie_;
+}
+
+void Sample::unsubscribe(const automation::Guid&, std::int32_t cookie) {
+    if (sinks.erase(cookie) == 0) throw Failure(automation::result::no_connection);
 }
 
 void Sample::raise(std::int32_t id, std::vector<Value>& arguments, std::uint32_t by_reference) {

@@ -30,7 +30,9 @@ class Sample : public automation::Automated<Sample>, public Named {
   public:
     static const automation::Members<Sample>& members();
     [[nodiscard]] std::string_view class_name() const override { return "Sample"; }
-    Value invoke(Request& request) override;
+    bool has_events(const automation::Guid& interface_id) override;
+    std::int32_t subscribe(const automation::Guid& interface_id, const Object& sink) override;
+    void unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) override;
 
     /// Raises an event to every sink; the arguments come back as the sinks have changed them.
     void raise(std::int32_t id, std::vector<Value>& arguments, std::uint32_t by_reference = 0);
