@@ -28,6 +28,10 @@ constexpr std::array<ClassRow, 4> classes = {{
 constexpr TextView search_provider = u"Search.CollatorDSO", search_title = u"Desktop search",
                    search_class = u"{9E175B8B-F52A-11D8-B9A5-505054503030}";
 
+// Where installers look for the kind of host that is here.
+constexpr TextView host_key = u"Software\\Microsoft\\Office\\16.0\\Outlook", host_kind = u"Bitness",
+                   this_kind = sizeof(void*) == 8 ? u"x64" : u"x86";
+
 void write(const Text& key, TextView text) { registry::write_text(HKEY_CLASSES_ROOT, key, {}, Text(text)); }
 
 void write_name(TextView prog_id, TextView title, TextView class_id) {
@@ -66,6 +70,7 @@ void register_classes() {
         write(key + u"\\VersionIndependentProgID", row.without_version);
     }
     write_name(search_provider, search_title, search_class);
+    registry::write_text(HKEY_LOCAL_MACHINE, Text(host_key), Text(host_kind), Text(this_kind));
 }
 
 }  // namespace desk

@@ -25,8 +25,7 @@ build_preset() {
 # What the desk needs to run; the tests are left to those who ask for them.
 native_tools=(tarnwell-mail tarnwell-database)
 desk_programs=(TWstore.exe TarnwellUtility.exe TarnwellUpdate.exe)
-product_targets=(TarnwellNote TarnwellFamily "${desk_programs[@]%.exe}")
-desk_targets=(desk DocumentViewer "${product_targets[@]}")
+desk_targets=(desk DocumentViewer TarnwellNote TarnwellFamily "${desk_programs[@]%.exe}")
 
 # make_databases: build/databases/<name>/ with tarnwell.db and the system folder's file, anew when data or maker changed.
 make_databases() {
@@ -67,7 +66,8 @@ prepare() {
             build_preset x64 "${desk_targets[@]}"
             ;;
         package)
-            for preset in "${package_kinds[@]}"; do build_preset "$preset" "${product_targets[@]}"; done
+            mapfile -t packages < <(package_targets)
+            for preset in "${package_kinds[@]}"; do build_preset "$preset" "${packages[@]}"; done
             unlock
             return
             ;;

@@ -3,6 +3,11 @@
 
 package_kinds=(x64 x86)
 
+# package_targets: what has to be built, by the programs among the rows of what is packed.
+package_targets() {
+    node "$ROOT/packaging/msi/make.js" files x64 | sed -nE 's,^(.*/)?([^/]+)\.[a-z]+\t.*\tprogram$,\2,p'
+}
+
 # project_version: the one number, from the place where it stands.
 project_version() { sed -nE 's/^project\(TarnwellNote VERSION ([0-9.]+).*/\1/p' "$ROOT/CMakeLists.txt"; }
 
@@ -68,18 +73,23 @@ make_zip() {
     }
 }
 
+# All is made aside, and takes the place of what was there when it is whole.
 package_command() {
     (($# == 0)) || fail "'package' takes no arguments" 2
-    local kind version folder=$BUILD/packages work=$BUILD/packages/work
+    local kind version folder=$BUILD/packages work=$BUILD/packages.new
     prepare package
+    lock "$BUILD/package.lock" "another ./tarnwell packs; waiting for it"
     version=$(project_version)
-    rm -rf "$folder"
+    rm -rf "$work"
     mkdir -p "$work"
+    at_end "rm -rf '$work'"
     : >"$BUILD/logs/sign.log"
     for kind in "${package_kinds[@]}"; do make_package "$kind" "$version" "$work"; done
-    mv "$work"/*.msi "$folder/"
     make_policy "$version" "$work/policy"
-    make_zip "$work" "$folder/TarnwellNote-$version.zip" "${package_kinds[@]}" policy
-    rm -r "$work"
-    say "made: $folder/TarnwellNote-$version{-x64.msi,-x86.msi,.zip}"
+    make_zip "$work" "$work/TarnwellNote-$version.zip" "${package_kinds[@]}" policy
+    for kind in "${package_kinds[@]}" policy; do rm -r "${work:?}/$kind"; done
+    rm -rf "$folder"
+    mv "$work" "$folder"
+    unlock
+    for kind in "$folder"/*; do say "made: ${kind#"$ROOT"/}"; done
 }

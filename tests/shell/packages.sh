@@ -12,7 +12,7 @@ mkdir "$packages"
 mv "$work/TarnwellNote-$earlier-x64.msi" build/packages/*.msi "$packages/"
 package() { windows_path "$packages/TarnwellNote-$1.msi"; }
 
-# The prefix as Wine made it, with a 64-bit desk in it and neither the add-in nor the family. What the installer keeps for itself
+# The prefix as Wine made it, with the desk in it, which is a 64-bit host, and neither the add-in nor the family. What the installer keeps for itself
 # is there from the beginning, and so is the folder in which the user wants to have the add-in.
 start_display
 use_prefix packages
@@ -34,9 +34,8 @@ register_desk "$folder/program"
 {
     document_rows "$folder/program"
     crash_rows
-    row 'HKEY_LOCAL_MACHINE\Software\Microsoft\Office\16.0\Outlook' Bitness x64
     for key in "HKEY_LOCAL_MACHINE\\$installer\\UpgradeCodes" "HKEY_LOCAL_MACHINE\\$user\\Components" "HKEY_LOCAL_MACHINE\\$user\\Products" \
-        'HKEY_CURRENT_USER\Software\Microsoft\Installer\'{Features,Products,UpgradeCodes}; do row "$key"; done
+        "HKEY_CURRENT_USER\\Software\\Microsoft\\Installer\\"{Features,Products,UpgradeCodes}; do row "$key"; done
 } | import_rows "$folder/desk.reg"
 printf '1;\n' >"$work/nothing.js" # Wine's script host enters itself when it runs first
 in_wine 60 cscript.exe //nologo "$(windows_path "$work/nothing.js")"
@@ -74,6 +73,11 @@ refused() {
 }
 has() { [[ -f $target/$1 ]] || wrong "$1 is not there: $(find "${target%/*}")"; }
 
+hosts='HKEY_LOCAL_MACHINE\Software\Microsoft\Office\'
+other='HKEY_LOCAL_MACHINE\Software\Wow6432Node\Microsoft\Office\'
+{ row "-${hosts}16.0" && row "${other}15.0\\Outlook" Bitness x86; } | import_rows "$folder/host.reg"
+refused "$version-x64" "The Outlook on this machine is the 32-bit one and this package is for the 64-bit one: take TarnwellNote-$version-x86.msi."
+register_desk "$folder/program" # of two hosts the newer one counts
 before=$(what_is_there)
 refused "$version-x86" "The Outlook on this machine is the 64-bit one and this package is for the 32-bit one: take TarnwellNote-$version-x64.msi."
 msi 0 /i "$(package "$earlier-x64")" "INSTALLDIR=$place"

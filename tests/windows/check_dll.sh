@@ -24,6 +24,10 @@ for needed in $(sed -n 's/^\tDLL Name: \(.*\)\.dll$/\L\1/Ip' <<<"$headers"); do
     [[ " $system " == *" $needed "* ]] || fail "needs $needed.dll, which is none of the system's"
 done
 
+# Nothing in it tells when or where it was built, so two builds are the same.
+[[ $(sed -n 's/^Time\/Date[ a-z]*\t*//p' <<<"$headers" | sort -u | xargs) =~ ^(0 )?Thu\ Jan\ 1\ 00:00:00\ 1970$ ]] || fail "tells when it was linked"
+! LC_ALL=C grep -qF "$(realpath "$(dirname "$0")/../..")/" "$file" || fail "tells where it was built"
+
 bytes=$(stat -c %s "$file")
 ((bytes < most_bytes)) || fail "has $bytes bytes, more than $most_bytes"
 
