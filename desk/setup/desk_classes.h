@@ -15,7 +15,8 @@ inline constexpr automation::Guid ado_connection_class =
 inline constexpr automation::Guid ado_recordset_class =
     automation::guid("{5B0C9A1F-2F64-4D0B-8E57-91C3A7D46F10}");
 
-/// Enters this program for the machine as the server of its classes, under all their names, and as a host of its kind.
+/// Enters this program for the machine as the server of its classes, under all their names, and as a host of
+/// its kind.
 void register_classes();
 
 }  // namespace desk
