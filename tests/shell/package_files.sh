@@ -6,7 +6,7 @@ install_packages "${package_packages[@]}" "${package_check_packages[@]}"
 
 env -u TARNWELL_PREPARED -u TARNWELL_SIGN ./tarnwell package
 version=$(project_version)
-mv build/packages "$work/first"
+cp -r build/packages "$work/first"
 first=$work/first
 for kind in x64 x86; do
     make_package "$kind" "$version" "$work/second"

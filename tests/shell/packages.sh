@@ -9,7 +9,7 @@ earlier=${version%.*}.$((${version##*.} - 1))
 make_package x64 "$earlier" "$work"
 packages="$work/Päckchen von heute"
 mkdir "$packages"
-mv "$work/TarnwellNote-$earlier-x64.msi" build/packages/*.msi "$packages/"
+cp "$work/TarnwellNote-$earlier-x64.msi" build/packages/*.msi "$packages/"
 package() { windows_path "$packages/TarnwellNote-$1.msi"; }
 
 # The prefix as Wine made it, with the desk in it, which is a 64-bit host, and neither the add-in nor the family. What the installer keeps for itself
