@@ -12,10 +12,11 @@ same_lines() { # WHAT ONE OTHER
 header=addin/ground/settings.h
 constants=$(sed -n '/^namespace setting {/,/^}/s/^.* \([a-z_]*\) = u"\([A-Za-z]*\)";$/\1 \2/p' "$header")
 names=$(cut -d ' ' -f 2 <<<"$constants" | LC_ALL=C sort)
-written=
+written= on_without=
 while read -r constant name; do
     uses=$(grep -rhoE "(store\()?setting::$constant\>" addin --include=*.cpp) || wrong "nothing uses $name"
     [[ $uses != *store\(* ]] || written+=$name$'\n'
+    ! grep -rqF ".enabled = setting::$constant," addin || on_without+=$name$'\n' # the one kind that is compared with "0"
 done <<<"$constants"
 key=$(sed -n '/key_name =$/{n;s/^ *u"\(.*\)";$/\1/p}' "$header" | sed 's/\\\\/\\/g')
 
@@ -27,8 +28,9 @@ of() { # FILE PATH: the values of attributes, one a line
     xmllint --xpath "$2" "$1" | sed -n 's/^ *[A-Za-z]*="\(.*\)"$/\1/p'
 }
 any() { printf '//*[local-name()="%s"]' "$1"; }
-same_lines "the data write other values than the code" "$(LC_ALL=C sort <<<"${written%$'\n'}")" \
-    "$(sed -n 's/.*"name": "\([A-Za-z]*\)".*"written": true.*/\1/p' data/settings.json | LC_ALL=C sort)"
+with() { sed -n 's/.*"name": "\([A-Za-z]*\)".*'"$1"'.*/\1/p' data/settings.json | LC_ALL=C sort; } # FACT: the data's names with it
+same_lines "the data write other values than the code" "$(LC_ALL=C sort <<<"${written%$'\n'}")" "$(with '"written": true')"
+same_lines "other switches are on without a value" "$(LC_ALL=C sort <<<"${on_without%$'\n'}")" "$(with '"default": "1"')"
 same_lines "the guide has other settings than the code" "$names" "$(sed -n '/^## Settings/,/^## /s/^| `\([A-Za-z]*\)` |.*/\1/p' docs/administration.md | LC_ALL=C sort)"
 grep -qF "\`HKEY_CURRENT_USER\\$key\`" docs/administration.md || wrong "the guide does not name the key $key"
 same_lines "the policies are of other settings than the code" "$names" "$(of "$template" "//@valueName" | LC_ALL=C sort)"
