@@ -49,16 +49,9 @@ run_script() {
 
 # An error that the prelude has caught: its number and text are known, in JScript the line stands in the trace.
 say_script_error() {
-    local script=$1 wrapped=$2 trace=$3 number description line before
+    local script=$1 wrapped=$2 trace=$3 number description line
     IFS=$'\x1f' read -r _ number description line <<<"${4//$'\t'/$'\x1f'}" # a tab would swallow empty fields
-    if [[ -z $line ]]; then
-        before=$(sed -n '1s/^.*: //p' "$wrapped")
-        line=$(perl -ne '
-            BEGIN { $before = shift }
-            $line = 0 if /unwind_exception/;
-            $line = $1 - $before if !$line && /print_backtrace .* line (\d+) / && $1 > $before;
-            END { print $line if $line }' "$before" "$trace")
-    fi
+    [[ -n $line ]] || line=$(perl "$ROOT/packaging/script-host/error-line.pl" "$wrapped" "$trace")
     [[ -z $number ]] || printf -v number ' 0x%08X (%d)' "$((number & 0xffffffff))" "$number"
     say "the script failed with error$number${line:+ in line $line}: ${description:-no description} ($script)"
 }
@@ -66,22 +59,7 @@ say_script_error() {
 # An end that the prelude has not seen: a script that is no JScript, or a script host that crashed.
 say_script_stop() {
     local script=$1 wrapped=$2 trace=$3 status=$4 found
-    # The engine's warning quotes the line at which it gave up; here it is found again in what the engine was given.
-    found=$(perl -e '
-        my ($wrapped, $trace) = @ARGV;
-        my $text;
-        open my $in, "<", $trace or exit;
-        while (<$in>) { $text = $1 if /script_parse parser failed around .* in line L"(.*)"(?:\.\.\.)?$/ }
-        exit unless defined $text;
-        $text =~ s/\\t/\t/g;
-        $text =~ s/\\(["\\])/$1/g;
-        open $in, "<", $wrapped or exit;
-        my @lines = map { chomp; $_ } <$in>;
-        my ($before) = $lines[0] =~ /: (\d+)$/;
-        my @at = grep { index($lines[$_], $text) == 0 } $before .. $#lines;
-        if ($text =~ /tarnwell_script_host/) { print ": Syntax error: the script ends too early" }
-        else { printf "%s: Syntax error: %s", @at == 1 ? " in line " . ($at[0] + 1 - $before) : "", $text }
-        ' "$wrapped" "$trace")
+    found=$(perl "$ROOT/packaging/script-host/syntax-error.pl" "$wrapped" "$trace")
     if [[ -n $found ]]; then
         say "the script failed with error 0x800A03EA (-2146827286)$found ($script)"
     else
