@@ -13,10 +13,9 @@ using automation::Object;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
+using native::for_each_call;
 using native::NativeWorld;
 using native::NthCall;
-
-/// More calls than any of the routines makes: a run that goes on for longer never ends.
 
 constexpr std::int32_t sent_folder = 5;
 
@@ -42,18 +41,13 @@ void empty(const host::outlook::Folder& folder) {
 TEST(CommandFaults, AMailGoesOutWhateverFails) {
     const auto world = sending_world();
     const host::outlook::Folder sent = world->session().GetDefaultFolder(sent_folder);
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
+    const int calls = for_each_call([&](NthCall& call) {
         const Item mail = new_mail(*world);
         mail.call(u"Display");
-        const NthCall fault(*world, n);
-        ASSERT_NO_THROW(mail.call(u"Send")) << n;
-        more = fault.came();
-        SCOPED_TRACE("call " + std::to_string(n) + " failed: " + fault.member());
+        call.failing(*world, [&] { mail.call(u"Send"); });
         EXPECT_EQ(sent.Items().Count(), 1);
         EXPECT_LE(count_in(*world, u"Email") + count_in(*world, u"Notes"), 1);
-        if (!more) {
+        if (!call.came()) {
             EXPECT_EQ(count_in(*world, u"Email"), 1);
         }
         EXPECT_EQ(world->engine().find(u"Tarnwell"), nullptr) << "the status window doesn't stay";
@@ -61,10 +55,8 @@ TEST(CommandFaults, AMailGoesOutWhateverFails) {
         empty(sent);
         empty(world->below(u"Email"));
         empty(world->below(u"Notes"));
-        if (::testing::Test::HasFailure()) break;
-    }
-    EXPECT_GT(n, 60);
-    EXPECT_EQ(world->memory_registry().open_keys(), 0U);
+    });
+    EXPECT_GT(calls, 60);
 }
 
 /// An item whose window is fitted.
@@ -86,45 +78,36 @@ TEST(CommandFaults, AWindowOpensAndClosesWhateverFails) {
     for (const Shown& shown : shown_items) {
         SCOPED_TRACE(shown.name);
         NativeWorld world{{}};
-        int n = 1;
-        for (bool more = true; more; ++n) {
-            ASSERT_LT(n, native::many_calls);
+        const int calls = for_each_call([&](NthCall& call) {
             const Object item = world.application().call(u"CreateItem", {shown.type}).to_object();
             if (!shown.message_class.empty()) item.put(u"MessageClass", Value(shown.message_class));
             item.call(u"Save");
-            {
-                const NthCall fault(world, n);
-                ASSERT_NO_THROW(item.call(u"Display")) << n;
-                more = fault.came();
-            }
+            call.failing(world, [&] { item.call(u"Display"); });
             const host::outlook::Inspectors inspectors = world.application().Inspectors();
             EXPECT_EQ(inspectors.Count(), 1);
             ASSERT_NO_THROW(inspectors.Item(1).Close(host::outlook::discard_changes));
             EXPECT_EQ(inspectors.Count(), 0);
             item.call(u"Delete");
-        }
-        EXPECT_GT(n, shown.least_calls);
-        EXPECT_EQ(world.memory_registry().open_keys(), 0U);
+        });
+        EXPECT_GT(calls, shown.least_calls);
     }
 }
 
 TEST(CommandFaults, TheContextMenuOpensWhateverFails) {
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
+    const int calls = for_each_call([&](NthCall& call) {
         NativeWorld world{{}};
-        const NthCall fault(world, n);
         const Object bars = world.application().ActiveExplorer().get(u"CommandBars").to_object();
-        ASSERT_NO_THROW(bars.call(u"Add", {u"Another bar"})) << n;
-        ASSERT_NO_THROW(world.settle()) << n;
-        more = fault.came();
+        call.failing(world, [&] {
+            bars.call(u"Add", {u"Another bar"});
+            world.settle();
+        });
         const Object controls = bars.get(u"Item", {u"Context Menu"}).to_object().get(u"Controls").to_object();
         EXPECT_LE(controls.get(u"Count").to_integer(), 3);
-        if (!more) {
+        if (!call.came()) {
             EXPECT_EQ(controls.get(u"Count").to_integer(), 2);
         }
-    }
-    EXPECT_GT(n, 20);
+    });
+    EXPECT_GT(calls, 20);
 }
 
 TEST(CommandFaults, ASelectionChangesWhateverFails) {
@@ -133,16 +116,12 @@ TEST(CommandFaults, ASelectionChangesWhateverFails) {
     const Item mail = world.deliver(acceptance::message());
     acceptance::add_contact(world);
     int shown = 0;
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
-        const NthCall fault(world, n);
-        ASSERT_NO_THROW(world.desk().call(u"Select", {Value(mail)})) << n;
-        more = fault.came();
+    const int calls = for_each_call([&](NthCall& call) {
+        call.failing(world, [&] { world.desk().call(u"Select", {Value(mail)}); });
         const native::MemoryWindow* const window = world.engine().find(u"TW Quick View");
         if (window && window->visible()) ++shown;
-    }
-    EXPECT_GT(n, 10);
+    });
+    EXPECT_GT(calls, 10);
     EXPECT_GE(shown, 1);
 }
 
@@ -160,26 +139,21 @@ TEST(CommandFaults, QuickViewIsLaunchedWhateverFails) {
         const auto world = quick_view_world();
         if (known) acceptance::add_contact(*world);
         const Item mail = world->deliver(acceptance::message());
-        int n = 1;
-        for (bool more = true; more; ++n) {
-            ASSERT_LT(n, native::many_calls);
+        const int calls = for_each_call([&](NthCall& call) {
             if (!known) {
                 for (const TextView question : {acceptance::create_question, acceptance::account_question}) {
                     world->desk().call(u"Answer", {u"Tarnwell", Value(question),
                                                    question == acceptance::create_question ? 6 : 7});
                 }
             }
-            const NthCall fault(*world, n);
-            ASSERT_NO_THROW(world->desk().call(u"Select", {Value(mail)})) << n;
-            more = fault.came();
-            SCOPED_TRACE("call " + std::to_string(n) + " failed: " + fault.member());
+            call.failing(*world, [&] { world->desk().call(u"Select", {Value(mail)}); });
             EXPECT_LE(count_in(*world, u"Email") + count_in(*world, u"Notes"), 1);
             EXPECT_FALSE(world->inbox().Items().Item(1).BillingInformation() == u"TW Auto Filed");
             const native::MemoryWindow* const shown = world->engine().find(u"TW Quick View");
-            if (!more) {
+            if (!call.came()) {
                 EXPECT_EQ(shown && shown->visible(), known);
             }
-            if (!more && !known) {
+            if (!call.came() && !known) {
                 EXPECT_EQ(count_in(*world, u"Email"), 1);
             }
             if (!known) {
@@ -188,10 +162,8 @@ TEST(CommandFaults, QuickViewIsLaunchedWhateverFails) {
                 empty(world->below(u"Notes"));
             }
             world->add_in()->rooms().quickview.QuickView.unload();
-            if (::testing::Test::HasFailure()) return;
-        }
-        EXPECT_GT(n, known ? 50 : 60);
-        EXPECT_EQ(world->memory_registry().open_keys(), 0U);
+        });
+        EXPECT_GT(calls, known ? 50 : 60);
     }
 }
 
@@ -214,9 +186,8 @@ const Deed deeds[] = {
 
 TEST(CommandFaults, QuickViewWorksWhateverFails) {
     for (const Deed& one : deeds) {
-        int n = 1;
-        for (bool more = true; more; ++n) {
-            ASSERT_LT(n, native::many_calls);
+        SCOPED_TRACE(one.name);
+        const int calls = for_each_call([&](NthCall& call) {
             const auto world = quick_view_world();
             acceptance::add_contact(*world);
             acceptance::add_record(*world, u"Opportunities", u"IPM.Post.Opportunity", u"Row",
@@ -227,21 +198,15 @@ TEST(CommandFaults, QuickViewWorksWhateverFails) {
             ASSERT_NE(shown, nullptr);
             if (one.folder != -1) shown->control(u"cmbFolders").choose(one.folder);
             world->settle();
-            {
-                const NthCall fault(*world, n);
-                ASSERT_NO_THROW(one.deed(*shown)) << n;
-                ASSERT_NO_THROW(world->settle()) << n;
-                more = fault.came();
-                SCOPED_TRACE(std::string(one.name) + ": call " + std::to_string(n) +
-                             " failed: " + fault.member());
-                EXPECT_EQ(world->engine().find(u"TW Quick View"), shown) << "its caption is the usual one";
-                EXPECT_LE(count_in(*world, u"Email") + count_in(*world, u"Notes"), 1);
-                EXPECT_EQ(count_in(*world, u"Opportunities"), 1);
-            }
-            EXPECT_EQ(world->memory_registry().open_keys(), 0U);
-            if (::testing::Test::HasFailure()) return;
-        }
-        EXPECT_GT(n, one.least_calls) << one.name;
+            call.failing(*world, [&] {
+                one.deed(*shown);
+                world->settle();
+            });
+            EXPECT_EQ(world->engine().find(u"TW Quick View"), shown) << "its caption is the usual one";
+            EXPECT_LE(count_in(*world, u"Email") + count_in(*world, u"Notes"), 1);
+            EXPECT_EQ(count_in(*world, u"Opportunities"), 1);
+        });
+        EXPECT_GT(calls, one.least_calls);
     }
 }
 

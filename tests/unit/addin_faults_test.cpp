@@ -21,10 +21,9 @@ using acceptance::WorldSetup;
 using automation::Text;
 using automation::TextView;
 using host::outlook::Item;
+using native::for_each_call;
 using native::NativeWorld;
 using native::NthCall;
-
-/// More calls than any of the routines makes: a run that goes on for longer never ends.
 
 /// A world with one contact, in which received mail is filed.
 std::unique_ptr<NativeWorld> filing_world(const WorldSetup& setup = {}) {
@@ -47,18 +46,9 @@ void expect_filing(NativeWorld& world) {
 
 TEST(Faults, FilingAReceivedMailOutlivesEveryOne) {
     const auto world = filing_world();
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
+    const int calls = for_each_call([&](NthCall& call) {
         const Item mail = world->deliver(message());
-        std::string member;
-        {
-            const NthCall fault(*world, n);
-            ASSERT_NO_THROW(acceptance::World::read(mail)) << n;
-            more = fault.came();
-            member = fault.member();
-        }
-        SCOPED_TRACE("call " + std::to_string(n) + " failed: " + member);
+        const std::string& member = call.failing(*world, [&] { acceptance::World::read(mail); });
         // a mail is filed once at most; only where the test of the mark itself fails, at the mark's own save,
         // a second note comes of it
         const bool test_of_mark = member == "MailItem.BillingInformation" || member == "MailItem.Sensitivity";
@@ -71,123 +61,85 @@ TEST(Faults, FilingAReceivedMailOutlivesEveryOne) {
             }
         }
         mail.call(u"Delete");
-        if (::testing::Test::HasFailure()) break;
         expect_filing(*world);
-    }
-    EXPECT_GT(n, 60) << "the routine makes that many calls at least";
-    EXPECT_EQ(world->memory_registry().open_keys(), 0U);
+    });
+    EXPECT_GT(calls, 60) << "the routine makes that many calls at least";
 }
 
 TEST(Faults, StartOutlivesEveryOne) {
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
+    const int calls = for_each_call([&](NthCall& call) {
         const auto world = filing_world({.started = false});
         world->option(u"EnablePowerPanel", u"1");
-        std::string member;
-        {
-            const NthCall fault(*world, n);
-            ASSERT_NO_THROW(world->start()) << n;
-            more = fault.came();
-            member = fault.member();
-        }
-        SCOPED_TRACE("call " + std::to_string(n) + " failed: " + member);
+        call.failing(*world, [&] { world->start(); });
         add_contact(*world);
         // the features drop out one by one; the host stays up, and ends as ever
         const Item mail = acceptance::read_mail(*world);
         EXPECT_LE(count_in(*world, u"Email"), 1);
-        if (!more) {
+        if (!call.came()) {
             EXPECT_EQ(count_in(*world, u"Email"), 1);
         }
         ASSERT_NO_THROW(world->quit());
         ASSERT_NO_THROW(world->start());
         expect_filing(*world);
         ASSERT_NO_THROW(world->quit());
-    }
-    EXPECT_GT(n, 25);
+    });
+    EXPECT_GT(calls, 25);
 }
 
 TEST(Faults, FirstRunOutlivesEveryOne) {
     for (const bool marked : {false, true}) {
         SCOPED_TRACE(marked);
-        int n = 1;
-        for (bool more = true; more; ++n) {
-            ASSERT_LT(n, native::many_calls);
+        const int calls = for_each_call([&](NthCall& call) {
             const auto world = filing_world({.started = false});
             world->family(u"StoreID", u"-");
             const Text marker = world->add_in_folder() + u"/initial.txt";
             if (marked) std::ofstream{std::filesystem::path(marker)} << "first run";
-            const NthCall fault(*world, n);
-            ASSERT_NO_THROW(world->start()) << n;
-            more = fault.came();
-            SCOPED_TRACE("call " + std::to_string(n) + " failed: " + fault.member());
+            call.failing(*world, [&] { world->start(); });
             const std::size_t programs = world->model().surroundings().programs().size();
             EXPECT_LE(programs, 3U);
-            if (!more) {
+            if (!call.came()) {
                 EXPECT_EQ(programs, marked ? 0U : 2U);
                 EXPECT_EQ(world->file_exists(marker), false);
             }
-        }
-        EXPECT_GT(n, 30);
+        });
+        EXPECT_GT(calls, 30);
     }
 }
 
 TEST(Faults, StopOutlivesEveryOne) {
-    int n = 1;
     const auto world = filing_world();
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
-        {
-            const NthCall fault(*world, n);
-            ASSERT_NO_THROW(world->quit()) << n;
-            more = fault.came();
-        }
+    const int calls = for_each_call([&](NthCall& call) {
+        call.failing(*world, [&] { world->quit(); });
         ASSERT_NO_THROW(world->start());
         expect_filing(*world);
-    }
-    EXPECT_GT(n, 10);
+    });
+    EXPECT_GE(calls, 10);
 }
 
 TEST(Faults, StopLetsGoOfEverythingWhateverFails) {
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
+    for_each_call([&](NthCall& call) {
         const auto world = filing_world();
         world->boundary().forget_calls();
-        {
-            const NthCall fault(*world, n);
-            world->unload_add_in(1);
-            more = fault.came();
-        }
-        EXPECT_TRUE(world->boundary().live().empty()) << n;
-    }
+        call.failing(*world, [&] { world->unload_add_in(1); });
+        EXPECT_TRUE(world->boundary().live().empty());
+    });
 }
 
 TEST(Faults, FindingADatabaseOutlivesEveryOne) {
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
+    const int calls = for_each_call([&](NthCall& call) {
         const auto world = filing_world();
         world->family(u"CurrentUserName", u"Mia Hart");
         world->desk().call(u"Answer", {u"Choose Tarnwell Database", u"", host::box::answer_yes});
-        std::string member;
-        {
-            const NthCall fault(*world, n);
-            ASSERT_NO_THROW(world->connect().call(u"FindFolder")) << n;
-            more = fault.came();
-            member = fault.member();
-        }
-        SCOPED_TRACE("call " + std::to_string(n) + " failed: " + member);
+        call.failing(*world, [&] { world->connect().call(u"FindFolder"); });
         EXPECT_LE(world->model().messages.size(), 1U);
         const std::string path =
             automation::to_utf8(addin::Settings(world->desktop()).option(u"AccountProfileFolderName"));
-        if (!more) {
+        if (!call.came()) {
             EXPECT_EQ(path, "\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles\\");
         }
-        EXPECT_EQ(world->memory_registry().open_keys(), 0U);
         expect_filing(*world);
-    }
-    EXPECT_GT(n, 90);
+    });
+    EXPECT_GT(calls, 90);
 }
 
 // what the calls are

@@ -19,37 +19,34 @@ using acceptance::World;
 using automation::TextView;
 using host::outlook::Item;
 using host::outlook::Items;
+using native::for_each_call;
 using native::NativeWorld;
-
-/// More calls than any of the routines makes.
+using native::NthCall;
 
 /// What became of an action that came while a routine ran.
 struct Came {
-    bool called = false;  ///< the routine made that many calls
     bool inside = false;  ///< the action ran before the routine came back
     std::size_t at = 0;   ///< the routine's calls until then
 };
 
 /// Runs a routine with an action that is posted before its n-th call.
-Came run_with(NativeWorld& world, int n, const std::function<void()>& routine,
+Came run_with(NativeWorld& world, NthCall& call, const std::function<void()>& routine,
               const std::function<void()>& action) {
     Came came;
-    int calls = 0;
     bool running = true;
     world.boundary().forget_calls();
-    world.boundary().before_call = [&](const std::string&) {
-        if (++calls != n) return;
-        came.called = true;
+    const auto post = [&] {
         world.model().surroundings().post([&] {
             came.inside = running;
             came.at = world.boundary().calls().size();
             action();
         });
     };
-    routine();
-    running = false;
-    world.settle();
-    world.boundary().before_call = nullptr;
+    call.with(world, post, [&] {
+        routine();
+        running = false;
+        world.settle();
+    });
     return came;
 }
 
@@ -97,23 +94,18 @@ Items sent_items(NativeWorld& world) {
 TEST(Reentrancies, OfFilingAReceivedMailByAnother) {
     const auto world = world_that_files();
     std::set<std::size_t> yields;
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
-        SCOPED_TRACE("posted before call " + std::to_string(n));
+    for_each_call([&](NthCall& call) {
         const Item ann = world->deliver(message());
         const Item bob = about_to_be_read(*world, {.from = "bob@ray.example"});
         const Came came = run_with(
-            *world, n, [&] { World::read(ann); }, [&] { bob.Save(); });
-        more = came.called;
+            *world, call, [&] { World::read(ann); }, [&] { bob.Save(); });
         if (came.inside) yields.insert(came.at);
-        if (!more) bob.Save();
+        if (!call.came()) bob.Save();
         EXPECT_TRUE(is_marked(ann));
         EXPECT_TRUE(is_marked(bob));
         EXPECT_EQ(take_notes(*world, u"Ann Lee"), 1);
         EXPECT_EQ(take_notes(*world, u"Bob Ray"), 1);
-        if (::testing::Test::HasFailure()) break;
-    }
+    });
     // those of the handler, of the operation, around the search and after the mark, with calls between them
     EXPECT_GE(yields.size(), 5U);
 }
@@ -121,20 +113,17 @@ TEST(Reentrancies, OfFilingAReceivedMailByAnother) {
 TEST(Reentrancies, OfFilingAReceivedMailByItself) {
     const auto world = world_that_files();
     std::vector<int> notes;
-    for (int n = 1;; ++n) {
-        ASSERT_LT(n, native::many_calls);
-        SCOPED_TRACE("posted before call " + std::to_string(n));
+    for_each_call([&](NthCall& call) {
         const Item mail = world->deliver(message());
-        const Came came = run_with(
-            *world, n, [&] { World::read(mail); },
+        run_with(
+            *world, call, [&] { World::read(mail); },
             [&] {
                 mail.put(u"Categories", u"Blue");
                 mail.Save();
             });
         EXPECT_TRUE(is_marked(mail));
         notes.push_back(take_notes(*world, u"Ann Lee"));
-        if (!came.called) break;
-    }
+    });
     // in time for the handler's own test of the mark, too late for it, and after the mark was written
     std::vector<int> in_turn;
     std::ranges::unique_copy(notes, std::back_inserter(in_turn));
@@ -144,17 +133,13 @@ TEST(Reentrancies, OfFilingAReceivedMailByItself) {
 TEST(Reentrancies, OfFilingASentMailByAReceivedOne) {
     const auto world = world_that_files();
     std::set<std::size_t> yields;
-    int n = 1;
-    for (bool more = true; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
-        SCOPED_TRACE("posted before call " + std::to_string(n));
+    for_each_call([&](NthCall& call) {
         const Item bob = about_to_be_read(*world, {.from = "bob@ray.example"});
         const Item outgoing = mail_to_ann(*world);
         const Came came = run_with(
-            *world, n, [&] { outgoing.call(u"Send"); }, [&] { bob.Save(); });
-        more = came.called;
+            *world, call, [&] { outgoing.call(u"Send"); }, [&] { bob.Save(); });
         if (came.inside) yields.insert(came.at);
-        if (!more) bob.Save();
+        if (!call.came()) bob.Save();
         EXPECT_TRUE(is_marked(bob));
         ASSERT_EQ(sent_items(*world).Count(), 1);
         EXPECT_EQ(sent_items(*world).Item(1).get(u"FlagRequest").to_text(), u"TW-Sent Email Auto Filed");
@@ -162,22 +147,19 @@ TEST(Reentrancies, OfFilingASentMailByAReceivedOne) {
         EXPECT_EQ(take_notes(*world, u"Ann Lee"), 1);
         EXPECT_EQ(take_notes(*world, u"Bob Ray"), 1);
         EXPECT_EQ(world->engine().find(u"Tarnwell"), nullptr);
-        if (::testing::Test::HasFailure()) break;
-    }
+    });
     EXPECT_GE(yields.size(), 7U) << "the handler's, the operation's, and those of the recipient";
 }
 
 TEST(Reentrancies, OfFilingASentMailByAnother) {
     const auto world = world_that_files();
-    for (int n = 1;; ++n) {
-        ASSERT_LT(n, native::many_calls);
-        SCOPED_TRACE("posted before call " + std::to_string(n));
+    for_each_call([&](NthCall& call) {
         const Item second = mail_to_ann(*world);
         second.put(u"To", u"bob@ray.example");
         const Item first = mail_to_ann(*world);
-        const Came came = run_with(
-            *world, n, [&] { first.call(u"Send"); }, [&] { second.call(u"Send"); });
-        if (!came.called) break;
+        run_with(
+            *world, call, [&] { first.call(u"Send"); }, [&] { second.call(u"Send"); });
+        if (!call.came()) return;
         const Items sent = sent_items(*world);
         ASSERT_EQ(sent.Count(), 2);
         for (std::int32_t i = sent.Count(); i >= 1; --i) {
@@ -187,25 +169,21 @@ TEST(Reentrancies, OfFilingASentMailByAnother) {
         EXPECT_EQ(take_notes(*world, u"Ann Lee"), 1);
         EXPECT_EQ(take_notes(*world, u"Bob Ray"), 1);
         EXPECT_EQ(world->engine().find(u"Tarnwell"), nullptr) << "no status window stays";
-        if (::testing::Test::HasFailure()) break;
-    }
+    });
 }
 
 TEST(Reentrancies, OfFilingASentMailByTheEndOfTheAddIn) {
-    for (int n = 1;; ++n) {
-        ASSERT_LT(n, native::many_calls);
-        SCOPED_TRACE("posted before call " + std::to_string(n));
+    for_each_call([&](NthCall& call) {
         const auto world = world_that_files();
         const Item outgoing = mail_to_ann(*world);
         const auto connect = world->add_in()->shared_from_this();
-        const Came came = run_with(
-            *world, n, [&] { outgoing.call(u"Send"); }, [&] { connect->StopAddIn(); });
-        if (!came.called) break;
+        run_with(
+            *world, call, [&] { outgoing.call(u"Send"); }, [&] { connect->StopAddIn(); });
+        if (!call.came()) return;
         EXPECT_EQ(sent_items(*world).Count(), 1) << "the mail goes out";
         EXPECT_EQ(take_notes(*world, u"Ann Lee"), 1) << "and what has begun is ended";
         EXPECT_EQ(world->engine().find(u"Tarnwell"), nullptr);
-        if (::testing::Test::HasFailure()) break;
-    }
+    });
 }
 
 }  // namespace

@@ -81,20 +81,7 @@ class Conversions : public testing::Test {
     /// none did. Answers how many calls there were.
     template <class Routine, class Check>
     int with_each_call_failing(Routine routine, Check check) {
-        for (int n = 1; n < native::many_calls; ++n) {
-            std::string failed;
-            {
-                const NthCall fault(world(), n);
-                EXPECT_NO_THROW(routine()) << n;
-                failed = fault.member();
-            }
-            SCOPED_TRACE("call " + std::to_string(n) + " failed: " + failed);
-            check(failed);
-            EXPECT_EQ(world().memory_registry().open_keys(), 0U);
-            if (failed.empty() || HasFailure()) return n;
-        }
-        ADD_FAILURE() << "it goes on for ever";
-        return native::many_calls;
+        return native::for_each_call([&](NthCall& call) { check(call.failing(world(), routine)); });
     }
 
   private:

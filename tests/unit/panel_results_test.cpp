@@ -261,8 +261,7 @@ TEST(PanelResults, OfFilesAreHandedToTheShell) {
     listed.open(0);
     EXPECT_EQ(listed.world.model().surroundings().opened(), std::vector<Text>{file});
     EXPECT_EQ(listed.world.system().shown_pointer, forms::Pointer::standard);
-    const native::NthCall fault(listed.world, 1);
-    listed.open(0);
+    EXPECT_EQ(native::NthCall(1).failing(listed.world, [&] { listed.open(0); }), "shell_execute");
     EXPECT_EQ(listed.world.model().surroundings().opened().size(), 1U);
     EXPECT_EQ(acceptance::count_messages(listed.world), 0) << "the shell's failure isn't told";
 }

@@ -209,26 +209,17 @@ std::unique_ptr<NativeWorld> followed_world() {
 /// Runs an action at the next yield after the n-th call of a routine, for every n.
 template <class Action, class After>
 void at_every_call(const Action& action, const After& after) {
-    bool more = true;
-    for (int n = 1; more; ++n) {
-        ASSERT_LT(n, native::many_calls);
-        SCOPED_TRACE("at call " + std::to_string(n));
+    native::for_each_call([&](native::NthCall& call) {
         const auto world = followed_world();
         const Item of_ann = world->deliver(message());
         const Item of_bob = world->deliver(message({.from = "Bob Ray <bob@ray.example>"}));
-        int calls = 0;
-        more = false;
-        world->boundary().before_call = [&](const std::string&) {
-            if (++calls != n) return;
-            more = true;
-            world->model().surroundings().post([&] { action(*world, of_bob); });
-        };
-        ASSERT_NO_THROW(world->desk().call(u"Select", {Value(of_ann)}));
-        world->settle();
-        world->boundary().before_call = nullptr;
+        const auto post = [&] { world->model().surroundings().post([&] { action(*world, of_bob); }); };
+        call.with(*world, post, [&] {
+            world->desk().call(u"Select", {Value(of_ann)});
+            world->settle();
+        });
         after(*world);
-        if (testing::Test::HasFailure()) return;
-    }
+    });
 }
 
 /// The filters that the choice of a folder sends, in their order.
@@ -433,10 +424,8 @@ TEST(QuickViewMeanwhile, ItMayEndInItsOwnEvents) {
         const Item mail = world->deliver(message());
         const Item row = acceptance::add_record(*world, u"Opportunities", u"IPM.Post.Opportunity", u"Row",
                                                 acceptance::keys_of_ann);
-        bool more = true;
-        for (int n = 1; more; ++n) {
-            ASSERT_LT(n, native::many_calls);
-            SCOPED_TRACE(std::string(one.name) + ", call " + std::to_string(n));
+        SCOPED_TRACE(one.name);
+        native::for_each_call([&](native::NthCall& call) {
             world->desk().call(u"Select", {Value(mail)});
             native::MemoryWindow* const shown = world->engine().find(u"TW Quick View");
             ASSERT_NE(shown, nullptr);
@@ -445,20 +434,15 @@ TEST(QuickViewMeanwhile, ItMayEndInItsOwnEvents) {
             list.add(u"row");
             list.text(0, 2, row.EntryID());
             list.takes_drops(true);
-            int calls = 0;
-            more = false;
-            world->boundary().before_call = [&](const std::string&) {
-                if (++calls != n) return;
-                more = true;
-                state.QuickView.unload();
-            };
-            one.deed(*shown);
-            world->settle();
-            world->boundary().before_call = nullptr;
-            EXPECT_EQ(more && world->engine().find(u"TW Quick View") != nullptr, false)
+            call.with(
+                *world, [&] { state.QuickView.unload(); },
+                [&] {
+                    one.deed(*shown);
+                    world->settle();
+                });
+            EXPECT_EQ(call.came() && world->engine().find(u"TW Quick View") != nullptr, false)
                 << "what has gone doesn't come back";
-            if (testing::Test::HasFailure()) return;
-        }
+        });
     }
 }
 
