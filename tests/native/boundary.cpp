@@ -55,6 +55,9 @@ class Boundary::Across : public automation::Invocable {
     void unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) override;
 
   private:
+    std::string name_of(const std::string& member) const {
+        return class_name(*inner_.target()) + "." + member;
+    }
     void pass(const std::string& member);  ///< where the add-in asks
 
     std::shared_ptr<Boundary> boundary_;
@@ -86,12 +89,16 @@ class Boundary::Relay : public automation::Invocable {
 };
 
 void Boundary::Across::pass(const std::string& member) {
-    if (holder_ == Side::add_in) boundary_->pass(class_name(*inner_.target()) + "." + member);
+    if (holder_ == Side::add_in) boundary_->pass(name_of(member));
 }
 
 Value Boundary::Across::invoke(Request& request) {
     const Side owner = holder_ == Side::add_in ? Side::outside : Side::add_in;
-    pass(automation::to_utf8(request.member));
+    const std::string member = automation::to_utf8(request.member);
+    if (holder_ == Side::add_in && boundary_->before_request) {
+        boundary_->before_request(name_of(member), request);
+    }
+    pass(member);
     Request passed = request;
     passed.kind = nullptr;
     boundary_->across(passed, owner);

@@ -24,6 +24,9 @@ class Boundary : public std::enable_shared_from_this<Boundary> {
     /// what the call fails with.
     std::function<void(const std::string& member)> before_call;
 
+    /// The same for calls of objects' members, with what is asked.
+    std::function<void(const std::string& member, const automation::Request& request)> before_request;
+
     /// A call of the add-in that is no automation passes here, too.
     void pass(const std::string& member);
 
