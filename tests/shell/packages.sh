@@ -119,7 +119,7 @@ wait "$desk_pid" || wrong "the desk ended with $?"
 grep -q '^note: .*O.Malley' "$work/filed" && grep -qi '^connected: true' "$work/filed" || wrong "no mail was filed: $(<"$work/filed")"
 
 # Removal. The classes that were copied for Wine are not the installer's.
-sed -nE 's/^system\.reg\[Software\\\\Classes\\\\((CLSID\\\\)?[^\\]*)\].*/\1/p' <<<"$(added "$before" "$(what_is_there)")" | sort -u |
+sed -nE 's/^user\.reg\[Software\\\\Classes\\\\((CLSID\\\\)?[^\\]*)\].*/\1/p' <<<"$(added "$before" "$installed")" | sort -u |
     while read -r key; do row "-HKEY_LOCAL_MACHINE\\Software\\Classes\\${key//\\\\/\\}"; done | import_rows "$folder/classes.reg"
 msi 0 /x "$(package "$version-x64")"
 same "the removal left something, or took too much" "$before" "$(what_is_there)"
