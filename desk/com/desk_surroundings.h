@@ -4,9 +4,9 @@
 #include <functional>
 
 #include "automation/com/apartment.h"
-#include "desk/setup/desk_settings.h"
 #include "desk/com/indexed_folder.h"
 #include "desk/com/mail_process.h"
+#include "desk/setup/desk_settings.h"
 
 namespace desk {
 

@@ -9,7 +9,6 @@
 
 namespace native {
 
-using automation::Access;
 using automation::Object;
 using automation::Request;
 using automation::Value;
