@@ -296,18 +296,19 @@ void dlgSend::create_from_record(const records::PathRow& path, const Folder& fol
     Text key_column;
     steps.set(key_column, [&] { return list().heading(column::key); });
     RecordNames names(session_, record);
-    const auto of_record = [&](records::Name name) {
-        return RecordNames::knows(name) ? names.read(name) : records::copied(record, name);
-    };
+    const auto of_record = [&](records::Name name) { return records::copied(record, name); };
     const auto of_dialog = [&](records::Name name) {
         return Value(
             control(name == property::type ? ControlName(u"Combo1") : ControlName(u"txtNote")).text());
     };
-    records::file_note(session_, path,
-                       {.folder = folder,
-                        .mail = mail,
-                        .sources = {{records::From::record, of_record}, {records::From::dialog, of_dialog}},
-                        .further_key = records::Key{key_column, records::From::record}});
+    records::file_note(
+        session_, path,
+        {.folder = folder,
+         .mail = mail,
+         .sources = {{records::From::record, of_record},
+                     {records::From::record_name, [&](records::Name name) { return names.read(name); }},
+                     {records::From::dialog, of_dialog}},
+         .further_key = records::Key{key_column, records::From::record}});
 }
 
 }  // namespace addin::createnote

@@ -21,11 +21,6 @@ static_assert(is_keyed(rows, &NamesRow::message_class));
 
 }  // namespace
 
-bool RecordNames::knows(records::Name name) {
-    return name == property::account_name || name == property::contact_name ||
-           name == property::opportunity_name;
-}
-
 void RecordNames::look() {
     if (std::exchange(is_known_, true)) return;
     const Steps steps(session_);

@@ -21,8 +21,6 @@ class RecordNames {
     RecordNames(const Session& session, const host::outlook::Item& record)
         : session_(session), record_(record) {}
 
-    /// Whether a note's property is one of the names.
-    static bool knows(records::Name property);
     /// The note's name; nothing if it stays unset.
     std::optional<automation::Value> read(records::Name property);
 

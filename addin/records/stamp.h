@@ -53,7 +53,8 @@ enum class From {
     chosen_account,  ///< the chosen account, or, for want of one, the domain of the sender
     new_id,          ///< an id made for the new record
     dialog,          ///< what the Create Note dialog holds
-    record,          ///< the selected record, by its class
+    record,          ///< the selected record's own property
+    record_name,     ///< a name of the selected record, by its class
     quick_view,      ///< the hidden value fields of Quick View
     target,          ///< the record that the mail was dropped on
     mail,            ///< the mail, through its safe one
