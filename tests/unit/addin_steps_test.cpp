@@ -135,14 +135,14 @@ TEST_F(WatchedSteps, NameThePlaceOfEachStepInTheRoutine) {
     EXPECT_EQ(notes_.places[1].line(), here.line() + 2);
 }
 
-TEST_F(WatchedSteps, AreThoseOfARoomAndOfWhatItCalls) {
+TEST_F(WatchedSteps, AreThoseOfARoom) {
     session_.step_observer = &notes_;
     addin::filing::goInbox_ItemChange(session_, host::outlook::Item());  // of nothing, nothing can be read
     std::set<std::string> files;
     for (const SourcePlace& place : notes_.places) {
         files.insert(std::filesystem::path(place.file_name()).filename().string());
     }
-    EXPECT_EQ(files, (std::set<std::string>{"received_mail.cpp", "address_resolution.cpp"}));
+    EXPECT_EQ(files, (std::set<std::string>{"received_mail.cpp"}));
 }
 
 TEST_F(WatchedSteps, RememberAFailureForARoutineThatWantsToKnow) {
