@@ -202,11 +202,20 @@ TEST_F(CreateNoteForANewContact, HasNoNameAtAccountLevel) {
     EXPECT_EQ(World::property(note, u"ContactID"), World::property(contact, u"ContactID"));
 }
 
-TEST_F(CreateNoteForANewContact, GoesToNotesWhereTheMailFolderIsMissing) {
-    World& world = furnished();
-    world.option(u"SavedEmailFolder", u"Nowhere");
-    create(opened(world.deliver(message())));
-    EXPECT_TRUE(only_item(world, u"Notes"));
+TEST_F(CreateNoteForANewContact, GoesToTheFolderOfTheOptionOrToNotes) {
+    struct Case {
+        TextView option, folder;
+    };
+    furnished();
+    for (const auto& [option, folder] :
+         {Case{u"Nowhere", u"Notes"}, Case{u"Opportunities", u"Opportunities"}}) {
+        SCOPED_TRACE(shown(option));
+        close_dialog();
+        World& world = emptied();
+        world.option(u"SavedEmailFolder", option);
+        create(opened(world.deliver(message())));
+        EXPECT_TRUE(only_item(world, folder));
+    }
 }
 
 TEST_F(CreateNoteForANewContact, IsMadeAnewForEachNote) {

@@ -49,6 +49,7 @@ TEST_F(CreateNote, OfAContactHoldsItsKeysAndWhatTheDialogSays) {
     dialog.type(u"txtNote", u"About the dates");
     dialog.create();
     EXPECT_TRUE(dialog.closes());
+    EXPECT_EQ(world.application().Inspectors().Count(), 1) << "the mail's alone";
     expect_note(world, only_item(world), mail,
                 {"Subject: About the dates", "AccountID: A-100", "ContactID: C-200",
                  "Account Name: North Mill Ltd", "Contact Name: Ann Lee", "Account Manager: Mia Hart",
@@ -75,11 +76,14 @@ TEST_F(CreateNote, OfAnAccountHoldsNoContactAndNoDate) {
     NoteDialog& dialog = opened(mail);
     dialog.click(u"Option1");
     dialog.choose(u"Combo2", u"Search by Email");
+    dialog.type(u"Combo1", u"Phone Call");
+    dialog.type(u"txtNote", u"About the dates");
     dialog.create();
     EXPECT_TRUE(dialog.closes());
+    EXPECT_EQ(world.application().Inspectors().Count(), 1) << "the mail's alone";
     expect_note(world, only_item(world), mail,
-                {"Subject: Delivery dates", "AccountID: A-7", "Account Name: ann.lee@northmill.example",
-                 "Account Manager: Mia Hart", "Team: Sales", "Alignment: North", "Type: Email (Received)"});
+                {"Subject: About the dates", "AccountID: A-7", "Account Name: ann.lee@northmill.example",
+                 "Account Manager: Mia Hart", "Team: Sales", "Alignment: North", "Type: Phone Call"});
     EXPECT_TRUE(is_marked_by_user(mail));
 }
 
@@ -128,7 +132,13 @@ TEST_F(CreateNote, MarksTheSelectedMailAndNotTheOneInAWindow) {
 TEST_F(CreateNote, MarksADraftThatIsSelectedAndNotOneThatIsBeingWritten) {
     World& world = with({});
     add_contact(world);
+    add_account(world, {{u"AccountID", u"A-7"}}, u"ann.lee@northmill.example");
+    bool account_level = false;
     const auto create_for_ann = [&](NoteDialog& dialog) {
+        if (account_level) {
+            dialog.click(u"Option1");
+            dialog.choose(u"Combo2", u"Search by Email");
+        }
         dialog.select(dialog.count());
         EXPECT_EQ(dialog.column(1).back(), "ann.lee@northmill.example");
         dialog.create();
@@ -146,6 +156,12 @@ TEST_F(CreateNote, MarksADraftThatIsSelectedAndNotOneThatIsBeingWritten) {
     create_for_ann(opened_from_explorer(draft));
     EXPECT_TRUE(is_marked_by_user(draft));
     EXPECT_EQ(count_in(world, u"Email"), 2);
+
+    account_level = true;
+    const Item written_too = new_mail(world);
+    create_for_ann(opened(written_too));
+    EXPECT_EQ(written_too.BillingInformation(), u"");
+    EXPECT_EQ(count_in(world, u"Email"), 3);
 }
 
 // whom it finds
