@@ -256,7 +256,7 @@ void dlgSend::create_for_new_contact(const Presence& here, const records::MailTo
     const records::PathRow& path = records::path_row(records::Path::create_new_contact);
     records::file_note(
         session_, path,
-        {.folder = folder,
+        {.folder = records::choose_folder(session_, profiles, path.folder, folder),
          .mail = mail,
          .sources = {records::of_contact(made->item),
                      {records::From::chosen_account, [&](records::Name) { return Value(made->account_id); }},

@@ -75,7 +75,7 @@ constexpr PathRow path_rows[] = {
     {Path::open_contact_new_contact, NoteFolder::mail_folder,        message_class::note,    from_chosen_account,    From::chosen_account, From::sender,     From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
     {Path::create_contact_level,     NoteFolder::mail_folder_twice,  message_class::note,    from_contact,           From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::after_body, Ends::post,              Marks::inspector_and_selection, filed_by_user},
     {Path::create_account_level,     NoteFolder::mail_folder_twice,  message_class::note,    from_account,           From::account,        From::none,       From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::inspector_and_selection, filed_by_user},
-    {Path::create_new_contact,       NoteFolder::mail_folder_twice,  message_class::note,    from_made_contact,      From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::nothing,                 no_mark},
+    {Path::create_new_contact,       NoteFolder::chosen_before,      message_class::note,    from_made_contact,      From::contact,        From::contact,    From::none,   From::dialog,   From::dialog, Date::never,      Ends::post,              Marks::nothing,                 no_mark},
     {Path::create_from_record,       NoteFolder::mail_folder,        message_class::note,    from_record,            From::record_name,    From::record_name, From::record_name, From::dialog,   From::dialog, Date::after_keys, Ends::post,              Marks::inspector_and_selection, filed_by_user},
     {Path::quick_view_opportunity,   NoteFolder::notes_unless_named, message_class::note,    for_new_opportunity,    From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::display_then_post, Marks::nothing,                 no_mark},
     {Path::quick_view_inquiry,       NoteFolder::actions,            message_class::action,  for_new_inquiry,        From::quick_view,     From::quick_view, From::none,   From::received, From::mail,   Date::never,      Ends::post,              Marks::nothing,                 no_mark},
@@ -207,6 +207,8 @@ host::outlook::Folder choose_folder(const Session& session, const host::outlook:
             if (which == NoteFolder::mail_folder_twice) take(name);
             break;
         }
+        case NoteFolder::chosen_before:
+            break;
         case NoteFolder::notes_unless_named:
             take(named_folder(session, folder::notes));
             break;

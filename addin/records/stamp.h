@@ -40,6 +40,7 @@ enum class NoteFolder {
     mail_folder,         ///< the folder that the option names, default "Email"; "Notes" if it isn't there
     mail_folder_twice,   ///< the same, looked for once more after the fallback; a failed lookup changes
                          ///< nothing
+    chosen_before,       ///< the one that was chosen before the contact was made
     notes_unless_named,  ///< the option's folder, default "Notes", without a test whether it is there
     actions              ///< "Actions" below "Customer Service"; the option isn't read
 };

@@ -97,7 +97,6 @@ TEST_F(CreateNoteFromRecord, TakesTheNamesByTheRecordsClass) {
         world().below(u"Email").Items().call(u"Remove", {1});
         world().below(u"Opportunities").Items().call(u"Remove", {1});
     }
-    EXPECT_EQ(world().application().Inspectors().Count(), 1) << "the mail's alone";
     EXPECT_EQ(message_texts(world()), Lines(std::size(cases), "Done - creating Note for Mill"));
     EXPECT_TRUE(is_marked_by_user(mail));
 }
