@@ -34,18 +34,12 @@ class AppointmentConversion : public Acceptance {
         const Object opened(appointment.get(u"GetInspector").to_object());
         appointment.Display();
         before_press();
-        const std::int32_t before = displayed();
+        const std::int32_t before = world().displayed();
         press(world(), opened, appointment_bar, button);
-        Lines ids;
-        const Object all = world().desk().get(u"Displayed").to_object();
-        for (std::int32_t i = before + 1; i <= displayed(); ++i)
-            ids.push_back(shown(Item(all.call(u"Item", {i}).to_object()).EntryID()));
+        Lines ids = world().ids_displayed_since(before);
         EXPECT_EQ(world().application().Inspectors().Count(), static_cast<std::int32_t>(ids.size()))
             << "its window has closed";
         return ids;
-    }
-    std::int32_t displayed() {
-        return world().desk().get(u"Displayed").to_object().get(u"Count").to_integer();
     }
     Item again(TextView id) { return world().session().GetItemFromID(id, calendar().StoreID()); }
     void close_windows() {

@@ -88,10 +88,9 @@ TEST_F(CreateNoteForANewContact, MakesTheContactAndShowsIt) {
         EXPECT_EQ(shown(World::property(contact, name)), shown(value)) << shown(name);
     }
     EXPECT_NE(World::property(contact, u"ContactID"), u"");
-    const Object displayed = world.desk().get(u"Displayed").to_object();
-    const std::int32_t last = displayed.get(u"Count").to_integer();
-    ASSERT_GT(last, 0);
-    EXPECT_EQ(Item(displayed.call(u"Item", {last}).to_object()).EntryID(), contact.EntryID());
+    const Lines opened = world.ids_displayed_since(0);
+    ASSERT_FALSE(opened.empty());
+    EXPECT_EQ(opened.back(), shown(contact.EntryID()));
 }
 
 TEST_F(CreateNoteForANewContact, MakesANoteWithoutDateThatLeavesTheMailUnmarked) {

@@ -63,15 +63,12 @@ void NoteDialog::search(TextView target, TextView text) const {
 }
 
 void NoteDialog::create() const {
-    const auto displayed = [&] {
-        return world_.desk().get(u"Displayed").to_object().get(u"Count").to_integer();
-    };
-    const std::int32_t before = count_messages(world_), displayed_before = displayed();
+    const std::int32_t before = count_messages(world_), displayed_before = world_.displayed();
     world_.desk().call(u"Answer", {u"Tarnwell", u"Done - creating Note for ", ok});
     click(u"cmdSend");
     EXPECT_TRUE(world_.wait_until([&] { return count_messages(world_) > before; }));
     world_.settle();
-    EXPECT_EQ(displayed(), displayed_before) << "a note is posted without being shown";
+    EXPECT_EQ(world_.displayed(), displayed_before) << "a note is posted without being shown";
 }
 
 NoteDialog& WithNoteDialog::opened(const Item& item) {

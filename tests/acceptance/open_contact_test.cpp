@@ -32,7 +32,7 @@ class OpenContact : public Filing {
         OpenedItem window(mail);
         prepare_bar(window.window, BarState::empty);
         window.show();
-        displayed_before_ = displayed();
+        displayed_before_ = world().displayed();
         const Object button = find_control(window.window, u"TarnwellCreateNote", u"OpenContactButton");
         ASSERT_TRUE(button);
         just_before();
@@ -45,14 +45,7 @@ class OpenContact : public Filing {
     }
 
     /// The ids of the items that the button has opened.
-    Lines opened() {
-        const Object all = world().desk().get(u"Displayed").to_object();
-        Lines ids;
-        for (std::int32_t i = displayed_before_ + 1; i <= displayed(); ++i) {
-            ids.push_back(shown(Item(all.call(u"Item", {i}).to_object()).EntryID()));
-        }
-        return ids;
-    }
+    Lines opened() { return world().ids_displayed_since(displayed_before_); }
 
     /// The mail's contact is not there; the first question is asked, and denied.
     void expect_question(const Item& mail) {
@@ -67,9 +60,6 @@ class OpenContact : public Filing {
     }
 
   private:
-    std::int32_t displayed() {
-        return world().desk().get(u"Displayed").to_object().get(u"Count").to_integer();
-    }
     std::int32_t displayed_before_ = 0;
 };
 

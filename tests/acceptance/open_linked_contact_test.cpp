@@ -37,9 +37,6 @@ class OpenLinkedContact : public Filing {
         return contact;
     }
 
-    static std::int32_t displayed(World& world) {
-        return world.desk().get(u"Displayed").to_object().get(u"Count").to_integer();
-    }
     static std::int32_t windows(World& world) { return world.application().Inspectors().Count(); }
 
     /// Opens the personal contact, changes it, and presses the button; answers the ids of what was opened.
@@ -47,18 +44,14 @@ class OpenLinkedContact : public Filing {
         OpenedItem window(contact);
         window.show();
         contact.put(u"JobTitle", u"Miller");
-        const std::int32_t before = displayed(world);
+        const std::int32_t before = world.displayed();
         const Object button =
             find_control(window.window, u"TarnwellCreateNote", u"OpenTarnwellContactButton");
         EXPECT_TRUE(button);
         if (!button) return {};
         world.desk().call(u"Press", {Value(button)});
         EXPECT_TRUE(world.wait_for_handlers());
-        Lines ids;
-        const Object all = world.desk().get(u"Displayed").to_object();
-        for (std::int32_t i = before + 1; i <= displayed(world); ++i) {
-            ids.push_back(shown(Item(all.call(u"Item", {i}).to_object()).EntryID()));
-        }
+        Lines ids = world.ids_displayed_since(before);
         EXPECT_EQ(windows(world), static_cast<std::int32_t>(ids.size())) << "the personal one's has closed";
         return ids;
     }

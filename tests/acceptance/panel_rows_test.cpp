@@ -92,20 +92,14 @@ TEST_F(PanelRows, OfAMailAndItsReplyOpenBothForTheirSubjectAndSender) {
                senders.at(static_cast<std::size_t>(row) - 1) != sender) {
             ++row;
         }
-        const Object displayed = same.desk().get(u"Displayed").to_object();
-        const auto shown_items = [&] { return displayed.get(u"Count").to_integer(); };
-        const std::int32_t before = shown_items();
+        const std::int32_t before = same.displayed();
         panel().select(row);
         panel().double_click();
         EXPECT_TRUE(
-            same.wait_until([&] { return shown_items() >= before + static_cast<std::int32_t>(count); }));
+            same.wait_until([&] { return same.displayed() >= before + static_cast<std::int32_t>(count); }));
         same.settle();
-        Lines ids;
-        for (std::int32_t i = before + 1; i <= shown_items(); ++i) {
-            const Item item(displayed.call(u"Item", {i}).to_object());
-            ids.push_back(shown(item.EntryID()));
-            item.Close(host::outlook::discard_changes);
-        }
+        Lines ids = same.ids_displayed_since(before);
+        for (const Item& item : same.displayed_since(before)) item.Close(host::outlook::discard_changes);
         return ids;
     };
     EXPECT_EQ(opened_by(subject, "Ann Lee", 2), (Lines{mail, reply}));

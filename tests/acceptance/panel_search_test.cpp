@@ -64,18 +64,12 @@ class SearchOfThePanel : public Acceptance {
         panel().select(static_cast<std::int32_t>(row - subjects.begin()) + 1);
         panel().double_click();
     }
-    Object displayed() { return world().desk().get(u"Displayed").to_object(); }
-    std::int32_t count_displayed() { return displayed().get(u"Count").to_integer(); }
-    /// The ids of the items that were shown since a place, once there are so many; they are closed again.
+    /// The ids of the items that were shown since a count, once there are so many; they are closed again.
     Lines take_displayed(std::int32_t before, std::int32_t count) {
-        EXPECT_TRUE(world().wait_until([&] { return count_displayed() >= before + count; }));
+        EXPECT_TRUE(world().wait_until([&] { return world().displayed() >= before + count; }));
         world().settle();
-        Lines ids;
-        for (std::int32_t i = before + 1; i <= count_displayed(); ++i) {
-            const Item item(displayed().call(u"Item", {i}).to_object());
-            ids.push_back(shown(item.EntryID()));
-            item.Close(host::outlook::discard_changes);
-        }
+        Lines ids = world().ids_displayed_since(before);
+        for (const Item& item : world().displayed_since(before)) item.Close(host::outlook::discard_changes);
         return ids;
     }
 
@@ -476,11 +470,7 @@ TEST_F(SearchOfThePanel, OpensTheItemOfARowByADoubleClick) {
     panel().open_new(contact);
     panel().select(2);
     panel().double_click();
-    const Object opened = same.desk().get(u"Displayed").to_object();
-    ASSERT_EQ(opened.get(u"Count").to_integer(), 1);
-    const Item shown_item(opened.call(u"Item", {1}).to_object());
-    EXPECT_EQ(shown_item.EntryID(), note.EntryID());
-    shown_item.Close(host::outlook::discard_changes);
+    EXPECT_EQ(take_displayed(0, 1), Lines{shown(note.EntryID())});
     EXPECT_EQ(count_messages(same), 0);
 }
 
@@ -498,11 +488,7 @@ TEST_F(SearchOfThePanel, ListsMailAndFilesThatTheSystemsIndexKnowsAndOpensThem) 
     EXPECT_TRUE(panel().cell(2, 6).starts_with("/Mailbox")) << panel().cell(2, 6);
     panel().select(2);
     panel().double_click();
-    const Object opened = same.desk().get(u"Displayed").to_object();
-    ASSERT_EQ(opened.get(u"Count").to_integer(), 1);
-    const Item shown_mail(opened.call(u"Item", {1}).to_object());
-    EXPECT_EQ(shown_mail.EntryID(), mail.EntryID());
-    shown_mail.Close(host::outlook::discard_changes);
+    EXPECT_EQ(take_displayed(0, 1), Lines{shown(mail.EntryID())});
     panel().select(3);
     panel().double_click();
     const auto files = [&] { return texts_of(same, u"Opened"); };
@@ -523,7 +509,7 @@ TEST_F(SearchOfThePanel, OpensFiveMailsOfASubjectAndSenderAndAsksForMore) {
     for (int i = 0; i < unasked; ++i) deliver();
     same.deliver(message({.from = "Zoe <zoe@quill.example>", .subject = subject}));
     panel().open_new(account);
-    std::int32_t shown_before = count_displayed();
+    std::int32_t shown_before = world().displayed();
     open_row(automation::from_utf8(subject));
     EXPECT_EQ(take_displayed(shown_before, unasked), mails);
     EXPECT_EQ(count_messages(same), 0);
@@ -535,7 +521,7 @@ TEST_F(SearchOfThePanel, OpensFiveMailsOfASubjectAndSenderAndAsksForMore) {
         SCOPED_TRACE(button);
         const Lines& opened = button == yes ? mails : first_five;
         const std::int32_t before = count_messages(same);
-        shown_before = count_displayed();
+        shown_before = world().displayed();
         answer(u"There are 6 items", button);
         open_row(automation::from_utf8(subject));
         EXPECT_EQ(take_displayed(shown_before, static_cast<std::int32_t>(opened.size())), opened);
@@ -570,7 +556,7 @@ TEST_F(SearchOfThePanel, OpensNothingOfWhatCannotBeFoundAgain) {
     open_row(u"Offer to North Mill Ltd");
     EXPECT_TRUE(same.wait_until([&] { return count_messages(same) > 0; }));
     expect_message(0, u"Item is not in a default folder. Please navigate to the folder to open the item", 0);
-    EXPECT_EQ(count_displayed(), 0);
+    EXPECT_EQ(world().displayed(), 0);
     EXPECT_EQ(texts_of(same, u"Opened"), Lines{});
 }
 

@@ -110,20 +110,6 @@ void SideView::answer(TextView question, std::int32_t button) {
     world().desk().call(u"Answer", {u"Tarnwell", Value(question), button});
 }
 
-std::int32_t SideView::displayed() {
-    return world().desk().get(u"Displayed").to_object().get(u"Count").to_integer();
-}
-
-Lines SideView::displayed_since(std::int32_t before) {
-    const Object all = world().desk().get(u"Displayed").to_object();
-    Lines ids;
-    const std::int32_t count = all.get(u"Count").to_integer();
-    for (std::int32_t i = before + 1; i <= count; ++i) {
-        ids.push_back(shown(Item(all.call(u"Item", {i}).to_object()).EntryID()));
-    }
-    return ids;
-}
-
 Lines SideView::programs(std::int32_t at_least) {
     const Object all = world().desk().get(u"Programs").to_object();
     world().wait_until([&] { return all.get(u"Count").to_integer() >= at_least; });

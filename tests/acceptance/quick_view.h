@@ -50,10 +50,6 @@ class SideView : public Filing {
 
     void answer(automation::TextView question, std::int32_t button);
 
-    /// The ids of the items that were shown since a place.
-    std::int32_t displayed();
-    Lines displayed_since(std::int32_t before);
-
     /// Every program that was started, as "command line in folder", once there are so many: each notes its
     /// start itself.
     Lines programs(std::int32_t at_least = 0);

@@ -24,20 +24,13 @@ class QuickViewAdding : public SideView {
     /// Presses the button with an entry chosen, or none.
     void add(TextView entry) {
         if (entry != TextView(u"Choose Folder")) view().choose_folder(entry);
-        before_ = displayed();
+        before_ = world().displayed();
         view().click(u"cmdAdd");
         EXPECT_TRUE(world().wait_for_handlers());
     }
 
     /// What the button has shown, in order; each is no longer shown afterwards.
-    std::vector<Item> added() {
-        const Object all = world().desk().get(u"Displayed").to_object();
-        std::vector<Item> items;
-        for (std::int32_t i = before_ + 1; i <= displayed(); ++i) {
-            items.emplace_back(all.call(u"Item", {i}).to_object());
-        }
-        return items;
-    }
+    std::vector<Item> added() { return world().displayed_since(before_); }
 
     /// All of an item that tests compare: its class, what `told_note` tells, its body and what is attached.
     static Lines told(const Item& item) {
@@ -307,11 +300,11 @@ TEST_F(QuickViewDropping, FilesTheSelectedMailForTheRow) {
         const Item first = world.deliver(message({.subject = "Delivery dates"}));
         const Item second = world.deliver(message({.subject = "Another"}));
         world.desk().call(u"Select", {Value(first), Value(second)});
-        const std::int32_t before = displayed();
+        const std::int32_t before = world.displayed();
         view().drop(1);
         EXPECT_TRUE(is_marked_by_user(first));
         EXPECT_FALSE(is_marked_by_user(second)) << "one drop, one filing";
-        EXPECT_EQ(displayed(), before) << "it is posted without being shown";
+        EXPECT_EQ(world.displayed(), before) << "it is posted without being shown";
         EXPECT_EQ(view().selected(), 1);
         EXPECT_EQ(count_messages(world), 0);
         Item made;

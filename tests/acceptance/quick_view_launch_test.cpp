@@ -65,7 +65,7 @@ class QuickViewLaunch : public SideView {
 
 TEST_F(QuickViewLaunch, ShowsTheContactOfTheSelectedMail) {
     World& world = viewing();
-    const std::int32_t before = displayed();
+    const std::int32_t before = world.displayed();
     const Item mail = show_ann();
     const QuickView window = view();
     EXPECT_EQ(window.told(), (Lines{"Contactname: Ann Lee", "CompanyName: North Mill Ltd", "Phone: 111",
@@ -84,7 +84,7 @@ TEST_F(QuickViewLaunch, ShowsTheContactOfTheSelectedMail) {
     EXPECT_EQ(statuses(world), Lines{"Searching for Ann Lee"});
     expect_status_window_gone();
     EXPECT_EQ(count_messages(world), 0);
-    EXPECT_EQ(displayed(), before);
+    EXPECT_EQ(world.displayed(), before);
     expect_left_alone(world, mail);
 }
 
@@ -267,16 +267,16 @@ TEST_F(QuickViewLaunch, OpensALeadAndStaysClosed) {
     World& world = viewing();
     add_contact(world);
     const Item lead = add_lead(world);
-    const std::int32_t before = displayed();
+    const std::int32_t before = world.displayed();
     const Item mail = world.deliver(message());
     select(mail);
-    EXPECT_EQ(displayed_since(before), Lines{shown(lead.EntryID())});
+    EXPECT_EQ(world.ids_displayed_since(before), Lines{shown(lead.EntryID())});
     EXPECT_FALSE(view().is_open());
     EXPECT_EQ(programs(), Lines{});
     expect_status_window_gone();
     call(u"ShowTarnwell");
     EXPECT_TRUE(view().is_open()) << "which doesn't look for leads";
-    EXPECT_EQ(displayed_since(before).size(), 1U);
+    EXPECT_EQ(world.ids_displayed_since(before).size(), 1U);
 
     const host::outlook::Folders beside = host::outlook::Folder(world.account_profiles().Parent()).Folders();
     beside.Item(u"Leads").put(u"Name", u"Former Leads");
@@ -349,9 +349,9 @@ TEST_F(QuickViewLaunch, ByTheOtherOperationLeavesAStrangerToTheButtonsWay) {
                                              .fields = {{u"Email1Address", u"ann.lee@northmill.example.org"},
                                                         {u"Email2Address", u"x@x.example"},
                                                         {u"Email3Address", u"x@x.example"}}});
-    const std::int32_t before = displayed();
+    const std::int32_t before = world.displayed();
     call(u"ShowTarnwell");
-    EXPECT_EQ(displayed_since(before), Lines{shown(contact.EntryID())});
+    EXPECT_EQ(world.ids_displayed_since(before), Lines{shown(contact.EntryID())});
     EXPECT_FALSE(view().is_open());
     expect_status_window_gone();
 }
@@ -429,7 +429,7 @@ TEST_F(QuickViewLaunch, MakesAContactAndANoteOfAStranger) {
     for (const Case& one : cases) {
         SCOPED_TRACE(one.address);
         World& world = again();
-        const std::int32_t boxes = count_messages(world), before = displayed();
+        const std::int32_t boxes = count_messages(world), before = world.displayed();
         answer(create_question, yes);
         answer(account_question, no);
         const Item mail = world.deliver(message({.from = one.from, .more = one.more}));
@@ -440,7 +440,7 @@ TEST_F(QuickViewLaunch, MakesAContactAndANoteOfAStranger) {
                          shown(account_question)}));
         const Item contact = only_item(world, u"Account Contacts");
         ASSERT_TRUE(contact);
-        EXPECT_EQ(displayed_since(before), Lines{shown(contact.EntryID())});
+        EXPECT_EQ(world.ids_displayed_since(before), Lines{shown(contact.EntryID())});
         const std::pair<TextView, const char*> fields[] = {
             {u"FullName", "Bo Ray"},    {u"Subject", "Bo Ray"},          {u"CompanyName", one.company},
             {u"WebPage", one.web_page}, {u"Email1Address", one.address}, {u"BusinessTelephoneNumber", ""}};

@@ -234,13 +234,13 @@ TEST_F(QuickViewWindow, OpensWhatItsLinksAndRowsStandFor) {
     const Item contact = only_item(world, u"Account Contacts");
     const Item note = add_record(world, u"Notes", u"IPM.Post.Note", u"A call", keys_of_ann);
     const QuickView window = view();
-    const std::int32_t before = displayed();
+    const std::int32_t before = world.displayed();
     window.click(u"CompanyName");
     window.click(u"Contactname");
     window.choose_folder(u"Notes");
     window.select(1);
     window.double_click();
-    EXPECT_EQ(displayed_since(before),
+    EXPECT_EQ(world.ids_displayed_since(before),
               (Lines{shown(account.EntryID()), shown(contact.EntryID()), shown(note.EntryID())}));
     EXPECT_EQ(count_in(world, u"Email"), 0) << "a double click never files";
 
@@ -254,7 +254,7 @@ TEST_F(QuickViewWindow, OpensWhatItsLinksAndRowsStandFor) {
     window.click(u"CompanyName");
     window.click(u"Contactname");
     window.double_click();
-    EXPECT_EQ(displayed_since(before).size(), 3U) << "what isn't found isn't opened";
+    EXPECT_EQ(world.ids_displayed_since(before).size(), 3U) << "what isn't found isn't opened";
     EXPECT_EQ(count_messages(world), 0);
 }
 

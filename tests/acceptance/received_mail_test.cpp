@@ -201,7 +201,7 @@ TEST_F(ReceivedMail, IsFiledWithoutAWord) {
     const automation::Object desk = world.desk();
     EXPECT_EQ(desk.get(u"Messages").to_object().get(u"Count").to_integer(), 0);
     EXPECT_EQ(desk.get(u"Statuses").to_object().get(u"Count").to_integer(), 0);
-    EXPECT_EQ(desk.get(u"Displayed").to_object().get(u"Count").to_integer(), 0);
+    EXPECT_EQ(world.displayed(), 0);
 }
 
 TEST_F(ReceivedMail, ChangesNothingOfTheMailButItsMark) {

@@ -23,12 +23,7 @@ class SearchPanelWindow : public Acceptance {
         if (!panel_) panel_ = std::make_unique<SearchPanel>(world());
         return *panel_;
     }
-    std::int32_t displayed() {
-        return world().desk().get(u"Displayed").to_object().get(u"Count").to_integer();
-    }
-    Item last_displayed() {
-        return Item(world().desk().get(u"Displayed").to_object().call(u"Item", {displayed()}).to_object());
-    }
+    Item last_displayed() { return world().displayed_since(0).back(); }
     void close_displayed() { last_displayed().Close(host::outlook::discard_changes); }
 
   private:
@@ -57,7 +52,7 @@ TEST_F(SearchPanelWindow, OpenedOnNothingShowsItsTargetsAndSearchesNothing) {
     panel().click(u"CompanyName");
     panel().click(u"Contactname");
     panel().double_click();
-    EXPECT_EQ(displayed(), 0);
+    EXPECT_EQ(world().displayed(), 0);
     EXPECT_EQ(count_messages(world()), 0);
     // closed, it is gone; the next one reads the file anew
     panel().close();
@@ -105,18 +100,18 @@ TEST_F(SearchPanelWindow, OfAnItemShowsItsRecordAndOpensItByTheLinks) {
     EXPECT_EQ(panel().ids(), "A-100|C-200");
     EXPECT_EQ(panel().text(u"SearchMe"), "Contacts");
     panel().click(u"CompanyName");
-    ASSERT_EQ(displayed(), 1);
+    ASSERT_EQ(world().displayed(), 1);
     EXPECT_EQ(last_displayed().EntryID(), account.EntryID());
     close_displayed();
     panel().click(u"Contactname");
-    ASSERT_EQ(displayed(), 2);
+    ASSERT_EQ(world().displayed(), 2);
     EXPECT_EQ(last_displayed().EntryID(), contact.EntryID());
     close_displayed();
     panel().open_new(account);
     EXPECT_EQ(panel().header(), "|North Mill Ltd|555 100|555 101|1 Mill Lane|York|NY|12345");
     EXPECT_EQ(panel().ids(), "A-100|");
     panel().click(u"Contactname");
-    EXPECT_EQ(displayed(), 2) << "an empty key opens nothing";
+    EXPECT_EQ(world().displayed(), 2) << "an empty key opens nothing";
     EXPECT_EQ(count_messages(world()), 0);
 }
 

@@ -98,6 +98,24 @@ void World::fail(TextView member, std::int32_t after, std::int32_t times) {
     desk().call(u"Fail", {Value(member), after, times});
 }
 
+std::int32_t World::displayed() { return desk().get(u"Displayed").to_object().get(u"Count").to_integer(); }
+
+std::vector<host::outlook::Item> World::displayed_since(std::int32_t before) {
+    const Object all = desk().get(u"Displayed").to_object();
+    const std::int32_t count = all.get(u"Count").to_integer();
+    std::vector<host::outlook::Item> items;
+    for (std::int32_t i = before + 1; i <= count; ++i) items.emplace_back(all.call(u"Item", {i}).to_object());
+    return items;
+}
+
+Lines World::ids_displayed_since(std::int32_t before) {
+    Lines ids;
+    for (const host::outlook::Item& item : displayed_since(before)) {
+        ids.push_back(automation::to_utf8(item.EntryID()));
+    }
+    return ids;
+}
+
 void World::settle() {
     constexpr std::int32_t moment = 50;  // milliseconds
     desk().call(u"Pump", {moment});

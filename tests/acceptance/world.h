@@ -97,6 +97,12 @@ class World {
     /// Makes the calls of a member fail: the next one, or `times` calls after as many as `after` more.
     void fail(automation::TextView member, std::int32_t after = 0, std::int32_t times = 1);
 
+    /// How many items have been shown in windows of their own so far; those that have come since a count; and
+    /// their ids.
+    std::int32_t displayed();
+    std::vector<host::outlook::Item> displayed_since(std::int32_t before);
+    Lines ids_displayed_since(std::int32_t before);
+
     /// Lets waiting events come, until the condition holds or a generous time has passed.
     bool wait_until(const std::function<bool()>& condition);
     /// Lets the events come that wait.
