@@ -1,4 +1,4 @@
-// The world fails a test whose desk has died, or in whose desk something went wrong that no call told of.
+// The world fails a test whose desk has died.
 #include <gtest/gtest-spi.h>
 
 #include "automation/com/platform.h"
@@ -22,24 +22,6 @@ TEST(WorldsEnd, FailsATestWhoseDeskIsGone) {
     std::unique_ptr<acceptance::World> world = acceptance::make_world({});
     kill_desk();
     EXPECT_NONFATAL_FAILURE(world.reset(), "The desk is gone");
-}
-
-/// Tells a window of the add-in to take a place that can't be read: the system passes over the crash, since
-/// the message comes from another thread.
-void crash_window(const wchar_t* caption) {
-    const HWND window = FindWindowW(nullptr, caption);
-    ASSERT_TRUE(window);
-    constexpr LPARAM no_place = 8;
-    constexpr WORD sharp = 192;
-    SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(sharp, sharp), no_place);
-}
-
-TEST(WorldsEnd, FailsATestInWhoseDeskACrashWasPassedOver) {
-    std::unique_ptr<acceptance::World> world = acceptance::make_world({});
-    world->connect().call(u"PowerPanel");
-    crash_window(L"Tarnwell Search Panel");
-    world->settle();
-    EXPECT_NONFATAL_FAILURE(world.reset(), "mistakes of the program");
 }
 
 }  // namespace
