@@ -51,6 +51,17 @@ class Wrapper : public Sibling<T> {
         return ids;
     }
 
+    // the events are those of what is wrapped
+    bool has_events(const automation::Guid& interface_id) override {
+        return inner_ && inner_.target()->has_events(interface_id);
+    }
+    std::int32_t subscribe(const automation::Guid& interface_id, const automation::Object& sink) override {
+        return inner().subscribe(interface_id, sink);
+    }
+    void unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) override {
+        inner().unsubscribe(interface_id, cookie);
+    }
+
   protected:
     automation::Value ask_elsewhere(automation::Request& request) override {
         request.kind = nullptr;  // ids that the caller keeps for wrappers say nothing about what is wrapped

@@ -50,6 +50,9 @@ class Boundary::Across : public automation::Invocable {
                                                   std::span<const automation::Text> parameters) override {
         return inner_.identify(member, parameters);
     }
+    bool has_events(const automation::Guid& interface_id) override {
+        return inner_.target()->has_events(interface_id);
+    }
     std::int32_t subscribe(const automation::Guid& interface_id, const Object& sink) override;
     void unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) override;
 

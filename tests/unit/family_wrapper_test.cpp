@@ -252,6 +252,32 @@ TEST_F(BoundSafeMailTest, MembersThatTheSettingListsFail) {
     EXPECT_EQ(failure_of([&] { safe.get(u"To"); }), 0);
 }
 
+/// Raises the events of one interface, and notes who subscribed.
+class Raising : public Fake {
+  public:
+    static constexpr automation::Guid events = automation::guid("{8A4C1E52-6F0B-4D7A-9E35-1B2C3D4E5F60}");
+    std::vector<std::string> told;
+
+    bool has_events(const automation::Guid& interface_id) override { return interface_id == events; }
+    std::int32_t subscribe(const automation::Guid&, const Object& sink) override {
+        told.push_back("subscribed " + automation::to_utf8(sink.get(u"Name").to_text()));
+        return 7;
+    }
+    void unsubscribe(const automation::Guid&, std::int32_t cookie) override {
+        told.push_back("left " + std::to_string(cookie));
+    }
+};
+
+TEST_F(SafeMailTest, HasTheEventsOfTheItem) {
+    EXPECT_FALSE(safe.target()->has_events(Raising::events)) << "nothing is wrapped yet";
+    const auto raising = std::make_shared<Raising>();
+    safe.put(u"Item", Object(raising));
+    EXPECT_TRUE(safe.target()->has_events(Raising::events));
+    safe.unsubscribe(Raising::events,
+                     safe.subscribe(Raising::events, Object(fake({{u"Name", u"Listener"}}))));
+    EXPECT_THAT(raising->told, ElementsAre("subscribed Listener", "left 7"));
+}
+
 class SafeItem : public testing::TestWithParam<TextView> {};
 
 TEST_P(SafeItem, WrapsFieldsAndPassesTheRestOn) {

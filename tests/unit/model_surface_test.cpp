@@ -138,6 +138,48 @@ TEST_F(Automation, TakesMembersByNameInAnyCaseAndById) {
     EXPECT_FALSE(mail.identify(u"NoSuchMember"));
 }
 
+TEST_F(Automation, TellsTheIdsThatAnObjectOfTheClassHas) {
+    const Text parameters[] = {u"displaymode", u"NoSuchParameter"};
+    const auto ids = inbox().identify(u"GetExplorer", parameters);
+    ASSERT_TRUE(ids);
+    EXPECT_EQ(ids->places, (std::vector<std::int32_t>{0, automation::no_id}));
+    const Item mail = add_mail(u"x"), post = create(item_type::post);
+    EXPECT_TRUE(mail.identify(u"Send"));
+    EXPECT_FALSE(mail.identify(u"Post"));
+    EXPECT_TRUE(post.identify(u"Post"));
+    EXPECT_FALSE(post.identify(u"Send"));
+    EXPECT_TRUE(mail.identify(u"Session")) << "a member that all objects have";
+    desk.call(u"Answer", {u"Title", u"", 6});
+    world.system().message_box(u"text", u"Title", host::box::yes_no_cancel);
+    const Object box = desk.get(u"Messages").to_object().call(u"Item", {1}).to_object();
+    ASSERT_TRUE(box.identify(u"title"));
+    automation::Request by_id{
+        .access = automation::Access::get, .member = {}, .id = box.identify(u"title")->id};
+    EXPECT_EQ(box.invoke(by_id), Value(u"Title"));
+    EXPECT_FALSE(box.identify(u"NoSuchField"));
+}
+
+TEST_F(Automation, TakesSubscriptionsToItsOwnEventsAlone) {
+    const Items items = inbox().Items();
+    EXPECT_TRUE(items.target()->has_events(host::events::items.id));
+    EXPECT_FALSE(items.target()->has_events(host::events::button.id));
+    EXPECT_EQ(failure_of([&] { items.subscribe(host::events::button.id, desk); }), result::no_connection);
+    EXPECT_EQ(failure_of([&] { items.subscribe(host::events::items.id, {}); }), result::invalid_argument);
+    const std::int32_t cookie = items.subscribe(host::events::items.id, desk);
+    EXPECT_EQ(failure_of([&] { items.unsubscribe(host::events::items.id, cookie + 1); }),
+              result::no_connection);
+    EXPECT_EQ(failure_of([&] { items.unsubscribe(host::events::items.id, cookie); }), 0);
+    EXPECT_EQ(failure_of([&] { items.unsubscribe(host::events::items.id, cookie); }), result::no_connection);
+}
+
+TEST_F(Automation, OfADeletedItemTellsIdsAndTakesNoSubscription) {
+    const Item mail = add_mail(u"x");
+    mail.call(u"Delete");
+    EXPECT_TRUE(mail.identify(u"Subject"));
+    constexpr automation::Guid item_events = automation::guid("{0006303A-0000-0000-C000-000000000046}");
+    EXPECT_EQ(failure_of([&] { mail.subscribe(item_events, desk); }), result::object_deleted);
+}
+
 TEST_F(Automation, AnswersTheCommonMembers) {
     const Item mail = add_mail(u"x");
     for (const Object& object : {Object(mail), Object(inbox()), Object(inbox().Items()), Object(session),
