@@ -177,25 +177,27 @@ Value Adapter::invoke(Request& request) {
     return std::move(*answer);
 }
 
-ComPtr<IConnectionPoint> Adapter::connection_point(const automation::Guid& interface_id) {
+HRESULT Adapter::find_connection_point(const automation::Guid& interface_id,
+                                       ComPtr<IConnectionPoint>& point) const {
     const auto container = dispatch_.as<IConnectionPointContainer>(IID_IConnectionPointContainer);
-    ComPtr<IConnectionPoint> point;
-    if (container) container->FindConnectionPoint(to_guid(interface_id), point.put());
-    return point;
+    if (!container) return CONNECT_E_NOCONNECTION;
+    const HRESULT result = container->FindConnectionPoint(to_guid(interface_id), point.put());
+    return SUCCEEDED(result) && !point ? CONNECT_E_NOCONNECTION : result;
 }
 
-ComPtr<IConnectionPoint> Adapter::existing_connection_point(const automation::Guid& interface_id) {
-    ComPtr<IConnectionPoint> point = connection_point(interface_id);
-    if (!point) throw_result(CONNECT_E_NOCONNECTION);
+ComPtr<IConnectionPoint> Adapter::connection_point(const automation::Guid& interface_id) const {
+    ComPtr<IConnectionPoint> point;
+    check(find_connection_point(interface_id, point));
     return point;
 }
 
 bool Adapter::has_events(const automation::Guid& interface_id) {
-    return static_cast<bool>(connection_point(interface_id));
+    ComPtr<IConnectionPoint> point;
+    return SUCCEEDED(find_connection_point(interface_id, point));
 }
 
 std::int32_t Adapter::subscribe(const automation::Guid& interface_id, const automation::Object& sink) {
-    const ComPtr<IConnectionPoint> point = existing_connection_point(interface_id);
+    const ComPtr<IConnectionPoint> point = connection_point(interface_id);
     if (!sink) throw automation::Failure(automation::result::invalid_argument, u"No sink");
     const ComPtr<IDispatch> receiver = EventSink::create(apartment_, sink.target(), interface_id);
     DWORD cookie = 0;
@@ -204,7 +206,7 @@ std::int32_t Adapter::subscribe(const automation::Guid& interface_id, const auto
 }
 
 void Adapter::unsubscribe(const automation::Guid& interface_id, std::int32_t cookie) {
-    check(existing_connection_point(interface_id)->Unadvise(static_cast<DWORD>(cookie)));
+    check(connection_point(interface_id)->Unadvise(static_cast<DWORD>(cookie)));
 }
 
 }  // namespace windows

@@ -25,9 +25,11 @@ class Adapter final : public automation::Invocable {
   private:
     MemberTable& shared_members(const automation::Request& request);
     std::vector<DISPID> ask_ids(const automation::Request& request);
-    ComPtr<IConnectionPoint> connection_point(
-        const automation::Guid& interface_id);  ///< empty if there is none
-    ComPtr<IConnectionPoint> existing_connection_point(const automation::Guid& interface_id);
+    /// Where the object is connected to for the events of an interface; CONNECT_E_NOCONNECTION if it has
+    /// none.
+    HRESULT find_connection_point(const automation::Guid& interface_id,
+                                  ComPtr<IConnectionPoint>& point) const;
+    ComPtr<IConnectionPoint> connection_point(const automation::Guid& interface_id) const;  ///< or throws
 
     std::shared_ptr<Apartment> apartment_;
     ComPtr<IDispatch> dispatch_;
