@@ -28,7 +28,6 @@ using automation::Object;
 using automation::Text;
 using automation::TextView;
 using automation::Value;
-using host::office::CommandBar;
 using host::office::CommandBarControl;
 using host::office::CommandBars;
 namespace default_folder = host::outlook::default_folder;

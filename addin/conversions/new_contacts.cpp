@@ -10,7 +10,6 @@
 
 namespace addin::conversions {
 
-using automation::Text;
 using automation::Value;
 using host::outlook::Item;
 using host::outlook::Selection;

@@ -13,7 +13,6 @@ namespace desk {
 
 using automation::Failure;
 using automation::Text;
-using automation::TextView;
 namespace result = automation::result;
 
 namespace {

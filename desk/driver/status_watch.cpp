@@ -9,7 +9,6 @@
 
 namespace desk {
 
-using automation::Text;
 using windows::window_text;
 
 namespace {

@@ -13,7 +13,6 @@ using automation::Failure;
 using automation::Object;
 using automation::Takes;
 using automation::Text;
-using automation::TextView;
 using automation::Use;
 using automation::Value;
 namespace result = automation::result;

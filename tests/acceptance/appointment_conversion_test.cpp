@@ -8,7 +8,6 @@ namespace acceptance {
 namespace {
 
 using automation::Object;
-using automation::Text;
 using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;

@@ -7,7 +7,6 @@
 namespace acceptance {
 namespace {
 
-using automation::Text;
 using automation::TextView;
 using host::outlook::Folder;
 using host::outlook::Item;

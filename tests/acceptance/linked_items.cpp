@@ -5,7 +5,6 @@
 namespace acceptance {
 
 using automation::Object;
-using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Folder;

@@ -7,7 +7,6 @@ namespace {
 
 using automation::Missing;
 using automation::Object;
-using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;

@@ -4,7 +4,6 @@
 namespace acceptance {
 namespace {
 
-using automation::Text;
 using automation::TextView;
 using host::outlook::Item;
 

@@ -13,7 +13,6 @@
 namespace acceptance {
 namespace {
 
-using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Folder;

@@ -9,7 +9,6 @@
 namespace native {
 
 using automation::Failure;
-using automation::Text;
 using automation::TextView;
 using forms::Events;
 using forms::FormTable;

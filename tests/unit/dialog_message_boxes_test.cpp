@@ -11,7 +11,6 @@ namespace {
 
 using acceptance::Lines;
 using addin::createnote::dlgSend;
-using automation::TextView;
 using native::NativeWorld;
 
 struct OpenedDialog {

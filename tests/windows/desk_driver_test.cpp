@@ -12,7 +12,6 @@
 namespace desk_tests {
 namespace {
 
-using automation::Text;
 using automation::TextView;
 using desk::ControlDriver;
 using desk::WindowDriver;

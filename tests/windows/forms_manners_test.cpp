@@ -10,7 +10,6 @@
 namespace forms_test {
 namespace {
 
-using automation::Text;
 using automation::TextView;
 using forms::ControlKind;
 using forms::ControlRow;
