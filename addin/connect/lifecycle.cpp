@@ -48,6 +48,22 @@ Object object_of(std::span<Value> arguments) {
 
 host::outlook::Item item_of(std::span<Value> arguments) { return host::outlook::Item(object_of(arguments)); }
 
+/// Files a mail while it is sent, if that is wanted.
+void file_sent_mail(Session& session, const Presence& here, const host::outlook::Item& item) {
+    const Steps steps(session);
+    if (steps.certainly(Reason::sent_filing_off, [&] {
+            return Settings(session).option(setting::auto_file_sent_emails) != option_on;
+        })) {
+        return;
+    }
+    steps.run([&] { session.SearchForm.show(); });
+    steps.run([&] { session.SearchForm.window()->status(checking_names); });
+    here.give_way();
+    // a mail that was never saved has no id, and the later steps need one
+    if (steps.possibly([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
+    filing::AutomaticCreateNoteSend(session, item);
+}
+
 void delete_control(const automation::Sink& button) { CommandBarControl(button.source()).Delete(); }
 
 }  // namespace
@@ -235,16 +251,12 @@ void Connect::goExplorer_Close() {
 
 void Connect::goOutlook_ItemSend(const host::outlook::Item& item) {
     const Steps steps(session());
-    if (steps.possibly([&] { return item.MessageClass() != records::message_class::mail; })) return;
-    const Presence here(session());
-    if (Settings(session()).option(setting::auto_file_sent_emails) == option_on) {
-        steps.run([&] { session().SearchForm.show(); });
-        steps.run([&] { session().SearchForm.window()->status(checking_names); });
-        here.give_way();
-        // a mail that was never saved has no id, and the later steps need one
-        if (steps.possibly([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
-        filing::AutomaticCreateNoteSend(session(), item);
+    if (steps.possibly(Reason::other_class,
+                       [&] { return item.MessageClass() != records::message_class::mail; })) {
+        return;
     }
+    const Presence here(session());
+    file_sent_mail(session(), here, item);
     commands::goInspector_Close(rooms_.commands, *this);  // sending ends the window's use
 }
 

@@ -86,10 +86,12 @@ Text contact_filter(const FilterTerms& terms, bool internet, Addresses addresses
     return filter;
 }
 
-bool is_shut(const Session& session, const VariantRow& row, std::initializer_list<Text> types) {
-    if (!row.gated) return false;
-    return Settings(session).option(setting::save_exchange_email) != option_on ||
-           std::ranges::find(types, type_exchange) == types.end();
+Reason why_shut(const Session& session, const VariantRow& row, std::initializer_list<Text> types) {
+    if (!row.gated) return Reason::none;
+    const bool on = Settings(session).option(setting::save_exchange_email) == option_on;
+    // what no option would let pass is told first
+    if (std::ranges::find(types, type_exchange) == types.end()) return Reason::other_address_type;
+    return on ? Reason::none : Reason::directory_filing_off;
 }
 
 std::optional<ReadSender> read_sender(const Session& session, const VariantRow& row,
@@ -100,12 +102,16 @@ std::optional<ReadSender> read_sender(const Session& session, const VariantRow& 
     Addresses& addresses = read.addresses;
     steps.set(addresses.native, [&] { return mail.Fields(tag::sender_address); });
     between_reads();
-    if (row.empty_address_stops && addresses.native.empty()) return std::nullopt;
+    if (steps.certainly(Reason::no_sender_address,
+                        [&] { return row.empty_address_stops && addresses.native.empty(); })) {
+        return std::nullopt;
+    }
     Text type;
     steps.set(type, [&] { return automation::upper(mail.Fields(tag::sender_address_type)); });
     const bool internet = type == type_smtp;
     if (!internet) {
-        if (is_shut(session, row, {type})) return std::nullopt;
+        if (steps.certainly({Reason::none, addresses.native}, [&] { return why_shut(session, row, {type}); }))
+            return std::nullopt;
         host::family::SafeAddressEntry entry;
         steps.set(entry, [&] { return mail.sender(); });
         steps.set(addresses.smtp, [&] { return automation::trimmed(entry.Fields(tag::smtp_address)); });
@@ -125,7 +131,7 @@ std::optional<ReadSender> read_sender(const Session& session, const VariantRow& 
 bool stops_without_to_line(const Session& session, const VariantRow& row,
                            const host::family::SafeMailItem& mail, const Addresses& addresses) {
     const Steps steps(session);
-    return steps.possibly([&] {
+    return steps.possibly(Reason::no_to_line, [&] {
         return mail.To().empty() &&
                (!row.native_serves_without_to_line || automation::trimmed(addresses.native).empty());
     });
@@ -139,6 +145,7 @@ std::optional<Sender> resolve_sender(Session& session, const VariantRow& row,
     steps.run([&] { sender.mail.Item(mail); });
     const std::optional<ReadSender> read = read_sender(session, row, sender.mail);
     if (!read || stops_without_to_line(session, row, sender.mail, read->addresses)) return std::nullopt;
+    sender.address = read->address;
     sender.filter = read->filter;
     return sender;
 }

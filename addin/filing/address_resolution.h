@@ -70,8 +70,9 @@ struct ReadSender {
     automation::Text filter;
 };
 
-/// Whether addresses of these types are not to be looked up: the option is off, or none is of the directory.
-bool is_shut(const Session& session, const VariantRow& row, std::initializer_list<automation::Text> types);
+/// Why addresses of these types are not to be looked up: the option is off, or none is of the directory. None
+/// if they are.
+Reason why_shut(const Session& session, const VariantRow& row, std::initializer_list<automation::Text> types);
 
 /// Reads the sender of a wrapped mail and builds the filter; nothing if the path stops on the way.
 /// `between_reads` runs after each read of an address.
@@ -86,6 +87,7 @@ bool stops_without_to_line(const Session& session, const VariantRow& row,
 /// A sender who can be searched for.
 struct Sender {
     host::family::SafeMailItem mail;  ///< the one that the addresses were read through
+    automation::Text address;
     automation::Text filter;
 };
 

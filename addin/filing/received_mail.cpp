@@ -16,28 +16,37 @@ void goInbox_ItemChange(Session& session, const host::outlook::Item& item) {
     if (steps.certainly([&] {
             const bool is_mail = item.MessageClass() == records::message_class::mail;
             const bool is_read = !item.UnRead();
-            return !is_mail || !is_read;
+            if (!is_mail) return Reason::other_class;
+            return is_read ? Reason::none : Reason::unread;
         })) {
         return;
     }
     here.give_way();
-    if (steps.possibly([&] {
+    if (steps.certainly([&] {
             const bool unmarked = item.BillingInformation() != records::auto_filed;
             const bool open_to_all = item.Sensitivity() == host::outlook::sensitivity_normal;
-            return unmarked && open_to_all;
+            if (!unmarked) return Reason::filed_already;
+            return open_to_all ? Reason::none : Reason::not_for_everybody;
         })) {
-        steps.run([&] { AutomaticCreateNote(session, item); });
+        return;
     }
+    steps.run([&] { AutomaticCreateNote(session, item); });
 }
 
 void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
     const Presence here(session);
     const Steps steps(session);
     here.give_way();
-    if (steps.certainly([&] { return item.Sensitivity() != host::outlook::sensitivity_normal; })) return;
+    if (steps.certainly(Reason::not_for_everybody,
+                        [&] { return item.Sensitivity() != host::outlook::sensitivity_normal; })) {
+        return;
+    }
     host::family::MainAddIn main_add_in;
     steps.set(main_add_in, [&] { return records::make_main_add_in(session.desktop); });
-    if (steps.certainly([&] { return main_add_in.getEmailAutoFile() != u"1"; })) return;
+    if (steps.certainly(Reason::received_filing_off,
+                        [&] { return main_add_in.getEmailAutoFile() != u"1"; })) {
+        return;
+    }
 
     const std::optional<Sender> sender = resolve_sender(session, variant_row(Variant::received), item);
     if (!sender) return;
@@ -49,7 +58,7 @@ void AutomaticCreateNote(Session& session, const host::outlook::Item& item) {
     });
     const host::outlook::Folder folder = records::choose_folder(session, account_profiles, path.folder);
     const host::outlook::Item contact = find_contact(session, account_profiles, sender->filter);
-    if (!contact) return;
+    if (steps.certainly({Reason::no_contact, sender->address}, [&] { return !contact; })) return;
 
     here.give_way();
     records::file_note(session, path,

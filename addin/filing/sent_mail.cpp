@@ -60,6 +60,10 @@ class Sending {
 };
 
 void Sending::run() {
+    if (steps_.certainly(Reason::not_for_everybody,
+                         [&] { return mail_.Sensitivity() != host::outlook::sensitivity_normal; })) {
+        return;
+    }
     steps_.set(main_add_in_, [&] { return records::make_main_add_in(session_.desktop); });
     steps_.set(safe_mail_, [&] { return records::make_safe_mail(session_.desktop); });
     steps_.run([&] { safe_mail_.Item(mail_); });
@@ -67,6 +71,7 @@ void Sending::run() {
     steps_.run([&] { safe_mail_.Recipients().ResolveAll(); });
     std::int32_t count = 0;
     steps_.set(count, [&] { return safe_mail_.Recipients().Count(); });
+    if (steps_.certainly(Reason::no_recipients, [&] { return count < 1; })) return;
     for (std::int32_t i = 1; i <= count; ++i) {
         if (file_for(i) == Next::leave) return;
     }
@@ -89,7 +94,7 @@ Sending::Next Sending::file_for(std::int32_t index) {
     status(Text(searching) + name_);
     Item contact;
     if (!filter->empty()) contact = find_contact(session_, account_profiles_, *filter);
-    if (!contact) {
+    if (steps_.certainly({Reason::no_contact, address_}, [&] { return !contact; })) {
         status(Text(searching) + name_ + Text(not_found));
         wait();
         return Next::recipient;
@@ -110,14 +115,17 @@ std::optional<Text> Sending::filter_for(std::int32_t index) {
     steps_.set(entry_, [&] { return safe_mail_.Recipients().Item(index).AddressEntry(); });
     if (steps_.possibly([&] { return automation::upper(entry_.Fields(tag::address_type)) == type_smtp; })) {
         steps_.set(address_, [&] { return safe_mail_.Recipients().Item(index).Address(); });
-        if (variant.empty_address_stops && address_.empty()) return std::nullopt;
+        if (steps_.certainly(Reason::no_recipient_address,
+                             [&] { return variant.empty_address_stops && address_.empty(); })) {
+            return std::nullopt;
+        }
         return contact_filter(variant.terms, true, {.native = address_});
     }
     // the first half of the test looks at the mail's sender, not at the recipient
     if (steps_.certainly([&] {
             const Text sender = automation::upper(safe_mail_.Fields(tag::sender_address_type));
             const Text recipient = automation::upper(entry_.Fields(tag::address_type));
-            return is_shut(session_, variant, {sender, recipient});
+            return why_shut(session_, variant, {sender, recipient});
         })) {
         return std::nullopt;
     }
@@ -143,9 +151,7 @@ void AutomaticCreateNoteSend(Session& session, const Item& item) {
     const Steps steps(session);
     here.give_way();
     if (steps.possibly([&] { return item.EntryID().empty(); })) steps.run([&] { item.Save(); });
-    if (steps.possibly([&] { return item.Sensitivity() == host::outlook::sensitivity_normal; })) {
-        Sending(session, item).run();
-    }
+    Sending(session, item).run();
     steps.run([&] { session.SearchForm.hide(); });
     steps.run([&] { session.SearchForm.unload(); });
 }

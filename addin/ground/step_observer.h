@@ -3,6 +3,7 @@
 
 #include <source_location>
 
+#include "addin/ground/reason.h"
 #include "automation/failure.h"
 
 namespace addin {
@@ -33,8 +34,8 @@ class StepObserver {
     virtual void skipped(const SourcePlace& place, const automation::Failure& failure) noexcept = 0;
 
     /// A test has decided. One that could not be answered comes with the failure; `answer` is what it was
-    /// taken for.
-    virtual void decided(const SourcePlace& place, bool answer,
+    /// taken for. The reason is that of a test which leaves a mail alone if it says yes.
+    virtual void decided(const SourcePlace& place, bool answer, const Why& why,
                          const automation::Failure* unanswered) noexcept = 0;
 };
 

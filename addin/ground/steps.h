@@ -2,6 +2,7 @@
 // it means when it can't be answered.
 #pragma once
 
+#include <type_traits>
 #include <utility>
 
 #include "addin/ground/session.h"
@@ -56,25 +57,45 @@ class Steps {
     /// is the rule.
     template <class Test>
     [[nodiscard]] Answer possibly(Test&& test, const SourcePlace& place = SourcePlace::current()) const {
-        return decide(std::forward<Test>(test), true, place);
+        return decide({}, std::forward<Test>(test), true, place);
     }
 
     /// Whether a test is known to hold. One that can't be answered is taken for not passed.
     template <class Test>
     [[nodiscard]] Answer certainly(Test&& test, const SourcePlace& place = SourcePlace::current()) const {
-        return decide(std::forward<Test>(test), false, place);
+        return decide({}, std::forward<Test>(test), false, place);
+    }
+
+    /// The same of a test that leaves a mail alone if it holds, for the reason given. One that may hold for
+    /// several reasons answers with the reason instead of a yes.
+    template <class Test>
+    [[nodiscard]] Answer possibly(const Why& why, Test&& test,
+                                  const SourcePlace& place = SourcePlace::current()) const {
+        return decide(why, std::forward<Test>(test), true, place);
+    }
+    template <class Test>
+    [[nodiscard]] Answer certainly(const Why& why, Test&& test,
+                                   const SourcePlace& place = SourcePlace::current()) const {
+        return decide(why, std::forward<Test>(test), false, place);
     }
 
   private:
     template <class Test>
-    bool decide(Test&& test, bool otherwise, const SourcePlace& place) const {
+    bool decide(const Why& why, Test&& test, bool otherwise, const SourcePlace& place) const {
         try {
-            const bool answer = std::forward<Test>(test)();
-            if (observer_) observer_->decided(place, answer, nullptr);
-            return answer;
+            const auto found = std::forward<Test>(test)();
+            if constexpr (std::is_same_v<decltype(found), const Reason>) {
+                const bool answer = found != Reason::none;
+                if (observer_) observer_->decided(place, answer, Why(found, why.about), nullptr);
+                return answer;
+            } else {
+                const bool answer = found;
+                if (observer_) observer_->decided(place, answer, why, nullptr);
+                return answer;
+            }
         } catch (const automation::Failure& failure) {
             if (failed_) *failed_ = true;
-            if (observer_) observer_->decided(place, otherwise, &failure);
+            if (observer_) observer_->decided(place, otherwise, why, &failure);
             return otherwise;
         }
     }

@@ -12,6 +12,7 @@
 namespace addin_tests {
 namespace {
 
+using addin::Reason;
 using addin::SourcePlace;
 using addin::Steps;
 using automation::Failure;
@@ -83,9 +84,12 @@ class WatchedSteps : public ::testing::Test {
         void skipped(const SourcePlace& place, const Failure& failure) noexcept override {
             add(place, "skipped", &failure);
         }
-        void decided(const SourcePlace& place, bool answer, const Failure* unanswered) noexcept override {
+        void decided(const SourcePlace& place, bool answer, const addin::Why& why,
+                     const Failure* unanswered) noexcept override {
             add(place, answer ? "yes" : "no", unanswered);
+            reasons.emplace_back(why.reason, automation::to_utf8(why.about));
         }
+        std::vector<std::pair<Reason, std::string>> reasons;  ///< of the tests
         std::vector<std::string> texts;
         std::vector<SourcePlace> places;
 
@@ -133,6 +137,26 @@ TEST_F(WatchedSteps, NameThePlaceOfEachStepInTheRoutine) {
     EXPECT_STREQ(notes_.places[0].function_name(), here.function_name());
     EXPECT_EQ(notes_.places[0].line(), here.line() + 1);
     EXPECT_EQ(notes_.places[1].line(), here.line() + 2);
+}
+
+TEST_F(WatchedSteps, TellTheReasonThatATestBearsOrFinds) {
+    session_.step_observer = &notes_;
+    const Steps steps(session_);
+    const auto found = [&](Reason reason) { return steps.certainly([&] { return reason; }); };
+    EXPECT_TRUE(steps.certainly({Reason::no_contact, u"ann@one.example"}, [] { return true; }));
+    EXPECT_TRUE(found(Reason::unread));
+    EXPECT_TRUE(steps.certainly({Reason::none, u"about"}, [] { return Reason::other_class; }));
+    EXPECT_TRUE(steps.possibly(Reason::no_to_line, is_unanswered));
+    const bool none = found(Reason::none), unknown = steps.certainly(Reason::no_contact, is_unanswered);
+    EXPECT_FALSE(none);
+    EXPECT_FALSE(unknown);
+    EXPECT_EQ(notes_.reasons,
+              (std::vector<std::pair<Reason, std::string>>{{Reason::no_contact, "ann@one.example"},
+                                                           {Reason::unread, ""},
+                                                           {Reason::other_class, "about"},
+                                                           {Reason::no_to_line, ""},
+                                                           {Reason::none, ""},
+                                                           {Reason::no_contact, ""}}));
 }
 
 TEST_F(WatchedSteps, AreThoseOfARoom) {
