@@ -6,9 +6,11 @@
 #include "desk/base/host_event_tables.h"
 #include "desk/base/kept.h"
 #include "desk/outlook/explorers.h"
+#include "desk/outlook/folder_fields.h"
 #include "desk/outlook/item.h"
 #include "desk/outlook/items.h"
 #include "desk/outlook/name_space.h"
+#include "desk/outlook/property_accessor.h"
 
 namespace desk {
 
@@ -149,6 +151,16 @@ const automation::Members<Folder>& Folder::members() {
          [](Folder& self, const Arguments&) {
              self.row();
              return Value(static_cast<std::int32_t>(self.desk().store().unread(self.id())));
+         }},
+        {u"PropertyAccessor", 0xFAFD, Use::get,
+         [](Folder& self, const Arguments&) {
+             self.row();
+             return Value(PropertyAccessor::of_folder(self.desk(), self.id())->self());
+         }},
+        {u"UserDefinedProperties", 0xF816, Use::get,
+         [](Folder& self, const Arguments&) {
+             self.row();
+             return Value(std::make_shared<UserDefinedProperties>(self.desk(), self.id())->self());
          }},
         {u"FolderPath", 0xFA78, Use::get, [](Folder& self, const Arguments&) { return Value(self.path()); }},
         {u"FullFolderPath", 0xFA91, Use::get,

@@ -1,7 +1,10 @@
 #include "desk/outlook/property_accessor.h"
 
+#include <algorithm>
 #include <functional>
 
+#include "desk/base/desk.h"
+#include "desk/outlook/folder.h"
 #include "desk/outlook/recipients.h"
 #include "desk/outlook/user_properties.h"
 
@@ -29,7 +32,33 @@ void write_property(const std::shared_ptr<Item>& item, TextView address, const V
     property.put(u"Value", value);
 }
 
+/// The class of the items that are made in a folder, as 16-bit and as 8-bit text.
+constexpr TextView default_class_addresses[] = {u"http://schemas.microsoft.com/mapi/proptag/0x36E5001F",
+                                                u"http://schemas.microsoft.com/mapi/proptag/0x36E5001E"};
+
+bool is_default_class(TextView address) {
+    return std::ranges::any_of(default_class_addresses, [&](TextView known) {
+        return automation::same_ignoring_case(known, address);
+    });
+}
+
 }  // namespace
+
+std::shared_ptr<PropertyAccessor> PropertyAccessor::of_folder(Desk& desk, RowId folder) {
+    return std::make_shared<PropertyAccessor>(
+        desk, std::make_shared<Folder>(desk, folder)->self(),
+        [&desk, folder](TextView address) -> std::optional<Value> {
+            if (!is_default_class(address)) return std::nullopt;
+            return desk.existing_folder(folder).default_class;
+        },
+        [&desk, folder](TextView address, const Value& value) {
+            if (!is_default_class(address))
+                throw Failure(result::not_found, u"The property \"" + Text(address) + u"\" is unknown.");
+            FolderRow changed = desk.existing_folder(folder);
+            changed.default_class = value.to_text();
+            desk.change_folder(changed);
+        });
+}
 
 std::shared_ptr<PropertyAccessor> PropertyAccessor::of_item(const std::shared_ptr<Item>& item) {
     return std::make_shared<PropertyAccessor>(

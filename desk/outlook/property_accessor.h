@@ -23,6 +23,8 @@ class PropertyAccessor : public ModelObject<PropertyAccessor> {
     static std::shared_ptr<PropertyAccessor> of_item(const std::shared_ptr<Item>& item);
     static std::shared_ptr<PropertyAccessor> of_person(Desk& desk, const Person& person,
                                                        automation::Object owner);
+    /// Of a folder: the class of the items that are made in it is all that there is.
+    static std::shared_ptr<PropertyAccessor> of_folder(Desk& desk, RowId folder);
 
     static const automation::Members<PropertyAccessor>& members();
     std::int32_t number() const override { return object_class::property_accessor; }

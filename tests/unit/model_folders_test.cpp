@@ -116,6 +116,44 @@ TEST_F(Folders, AreCopiedWithWhatTheyHold) {
     EXPECT_EQ(source.Items().Count(), 1);
 }
 
+TEST_F(Folders, BearFieldsForAllTheirItems) {
+    const Folder made(session.Folders().Item(1).Folders().call(u"Add", {u"Records"}).to_object());
+    const Object fields = made.get(u"UserDefinedProperties").to_object();
+    EXPECT_EQ(integer(fields, u"Count"), 0);
+    constexpr std::int32_t text_field = 1, date_field = 5;
+    fields.call(u"Add", {u"AccountID", text_field});
+    const Object date = fields.call(u"Add", {u"Activity Date", date_field}).to_object();
+    EXPECT_EQ(text(date, u"Name"), u"Activity Date");
+    EXPECT_EQ(integer(date, u"Type"), date_field);
+    EXPECT_EQ(text(fields.call(u"Item", {1}).to_object(), u"Name"), u"AccountID");
+    EXPECT_EQ(text(fields.call(u"Find", {u"accountid"}).to_object(), u"Name"), u"AccountID");
+    EXPECT_FALSE(fields.call(u"Find", {u"Team"}).to_object());
+    EXPECT_EQ(failure_of([&] { fields.call(u"Add", {u"AccountID", text_field}); }), result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { fields.call(u"Item", {3}); }), result::bad_index);
+
+    // what an item adds to the folder's fields is one of them, and is then known to filters
+    const Item mail = made.Items().Add(u"IPM.Note");
+    mail.UserProperties().Add(u"Team", text_field, true);
+    EXPECT_EQ(integer(fields, u"Count"), 3);
+    EXPECT_EQ(made.Items().Restrict(u"[AccountID] = '1'").Count(), 0);
+    fields.call(u"Remove", {1});
+    date.call(u"Delete");
+    EXPECT_EQ(integer(fields, u"Count"), 1);
+    EXPECT_EQ(failure_of([&] { text(date, u"Name"); }), result::object_deleted);
+}
+
+TEST_F(Folders, TakeAnotherClassForTheirItemsByItsAddress) {
+    const Folder made(session.Folders().Item(1).Folders().call(u"Add", {u"Records"}).to_object());
+    const Object accessor = made.get(u"PropertyAccessor").to_object();
+    const TextView address = u"http://schemas.microsoft.com/mapi/proptag/0x36E5001F";
+    EXPECT_EQ(accessor.call(u"GetProperty", {Value(address)}).to_text(), u"IPM.Note");
+    accessor.call(u"SetProperty", {Value(address), u"IPM.Post.Note"});
+    EXPECT_EQ(made.DefaultMessageClass(), u"IPM.Post.Note");
+    constexpr TextView unknown = u"http://schemas.microsoft.com/mapi/proptag/0x3001001F";
+    EXPECT_EQ(failure_of([&] { accessor.call(u"GetProperty", {Value(unknown)}); }), result::not_found);
+    EXPECT_EQ(failure_of([&] { accessor.call(u"SetProperty", {Value(unknown), u"?"}); }), result::not_found);
+}
+
 TEST_F(Folders, TellOfChangesBelowThem) {
     const Folder root = session.Folders().Item(1);
     const host::outlook::Folders folders = root.Folders();
