@@ -3,7 +3,7 @@
 
 #include "bench/native/measures.h"
 #include "bench/table.h"
-#include "tests/acceptance/bars.h"
+#include "tests/world/bars.h"
 
 namespace bench {
 namespace {

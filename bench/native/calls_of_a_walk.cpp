@@ -4,7 +4,7 @@
 
 #include "bench/native/measures.h"
 #include "bench/table.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/search_panel.h"
 
 namespace bench {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/world/people.h"
 
 namespace bench {
 

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "desk/setup/desk_settings.h"
-#include "tests/wine/windows_handle.h"
+#include "tests/wine/support/windows_handle.h"
 
 #include <psapi.h>
 

@@ -9,9 +9,9 @@
 #include "bench/wine/desk_process.h"
 #include "bench/wine/measures.h"
 #include "bench/wine/server_work.h"
-#include "tests/acceptance/note_dialog.h"
-#include "tests/acceptance/quick_view.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/note_dialog.h"
+#include "tests/world/quick_view.h"
+#include "tests/world/search_panel.h"
 
 namespace bench {
 namespace {

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "bench/wine/measures.h"
-#include "tests/wine/client.h"
+#include "tests/wine/support/client.h"
 
 namespace {
 

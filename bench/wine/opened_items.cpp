@@ -6,7 +6,7 @@
 
 #include "bench/table.h"
 #include "bench/wine/measures.h"
-#include "tests/acceptance/world.h"
+#include "tests/world/world.h"
 
 namespace bench {
 namespace {

@@ -6,7 +6,7 @@
 #include "bench/table.h"
 #include "bench/wine/desk_process.h"
 #include "bench/wine/measures.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/people.h"
 
 namespace bench {
 namespace {

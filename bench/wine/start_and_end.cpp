@@ -4,7 +4,7 @@
 #include "bench/table.h"
 #include "bench/wine/desk_process.h"
 #include "bench/wine/measures.h"
-#include "tests/acceptance/world.h"
+#include "tests/world/world.h"
 
 namespace bench {
 namespace {

@@ -4,7 +4,7 @@
 #include <set>
 #include <vector>
 
-#include "family/tests/test_key.h"
+#include "family/tests/support/test_key.h"
 #include "family/windows/registry_list.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include "automation/com/apartment.h"
 #include "automation/failure.h"
 #include "family/create.h"
-#include "family/tests/test_key.h"
+#include "family/tests/support/test_key.h"
 #include "family/windows/registry_list.h"
 
 namespace {

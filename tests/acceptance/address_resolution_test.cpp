@@ -1,6 +1,6 @@
 // How a sender's addresses lead to a contact record.
 #include "addin/filing/address_resolution.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

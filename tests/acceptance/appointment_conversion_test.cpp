@@ -1,8 +1,8 @@
 // A personal appointment becomes a linked one: its class is changed behind the host's back, and its window
 // is closed and opened anew.
-#include "tests/acceptance/button_lines.h"
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/button_lines.h"
+#include "tests/world/item_state.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

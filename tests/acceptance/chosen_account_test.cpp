@@ -1,9 +1,9 @@
 // The account that the user chooses for a new contact, on both ways that make one: from the Create Note
 // dialog, and from the button that opens a contact.
-#include "tests/acceptance/account_picker.h"
-#include "tests/acceptance/button_lines.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/account_picker.h"
+#include "tests/world/button_lines.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

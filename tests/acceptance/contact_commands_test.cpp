@@ -1,8 +1,8 @@
 // Which buttons the window of a contact gets, by its class, by what ties it to an account, and by the option
 // that takes the templates away.
-#include "tests/acceptance/button_lines.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/button_lines.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

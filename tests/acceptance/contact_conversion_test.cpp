@@ -1,11 +1,11 @@
 // A personal contact becomes a record: a contact of an account, or a lead.
 #include <span>
 
-#include "tests/acceptance/account_picker.h"
-#include "tests/acceptance/bars.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/account_picker.h"
+#include "tests/world/bars.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/item_state.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

@@ -1,7 +1,7 @@
 // The Create Note dialog as it opens: what it shows of the mail, and what its controls do before a note is
 // made.
-#include "tests/acceptance/note_dialog.h"
-#include "tests/acceptance/outgoing.h"
+#include "tests/world/note_dialog.h"
+#include "tests/world/outgoing.h"
 
 namespace acceptance {
 namespace {

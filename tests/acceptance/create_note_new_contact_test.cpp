@@ -1,6 +1,6 @@
 // The dialog's way for an address that nobody bears: a contact is made of it, and the note for that contact.
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

@@ -1,5 +1,5 @@
 // The states of the Create Note dialog: each one, each way into it, and each way out of it.
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

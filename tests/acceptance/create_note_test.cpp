@@ -1,8 +1,8 @@
 // The note that the dialog makes for an address of the mail: whom it finds, what the note holds, where it
 // lies, and which mail is marked.
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/note_dialog.h"
-#include "tests/acceptance/outgoing.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/note_dialog.h"
+#include "tests/world/outgoing.h"
 
 namespace acceptance {
 namespace {

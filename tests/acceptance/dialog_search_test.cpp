@@ -1,6 +1,6 @@
 // The dialog's search: what it shows of each found item, by the notations of a definition's fields.
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

@@ -1,7 +1,7 @@
 // Finding a database in the profile's stores, and what the user's answer does.
 #include "addin/ground/settings.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/search_panel.h"
 
 namespace acceptance {
 namespace {

@@ -1,7 +1,7 @@
 // The entries that the add-in puts into the menu of the explorer's right click, and what they do.
-#include "tests/acceptance/bars.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/bars.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

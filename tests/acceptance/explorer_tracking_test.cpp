@@ -1,7 +1,7 @@
 // Main windows come and go; the add-in follows them, and goes on as long as its own one is not the end of it.
-#include "tests/acceptance/button_lines.h"
-#include "tests/acceptance/outgoing.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/button_lines.h"
+#include "tests/world/outgoing.h"
+#include "tests/world/search_panel.h"
 
 namespace acceptance {
 namespace {

@@ -1,7 +1,7 @@
 // The texts of searches, and how a found value is shown. Formats are those of a machine with United States
 // settings.
 #include "addin/records/filters.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

@@ -1,6 +1,6 @@
 // Linked appointments and tasks are kept as copies in shared folders: what is replicated, when, and what else
 // stands in the folders afterwards.
-#include "tests/acceptance/linked_items.h"
+#include "tests/world/linked_items.h"
 
 namespace acceptance {
 namespace {

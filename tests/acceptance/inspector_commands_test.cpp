@@ -1,8 +1,8 @@
 // Which bars and buttons the window of an item gets: the whole of its bars for each kind of item, in each
 // state of the bar that the buttons stand on.
-#include "tests/acceptance/button_lines.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/button_lines.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

@@ -1,8 +1,8 @@
 // What opening and closing an item's window does beside its buttons: flags, the window that is remembered as
 // the last one, and what is held.
-#include "tests/acceptance/bars.h"
-#include "tests/acceptance/button_lines.h"
-#include "tests/acceptance/outgoing.h"
+#include "tests/world/bars.h"
+#include "tests/world/button_lines.h"
+#include "tests/world/outgoing.h"
 
 namespace acceptance {
 namespace {

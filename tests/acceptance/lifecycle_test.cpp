@@ -2,9 +2,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/outgoing.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/outgoing.h"
+#include "tests/world/search_panel.h"
 
 namespace acceptance {
 namespace {

@@ -1,6 +1,6 @@
 // Which targets the Create Note dialog offers, and what it knows of the one that is chosen.
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

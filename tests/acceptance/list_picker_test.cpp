@@ -1,7 +1,7 @@
 // The family's picker of accounts, as a person has it before himself who files a mail of somebody unknown.
-#include "tests/acceptance/bars.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/bars.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

@@ -2,9 +2,9 @@
 #include <algorithm>
 
 #include "addin/ground/settings.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/item_state.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

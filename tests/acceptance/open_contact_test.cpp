@@ -1,8 +1,8 @@
 // The button that opens the contact of a mail's sender, or makes one.
-#include "tests/acceptance/button_lines.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/note_dialog.h"
-#include "tests/acceptance/outgoing.h"
+#include "tests/world/button_lines.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/note_dialog.h"
+#include "tests/world/outgoing.h"
 
 namespace acceptance {
 namespace {

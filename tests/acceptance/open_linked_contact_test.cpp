@@ -1,6 +1,6 @@
 // The button of a personal contact that opens the shared record which it is linked with.
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

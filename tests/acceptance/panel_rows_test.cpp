@@ -1,8 +1,8 @@
 // The rows of the Search Panel: what is asked for them, how they are sorted, and which mails open together.
 #include <algorithm>
 
-#include "tests/acceptance/note_dialog.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/note_dialog.h"
+#include "tests/world/search_panel.h"
 
 namespace acceptance {
 namespace {

@@ -1,11 +1,11 @@
 // What the Search Panel's search lists, by the record that it is for.
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/search_panel.h"
 
 #include <algorithm>
 
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/item_state.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

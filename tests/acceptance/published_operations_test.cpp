@@ -1,5 +1,5 @@
 // What the add-in offers to the family's other parts, called from outside.
-#include "tests/acceptance/people.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

@@ -1,8 +1,8 @@
 // New records and filed mail: the button of Quick View, and mail that is dropped on a row of its list.
 #include <algorithm>
 
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/quick_view.h"
+#include "tests/world/item_state.h"
+#include "tests/world/quick_view.h"
 
 namespace acceptance {
 namespace {

@@ -1,8 +1,8 @@
 // From the selected mail to the contact of its sender: when Quick View comes up, for whom, and with what.
 #include "automation/automated.h"
-#include "tests/acceptance/account_picker.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/quick_view.h"
+#include "tests/world/account_picker.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/quick_view.h"
 
 namespace acceptance {
 namespace {

@@ -1,6 +1,6 @@
 // Quick View follows the selection while its option is on, as whatever and by whomever that was stored.
 #include "addin/ground/settings.h"
-#include "tests/acceptance/quick_view.h"
+#include "tests/world/quick_view.h"
 
 namespace acceptance {
 namespace {

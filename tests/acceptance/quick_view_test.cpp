@@ -1,8 +1,8 @@
 // What Quick View does once it is open: its lists, their order, its links, and what goes with it.
 #include <algorithm>
 
-#include "tests/acceptance/quick_view.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/quick_view.h"
+#include "tests/world/search_panel.h"
 
 namespace acceptance {
 namespace {

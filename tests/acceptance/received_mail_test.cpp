@@ -1,6 +1,6 @@
 // A received mail from a known contact becomes a note when it is first read.
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/people.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

@@ -1,6 +1,6 @@
 // Whenever the add-in yields to the host's message loop, the host's next event may come: it is handled there
 // and then, and what waited goes on.
-#include "tests/acceptance/outgoing.h"
+#include "tests/world/outgoing.h"
 
 namespace acceptance {
 namespace {

@@ -1,5 +1,5 @@
 // Replication while events come in any order, in between its steps, and with steps that fail.
-#include "tests/acceptance/linked_items.h"
+#include "tests/world/linked_items.h"
 
 namespace acceptance {
 namespace {

@@ -1,10 +1,10 @@
 // The Search Panel's window: how it comes up, what it shows, how it is arranged and sorted.
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/search_panel.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

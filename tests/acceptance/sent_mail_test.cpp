@@ -1,6 +1,6 @@
 // A mail that goes out leaves a note for each recipient who is a known contact, and goes out whatever
 // happens.
-#include "tests/acceptance/outgoing.h"
+#include "tests/world/outgoing.h"
 
 namespace acceptance {
 namespace {

@@ -1,5 +1,5 @@
 // How the recipients of a mail that goes out lead to contact records, and what happens if a step fails.
-#include "tests/acceptance/outgoing.h"
+#include "tests/world/outgoing.h"
 
 namespace acceptance {
 namespace {

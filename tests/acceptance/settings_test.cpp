@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "tests/acceptance/people.h"
+#include "tests/world/people.h"
 
 namespace acceptance {
 namespace {

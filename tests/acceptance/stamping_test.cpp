@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "addin/records/stamp.h"
-#include "tests/acceptance/notes.h"
+#include "tests/world/notes.h"
 
 namespace acceptance {
 namespace {

@@ -2,9 +2,9 @@
 // to show it.
 #include <chrono>
 
-#include "tests/acceptance/bars.h"
-#include "tests/acceptance/people.h"
-#include "tests/acceptance/search_panel.h"
+#include "tests/world/bars.h"
+#include "tests/world/people.h"
+#include "tests/world/search_panel.h"
 
 namespace acceptance {
 namespace {

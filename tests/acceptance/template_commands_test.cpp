@@ -1,9 +1,9 @@
 // The commands that have to do with templates: three open a list of the family, one makes a template of a
 // mail.
-#include "tests/acceptance/bars.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/bars.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/item_state.h"
+#include "tests/world/note_dialog.h"
 
 namespace acceptance {
 namespace {

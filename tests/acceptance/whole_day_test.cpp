@@ -3,12 +3,12 @@
 #include <array>
 #include <span>
 
-#include "tests/acceptance/bars.h"
-#include "tests/acceptance/host_numbers.h"
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/note_dialog.h"
-#include "tests/acceptance/outgoing.h"
-#include "tests/acceptance/whole_day.h"
+#include "tests/world/bars.h"
+#include "tests/world/host_numbers.h"
+#include "tests/world/item_state.h"
+#include "tests/world/note_dialog.h"
+#include "tests/world/outgoing.h"
+#include "tests/world/whole_day.h"
 
 namespace acceptance {
 namespace {

@@ -1,7 +1,7 @@
 // A world that ends looks back at what went wrong in it.
 #include <gtest/gtest-spi.h>
 
-#include "tests/acceptance/world.h"
+#include "tests/world/world.h"
 
 namespace acceptance {
 namespace {

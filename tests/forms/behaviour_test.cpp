@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "automation/failure.h"
-#include "tests/forms/forms_test.h"
+#include "tests/forms/support/forms_test.h"
 
 namespace forms_test {
 namespace {

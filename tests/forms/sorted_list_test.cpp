@@ -5,7 +5,7 @@
 #include <array>
 
 #include "automation/failure.h"
-#include "tests/forms/forms_test.h"
+#include "tests/forms/support/forms_test.h"
 
 namespace forms_test {
 namespace {

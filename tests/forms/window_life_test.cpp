@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "automation/failure.h"
-#include "tests/forms/forms_test.h"
+#include "tests/forms/support/forms_test.h"
 
 namespace forms_test {
 namespace {

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "addin/connect/load.h"
-#include "tests/acceptance/world.h"
 #include "tests/native/memory_forms.h"
 #include "tests/native/native_desktop.h"
 #include "tests/native/native_surroundings.h"
 #include "tests/native/temporary_folder.h"
+#include "tests/world/world.h"
 
 namespace native {
 

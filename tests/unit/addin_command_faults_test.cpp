@@ -1,9 +1,9 @@
 // The commands and the sending of mail, with their n-th call to the outside failing, for every n.
 #include "addin/ground/settings.h"
 #include "addin/quickview/quick_view.h"
-#include "tests/acceptance/quick_view.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/quick_view.h"
 
 namespace addin_tests {
 namespace {

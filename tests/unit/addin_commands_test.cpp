@@ -8,8 +8,8 @@
 #include "addin/commands/explorer_tracking.h"
 #include "addin/commands/small_windows.h"
 #include "addin/ground/status_windows.h"
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/world/people.h"
 
 namespace addin_tests {
 namespace {

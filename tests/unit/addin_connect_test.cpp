@@ -3,8 +3,8 @@
 
 #include "desk/office/command_bars.h"
 #include "desk/outlook/application.h"
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/world/people.h"
 
 namespace addin_tests {
 namespace {

@@ -6,9 +6,9 @@
 #include <map>
 
 #include "addin/ground/settings.h"
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/people.h"
 
 namespace addin_tests {
 namespace {

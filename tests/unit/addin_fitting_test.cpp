@@ -1,6 +1,6 @@
 // What the fitting of an item's window and the sending of a mail do that can only be seen from inside.
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/world/people.h"
 
 namespace addin_tests {
 namespace {

@@ -5,9 +5,9 @@
 #include <iterator>
 #include <set>
 
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/people.h"
 
 namespace addin_tests {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "addin/connect/connect.h"
 #include "addin/replicas/replicas.h"
-#include "tests/acceptance/linked_items.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/linked_items.h"
 
 namespace addin_tests {
 namespace {

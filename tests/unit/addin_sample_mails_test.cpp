@@ -1,6 +1,6 @@
 // The sample mails in the sample company: which are filed, and under whom.
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/world/people.h"
 
 namespace addin_tests {
 namespace {

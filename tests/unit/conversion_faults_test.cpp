@@ -6,10 +6,10 @@
 #include "addin/conversions/contact_conversion.h"
 #include "addin/ground/settings.h"
 #include "addin/templates/template_commands.h"
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/note_dialog.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/item_state.h"
+#include "tests/world/note_dialog.h"
 
 namespace addin_tests {
 namespace {

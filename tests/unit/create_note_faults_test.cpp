@@ -1,8 +1,8 @@
 // The Create Note dialog where a single call of the host fails.
 #include <algorithm>
 
-#include "tests/acceptance/note_dialog.h"
 #include "tests/native/native_world.h"
+#include "tests/world/note_dialog.h"
 
 namespace addin_tests {
 namespace {

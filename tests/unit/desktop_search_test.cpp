@@ -3,7 +3,7 @@
 
 #include "desk/search/ado.h"
 #include "desk/search/select_query.h"
-#include "tests/unit/model_support.h"
+#include "tests/unit/support/model_support.h"
 
 namespace model_tests {
 namespace {

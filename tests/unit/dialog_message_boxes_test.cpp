@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "addin/createnote/dlg_send.h"
-#include "tests/acceptance/note_dialog.h"
 #include "tests/native/native_world.h"
+#include "tests/world/note_dialog.h"
 
 namespace addin_tests {
 namespace {

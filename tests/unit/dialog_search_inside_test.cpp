@@ -1,7 +1,7 @@
 // A search of the Create Note dialog that is started inside of another one, at each yield of the first.
 #include "addin/createnote/dlg_send.h"
-#include "tests/acceptance/note_dialog.h"
 #include "tests/native/native_world.h"
+#include "tests/world/note_dialog.h"
 
 namespace addin_tests {
 namespace {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "family/create.h"
-#include "family_fakes.h"
+#include "tests/unit/support/family_fakes.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "family_fakes.h"
+#include "tests/unit/support/family_fakes.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <unordered_set>
 
-#include "family_fakes.h"
+#include "tests/unit/support/family_fakes.h"
 
 #ifndef _WIN32
 #include <sys/wait.h>

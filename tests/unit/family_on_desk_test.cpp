@@ -6,9 +6,9 @@
 #include "desk/outlook/item.h"
 #include "desk/surface/surface.h"
 #include "family/create.h"
-#include "family_fakes.h"
-#include "store_support.h"
-#include "tests/idle_surroundings.h"
+#include "tests/support/idle_surroundings.h"
+#include "tests/unit/support/family_fakes.h"
+#include "tests/unit/support/store_support.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "automation/failure.h"
-#include "tests/forms/gallery.h"
+#include "tests/forms/support/gallery.h"
 
 namespace {
 

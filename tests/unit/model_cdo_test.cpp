@@ -1,5 +1,5 @@
 #include "addin/host/cdo.h"
-#include "tests/unit/model_support.h"
+#include "tests/unit/support/model_support.h"
 
 namespace model_tests {
 namespace {

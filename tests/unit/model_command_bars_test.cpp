@@ -1,5 +1,5 @@
 // Command bars as an add-in meets them: the host's own and custom ones, their controls, and what they tell.
-#include "tests/unit/model_support.h"
+#include "tests/unit/support/model_support.h"
 
 namespace model_tests {
 namespace {

@@ -1,6 +1,6 @@
 // An item in words.
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/world/people.h"
 
 namespace model_tests {
 namespace {

@@ -1,6 +1,6 @@
 #include "addin/host/item_classes.h"
 #include "desk/outlook/item_kinds.h"
-#include "tests/unit/model_support.h"
+#include "tests/unit/support/model_support.h"
 
 namespace model_tests {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <csignal>
 
-#include "tests/unit/model_support.h"
+#include "tests/unit/support/model_support.h"
 
 namespace model_tests {
 namespace {

@@ -1,6 +1,6 @@
 // The window part of the desk's surface, on windows in memory: what scripts see of a window, and what they do
 // to it.
-#include "tests/unit/model_support.h"
+#include "tests/unit/support/model_support.h"
 
 namespace model_tests {
 namespace {

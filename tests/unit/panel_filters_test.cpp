@@ -1,8 +1,8 @@
 // The filter texts of the panel's search: each alone, and those that whole searches send.
 #include "addin/searchpanel/panel_filters.h"
 
-#include "tests/acceptance/search_panel.h"
 #include "tests/native/native_world.h"
+#include "tests/world/search_panel.h"
 
 namespace addin_tests {
 namespace {

@@ -6,11 +6,11 @@
 
 #include "addin/searchpanel/show_items.h"
 #include "automation/automated.h"
-#include "tests/acceptance/item_state.h"
-#include "tests/acceptance/note_dialog.h"
-#include "tests/acceptance/search_panel.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/item_state.h"
+#include "tests/world/note_dialog.h"
+#include "tests/world/search_panel.h"
 
 namespace addin_tests {
 namespace {

@@ -6,9 +6,9 @@
 
 #include "addin/ground/status_windows.h"
 #include "addin/searchpanel/show_items.h"
-#include "tests/acceptance/search_panel.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/search_panel.h"
 
 namespace addin_tests {
 namespace {

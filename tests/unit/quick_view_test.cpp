@@ -6,9 +6,9 @@
 #include <random>
 #include <set>
 
-#include "tests/acceptance/quick_view.h"
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/quick_view.h"
 
 namespace addin_tests {
 namespace {

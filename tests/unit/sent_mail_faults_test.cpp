@@ -1,6 +1,6 @@
 // What the filing of a sent mail keeps from one recipient to the next where a call fails.
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/world/people.h"
 
 namespace addin_tests {
 namespace {

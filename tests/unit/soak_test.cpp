@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <fstream>
 
-#include "tests/acceptance/people.h"
 #include "tests/native/native_world.h"
+#include "tests/world/people.h"
 
 namespace addin_tests {
 namespace {

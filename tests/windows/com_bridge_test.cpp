@@ -1,6 +1,6 @@
 // A bridge as a client sees it that keeps to no good manners.
 #include "automation/com/variant.h"
-#include "com_sample.h"
+#include "tests/windows/support/com_sample.h"
 
 namespace windows::testing {
 namespace {

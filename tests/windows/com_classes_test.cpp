@@ -7,7 +7,7 @@
 #include "addin/host/item_classes.h"
 #include "addin/host/outlook.h"
 #include "automation/com/com_object.h"
-#include "com_sample.h"
+#include "tests/windows/support/com_sample.h"
 
 namespace windows::testing {
 namespace {

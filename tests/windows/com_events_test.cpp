@@ -1,6 +1,6 @@
 #include "automation/com/event_sink.h"
-#include "com_sample.h"
-#include "fault_check.h"
+#include "tests/windows/support/com_sample.h"
+#include "tests/windows/support/fault_check.h"
 
 namespace windows::testing {
 namespace {

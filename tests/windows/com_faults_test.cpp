@@ -2,8 +2,8 @@
 
 #include "automation/com/failure.h"
 #include "automation/com/fault_watch.h"
-#include "com_sample.h"
-#include "fault_check.h"
+#include "tests/windows/support/com_sample.h"
+#include "tests/windows/support/fault_check.h"
 
 namespace windows::testing {
 namespace {

@@ -1,6 +1,6 @@
 #include "automation/com/class_factory.h"
 #include "automation/com/variant.h"
-#include "com_sample.h"
+#include "tests/windows/support/com_sample.h"
 
 namespace windows::testing {
 namespace {

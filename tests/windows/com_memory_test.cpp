@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "automation/com/variant.h"
-#include "com_sample.h"
+#include "tests/windows/support/com_sample.h"
 
 extern "C" void WINAPI SetOaNoCache();  // freed texts are kept for reuse otherwise
 

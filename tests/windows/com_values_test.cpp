@@ -2,7 +2,7 @@
 #include <functional>
 
 #include "automation/com/variant.h"
-#include "com_sample.h"
+#include "tests/windows/support/com_sample.h"
 
 namespace windows::testing {
 namespace {

@@ -4,8 +4,8 @@
 #include "desk/driver/dragged.h"
 #include "desk/outlook/item.h"
 #include "forms/windows/drop_target.h"
-#include "tests/windows/desk_windows_fixture.h"
-#include "tests/windows/hand.h"
+#include "tests/windows/support/desk_windows_fixture.h"
+#include "tests/windows/support/hand.h"
 
 namespace desk_tests {
 namespace {

@@ -7,7 +7,7 @@
 #include "desk/driver/window_driver.h"
 #include "desk/windows/main_loop.h"
 #include "forms/windows/drop_target.h"
-#include "tests/windows/desk_sample_window.h"
+#include "tests/windows/support/desk_sample_window.h"
 
 namespace desk_tests {
 namespace {

@@ -4,8 +4,8 @@
 #include "addin/server/desktop/windows_desktop.h"
 #include "automation/events.h"
 #include "desk/outlook/item.h"
-#include "tests/windows/desk_windows_fixture.h"
-#include "tests/windows/hand.h"
+#include "tests/windows/support/desk_windows_fixture.h"
+#include "tests/windows/support/hand.h"
 
 namespace desk_tests {
 namespace {

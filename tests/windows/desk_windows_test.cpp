@@ -1,6 +1,6 @@
 // The desk's own windows: toolbars that follow the command bars, the context menu, mail that is written.
 #include "addin/host/host_events.h"
-#include "tests/windows/desk_windows_fixture.h"
+#include "tests/windows/support/desk_windows_fixture.h"
 
 namespace desk_tests {
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "addin/server/desktop/windows_desktop.h"
-#include "tests/windows/regional_settings.h"
+#include "tests/windows/support/regional_settings.h"
 
 namespace windows::testing {
 namespace {

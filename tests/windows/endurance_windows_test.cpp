@@ -1,6 +1,6 @@
 // Windows of items come and go all day.
 #include "forms/windows/drawing.h"
-#include "tests/windows/desk_windows_fixture.h"
+#include "tests/windows/support/desk_windows_fixture.h"
 
 namespace desk_tests {
 namespace {

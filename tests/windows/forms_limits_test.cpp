@@ -8,9 +8,9 @@
 #include "addin/ground/status_windows.h"
 #include "addin/quickview/quick_view.h"
 #include "addin/searchpanel/show_items.h"
-#include "tests/forms/gallery.h"
-#include "tests/windows/forms_layout.h"
-#include "tests/windows/forms_stage.h"
+#include "tests/forms/support/gallery.h"
+#include "tests/windows/support/forms_layout.h"
+#include "tests/windows/support/forms_stage.h"
 
 namespace forms_test {
 namespace {

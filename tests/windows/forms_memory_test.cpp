@@ -6,9 +6,9 @@
 
 #include "automation/com/fault_watch.h"
 #include "forms/windows/modal_show.h"
-#include "tests/forms/gallery.h"
-#include "tests/windows/fault_check.h"
-#include "tests/windows/forms_stage.h"
+#include "tests/forms/support/gallery.h"
+#include "tests/windows/support/fault_check.h"
+#include "tests/windows/support/forms_stage.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <array>
 
 #include "forms/windows/form_control.h"
-#include "tests/forms/gallery.h"
-#include "tests/windows/forms_stage.h"
+#include "tests/forms/support/gallery.h"
+#include "tests/windows/support/forms_stage.h"
 
 namespace forms_test {
 namespace {

@@ -1,5 +1,5 @@
 #include "automation/com/variant.h"
-#include "server_fixture.h"
+#include "tests/windows/support/server_fixture.h"
 
 namespace windows::testing {
 namespace {

@@ -1,6 +1,6 @@
 #include <set>
 
-#include "server_fixture.h"
+#include "tests/windows/support/server_fixture.h"
 
 namespace windows::testing {
 namespace {

@@ -1,4 +1,4 @@
-#include "server_fixture.h"
+#include "tests/windows/support/server_fixture.h"
 
 namespace windows::testing {
 namespace {

@@ -1,7 +1,7 @@
 // A search that finds many records, in the real window.
 #include "automation/com/platform.h"
 #include "forms/windows/common_controls.h"
-#include "tests/acceptance/note_dialog.h"
+#include "tests/world/note_dialog.h"
 
 namespace wine {
 namespace {

@@ -1,9 +1,9 @@
 // What the dialog's list shows of amounts, dates and shares to users with other regional settings. The host
 // reads them as it starts.
 #include "desk/setup/registry_text.h"
-#include "tests/acceptance/note_dialog.h"
-#include "tests/acceptance/quick_view.h"
-#include "tests/windows/regional_settings.h"
+#include "tests/windows/support/regional_settings.h"
+#include "tests/world/note_dialog.h"
+#include "tests/world/quick_view.h"
 
 namespace wine {
 namespace {

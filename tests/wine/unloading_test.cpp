@@ -7,9 +7,9 @@
 #include <stdexcept>
 
 #include "automation/com/com_ptr.h"
-#include "tests/acceptance/quick_view.h"
-#include "tests/acceptance/search_panel.h"
-#include "tests/wine/windows_handle.h"
+#include "tests/wine/support/windows_handle.h"
+#include "tests/world/quick_view.h"
+#include "tests/world/search_panel.h"
 
 #include <psapi.h>
 

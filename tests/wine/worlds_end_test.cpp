@@ -2,7 +2,7 @@
 #include <gtest/gtest-spi.h>
 
 #include "automation/com/platform.h"
-#include "tests/acceptance/world.h"
+#include "tests/world/world.h"
 
 namespace wine {
 namespace {
