@@ -7,19 +7,9 @@
 #include <span>
 #include <vector>
 
-#include "automation/object.h"
+#include "automation/signature.h"
 
 namespace automation {
-
-/// What a parameter takes. A value of another type is converted, and `result::type_mismatch` says that it
-/// can't be.
-enum class Takes { value, text, integer, boolean, number, date, object };
-
-struct Parameter {
-    TextView name;
-    Takes takes = Takes::value;
-    bool optional = false;
-};
 
 /// The arguments of one call, in the order of the parameters, those left out as `Missing`. The first ones
 /// stand in the caller's own request, so that a change of them is seen there.
@@ -48,14 +38,81 @@ struct MemberFacts {
     std::vector<Parameter> parameters{};
 };
 
+/// A member of a class: its name, its id, how it may be used, the names of its parameters, and its code. What
+/// the parameters take, and which may be left out, the code's signature tells. A property that is also
+/// written has a second code, which takes the value at the end.
 template <class T>
-struct Row : MemberFacts {
-    using Code = Value (*)(T&, const Arguments&);
-    Code code;
+class Row : public MemberFacts {
+    using OldCode = Value (*)(T&, const Arguments&);
 
-    Row(TextView name, std::int32_t id, Use use, Code code) : MemberFacts{name, id, use, {}}, code(code) {}
-    Row(TextView name, std::int32_t id, Use use, std::vector<Parameter> parameters, Code code)
-        : MemberFacts{name, id, use, std::move(parameters)}, code(code) {}
+  public:
+    template <class Run>
+    requires(!std::convertible_to<Run, OldCode>) Row(TextView name, std::int32_t id, Use use, Run run)
+        : Row(name, id, use, std::span<const TextView>(), run) {
+        static_assert(signature::Of<Run>::count == 0, "each parameter of the code needs a name");
+    }
+    template <std::size_t count, class Run>
+    requires(!std::convertible_to<Run, OldCode>)
+        Row(TextView name, std::int32_t id, Use use, const TextView (&parameters)[count], Run run)
+        : Row(name, id, use, std::span<const TextView>(parameters), run) {
+        static_assert(signature::Of<Run>::count == count, "each parameter of the code needs a name");
+    }
+    template <class Get, class Put>
+    requires(!std::same_as<Get, Use>) Row(TextView name, std::int32_t id, Get get, Put put)
+        : Row(name, id, Use::get_put, get) {
+        writes<Get>(put);
+    }
+    template <std::size_t count, class Get, class Put>
+    Row(TextView name, std::int32_t id, const TextView (&parameters)[count], Get get, Put put)
+        : Row(name, id, Use::get_put, parameters, get) {
+        writes<Get>(put);
+    }
+    template <class Get, class Put>
+    Row(TextView name, std::int32_t id, Property<Get, Put> codes) : Row(name, id, codes.get, codes.put) {}
+
+    // rows whose code looks into its arguments by itself
+    Row(TextView name, std::int32_t id, Use use, OldCode code)
+        : Row(name, id, use, std::vector<Parameter>(), code) {}
+    Row(TextView name, std::int32_t id, Use use, std::vector<Parameter> parameters, OldCode code)
+        : MemberFacts{name, id, use, std::move(parameters)},
+          run_{&run_old<Access::call>, reinterpret_cast<AnyCode>(code)},
+          put_{&run_old<Access::put>, reinterpret_cast<AnyCode>(code)} {}
+
+    /// Runs the code with arguments that `arrange` has brought in order.
+    Value run(T& self, Request& request) const {
+        const Code& code = request.access == Access::put ? put_ : run_;
+        return code.run(self, request.arguments, code.code);
+    }
+
+  private:
+    struct Code {
+        Value (*run)(T&, std::span<Value>, AnyCode) = nullptr;
+        AnyCode code = nullptr;
+    };
+
+    template <class Run>
+    static Code code_of(Run run) {
+        return {&signature::Of<Run>::template run<T>, reinterpret_cast<AnyCode>(+run)};
+    }
+
+    template <class Run>
+    Row(TextView name, std::int32_t id, Use use, std::span<const TextView> parameters, Run run)
+        : MemberFacts{name, id, use, signature::parameters(parameters, signature::Of<Run>::told)},
+          run_(code_of(run)) {}
+
+    template <class Get, class Put>
+    void writes(Put put) {
+        static_assert(signature::Of<Put>::count == signature::Of<Get>::count + 1,
+                      "the value comes at the end");
+        put_ = code_of(put);
+    }
+
+    template <Access access>
+    static Value run_old(T& self, std::span<Value> arguments, AnyCode code) {
+        return reinterpret_cast<OldCode>(code)(self, Arguments(arguments, access));
+    }
+
+    Code run_, put_;
 };
 
 /// The members of a class. Rows without an id of the platform get one of their own, from 0x60000 on.
@@ -107,7 +164,7 @@ Value ask_default_member(const Value& answer, std::vector<Value> arguments);
 template <class T>
 Value dispatch(T& self, const Row<T>& row, Request& request) {
     std::vector<Value> rest = arrange(row, request);
-    Value answer = row.code(self, Arguments(request.arguments, request.access));
+    Value answer = row.run(self, request);
     return rest.empty() ? answer : ask_default_member(answer, std::move(rest));
 }
 
