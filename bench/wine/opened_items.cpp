@@ -28,14 +28,14 @@ constexpr Opened opened_items[] = {{"a saved mail", 0, u""},
                                    {"a personal appointment", 1, u""},
                                    {"an account contact", 2, u"IPM.Contact.Account Contact"},
                                    {"a plain task", 3, u""}};
-constexpr std::size_t kinds = std::size(opened_items);
+constexpr std::size_t opened_kinds = std::size(opened_items);
 
 /// The median time of `Display`, in milliseconds, of each kind of item.
-std::array<double, kinds> times_of_display(const acceptance::WorldSetup& setup) {
+std::array<double, opened_kinds> times_of_display(const acceptance::WorldSetup& setup) {
     using Clock = std::chrono::steady_clock;
-    std::array<double, kinds> medians{};
+    std::array<double, opened_kinds> medians{};
     const auto world = acceptance::make_world(setup);
-    for (std::size_t k = 0; k < kinds; ++k) {
+    for (std::size_t k = 0; k < opened_kinds; ++k) {
         const Object item = world->application().call(u"CreateItem", {opened_items[k].type}).to_object();
         if (!opened_items[k].message_class.empty()) {
             item.put(u"MessageClass", Value(opened_items[k].message_class));
@@ -63,7 +63,7 @@ bool opened_items_time() {
     bool right = true;
     Table table("Opening an item, in ms, over " + std::to_string(rounds) + " windows",
                 {"item", "with the add-in", "without", "its handler", "aim", "limit"});
-    for (std::size_t k = 0; k < kinds; ++k) {
+    for (std::size_t k = 0; k < opened_kinds; ++k) {
         const double own = with[k] - without[k];
         table.row({opened_items[k].name, decimal(with[k], 1), decimal(without[k], 1), decimal(own, 1),
                    decimal(aim, 0), decimal(limit, 0)});

@@ -19,71 +19,102 @@ check_format() {
     count_checks "formatting" "$((${#files[@]} - ${#wrong[@]}))" "${#wrong[@]}"
 }
 
-# tidy_units: what there is to look at, as lines of build, folder, file and command: the native build's files, then those that
-# only the Windows build has. Its commands are those of a build that compiles each file by itself.
+# How many files clang-tidy reads at a time: a file takes two seconds for the library's headers and one for itself.
+tidy_batch=8
+
+# tidy_units: what there is to look at: the native build's files, then those that only the Windows build has, those of one
+# target in batches. As lines of build, folder, command and number of files, and of the file that includes them, in
+# build/tidy/units. A command is that of a build that compiles each file by itself, up to its file.
 tidy_units() {
-    local build
+    local build units=$BUILD/tidy/units
     with_progress "configuring for clang-tidy" "$BUILD/logs/configure-tidy.log" \
         cmake --preset x64 -S "$ROOT" -B "$BUILD/tidy/x64" -DCMAKE_UNITY_BUILD=OFF || fail "clang-tidy's build could not be configured"
+    rm -rf "$units"
+    mkdir -p "$units"
     for build in native tidy/x64; do
         cmake -DFILE="$BUILD/$build/compile_commands.json" -DOUTPUT="$BUILD/tidy/commands" -P "$ROOT/packaging/compile-commands.cmake"
         sed "s,^,$build\t," "$BUILD/tidy/commands"
-    done | awk -F '\t' -v root="$ROOT/" '
-        index($3, root) == 1 && $3 ~ /\.cpp$/ && $3 !~ /\/(build|node_modules)\// && !seen[$3]++'
+    done | awk -F '\t' -v OFS='\t' -v root="$ROOT/" -v units="$units" -v batch="$tidy_batch" '
+        index($3, root) != 1 || $3 !~ /\.cpp$/ || $3 ~ /\/(build|node_modules)\// || seen[$3]++ { next }
+        {
+            match($4, / -o [^ ]*\.dir\//)
+            target = $1 substr($4, RSTART, RLENGTH)
+            sub(/ -o [^ ]* -c .*$/, "", $4)
+            if (!(target in open) || members[open[target]] == batch) {
+                unit = open[target] = units "/" ++count ".cpp"
+                what[unit] = $1 OFS $2 OFS $4
+            }
+            unit = open[target]
+            members[unit]++
+            printf "#include \"%s\"\n", $3 > unit
+        }
+        END { for (unit in what) print what[unit], members[unit], unit }'
 }
 
-# tidy_one BUILD FOLDER FILE COMMAND: looks at one file, unless it was found clean before. What it is remembered by is all that
-# decides: the text as the compiler sees it, comments and the library's headers included, its command, the configuration and
-# the tool. Says clean, known or found, and the file.
+# tidy_one BUILD FOLDER COMMAND COUNT UNIT: looks at one batch of files, unless it was found clean before. What it is
+# remembered by is all that decides: the text as the compiler sees it, comments and the library's headers included, its
+# command, the configuration and the tool. Says clean, known or found, the number of files, and the log.
 tidy_one() {
-    local build=$1 folder=$2 file=$3 command=${4#*ccache } extra=() headers hash name=${3#"$ROOT"/}
-    command=${command/ -o * -c / -E -P -C }
+    local build=$1 folder=$2 command=${3#*ccache } count=$4 unit=$5 extra='' headers hash log
+    log=$BUILD/tidy/logs/${unit##*/}
     if ! hash=$(set -o pipefail && {
         printf '%s\n' "$tidy_tool" "${command//"$ROOT"/}"
-        cd "$folder" && bash -c "$command"
-    } 2>"$BUILD/tidy/logs/${name//\//-}" | sha256sum | cut -c 1-64); then
-        printf 'found\t%s\n' "$name" # what can't be read can't be remembered
+        cd "$folder" && bash -c "$command -E -P -C $unit"
+    } 2>"$log" | sha256sum | cut -c 1-64); then
+        printf 'found\t%s\t%s\n' "$count" "$log" # what can't be read can't be remembered
         return
     fi
     if [[ -f $tidy_clean/$hash ]]; then
         touch "$tidy_clean/$hash"
-        printf 'known\t%s\n' "$name"
+        printf 'known\t%s\t%s\n' "$count" "$log"
         return
     fi
     if [[ $build == tidy/x64 ]]; then # Clang needs to be told where MinGW's library is
-        extra=(--extra-arg=--target=x86_64-w64-mingw32)
+        extra=--target=x86_64-w64-mingw32
         for headers in /usr/lib/gcc/x86_64-w64-mingw32/*-posix/include/c++{,/x86_64-w64-mingw32}; do
-            extra+=("--extra-arg=-isystem$headers")
+            extra+=" -isystem $headers"
         done
     fi
-    if (cd "$ROOT" && clang-tidy --quiet -p "$BUILD/$build" "${extra[@]}" "$file") >"$BUILD/tidy/logs/${name//\//-}" 2>&1; then
+    # The files count as headers here, which the analyzer leaves out unless it is told.
+    if (cd "$folder" && bash -c "clang-tidy --quiet $unit -- ${command#* } $extra -Xclang -analyzer-opt-analyze-headers") >"$log" 2>&1; then
         : >"$tidy_clean/$hash"
-        printf 'clean\t%s\n' "$name"
+        printf 'clean\t%s\t%s\n' "$count" "$log"
     else
-        printf 'found\t%s\n' "$name"
+        printf 'found\t%s\t%s\n' "$count" "$log"
     fi
 }
 
 # Clang's checks, for what has changed since it was last found clean, here or in another clone: what is clean is remembered
 # beside the compiler's cache.
 check_tidy() {
-    local all good name log=$BUILD/logs/tidy.log
+    local all good log=$BUILD/logs/tidy.log
     export tidy_clean=${XDG_CACHE_HOME:-$HOME/.cache}/tarnwell/tidy tidy_tool
     tidy_tool=$(clang-tidy --version && cat "$ROOT/.clang-tidy")
+    rm -rf "$BUILD/tidy/logs"
     mkdir -p "$tidy_clean" "$BUILD/tidy/logs"
     find "$tidy_clean" -type f -mtime +30 -delete
-    tidy_units >"$BUILD/tidy/units"
-    all=$(wc -l <"$BUILD/tidy/units")
+    tidy_units | LC_ALL=C sort -t $'\t' -k 4,4nr >"$BUILD/tidy/batches" # the longest first, so that both cores end together
+    all=$(awk -F '\t' '{ all += $4 } END { print all + 0 }' "$BUILD/tidy/batches")
     export BUILD ROOT
     export -f tidy_one
-    with_progress "clang-tidy" "$log" xargs -P "$(nproc)" -d '\n' -n 1 -a "$BUILD/tidy/units" \
-        bash -c 'IFS=$'\''\t'\'' read -r build folder file command <<<"$1" && tidy_one "$build" "$folder" "$file" "$command"' tidy || true
-    good=$(grep -cE $'^(clean|known)\t' "$log" || true)
-    say "clang-tidy: $(grep -c $'^known\t' "$log" || true) of $all files are as they were when they were last found clean"
-    # a header's finding comes once for each file that includes it
-    sed -n $'s/^found\t//p' "$log" | while read -r name; do
-        grep -E '(error|warning):' "$BUILD/tidy/logs/${name//\//-}" || tail -n 5 "$BUILD/tidy/logs/${name//\//-}"
+    with_progress "clang-tidy" "$log" xargs -P "$(nproc)" -d '\n' -n 1 -a "$BUILD/tidy/batches" \
+        bash -c 'IFS=$'\''\t'\'' read -r build folder command count unit <<<"$1" && tidy_one "$build" "$folder" "$command" "$count" "$unit"' tidy || true
+    good=$(awk -F '\t' '$1 != "found" { good += $2 } END { print good + 0 }' "$log")
+    say "clang-tidy: $(awk -F '\t' '$1 == "known" { known += $2 } END { print known + 0 }' "$log") of $all files are as they were when they were last found clean"
+    # a header's finding comes once for each batch that includes it
+    sed -n $'s/^found\t[0-9]*\t//p' "$log" | while read -r log; do
+        grep -E '(error|warning):' "$log" || tail -n 5 "$log"
     done | LC_ALL=C sort -u >&2
     ((all > 0)) || all=1
     count_checks "clang-tidy" "$good" "$((all - good))"
+}
+
+# Names that a file of code brings in and does not use. Read as text, file by file: what clang-tidy has for it looks at no
+# file that another includes.
+check_unused_names() {
+    local files log=$BUILD/logs/unused-names.log
+    mapfile -t files < <(our_sources cpp)
+    (cd "$ROOT" && awk -f "$ROOT/packaging/unused-names.awk" "${files[@]}") >"$log"
+    cat "$log" >&2
+    count_checks "names that are used" "$((${#files[@]} - $(cut -d : -f 1 "$log" | LC_ALL=C sort -u | wc -l)))" "$(cut -d : -f 1 "$log" | LC_ALL=C sort -u | wc -l)"
 }

@@ -255,6 +255,7 @@ test_everything() {
     run_native count_checks sanitized "$BUILD/sanitized"
     say "formatting"
     check_format
+    check_unused_names
     if [[ -n $tidy ]]; then
         say "clang-tidy"
         check_tidy
