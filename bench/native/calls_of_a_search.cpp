@@ -75,8 +75,8 @@ bool calls_of_a_search() {
     bool right = true;
     Table table("A search of the Create Note dialog",
                 {"records", "rows", "calls per row", "KB of memory per row"});
-    static const desk::sample::Database forms =
-        desk::sample::read_database(std::filesystem::path(TARNWELL_DATA_FOLDER) / "empty");
+    static const desk::sample::Data forms =
+        desk::sample::read_data(std::filesystem::path(TARNWELL_DATA_FOLDER) / "empty");
     for (const int count : record_counts) {
         const auto world = filing_world();
         desk::sample::add_contacts(forms, world->model().store(), count);

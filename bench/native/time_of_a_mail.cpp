@@ -20,8 +20,8 @@ constexpr double largest_ratio = 10;
 
 /// Puts contacts into the database of a world whose desk starts anew with them.
 void add_contacts(native::NativeWorld& world, int count) {
-    static const desk::sample::Database forms =
-        desk::sample::read_database(std::filesystem::path(TARNWELL_DATA_FOLDER) / "empty");
+    static const desk::sample::Data forms =
+        desk::sample::read_data(std::filesystem::path(TARNWELL_DATA_FOLDER) / "empty");
     desk::sample::add_contacts(forms, world.model().store(), count);
     world.quit();
     world.start();

@@ -24,7 +24,7 @@ RowId SqliteStore::add_folder(const FolderRow& folder) {
     add_folder_.run(folder.parent, folder.item_type, folder.default_number, write_text(folder.name),
                     write_text(folder.default_class), write_text(folder.description),
                     write_text(folder.store_uid), write_fields(folder.fields));
-    const RowId id = database_.last_id();
+    const RowId id = connection_.last_id();
     step.done();
     return id;
 }

@@ -70,29 +70,29 @@ WHEN old.folder <> new.folder OR old.unread <> new.unread BEGIN
 END;
 )";
 
-std::int64_t read_number(Database& database, const char* sql) {
-    Statement statement(database, sql);
+std::int64_t read_number(SqliteConnection& connection, const char* sql) {
+    Statement statement(connection, sql);
     Statement::Rows rows = statement.rows();
     return rows.next() ? rows.integer(0) : 0;
 }
 
-void make_tables(Database& database) {
+void make_tables(SqliteConnection& connection) {
     const std::string marks = "PRAGMA application_id = " + std::to_string(application_id) +
                               "; PRAGMA user_version = " + std::to_string(schema_version) + ";";
-    database.run("BEGIN IMMEDIATE");
-    database.run(tables);
-    database.run(marks.c_str());
-    database.run("COMMIT");
+    connection.run("BEGIN IMMEDIATE");
+    connection.run(tables);
+    connection.run(marks.c_str());
+    connection.run("COMMIT");
 }
 
 /// Whether a file has less than the pages that it says it has. SQLite itself misses a last page that is cut.
 /// What stands in the log only need not be in the file.
-bool is_cut(Database& database, const std::filesystem::path& file, bool has_log) {
+bool is_cut(SqliteConnection& connection, const std::filesystem::path& file, bool has_log) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file, error);
     if (error || has_log) return false;
-    const std::int64_t pages = read_number(database, "PRAGMA page_count");
-    return static_cast<std::int64_t>(size) < pages * read_number(database, "PRAGMA page_size");
+    const std::int64_t pages = read_number(connection, "PRAGMA page_count");
+    return static_cast<std::int64_t>(size) < pages * read_number(connection, "PRAGMA page_size");
 }
 
 /// The write-ahead log stands beside the file, and goes when the file is closed well.
@@ -103,33 +103,33 @@ bool has_log_beside(std::filesystem::path file) {
 
 }  // namespace
 
-Database open_database(const std::filesystem::path& file) {
+SqliteConnection open_connection(const std::filesystem::path& file) {
     const bool has_log = has_log_beside(file);
-    Database database(file);
-    sqlite3_busy_timeout(database.handle(), busy_milliseconds);
+    SqliteConnection connection(file);
+    sqlite3_busy_timeout(connection.handle(), busy_milliseconds);
     // Before the first access, so that the write-ahead log needs no memory shared between processes.
-    database.run("PRAGMA locking_mode = EXCLUSIVE");
+    connection.run("PRAGMA locking_mode = EXCLUSIVE");
 
     // Another program's file is refused before anything in it is changed.
-    const std::int64_t found = read_number(database, "PRAGMA application_id");
-    const bool empty = found == 0 && read_number(database, "SELECT count(*) FROM sqlite_schema") == 0;
-    if (!empty && found != application_id) database.fail(u"the file is not a database of the desk");
-    if (!empty && read_number(database, "PRAGMA user_version") != schema_version) {
-        database.fail(u"the file was made by another version of the desk");
+    const std::int64_t found = read_number(connection, "PRAGMA application_id");
+    const bool empty = found == 0 && read_number(connection, "SELECT count(*) FROM sqlite_schema") == 0;
+    if (!empty && found != application_id) connection.fail(u"the file is not a database of the desk");
+    if (!empty && read_number(connection, "PRAGMA user_version") != schema_version) {
+        connection.fail(u"the file was made by another version of the desk");
     }
 
-    if (is_cut(database, file, has_log)) database.fail(u"the file is truncated");
+    if (is_cut(connection, file, has_log)) connection.fail(u"the file is truncated");
 
     // With the log a commit is one append. Without a sync for each, the last commits may be lost if the
     // machine dies, never if the process does, and the file stays whole in either case.
-    database.run(
+    connection.run(
         "PRAGMA journal_mode = WAL;"
         "PRAGMA synchronous = NORMAL;"
         "PRAGMA journal_size_limit = 16777216;"
         "PRAGMA cache_size = -1000;"
         "PRAGMA temp_store = MEMORY");
-    if (empty) make_tables(database);
-    return database;
+    if (empty) make_tables(connection);
+    return connection;
 }
 
 }  // namespace desk

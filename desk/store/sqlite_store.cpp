@@ -21,7 +21,7 @@ std::unique_ptr<Store> Store::open_when_free(const std::filesystem::path& file,
     }
 }
 
-SqliteStore::SqliteStore(const std::filesystem::path& file) : database_(open_database(file)) {}
+SqliteStore::SqliteStore(const std::filesystem::path& file) : connection_(open_connection(file)) {}
 
 SqliteStore::Step::Step(SqliteStore& store) : store_(store) {
     if (store.depth_ == 0) {
@@ -43,8 +43,8 @@ void SqliteStore::Step::done() {
 /// Some failures, a full disk for one, make SQLite undo the whole transaction. What comes behind must not be
 /// written then as if it stood alone.
 void SqliteStore::require_transaction() {
-    if (broken_ || !database_.in_transaction()) {
-        database_.fail(u"the transaction was spoilt by an earlier failure");
+    if (broken_ || !connection_.in_transaction()) {
+        connection_.fail(u"the transaction was spoilt by an earlier failure");
     }
 }
 
@@ -81,7 +81,7 @@ void SqliteStore::commit() {
 void SqliteStore::rollback() noexcept {
     --depth_;
     pending_.clear();
-    if (!database_.in_transaction()) return;
+    if (!connection_.in_transaction()) return;
     // The state before the transaction is whole again, unless not even that succeeds.
     broken_ = depth_ == 0 ? !rollback_.try_run() : !(rollback_inner_.try_run() && commit_inner_.try_run());
 }

@@ -3,8 +3,8 @@
 
 #include <set>
 
-#include "desk/store/database.h"
 #include "desk/store/field_index.h"
+#include "desk/store/sqlite_connection.h"
 #include "desk/store/store.h"
 
 namespace desk {
@@ -79,7 +79,7 @@ class SqliteStore final : public Store {
     void add_entries(RowId item, RowId folder, std::int64_t position, const std::set<IndexEntry>& entries);
     void remove_entries(RowId folder, std::int64_t position, const std::set<IndexEntry>& entries);
 
-    Database database_;
+    SqliteConnection connection_;
     int depth_ = 0;        ///< transactions that are open
     bool broken_ = false;  ///< the innermost transaction has something half done and can't be kept
 
@@ -88,63 +88,63 @@ class SqliteStore final : public Store {
     /// index.
     std::vector<PendingEntry> pending_;
 
-    Statement begin_{database_, "BEGIN IMMEDIATE"};
-    Statement commit_{database_, "COMMIT"};
-    Statement rollback_{database_, "ROLLBACK"};
-    Statement begin_inner_{database_, "SAVEPOINT inner"};
-    Statement commit_inner_{database_, "RELEASE inner"};
-    Statement rollback_inner_{database_, "ROLLBACK TO inner"};
+    Statement begin_{connection_, "BEGIN IMMEDIATE"};
+    Statement commit_{connection_, "COMMIT"};
+    Statement rollback_{connection_, "ROLLBACK"};
+    Statement begin_inner_{connection_, "SAVEPOINT inner"};
+    Statement commit_inner_{connection_, "RELEASE inner"};
+    Statement rollback_inner_{connection_, "ROLLBACK TO inner"};
 
     Statement folders_{
-        database_,
+        connection_,
         "SELECT id, parent, item_type, default_number, name, default_class, description, store_uid,"
         " fields FROM folders ORDER BY id"};
     Statement add_folder_{
-        database_,
+        connection_,
         "INSERT INTO folders(parent, item_type, default_number, name, default_class, description,"
         " store_uid, fields) SELECT ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8"
         " WHERE ?1 = 0 OR EXISTS(SELECT 1 FROM folders WHERE id = ?1)"};
-    Statement update_folder_{database_,
+    Statement update_folder_{connection_,
                              "UPDATE folders SET parent = ?1, item_type = ?2, default_number = ?3, name = ?4,"
                              " default_class = ?5, description = ?6, store_uid = ?7, fields = ?8"
                              " WHERE id = ?9"};
-    Statement folders_below_{database_,
+    Statement folders_below_{connection_,
                              "WITH RECURSIVE tree(id) AS (SELECT id FROM folders WHERE id = ?1 UNION"
                              " SELECT folders.id FROM folders JOIN tree ON folders.parent = tree.id)"
                              " SELECT id FROM tree"};
-    Statement remove_folder_{database_, "DELETE FROM folders WHERE id = ?1"};
-    Statement remove_folder_items_{database_, "DELETE FROM items WHERE folder = ?1"};
-    Statement remove_folder_keys_{database_, "DELETE FROM keys WHERE folder = ?1"};
+    Statement remove_folder_{connection_, "DELETE FROM folders WHERE id = ?1"};
+    Statement remove_folder_items_{connection_, "DELETE FROM items WHERE folder = ?1"};
+    Statement remove_folder_keys_{connection_, "DELETE FROM keys WHERE folder = ?1"};
     Statement remove_folder_attachments_{
-        database_, "DELETE FROM attachments WHERE item IN (SELECT id FROM items WHERE folder = ?1)"};
-    Statement counts_{database_, "SELECT items, unread FROM folders WHERE id = ?1"};
+        connection_, "DELETE FROM attachments WHERE item IN (SELECT id FROM items WHERE folder = ?1)"};
+    Statement counts_{connection_, "SELECT items, unread FROM folders WHERE id = ?1"};
 
     Statement add_item_{
-        database_,
+        connection_,
         "INSERT INTO items(folder, position, unread, size, data)"
         " VALUES(?1, (SELECT coalesce(max(position), 0) + 1 FROM items WHERE folder = ?1), ?2, ?3, ?4)"
         " RETURNING id, position"};
-    Statement update_item_{database_, "UPDATE items SET unread = ?2, size = ?3, data = ?4 WHERE id = ?1"};
-    Statement move_item_{database_,
+    Statement update_item_{connection_, "UPDATE items SET unread = ?2, size = ?3, data = ?4 WHERE id = ?1"};
+    Statement move_item_{connection_,
                          "UPDATE items SET folder = ?2,"
                          " position = (SELECT coalesce(max(position), 0) + 1 FROM items WHERE folder = ?2)"
                          " WHERE id = ?1 RETURNING position"};
-    Statement remove_item_{database_, "DELETE FROM items WHERE id = ?1"};
-    Statement item_{database_, "SELECT folder, position, size, data FROM items WHERE id = ?1"};
-    Statement items_{database_, "SELECT id FROM items WHERE folder = ?1 ORDER BY position"};
+    Statement remove_item_{connection_, "DELETE FROM items WHERE id = ?1"};
+    Statement item_{connection_, "SELECT folder, position, size, data FROM items WHERE id = ?1"};
+    Statement items_{connection_, "SELECT id FROM items WHERE folder = ?1 ORDER BY position"};
 
-    Statement add_attachment_{database_, "INSERT INTO attachments(item, number, data) VALUES(?1, ?2, ?3)"};
-    Statement remove_attachments_{database_, "DELETE FROM attachments WHERE item = ?1"};
-    Statement attachments_{database_, "SELECT data FROM attachments WHERE item = ?1 ORDER BY number"};
+    Statement add_attachment_{connection_, "INSERT INTO attachments(item, number, data) VALUES(?1, ?2, ?3)"};
+    Statement remove_attachments_{connection_, "DELETE FROM attachments WHERE item = ?1"};
+    Statement attachments_{connection_, "SELECT data FROM attachments WHERE item = ?1 ORDER BY number"};
 
-    Statement add_key_{database_,
+    Statement add_key_{connection_,
                        "INSERT INTO keys(folder, field, key, position, item) VALUES(?1, ?2, ?3, ?4, ?5)"};
-    Statement remove_key_{database_,
+    Statement remove_key_{connection_,
                           "DELETE FROM keys WHERE folder = ?1 AND field = ?2 AND key = ?3 AND position = ?4"};
     Statement lookup_{
-        database_, "SELECT item FROM keys WHERE folder = ?1 AND field = ?2 AND key = ?3 ORDER BY position"};
+        connection_, "SELECT item FROM keys WHERE folder = ?1 AND field = ?2 AND key = ?3 ORDER BY position"};
     Statement lookup_empty_{
-        database_,
+        connection_,
         "SELECT id FROM items WHERE folder = ?1 AND (id NOT IN (SELECT item FROM keys WHERE folder = ?1 AND "
         "field = ?2)"
         " OR id IN (SELECT item FROM keys WHERE folder = ?1 AND field = ?2 AND key = ?3)) ORDER BY position"};

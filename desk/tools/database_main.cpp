@@ -7,17 +7,17 @@
 
 namespace {
 
-void make_database(const std::filesystem::path& output, const std::filesystem::path& data,
+void make_database(const std::filesystem::path& output, const std::filesystem::path& folder,
                    int extra_contacts) {
-    const desk::sample::Database database = desk::sample::read_database(data);
+    const desk::sample::Data data = desk::sample::read_data(folder);
     // Made beside its place, so that a database which stands there is always whole.
     std::filesystem::path part = output;
     part += ".part";
     std::filesystem::remove(part);
     {
         const std::unique_ptr<desk::Store> store = desk::Store::open(part);
-        desk::sample::write_database(database, *store);
-        if (extra_contacts > 0) desk::sample::add_contacts(database, *store, extra_contacts);
+        desk::sample::write_data(data, *store);
+        if (extra_contacts > 0) desk::sample::add_contacts(data, *store, extra_contacts);
     }
     std::filesystem::rename(part, output);
 }

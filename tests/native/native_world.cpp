@@ -39,7 +39,7 @@ const std::filesystem::path& database_file(const std::string& name) {
     if (fresh) {
         const std::filesystem::path data = std::filesystem::path(TARNWELL_DATA_FOLDER) / name;
         const std::unique_ptr<desk::Store> store = desk::Store::open(entry->second);
-        desk::sample::write_database(desk::sample::read_database(data), *store);
+        desk::sample::write_data(desk::sample::read_data(data), *store);
     }
     return entry->second;
 }

@@ -14,20 +14,18 @@ namespace {
 
 using automation::Text;
 using automation::TextView;
-using desk::sample::Database;
+using desk::sample::Data;
 using desk::sample::FolderPlan;
 using desk::sample::RecordPlan;
 
-const Database& sample() {
-    static const Database database =
-        desk::sample::read_database(std::filesystem::path(TARNWELL_DATA_FOLDER) / "sample");
-    return database;
+const Data& sample() {
+    static const Data data = desk::sample::read_data(std::filesystem::path(TARNWELL_DATA_FOLDER) / "sample");
+    return data;
 }
 
-const Database& empty() {
-    static const Database database =
-        desk::sample::read_database(std::filesystem::path(TARNWELL_DATA_FOLDER) / "empty");
-    return database;
+const Data& empty() {
+    static const Data data = desk::sample::read_data(std::filesystem::path(TARNWELL_DATA_FOLDER) / "empty");
+    return data;
 }
 
 Text property(const RecordPlan& record, TextView name) {
@@ -334,7 +332,7 @@ TEST(SampleDatabase, TheEmptyOneHasTheSameTreeAndNoRecord) {
 TEST(SampleDatabase, IsWrittenToAStoreAndFoundThere) {
     const mail_tests::TemporaryFile file("tarnwell sample database");
     const std::unique_ptr<desk::Store> store = desk::Store::open(file.path());
-    desk::sample::write_database(sample(), *store);
+    desk::sample::write_data(sample(), *store);
     std::map<desk::RowId, desk::FolderRow> rows;
     for (const desk::FolderRow& row : store->folders()) rows[row.id] = row;
     ASSERT_EQ(rows.size(), sample().folders.size());
@@ -358,7 +356,7 @@ TEST(SampleDatabase, TakesMadeUpContactsOnTop) {
     const mail_tests::TemporaryFile file("tarnwell bench database");
     const std::unique_ptr<desk::Store> store = desk::Store::open(file.path());
     EXPECT_THROW(desk::sample::add_contacts(empty(), *store, 1), automation::Failure);
-    desk::sample::write_database(empty(), *store);
+    desk::sample::write_data(empty(), *store);
     desk::sample::add_contacts(empty(), *store, 250);
     for (const desk::FolderRow& row : store->folders()) {
         EXPECT_EQ(store->count(row.id), row.name == u"Account Contacts" ? 250 : 0)
@@ -381,7 +379,7 @@ class DataFolder {
         std::ofstream(path_ / "tree.json") << tree;
         std::ofstream(path_ / "records" / "all.json") << records;
         try {
-            desk::sample::read_database(path_);
+            desk::sample::read_data(path_);
             return {};
         } catch (const automation::Failure& failure) {
             const std::string said = failure.what();

@@ -18,9 +18,9 @@ using testing::ElementsAre;
 
 const std::filesystem::path sample_folder = std::filesystem::path(TARNWELL_DATA_FOLDER) / "sample";
 
-const desk::sample::Database& sample_database() {
-    static const desk::sample::Database database = desk::sample::read_database(sample_folder);
-    return database;
+const desk::sample::Data& sample_data() {
+    static const desk::sample::Data data = desk::sample::read_data(sample_folder);
+    return data;
 }
 
 Text property_of(const RecordPlan& record, const Text& name) {
@@ -34,7 +34,7 @@ Text numbered(TextView name, int number) { return Text(name) + automation::to_te
 /// The system record of a class and a subject; null if there isn't exactly one.
 const RecordPlan* system_record(TextView message_class, TextView subject) {
     const RecordPlan* found = nullptr;
-    for (const RecordPlan& record : sample_database().records) {
+    for (const RecordPlan& record : sample_data().records) {
         if (record.item.message_class != message_class) continue;
         if (record.item.fields.at(u"Subject").to_text() != subject) continue;
         if (found) return nullptr;
@@ -79,9 +79,8 @@ TEST_F(SampleTargets, HaveTheirRecords) {
         EXPECT_EQ(property_of(*definition, u"SearchFolder"), target.folder_name);
 
         const Text path = automation::replaced(target.folder_name.substr(2), u"\\", u"/");
-        const auto folder =
-            std::ranges::find(sample_database().folders, path, &desk::sample::FolderPlan::path);
-        ASSERT_NE(folder, sample_database().folders.end());
+        const auto folder = std::ranges::find(sample_data().folders, path, &desk::sample::FolderPlan::path);
+        ASSERT_NE(folder, sample_data().folders.end());
         EXPECT_EQ(property_of(*entry, u"MessageClass"), folder->row.default_class);
         EXPECT_EQ(property_of(*definition, u"KeyFieldName"),
                   u"{00020329-0000-0000-C000-000000000046}," + property_of(*definition, u"KeyColumnName"));

@@ -4,7 +4,7 @@
 
 #include <fstream>
 
-#include "desk/store/database.h"
+#include "desk/store/sqlite_connection.h"
 #include "tests/unit/support/store_support.h"
 
 namespace {
@@ -170,8 +170,8 @@ TEST(StoreFiles, AFileInUseIsWaitedForAndADamagedOneIsNot) {
 }
 
 TEST(Statements, NoBytesAreNotNull) {
-    desk::Database database(":memory:");
-    desk::Statement statement(database, "SELECT ?1 IS NULL");
+    desk::SqliteConnection connection(":memory:");
+    desk::Statement statement(connection, "SELECT ?1 IS NULL");
     auto rows = statement.rows(std::string_view());
     ASSERT_TRUE(rows.next());
     EXPECT_EQ(rows.integer(0), 0);

@@ -72,7 +72,7 @@ std::int32_t item_type_of(const Json& word) {
     return found->item_type;
 }
 
-void read_folder(const Json& json, const Text& parent_path, Database& database) {
+void read_folder(const Json& json, const Text& parent_path, Data& data) {
     FolderPlan plan;
     plan.row.name = to_text(required(json, "name"));
     plan.row.item_type = item_type_of(required(json, "holds"));
@@ -81,8 +81,8 @@ void read_folder(const Json& json, const Text& parent_path, Database& database) 
     plan.row.store_uid = optional_text(json, "uid");
     if (json.contains("default")) plan.row.default_number = json["default"].get<std::int32_t>();
     for (const Json& form_class : list(json, "fields_of")) {
-        const auto form = database.forms.find(to_text(form_class));
-        if (form == database.forms.end()) refuse("there is no form " + form_class.dump());
+        const auto form = data.forms.find(to_text(form_class));
+        if (form == data.forms.end()) refuse("there is no form " + form_class.dump());
         for (const FolderField& field : form->second) {
             if (std::ranges::find(plan.row.fields, field) == plan.row.fields.end())
                 plan.row.fields.push_back(field);
@@ -91,16 +91,16 @@ void read_folder(const Json& json, const Text& parent_path, Database& database) 
     plan.parent_path = parent_path;
     plan.path = parent_path.empty() ? plan.row.name : parent_path + u"/" + plan.row.name;
     const Text path = plan.path;
-    database.folders.push_back(std::move(plan));
-    for (const Json& child : list(json, "folders")) read_folder(child, path, database);
+    data.folders.push_back(std::move(plan));
+    for (const Json& child : list(json, "folders")) read_folder(child, path, data);
 }
 
-void read_tree(const Json& json, Database& database) {
+void read_tree(const Json& json, Data& data) {
     for (const auto& [form_class, fields] : required(json, "forms").items()) {
-        std::vector<FolderField>& form = database.forms[automation::from_utf8(form_class)];
+        std::vector<FolderField>& form = data.forms[automation::from_utf8(form_class)];
         for (const Json& field : fields) form.push_back(read_field(field));
     }
-    for (const Json& store : list(json, "stores")) read_folder(store, {}, database);
+    for (const Json& store : list(json, "stores")) read_folder(store, {}, data);
 }
 
 /// The properties of a form, in its order, with the values that the record sets.
@@ -136,7 +136,7 @@ void note_making(const Json& properties, ItemData& item) {
     }
 }
 
-void read_record(const Json& json, const Text& folder_path, const Text& message_class, Database& database) {
+void read_record(const Json& json, const Text& folder_path, const Text& message_class, Data& data) {
     RecordPlan plan;
     plan.folder_path = folder_path;
     plan.item.message_class = message_class;
@@ -144,23 +144,23 @@ void read_record(const Json& json, const Text& folder_path, const Text& message_
         plan.item.fields[automation::from_utf8(name)] = mail::from_json_value(value, name);
     }
     for (const Json& name : list(json, "lacks")) plan.lacks.push_back(to_text(name));
-    const auto form = database.forms.find(message_class);
+    const auto form = data.forms.find(message_class);
     const Json set = json.contains("properties") ? json["properties"] : Json::object();
-    if (form == database.forms.end() && !set.empty()) refuse("the class has no form, so no properties");
+    if (form == data.forms.end() && !set.empty()) refuse("the class has no form, so no properties");
     note_making(set, plan.item);
-    if (form != database.forms.end()) plan.item.user_properties = fill_form(form->second, set, plan.lacks);
-    database.records.push_back(std::move(plan));
+    if (form != data.forms.end()) plan.item.user_properties = fill_form(form->second, set, plan.lacks);
+    data.records.push_back(std::move(plan));
 }
 
-void read_records(const Json& groups, Database& database) {
+void read_records(const Json& groups, Data& data) {
     for (const Json& group : groups) {
         const Text folder_path = to_text(required(group, "folder"));
         const Text message_class = to_text(required(group, "class"));
-        if (std::ranges::find(database.folders, folder_path, &FolderPlan::path) == database.folders.end()) {
+        if (std::ranges::find(data.folders, folder_path, &FolderPlan::path) == data.folders.end()) {
             refuse("there is no folder \"" + automation::to_utf8(folder_path) + "\"");
         }
         for (const Json& record : list(group, "records"))
-            read_record(record, folder_path, message_class, database);
+            read_record(record, folder_path, message_class, data);
     }
 }
 
@@ -179,11 +179,11 @@ void read_file(const std::filesystem::path& file, Read read) {
 
 }  // namespace
 
-Database read_database(const std::filesystem::path& folder) {
-    Database database;
+Data read_data(const std::filesystem::path& folder) {
+    Data data;
     std::filesystem::path tree = folder / "tree.json";
     if (!std::filesystem::exists(tree)) tree = folder / ".." / "tree.json";
-    read_file(tree, [&](const Json& json) { read_tree(json, database); });
+    read_file(tree, [&](const Json& json) { read_tree(json, data); });
 
     std::vector<std::filesystem::path> files;
     if (std::filesystem::is_directory(folder / "records")) {
@@ -193,28 +193,28 @@ Database read_database(const std::filesystem::path& folder) {
     }
     std::ranges::sort(files);
     for (const auto& file : files) {
-        read_file(file, [&](const Json& json) { read_records(json, database); });
+        read_file(file, [&](const Json& json) { read_records(json, data); });
     }
-    return database;
+    return data;
 }
 
-void write_database(const Database& database, Store& store) {
+void write_data(const Data& data, Store& store) {
     Store::Transaction transaction(store);
     std::map<Text, RowId> ids;
-    for (const FolderPlan& plan : database.folders) {
+    for (const FolderPlan& plan : data.folders) {
         FolderRow row = plan.row;
         row.parent = plan.parent_path.empty() ? 0 : ids.at(plan.parent_path);
         ids[plan.path] = store.add_folder(row);
     }
-    for (const RecordPlan& plan : database.records) store.add_item(ids.at(plan.folder_path), plan.item);
+    for (const RecordPlan& plan : data.records) store.add_item(ids.at(plan.folder_path), plan.item);
     transaction.keep();
 }
 
-void add_contacts(const Database& database, Store& store, int count) {
-    const auto form = database.forms.find(contact_class);
+void add_contacts(const Data& data, Store& store, int count) {
+    const auto form = data.forms.find(contact_class);
     const std::vector<FolderRow> folders = store.folders();
     const auto folder = std::ranges::find(folders, contact_class, &FolderRow::default_class);
-    if (form == database.forms.end() || folder == folders.end())
+    if (form == data.forms.end() || folder == folders.end())
         refuse("The database has no folder of account contacts.");
 
     Store::Transaction transaction(store);

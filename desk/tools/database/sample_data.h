@@ -32,20 +32,20 @@ struct RecordPlan {
 ///
 /// A record names only what is set: it bears the other properties of its form too, empty, in the form's
 /// order.
-struct Database {
+struct Data {
     std::map<automation::Text, std::vector<FolderField>, IgnoringCase> forms;  ///< by message class
     std::vector<FolderPlan> folders;  ///< parents before their children
     std::vector<RecordPlan> records;
 };
 
 /// Reads a data folder. Throws `automation::Failure`, whose text names the file and what is wrong in it.
-Database read_database(const std::filesystem::path& folder);
+Data read_data(const std::filesystem::path& folder);
 
 /// Writes all of it into an empty store, together or not at all.
-void write_database(const Database& database, Store& store);
+void write_data(const Data& data, Store& store);
 
 /// Adds so many made-up contacts to the folder of account contacts, for measurements. Throws
 /// `automation::Failure` if the store has no such folder.
-void add_contacts(const Database& database, Store& store, int count);
+void add_contacts(const Data& data, Store& store, int count);
 
 }  // namespace desk::sample

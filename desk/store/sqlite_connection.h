@@ -12,10 +12,10 @@
 
 namespace desk {
 
-/// An open database. Every failure names its file.
-class Database {
+/// The connection to a database file. Every failure names its file.
+class SqliteConnection {
   public:
-    explicit Database(const std::filesystem::path& file);
+    explicit SqliteConnection(const std::filesystem::path& file);
 
     /// Runs statements that take no values and answer no rows.
     void run(const char* sql);
@@ -41,7 +41,7 @@ class Database {
 /// A prepared statement, kept for many runs.
 class Statement {
   public:
-    Statement(Database& database, const char* sql);
+    Statement(SqliteConnection& connection, const char* sql);
 
     /// A run: its rows one after the other. Ends when it goes.
     class Rows {
@@ -75,7 +75,7 @@ class Statement {
         Rows run = rows(values...);
         while (run.next()) {
         }
-        return database_.changes();
+        return connection_.changes();
     }
 
     /// Runs to the end and tells whether that went well.
@@ -88,7 +88,7 @@ class Statement {
     void bind(int index, std::int64_t value);
     void bind(int index, std::string_view bytes);
 
-    Database& database_;
+    SqliteConnection& connection_;
     std::unique_ptr<sqlite3_stmt, Finalize> handle_;
 };
 
