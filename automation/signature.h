@@ -31,6 +31,9 @@ struct UpTo {
     std::span<const Value> values;
 };
 
+/// The type of a parameter that may be left out and that the code has no use for.
+struct Ignored {};
+
 /// Code of any signature. Only what knows the signature can run it.
 using AnyCode = void (*)();
 
@@ -93,6 +96,12 @@ requires(!std::same_as<T, TextView>)  // nobody would hold the text
         if (given.front().is_missing()) return std::nullopt;
         return Type<T>::of(given);
     }
+};
+
+template <>
+struct Type<Ignored> {
+    static constexpr Told told{Takes::value, true};
+    static Ignored of(std::span<Value>) { return {}; }
 };
 
 /// The values before the first that was left out.

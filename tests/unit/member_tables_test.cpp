@@ -79,6 +79,7 @@ const Members<Sample>& Sample::members() {
         {u"PerhapsText", no_id, Use::method, {u"What"}, if_given<Text>},
         {u"PerhapsInteger", no_id, Use::method, {u"What"}, if_given<std::int32_t>},
         {u"PerhapsObject", no_id, Use::method, {u"What"}, if_given<Object>},
+        {u"Nothing", no_id, Use::method, {u"Flag", u"Other"}, [](Sample&, std::optional<bool>, Ignored) {}},
         {u"Swap",
          no_id,
          Use::method,
@@ -134,6 +135,7 @@ TEST(MemberTables, TellOfParametersWhatTheirTypesSay) {
                           {u"Face", "What object;"},
                           {u"PerhapsValue", "What [value];"},
                           {u"PerhapsObject", "What [object];"},
+                          {u"Nothing", "Flag [boolean];Other [value];"},
                           {u"Swap", "Left value;Right value;"},
                           {u"Several", "First integer;Other [value];Other [value];Other [value];"}};
     for (const Case& one : cases) {
@@ -232,6 +234,10 @@ TEST(MemberTables, GiveTheCodeWhatItTakesOrSayWhatDoesNotFit) {
         {u"Count", {}, {"3"}},
         {u"Me", {}, {"object"}},
         {u"Forget", {}, {"empty"}},
+        {u"Nothing", {}, {"empty"}},
+        {u"Nothing", {Missing{}, u"a"}, {"empty"}},
+        {u"Nothing", {u"a"}, {"", result::type_mismatch}},
+        {u"Nothing", {true, 1, 2}, {"", result::bad_count}},
     };
     for (const Case& one : cases) {
         sample->name = u"Ann";
