@@ -48,13 +48,13 @@ class Row : public MemberFacts {
   public:
     template <class Run>
     requires(!std::convertible_to<Run, OldCode>) Row(TextView name, std::int32_t id, Use use, Run run)
-        : Row(name, id, use, std::span<const TextView>(), run) {
+        : Row(MemberFacts{name, id, use}, std::span<const TextView>(), run) {
         static_assert(signature::Of<Run>::count == 0, "each parameter of the code needs a name");
     }
     template <std::size_t count, class Run>
     requires(!std::convertible_to<Run, OldCode>)
         Row(TextView name, std::int32_t id, Use use, const TextView (&parameters)[count], Run run)
-        : Row(name, id, use, std::span<const TextView>(parameters), run) {
+        : Row(MemberFacts{name, id, use}, std::span<const TextView>(parameters), run) {
         static_assert(signature::Of<Run>::count == count, "each parameter of the code needs a name");
     }
     template <class Get, class Put>
@@ -96,9 +96,10 @@ class Row : public MemberFacts {
     }
 
     template <class Run>
-    Row(TextView name, std::int32_t id, Use use, std::span<const TextView> parameters, Run run)
-        : MemberFacts{name, id, use, signature::parameters(parameters, signature::Of<Run>::told)},
-          run_(code_of(run)) {}
+    Row(MemberFacts facts, std::span<const TextView> parameters, Run run)
+        : MemberFacts(std::move(facts)), run_(code_of(run)) {
+        this->parameters = signature::parameters(parameters, signature::Of<Run>::told);
+    }
 
     template <class Get, class Put>
     void writes(Put put) {
