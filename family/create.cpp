@@ -14,8 +14,8 @@ namespace {
 using automation::guid;
 
 template <class T>
-automation::Object make(std::shared_ptr<Surroundings> surroundings) {
-    return automation::Object(std::make_shared<T>(std::move(surroundings)));
+automation::Object make(std::shared_ptr<Context> context) {
+    return automation::Object(std::make_shared<T>(std::move(context)));
 }
 
 constexpr ClassEntry class_table[] = {
@@ -31,11 +31,11 @@ constexpr ClassEntry class_table[] = {
 
 std::span<const ClassEntry> classes() { return class_table; }
 
-automation::Object create(automation::TextView prog_id, std::shared_ptr<Surroundings> surroundings) {
+automation::Object create(automation::TextView prog_id, std::shared_ptr<Context> context) {
     const auto found = std::ranges::find_if(class_table, [&](const ClassEntry& entry) {
         return automation::same_ignoring_case(entry.prog_id, prog_id);
     });
-    return found == std::end(class_table) ? automation::Object() : found->make(std::move(surroundings));
+    return found == std::end(class_table) ? automation::Object() : found->make(std::move(context));
 }
 
 }  // namespace family

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "automation/guid.h"
-#include "family/surroundings.h"
+#include "family/context.h"
 
 namespace family {
 
@@ -12,12 +12,12 @@ namespace family {
 struct ClassEntry {
     automation::TextView prog_id;
     automation::Guid id;
-    automation::Object (*make)(std::shared_ptr<Surroundings>);
+    automation::Object (*make)(std::shared_ptr<Context>);
 };
 
 std::span<const ClassEntry> classes();
 
 /// A stand-in by its program id, in any case; an empty object if the name is not one of the family's.
-automation::Object create(automation::TextView prog_id, std::shared_ptr<Surroundings> surroundings);
+automation::Object create(automation::TextView prog_id, std::shared_ptr<Context> context);
 
 }  // namespace family

@@ -1,7 +1,7 @@
 #include "family/list_picker.h"
 
 #include "addin/records/names.h"
-#include "family/database.h"
+#include "family/database_folders.h"
 
 namespace family {
 
@@ -112,11 +112,11 @@ host::outlook::Folder ListPicker::folder() const {
     const Text& id = place_.folder_id.empty() ? place_.account_folder_id : place_.folder_id;
     host::outlook::Folder accounts;
     if (id.empty() || place_.store_id.empty()) {
-        accounts = Database(surroundings()).folder(addin::records::folder::account_profiles);
+        accounts = DatabaseFolders(context()).folder(addin::records::folder::account_profiles);
         if (!accounts) throw Failure(automation::result::not_found, u"There is no folder of accounts");
         if (id.empty()) return accounts;
     }
-    return host::outlook::Application(surroundings().application())
+    return host::outlook::Application(context().application())
         .GetNamespace(u"MAPI")
         .GetFolderFromID(id, place_.store_id.empty() ? accounts.StoreID() : place_.store_id);
 }
@@ -124,7 +124,7 @@ host::outlook::Folder ListPicker::folder() const {
 void ListPicker::make_window(TextView title, Choice choice) {
     if (shown_) throw Failure(automation::result::fail, u"The picker is being shown already");
     window_.reset();
-    engine_ = surroundings().engine();
+    engine_ = context().engine();
     window_ = std::make_shared<ListPickerForm>(*engine_, choice);
     filled_ = false;
     window_->view().caption(title);

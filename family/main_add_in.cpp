@@ -1,7 +1,7 @@
 #include "family/main_add_in.h"
 
 #include "addin/records/names.h"
-#include "family/database.h"
+#include "family/database_folders.h"
 #include "family/new_id.h"
 #include "family/template_list.h"
 
@@ -22,7 +22,7 @@ constexpr TextView no_store = u"-";  ///< as the setting `StoreID`: the answer i
 /// A member whose answer is a setting.
 template <const TextView& setting>
 Value read(MainAddIn& self, const Arguments&) {
-    return self.surroundings().setting(setting);
+    return self.context().setting(setting);
 }
 
 /// A member with a text that is only recorded.
@@ -52,7 +52,7 @@ const automation::Members<MainAddIn>& MainAddIn::members() {
         {u"GetStoreId", no_id, Use::method,
          [](MainAddIn& self, const Arguments&) -> Value { return self.store_id(); }},
         {u"generateid", no_id, Use::method,
-         [](MainAddIn& self, const Arguments&) -> Value { return new_id(self.surroundings()); }},
+         [](MainAddIn& self, const Arguments&) -> Value { return new_id(self.context()); }},
         {u"GetUserName", no_id, Use::method, read<setting::user_name>},
         {u"getcurrentusername", no_id, Use::method, read<setting::current_user_name>},
         {u"GetAlignment", no_id, Use::method, read<setting::alignment>},
@@ -62,14 +62,14 @@ const automation::Members<MainAddIn>& MainAddIn::members() {
          Use::method,
          {{u"ListName", Takes::text}},
          [](MainAddIn& self, const Arguments& arguments) -> Value {
-             return automation::Array::of(Database(self.surroundings()).drop_downs(arguments[0].to_text()));
+             return automation::Array::of(DatabaseFolders(self.context()).drop_downs(arguments[0].to_text()));
          }},
         {u"ReturnFolderFromPath",
          no_id,
          Use::method,
          {{u"FolderPath", Takes::text}},
          [](MainAddIn& self, const Arguments& arguments) -> Value {
-             return Database(self.surroundings()).folder_at(arguments[0].to_text());
+             return DatabaseFolders(self.context()).folder_at(arguments[0].to_text());
          }},
         {u"getspecialfolderlocation", no_id, Use::method, read<setting::special_folder>},
         {u"GetDLLPath", no_id, Use::method, read<setting::program_folder>},
@@ -84,7 +84,7 @@ const automation::Members<MainAddIn>& MainAddIn::members() {
         {show_mailer, no_id, Use::method,
          [](MainAddIn& self, const Arguments&) -> Value {
              self.record_call(show_mailer);
-             show_templates(self.surroundings(), u"Email Templates", mail_templates);
+             show_templates(self.context(), u"Email Templates", mail_templates);
              return {};
          }},
         {show_list,
@@ -94,7 +94,7 @@ const automation::Members<MainAddIn>& MainAddIn::members() {
          [](MainAddIn& self, const Arguments& arguments) -> Value {
              const Text kind = arguments[0].to_text();
              self.record_call(show_list, {kind});
-             show_templates(self.surroundings(), kind + u" Templates", kind);
+             show_templates(self.context(), kind + u" Templates", kind);
              return {};
          }},
         {reload_toolbar, no_id, Use::method, {{u"Action", Takes::text}}, record_text<reload_toolbar>},
@@ -103,16 +103,16 @@ const automation::Members<MainAddIn>& MainAddIn::members() {
 }
 
 Text MainAddIn::folder_id(TextView folder) const {
-    const host::outlook::Folder found = Database(surroundings()).folder(folder);
+    const host::outlook::Folder found = DatabaseFolders(context()).folder(folder);
     return found ? found.EntryID() : Text();
 }
 
 Text MainAddIn::store_id() const {
-    const Text chosen = surroundings().setting(setting::store_id);
+    const Text chosen = context().setting(setting::store_id);
     if (chosen == no_store) return {};
     if (!chosen.empty()) return chosen;
     const host::outlook::Folder profiles =
-        Database(surroundings()).folder(addin::records::folder::account_profiles);
+        DatabaseFolders(context()).folder(addin::records::folder::account_profiles);
     return profiles ? profiles.StoreID() : Text();
 }
 

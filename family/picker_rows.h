@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "addin/host/outlook.h"
-#include "family/surroundings.h"
+#include "family/context.h"
 
 namespace family {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/automated.h"
-#include "family/surroundings.h"
+#include "family/context.h"
 
 namespace family {
 
@@ -10,17 +10,17 @@ namespace family {
 template <class T>
 class Sibling : public automation::Automated<T> {
   public:
-    explicit Sibling(std::shared_ptr<Surroundings> surroundings) : surroundings_(std::move(surroundings)) {}
+    explicit Sibling(std::shared_ptr<Context> context) : context_(std::move(context)) {}
 
     automation::Value invoke(automation::Request& request) override {
         const automation::Row<T>* row = T::members().find(request);
         if (!row) return ask_elsewhere(request);
-        surroundings_->check(T::name, row->name);
+        context_->check(T::name, row->name);
         return automation::dispatch(static_cast<T&>(*this), *row, request);
     }
 
-    Surroundings& surroundings() const { return *surroundings_; }
-    const std::shared_ptr<Surroundings>& shared_surroundings() const { return surroundings_; }
+    Context& context() const { return *context_; }
+    const std::shared_ptr<Context>& shared_context() const { return context_; }
 
     /// Notes a call as "MainAddIn.Showlist(Document)".
     void record_call(automation::TextView member,
@@ -33,13 +33,13 @@ class Sibling : public automation::Automated<T> {
             separator = u", ";
         }
         if (arguments.size() > 0) call += u")";
-        surroundings_->record(std::move(call));
+        context_->record(std::move(call));
     }
 
     /// Notes the writing of a property as "MainAddIn.messageid = 00A1".
     void record_put(automation::TextView member, automation::TextView value) const {
-        surroundings_->record(automation::Text(T::name) + u"." + automation::Text(member) + u" = " +
-                              automation::Text(value));
+        context_->record(automation::Text(T::name) + u"." + automation::Text(member) + u" = " +
+                         automation::Text(value));
     }
 
   protected:
@@ -49,7 +49,7 @@ class Sibling : public automation::Automated<T> {
     }
 
   private:
-    std::shared_ptr<Surroundings> surroundings_;
+    std::shared_ptr<Context> context_;
 };
 
 }  // namespace family

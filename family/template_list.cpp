@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "family/database.h"
+#include "family/database_folders.h"
 #include "forms/control_name.h"
 
 namespace family {
@@ -43,8 +43,8 @@ static_assert(forms::is_sound(table));
 
 }  // namespace
 
-TemplateList::TemplateList(forms::Engine& engine, Surroundings& surroundings, Text kind)
-    : Form(engine, table), surroundings_(surroundings), kind_(std::move(kind)) {}
+TemplateList::TemplateList(forms::Engine& engine, Context& context, Text kind)
+    : Form(engine, table), context_(context), kind_(std::move(kind)) {}
 
 void TemplateList::show_with_title(TextView title) {
     view().caption(title);
@@ -55,7 +55,7 @@ void TemplateList::show_with_title(TextView title) {
 void TemplateList::fill() {
     std::vector<host::outlook::Item> records;
     try {
-        records = Database(surroundings_).drop_down_records(kind_);
+        records = DatabaseFolders(context_).drop_down_records(kind_);
     } catch (const automation::Failure&) {
         // without a database there is nothing to list
     }
@@ -72,7 +72,7 @@ void TemplateList::open_selected() {
     List& list = control(templates).list();
     const int row = list.selected();
     if (row < 0) return;
-    const host::outlook::Application application(surroundings_.application());
+    const host::outlook::Application application(context_.application());
     application.GetNamespace(u"MAPI")
         .call(u"GetItemFromID", {Value(list.text(row, id_column))})
         .to_object()
@@ -86,11 +86,11 @@ void TemplateList::on_click(TextView name) {
 
 void TemplateList::on_double_click(TextView) { open_selected(); }
 
-void show_templates(Surroundings& surroundings, TextView title, TextView kind) {
-    ShownTemplates& shown = surroundings.shown_templates()[Text(kind)];
+void show_templates(Context& context, TextView title, TextView kind) {
+    ShownTemplates& shown = context.shown_templates()[Text(kind)];
     if (!shown.window) {
-        shown.engine = surroundings.engine();
-        shown.window = std::make_shared<TemplateList>(*shown.engine, surroundings, Text(kind));
+        shown.engine = context.engine();
+        shown.window = std::make_shared<TemplateList>(*shown.engine, context, Text(kind));
     }
     shown.window->show_with_title(title);
 }

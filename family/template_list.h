@@ -1,7 +1,7 @@
 // The window that lists the templates of one kind.
 #pragma once
 
-#include "family/surroundings.h"
+#include "family/context.h"
 #include "forms/form.h"
 
 namespace family {
@@ -9,8 +9,8 @@ namespace family {
 /// A template is a drop-down record of the database; a double click opens it.
 class TemplateList final : public forms::Form {
   public:
-    /// The surroundings live longer than the window.
-    TemplateList(forms::Engine& engine, Surroundings& surroundings, automation::Text kind);
+    /// The context lives longer than the window.
+    TemplateList(forms::Engine& engine, Context& context, automation::Text kind);
 
     /// Lists the records of the kind as they are now, none where the database can't be read, and shows
     /// itself.
@@ -22,12 +22,12 @@ class TemplateList final : public forms::Form {
     void fill();
     void open_selected();
 
-    Surroundings& surroundings_;
+    Context& context_;
     automation::Text kind_;
 };
 
 /// Shows the window of the templates of a kind, the one that is there, or a new one. It stays until somebody
-/// closes it, or until the surroundings close their windows.
-void show_templates(Surroundings& surroundings, automation::TextView title, automation::TextView kind);
+/// closes it, or until the context closes its windows.
+void show_templates(Context& context, automation::TextView title, automation::TextView kind);
 
 }  // namespace family

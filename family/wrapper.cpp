@@ -16,10 +16,10 @@ Object accessor(const Object& owner) {
 }
 
 /// Scalars as text. Several values in one property stay an array.
-Value as_text(const Value& value, Surroundings& surroundings) {
+Value as_text(const Value& value, Context& context) {
     switch (value.type()) {
         case Value::Type::number:
-            return surroundings.number_text(value.to_number());
+            return context.number_text(value.to_number());
         case Value::Type::boolean:
         case Value::Type::integer:
         case Value::Type::date:
@@ -31,11 +31,11 @@ Value as_text(const Value& value, Surroundings& surroundings) {
 
 }  // namespace
 
-Value read_field(const Object& owner, Surroundings& surroundings, const Value& tag) {
-    const automation::Text address = surroundings.memory().named_properties.address(read_tag(tag));
+Value read_field(const Object& owner, Context& context, const Value& tag) {
+    const automation::Text address = context.memory().named_properties.address(read_tag(tag));
     const Object properties = accessor(owner);
     try {
-        return as_text(properties.call(u"GetProperty", {address}), surroundings);
+        return as_text(properties.call(u"GetProperty", {address}), context);
     } catch (const automation::Failure& failure) {
         if (failure.number() != automation::result::not_found) throw;
         return {};

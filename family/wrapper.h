@@ -7,8 +7,7 @@ namespace family {
 
 /// A MAPI property of an item, a recipient or an address entry as text; an empty value if it lacks the
 /// property. Throws `Failure` for what is no tag.
-automation::Value read_field(const automation::Object& owner, Surroundings& surroundings,
-                             const automation::Value& tag);
+automation::Value read_field(const automation::Object& owner, Context& context, const automation::Value& tag);
 void write_field(const automation::Object& owner, const NamedProperties& named, const automation::Value& tag,
                  const automation::Value& value);
 
@@ -19,8 +18,8 @@ constexpr std::int32_t own_id(std::int32_t number) { return 0x5AFE0000 + number;
 template <class T>
 class Wrapper : public Sibling<T> {
   public:
-    explicit Wrapper(std::shared_ptr<Surroundings> surroundings, automation::Object inner = {})
-        : Sibling<T>(std::move(surroundings)), inner_(std::move(inner)) {}
+    explicit Wrapper(std::shared_ptr<Context> context, automation::Object inner = {})
+        : Sibling<T>(std::move(context)), inner_(std::move(inner)) {}
 
     /// What is wrapped. Throws `Failure` as long as there is nothing.
     const automation::Object& inner() const {
@@ -38,16 +37,16 @@ class Wrapper : public Sibling<T> {
     automation::Value wrapped(const automation::Value& answer) const {
         const automation::Object object = answer.to_object();
         if (!object) return automation::Object();
-        return automation::Object(std::make_shared<Other>(this->shared_surroundings(), object));
+        return automation::Object(std::make_shared<Other>(this->shared_context(), object));
     }
 
-    NamedProperties& named_properties() const { return this->surroundings().memory().named_properties; }
+    NamedProperties& named_properties() const { return this->context().memory().named_properties; }
 
     std::optional<automation::MemberIds> identify(automation::TextView member,
                                                   std::span<const automation::Text> parameters) override {
         if (const auto own = Sibling<T>::identify(member, parameters)) return own;
         const std::optional<automation::MemberIds> ids = inner().identify(member, parameters);
-        if (ids) this->surroundings().memory().names[{T::name, ids->id}] = member;
+        if (ids) this->context().memory().names[{T::name, ids->id}] = member;
         return ids;
     }
 
@@ -65,10 +64,10 @@ class Wrapper : public Sibling<T> {
   protected:
     automation::Value ask_elsewhere(automation::Request& request) override {
         request.kind = nullptr;  // ids that the caller keeps for wrappers say nothing about what is wrapped
-        auto& names = this->surroundings().memory().names;
+        auto& names = this->context().memory().names;
         const auto known = names.find({T::name, request.id});
         const bool by_id = request.member.empty() && known != names.end();
-        this->surroundings().check(T::name, by_id ? automation::TextView(known->second) : request.member);
+        this->context().check(T::name, by_id ? automation::TextView(known->second) : request.member);
         return inner().invoke(request);
     }
 
@@ -94,7 +93,7 @@ automation::Row<T> fields_row(std::int32_t number) {
             automation::Use::get_put,
             {automation::Parameter{u"Tag"}},
             [](T& self, const automation::Arguments& arguments) -> automation::Value {
-                if (!arguments.is_put()) return read_field(self.inner(), self.surroundings(), arguments[0]);
+                if (!arguments.is_put()) return read_field(self.inner(), self.context(), arguments[0]);
                 write_field(self.inner(), self.named_properties(), arguments[0], arguments.assigned());
                 return {};
             }};

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "automation/com/class_factory.h"
-#include "family/windows/windows_surroundings.h"
+#include "family/windows/windows_context.h"
 
 namespace family {
 
@@ -17,8 +17,8 @@ HRESULT Server::class_object(REFCLSID id, REFIID iid, void** answer) {
 
 bool Server::may_unload() {
     const std::lock_guard lock(mutex_);
-    const bool shows_windows = std::ranges::any_of(
-        rooms_, [](const auto& entry) { return entry.second.surroundings->shows_windows(); });
+    const bool shows_windows =
+        std::ranges::any_of(rooms_, [](const auto& entry) { return entry.second.context->shows_windows(); });
     return !shows_windows && module_.may_unload();
 }
 
@@ -27,14 +27,14 @@ Server::Room Server::room_of_this_thread() {
     Room& room = rooms_[GetCurrentThreadId()];
     if (!room.apartment) {
         room.apartment = windows::Apartment::create(module_, u"TarnwellFamily");
-        room.surroundings = std::make_shared<WindowsSurroundings>(room.apartment);
+        room.context = std::make_shared<WindowsContext>(room.apartment);
     }
     return room;
 }
 
 windows::ComPtr<IUnknown> Server::make(const ClassEntry& entry) {
     const Room room = room_of_this_thread();
-    return room.apartment->bridge(entry.make(room.surroundings).target()).as<IUnknown>(IID_IUnknown);
+    return room.apartment->bridge(entry.make(room.context).target()).as<IUnknown>(IID_IUnknown);
 }
 
 }  // namespace family

@@ -10,7 +10,7 @@
 namespace family {
 
 /// What the server holds while it is loaded: for each thread that uses it, its side of the border to COM and
-/// the surroundings of the objects there.
+/// the context of the objects there.
 class Server {
   public:
     /// The class object of a class; CLASS_E_CLASSNOTAVAILABLE for one that is not the family's.
@@ -21,7 +21,7 @@ class Server {
   private:
     struct Room {
         std::shared_ptr<windows::Apartment> apartment;
-        std::shared_ptr<Surroundings> surroundings;
+        std::shared_ptr<Context> context;
     };
     Room room_of_this_thread();
     windows::ComPtr<IUnknown> make(const ClassEntry& entry);

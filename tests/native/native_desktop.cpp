@@ -50,7 +50,7 @@ NativeDesktop::NativeDesktop(std::shared_ptr<Boundary> boundary, MemoryRegistry&
       programs_(programs),
       own_folder_(std::move(own_folder)),
       without_(std::move(without)),
-      family_(std::make_shared<FamilySurroundings>(
+      family_(std::make_shared<FamilyContext>(
           registry, [this] { return make(outlook_prog_id); }, engine)) {}
 
 void NativeDesktop::attach(desk::Desk* desk) {

@@ -4,7 +4,7 @@
 #include "addin/host/desktop.h"
 #include "desk/base/desk.h"
 #include "tests/native/boundary.h"
-#include "tests/native/family_surroundings.h"
+#include "tests/native/family_context.h"
 #include "tests/native/memory_registry.h"
 #include "tests/native/shell.h"
 
@@ -90,7 +90,7 @@ class NativeDesktop final : public host::Desktop {
     automation::Text own_folder_;
     std::vector<automation::Text> without_;
     desk::Desk* desk_ = nullptr;
-    std::shared_ptr<FamilySurroundings> family_;
+    std::shared_ptr<FamilyContext> family_;
 };
 
 }  // namespace native

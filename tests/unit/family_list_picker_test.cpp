@@ -31,7 +31,7 @@ Object account(TextView id, TextView name, TextView city, TextView phone) {
 }
 
 struct ListPickerTest : testing::Test {
-    std::shared_ptr<Surroundings> around = std::make_shared<Surroundings>(std::vector<Profile::Node>{
+    std::shared_ptr<FakeContext> around = std::make_shared<FakeContext>(std::vector<Profile::Node>{
         {u"Tarnwell",
          {{.name = u"Account Profiles",
            .items = {account(u"E1", u"Cooper & Sons", u"Arden", u"111"),
@@ -304,7 +304,7 @@ TEST_F(ListPickerTest, IsNotShownTwiceAtATime) {
 }
 
 TEST(ReportsHost, RecordsThatItWasStarted) {
-    auto around = std::make_shared<Surroundings>();
+    auto around = std::make_shared<FakeContext>();
     family::create(u"TarnwellReports.Reports", around).call(u"Initiate");
     EXPECT_THAT(readable(around->calls), ElementsAre("ReportsHost.Initiate"));
 }

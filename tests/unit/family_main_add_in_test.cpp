@@ -17,8 +17,8 @@ Profile::Node sample_store() {
 }
 
 struct MainAddInTest : testing::Test {
-    std::shared_ptr<Surroundings> around = std::make_shared<Surroundings>(
-        std::vector<Profile::Node>{{u"Mailbox", {{u"Inbox"}}}, sample_store()});
+    std::shared_ptr<FakeContext> around =
+        std::make_shared<FakeContext>(std::vector<Profile::Node>{{u"Mailbox", {{u"Inbox"}}}, sample_store()});
     Object main = family::create(u"Tarnwell.connect", around);
 
     Text ask(TextView member, std::initializer_list<Value> arguments = {}) const {
@@ -36,11 +36,11 @@ struct MainAddInTest : testing::Test {
 
 TEST(Family, MakesItsClassesByTheirNamesInAnyCase) {
     for (const family::ClassEntry& entry : family::classes()) {
-        EXPECT_TRUE(family::create(entry.prog_id, std::make_shared<Surroundings>()));
-        EXPECT_TRUE(family::create(automation::upper(entry.prog_id), std::make_shared<Surroundings>()));
+        EXPECT_TRUE(family::create(entry.prog_id, std::make_shared<FakeContext>()));
+        EXPECT_TRUE(family::create(automation::upper(entry.prog_id), std::make_shared<FakeContext>()));
     }
-    EXPECT_FALSE(family::create(u"Tarnwell.other", std::make_shared<Surroundings>()));
-    EXPECT_FALSE(family::create(u"", std::make_shared<Surroundings>()));
+    EXPECT_FALSE(family::create(u"Tarnwell.other", std::make_shared<FakeContext>()));
+    EXPECT_FALSE(family::create(u"", std::make_shared<FakeContext>()));
 }
 
 TEST(Family, ItsClassesHaveIdsOfTheirOwn) {
@@ -55,7 +55,7 @@ struct SettingCase {
 class MainAddInSetting : public testing::TestWithParam<SettingCase> {};
 
 TEST_P(MainAddInSetting, IsReadAnewAtEachCall) {
-    auto around = std::make_shared<Surroundings>();
+    auto around = std::make_shared<FakeContext>();
     const Object main = family::create(u"Tarnwell.connect", around);
     EXPECT_EQ(main.call(GetParam().member), Value(u""));
     around->settings[Text(GetParam().setting)] = u"first";
@@ -168,7 +168,7 @@ struct PathCase {
 class ReturnFolderFromPath : public testing::TestWithParam<PathCase> {};
 
 TEST_P(ReturnFolderFromPath, FollowsTheChainOfNames) {
-    auto around = std::make_shared<Surroundings>(std::vector<Profile::Node>{
+    auto around = std::make_shared<FakeContext>(std::vector<Profile::Node>{
         {u"Mailbox", {{u"Inbox"}}}, sample_store(), {u"Database", {{u"Only here"}}}});
     const Object main = family::create(u"Tarnwell.connect", around);
     const Object folder = main.call(u"ReturnFolderFromPath", {Value(GetParam().path)}).to_object();

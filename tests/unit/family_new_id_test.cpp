@@ -19,7 +19,7 @@ namespace {
 using namespace family_test;
 
 TEST(NewId, IsUpperCaseHexadecimalText) {
-    Surroundings around;
+    FakeContext around;
     const Text id = family::new_id(around);
     EXPECT_EQ(id.size(), 48u);
     EXPECT_EQ(id.find_first_not_of(u"0123456789ABCDEF"), Text::npos) << readable(id);
@@ -27,27 +27,27 @@ TEST(NewId, IsUpperCaseHexadecimalText) {
 
 TEST(NewId, IsNeverGivenTwice) {
     constexpr std::size_t many = 100'000;
-    Surroundings around;
+    FakeContext around;
     std::unordered_set<Text> ids;
     for (std::size_t i = 0; i < many; ++i) ids.insert(family::new_id(around));
     EXPECT_EQ(ids.size(), many);
 }
 
 TEST(NewId, DiffersAtTheSameMomentByItsRandomBits) {
-    Surroundings around;
+    FakeContext around;
     std::unordered_set<Text> random_parts;
     for (int i = 0; i < 10'000; ++i) random_parts.insert(family::new_id(around).substr(16));
     EXPECT_EQ(random_parts.size(), 10'000u);
 }
 
 /// A machine whose random source always gives the same bytes.
-struct Stuck : Surroundings {
+struct Stuck : FakeContext {
     void random_bytes(std::span<std::uint8_t> bytes) override {
         std::ranges::fill(bytes, std::uint8_t{0xA5});
     }
 };
 
-TEST(NewId, TakesAllItsRandomBitsFromTheSurroundings) {
+TEST(NewId, TakesAllItsRandomBitsFromItsContext) {
     Stuck around;
     EXPECT_EQ(readable(family::new_id(around).substr(16)), "A5A5A5A5A5A5A5A5A5A5A5A5A5A5A5A5");
 }
@@ -63,7 +63,7 @@ TEST(NewId, IsNeverGivenByTwoProcesses) {
     constexpr int processes = 4, each = 2'000;
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe(ends.data()), 0);
-    Surroundings around;
+    FakeContext around;
     family::new_id(around);  // what the children inherit has been in use
     std::array<pid_t, processes> children{};
     for (pid_t& child : children) {

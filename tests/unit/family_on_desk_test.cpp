@@ -33,8 +33,8 @@ struct QuietDesk : desk_tests::IdleSurroundings {
     unsigned char last_ = 0;
 };
 
-/// The family's surroundings in a process that is the host.
-struct BesideTheDesk : family_test::Surroundings {
+/// The family's context in a process that is the host.
+struct BesideTheDesk : family_test::FakeContext {
     Object application() override { return host; }
     Object host;
 };

@@ -13,7 +13,7 @@ Text tag_address(TextView digits) { return Text(tag_root) + Text(digits); }
 
 /// A mail from a directory sender to an Internet and a directory recipient.
 struct SafeMailTest : testing::Test {
-    std::shared_ptr<Surroundings> around = std::make_shared<Surroundings>();
+    std::shared_ptr<FakeContext> around = std::make_shared<FakeContext>();
     std::shared_ptr<Fake> mail = fake({{u"Subject", u"Hello"},
                                        {u"Body", u"Text"},
                                        {u"To", u"Bob; Cleo"},
@@ -281,7 +281,7 @@ TEST_F(SafeMailTest, HasTheEventsOfTheItem) {
 class SafeItem : public testing::TestWithParam<TextView> {};
 
 TEST_P(SafeItem, WrapsFieldsAndPassesTheRestOn) {
-    auto around = std::make_shared<Surroundings>();
+    auto around = std::make_shared<FakeContext>();
     auto item = fake({{u"FullName", u"Ann Lee"}});
     offer_fields(*item,
                  {{tag_address(u"3001001E"), u"Ann Lee"},

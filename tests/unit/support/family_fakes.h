@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "automation/automated.h"
-#include "family/surroundings.h"
+#include "family/context.h"
 #include "tests/native/memory_forms.h"
 
 namespace family_test {
@@ -169,10 +169,10 @@ class Profile {
 };
 
 /// Settings in a map, calls in a list, a profile and windows in memory.
-class Surroundings : public family::Surroundings {
+class FakeContext : public family::Context {
   public:
-    explicit Surroundings(std::vector<Profile::Node> stores = {}) : profile(std::move(stores)) {}
-    ~Surroundings() override { close_windows(); }
+    explicit FakeContext(std::vector<Profile::Node> stores = {}) : profile(std::move(stores)) {}
+    ~FakeContext() override { close_windows(); }
 
     std::optional<Text> read_setting(TextView name) override {
         const auto found = settings.find(Text(name));

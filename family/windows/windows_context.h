@@ -1,19 +1,19 @@
-// The surroundings of the stand-ins in a real process: the registry and the host's application object.
+// The context of the stand-ins in a real process: the registry and the host's application object.
 #pragma once
 
 #include <memory>
 #include <type_traits>
 
 #include "automation/com/apartment.h"
-#include "family/surroundings.h"
+#include "family/context.h"
 #include "forms/windows/form_engine.h"
 
 namespace family {
 
 /// Settings are texts under the family's registry key. Calls are recorded in the list "Calls" below it.
-class WindowsSurroundings : public Surroundings {
+class WindowsContext : public Context {
   public:
-    explicit WindowsSurroundings(std::shared_ptr<windows::Apartment> apartment)
+    explicit WindowsContext(std::shared_ptr<windows::Apartment> apartment)
         : apartment_(std::move(apartment)) {}
 
     std::optional<automation::Text> read_setting(automation::TextView name) override;

@@ -1,4 +1,4 @@
-#include "family/surroundings.h"
+#include "family/context.h"
 
 #include <algorithm>
 #include <random>
@@ -10,23 +10,23 @@ namespace family {
 using automation::Text;
 using automation::TextView;
 
-void Surroundings::random_bytes(std::span<std::uint8_t> bytes) {
+void Context::random_bytes(std::span<std::uint8_t> bytes) {
     std::random_device source;
     std::uniform_int_distribution<unsigned> byte(0, 255);
     for (std::uint8_t& place : bytes) place = static_cast<std::uint8_t>(byte(source));
 }
 
-bool Surroundings::shows_windows() const {
+bool Context::shows_windows() const {
     return std::ranges::any_of(shown_templates_,
                                [](const auto& entry) { return entry.second.window->loaded(); });
 }
 
-void Surroundings::close_windows() {
+void Context::close_windows() {
     for (const auto& [kind, shown] : shown_templates_) shown.window->unload();
     shown_templates_.clear();
 }
 
-void Surroundings::check(TextView object, TextView member) {
+void Context::check(TextView object, TextView member) {
     const Text list = setting(setting::fail);
     if (list.empty()) return;
     const Text full = Text(object) + u"." + Text(member);

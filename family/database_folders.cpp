@@ -1,4 +1,4 @@
-#include "family/database.h"
+#include "family/database_folders.h"
 
 #include <algorithm>
 
@@ -11,7 +11,7 @@ using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Folder;
-using Folders = std::vector<Folder>;
+using FolderList = std::vector<Folder>;
 
 namespace {
 
@@ -33,8 +33,8 @@ Text name_of(const Folder& folder) {
 }
 
 /// The folders of a collection. One that can't be read, as of a store that is offline, reads as an empty one.
-Folders list(const host::outlook::Folders& collection) {
-    Folders folders;
+FolderList list(const host::outlook::Folders& collection) {
+    FolderList folders;
     try {
         const std::int32_t count = collection.Count();
         for (std::int32_t i = 1; i <= count; ++i) folders.push_back(collection.Item(i));
@@ -43,7 +43,7 @@ Folders list(const host::outlook::Folders& collection) {
     return folders;
 }
 
-Folders children(const Folder& folder) {
+FolderList children(const Folder& folder) {
     try {
         return list(folder.Folders());
     } catch (const Failure&) {
@@ -59,14 +59,14 @@ Folder parent(const Folder& folder) {
     }
 }
 
-Folder named(const Folders& folders, TextView name) {
+Folder named(const FolderList& folders, TextView name) {
     const auto found =
         std::ranges::find_if(folders, [&](const Folder& folder) { return name_of(folder) == name; });
     return found == folders.end() ? Folder() : *found;
 }
 
 /// A folder is tested before those below it.
-Folder depth_first(const Folders& folders, TextView name) {
+Folder depth_first(const FolderList& folders, TextView name) {
     for (const Folder& folder : folders) {
         if (name_of(folder) == name) return folder;
         if (Folder found = depth_first(children(folder), name)) return found;
@@ -75,7 +75,7 @@ Folder depth_first(const Folders& folders, TextView name) {
 }
 
 /// Follows a chain of names. Where two folders bear the same one, as two stores may, each is tried.
-Folder follow(const Folders& folders, TextView chain) {
+Folder follow(const FolderList& folders, TextView chain) {
     const std::size_t end = std::min(chain.find(u'\\'), chain.size());
     const TextView name = chain.substr(0, end);
     for (const Folder& folder : folders) {
@@ -94,45 +94,45 @@ bool is_of_list(const host::outlook::Item& record, TextView list) {
 
 }  // namespace
 
-Database::Database(Surroundings& surroundings)
-    : surroundings_(surroundings),
-      session_(host::outlook::Application(surroundings.application()).GetNamespace(u"MAPI")) {}
+DatabaseFolders::DatabaseFolders(Context& context)
+    : context_(context),
+      name_space_(host::outlook::Application(context.application()).GetNamespace(u"MAPI")) {}
 
-Folder Database::folder(TextView name) {
-    const Text key = surroundings_.setting(setting::store_id) + u'\\' + Text(name);
+Folder DatabaseFolders::folder(TextView name) {
+    const Text key = context_.setting(setting::store_id) + u'\\' + Text(name);
     if (Folder known = remembered(key, name)) return known;
     Folder found = search(name);
     if (found) {
-        surroundings_.memory().folders[key] = {.entry_id = found.EntryID(), .store_id = found.StoreID()};
+        context_.memory().folders[key] = {.entry_id = found.EntryID(), .store_id = found.StoreID()};
     } else {
-        surroundings_.memory().folders.erase(key);
+        context_.memory().folders.erase(key);
     }
     return found;
 }
 
-Folder Database::remembered(const Text& key, TextView name) {
-    const auto& places = surroundings_.memory().folders;
+Folder DatabaseFolders::remembered(const Text& key, TextView name) {
+    const auto& places = context_.memory().folders;
     const auto place = places.find(key);
     if (place == places.end()) return Folder();
     try {
-        Folder folder = session_.GetFolderFromID(place->second.entry_id, place->second.store_id);
+        Folder folder = name_space_.GetFolderFromID(place->second.entry_id, place->second.store_id);
         return folder && folder.Name() == name ? folder : Folder();
     } catch (const Failure&) {
         return Folder();  // it was deleted, or its store was closed
     }
 }
 
-Folder Database::search(TextView name) {
+Folder DatabaseFolders::search(TextView name) {
     if (name == anchor) return depth_first(stores(), anchor);
     if (const Folder root = parent(folder(anchor))) {
-        const Folders neighbours = children(root);
+        const FolderList neighbours = children(root);
         if (Folder found = named(neighbours, name)) return found;
         if (Folder found = depth_first(neighbours, name)) return found;
     }
     return depth_first(stores(), name);
 }
 
-Folder Database::folder_at(TextView path) {
+Folder DatabaseFolders::folder_at(TextView path) {
     const std::size_t first = path.find_first_not_of(u'\\');
     if (first == TextView::npos)
         throw Failure(automation::result::invalid_argument, u"The path of a folder is empty");
@@ -140,7 +140,7 @@ Folder Database::folder_at(TextView path) {
     return follow(stores(), path.substr(first, last + 1 - first));
 }
 
-std::vector<host::outlook::Item> Database::drop_down_records(TextView list) {
+std::vector<host::outlook::Item> DatabaseFolders::drop_down_records(TextView list) {
     std::vector<host::outlook::Item> found;
     const Folder profiles = folder(anchor);
     const Folder records = profiles ? named(children(profiles), names::folder::drop_downs) : Folder();
@@ -154,16 +154,16 @@ std::vector<host::outlook::Item> Database::drop_down_records(TextView list) {
     return found;
 }
 
-std::vector<Value> Database::drop_downs(TextView list) {
+std::vector<Value> DatabaseFolders::drop_downs(TextView list) {
     std::vector<Value> subjects;
     for (const host::outlook::Item& record : drop_down_records(list))
         subjects.push_back(record.get(u"Subject"));
     return subjects;
 }
 
-Folders Database::stores() {
-    Folders all = list(session_.Folders());
-    const Text chosen = surroundings_.setting(setting::store_id);
+FolderList DatabaseFolders::stores() {
+    FolderList all = list(name_space_.Folders());
+    const Text chosen = context_.setting(setting::store_id);
     const auto is_chosen = [&](const Folder& store) {
         return answer_of([&] { return store.StoreID(); }) == chosen;
     };

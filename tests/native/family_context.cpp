@@ -1,4 +1,4 @@
-#include "tests/native/family_surroundings.h"
+#include "tests/native/family_context.h"
 
 #include <array>
 #include <cstdio>
@@ -50,13 +50,13 @@ class OpenKey {
 
 }  // namespace
 
-std::optional<Text> FamilySurroundings::read_setting(TextView name) {
+std::optional<Text> FamilyContext::read_setting(TextView name) {
     const OpenKey key(registry_, family_key, false);
     const std::optional<std::string> bytes = key.text(automation::to_utf8(name));
     return bytes ? std::optional(automation::from_utf8(*bytes)) : std::nullopt;
 }
 
-void FamilySurroundings::record(Text call) { append_to_family_list(registry_, u"Calls", call); }
+void FamilyContext::record(Text call) { append_to_family_list(registry_, u"Calls", call); }
 
 void append_to_family_list(host::Registry& registry, TextView list, TextView text) {
     OpenKey key(registry, Text(family_key) + u"\\" + Text(list), true);

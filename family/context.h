@@ -48,12 +48,12 @@ struct ShownTemplates {
     std::shared_ptr<TemplateList> window;
 };
 
-class Surroundings {
+class Context {
   public:
-    Surroundings() = default;
-    Surroundings(const Surroundings&) = delete;
-    Surroundings& operator=(const Surroundings&) = delete;
-    virtual ~Surroundings() = default;
+    Context() = default;
+    Context(const Context&) = delete;
+    Context& operator=(const Context&) = delete;
+    virtual ~Context() = default;
 
     virtual std::optional<automation::Text> read_setting(automation::TextView name) = 0;
 

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "addin/host/outlook.h"
-#include "family/surroundings.h"
+#include "family/context.h"
 
 namespace family {
 
-class Database {
+class DatabaseFolders {
   public:
-    explicit Database(Surroundings& surroundings);
+    explicit DatabaseFolders(Context& context);
 
     /// The database folder of exactly that name, or Nothing. "Account Profiles" is the first one, depth
     /// first; any other one is looked for beside "Account Profiles", then below it and its neighbours, then
@@ -29,8 +29,8 @@ class Database {
     host::outlook::Folder search(automation::TextView name);
     std::vector<host::outlook::Folder> stores();
 
-    Surroundings& surroundings_;
-    host::outlook::NameSpace session_;
+    Context& context_;
+    host::outlook::NameSpace name_space_;
 };
 
 }  // namespace family

@@ -5,18 +5,18 @@
 #include <functional>
 
 #include "addin/host/desktop.h"
-#include "family/surroundings.h"
+#include "family/context.h"
 
 namespace native {
 
 /// The key, of the current user, below which the family keeps its settings and what it records.
 inline constexpr automation::TextView family_key = u"Software\\Tarnwell\\Family";
 
-class FamilySurroundings final : public family::Surroundings {
+class FamilyContext final : public family::Context {
   public:
     /// The engine lives longer than the windows that are made by it.
-    FamilySurroundings(host::Registry& registry, std::function<automation::Object()> application,
-                       forms::Engine& engine)
+    FamilyContext(host::Registry& registry, std::function<automation::Object()> application,
+                  forms::Engine& engine)
         : registry_(registry), application_(std::move(application)), engine_(engine) {}
 
     std::optional<automation::Text> read_setting(automation::TextView name) override;

@@ -1,4 +1,4 @@
-#include "family/windows/windows_surroundings.h"
+#include "family/windows/windows_context.h"
 
 #include "addin/server/desktop/windows_desktop.h"
 #include "automation/com/failure.h"
@@ -24,14 +24,14 @@ LSTATUS read_text(HKEY key, const Text& name, Text& text) {
 
 }  // namespace
 
-WindowsSurroundings::Key WindowsSurroundings::open_settings() {
+WindowsContext::Key WindowsContext::open_settings() {
     const std::wstring name(family_key);
     HKEY key = nullptr;
     RegOpenKeyExW(HKEY_CURRENT_USER, name.c_str(), 0, KEY_READ, &key);
     return Key(key);
 }
 
-std::optional<Text> WindowsSurroundings::read_setting(TextView name) {
+std::optional<Text> WindowsContext::read_setting(TextView name) {
     const Text value(name);
     Text text;
     LSTATUS status = settings_ ? read_text(settings_.get(), value, text) : ERROR_KEY_DELETED;
@@ -45,7 +45,7 @@ std::optional<Text> WindowsSurroundings::read_setting(TextView name) {
     return text;
 }
 
-automation::Object WindowsSurroundings::application() {
+automation::Object WindowsContext::application() {
     CLSID id{};
     windows::check(CLSIDFromProgID(L"Outlook.Application", &id), u"Outlook.Application");
     windows::ComPtr<IDispatch> application;
@@ -54,7 +54,7 @@ automation::Object WindowsSurroundings::application() {
     return automation::Object(apartment_->adapt(application.get()));
 }
 
-std::shared_ptr<forms::Engine> WindowsSurroundings::engine() {
+std::shared_ptr<forms::Engine> WindowsContext::engine() {
     std::shared_ptr<windows::FormEngine> engine = engine_.lock();
     if (!engine) {
         engine = std::make_shared<windows::FormEngine>(apartment_->module(), windows::screen_dots_per_inch);
@@ -63,13 +63,13 @@ std::shared_ptr<forms::Engine> WindowsSurroundings::engine() {
     return engine;
 }
 
-void WindowsSurroundings::record(Text call) {
+void WindowsContext::record(Text call) {
     if (!append_to_list(L"Calls", windows::wide(call))) {
         throw automation::Failure(automation::result::fail, u"The family's list of calls can't be written");
     }
 }
 
-Text WindowsSurroundings::number_text(double number) {
+Text WindowsContext::number_text(double number) {
     windows::Bstr text;
     windows::check(VarBstrFromR8(number, LOCALE_USER_DEFAULT, 0, text.put()), u"VarBstrFromR8");
     return Text(text.view());
