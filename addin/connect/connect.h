@@ -5,6 +5,7 @@
 #include "addin/commands/links.h"
 #include "addin/connect/discovery.h"
 #include "addin/connect/rooms.h"
+#include "addin/ground/product.h"
 #include "addin/ground/steps.h"
 #include "addin/host/family.h"
 #include "addin/host/outlook.h"
@@ -17,9 +18,6 @@ namespace addin {
 namespace replicas {
 struct ReplicaRow;
 }
-
-/// The name under which the class is registered and published.
-inline constexpr automation::TextView connect_prog_id = u"CreateNote.Connect";
 
 /// Sinks, buttons and guards that one room works with alone are that room's own types: it is handed no more
 /// of the object.

@@ -5,7 +5,7 @@
 our_sources() {
     local suffix patterns=()
     for suffix in "$@"; do patterns+=(-o -name "*.$suffix"); done
-    (cd "$ROOT" && find addin automation bench desk family forms fuzz tests -type f \( "${patterns[@]:1}" \) | LC_ALL=C sort)
+    (cd "$ROOT" && find addin admin automation bench desk family forms fuzz tests -type f \( "${patterns[@]:1}" \) | LC_ALL=C sort)
 }
 
 check_format() {
