@@ -1,10 +1,13 @@
 #include "addin/connect/connect.h"
 
+#include <algorithm>
+
 #include "addin/filing/received_mail.h"
 #include "addin/filing/sent_mail.h"
 #include "addin/ground/settings.h"
 #include "addin/ground/status.h"
 #include "addin/quickview/launch.h"
+#include "automation/watched.h"
 
 namespace addin {
 
@@ -32,6 +35,17 @@ Value published(Connect& self, const Arguments& arguments) {
 }
 
 }  // namespace
+
+Value Connect::invoke(automation::Request& request) {
+    const std::shared_ptr<Connect> alive = shared_from_this();
+    StepObserver* const observer = session().step_observer;
+    if (!observer) return Automated::invoke(request);
+    const automation::Row<Connect>* const row = members().find(request);
+    const Entry entry(observer, row ? automation::to_utf8(row->name) : "an unknown operation");
+    const Value answer = automation::Watch::bare(Automated::invoke(request));
+    std::ranges::transform(request.arguments, request.arguments.begin(), automation::Watch::bare);
+    return answer;
+}
 
 const automation::Members<Connect>& Connect::members() {
     // ids count from where the compilers of this family's programs began, in the declared order

@@ -28,6 +28,7 @@ class Connect : public automation::Automated<Connect>, public commands::Links, p
     /// The operations that are published to the family, and the members that may be read and written from
     /// outside.
     static const automation::Members<Connect>& members();
+    automation::Value invoke(automation::Request& request) override;
 
     /// The host connects the add-in. A failure leaves it unconnected, silently.
     void IDTExtensibility2_OnConnection(const automation::Object& Application, std::int32_t ConnectMode,

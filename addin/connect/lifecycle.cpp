@@ -70,6 +70,7 @@ void delete_control(const automation::Sink& button) { CommandBarControl(button.s
 
 void Connect::IDTExtensibility2_OnConnection(const Object& Application, std::int32_t,
                                              const Object& AddInInst) {
+    const Entry entry(session().step_observer, "OnConnection");
     Text prog_id;
     try {
         prog_id = host::office::ComAddIn(AddInInst).ProgId();
@@ -80,7 +81,10 @@ void Connect::IDTExtensibility2_OnConnection(const Object& Application, std::int
     StartAddIn(Application, prog_id);
 }
 
-void Connect::IDTExtensibility2_OnDisconnection(std::int32_t) { StopAddIn(); }
+void Connect::IDTExtensibility2_OnDisconnection(std::int32_t) {
+    const Entry entry(session().step_observer, "OnDisconnection");
+    StopAddIn();
+}
 
 void Connect::IDTExtensibility2_OnAddInsUpdate() {}
 
@@ -268,6 +272,7 @@ void Connect::goOutlook_Quit() {
 }
 
 void Connect::IDTExtensibility2_OnBeginShutdown() {
+    const Entry entry(session().step_observer, "OnBeginShutdown");
     const Steps steps(session());
     steps.run([&] { delete_control(goButton); });
     steps.run([&] { delete_control(OpenButton); });

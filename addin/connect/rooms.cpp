@@ -6,7 +6,9 @@
 namespace addin {
 
 Rooms::Rooms(host::Desktop& desktop, forms::Engine& engine)
-    : session(desktop, engine),
+    : trace(addin::trace::Trace::switched_on(desktop, engine)),
+      session(trace ? trace->desktop() : desktop, trace ? trace->engine() : engine,
+              trace ? &trace->observer() : nullptr),
       replicas(session),
       createnote(session),
       searchpanel(session, createnote.LastSortColumn),

@@ -4,8 +4,8 @@
 
 namespace addin {
 
-Session::Session(host::Desktop& platform, forms::Engine& form_engine)
-    : desktop(platform), engine(form_engine) {
+Session::Session(host::Desktop& platform, forms::Engine& form_engine, StepObserver* observer)
+    : desktop(platform), engine(form_engine), step_observer(observer) {
     SearchForm.made_by([this] { return std::make_shared<addin::SearchForm>(engine); });
 }
 

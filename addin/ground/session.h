@@ -13,7 +13,7 @@ class SearchForm;
 class StepObserver;
 
 struct Session {
-    Session(host::Desktop& platform, forms::Engine& form_engine);
+    Session(host::Desktop& platform, forms::Engine& form_engine, StepObserver* observer = nullptr);
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
@@ -32,7 +32,7 @@ struct Session {
 
     /// Is told of each step that was skipped and of each test, if there is one. Who sets it keeps it as long
     /// as the load lasts.
-    StepObserver* step_observer = nullptr;
+    StepObserver* step_observer;
 
     forms::WindowPlace<addin::SearchForm> SearchForm;  ///< the sign of progress of every long operation
 };

@@ -25,6 +25,8 @@ inline constexpr automation::TextView store_id = u"TarnwellStoreID";
 inline constexpr automation::TextView folder_id = u"AccountProfileFolderID";
 inline constexpr automation::TextView folder_name = u"AccountProfileFolderName";
 inline constexpr automation::TextView user_name = u"UserName";
+inline constexpr automation::TextView trace_file = u"TraceFile";
+inline constexpr automation::TextView trace_content = u"TraceContent";
 }  // namespace setting
 
 /// What an option that is on holds.
@@ -36,6 +38,9 @@ class Settings {
   public:
     static constexpr automation::TextView key_name =
         u"Software\\Microsoft\\Office\\9.0\\Outlook\\Options\\Tarnwell";
+
+    /// The key of what concerns this add-in alone, and is read once at its load.
+    static constexpr automation::TextView own_key_name = u"Software\\Tarnwell\\Note";
 
     explicit Settings(const Session& session) : Settings(session.desktop, session.step_observer) {}
     explicit Settings(host::Desktop& desktop, StepObserver* observer = nullptr)

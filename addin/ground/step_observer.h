@@ -2,6 +2,7 @@
 #pragma once
 
 #include <source_location>
+#include <string_view>
 
 #include "addin/ground/reason.h"
 #include "automation/failure.h"
@@ -37,6 +38,27 @@ class StepObserver {
     /// taken for. The reason is that of a test which leaves a mail alone if it says yes.
     virtual void decided(const SourcePlace& place, bool answer, const Why& why,
                          const automation::Failure* unanswered) noexcept = 0;
+
+    /// The host, or another program, has called the add-in by one of its own operations, and gets the word
+    /// back.
+    virtual void entered(std::string_view /*operation*/) noexcept {}
+    virtual void left() noexcept {}
+};
+
+/// The stay of a call within the add-in, for the observer.
+class Entry {
+  public:
+    Entry(StepObserver* observer, std::string_view operation) : observer_(observer) {
+        if (observer_) observer_->entered(operation);
+    }
+    ~Entry() {
+        if (observer_) observer_->left();
+    }
+    Entry(const Entry&) = delete;
+    Entry& operator=(const Entry&) = delete;
+
+  private:
+    StepObserver* observer_;
 };
 
 }  // namespace addin

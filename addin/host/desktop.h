@@ -10,7 +10,10 @@
 
 namespace addin {
 class Presence;
+namespace trace {
+class WatchedDesktop;
 }
+}  // namespace addin
 
 namespace host {
 
@@ -128,6 +131,7 @@ class Desktop {
     /// Gives way to the host's message queue until it is empty. Only who can tell afterwards what is still
     /// there may do so.
     friend class addin::Presence;
+    friend class addin::trace::WatchedDesktop;  // which only passes it on
     virtual void yield() = 0;
 };
 

@@ -45,4 +45,7 @@ inline constexpr Event button_events[] = {{u"Click", 1, second_out}};
 inline constexpr EventInterface button{"_CommandBarButtonEvents",
                                        guid("{000C0351-0000-0000-C000-000000000046}"), button_events};
 
+inline constexpr const EventInterface* all[] = {&application, &explorers, &explorer,     &inspectors,
+                                                &inspector,   &items,     &command_bars, &button};
+
 }  // namespace host::events

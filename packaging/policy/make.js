@@ -5,7 +5,7 @@
 const fs = require("fs");
 const path = require("path");
 
-const { key, settings } = JSON.parse(fs.readFileSync(path.join(__dirname, "../../data/settings.json"), "utf8"));
+const { key: usualKey, settings } = JSON.parse(fs.readFileSync(path.join(__dirname, "../../data/settings.json"), "utf8"));
 
 const begin = "<!-- made from data/settings.json -->\n";
 const end = "<!-- end of what is made -->\n";
@@ -14,16 +14,25 @@ const end = "<!-- end of what is made -->\n";
 const holds = { text: "text", off: "`1`: on, else off", on: "`0`: off, else on" };
 const kindOf = (setting) => (setting.kind === "switch" ? (setting.default === "1" ? "on" : "off") : "text");
 
-function table() {
-    const rows = settings.map((setting) => `| \`${setting.name}\` | ${holds[kindOf(setting)]} | ${setting.about} |`);
-    return ["", "| Value | Holds | Meaning |", "| --- | --- | --- |", ...rows, "", ""].join("\n");
+const keyOf = (setting) => setting.key || usualKey;
+
+// What stands under a key of its own is what the add-in reads once.
+function tables() {
+    const table = (key) => {
+        const rows = settings.filter((setting) => keyOf(setting) === key)
+            .map((setting) => `| \`${setting.name}\` | ${holds[kindOf(setting)]} | ${setting.about} |`);
+        return ["", "| Value | Holds | Meaning |", "| --- | --- | --- |", ...rows, "", ""].join("\n");
+    };
+    const others = [...new Set(settings.map(keyOf))].filter((key) => key !== usualKey);
+    return table(usualKey) +
+        others.map((key) => `Under \`HKEY_CURRENT_USER\\${key}\`, read when the add-in is loaded:\n${table(key)}`).join("");
 }
 
 function guide(file) {
     const text = fs.readFileSync(file, "utf8");
     const from = text.indexOf(begin), to = text.indexOf(end);
     if (from < 0 || to < from) throw new Error(`${file} has no place for the table of settings`);
-    return text.slice(0, from + begin.length) + table() + text.slice(to);
+    return text.slice(0, from + begin.length) + tables() + text.slice(to);
 }
 
 const xml = (text) => text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/"/g, "&quot;");
@@ -31,7 +40,7 @@ const plain = (text) => text.replace(/\*([^*]+)\*|`([^`]+)`/g, '"$1$2"');
 
 // A switch writes 1 or 0, a text what the administrator enters; without a policy, each user's own value holds.
 function policy(setting) {
-    const { name } = setting;
+    const { name } = setting, key = keyOf(setting);
     const head =
         `<policy name="${name}" class="User" displayName="$(string.${name})" explainText="$(string.${name}_Help)" key="${xml(key)}"`;
     const place = '<parentCategory ref="TarnwellNote"/>\n<supportedOn ref="SUPPORTED_TarnwellNote"/>';

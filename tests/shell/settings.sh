@@ -18,7 +18,8 @@ while read -r constant name; do
     [[ $uses != *store\(* ]] || written+=$name$'\n'
     ! grep -rqF ".enabled = setting::$constant," addin || on_without+=$name$'\n' # the one kind that is compared with "0"
 done <<<"$constants"
-key=$(sed -n '/key_name =$/{n;s/^ *u"\(.*\)";$/\1/p}' "$header" | sed 's/\\\\/\\/g')
+keys=$(tr '\n' ' ' <"$header" | grep -oE 'key_name = +u"[^"]+"' | sed 's/.*u"\(.*\)"/\1/; s/\\\\/\\/g' | LC_ALL=C sort)
+own_names=$'TraceContent\nTraceFile' own_key='Software\Tarnwell\Note'
 
 # What people read.
 make_policy "$(project_version)" "$work/policy"
@@ -32,9 +33,13 @@ with() { sed -n 's/.*"name": "\([A-Za-z]*\)".*'"$1"'.*/\1/p' data/settings.json 
 same_lines "the data write other values than the code" "$(LC_ALL=C sort <<<"${written%$'\n'}")" "$(with '"written": true')"
 same_lines "other switches are on without a value" "$(LC_ALL=C sort <<<"${on_without%$'\n'}")" "$(with '"default": "1"')"
 same_lines "the guide has other settings than the code" "$names" "$(sed -n '/^## Settings/,/^## /s/^| `\([A-Za-z]*\)` |.*/\1/p' docs/administration.md | LC_ALL=C sort)"
-grep -qF "\`HKEY_CURRENT_USER\\$key\`" docs/administration.md || wrong "the guide does not name the key $key"
+while read -r key; do
+    grep -qF "\`HKEY_CURRENT_USER\\$key\`" docs/administration.md || wrong "the guide does not name the key $key"
+done <<<"$keys"
 same_lines "the policies are of other settings than the code" "$names" "$(of "$template" "//@valueName" | LC_ALL=C sort)"
-same_lines "the policies have another key" "$key" "$(of "$template" "//@key" | sort -u)"
+same_lines "the policies have other keys" "$keys" "$(of "$template" "//@key" | LC_ALL=C sort -u)"
+same_lines "other policies have the add-in's own key" "$own_names" \
+    "$(of "$template" "$(any policy)[@key=\"$own_key\"]/@name" | LC_ALL=C sort)"
 same_lines "a policy has no title" "$names" "$(of "$texts" "$(any string)[string-length(.) > 5]/@id" | grep -vE '_|^TarnwellNote$' | LC_ALL=C sort)"
 same_lines "a policy has no sentence" "$names" "$(of "$texts" "$(any string)[contains(., '.')]/@id" | sed -n 's/_Help$//p' | LC_ALL=C sort)"
 same_lines "a text has no place to be entered" "$(of "$template" "$(any text)/@id")" "$(of "$texts" "$(any textBox)/@refId")"

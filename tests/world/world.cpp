@@ -50,6 +50,11 @@ void World::option(TextView name, std::int32_t value) {
                                            host::registry_type::dword);
 }
 
+void World::own_option(TextView name, TextView value) {
+    addin::Settings(desktop()).SetKeyValue(host::current_user, addin::Settings::own_key_name, name,
+                                           Value(value), host::registry_type::text);
+}
+
 void World::family(TextView name, TextView value) {
     addin::Settings(desktop()).SetKeyValue(host::current_user, family_key, name, Value(value),
                                            host::registry_type::text);

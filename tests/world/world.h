@@ -78,6 +78,8 @@ class World {
     /// An option of the user, as text or as a number.
     void option(automation::TextView name, automation::TextView value);
     void option(automation::TextView name, std::int32_t value);
+    /// A value of the add-in's own key, which is read when it is loaded.
+    void own_option(automation::TextView name, automation::TextView value);
     /// A value that the family's stand-ins answer.
     void family(automation::TextView name, automation::TextView value);
     automation::Text family(automation::TextView name);

@@ -152,6 +152,7 @@ class WineWorld : public acceptance::World {
         }
         if (!setup.add_in) add_in_ = std::make_unique<LeftOutAddIn>();
         remove_key(HKEY_CURRENT_USER, Text(addin::Settings::key_name));
+        remove_key(HKEY_CURRENT_USER, Text(addin::Settings::own_key_name));
         remove_key(HKEY_CURRENT_USER, family_key);
         write_text(HKEY_CURRENT_USER, family_key, u"SpecialFolder", text_of(folder_.path() / "special"));
         write_text(HKEY_CURRENT_USER, family_key, u"ProgramFolder", text_of(program_folder()));
