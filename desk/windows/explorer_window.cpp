@@ -1,13 +1,10 @@
 #include "desk/windows/explorer_window.h"
 
 #include <algorithm>
-#include <array>
-#include <span>
 
 #include "desk/base/desk.h"
 #include "desk/outlook/item.h"
 #include "desk/windows/context_menu.h"
-#include "desk/windows/shown_value.h"
 
 namespace desk {
 
@@ -19,36 +16,18 @@ namespace {
 constexpr int tree_id = 1, list_id = 2, status_id = 3;
 constexpr int tree_width = 240;  // pixels
 
-struct Column {
-    TextView title, field;
-    int width;
-};
-constexpr Column mail_columns[] = {{u"From", u"SenderName", 170},
-                                   {u"Subject", u"Subject", 300},
-                                   {u"Received", u"ReceivedTime", 130},
-                                   {u"Flag", u"FlagRequest", 215}};
-constexpr Column post_columns[] = {{u"Subject", u"Subject", 320},
-                                   {u"Account", u"Account Name", 190},
-                                   {u"Contact", u"Contact Name", 160},
-                                   {u"Type", u"Type", 110}};
-constexpr Column contact_columns[] = {{u"Name", u"FullName", 180},
-                                      {u"Company", u"CompanyName", 200},
-                                      {u"E-mail", u"Email1Address", 220},
-                                      {u"Telephone", u"BusinessTelephoneNumber", 130}};
-constexpr Column appointment_columns[] = {{u"Subject", u"Subject", 320},
-                                          {u"Start", u"Start", 130},
-                                          {u"End", u"End", 130},
-                                          {u"Contact", u"Contact Name", 160}};
-constexpr Column task_columns[] = {
-    {u"Subject", u"Subject", 320}, {u"Due", u"DueDate", 130}, {u"Contact", u"Contact Name", 160}};
+/// The list's own font, bold.
+windows::DrawingObject<HFONT> bold_font_of(HWND control) {
+    LOGFONTW font{};
+    const auto own = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
+    GetObjectW(own ? own : GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
+    font.lfWeight = FW_BOLD;
+    return windows::DrawingObject<HFONT>(CreateFontIndirectW(&font));
+}
 
-std::span<const Column> columns_of(const FolderRow& folder) {
-    constexpr std::int32_t appointments = 1, contacts = 2, tasks = 3;
-    if (folder.item_type == appointments) return appointment_columns;
-    if (folder.item_type == contacts) return contact_columns;
-    if (folder.item_type == tasks) return task_columns;
-    if (folder.default_class == u"IPM.Note") return mail_columns;
-    return post_columns;
+bool is_unread(const ItemData& item) {
+    const std::optional<automation::Value> value = field_value(item, u"UnRead");
+    return value && value->to_boolean();
 }
 
 }  // namespace
@@ -63,6 +42,7 @@ ExplorerWindow::ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> 
     list_ = add_control(WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS,
                         WS_EX_CLIENTEDGE, list_id, L"Items");
     ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT);
+    bold_ = bold_font_of(list_);
     status_ = add_control(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0, status_id);
     take_drops();
     open();
@@ -93,29 +73,62 @@ void ExplorerWindow::lay_out(int top, int width, int height) {
     MoveWindow(list_, tree_width, top, width - tree_width, below - top, TRUE);
 }
 
+Text ExplorerWindow::folder_text(const FolderRow& folder) const {
+    const auto unread = static_cast<long long>(desk_.store().unread(folder.id));
+    return unread == 0 ? folder.name : folder.name + u" (" + automation::to_text(unread) + u")";
+}
+
 void ExplorerWindow::add_folders(HTREEITEM above, RowId parent) {
     for (const RowId id : desk_.folders_below(parent)) {
-        Text name = desk_.folder_row(id)->name;
         TVINSERTSTRUCTW insert{};
         insert.hParent = above;
         insert.hInsertAfter = TVI_LAST;
-        insert.item.mask = TVIF_TEXT | TVIF_PARAM;
-        insert.item.pszText = reinterpret_cast<wchar_t*>(name.data());
+        insert.item.mask = TVIF_PARAM;
         insert.item.lParam = static_cast<LPARAM>(id);
         places_[id] = TreeView_InsertItem(tree_, &insert);
+        show_folder_text(id);
         add_folders(places_[id], id);
         TreeView_Expand(tree_, places_[id], TVE_EXPAND);
     }
 }
 
+void ExplorerWindow::show_folder_text(RowId folder) {
+    Text text = folder_text(*desk_.folder_row(folder));
+    TVITEMW item{};
+    item.mask = TVIF_TEXT | TVIF_STATE;
+    item.hItem = places_.at(folder);
+    item.pszText = reinterpret_cast<wchar_t*>(text.data());
+    item.stateMask = TVIS_BOLD;
+    item.state = desk_.store().unread(folder) == 0 ? 0 : TVIS_BOLD;
+    SendMessageW(tree_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
 void ExplorerWindow::show_folders() {
-    std::vector<std::pair<RowId, Text>> now;
-    for (const FolderRow& row : desk_.folder_rows()) now.emplace_back(row.id, row.name);
-    if (now == shown_folders_) return;
+    std::vector<ShownFolder> now;
+    for (const FolderRow& row : desk_.folder_rows()) {
+        now.push_back({row.id, row.parent, row.name, desk_.store().unread(row.id)});
+    }
+    const auto same_place = [](const ShownFolder& one, const ShownFolder& other) {
+        return one.id == other.id && one.parent == other.parent && one.name == other.name;
+    };
+    if (std::ranges::equal(now, shown_folders_, same_place)) {
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            if (now[i].unread != shown_folders_[i].unread) show_folder_text(now[i].id);
+        }
+        shown_folders_ = std::move(now);
+        return;
+    }
     shown_folders_ = std::move(now);
     TreeView_DeleteAllItems(tree_);
     places_.clear();
     add_folders(TVI_ROOT, 0);
+    select_place();
+}
+
+/// The folder that is shown is the one that is selected.
+void ExplorerWindow::select_place() {
+    const auto place = places_.find(shown_folder_);
+    if (place != places_.end()) TreeView_SelectItem(tree_, place->second);
 }
 
 void ExplorerWindow::show_columns() {
@@ -135,21 +148,34 @@ void ExplorerWindow::show_columns() {
     }
 }
 
+/// Marks the heading by which the lines are sorted.
+void ExplorerWindow::show_sorting() {
+    const std::optional<Sorting> sorting = lines_.sorting(shown_folder_);
+    const HWND headings = ListView_GetHeader(list_);
+    const int count = Header_GetItemCount(headings);
+    for (int i = 0; i < count; ++i) {
+        HDITEMW heading{};
+        heading.mask = HDI_FORMAT;
+        SendMessageW(headings, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&heading));
+        const int before = heading.fmt;
+        heading.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (sorting && sorting->column == i) heading.fmt |= sorting->descending ? HDF_SORTDOWN : HDF_SORTUP;
+        if (heading.fmt == before) continue;
+        SendMessageW(headings, HDM_SETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&heading));
+    }
+}
+
 void ExplorerWindow::show_contents() {
     refreshing_ = true;
     show_folders();
     if (shown_folder_ != explorer_->folder()) {
         shown_folder_ = explorer_->folder();
         show_columns();
-        const auto place = places_.find(shown_folder_);
-        if (place != places_.end()) TreeView_SelectItem(tree_, place->second);
+        select_place();
     }
-    shown_items_.clear();
     shown_row_.reset();
-    if (desk_.folder_row(shown_folder_)) {
-        const std::vector<RowId>& all = desk_.contents(shown_folder_);
-        shown_items_.assign(all.rbegin(), all.rend());
-    }
+    shown_items_ = lines_.of(shown_folder_);
+    show_sorting();
     if (ListView_GetItemCount(list_) != static_cast<int>(shown_items_.size())) {  // it arranges all anew
         SendMessageW(list_, LVM_SETITEMCOUNT, shown_items_.size(), LVSICF_NOSCROLL);
     }
@@ -165,17 +191,32 @@ void ExplorerWindow::show_contents() {
 void ExplorerWindow::show_cell(LVITEMW& cell) {
     if (!(cell.mask & LVIF_TEXT) || cell.cchTextMax <= 0) return;
     cell.pszText[0] = L'\0';
-    const auto line = static_cast<std::size_t>(cell.iItem);
     const FolderRow* const folder = desk_.folder_row(shown_folder_);
-    if (line >= shown_items_.size() || !folder) return;
+    const ItemRow* const row = row_of_line(static_cast<std::size_t>(cell.iItem));
+    if (!folder || !row) return;
     const auto columns = columns_of(*folder);
-    const RowId item = shown_items_[line];
-    if (!shown_row_ || shown_row_->id != item) shown_row_ = desk_.store().load(item);
-    if (!shown_row_ || static_cast<std::size_t>(cell.iSubItem) >= columns.size()) return;
-    const Text text = shown_value(shown_row_->data, columns[static_cast<std::size_t>(cell.iSubItem)].field);
+    if (static_cast<std::size_t>(cell.iSubItem) >= columns.size()) return;
+    const Text text = cell_text(row->data, columns[static_cast<std::size_t>(cell.iSubItem)]);
     const std::size_t length = std::min(text.size(), static_cast<std::size_t>(cell.cchTextMax - 1));
     std::copy_n(windows::wide(text), length, cell.pszText);
     cell.pszText[length] = L'\0';
+}
+
+const ItemRow* ExplorerWindow::row_of_line(std::size_t line) {
+    if (line >= shown_items_.size()) return nullptr;
+    if (!shown_row_ || shown_row_->id != shown_items_[line])
+        shown_row_ = desk_.store().load(shown_items_[line]);
+    return shown_row_ ? &*shown_row_ : nullptr;
+}
+
+/// What is unread is written in bold.
+LRESULT ExplorerWindow::draw_line(NMLVCUSTOMDRAW& drawing) {
+    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+    const ItemRow* const row = row_of_line(drawing.nmcd.dwItemSpec);
+    if (!row || !is_unread(row->data)) return CDRF_DODEFAULT;
+    SelectObject(drawing.nmcd.hdc, bold_.get());
+    return CDRF_NEWFONT;
 }
 
 void ExplorerWindow::take_selection() {
@@ -199,6 +240,8 @@ void ExplorerWindow::show_selection() {
     shown_selection_ = lines;
     ListView_SetItemState(list_, -1, 0, LVIS_SELECTED);
     for (const int line : lines) ListView_SetItemState(list_, line, LVIS_SELECTED, LVIS_SELECTED);
+    // the arrow keys go on from where the item stands now
+    if (lines.size() == 1) ListView_SetItemState(list_, lines.front(), LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
 namespace {
@@ -213,6 +256,8 @@ void open_item(Item& item) {
     mark(item, true);  // a mail that is opened has been read
     item.self().call(u"Display");
 }
+
+void remove_item(Item& item) { item.remove(); }
 
 /// Does something with each selected item that is still there.
 void with_selected(const std::shared_ptr<Explorer>& explorer, void (*what)(Item&)) {
@@ -231,12 +276,27 @@ void open_context_menu(const std::shared_ptr<Explorer>& explorer, HWND owner, PO
         own = {{L"&Open", [&] { with_selected(explorer, open_item); }, true},
                {L"Mark as &Read", [&] { with_selected(explorer, [](Item& item) { mark(item, true); }); }},
                {L"Mark as U&nread", [&] { with_selected(explorer, [](Item& item) { mark(item, false); }); }},
-               {L"&Delete", [&] { with_selected(explorer, [](Item& item) { item.remove(); }); }}};
+               {L"&Delete", [&] { with_selected(explorer, remove_item); }}};
     }
     if (const std::function<void()> chosen = choose_from_menu(owner, place, own, *bar)) chosen();
 }
 
 }  // namespace
+
+/// What the keys do in the list. What follows from a removal may close this window, so it is not done here.
+void ExplorerWindow::press_key(WORD key) {
+    const bool control = GetKeyState(VK_CONTROL) < 0;
+    if (key == VK_DELETE) {
+        take_selection();
+        desk_.surroundings().post([explorer = explorer_] { with_selected(explorer, remove_item); });
+    } else if (key == 'A' && control) {
+        ListView_SetItemState(list_, -1, LVIS_SELECTED, LVIS_SELECTED);
+        take_selection();
+    } else if (key == VK_F5) {
+        lines_.forget();
+        show_contents();
+    }
+}
 
 void ExplorerWindow::open_selected() {
     take_selection();
@@ -271,12 +331,19 @@ void ExplorerWindow::on_context_menu(HWND control, POINT place) {
 
 LRESULT ExplorerWindow::on_notify(NMHDR& notice) {
     HostFrame::on_notify(notice);
-    if (refreshing_ && notice.code != LVN_GETDISPINFOW) return 0;
+    if (refreshing_ && notice.code != LVN_GETDISPINFOW && notice.code != NM_CUSTOMDRAW) return 0;
     if (notice.hwndFrom == tree_ && notice.code == TVN_SELCHANGEDW) {
         const auto& change = reinterpret_cast<NMTREEVIEWW&>(notice);
         explorer_->show_folder(static_cast<RowId>(change.itemNew.lParam));
     } else if (notice.hwndFrom == list_ && notice.code == LVN_GETDISPINFOW) {
         show_cell(reinterpret_cast<NMLVDISPINFOW&>(notice).item);
+    } else if (notice.hwndFrom == list_ && notice.code == NM_CUSTOMDRAW) {
+        return draw_line(reinterpret_cast<NMLVCUSTOMDRAW&>(notice));
+    } else if (notice.hwndFrom == list_ && notice.code == LVN_COLUMNCLICK) {
+        lines_.sort_by(shown_folder_, reinterpret_cast<NMLISTVIEW&>(notice).iSubItem);
+        show_contents();
+    } else if (notice.hwndFrom == list_ && notice.code == LVN_KEYDOWN) {
+        press_key(reinterpret_cast<NMLVKEYDOWN&>(notice).wVKey);
     } else if (notice.hwndFrom == list_ && notice.code == LVN_ITEMCHANGED) {
         const auto& change = reinterpret_cast<NMLISTVIEW&>(notice);
         if ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) take_selection();
