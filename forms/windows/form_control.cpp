@@ -155,8 +155,8 @@ void FormControl::leave_messages(HWND window, WNDPROC next) {
 LRESULT CALLBACK FormControl::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
     auto* const control = reinterpret_cast<FormControl*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (!control) return CallWindowProcW(system_procedure(window), window, message, first, second);
-    const ModuleHold hold(control->form_.surroundings().module);  // a key may end the form, and all with it
-    if (message == control->form_.surroundings().control_name_message && window == control->window_) {
+    const ModuleHold hold(control->form_.parts().module);  // a key may end the form, and all with it
+    if (message == control->form_.parts().control_name_message && window == control->window_) {
         return tell_name(control->row_.name, first, second);
     }
     const WNDPROC next = window == control->inner_ ? control->inner_next_ : control->next_;

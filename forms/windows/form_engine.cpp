@@ -16,24 +16,24 @@ void load_controls() {
 
 FormEngine::FormEngine(Module& module, std::function<int()> dots_per_inch,
                        std::shared_ptr<const ScreenPointer> pointer)
-    : surroundings_(new FormSurroundings{.module = module,
-                                         .dots_per_inch = std::move(dots_per_inch),
-                                         .pointer = std::move(pointer),
-                                         .window_class = FormClass(&FormWindow::procedure),
-                                         .hook = {},
-                                         .owner = {}}) {
+    : parts_(new EngineParts{.module = module,
+                             .dots_per_inch = std::move(dots_per_inch),
+                             .pointer = std::move(pointer),
+                             .window_class = FormClass(&FormWindow::procedure),
+                             .hook = {},
+                             .owner = {}}) {
     load_controls();
 }
 
 FormEngine::~FormEngine() = default;
 
-void FormEngine::keep_during_events(std::weak_ptr<void> owner) { surroundings_->owner = std::move(owner); }
+void FormEngine::keep_during_events(std::weak_ptr<void> owner) { parts_->owner = std::move(owner); }
 
-void FormEngine::ask(ScreenChoices screens) { surroundings_->screens = std::move(screens); }
+void FormEngine::ask(ScreenChoices screens) { parts_->screens = std::move(screens); }
 
 std::unique_ptr<forms::View> FormEngine::make(const forms::FormTable& table,
                                               std::weak_ptr<forms::Events> events) {
-    return std::make_unique<FormWindow>(surroundings_, table, std::move(events));
+    return std::make_unique<FormWindow>(parts_, table, std::move(events));
 }
 
 }  // namespace windows

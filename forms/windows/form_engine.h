@@ -7,7 +7,7 @@
 
 namespace windows {
 
-struct FormSurroundings;
+struct EngineParts;
 struct ScreenChoices;
 
 /// Belongs to one thread, whose windows it makes. The windows end before it does.
@@ -30,7 +30,7 @@ class FormEngine final : public forms::Engine {
                                       std::weak_ptr<forms::Events> events) override;
 
   private:
-    std::shared_ptr<FormSurroundings> surroundings_;
+    std::shared_ptr<EngineParts> parts_;
 };
 
 }  // namespace windows

@@ -37,9 +37,9 @@ class FormWindow::Running {
 };
 
 bool FormWindow::raise(const std::function<void(Events&)>& event) {
-    const ModuleHold hold(surroundings_->module);
+    const ModuleHold hold(parts_->module);
     const std::shared_ptr<FormFrame> frame = frame_;
-    LastReference owner = surroundings_->owner.lock();
+    LastReference owner = parts_->owner.lock();
     {
         const Running running(frame);
         if (const std::shared_ptr<Events> events = events_.lock()) {
@@ -154,7 +154,7 @@ LRESULT FormWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
             return 0;
         }
         default:
-            if (message == surroundings_->control_name_message) return tell_name(table_.name, first, second);
+            if (message == parts_->control_name_message) return tell_name(table_.name, first, second);
             break;
     }
     return DefWindowProcW(window, message, first, second);
@@ -198,7 +198,7 @@ void FormWindow::on_size() {
 
 bool FormWindow::on_set_cursor(HWND at, WORD hit) const {
     if (hit != HTCLIENT) return false;
-    if (surroundings_->pointer->busy() || pointer_ == forms::Pointer::hourglass) {
+    if (parts_->pointer->busy() || pointer_ == forms::Pointer::hourglass) {
         SetCursor(LoadCursorW(nullptr, IDC_WAIT));
         return true;
     }

@@ -33,7 +33,7 @@ LRESULT CALLBACK FormWindow::hook_procedure(int code, WPARAM removed, LPARAM dat
         auto* const form =
             ours ? reinterpret_cast<FormWindow*>(GetWindowLongPtrW(root, GWLP_USERDATA)) : nullptr;
         if (form) {
-            const ModuleHold hold(form->surroundings_->module);
+            const ModuleHold hold(form->parts_->module);
             contained([&] { form->dispatch_key(message); });
             message.message = WM_NULL;
         }

@@ -358,7 +358,7 @@ forms::Hit FormRows::hit(int x, int y) const {
 void FormRows::takes_drops(bool takes) {
     if (takes == takes_drops_) return;
     if (takes) {
-        const auto target = DropTarget::create(form_.surroundings().module, window_, [this](int x, int y) {
+        const auto target = DropTarget::create(form_.parts().module, window_, [this](int x, int y) {
             form_.raise([&](forms::Events& events) { events.on_drop(row_.name, x, y); });
         });
         check(RegisterDragDrop(window_, target.get()));

@@ -88,17 +88,17 @@ bool is_field(const ControlRow& row) {
 
 }  // namespace
 
-FormWindow::FormWindow(std::shared_ptr<FormSurroundings> surroundings, const FormTable& table,
+FormWindow::FormWindow(std::shared_ptr<EngineParts> parts, const FormTable& table,
                        std::weak_ptr<forms::Events> events)
-    : surroundings_(std::move(surroundings)),
+    : parts_(std::move(parts)),
       table_(table),
       events_(std::move(events)),
-      dots_per_inch_(surroundings_->dots_per_inch()),
+      dots_per_inch_(parts_->dots_per_inch()),
       fonts_(dots_per_inch_) {
-    hook_ = surroundings_->hook.lock();
+    hook_ = parts_->hook.lock();
     if (!hook_) {
-        hook_ = std::make_shared<KeyboardHook>(surroundings_->module, hook_procedure);
-        surroundings_->hook = hook_;
+        hook_ = std::make_shared<KeyboardHook>(parts_->module, hook_procedure);
+        parts_->hook = hook_;
     }
     try {
         make_window();
@@ -116,7 +116,7 @@ void FormWindow::end() {
     if (!handle()) return;
     const std::shared_ptr<FormFrame> frame = frame_;
     if (RECT box{}; was_shown_ && GetWindowRect(frame->window, &box)) {
-        surroundings_->left_at[table_.name] = {box.left, box.top};
+        parts_->left_at[table_.name] = {box.left, box.top};
     }
     frame->form = nullptr;
     SetWindowLongPtrW(frame->window, GWLP_USERDATA, 0);
@@ -144,18 +144,18 @@ void FormWindow::make_window() {
     const SIZE size = outer_size();
     const POINT middle = middle_of_screen(size);
     const Text title(table_.caption);
-    auto hold = std::make_unique<ModuleHold>(surroundings_->module);
-    frame_->window = CreateWindowExW(extended_style_of(table_), surroundings_->window_class.name(),
-                                     wide(title), style_of(table_), table_.sizable ? CW_USEDEFAULT : middle.x,
-                                     table_.sizable ? CW_USEDEFAULT : middle.y, size.cx, size.cy, nullptr,
-                                     nullptr, own_module(), nullptr);
+    auto hold = std::make_unique<ModuleHold>(parts_->module);
+    frame_->window =
+        CreateWindowExW(extended_style_of(table_), parts_->window_class.name(), wide(title), style_of(table_),
+                        table_.sizable ? CW_USEDEFAULT : middle.x, table_.sizable ? CW_USEDEFAULT : middle.y,
+                        size.cx, size.cy, nullptr, nullptr, own_module(), nullptr);
     if (!handle())
         throw Failure(automation::result::fail, u"A window could not be made: " + Text(table_.name));
     SetWindowLongPtrW(handle(), FormClass::hold_place, reinterpret_cast<LONG_PTR>(hold.release()));
     frame_->form = this;  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the window has the hold
     SetWindowLongPtrW(handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     // The place may be on a screen of another resolution than the one that was asked.
-    const int dots = surroundings_->screens.dots_per_inch_of(handle());
+    const int dots = parts_->screens.dots_per_inch_of(handle());
     if (dots > 0 && dots != dots_per_inch_) {
         dots_per_inch_ = dots;
         fonts_ = Fonts(dots);
@@ -286,9 +286,9 @@ void FormWindow::come_to_place() {
     const SIZE size{box.right - box.left, box.bottom - box.top};
     POINT place{box.left, box.top};
     if (!was_shown_) {
-        const auto left_at = surroundings_->left_at.find(table_.name);
-        place = left_at == surroundings_->left_at.end() ? place_beside(window_worked_in(is_of_host), size)
-                                                        : left_at->second;
+        const auto left_at = parts_->left_at.find(table_.name);
+        place = left_at == parts_->left_at.end() ? place_beside(window_worked_in(is_of_host), size)
+                                                 : left_at->second;
     }
     was_shown_ = true;
     place = place_in_sight(place, size);

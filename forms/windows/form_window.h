@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "forms/windows/drawing.h"
+#include "forms/windows/engine_parts.h"
 #include "forms/windows/form_control.h"
-#include "forms/windows/form_surroundings.h"
 #include "forms/windows/modal_show.h"
 
 namespace windows {
@@ -21,7 +21,7 @@ struct FormFrame {
 
 class FormWindow final : public forms::View {
   public:
-    FormWindow(std::shared_ptr<FormSurroundings> surroundings, const forms::FormTable& table,
+    FormWindow(std::shared_ptr<EngineParts> parts, const forms::FormTable& table,
                std::weak_ptr<forms::Events> events);
     ~FormWindow() override;
     FormWindow(const FormWindow&) = delete;
@@ -47,7 +47,7 @@ class FormWindow final : public forms::View {
     // what its controls use
 
     HWND handle() const { return frame_->window; }
-    FormSurroundings& surroundings() const { return *surroundings_; }
+    EngineParts& parts() const { return *parts_; }
     Fonts& fonts() { return fonts_; }
     const forms::FormTable& table() const { return table_; }
     int to_pixels(int twips) const { return forms::to_pixels(twips, dots_per_inch_); }
@@ -65,7 +65,7 @@ class FormWindow final : public forms::View {
     void focus_moves_on();  ///< from a control that can't keep it
     void let_others_go(const FormControl& option);
     void visible_changed(const FormControl& frame);
-    bool is_high_contrast() const { return surroundings_->screens.is_high_contrast(); }
+    bool is_high_contrast() const { return parts_->screens.is_high_contrast(); }
 
     /// A key goes down, or a character comes, at a control. False: it has been dealt with.
     bool key_down(const FormControl* control, int code);
@@ -101,7 +101,7 @@ class FormWindow final : public forms::View {
         ImageListHandle images;
     };
 
-    std::shared_ptr<FormSurroundings> surroundings_;
+    std::shared_ptr<EngineParts> parts_;
     std::shared_ptr<KeyboardHook> hook_;
     const forms::FormTable& table_;
     std::weak_ptr<forms::Events> events_;

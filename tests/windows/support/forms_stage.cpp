@@ -4,8 +4,8 @@
 
 #include <array>
 
+#include "forms/windows/engine_parts.h"
 #include "forms/windows/form_control.h"
-#include "forms/windows/form_surroundings.h"
 
 namespace forms_test {
 

@@ -1,4 +1,4 @@
-#include "forms/windows/form_surroundings.h"
+#include "forms/windows/engine_parts.h"
 
 #include <algorithm>
 

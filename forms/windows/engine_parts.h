@@ -51,7 +51,7 @@ struct ScreenChoices {
     std::function<bool()> is_high_contrast = windows::is_high_contrast;
 };
 
-struct FormSurroundings {
+struct EngineParts {
     Module& module;
     std::function<int()> dots_per_inch;
     std::shared_ptr<const ScreenPointer> pointer;
