@@ -92,7 +92,7 @@ class Fitting {
     Text item_id_;  ///< empty for an item that was never saved
     Text class_;
     CommandBar bar_;
-    host::cdo::Session cdo_;
+    host::cdo::CdoSession cdo_;
 };
 
 void Fitting::run() {
@@ -146,7 +146,8 @@ void Fitting::run() {
 }
 
 void Fitting::personal_appointment() {
-    steps_.set(cdo_, [&] { return host::cdo::Session(session_.desktop.create(host::cdo::session_prog_id)); });
+    steps_.set(cdo_,
+               [&] { return host::cdo::CdoSession(session_.desktop.create(host::cdo::session_prog_id)); });
     steps_.run([&] { cdo_.Logon(); });
     host::cdo::Folder folder;
     steps_.set(folder, [&] {

@@ -31,8 +31,8 @@ void convert_appointment(Session& session) {
         steps.set(id, [&] { return appointment.EntryID(); });
     }
 
-    host::cdo::Session cdo;
-    steps.set(cdo, [&] { return host::cdo::Session(desktop.create(host::cdo::session_prog_id)); });
+    host::cdo::CdoSession cdo;
+    steps.set(cdo, [&] { return host::cdo::CdoSession(desktop.create(host::cdo::session_prog_id)); });
     steps.run([&] { cdo.Logon(); });
     host::cdo::Message message;
     steps.set(message, [&] {

@@ -118,7 +118,8 @@ void dlgSend::GetListDef() {
     steps.set(main_add_in, [&] { return records::make_main_add_in(desktop); });
     steps.set(special_folder, [&] { return main_add_in.getspecialfolderlocation(); });
     if (!state_.cdo) {
-        steps.set(state_.cdo, [&] { return host::cdo::Session(desktop.create(host::cdo::session_prog_id)); });
+        steps.set(state_.cdo,
+                  [&] { return host::cdo::CdoSession(desktop.create(host::cdo::session_prog_id)); });
         steps.run([&] { state_.cdo.Logon(); });
     }
     desktop.pointer(forms::Pointer::hourglass);

@@ -25,7 +25,7 @@ struct State {
     bool gNoteFromExplorer = false;           ///< how the dialog was opened
     std::int32_t LastSortColumn = 0;          ///< of the dialog's list and the Search Panel's, from 0
     records::ListDefinition list_definition;  ///< the current one
-    host::cdo::Session cdo;                   ///< while a list definition is read
+    host::cdo::CdoSession cdo;                ///< while a list definition is read
     DialogSearch search;
     bool gSearchCancelled = false;  ///< nothing sets it
 };

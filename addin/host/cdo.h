@@ -35,7 +35,7 @@ class Message : public Face<Message> {
     void Update(bool make_permanent, bool refresh) const { call(u"Update", {make_permanent, refresh}); }
 };
 
-class Session : public Face<Session> {
+class CdoSession : public Face<CdoSession> {
   public:
     static constexpr Kind kind{"CDO.Session"};
     using Face::Face;

@@ -69,7 +69,7 @@ TEST_F(AddressResolution, LooksAtAccountContactsOnly) {
     constexpr std::int32_t own_contacts = 10;
     const host::outlook::Folder root(world.account_profiles().Parent());
     add_to(root.Folders().Item(u"Leads"), u"IPM.Contact.Lead");
-    add_to(world.session().GetDefaultFolder(own_contacts), u"IPM.Contact");
+    add_to(world.name_space().GetDefaultFolder(own_contacts), u"IPM.Contact");
     const Item mail = read_mail(world);
     expect_left_alone(world, mail);
 }

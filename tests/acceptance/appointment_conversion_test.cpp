@@ -17,7 +17,9 @@ constexpr TextView appointment_bar = u"Convert Appointment", button = u"ApptButt
 
 class AppointmentConversion : public Acceptance {
   protected:
-    Folder calendar() { return world().session().GetDefaultFolder(host::outlook::default_folder::calendar); }
+    Folder calendar() {
+        return world().name_space().GetDefaultFolder(host::outlook::default_folder::calendar);
+    }
     Item planned(const Folder& folder) {
         const Item appointment = folder.Items().Add(personal_appointment);
         appointment.Subject(u"Tea at the mill");
@@ -40,7 +42,7 @@ class AppointmentConversion : public Acceptance {
             << "its window has closed";
         return ids;
     }
-    Item again(TextView id) { return world().session().GetItemFromID(id, calendar().StoreID()); }
+    Item again(TextView id) { return world().name_space().GetItemFromID(id, calendar().StoreID()); }
     void close_windows() {
         const host::outlook::Inspectors open = world().application().Inspectors();
         while (open.Count() > 0) open.Item(1).Close(host::outlook::discard_changes);

@@ -56,7 +56,9 @@ class Discovery : public Acceptance {
         EXPECT_TRUE(world.family_calls().empty());
     }
 
-    static Folder store(World& world, std::int32_t number) { return world.session().Folders().Item(number); }
+    static Folder store(World& world, std::int32_t number) {
+        return world.name_space().Folders().Item(number);
+    }
     static Folder add(const Folder& parent, TextView name) {
         return Folder(parent.Folders().call(u"Add", {Value(name)}).to_object());
     }

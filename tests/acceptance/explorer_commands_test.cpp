@@ -60,7 +60,7 @@ TEST_F(ExplorerCommands, AreAddedOnceInAMailFolder) {
     show_folder(world, world.inbox());
     EXPECT_EQ(entries(right_click(world)), both_entries);
     EXPECT_EQ(entries(right_click(world)), both_entries);
-    show_folder(world, world.session().GetDefaultFolder(default_folder::sent_mail));
+    show_folder(world, world.name_space().GetDefaultFolder(default_folder::sent_mail));
     EXPECT_EQ(entries(right_click(world)), both_entries);
 }
 
@@ -75,14 +75,14 @@ TEST_F(ExplorerCommands, WaitForAFolderOfMail) {
     World& world = with({});
     for (const std::int32_t number : {default_folder::calendar, default_folder::tasks, contacts, notes}) {
         SCOPED_TRACE(number);
-        show_folder(world, world.session().GetDefaultFolder(number));
+        show_folder(world, world.name_space().GetDefaultFolder(number));
         EXPECT_EQ(entries(right_click(world)), Lines{});
     }
     show_folder(world, world.account_profiles());
     EXPECT_EQ(entries(right_click(world)), Lines{});
     show_folder(world, world.inbox());
     EXPECT_EQ(entries(right_click(world)), both_entries);
-    show_folder(world, world.session().GetDefaultFolder(default_folder::calendar));
+    show_folder(world, world.name_space().GetDefaultFolder(default_folder::calendar));
     EXPECT_EQ(entries(right_click(world)), both_entries) << "they stay where they are";
 }
 
@@ -106,7 +106,7 @@ TEST_F(ExplorerCommands, AreForEveryHostButTheFirst) {
 
 TEST_F(ExplorerCommands, AreNotAddedWhereTheFirstOneIsThere) {
     World& world = with({});
-    show_folder(world, world.session().GetDefaultFolder(default_folder::calendar));
+    show_folder(world, world.name_space().GetDefaultFolder(default_folder::calendar));
     const Object earlier = add_button(menu_of(first_explorer(world)), quick_view, false);
     show_folder(world, world.inbox());
     for (int i = 0; i < 2; ++i) {
@@ -118,7 +118,7 @@ TEST_F(ExplorerCommands, AreNotAddedWhereTheFirstOneIsThere) {
 
 TEST_F(ExplorerCommands, AreAddedBesideAnEarlierSecondOne) {
     World& world = with({});
-    show_folder(world, world.session().GetDefaultFolder(default_folder::calendar));
+    show_folder(world, world.name_space().GetDefaultFolder(default_folder::calendar));
     add_button(menu_of(first_explorer(world)), create_note_entry, false);
     show_folder(world, world.inbox());
     EXPECT_EQ(entries(right_click(world)),
@@ -145,7 +145,7 @@ TEST_F(ExplorerCommands, OpenAProtectedMenuAndLeaveItOpen) {
          {Case{0, 0}, Case{1, 0}, Case{2, 2}, Case{3, 0}, Case{16, 16}, Case{19, 0}}) {
         SCOPED_TRACE(before);
         World& world = with({});
-        show_folder(world, world.session().GetDefaultFolder(default_folder::calendar));
+        show_folder(world, world.name_space().GetDefaultFolder(default_folder::calendar));
         menu_of(first_explorer(world)).put(u"Protection", before);
         show_folder(world, world.inbox());
         const Object bar = right_click(world);

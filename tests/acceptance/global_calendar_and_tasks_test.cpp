@@ -303,7 +303,7 @@ TEST_F(Replicas, OfANewItemAreMadeAtOnceOrWithItsFirstChange) {
         for (const bool keyed : {true, false}) {
             SCOPED_TRACE(std::string(kind->name) + (keyed ? "" : ", without a key"));
             World& world = emptied(*kind);
-            const Folder bin = world.session().GetDefaultFolder(3);
+            const Folder bin = world.name_space().GetDefaultFolder(3);
             empty_folder(bin);
             const bool is_task = kind == &linked_tasks;
             const Text key = keyed ? u"K-1" : u"";

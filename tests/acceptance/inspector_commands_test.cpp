@@ -102,21 +102,21 @@ const KindCase mail_from_sent_items[] = {
 
 TEST_F(InspectorCommands, OfMailThatIsOpenedFromSentItems) {
     World& world = with({});
-    show_folder(world, world.session().GetDefaultFolder(default_folder::sent_mail));
+    show_folder(world, world.name_space().GetDefaultFolder(default_folder::sent_mail));
     for (const KindCase& one : mail_from_sent_items) expect_bars(world, one);
 }
 
 TEST_F(InspectorCommands, OfMailThatIsOpenedFromAnotherFolderCalledSentItems) {
     World& world = with({});
     const Folder other(
-        world.session().GetDefaultFolder(drafts).Folders().call(u"Add", {u"Sent Items"}).to_object());
+        world.name_space().GetDefaultFolder(drafts).Folders().call(u"Add", {u"Sent Items"}).to_object());
     show_folder(world, other);
     for (const KindCase& one : mail_from_sent_items) expect_bars(world, one);
 }
 
 TEST_F(InspectorCommands, OfMailFollowTheNameThatSentItemsHasNow) {
     World& world = with({});
-    const Folder sent = world.session().GetDefaultFolder(default_folder::sent_mail);
+    const Folder sent = world.name_space().GetDefaultFolder(default_folder::sent_mail);
     sent.put(u"Name", u"What went out");
     const Item mail = world.deliver(message());
     show_folder(world, sent);
@@ -124,7 +124,8 @@ TEST_F(InspectorCommands, OfMailFollowTheNameThatSentItemsHasNow) {
               joined({menu_bar("its id"), shown_bar({create_note, open_contact_hidden})}));
     show_folder(
         world,
-        Folder(world.session().GetDefaultFolder(drafts).Folders().call(u"Add", {u"Sent Items"}).to_object()));
+        Folder(
+            world.name_space().GetDefaultFolder(drafts).Folders().call(u"Add", {u"Sent Items"}).to_object()));
     EXPECT_EQ(opened(mail, BarState::empty),
               joined({menu_bar("its id"), shown_bar({create_note, open_contact_shown})}));
 }

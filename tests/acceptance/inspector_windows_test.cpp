@@ -245,7 +245,7 @@ TEST_F(InspectorWindows, OfOtherKindsShowTheButtonsOfTheMailBefore) {
         for (const TextView tag : {create_note_tag, open_contact_tag}) {
             find_control(mail.window, item_bar, tag).put(u"Visible", false);
         }
-        show_folder(world, world.session().GetDefaultFolder(one.folder));
+        show_folder(world, world.name_space().GetDefaultFolder(one.folder));
         const Item task = new_item(world, item_type::task);
         if (one.saved) task.Save();
         OpenedItem(task).show();
@@ -263,7 +263,7 @@ TEST_F(InspectorWindows, OfOtherKindsHideOpenContactOfTheMailBeforeInSentItems) 
     OpenedItem mail(world.deliver(message()));
     mail.show();
     ASSERT_TRUE(find_control(mail.window, item_bar, open_contact_tag).get(u"Visible").to_boolean());
-    show_folder(world, world.session().GetDefaultFolder(default_folder::sent_mail));
+    show_folder(world, world.name_space().GetDefaultFolder(default_folder::sent_mail));
     OpenedItem(new_item(world, item_type::task)).show();
     EXPECT_FALSE(find_control(mail.window, item_bar, open_contact_tag).get(u"Visible").to_boolean());
 }
@@ -271,7 +271,7 @@ TEST_F(InspectorWindows, OfOtherKindsHideOpenContactOfTheMailBeforeInSentItems) 
 TEST_F(InspectorWindows, AskTheFirstExplorerForItsFolder) {
     World& world = with({});
     const Object first = world.application().ActiveExplorer();
-    first.put(u"CurrentFolder", Value(world.session().GetDefaultFolder(default_folder::sent_mail)));
+    first.put(u"CurrentFolder", Value(world.name_space().GetDefaultFolder(default_folder::sent_mail)));
     const Object second = world.inbox().call(u"GetExplorer").to_object();
     second.call(u"Display");
     OpenedItem mail(world.deliver(message()));
@@ -324,7 +324,7 @@ TEST_F(InspectorWindows, GetWhatElseTheyCanIfAStepFails) {
 
 TEST_F(InspectorWindows, OfferTheContactIfTheExplorersFolderCannotBeTold) {
     World& world = with({});
-    show_folder(world, world.session().GetDefaultFolder(default_folder::sent_mail));
+    show_folder(world, world.name_space().GetDefaultFolder(default_folder::sent_mail));
     OpenedItem mail(world.deliver(message()));
     world.fail(u"Explorer.CurrentFolder");
     mail.show();

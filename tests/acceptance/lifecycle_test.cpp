@@ -69,7 +69,7 @@ class Lifecycle : public Filing {
     }
 
     static Object new_explorer(World& world) {
-        const Object explorer = world.session().GetDefaultFolder(drafts).call(u"GetExplorer").to_object();
+        const Object explorer = world.name_space().GetDefaultFolder(drafts).call(u"GetExplorer").to_object();
         explorer.call(u"Display");
         return explorer;
     }

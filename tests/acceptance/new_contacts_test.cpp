@@ -27,7 +27,7 @@ class NewContacts : public Acceptance {
         return made;
     }
 
-    Folder own() { return world().session().GetDefaultFolder(contacts); }
+    Folder own() { return world().name_space().GetDefaultFolder(contacts); }
 
     /// A contact of the user's own.
     Item personal(TextView full_name) {

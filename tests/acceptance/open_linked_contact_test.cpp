@@ -57,7 +57,7 @@ class OpenLinkedContact : public Filing {
     }
 
     static Item again(World& world, const Text& id) {
-        return world.session().GetItemFromID(id, world.session().GetDefaultFolder(contacts).StoreID());
+        return world.name_space().GetItemFromID(id, world.name_space().GetDefaultFolder(contacts).StoreID());
     }
 
     /// Nothing is found; the link is cut, or stays where it couldn't be looked up.

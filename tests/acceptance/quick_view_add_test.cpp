@@ -217,7 +217,7 @@ TEST_F(QuickViewAdding, MakesAnAppointmentAndATaskOfOnesOwn) {
         EXPECT_EQ(count_in(world, u"Notes"), 0) << "nothing more is filed";
         item.Save();
         EXPECT_TRUE(world.wait_for_handlers());  // while a replica is made, its copy stands there, too
-        EXPECT_EQ(world.session().GetDefaultFolder(one.folder).Items().Count(), 1);
+        EXPECT_EQ(world.name_space().GetDefaultFolder(one.folder).Items().Count(), 1);
     }
 }
 
@@ -252,7 +252,7 @@ TEST_F(QuickViewAdding, MakesAnEmptyRecordWhereTheMailHasGone) {
     const Item mail = show_ann();
     mail.call(u"Delete");
     constexpr std::int32_t deleted_items = 3;  // OlDefaultFolders
-    world().session().GetDefaultFolder(deleted_items).Items().Item(1).call(u"Delete");
+    world().name_space().GetDefaultFolder(deleted_items).Items().Item(1).call(u"Delete");
     add(u"Notes");
     ASSERT_EQ(added().size(), 1U);
     EXPECT_EQ(

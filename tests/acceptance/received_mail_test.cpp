@@ -174,7 +174,7 @@ TEST_F(ReceivedMail, OutsideOfTheInboxIsLeftAlone) {
     World& world = filing();
     add_contact(world);
     const Item mail = world.deliver(message());
-    const Folder elsewhere = world.session().GetDefaultFolder(drafts);
+    const Folder elsewhere = world.name_space().GetDefaultFolder(drafts);
     const Item moved(mail.call(u"Move", {Value(elsewhere)}).to_object());
     World::read(moved);
     expect_left_alone(world, moved);
@@ -184,7 +184,7 @@ TEST_F(ReceivedMail, ThatCameReadIsFiledAtItsNextChange) {
     World& world = filing();
     add_contact(world);
     const Item mail = world.deliver(message());
-    const Item away(mail.call(u"Move", {Value(world.session().GetDefaultFolder(drafts))}).to_object());
+    const Item away(mail.call(u"Move", {Value(world.name_space().GetDefaultFolder(drafts))}).to_object());
     World::read(away);
     const Item back(away.call(u"Move", {Value(world.inbox())}).to_object());
     expect_left_alone(world, back);  // its coming is no reason
@@ -273,7 +273,7 @@ TEST_F(ReceivedMail, IsFiledAfterTheHostCameBack) {
     }
     world.quit();
     world.start();
-    const Item mail(world.session().call(u"GetItemFromID", {Value(id)}).to_object());
+    const Item mail(world.name_space().call(u"GetItemFromID", {Value(id)}).to_object());
     EXPECT_TRUE(is_marked(mail)) << "the mark is the only memory";
     mail.put(u"Categories", u"Again");
     mail.Save();

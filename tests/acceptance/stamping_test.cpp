@@ -103,7 +103,8 @@ TEST_F(Stamping, LeavesAMailThatCanBeSavedAndOpenedAgain) {
     ASSERT_TRUE(note);
     const Text file = world.write_file("mail.msg", "");
     note.Attachments().Item(1).call(u"SaveAsFile", {Value(file)});
-    expect_same_mail(world, mail, Item(world.session().call(u"OpenSharedItem", {Value(file)}).to_object()));
+    expect_same_mail(world, mail,
+                     Item(world.name_space().call(u"OpenSharedItem", {Value(file)}).to_object()));
 }
 
 TEST_F(Stamping, SurvivesTheEndOfTheHost) {

@@ -241,7 +241,7 @@ TEST_F(WholeDay, LeavesEveryItemAsItIsMeant) {
     a_task_is_done();
     a_template_is_saved();
     EXPECT_TRUE(w.wait_for_handlers());
-    EXPECT_EQ(Listing(w).of(w.session().Folders()), whole_day);
+    EXPECT_EQ(Listing(w).of(w.name_space().Folders()), whole_day);
     EXPECT_EQ(boxes(w), whole_day_boxes);
 }
 

@@ -40,7 +40,7 @@ void empty(const host::outlook::Folder& folder) {
 
 TEST(CommandFaults, AMailGoesOutWhateverFails) {
     const auto world = sending_world();
-    const host::outlook::Folder sent = world->session().GetDefaultFolder(sent_folder);
+    const host::outlook::Folder sent = world->name_space().GetDefaultFolder(sent_folder);
     const int calls = for_each_call([&](NthCall& call) {
         const Item mail = new_mail(*world);
         mail.call(u"Display");

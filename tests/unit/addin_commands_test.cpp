@@ -135,7 +135,7 @@ TEST(ExplorerTrackers, AreKeptByTheTextsOfTheirNumbers) {
 /// Opens a further main window.
 Object open_explorer(NativeWorld& world) {
     constexpr std::int32_t drafts = 16;
-    const Object explorer = world.session().GetDefaultFolder(drafts).call(u"GetExplorer").to_object();
+    const Object explorer = world.name_space().GetDefaultFolder(drafts).call(u"GetExplorer").to_object();
     explorer.call(u"Display");
     return explorer;
 }

@@ -407,7 +407,7 @@ TEST(Stop, ThroughTheLastWindowHappensOnce) {
     Connect& connect = *world.add_in();
     constexpr std::int32_t drafts = 16;
     const Object first = world.application().ActiveExplorer();
-    world.session().GetDefaultFolder(drafts).call(u"GetExplorer");
+    world.name_space().GetDefaultFolder(drafts).call(u"GetExplorer");
     first.call(u"Close");
     EXPECT_TRUE(connect.gExiting);
     EXPECT_FALSE(connect.goInbox.source());
@@ -449,7 +449,7 @@ TEST(Stop, OpensTheContextMenuForChangesWhenTheWindowCloses) {
     const Object first = world.application().ActiveExplorer();
     const Object bar = first.get(u"CommandBars").to_object().get(u"Item", {u"Context Menu"}).to_object();
     bar.put(u"Protection", no_customize | no_move);
-    world.session().GetDefaultFolder(drafts).call(u"GetExplorer");
+    world.name_space().GetDefaultFolder(drafts).call(u"GetExplorer");
     first.call(u"Close");
     // the bar has gone with its window; what was written to it shows inside of the desk
     const auto model = std::dynamic_pointer_cast<desk::CommandBar>(bar.target());

@@ -88,7 +88,7 @@ Item mail_to_ann(NativeWorld& world) {
 }
 
 Items sent_items(NativeWorld& world) {
-    return world.session().GetDefaultFolder(host::outlook::default_folder::sent_mail).Items();
+    return world.name_space().GetDefaultFolder(host::outlook::default_folder::sent_mail).Items();
 }
 
 TEST(Reentrancies, OfFilingAReceivedMailByAnother) {

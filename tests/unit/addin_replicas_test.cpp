@@ -60,7 +60,7 @@ TEST(ReplicaTable, SaysInWhatTheTwoKindsDiffer) {
 }
 
 Folder own(NativeWorld& world, const LinkedKind& kind) {
-    return world.session().GetDefaultFolder(kind.own_folder);
+    return world.name_space().GetDefaultFolder(kind.own_folder);
 }
 
 Folder shared(NativeWorld& world, const LinkedKind& kind) {

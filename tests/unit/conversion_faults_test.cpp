@@ -286,7 +286,7 @@ TEST_F(Conversions, OfNewContactsStampOnceForEachSelectedOfTheirName) {
 }
 
 TEST_F(Conversions, OfAnAppointmentLoseNothingWhateverFails) {
-    const Folder calendar = world().session().GetDefaultFolder(host::outlook::default_folder::calendar);
+    const Folder calendar = world().name_space().GetDefaultFolder(host::outlook::default_folder::calendar);
     ItemState before;
     const auto prepare = [&] {
         const Item appointment = calendar.Items().Add(u"IPM.Appointment");
@@ -332,7 +332,7 @@ TEST_F(Conversions, OfAMailToATemplateLeaveTheMailAloneWhateverFails) {
     const int calls = with_each_call_failing(
         [&] { run(world(), addin::templates::save_as_template); },
         [&](const std::string& failed) {
-            const Item mail = world().session().GetItemFromID(id, world().inbox().StoreID());
+            const Item mail = world().name_space().GetItemFromID(id, world().inbox().StoreID());
             EXPECT_EQ(changes(before, state_of(mail)), Lines{});
             EXPECT_LE(drop_downs.Items().Count(), 1);
             const Lines texts = acceptance::message_texts(world());

@@ -96,7 +96,7 @@ struct FamilyOnDesk : testing::Test {
 
     Object family(TextView prog_id) const { return family::create(prog_id, around); }
     Object first_item(desk::RowId in) const { return host->open_item(host->contents(in).front())->self(); }
-    Object session() const { return around->host.call(u"GetNamespace", {u"MAPI"}).to_object(); }
+    Object name_space() const { return around->host.call(u"GetNamespace", {u"MAPI"}).to_object(); }
     Object wrapped(TextView prog_id, desk::RowId in) const {
         const Object safe = family(prog_id);
         safe.put(u"Item", first_item(in));
@@ -107,7 +107,7 @@ struct FamilyOnDesk : testing::Test {
 TEST_F(FamilyOnDesk, TheIdsOfMainAddInOpenTheFolder) {
     const Object main = family(u"Tarnwell.connect");
     for (const TextView name : {u"Account Profiles", u"System Folder", u"Account Profiles"}) {
-        const Object opened = session()
+        const Object opened = name_space()
                                   .call(u"GetFolderFromID",
                                         {main.call(u"GetFolderId", {Value(name)}), main.call(u"GetStoreId")})
                                   .to_object();

@@ -10,7 +10,7 @@ constexpr TextView linked_class = u"IPM.Appointment.TarnwellAppt";
 
 class Cdo : public ModelTest {
   protected:
-    host::cdo::Session cdo{world.desktop().create(host::cdo::session_prog_id)};
+    host::cdo::CdoSession cdo{world.desktop().create(host::cdo::session_prog_id)};
     Folder calendar = default_folder(folder_number::calendar);
 
     Item add_appointment(TextView subject) const {
@@ -22,7 +22,7 @@ class Cdo : public ModelTest {
     host::cdo::Message message_of(const Item& item) const {
         return cdo.GetMessage(item.EntryID(), calendar.StoreID());
     }
-    Item from_id(TextView id) const { return Item(session.GetItemFromID(id, calendar.StoreID())); }
+    Item from_id(TextView id) const { return Item(name_space.GetItemFromID(id, calendar.StoreID())); }
 };
 
 TEST_F(Cdo, AnswersOnlyWhileItIsLoggedOn) {

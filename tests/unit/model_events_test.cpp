@@ -133,10 +133,12 @@ TEST(EventOrder, IsAnOption) {
         mail.Save();
         mail.Subject(u"Two");
         mail.Save();
-        const Item other = world.session().GetDefaultFolder(folder_number::drafts).Items().Add(u"IPM.Note");
+        const Item other =
+            world.name_space().GetDefaultFolder(folder_number::drafts).Items().Add(u"IPM.Note");
         other.Save();
-        const Item moved(other.call(u"Move", {Value(world.session().GetDefaultFolder(folder_number::outbox))})
-                             .to_object());
+        const Item moved(
+            other.call(u"Move", {Value(world.name_space().GetDefaultFolder(folder_number::outbox))})
+                .to_object());
         if (one.order == desk::EventOrder::at_once) mail.call(u"Copy").to_object().call(u"Delete");
         Told at_save = listener.told;
         if (one.order == desk::EventOrder::at_once) {

@@ -6,7 +6,7 @@ namespace {
 class Folders : public ModelTest {};
 
 TEST_F(Folders, AreWalkedFromTheStores) {
-    const host::outlook::Folders stores = session.Folders();
+    const host::outlook::Folders stores = name_space.Folders();
     ASSERT_EQ(stores.Count(), 2);
     EXPECT_EQ(stores.Item(1).Name(), u"Mailbox - Tarnwell");
     EXPECT_EQ(stores.Item(2).Name(), u"Public Folders");
@@ -34,7 +34,7 @@ TEST_F(Folders, AreWalkedFromTheStores) {
 }
 
 TEST_F(Folders, CountFromOne) {
-    const host::outlook::Folders stores = session.Folders();
+    const host::outlook::Folders stores = name_space.Folders();
     EXPECT_EQ(failure_of([&] { stores.Item(0); }), result::bad_index);
     EXPECT_EQ(failure_of([&] { stores.Item(3); }), result::bad_index);
     EXPECT_EQ(failure_of([&] { stores.Item(u"Elsewhere"); }), result::not_found);
@@ -67,19 +67,20 @@ TEST_F(Folders, AreOpenedByTheirIds) {
     const Folder folder = world.below(u"Email");
     const Text id = folder.EntryID();
     for (const char16_t c : id) EXPECT_TRUE((c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F'));
-    EXPECT_EQ(session.GetFolderFromID(id, folder.StoreID()).Name(), u"Email");
-    EXPECT_EQ(Folder(session.call(u"GetFolderFromID", {Value(id)}).to_object()).Name(), u"Email");
-    EXPECT_EQ(failure_of([&] { session.GetFolderFromID(id, inbox().StoreID()); }), result::not_found);
+    EXPECT_EQ(name_space.GetFolderFromID(id, folder.StoreID()).Name(), u"Email");
+    EXPECT_EQ(Folder(name_space.call(u"GetFolderFromID", {Value(id)}).to_object()).Name(), u"Email");
+    EXPECT_EQ(failure_of([&] { name_space.GetFolderFromID(id, inbox().StoreID()); }), result::not_found);
     for (const TextView wrong : {u"", u"00", u"no id at all"}) {
-        EXPECT_EQ(failure_of([&] { session.GetFolderFromID(wrong, folder.StoreID()); }), result::not_found);
+        EXPECT_EQ(failure_of([&] { name_space.GetFolderFromID(wrong, folder.StoreID()); }),
+                  result::not_found);
     }
-    EXPECT_EQ(failure_of([&] { session.GetFolderFromID(add_mail(u"x").EntryID(), inbox().StoreID()); }),
+    EXPECT_EQ(failure_of([&] { name_space.GetFolderFromID(add_mail(u"x").EntryID(), inbox().StoreID()); }),
               result::not_found)
         << "an item's id is no folder's";
 }
 
 TEST_F(Folders, AreAddedRenamedMovedAndDeleted) {
-    const Folder root = session.Folders().Item(1);
+    const Folder root = name_space.Folders().Item(1);
     const auto add = [](const Folder& parent, TextView name) {
         return Folder(parent.Folders().call(u"Add", {Value(name)}).to_object());
     };
@@ -103,7 +104,7 @@ TEST_F(Folders, AreAddedRenamedMovedAndDeleted) {
 }
 
 TEST_F(Folders, AreCopiedWithWhatTheyHold) {
-    const Folder root = session.Folders().Item(1);
+    const Folder root = name_space.Folders().Item(1);
     const Folder source(root.Folders().call(u"Add", {u"Source"}).to_object());
     source.Folders().call(u"Add", {u"Below"});
     const Item mail = source.Items().Add(u"IPM.Note");
@@ -117,7 +118,7 @@ TEST_F(Folders, AreCopiedWithWhatTheyHold) {
 }
 
 TEST_F(Folders, BearFieldsForAllTheirItems) {
-    const Folder made(session.Folders().Item(1).Folders().call(u"Add", {u"Records"}).to_object());
+    const Folder made(name_space.Folders().Item(1).Folders().call(u"Add", {u"Records"}).to_object());
     const Object fields = made.get(u"UserDefinedProperties").to_object();
     EXPECT_EQ(integer(fields, u"Count"), 0);
     constexpr std::int32_t text_field = 1, date_field = 5;
@@ -143,7 +144,7 @@ TEST_F(Folders, BearFieldsForAllTheirItems) {
 }
 
 TEST_F(Folders, TakeAnotherClassForTheirItemsByItsAddress) {
-    const Folder made(session.Folders().Item(1).Folders().call(u"Add", {u"Records"}).to_object());
+    const Folder made(name_space.Folders().Item(1).Folders().call(u"Add", {u"Records"}).to_object());
     const Object accessor = made.get(u"PropertyAccessor").to_object();
     const TextView address = u"http://schemas.microsoft.com/mapi/proptag/0x36E5001F";
     EXPECT_EQ(accessor.call(u"GetProperty", {Value(address)}).to_text(), u"IPM.Note");
@@ -155,7 +156,7 @@ TEST_F(Folders, TakeAnotherClassForTheirItemsByItsAddress) {
 }
 
 TEST_F(Folders, TellOfChangesBelowThem) {
-    const Folder root = session.Folders().Item(1);
+    const Folder root = name_space.Folders().Item(1);
     const host::outlook::Folders folders = root.Folders();
     constexpr automation::Event told_events[] = {
         {u"FolderAdd", 0xF001}, {u"FolderChange", 0xF002}, {u"FolderRemove", 0xF003}};
@@ -173,16 +174,16 @@ TEST_F(Folders, TellOfChangesBelowThem) {
 }
 
 TEST_F(Folders, SurviveTheEndOfTheHost) {
-    const Folder root = session.Folders().Item(1);
+    const Folder root = name_space.Folders().Item(1);
     const Folder made(root.Folders().call(u"Add", {u"Kept"}).to_object());
     made.put(u"Description", u"What is kept");
     const Text id = made.EntryID();
-    session = {};
+    name_space = {};
     application = {};
     desk = {};
     world.quit();
     world.start();
-    const Folder again(world.session().call(u"GetFolderFromID", {Value(id)}).to_object());
+    const Folder again(world.name_space().call(u"GetFolderFromID", {Value(id)}).to_object());
     EXPECT_EQ(again.Name(), u"Kept");
     EXPECT_EQ(text(again, u"Description"), u"What is kept");
 }

@@ -77,7 +77,7 @@ TEST_F(ItemsOfAFolder, OfEveryClassAreMadeSavedChangedCopiedMovedAndDeleted) {
         ASSERT_EQ(folder.Items().Count(), 1);
         const Text id = item.EntryID();
         EXPECT_EQ(id.size(), 60U);
-        EXPECT_EQ(Item(session.call(u"GetItemFromID", {Value(id)}).to_object()).Body(), u"One\r\nTwo");
+        EXPECT_EQ(Item(name_space.call(u"GetItemFromID", {Value(id)}).to_object()).Body(), u"One\r\nTwo");
         EXPECT_EQ(Folder(item.Parent()).EntryID(), folder.EntryID());
 
         item.Body(u"Three");
@@ -324,7 +324,7 @@ TEST_F(ItemsOfAFolder, AreRememberedWhileSomebodyHoldsThemAndNotLonger) {
     EXPECT_LE(world.model().remembered(), 2 * held.size() + 1);
     for (const Item& mail : held) {
         mail.Subject(u"Changed, and not saved");
-        EXPECT_TRUE(Item(session.call(u"GetItemFromID", {Value(mail.EntryID())}).to_object()) == mail);
+        EXPECT_TRUE(Item(name_space.call(u"GetItemFromID", {Value(mail.EntryID())}).to_object()) == mail);
     }
     const Items all = inbox().Items();
     std::int32_t changed = 0;
@@ -364,7 +364,7 @@ TEST_F(ItemsOfAFolder, AreOpenedByTheirIdsOnly) {
     const Item mail = add_mail(u"One");
     const Text id = mail.EntryID();
     const auto open = [&](const Text& item, const Text& store) {
-        return failure_of([&] { session.call(u"GetItemFromID", {item, store}); });
+        return failure_of([&] { name_space.call(u"GetItemFromID", {item, store}); });
     };
     EXPECT_EQ(open(id, inbox().StoreID()), 0);
     EXPECT_EQ(open(id, u""), 0);

@@ -32,7 +32,7 @@ TEST_F(DeskSurface, RemembersTheHostsVersionForTheNextStart) {
     EXPECT_EQ(option(u"HostVersion"), Value(u"16.0.0.0"));
     option(u"HostVersion", u"9.0.0.3821");
     EXPECT_EQ(application.Version(), u"16.0.0.0");
-    session = {};
+    name_space = {};
     application = {};
     desk = {};
     world.quit();
@@ -182,15 +182,15 @@ TEST_F(Automation, OfADeletedItemTellsIdsAndTakesNoSubscription) {
 
 TEST_F(Automation, AnswersTheCommonMembers) {
     const Item mail = add_mail(u"x");
-    for (const Object& object : {Object(mail), Object(inbox()), Object(inbox().Items()), Object(session),
+    for (const Object& object : {Object(mail), Object(inbox()), Object(inbox().Items()), Object(name_space),
                                  Object(mail.UserProperties()), Object(application.ActiveExplorer())}) {
         EXPECT_EQ(object.get(u"Application").to_object(), Object(application));
-        EXPECT_EQ(object.get(u"Session").to_object(), Object(session));
+        EXPECT_EQ(object.get(u"Session").to_object(), Object(name_space));
         EXPECT_TRUE(object.get(u"Parent").to_object());
         EXPECT_GE(integer(object, u"Class"), 1);
     }
     EXPECT_EQ(failure_of([&] { application.GetNamespace(u"IMAP"); }), result::invalid_argument);
-    EXPECT_EQ(application.GetNamespace(u"mapi"), session);
+    EXPECT_EQ(application.GetNamespace(u"mapi"), name_space);
 }
 
 TEST_F(Automation, MakesObjectsByName) {

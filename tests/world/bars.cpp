@@ -125,7 +125,7 @@ Item new_item(World& world, std::int32_t type) {
 }
 
 Item new_item(World& world, std::int32_t default_folder, TextView message_class) {
-    return world.session().GetDefaultFolder(default_folder).Items().Add(message_class);
+    return world.name_space().GetDefaultFolder(default_folder).Items().Add(message_class);
 }
 
 host::outlook::Item new_sticky_note(World& world, automation::TextView account_id) {

@@ -13,7 +13,7 @@ using host::outlook::Items;
 using host::outlook::UserProperties;
 
 Folder Replicas::own(World& world, const LinkedKind& kind) {
-    return world.session().GetDefaultFolder(kind.own_folder);
+    return world.name_space().GetDefaultFolder(kind.own_folder);
 }
 
 Folder Replicas::shared(World& world, const LinkedKind& kind) { return shared(world, kind.shared_folder); }

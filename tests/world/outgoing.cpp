@@ -20,7 +20,7 @@ Item new_mail(World& world, const OutgoingPlan& plan) {
 }
 
 Items sent_items(World& world) {
-    return world.session().GetDefaultFolder(host::outlook::default_folder::sent_mail).Items();
+    return world.name_space().GetDefaultFolder(host::outlook::default_folder::sent_mail).Items();
 }
 
 Item send(World& world, const Item& mail) {
@@ -59,7 +59,7 @@ World& Outgoing::cleared() {
     same.family(u"EmailAutoFile", u"0");
     same.option(u"AutoFileSentEmails", u"1");
     for (const std::int32_t folder : {host::outlook::default_folder::sent_mail, drafts}) {
-        const Items items = same.session().GetDefaultFolder(folder).Items();
+        const Items items = same.name_space().GetDefaultFolder(folder).Items();
         for (std::int32_t i = items.Count(); i >= 1; --i) items.call(u"Remove", {i});
     }
     return same;

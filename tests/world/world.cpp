@@ -33,14 +33,14 @@ Object World::connect() {
 }
 
 Folder World::account_profiles() {
-    const host::outlook::NameSpace session = this->session();
+    const host::outlook::NameSpace name_space = this->name_space();
     if (anchor_id_.empty()) {
-        const Folder found = find_folder(session.Folders(), u"Account Profiles");
+        const Folder found = find_folder(name_space.Folders(), u"Account Profiles");
         if (!found) return {};
         anchor_id_ = found.EntryID();
         anchor_store_ = found.StoreID();
     }
-    return session.GetFolderFromID(anchor_id_, anchor_store_);
+    return name_space.GetFolderFromID(anchor_id_, anchor_store_);
 }
 
 void World::option(TextView name, TextView value) { addin::Settings(desktop()).store(name, value); }

@@ -70,8 +70,10 @@ class World {
 
     automation::Object desk() { return application().get(u"Desk").to_object(); }
     automation::Object connect();  ///< the add-in's published object
-    host::outlook::NameSpace session() { return application().GetNamespace(u"MAPI"); }
-    host::outlook::Folder inbox() { return session().GetDefaultFolder(host::outlook::default_folder::inbox); }
+    host::outlook::NameSpace name_space() { return application().GetNamespace(u"MAPI"); }
+    host::outlook::Folder inbox() {
+        return name_space().GetDefaultFolder(host::outlook::default_folder::inbox);
+    }
     host::outlook::Folder account_profiles();
     host::outlook::Folder below(automation::TextView name) { return account_profiles().Folders().Item(name); }
 

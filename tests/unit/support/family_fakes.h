@@ -119,17 +119,17 @@ class Profile {
             roots.push_back(make(stores_[i], u"STORE" + automation::to_text(static_cast<long long>(i) + 1),
                                  Text(), Object()));
         }
-        auto session = fake({{u"Folders", Object(collection(roots))}});
-        session->functions[u"GetFolderFromID"] = [this](std::vector<Value>& arguments) -> Value {
+        auto name_space = fake({{u"Folders", Object(collection(roots))}});
+        name_space->functions[u"GetFolderFromID"] = [this](std::vector<Value>& arguments) -> Value {
             ++opened;
             const auto found = folders_.find({arguments.at(0).to_text(), arguments.at(1).to_text()});
             if (found == folders_.end()) throw Failure(automation::result::not_found);
             return found->second;
         };
         auto application = fake();
-        application->functions[u"GetNamespace"] = [session](std::vector<Value>& arguments) -> Value {
+        application->functions[u"GetNamespace"] = [name_space](std::vector<Value>& arguments) -> Value {
             EXPECT_EQ(arguments.at(0), Value(u"MAPI"));
-            return Object(session);
+            return Object(name_space);
         };
         return Object(application);
     }

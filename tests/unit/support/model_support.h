@@ -34,10 +34,10 @@ class ModelTest : public ::testing::Test {
 
     native::NativeWorld world;
     host::outlook::Application application = world.application();
-    host::outlook::NameSpace session = world.session();
+    host::outlook::NameSpace name_space = world.name_space();
     Object desk = world.desk();
 
-    Folder default_folder(std::int32_t number) const { return session.GetDefaultFolder(number); }
+    Folder default_folder(std::int32_t number) const { return name_space.GetDefaultFolder(number); }
     Folder inbox() const { return default_folder(folder_number::inbox); }
     Item create(std::int32_t type) const { return Item(application.call(u"CreateItem", {type}).to_object()); }
 
