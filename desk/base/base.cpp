@@ -44,7 +44,9 @@ std::int32_t ModelBase::subscribe(const automation::Guid& interface_id, const au
 
 void ModelBase::unsubscribe(const automation::Guid&, std::int32_t cookie) { subscriptions_.remove(cookie); }
 
-void ModelBase::observe(automation::TextView member) const { desk_.check_faults(class_name(), member); }
+void ModelBase::observe(automation::TextView member) const {
+    desk_.check_planned_failures(class_name(), member);
+}
 
 const automation::Members<ModelBase>& ModelBase::common_members() {
     static const automation::Members<ModelBase> table{

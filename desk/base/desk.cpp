@@ -83,18 +83,18 @@ int Desk::take_answer(TextView title, TextView text) {
     return button;
 }
 
-void Desk::check_faults(std::string_view class_name, TextView member) {
-    if (faults.empty()) return;
+void Desk::check_planned_failures(std::string_view class_name, TextView member) {
+    if (planned_failures.empty()) return;
     const Text full = automation::from_utf8(class_name) + u"." + Text(member);
-    for (PlannedFault& fault : faults) {
-        if (!automation::same_ignoring_case(fault.member, full)) continue;
-        if (fault.after > 0) {
-            --fault.after;
+    for (PlannedFailure& planned : planned_failures) {
+        if (!automation::same_ignoring_case(planned.member, full)) continue;
+        if (planned.after > 0) {
+            --planned.after;
             continue;
         }
-        if (fault.times == 0) continue;
-        if (fault.times > 0) --fault.times;
-        throw Failure(fault.number, u"The call of " + full + u" was made to fail.");
+        if (planned.times == 0) continue;
+        if (planned.times > 0) --planned.times;
+        throw Failure(planned.number, u"The call of " + full + u" was made to fail.");
     }
 }
 

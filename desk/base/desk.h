@@ -42,7 +42,7 @@ struct QueuedAnswer {
 };
 
 /// A call that is made to fail, so that others can be watched failing with it.
-struct PlannedFault {
+struct PlannedFailure {
     automation::Text member;  ///< "Items.Find", by class and member, without regard to case
     std::int32_t after = 0;   ///< how many calls of it still succeed
     std::int32_t times = 1;   ///< how many fail then; below 0: all
@@ -158,7 +158,7 @@ class Desk {
     std::deque<QueuedAnswer> answers;
     std::vector<automation::Text> statuses;
     std::vector<automation::Object> displayed;
-    std::vector<PlannedFault> faults;
+    std::vector<PlannedFailure> planned_failures;
     std::deque<automation::Text> filters;  ///< the last ones that items were asked for, in order
 
     /// Keeps the last filters that items were asked for.
@@ -168,7 +168,7 @@ class Desk {
     int take_answer(automation::TextView title, automation::TextView text);
 
     /// Throws if the call is one that is planned to fail.
-    void check_faults(std::string_view class_name, automation::TextView member);
+    void check_planned_failures(std::string_view class_name, automation::TextView member);
 
   private:
     void tell_item_rewritten(RowId folder, RowId item);

@@ -133,9 +133,9 @@ const automation::Members<Surface>& Surface::members() {
           {u"Times", Takes::integer, true},
           {u"Number", Takes::integer, true}},
          [](Surface& self, const Arguments& a) {
-             self.desk().faults.push_back({a[0].to_text(), a.has(1) ? a[1].to_integer() : 0,
-                                           a.has(2) ? a[2].to_integer() : 1,
-                                           a.has(3) ? a[3].to_integer() : result::fail});
+             self.desk().planned_failures.push_back({a[0].to_text(), a.has(1) ? a[1].to_integer() : 0,
+                                                     a.has(2) ? a[2].to_integer() : 1,
+                                                     a.has(3) ? a[3].to_integer() : result::fail});
              return Value();
          }},
         {u"Meanwhile",

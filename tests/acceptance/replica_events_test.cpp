@@ -195,7 +195,7 @@ TEST_F(ReplicaEvents, EndWithTheAddIn) {
 }
 
 /// A step that fails is left out, and the others follow.
-struct Fault {
+struct FailingCall {
     const char* name;
     const char* calendar_member;  ///< that fails
     const char* task_member;
@@ -204,7 +204,7 @@ struct Fault {
 };
 
 TEST_F(ReplicaEvents, FindStepsThatFailLeftOut) {
-    const Fault cases[] = {
+    const FailingCall cases[] = {
         {"nothing fails", "", "", 0, {"Changed"}, {"Changed"}},
         {"the copy can't be made", "AppointmentItem.Copy", "TaskItem.Copy", 0, {}, {"Changed"}},
         {"the copy can't be moved: it is a second item, and goes",
@@ -239,17 +239,17 @@ TEST_F(ReplicaEvents, FindStepsThatFailLeftOut) {
          {"Changed"}},
     };
     for (const LinkedKind* kind : linked_kinds) {
-        for (const Fault& fault : cases) {
-            SCOPED_TRACE(std::string(kind->name) + ", " + fault.name);
+        for (const FailingCall& one : cases) {
+            SCOPED_TRACE(std::string(kind->name) + ", " + one.name);
             World& world = emptied(*kind);
             const Item item = add(world, *kind);
             add_twin(*kind, shared(world, *kind), u"Old");
             const Folder own_folder = own(world, *kind), shared_folder = shared(world, *kind);
-            const char* const member = kind == &linked_tasks ? fault.task_member : fault.calendar_member;
-            if (*member != 0) world.fail(automation::from_utf8(member), fault.after);
+            const char* const member = kind == &linked_tasks ? one.task_member : one.calendar_member;
+            if (*member != 0) world.fail(automation::from_utf8(member), one.after);
             change(world, item, u"Changed");
-            EXPECT_EQ(subjects(shared_folder), fault.shared);
-            EXPECT_EQ(subjects(own_folder), fault.own);
+            EXPECT_EQ(subjects(shared_folder), one.shared);
+            EXPECT_EQ(subjects(own_folder), one.own);
             EXPECT_TRUE(guard(world, *kind));
         }
     }

@@ -380,7 +380,7 @@ TEST(PanelSearchInside, AsksEachFolderOnceAndReadsOfARowWhatItShows) {
 
 // failing calls
 
-TEST(PanelFaults, SearchOutlivesEveryOne) {
+TEST(PanelFailures, SearchOutlivesEveryOne) {
     for (const bool phrases : {false, true}) {
         PanelSearching searching;
         if (phrases) {

@@ -44,7 +44,7 @@ void expect_filing(NativeWorld& world) {
     mail.call(u"Delete");
 }
 
-TEST(Faults, FilingAReceivedMailOutlivesEveryOne) {
+TEST(Failures, FilingAReceivedMailOutlivesEveryOne) {
     const auto world = filing_world();
     const int calls = for_each_call([&](NthCall& call) {
         const Item mail = world->deliver(message());
@@ -66,7 +66,7 @@ TEST(Faults, FilingAReceivedMailOutlivesEveryOne) {
     EXPECT_GT(calls, 60) << "the routine makes that many calls at least";
 }
 
-TEST(Faults, StartOutlivesEveryOne) {
+TEST(Failures, StartOutlivesEveryOne) {
     const int calls = for_each_call([&](NthCall& call) {
         const auto world = filing_world({.started = false});
         world->option(u"EnablePowerPanel", u"1");
@@ -86,7 +86,7 @@ TEST(Faults, StartOutlivesEveryOne) {
     EXPECT_GT(calls, 25);
 }
 
-TEST(Faults, FirstRunOutlivesEveryOne) {
+TEST(Failures, FirstRunOutlivesEveryOne) {
     for (const bool marked : {false, true}) {
         SCOPED_TRACE(marked);
         const int calls = for_each_call([&](NthCall& call) {
@@ -106,7 +106,7 @@ TEST(Faults, FirstRunOutlivesEveryOne) {
     }
 }
 
-TEST(Faults, StopOutlivesEveryOne) {
+TEST(Failures, StopOutlivesEveryOne) {
     const auto world = filing_world();
     const int calls = for_each_call([&](NthCall& call) {
         call.failing(*world, [&] { world->quit(); });
@@ -116,7 +116,7 @@ TEST(Faults, StopOutlivesEveryOne) {
     EXPECT_GE(calls, 10);
 }
 
-TEST(Faults, StopLetsGoOfEverythingWhateverFails) {
+TEST(Failures, StopLetsGoOfEverythingWhateverFails) {
     for_each_call([&](NthCall& call) {
         const auto world = filing_world();
         world->boundary().forget_calls();
@@ -125,7 +125,7 @@ TEST(Faults, StopLetsGoOfEverythingWhateverFails) {
     });
 }
 
-TEST(Faults, FindingADatabaseOutlivesEveryOne) {
+TEST(Failures, FindingADatabaseOutlivesEveryOne) {
     const int calls = for_each_call([&](NthCall& call) {
         const auto world = filing_world();
         world->family(u"CurrentUserName", u"Mia Hart");

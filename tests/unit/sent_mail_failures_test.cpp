@@ -41,7 +41,7 @@ struct Sending {
     }
 };
 
-TEST(SentMailFaults, AnAddressThatCannotBeReadIsThatOfTheRecipientBefore) {
+TEST(SentMailFailures, AnAddressThatCannotBeReadIsThatOfTheRecipientBefore) {
     EXPECT_EQ(Sending().names_of_notes(), (std::vector<std::string>{"Ann Lee", "Bob Ray"}));
     Sending sending;
     int failed = 0;
@@ -56,7 +56,7 @@ TEST(SentMailFaults, AnAddressThatCannotBeReadIsThatOfTheRecipientBefore) {
     EXPECT_EQ(failed, 1);
 }
 
-TEST(SentMailFaults, ANoteThatCannotBeMadeIsThatOfTheRecipientBefore) {
+TEST(SentMailFailures, ANoteThatCannotBeMadeIsThatOfTheRecipientBefore) {
     Sending sending;
     int made = 0;
     sending.world.boundary().before_call = [&](const std::string& member) {

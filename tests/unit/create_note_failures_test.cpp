@@ -11,7 +11,7 @@ using native::NativeWorld;
 
 /// Creates a note of the sender while the n-th look below a folder fails. Answers whether there was such a
 /// call.
-bool create_with_fault(NativeWorld& world, std::int32_t n) {
+bool create_with_failure(NativeWorld& world, std::int32_t n) {
     acceptance::add_contact(world);
     acceptance::OpenedItem mail(world.deliver(acceptance::message()));
     mail.show();
@@ -19,19 +19,20 @@ bool create_with_fault(NativeWorld& world, std::int32_t n) {
     EXPECT_TRUE(dialog.open(mail));
     world.fail(u"MAPIFolder.Folders", n);
     dialog.click(u"cmdSend");
-    const bool failed = std::ranges::any_of(world.model().faults,
-                                            [](const desk::PlannedFault& fault) { return fault.times == 0; });
-    world.model().faults.clear();
+    const bool failed =
+        std::ranges::any_of(world.model().planned_failures,
+                            [](const desk::PlannedFailure& planned) { return planned.times == 0; });
+    world.model().planned_failures.clear();
     return failed;
 }
 
-TEST(CreateNoteFaults, NoSingleLookupThatFailsSendsTheNoteToAnotherFolder) {
+TEST(CreateNoteFailures, NoSingleLookupThatFailsSendsTheNoteToAnotherFolder) {
     constexpr std::int32_t most_lookups = 40;
     std::int32_t n = 0, posted = 0;
     for (bool failed = true; failed && n < most_lookups; ++n) {
         SCOPED_TRACE(n);
         NativeWorld world{acceptance::WorldSetup{}};
-        failed = create_with_fault(world, n);
+        failed = create_with_failure(world, n);
         EXPECT_EQ(acceptance::count_in(world, u"Notes"), 0) << "the folder of mail is looked for twice";
         posted += acceptance::count_in(world, u"Email");
     }
@@ -41,7 +42,7 @@ TEST(CreateNoteFaults, NoSingleLookupThatFailsSendsTheNoteToAnotherFolder) {
 }
 
 /// A recipient whose entry can't be read is compared by the entry of the one before.
-TEST(CreateNoteFaults, ARecipientWhoCannotBeReadIsNotTakenForTheRow) {
+TEST(CreateNoteFailures, ARecipientWhoCannotBeReadIsNotTakenForTheRow) {
     NativeWorld world{acceptance::WorldSetup{}};
     for (const char16_t* const name : {u"Bob Ray", u"Cid Fox"}) {
         acceptance::add_contact(world, {.full_name = name, .fields = {}});

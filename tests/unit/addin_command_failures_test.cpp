@@ -38,7 +38,7 @@ void empty(const host::outlook::Folder& folder) {
     for (std::int32_t i = items.Count(); i >= 1; --i) items.Item(i).call(u"Delete");
 }
 
-TEST(CommandFaults, AMailGoesOutWhateverFails) {
+TEST(CommandFailures, AMailGoesOutWhateverFails) {
     const auto world = sending_world();
     const host::outlook::Folder sent = world->name_space().GetDefaultFolder(sent_folder);
     const int calls = for_each_call([&](NthCall& call) {
@@ -74,7 +74,7 @@ constexpr Shown shown_items[] = {
     {"account contact", 2, u"IPM.Contact.Account Contact", 50},
 };
 
-TEST(CommandFaults, AWindowOpensAndClosesWhateverFails) {
+TEST(CommandFailures, AWindowOpensAndClosesWhateverFails) {
     for (const Shown& shown : shown_items) {
         SCOPED_TRACE(shown.name);
         NativeWorld world{{}};
@@ -93,7 +93,7 @@ TEST(CommandFaults, AWindowOpensAndClosesWhateverFails) {
     }
 }
 
-TEST(CommandFaults, TheContextMenuOpensWhateverFails) {
+TEST(CommandFailures, TheContextMenuOpensWhateverFails) {
     const int calls = for_each_call([&](NthCall& call) {
         NativeWorld world{{}};
         const Object bars = world.application().ActiveExplorer().get(u"CommandBars").to_object();
@@ -110,7 +110,7 @@ TEST(CommandFaults, TheContextMenuOpensWhateverFails) {
     EXPECT_GT(calls, 20);
 }
 
-TEST(CommandFaults, ASelectionChangesWhateverFails) {
+TEST(CommandFailures, ASelectionChangesWhateverFails) {
     NativeWorld world{{}};
     world.option(addin::setting::enable_quick_view, u"1");
     const Item mail = world.deliver(acceptance::message());
@@ -134,7 +134,7 @@ std::unique_ptr<NativeWorld> quick_view_world() {
     return world;
 }
 
-TEST(CommandFaults, QuickViewIsLaunchedWhateverFails) {
+TEST(CommandFailures, QuickViewIsLaunchedWhateverFails) {
     for (const bool known : {true, false}) {
         const auto world = quick_view_world();
         if (known) acceptance::add_contact(*world);
@@ -184,7 +184,7 @@ const Deed deeds[] = {
     {"files what is dropped", 1, [](native::MemoryWindow& w) { w.control(u"lstItems").drop(0); }, 50},
 };
 
-TEST(CommandFaults, QuickViewWorksWhateverFails) {
+TEST(CommandFailures, QuickViewWorksWhateverFails) {
     for (const Deed& one : deeds) {
         SCOPED_TRACE(one.name);
         const int calls = for_each_call([&](NthCall& call) {
