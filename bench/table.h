@@ -14,7 +14,7 @@ class Table {
         : title_(std::move(title)), rows_{std::move(heads)} {}
 
     /// A row has a cell for each head.
-    void row(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
+    void add_row(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
 
     /// The first column stands to the left, numbers in the others to the right; an empty line follows.
     void print(std::ostream& out) const;

@@ -52,8 +52,8 @@ bool calls_of_a_mail() {
         const std::vector<std::string> calls = world->boundary().calls();
 
         Table table(std::string("Calls of the add-in to the outside: ") + mail.name, {"member", "calls"});
-        for (const auto& [member, count] : counted(calls)) table.row({member, std::to_string(count)});
-        table.row({"in all", std::to_string(calls.size())});
+        for (const auto& [member, count] : counted(calls)) table.add_row({member, std::to_string(count)});
+        table.add_row({"in all", std::to_string(calls.size())});
         table.print(std::cout);
         if (acceptance::is_marked(delivered) != mail.is_filed) {
             std::cout << "WRONG: it was " << (mail.is_filed ? "not " : "") << "filed\n\n";

@@ -52,7 +52,8 @@ bool calls_of_a_replica() {
         const Clock::time_point begin = Clock::now();
         for (int i = 1; i <= changes; ++i) open = calls_of_change(i);
         const double time = std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
-        table.row({linked.name, std::to_string(open), std::to_string(closed), decimal(time / changes, 3)});
+        table.add_row(
+            {linked.name, std::to_string(open), std::to_string(closed), decimal(time / changes, 3)});
         const host::outlook::Items replicas =
             Folder(world->account_profiles().Parent()).Folders().Item(linked.shared_folder).Items();
         right =

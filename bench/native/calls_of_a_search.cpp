@@ -89,8 +89,8 @@ bool calls_of_a_search() {
         const int rows = search(*world);
         const std::size_t calls = world->boundary().calls().size();
         const double per_row = static_cast<double>(calls) / rows;
-        table.row({std::to_string(count), std::to_string(rows), decimal(per_row, 2),
-                   decimal(static_cast<double>(peak_memory() - before) / rows, 2)});
+        table.add_row({std::to_string(count), std::to_string(rows), decimal(per_row, 2),
+                       decimal(static_cast<double>(peak_memory() - before) / rows, 2)});
         // what stands around the rows is little beside them
         right = right && rows >= count && per_row <= calls_per_row + 1;
     }

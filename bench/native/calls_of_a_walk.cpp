@@ -106,10 +106,10 @@ bool calls_of_a_walk() {
             const int asked = done.calls.at("Items.Restrict") - around;
             const double expected = calls_around + done.folders * calls_of_folder + size * calls_of_found +
                                     done.rows * calls_of_row;
-            table.row({std::to_string(done.folders), std::to_string(items), std::to_string(done.rows),
-                       decimal(static_cast<double>(asked) / done.folders, 2),
-                       decimal(static_cast<double>(calls) / (done.folders + done.rows), 2),
-                       std::to_string(done.held), std::to_string(done.memory)});
+            table.add_row({std::to_string(done.folders), std::to_string(items), std::to_string(done.rows),
+                           decimal(static_cast<double>(asked) / done.folders, 2),
+                           decimal(static_cast<double>(calls) / (done.folders + done.rows), 2),
+                           std::to_string(done.held), std::to_string(done.memory)});
             right = right && asked == done.folders && done.rows == size * rows_of_folder + rows_besides &&
                     calls <= expected && done.held <= most_held;
         }

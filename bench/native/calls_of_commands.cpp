@@ -68,7 +68,7 @@ bool calls_of_opened_items() {
         }
         std::ranges::sort(times);
         const double median = times[times.size() / 2];
-        table.row({opened.name, std::to_string(calls), decimal(median, 3)});
+        table.add_row({opened.name, std::to_string(calls), decimal(median, 3)});
         right = right && calls > 0 && median <= longest;
     }
     table.print(std::cout);
@@ -91,7 +91,7 @@ bool calls_of_a_selection() {
             calls += (calls.empty() ? "" : ", ") + call;
             right = right && call.starts_with("registry.");
         }
-        table.row({option.empty() ? "not there" : automation::to_utf8(option), calls});
+        table.add_row({option.empty() ? "not there" : automation::to_utf8(option), calls});
         right = right && !calls.empty();
     }
     table.print(std::cout);

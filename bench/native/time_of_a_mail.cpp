@@ -70,7 +70,7 @@ bool time_of_a_mail() {
         if (first == 0) first = time;
         ratio = time / first;
         right = right && ratio < largest_ratio;
-        table.row({std::to_string(count), decimal(time, 2), decimal(ratio, 2)});
+        table.add_row({std::to_string(count), decimal(time, 2), decimal(ratio, 2)});
     }
     table.print(std::cout);
     if (!right) std::cout << "WRONG: the time grows with the contacts: filing scans them\n\n";

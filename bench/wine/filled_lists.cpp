@@ -204,10 +204,10 @@ bool filled_lists() {
         const Cost cost = list.measure(list.asked_for);
         const double ms = cost.seconds * 1000 / cost.rows, calls = cost.calls / cost.rows,
                      trips = cost.round_trips / cost.rows;
-        table.row({list.name, std::to_string(cost.rows), decimal(cost.seconds, 1), decimal(ms, 1),
-                   decimal(list.aims.milliseconds, 0), decimal(calls, 1), decimal(list.aims.calls, 0),
-                   server_answers() ? decimal(trips, 0) : "?", decimal(list.aims.round_trips, 0),
-                   decimal(cost.memory / 1024 / cost.rows, 2)});
+        table.add_row({list.name, std::to_string(cost.rows), decimal(cost.seconds, 1), decimal(ms, 1),
+                       decimal(list.aims.milliseconds, 0), decimal(calls, 1), decimal(list.aims.calls, 0),
+                       server_answers() ? decimal(trips, 0) : "?", decimal(list.aims.round_trips, 0),
+                       decimal(cost.memory / 1024 / cost.rows, 2)});
         right = right && cost.rows == list.expected && ms <= list.aims.milliseconds &&
                 calls <= list.aims.calls && trips <= list.aims.round_trips;
     }

@@ -74,7 +74,7 @@ bool list_messages() {
     for (const Measured& list : lists) {
         const auto cells = static_cast<double>(list_of(list.table).columns.size());
         const double messages = messages_of_a_row(list.table);
-        table.row({list.name, decimal(cells, 0), decimal(messages, 1), decimal(cells + most_more, 0)});
+        table.add_row({list.name, decimal(cells, 0), decimal(messages, 1), decimal(cells + most_more, 0)});
         right = right && messages <= cells + most_more;
     }
     table.print(std::cout);

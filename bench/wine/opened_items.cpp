@@ -65,8 +65,8 @@ bool opened_items_time() {
                 {"item", "with the add-in", "without", "its handler", "aim", "limit"});
     for (std::size_t k = 0; k < opened_kinds; ++k) {
         const double own = with[k] - without[k];
-        table.row({opened_items[k].name, decimal(with[k], 1), decimal(without[k], 1), decimal(own, 1),
-                   decimal(aim, 0), decimal(limit, 0)});
+        table.add_row({opened_items[k].name, decimal(with[k], 1), decimal(without[k], 1), decimal(own, 1),
+                       decimal(aim, 0), decimal(limit, 0)});
         right = right && own <= limit;
     }
     table.print(std::cout);

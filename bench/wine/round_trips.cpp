@@ -116,7 +116,7 @@ bool round_trips() {
             cells.push_back(shown(calls.round_trips));
             cells.push_back(shown(calls.name_lookups));
         }
-        table.row(std::move(cells));
+        table.add_row(std::move(cells));
     };
     for (const auto& [member, counts] : members) row(member, counts);
     row("in all", sums);

@@ -94,25 +94,25 @@ bool soak(int mail_count) {
     std::vector<Text> notes = subjects_of_notes(*world);
     const std::size_t distinct = std::set(notes.begin(), notes.end()).size();
     Table decisions("A long session", {"", "count"});
-    decisions.row({"mails read", std::to_string(mail_count)});
-    decisions.row({"of them to be filed", std::to_string(to_be_filed.size())});
-    decisions.row({"notes", std::to_string(notes.size())});
-    decisions.row({"mails filed twice", std::to_string(notes.size() - distinct)});
-    decisions.row({"wrong decisions", std::to_string(wrong)});
+    decisions.add_row({"mails read", std::to_string(mail_count)});
+    decisions.add_row({"of them to be filed", std::to_string(to_be_filed.size())});
+    decisions.add_row({"notes", std::to_string(notes.size())});
+    decisions.add_row({"mails filed twice", std::to_string(notes.size() - distinct)});
+    decisions.add_row({"wrong decisions", std::to_string(wrong)});
     const auto mean = [](Clock::duration sum, std::size_t count) {
         return decimal(std::chrono::duration<double, std::milli>(sum).count() / static_cast<double>(count),
                        1);
     };
     const std::size_t others = static_cast<std::size_t>(mail_count) - to_be_filed.size();
-    decisions.row({"ms to read one that is filed, mean", mean(reading_filed, to_be_filed.size())});
-    decisions.row({"ms to read another, mean", mean(reading_others, others)});
-    decisions.row({"mails a second, from their delivery on", decimal(mail_count / time.count(), 1)});
+    decisions.add_row({"ms to read one that is filed, mean", mean(reading_filed, to_be_filed.size())});
+    decisions.add_row({"ms to read another, mean", mean(reading_others, others)});
+    decisions.add_row({"mails a second, from their delivery on", decimal(mail_count / time.count(), 1)});
     decisions.print(std::cout);
 
     Table states("The desk in that session", {"mails", "objects held from outside", "memory in MB"});
     for (const State& state : {first, last}) {
-        states.row({std::to_string(state.mails), std::to_string(state.held),
-                    decimal(state.memory / (1024 * 1024), 2)});
+        states.add_row({std::to_string(state.mails), std::to_string(state.held),
+                        decimal(state.memory / (1024 * 1024), 2)});
     }
     states.print(std::cout);
 

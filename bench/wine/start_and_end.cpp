@@ -45,8 +45,8 @@ bool start_and_end() {
                 {"operation", "first", "shortest", "longest", "limit"});
     for (std::size_t k = 0; k < std::size(limits); ++k) {
         const auto [shortest, longest] = std::ranges::minmax(times[k]);
-        table.row({limits[k].operation, decimal(times[k].front(), 1), decimal(shortest, 1),
-                   decimal(longest, 1), decimal(limits[k].milliseconds, 0)});
+        table.add_row({limits[k].operation, decimal(times[k].front(), 1), decimal(shortest, 1),
+                       decimal(longest, 1), decimal(limits[k].milliseconds, 0)});
         right = right && longest <= limits[k].milliseconds;
     }
     table.print(std::cout);

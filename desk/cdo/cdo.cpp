@@ -52,14 +52,14 @@ const automation::Members<CdoField>& CdoField::members() {
     return table;
 }
 
-const FolderRow& CdoFolder::row() const {
+const FolderRow& CdoFolder::stored() const {
     if (const FolderRow* const found = desk().folder_row(folder_)) return *found;
     throw Failure(result::not_found, u"The folder is gone.");
 }
 
 Value CdoFolder::property(std::int32_t tag) const {
     const auto changed = changed_.find(tag);
-    return changed != changed_.end() ? changed->second : row().*property_of(tag).member;
+    return changed != changed_.end() ? changed->second : stored().*property_of(tag).member;
 }
 
 void CdoFolder::property(std::int32_t tag, const Value& value) {
@@ -68,7 +68,7 @@ void CdoFolder::property(std::int32_t tag, const Value& value) {
 }
 
 void CdoFolder::update() {
-    FolderRow now = row();
+    FolderRow now = stored();
     for (const auto& [tag, value] : changed_) now.*property_of(tag).member = value;
     desk().change_folder(now);
     changed_.clear();
@@ -77,7 +77,7 @@ void CdoFolder::update() {
 const automation::Members<CdoFolder>& CdoFolder::members() {
     static const automation::Members<CdoFolder> table{
         {u"Name", automation::no_id, Use::get,
-         [](CdoFolder& self, const Arguments&) { return Value(self.row().name); }},
+         [](CdoFolder& self, const Arguments&) { return Value(self.stored().name); }},
         {u"ID", automation::no_id, Use::get,
          [](CdoFolder& self, const Arguments&) {
              return std::make_shared<Folder>(self.desk(), self.id())->self().get(u"EntryID");

@@ -61,8 +61,8 @@ class CdoFolder : public ModelObject<CdoFolder>, public CdoProperties {
     automation::Object as_object() override { return self(); }
 
     RowId id() const { return folder_; }
-    const FolderRow& row() const;  ///< throws `Failure` for a folder that is gone
-    void update();                 ///< keeps what was changed
+    const FolderRow& stored() const;  ///< throws `Failure` for a folder that is gone
+    void update();                    ///< keeps what was changed
 
   private:
     std::map<std::int32_t, automation::Text> changed_;

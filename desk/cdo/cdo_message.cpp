@@ -108,13 +108,15 @@ const automation::Members<CdoMessage>& CdoMessage::members() {
     static const automation::Members<CdoMessage> table{
         {u"ID", automation::no_id, Use::get,
          [](CdoMessage& self, const Arguments&) {
-             return Value(self.desk().item_entry_id(self.row().id, self.row().folder));
+             return Value(self.desk().item_entry_id(self.stored().id, self.stored().folder));
          }},
         {u"StoreID", automation::no_id, Use::get,
-         [](CdoMessage& self, const Arguments&) { return Value(self.desk().store_uid(self.row().folder)); }},
+         [](CdoMessage& self, const Arguments&) {
+             return Value(self.desk().store_uid(self.stored().folder));
+         }},
         {u"FolderID", automation::no_id, Use::get,
          [](CdoMessage& self, const Arguments&) {
-             return Value(self.desk().folder_entry_id(self.row().folder));
+             return Value(self.desk().folder_entry_id(self.stored().folder));
          }},
         {u"Type", automation::no_id, Use::get_put, named<message_class>},
         {u"Subject", automation::no_id, Use::get_put, named<subject>},

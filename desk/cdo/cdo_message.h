@@ -22,7 +22,7 @@ class CdoMessage : public ModelObject<CdoMessage>, public CdoProperties {
     void property(std::int32_t tag, const automation::Value& value) override;
     automation::Object as_object() override { return self(); }
 
-    const ItemRow& row() const { return row_; }
+    const ItemRow& stored() const { return row_; }
     automation::Value field(automation::TextView field_name) const;
     void field(automation::TextView field_name, const automation::Value& value);
 

@@ -43,10 +43,10 @@ Folder& folder_of(const Value& value) {
     return *folder;
 }
 
-const FolderRow& Folder::row() const { return desk().existing_folder(id_); }
+const FolderRow& Folder::stored() const { return desk().existing_folder(id_); }
 
 Object Folder::parent() const {
-    const RowId above = row().parent;
+    const RowId above = stored().parent;
     return above == 0 ? desk().name_space()->self() : std::make_shared<Folder>(desk(), above)->self();
 }
 
@@ -61,16 +61,17 @@ Text Folder::path() const {
 }
 
 void Folder::rename(const Text& new_name) {
-    if (!automation::same_ignoring_case(row().name, new_name)) check_name(desk(), row().parent, new_name);
-    FolderRow renamed = row();
+    if (!automation::same_ignoring_case(stored().name, new_name))
+        check_name(desk(), stored().parent, new_name);
+    FolderRow renamed = stored();
     renamed.name = new_name;
     desk().change_folder(renamed);
-    desk().tell_folders(row().parent, u"FolderChange", id_);
+    desk().tell_folders(stored().parent, u"FolderChange", id_);
 }
 
 void Folder::remove() {
-    if (row().parent == 0 || row().default_number != 0) {
-        throw Failure(result::access_denied, u"The folder \"" + row().name + u"\" can't be deleted.");
+    if (stored().parent == 0 || stored().default_number != 0) {
+        throw Failure(result::access_denied, u"The folder \"" + stored().name + u"\" can't be deleted.");
     }
     desk().remove_folder(id_);
 }
@@ -79,9 +80,9 @@ void Folder::move_to(RowId target) {
     for (RowId above = target; above != 0; above = desk().existing_folder(above).parent) {
         if (above == id_) throw Failure(result::fail, u"A folder can't be moved into itself.");
     }
-    check_name(desk(), target, row().name);
-    const RowId former = row().parent;
-    FolderRow moved = row();
+    check_name(desk(), target, stored().name);
+    const RowId former = stored().parent;
+    FolderRow moved = stored();
     moved.parent = target;
     desk().change_folder(moved);
     desk().tell_folders(former, u"FolderRemove", 0);
@@ -92,8 +93,8 @@ Object Folder::copy_to(RowId target) {
     for (RowId above = target; above != 0; above = desk().existing_folder(above).parent) {
         if (above == id_) throw Failure(result::fail, u"A folder can't be copied into itself.");
     }
-    check_name(desk(), target, row().name);
-    FolderRow twin = row();
+    check_name(desk(), target, stored().name);
+    FolderRow twin = stored();
     twin.parent = target;
     twin.default_number = 0;
     const RowId twin_id = desk().add_folder(twin);
@@ -112,54 +113,54 @@ const automation::Members<Folder>& Folder::members() {
         {u"Name", 0x3001, Use::get_put,
          [](Folder& self, const Arguments& a) {
              if (a.is_put()) self.rename(a.assigned().to_text());
-             return Value(self.row().name);
+             return Value(self.stored().name);
          }},
         {u"EntryID", 0xF01E, Use::get,
          [](Folder& self, const Arguments&) {
-             self.row();
+             self.stored();
              return Value(self.desk().folder_entry_id(self.id()));
          }},
         {u"StoreID", 0x3108, Use::get,
          [](Folder& self, const Arguments&) {
-             self.row();
+             self.stored();
              return Value(self.desk().store_uid(self.id()));
          }},
         {u"Folders", 0x2103, Use::get,
          [](Folder& self, const Arguments&) {
-             self.row();
+             self.stored();
              return Value(std::make_shared<FoldersCollection>(self.desk(), self.id())->self());
          }},
         {u"Items", 0x3100, Use::get,
          [](Folder& self, const Arguments&) {
-             self.row();
+             self.stored();
              return Value(std::make_shared<Items>(self.desk(), self.id())->self());
          }},
         {u"DefaultItemType", 0x3106, Use::get,
-         [](Folder& self, const Arguments&) { return Value(self.row().item_type); }},
+         [](Folder& self, const Arguments&) { return Value(self.stored().item_type); }},
         {u"DefaultMessageClass", 0x3107, Use::get,
-         [](Folder& self, const Arguments&) { return Value(self.row().default_class); }},
+         [](Folder& self, const Arguments&) { return Value(self.stored().default_class); }},
         {u"Description", 0x3004, Use::get_put,
          [](Folder& self, const Arguments& a) {
              if (a.is_put()) {
-                 FolderRow described = self.row();
+                 FolderRow described = self.stored();
                  described.description = a.assigned().to_text();
                  self.desk().change_folder(described);
              }
-             return Value(self.row().description);
+             return Value(self.stored().description);
          }},
         {u"UnReadItemCount", 0x3603, Use::get,
          [](Folder& self, const Arguments&) {
-             self.row();
+             self.stored();
              return Value(static_cast<std::int32_t>(self.desk().store().unread(self.id())));
          }},
         {u"PropertyAccessor", 0xFAFD, Use::get,
          [](Folder& self, const Arguments&) {
-             self.row();
+             self.stored();
              return Value(PropertyAccessor::of_folder(self.desk(), self.id())->self());
          }},
         {u"UserDefinedProperties", 0xF816, Use::get,
          [](Folder& self, const Arguments&) {
-             self.row();
+             self.stored();
              return Value(std::make_shared<UserDefinedProperties>(self.desk(), self.id())->self());
          }},
         {u"FolderPath", 0xFA78, Use::get, [](Folder& self, const Arguments&) { return Value(self.path()); }},

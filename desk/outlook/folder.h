@@ -19,7 +19,7 @@ class Folder : public ModelObject<Folder> {
     RowId id() const { return id_; }
 
     /// Throws `result::object_deleted` for a folder that is gone.
-    const FolderRow& row() const;
+    const FolderRow& stored() const;
     automation::Text path() const;  ///< "\\Store\Folder\Folder"
     void rename(const automation::Text& new_name);
     void remove();

@@ -18,7 +18,7 @@ FormChoice::FormChoice(FormWindow& form, const forms::ControlRow& row, int id) :
 }
 
 Text FormChoice::text() const {
-    if (row().kind == ControlKind::combo_box) return window_text(handle());
+    if (table_row().kind == ControlKind::combo_box) return window_text(handle());
     return current() == -1 ? Text() : entry(current());
 }
 
@@ -26,7 +26,7 @@ void FormChoice::text(TextView text) {
     const Text wanted(text);
     const auto found = static_cast<int>(SendMessageW(handle(), CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),
                                                      reinterpret_cast<LPARAM>(wide(wanted))));
-    if (row().kind == ControlKind::drop_down_list) {
+    if (table_row().kind == ControlKind::drop_down_list) {
         if (found >= 0) choose(found);
         return;
     }
@@ -65,7 +65,7 @@ void FormChoice::take_back() {
     const int index = current();
     if (!before || index == -1 || index == before->index || text() != entry(index)) return;
     SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(before->index), 0);
-    if (row().kind == ControlKind::combo_box) SetWindowTextW(handle(), wide(before->text));
+    if (table_row().kind == ControlKind::combo_box) SetWindowTextW(handle(), wide(before->text));
 }
 
 void FormChoice::on_command(WORD code) {
@@ -86,7 +86,7 @@ void FormChoice::on_posted() {
     click_posted_ = false;
     const int index = current();
     if (index == -1) return;
-    if (row().kind == ControlKind::combo_box) SetWindowTextW(handle(), wide(entry(index)));
+    if (table_row().kind == ControlKind::combo_box) SetWindowTextW(handle(), wide(entry(index)));
     form().click(*this);
 }
 

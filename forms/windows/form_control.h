@@ -36,7 +36,7 @@ class FormControl : public forms::Control {
     forms::List& list() override;
     forms::Choice& choice() override;
 
-    const forms::ControlRow& row() const { return row_; }
+    const forms::ControlRow& table_row() const { return row_; }
     HWND handle() const { return window_; }  ///< null: it has no window
     bool is_button() const;                  ///< Enter presses it when it has the focus
     bool is_choice() const;

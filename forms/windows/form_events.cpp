@@ -58,7 +58,7 @@ bool FormWindow::raise(const std::function<void(Events&)>& event) {
 }
 
 bool FormWindow::click(const FormControl& control) {
-    return raise([name = control.row().name](Events& events) { events.on_click(name); });
+    return raise([name = control.table_row().name](Events& events) { events.on_click(name); });
 }
 
 LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
@@ -140,9 +140,9 @@ LRESULT FormWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
             break;
         case WM_CTLCOLORSTATIC:
             if (const FormControl* const label = find(reinterpret_cast<HWND>(second));
-                label && label->row().color != forms::black) {
+                label && label->table_row().color != forms::black) {
                 const auto context = reinterpret_cast<HDC>(first);
-                SetTextColor(context, shown_color(label->row().color, is_high_contrast()));
+                SetTextColor(context, shown_color(label->table_row().color, is_high_contrast()));
                 SetBkColor(context, GetSysColor(COLOR_BTNFACE));
                 return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
             }
@@ -164,14 +164,14 @@ LRESULT FormWindow::on_command(WPARAM first, LPARAM second) {
     FormControl* const control = find(reinterpret_cast<HWND>(second));
     if (!control) return 0;
     const WORD code = HIWORD(first);
-    const ControlKind kind = control->row().kind;
+    const ControlKind kind = control->table_row().kind;
     const bool clicked =
         code == BN_CLICKED || code == BN_DOUBLECLICKED;  // the second one of two quick clicks
     if (control->is_choice()) {
         control->on_command(code);
     } else if (kind == ControlKind::text_box) {
         if (code != EN_CHANGE || control->in_change()) return 0;
-        raise([name = control->row().name](Events& events) { events.on_change(name); });
+        raise([name = control->table_row().name](Events& events) { events.on_change(name); });
     } else if (kind == ControlKind::option_button) {
         if (!clicked || !control->newly_selected()) return 0;
         let_others_go(*control);
@@ -203,7 +203,7 @@ bool FormWindow::on_set_cursor(HWND at, WORD hit) const {
         return true;
     }
     const FormControl* const control = find(at);
-    if (!control || control->row().kind != ControlKind::link) return false;
+    if (!control || control->table_row().kind != ControlKind::link) return false;
     SetCursor(LoadCursorW(nullptr, IDC_HAND));
     return true;
 }
@@ -246,8 +246,8 @@ void FormWindow::focus_moves_on() {
 
 void FormWindow::let_others_go(const FormControl& option) {
     for (const auto& other : controls_) {
-        if (other.get() != &option && other->row().kind == ControlKind::option_button &&
-            other->row().frame == option.row().frame) {
+        if (other.get() != &option && other->table_row().kind == ControlKind::option_button &&
+            other->table_row().frame == option.table_row().frame) {
             other->selected(false);
         }
     }
@@ -255,7 +255,7 @@ void FormWindow::let_others_go(const FormControl& option) {
 
 void FormWindow::visible_changed(const FormControl& frame) {
     for (const auto& control : controls_) {
-        if (control->row().frame == frame.row().name) control->apply_visible();
+        if (control->table_row().frame == frame.table_row().name) control->apply_visible();
     }
 }
 

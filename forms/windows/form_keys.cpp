@@ -71,8 +71,8 @@ bool FormWindow::character(const FormControl* control, char16_t character) {
     const bool named_key = character == VK_RETURN || character == VK_ESCAPE || character == VK_TAB;
     if (control && control->dropped()) return true;
     if (!visible() || pressed_by(control, character)) return false;  // its key has done the work
-    const bool in_text_box = control && control->row().kind == ControlKind::text_box;
-    const automation::TextView name = control ? control->row().name : automation::TextView();
+    const bool in_text_box = control && control->table_row().kind == ControlKind::text_box;
+    const automation::TextView name = control ? control->table_row().name : automation::TextView();
     if (!raise([character](Events& events) { events.on_character(character); })) return false;
     if (in_text_box && !raise([name, character](Events& events) { events.on_key_press(name, character); })) {
         return false;

@@ -396,7 +396,7 @@ void FormList::follow_look(int former_dots_per_inch) {
 }
 
 void FormList::on_notify(const NMHDR& header) {
-    const TextView name = row().name;
+    const TextView name = table_row().name;
     if (header.code == LVN_COLUMNCLICK) {
         const int column = reinterpret_cast<const NMLISTVIEW&>(header).iSubItem;
         form().raise([&](forms::Events& events) { events.on_column_click(name, column); });

@@ -192,8 +192,8 @@ void FormWindow::make_tool_tips() {
                                  0, 0, 0, 0, nullptr, nullptr, own_module(), nullptr);
     SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, to_pixels(widest_tool_tip));
     for (const auto& control : controls_) {
-        if (control->row().tool_tip.empty() || !control->handle()) continue;
-        Text text(control->row().tool_tip);
+        if (control->table_row().tool_tip.empty() || !control->handle()) continue;
+        Text text(control->table_row().tool_tip);
         TTTOOLINFOW tool{};
         tool.cbSize = TTTOOLINFOW_V1_SIZE;  // known to every version of the controls
         tool.uFlags = TTF_IDISHWND;         // its control tells them of the mouse
@@ -247,8 +247,8 @@ void FormWindow::follow_colors() {
 }
 
 FormControl* FormWindow::find(TextView name) const {
-    const auto found =
-        std::ranges::find_if(controls_, [&](const auto& control) { return control->row().name == name; });
+    const auto found = std::ranges::find_if(
+        controls_, [&](const auto& control) { return control->table_row().name == name; });
     return found == controls_.end() ? nullptr : found->get();
 }
 

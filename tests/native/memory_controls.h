@@ -129,7 +129,7 @@ class MemoryControl final : public forms::Control {
 
     // what a person sees
 
-    const forms::ControlRow& row() const { return row_; }
+    const forms::ControlRow& table_row() const { return row_; }
     const forms::Place& place() const { return place_; }
     MemoryList& memory_list();
     MemoryChoice& memory_choice();

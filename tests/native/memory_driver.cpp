@@ -39,7 +39,7 @@ class Watched {
 };
 
 desk::ControlDriver::Kind kind_of(const MemoryControl& control) {
-    switch (control.row().kind) {
+    switch (control.table_row().kind) {
         case ControlKind::check_box:
         case ControlKind::option_button:
             return desk::ControlDriver::Kind::toggle;
@@ -65,7 +65,7 @@ class MemoryControlDriver final : public desk::ControlDriver {
     }
     bool visible() const override { return control().shown(); }
     bool enabled() const override { return control().enabled(); }
-    Text tool_tip() const override { return Text(control().row().tool_tip); }
+    Text tool_tip() const override { return Text(control().table_row().tool_tip); }
     void click() override {
         post([](MemoryControl& control) { control.click(); });
     }
@@ -143,7 +143,7 @@ class MemoryWindowDriver final : public desk::WindowDriver {
     std::unique_ptr<desk::ControlDriver> control(TextView name) override {
         const auto& all = watched_.window().controls();
         const auto found = std::ranges::find_if(all, [&](const auto& control) {
-            return automation::same_ignoring_case(control->row().name, name);
+            return automation::same_ignoring_case(control->table_row().name, name);
         });
         if (found == all.end()) return nullptr;
         return std::make_unique<MemoryControlDriver>(watched_, **found);

@@ -85,8 +85,8 @@ MemoryWindow::~MemoryWindow() {
 }
 
 MemoryControl* MemoryWindow::find(TextView name) {
-    const auto found =
-        std::ranges::find_if(controls_, [&](const auto& control) { return control->row().name == name; });
+    const auto found = std::ranges::find_if(
+        controls_, [&](const auto& control) { return control->table_row().name == name; });
     return found == controls_.end() ? nullptr : found->get();
 }
 
@@ -219,7 +219,8 @@ void MemoryWindow::move_focus_on() {
 
 void MemoryWindow::select_option(const MemoryControl& option) {
     for (const auto& control : controls_) {
-        if (control->row().kind == option.row().kind && control->row().frame == option.row().frame) {
+        if (control->table_row().kind == option.table_row().kind &&
+            control->table_row().frame == option.table_row().frame) {
             control->let_go();
         }
     }
@@ -255,7 +256,7 @@ void MemoryWindow::press_key(int code) {
 }
 
 void MemoryWindow::put_character(MemoryControl& box, char16_t character) {
-    const TextView name = box.row().name;
+    const TextView name = box.table_row().name;
     if (!raise([&](Events& events) { events.on_key_press(name, character); })) return;
     if (box.put_character(character)) raise([&](Events& events) { events.on_change(name); });
 }

@@ -149,7 +149,7 @@ void NativeWorld::watch_status() {
     };
     engine_.on_text = [this](MemoryWindow& window, MemoryControl& control) {
         const bool is_status = window.caption() == desk::Desk::status_caption && window.visible() &&
-                               control.row().name == desk::Desk::status_label;
+                               control.table_row().name == desk::Desk::status_label;
         if (host_ && is_status) host_->desk.status_shown(control.text());
     };
 }

@@ -120,7 +120,7 @@ class FakeDatabase : public automation::Automated<FakeDatabase> {
     std::size_t place_ = 0;
 };
 
-Row row(TextView path, TextView name_or_subject, TextView sender = u"") {
+Row result_row(TextView path, TextView name_or_subject, TextView sender = u"") {
     return {{"SYSTEM.ITEMFOLDERPATHDISPLAY", Value(path)},
             {"SYSTEM.FILENAME", Value(name_or_subject)},
             {"SYSTEM.SUBJECT", Value(name_or_subject)},
@@ -155,11 +155,13 @@ struct Indexed {
 };
 
 TEST(PanelIndexRows, AreFilesAndMailOfTheMailbox) {
-    Indexed indexed({row(u"C:\\Work\\Bell", u"offer.txt"), row(u"/Mailbox - Pat/Inbox", u"Hello", u"Ann Lee"),
-                     row(u"/Archive/Inbox", u"Old", u"Ann Lee"),
-                     row(u"/Mailbox - Pat/Inbox/Bell", u"Deeper", u"Ann Lee"),
-                     row(u"/Mailbox", u"Top", u"Ann Lee"), row(u"/mailbox - pat/Inbox", u"Small", u"Ann Lee"),
-                     row(u"", u"nowhere.txt")});
+    Indexed indexed({result_row(u"C:\\Work\\Bell", u"offer.txt"),
+                     result_row(u"/Mailbox - Pat/Inbox", u"Hello", u"Ann Lee"),
+                     result_row(u"/Archive/Inbox", u"Old", u"Ann Lee"),
+                     result_row(u"/Mailbox - Pat/Inbox/Bell", u"Deeper", u"Ann Lee"),
+                     result_row(u"/Mailbox", u"Top", u"Ann Lee"),
+                     result_row(u"/mailbox - pat/Inbox", u"Small", u"Ann Lee"),
+                     result_row(u"", u"nowhere.txt")});
     indexed.search();
     ASSERT_EQ(indexed.panel.count(), 1 + 5);
     EXPECT_EQ(indexed.panel.rows(),
@@ -194,10 +196,10 @@ TEST(PanelIndexRows, AreAskedForByTheSubjectWithDoubledApostrophes) {
 }
 
 TEST(PanelIndexRows, AreNoneWithoutASubjectAndWithoutTheOption) {
-    Indexed unnamed({row(u"C:\\Work", u"offer.txt")}, u"O'Malley");
+    Indexed unnamed({result_row(u"C:\\Work", u"offer.txt")}, u"O'Malley");
     unnamed.search();
     EXPECT_TRUE(unnamed.provider.told.empty()) << "no record is shown, so nothing is asked";
-    Indexed off({row(u"C:\\Work", u"offer.txt")});
+    Indexed off({result_row(u"C:\\Work", u"offer.txt")});
     off.world.option(u"EnableDesktopSearch", u"0");
     off.search();
     EXPECT_TRUE(off.provider.told.empty());
@@ -212,7 +214,7 @@ TEST(PanelIndexRows, LeaveTheOthersWhateverFails) {
     for (const Case& one : {Case{"connection.Open", 3}, Case{"rows.Open", 3}, Case{"rows.MoveFirst", 3},
                             Case{"rows.MoveNext", 2}, Case{"rows.Close", 3}}) {
         SCOPED_TRACE(one.failing);
-        Indexed indexed({row(u"C:\\Work", u"a.txt"), row(u"C:\\Work", u"b.txt")});
+        Indexed indexed({result_row(u"C:\\Work", u"a.txt"), result_row(u"C:\\Work", u"b.txt")});
         indexed.provider.failing = one.failing;
         indexed.search();
         EXPECT_EQ(indexed.panel.count(), one.rows);

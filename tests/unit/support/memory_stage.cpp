@@ -34,7 +34,7 @@ class MemoryStage final : public Stage {
     bool there(TextView name) override { return engine_.find(name) != nullptr; }
     Text focused(TextView name) override {
         const MemoryControl* const focused = window(name).focused();
-        return focused ? Text(focused->row().name) : Text();
+        return focused ? Text(focused->table_row().name) : Text();
     }
     bool topmost(TextView name) override { return window(name).is_topmost(); }
     int mark(Spot list, int column) override { return at(list).memory_list().mark(column); }
