@@ -27,13 +27,13 @@ constexpr TextView search_any = u"searchany";
 }  // namespace called
 
 /// A property that tells where to look.
-template <const TextView& member, Text ListPicker::Place::*part>
+template <const TextView& member, Text ListPicker::FolderIds::*part>
 Value keep(ListPicker& self, const Arguments& arguments) {
     if (arguments.is_put()) {
-        self.place().*part = arguments.assigned().to_text();
-        self.record_put(member, self.place().*part);
+        self.folder_ids().*part = arguments.assigned().to_text();
+        self.record_put(member, self.folder_ids().*part);
     }
-    return self.place().*part;
+    return self.folder_ids().*part;
 }
 
 template <const TextView& member, void (ListPicker::*act)()>
@@ -109,16 +109,16 @@ void ListPicker::show_dialog() {
 }
 
 host::outlook::Folder ListPicker::folder() const {
-    const Text& id = place_.folder_id.empty() ? place_.account_folder_id : place_.folder_id;
+    const Text& id = folder_ids_.folder_id.empty() ? folder_ids_.account_folder_id : folder_ids_.folder_id;
     host::outlook::Folder accounts;
-    if (id.empty() || place_.store_id.empty()) {
+    if (id.empty() || folder_ids_.store_id.empty()) {
         accounts = DatabaseFolders(context()).folder(addin::records::folder::account_profiles);
         if (!accounts) throw Failure(automation::result::not_found, u"There is no folder of accounts");
         if (id.empty()) return accounts;
     }
     return host::outlook::Application(context().application())
         .GetNamespace(u"MAPI")
-        .GetFolderFromID(id, place_.store_id.empty() ? accounts.StoreID() : place_.store_id);
+        .GetFolderFromID(id, folder_ids_.store_id.empty() ? accounts.StoreID() : folder_ids_.store_id);
 }
 
 void ListPicker::make_window(TextView title, Choice choice) {
@@ -159,10 +159,10 @@ void ListPicker::let_go() {
 
 const automation::Members<ListPicker>& ListPicker::members() {
     static const automation::Members<ListPicker> table{
-        {called::folder_id, no_id, Use::get_put, keep<called::folder_id, &Place::folder_id>},
+        {called::folder_id, no_id, Use::get_put, keep<called::folder_id, &FolderIds::folder_id>},
         {called::account_folder_id, no_id, Use::get_put,
-         keep<called::account_folder_id, &Place::account_folder_id>},
-        {called::store_id, no_id, Use::get_put, keep<called::store_id, &Place::store_id>},
+         keep<called::account_folder_id, &FolderIds::account_folder_id>},
+        {called::store_id, no_id, Use::get_put, keep<called::store_id, &FolderIds::store_id>},
         {called::load_dialog, no_id, Use::method, run<called::load_dialog, &ListPicker::load_dialog>},
         {called::refresh_accounts, no_id, Use::method,
          run<called::refresh_accounts, &ListPicker::refresh_accounts>},

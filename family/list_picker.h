@@ -16,12 +16,12 @@ class ListPicker : public Sibling<ListPicker> {
 
     /// Where the picker looks, as its caller says. Without a folder it is the accounts' one, without a store
     /// the database's.
-    struct Place {
+    struct FolderIds {
         automation::Text folder_id;
         automation::Text account_folder_id;
         automation::Text store_id;
     };
-    Place& place() { return place_; }
+    FolderIds& folder_ids() { return folder_ids_; }
 
     /// The search form: makes its window with that title, lists the folder's records, and comes back when the
     /// user is done. Throws `Failure` if the folder can't be read, or while a window of this picker is shown.
@@ -48,7 +48,7 @@ class ListPicker : public Sibling<ListPicker> {
     void forget();  ///< what was chosen
     void let_go();  ///< of the window
 
-    Place place_;
+    FolderIds folder_ids_;
     std::shared_ptr<forms::Engine> engine_;  // outlives the window
     std::shared_ptr<ListPickerForm> window_;
     bool filled_ = false;

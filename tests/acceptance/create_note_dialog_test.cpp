@@ -16,7 +16,7 @@ class CreateNoteDialog : public Filing {
     World& furnished(const WorldSetup& setup = {}) {
         World& world = with(setup);
         add_contact(world);
-        install(world, {Target{}});
+        install(world, {SearchTarget{}});
         return world;
     }
 

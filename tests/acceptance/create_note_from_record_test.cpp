@@ -13,8 +13,8 @@ using host::outlook::Folder;
 using host::outlook::Item;
 
 /// A target for the records of a folder by their subjects, or for contacts by their names.
-Target target_of(const Text& name, const Text& folder, TextView key, bool contacts = false) {
-    Target target{.name = name, .definition = name, .folder = folder, .key_heading = Text(key)};
+SearchTarget target_of(const Text& name, const Text& folder, TextView key, bool contacts = false) {
+    SearchTarget target{.name = name, .definition = name, .folder = folder, .key_heading = Text(key)};
     target.key_field = named_field(key);
     if (contacts) return target;
     target.fields = {u"&H0037001E", u"", u"", u"", u"", u""};
@@ -147,8 +147,8 @@ TEST_F(CreateNoteFromRecord, CopiesThePropertyThatTheKeysHeadingNames) {
         World& world = emptied();
         add_record(world.below(u"Opportunities"), u"IPM.Post.Other",
                    {{u"AccountID", u"A-1"}, {u"Opportunity Name", u"Copied"}});
-        Target target = target_of(u"Key " + automation::from_utf8(one.name),
-                                  Text(accounts_path) + u"\\Opportunities", u"AccountID");
+        SearchTarget target = target_of(u"Key " + automation::from_utf8(one.name),
+                                        Text(accounts_path) + u"\\Opportunities", u"AccountID");
         target.key_heading = one.heading;
         install(world, {target});
         NoteDialog& dialog = opened(world.deliver(message()));
@@ -164,7 +164,7 @@ TEST_F(CreateNoteFromRecord, CopiesThePropertyThatTheKeysHeadingNames) {
 TEST_F(CreateNoteFromRecord, NeedsNoRecipient) {
     World& world = with({});
     add_contact(world);
-    install(world, {Target{}});
+    install(world, {SearchTarget{}});
     const Item mail = world.deliver(message({.to = ""}));
     NoteDialog& dialog = opened(mail);
     dialog.search(u"People", u"Ann");
@@ -177,7 +177,7 @@ TEST_F(CreateNoteFromRecord, NeedsNoRecipient) {
 TEST_F(CreateNoteFromRecord, IsMadeWithoutALinkWhereTheRecordHasGone) {
     World& world = with({});
     const Item contact = add_contact(world);
-    install(world, {Target{}});
+    install(world, {SearchTarget{}});
     const Item mail = world.deliver(message());
     NoteDialog& dialog = opened(mail);
     dialog.search(u"People", u"Ann");
@@ -193,7 +193,7 @@ TEST_F(CreateNoteFromRecord, IsMadeWithoutALinkWhereTheRecordHasGone) {
 TEST_F(CreateNoteFromRecord, MarksASelectedDraftAndNotOneThatIsBeingWritten) {
     World& world = with({});
     add_contact(world);
-    install(world, {Target{}});
+    install(world, {SearchTarget{}});
     const Item written = new_mail(world);
     const Item draft = new_mail(world);
     draft.Save();
@@ -211,7 +211,7 @@ TEST_F(CreateNoteFromRecord, MarksASelectedDraftAndNotOneThatIsBeingWritten) {
 
 TEST_F(CreateNoteFromRecord, GoesToTheFolderOfTheOptionOrToNotes) {
     with({});
-    install(world(), {Target{}});
+    install(world(), {SearchTarget{}});
     for (const bool missing : {false, true}) {
         SCOPED_TRACE(missing);
         close_dialog();
@@ -229,7 +229,7 @@ TEST_F(CreateNoteFromRecord, IsMadeAgainOfTheSameRows) {
     World& world = with({});
     add_contact(world);
     add_contact(world, {.full_name = u"Anne Day", .properties = {{u"ContactID", u"C-300"}}});
-    install(world, {Target{}});
+    install(world, {SearchTarget{}});
     NoteDialog& dialog = opened(world.deliver(message()));
     dialog.click(u"Check1");
     dialog.search(u"People", u"Ann");
@@ -248,7 +248,7 @@ TEST_F(CreateNoteFromRecord, IsMadeAgainOfTheSameRows) {
 TEST_F(CreateNoteFromRecord, IsMadeByTheButtonAloneWhereTheRowHasAKeyAndNoText) {
     World& world = with({});
     add_contact(world);
-    Target target;
+    SearchTarget target;
     target.fields[0] = u"";
     install(world, {target});
     NoteDialog& dialog = opened(world.deliver(message()));
@@ -267,7 +267,7 @@ TEST_F(CreateNoteFromRecord, IsMadeByTheButtonAloneWhereTheRowHasAKeyAndNoText) 
 TEST_F(CreateNoteFromRecord, IsMadeOfTheAddressWhereTheRecordHasNoKey) {
     World& world = with({});
     add_contact(world, {.full_name = u"Ann Lee", .properties = {{u"AccountID", u"A-100"}}});
-    install(world, {Target{}});
+    install(world, {SearchTarget{}});
     NoteDialog& dialog = opened(world.deliver(message()));
     dialog.search(u"People", u"Ann");
     ASSERT_EQ(dialog.cell(1, 7), "");
@@ -289,7 +289,7 @@ TEST_F(CreateNoteFromRecord, TriesTheThirdCellAsAnEntryIdWhereTheRecordHasNoKey)
     const Case cases[] = {{"an entry id", other.EntryID(), "Bob Ray"},
                           {"another text", u"Sales", "Ann Lee"},
                           {"an account's entry id", account.EntryID(), nullptr}};
-    Target target;
+    SearchTarget target;
     target.fields[2] = named_field(u"Team");
     install(world, {target});
     const Item ann = add_contact(world, {.properties = {}});

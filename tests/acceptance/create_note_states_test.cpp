@@ -18,7 +18,7 @@ class NoteDialogStates : public WithNoteDialog {
     void SetUp() override {
         World& world = with({});
         add_contact(world);
-        install(world, {Target{}});
+        install(world, {SearchTarget{}});
         mail_ = world.deliver(message());
         dialog_ = &opened(mail_);
         ASSERT_TRUE(dialog_->is_open());

@@ -14,7 +14,7 @@ using host::outlook::Item;
 class DialogSearch : public WithNoteDialog {
   protected:
     /// What a search for "Ann" by a definition finds.
-    Lines found(const Target& target) {
+    Lines found(const SearchTarget& target) {
         install(world(), {target});
         NoteDialog& dialog = opened();
         dialog.search(target.name, u"Ann");
@@ -62,10 +62,10 @@ TEST_F(DialogSearch, ReadsAFieldByEachNotation) {
     };
     add_contact(world());
     NoteDialog& dialog = [&]() -> NoteDialog& {
-        std::vector<Target> targets;
+        std::vector<SearchTarget> targets;
         for (const Case& one : cases) {
-            Target target{.name = automation::from_utf8(one.name),
-                          .definition = automation::from_utf8(one.name)};
+            SearchTarget target{.name = automation::from_utf8(one.name),
+                                .definition = automation::from_utf8(one.name)};
             target.fields[0] = one.field;
             target.fields[1] = u"&H3001001E";
             targets.push_back(target);
@@ -98,7 +98,7 @@ TEST_F(DialogSearch, ShowsRowsInTheOrderOfTheCollection) {
     add_contact(world(), u"Annabel Arch", u"annabel@arch.example");
     add_contact(world(), u"Bob Ray", u"bob@ray.example");
     add_contact(world(), u"ann young", u"ann@young.example");
-    install(world(), {Target{}});
+    install(world(), {SearchTarget{}});
     NoteDialog& dialog = opened();
     dialog.search(u"People", u"Ann");
     EXPECT_EQ(dialog.column(1), (Lines{"Anne Zorn", "Annabel Arch", "ann young"}));
@@ -117,7 +117,7 @@ TEST_F(DialogSearch, PlacesNewRowsByTheColumnThatIsSorted) {
                                Contact{u"Ann Cole", u"\u00C4rmel"}, Contact{u"Ann Dale", u"Mill"}}) {
         add_contact(world(), {.full_name = Text(one.name), .company = Text(one.company)});
     }
-    install(world(), {Target{}});
+    install(world(), {SearchTarget{}});
     NoteDialog& dialog = opened();
     dialog.search(u"People", u"Ann");
     dialog.click_column(2);
@@ -131,7 +131,7 @@ TEST_F(DialogSearch, PlacesNewRowsByTheColumnThatIsSorted) {
 
 TEST_F(DialogSearch, ShowsTheSecondFieldAgainWhereTheThirdCantBeRead) {
     add_contact(world());
-    Target target;
+    SearchTarget target;
     target.fields[1] = named_field(u"Team");
     target.fields[2] = u"Unreadable";
     target.fields[3] = u"Unreadable";
@@ -141,7 +141,7 @@ TEST_F(DialogSearch, ShowsTheSecondFieldAgainWhereTheThirdCantBeRead) {
 
 TEST_F(DialogSearch, LeavesNoIdToTheThirdFieldAfterATag) {
     add_contact(world());
-    Target target;
+    SearchTarget target;
     target.fields[0] = named_field(u"Team");
     target.fields[2] = u"Unreadable";
     EXPECT_EQ(found(target), Lines{"Sales|North Mill Ltd||Mia Hart|Sales|North|C-200"});
@@ -152,7 +152,7 @@ TEST_F(DialogSearch, GivesAnItemWhoseKeyCantBeReadTheKeyOfTheOneBefore) {
     for (const TextView key : {u"C-1", u"C-2", u"C-3"}) {
         add_contact(same, {.full_name = u"Ann " + Text(key), .properties = {{u"ContactID", Text(key)}}});
     }
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     NoteDialog& dialog = opened();
     constexpr std::int32_t reads_of_an_item = 7;  // six fields and the key
     same.fail(u"PropertyAccessor.GetProperty", 2 * reads_of_an_item - 1);
@@ -165,7 +165,7 @@ TEST_F(DialogSearch, GivesAnItemWhoseKeyCantBeReadTheKeyOfTheOneBefore) {
 
 TEST_F(DialogSearch, ReadsTheLastFieldWhereTheKeyIsATag) {
     add_contact(world());
-    Target target{.key_field = u"&H3A16001E"};
+    SearchTarget target{.key_field = u"&H3A16001E"};
     target.fields[5] = u"&H3001001E";
     EXPECT_EQ(found(target), Lines{"Ann Lee|North Mill Ltd||Mia Hart|Sales|Ann Lee|Ann Lee"})
         << "it isn't the company that the key's own tag names";
@@ -189,7 +189,7 @@ TEST_F(DialogSearch, ShowsAmountsDatesAndSharesByTheirTypes) {
                                       {u"Alignment", u"0.25"},
                                       {u"Account Manager", u"1234.5"},
                                       {u"EmailSearchString", u""}}});
-    Target target{.types = {u"String", u"Currency", u"Currency", u"currency", u"Date", u"Percent"}};
+    SearchTarget target{.types = {u"String", u"Currency", u"Currency", u"currency", u"Date", u"Percent"}};
     target.fields = {u"&H3001001E",
                      named_field(u"AccountID"),
                      named_field(u"EmailSearchString"),
@@ -203,7 +203,7 @@ TEST_F(DialogSearch, SortsAmountsByTheirTexts) {
     for (const TextView amount : {u"9", u"10", u"200"}) {
         add_contact(world(), {.full_name = u"Ann Lee", .properties = {{u"Team", Text(amount)}}});
     }
-    Target target{.types = {u"Currency", u"String", u"String", u"String", u"String", u"String"}};
+    SearchTarget target{.types = {u"Currency", u"String", u"String", u"String", u"String", u"String"}};
     target.fields[0] = named_field(u"Team");
     install(world(), {target});
     NoteDialog& dialog = opened();
@@ -225,7 +225,7 @@ TEST_F(DialogSearch, ShowsFieldsThatAreNoTextsByTheirTypes) {
     add(u"Share", number, 0.256);
     add(u"Known", yes_or_no, true);
     contact.Save();
-    Target target{.types = {u"Currency", u"Date", u"Percent", u"String", u"", u"Other"}};
+    SearchTarget target{.types = {u"Currency", u"Date", u"Percent", u"String", u"", u"Other"}};
     target.fields = {named_field(u"Amount"), named_field(u"Day"), named_field(u"Share"),
                      named_field(u"Amount"), named_field(u"Day"), named_field(u"Known")};
     target.key_field = named_field(u"Share");
@@ -238,9 +238,9 @@ TEST_F(DialogSearch, SearchesPostsAsWellAsContacts) {
     World& same = world();
     const Item account = add_account(
         same, {{u"AccountID", u"A-1"}, {u"Account Name", u"Annex Ltd"}, {u"AccountCity", u"York"}}, u"Annex");
-    Target target{.folder = Text(accounts_path),
-                  .key_field = named_field(u"AccountID"),
-                  .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
+    SearchTarget target{.folder = Text(accounts_path),
+                        .key_field = named_field(u"AccountID"),
+                        .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
     target.fields = {u"&H0037001E", named_field(u"Account Name"), named_field(u"AccountCity"), u"", u"", u""};
     EXPECT_EQ(found(target), Lines{"Annex|Annex Ltd|York||||A-1"});
 }
@@ -250,9 +250,9 @@ TEST_F(DialogSearch, SearchesTheAccountsWhereTheFolderIsMissing) {
     add_account(same, {{u"AccountID", u"A-1"}}, u"Annex");
     for (const TextView folder : {u"", u"\\\\Public Folders\\No such folder"}) {
         SCOPED_TRACE(shown(folder));
-        Target target{.definition = folder.empty() ? Text(u"Nowhere") : Text(u"Elsewhere"),
-                      .folder = Text(folder),
-                      .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
+        SearchTarget target{.definition = folder.empty() ? Text(u"Nowhere") : Text(u"Elsewhere"),
+                            .folder = Text(folder),
+                            .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
         target.name = target.definition;
         target.fields[0] = u"&H0037001E";
         install(same, {target});
@@ -272,7 +272,7 @@ TEST_F(DialogSearch, TellsWhenItFindsNothing) {
     World& same = world();
     add_contact(same);
     add_contact(same, u"Bo O'Hara", u"bo@ohara.example");
-    install(same, {Target{}, {.name = u"Broken", .definition = u"Broken", .filter = u"[Nowhere = 'x"}});
+    install(same, {SearchTarget{}, {.name = u"Broken", .definition = u"Broken", .filter = u"[Nowhere = 'x"}});
     NoteDialog& dialog = opened();
     expect_nothing(dialog, u"People", u"Zoe");
     EXPECT_TRUE(dialog.header_becomes(u"Search Complete for Zoe"));
@@ -292,7 +292,7 @@ TEST_F(DialogSearch, RefusesToSearchByEmailOnlyForWantOfADefinition) {
 TEST_F(DialogSearch, OfAnItemThatCantBeWrappedMakesNoRow) {
     World& same = with({.without = {"TarnwellOMG.SafeContactItem"}});
     add_contact(same);
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     NoteDialog& dialog = opened();
     dialog.search(u"People", u"Ann");
     EXPECT_EQ(dialog.rows(), Lines{});
@@ -303,12 +303,12 @@ TEST_F(DialogSearch, WrapsContactsInOneWayAndAllElseInAnother) {
     World& same = world();
     add_contact(same);
     add_account(same, {{u"AccountID", u"A-1"}}, u"Annex");
-    Target accounts{.name = u"Accounts",
-                    .definition = u"Accounts",
-                    .folder = Text(accounts_path),
-                    .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
+    SearchTarget accounts{.name = u"Accounts",
+                          .definition = u"Accounts",
+                          .folder = Text(accounts_path),
+                          .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
     accounts.fields[0] = u"&H0037001E";
-    install(same, {Target{}, accounts});
+    install(same, {SearchTarget{}, accounts});
     NoteDialog& dialog = opened();
     struct Case {
         TextView target, unreadable;
@@ -339,7 +339,7 @@ TEST_F(DialogSearch, StartedWithinAnotherFillsTheListUnderIt) {
     World& same = world();
     add_contact(same);
     const Item other = same.deliver(message({.from = "Bob Ray <bob@ray.example>"}));
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     NoteDialog& dialog = opened();
     dialog.choose(u"Combo2", u"People");
     dialog.type(u"SearchString", u"Ann");
@@ -364,7 +364,7 @@ TEST_F(DialogSearch, ShowsEveryItemThatItFinds) {
         names.push_back("Ann " + std::to_string(many - i));
         add_contact(same, {.full_name = automation::from_utf8(names.back())});
     }
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     NoteDialog& dialog = opened();
     dialog.search(u"People", u"Ann");
     EXPECT_EQ(dialog.column(1), names);

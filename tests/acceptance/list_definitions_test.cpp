@@ -156,7 +156,7 @@ TEST_F(ListDefinitions, GiveTheHeadings) {
 
 TEST_F(ListDefinitions, AreFoundBesideTheAccountsAndAmongThem) {
     World& same = world();
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     const Folder beside = Folder(same.account_profiles().Parent()).Folders().Item(u"System Folder");
     NoteDialog& dialog = opened();
     for (const bool among : {false, true}) {
@@ -180,7 +180,7 @@ TEST_F(ListDefinitions, AreFoundBesideTheAccountsAndAmongThem) {
 TEST_F(ListDefinitions, ThatAreMissingAreReportedAndLeaveWhatWasThere) {
     World& same = world();
     add_contact(same);
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     add_drop_down(same, u"Broken", u"No such definition");
     add_drop_down(same, u"O'Hara", u"People of accounts");
     write_targets_file(
@@ -206,7 +206,7 @@ TEST_F(ListDefinitions, ThatAreMissingAreReportedAndLeaveWhatWasThere) {
 
 TEST_F(ListDefinitions, ThatAreHalfFilledKeepTheRestOfTheLastOne) {
     World& same = world();
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     add_drop_down(same, u"Half", u"Half of it");
     const Item half = system_items(same).Add(u"IPM.Post.ListDefinition");
     half.Subject(u"Half of it");
@@ -227,7 +227,7 @@ TEST_F(ListDefinitions, ThatAreHalfFilledKeepTheRestOfTheLastOne) {
 TEST_F(ListDefinitions, OutliveTheDialog) {
     World& same = world();
     add_contact(same);
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     opened().choose(u"Combo2", u"People");
     NoteDialog& again = opened();
     EXPECT_EQ(again.headings().front(), "Contact Name");
@@ -240,7 +240,7 @@ TEST_F(ListDefinitions, OutliveTheDialog) {
 TEST_F(ListDefinitions, HaveAFilterOf4096Characters) {
     World& same = world();
     add_contact(same);
-    const Text filter = Target{}.filter;
+    const Text filter = SearchTarget{}.filter;
     constexpr std::size_t longest = 4096;
     const Text padding(longest - filter.size(), u' ');
     install(same, {{.name = u"Cut", .definition = u"1", .filter = filter + padding + u" this is no filter"},
@@ -310,7 +310,7 @@ void choose_by_names_alone(World& world, const NoteDialog& dialog, TextView targ
 
 TEST_F(ListDefinitions, AreLookedForInTheHostsLanguageIfTheyAreNotFound) {
     World& same = world();
-    install(same, {Target{}});
+    install(same, {SearchTarget{}});
     for (const LanguageCase& one : languages) {
         if (!one.subject.empty() && one.subject != english_subject) add_definition_in(same, one);
     }

@@ -26,7 +26,7 @@ class Searching {
             add_contact(world, {.full_name = automation::from_utf8(names[i]),
                                 .properties = {{u"ContactID", automation::from_utf8(keys[i])}}});
         }
-        acceptance::install(world, {acceptance::Target{}});
+        acceptance::install(world, {acceptance::SearchTarget{}});
         mail = std::make_unique<acceptance::OpenedItem>(world.deliver(acceptance::message()));
         mail->show();
     }

@@ -142,13 +142,13 @@ TEST_F(SampleTargets, AreSearchedByTheDialog) {
     dialog->show();
     native::MemoryWindow* const window = world.engine().find(u"Tarnwell Create Note");
     ASSERT_TRUE(window);
-    native::MemoryControl& chooser = window->control(u"Combo2");
+    native::MemoryControl& combo = window->control(u"Combo2");
     const forms::List& list = window->control(u"lstRecipients").list();
     for (const SearchCase& each : cases) {
         SCOPED_TRACE(automation::to_utf8(each.target));
         int place = 0;
-        while (place < chooser.choice().count() && chooser.choice().entry(place) != each.target) ++place;
-        ASSERT_TRUE(chooser.choose(place));
+        while (place < combo.choice().count() && combo.choice().entry(place) != each.target) ++place;
+        ASSERT_TRUE(combo.choose(place));
         EXPECT_TRUE(window->control(u"SearchString").type(each.typed));
         EXPECT_TRUE(window->control(u"cmdSearch").click());
         ASSERT_EQ(list.count(), each.rows);

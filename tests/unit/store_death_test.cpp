@@ -154,16 +154,16 @@ class WithFailingMemory {
 };
 
 /// Where an item should be, and under which subject.
-struct Place {
+struct ExpectedItem {
     RowId folder = 0;
     automation::Text subject;
 };
-using Places = std::map<RowId, Place>;
+using ExpectedItems = std::map<RowId, ExpectedItem>;
 
 /// Adds, changes and moves an item in one transaction, going on after a call that failed. Answers what is
 /// then to be there, or nothing if the transaction could not be kept.
-std::optional<Places> try_changes(const std::filesystem::path& file, const std::vector<RowId>& folders,
-                                  Places places) {
+std::optional<ExpectedItems> try_changes(const std::filesystem::path& file, const std::vector<RowId>& folders,
+                                         ExpectedItems expected) {
     try {
         const auto store = Store::open(file);
         Store::Transaction transaction(*store);
@@ -176,49 +176,49 @@ std::optional<Places> try_changes(const std::filesystem::path& file, const std::
         };
         attempt([&] {
             item = store->add_item(folders[0], numbered_item(40));
-            places[item] = {folders[0], subject_of(40)};
+            expected[item] = {folders[0], subject_of(40)};
         });
         attempt([&] {
             store->update_item(item, item_with_subject(u"updated"), true);
-            places[item].subject = u"updated";
+            expected[item].subject = u"updated";
         });
         attempt([&] {
             store->move_item(item, folders[1]);
-            places[item].folder = folders[1];
+            expected[item].folder = folders[1];
         });
         attempt([&] {
-            const RowId removed = places.begin()->first;
-            if (places.size() > 3) store->remove_item(removed);
-            if (places.size() > 3) places.erase(removed);
+            const RowId removed = expected.begin()->first;
+            if (expected.size() > 3) store->remove_item(removed);
+            if (expected.size() > 3) expected.erase(removed);
         });
         transaction.keep();
-        return places;
+        return expected;
     } catch (const automation::Failure&) {
         return std::nullopt;
     }
 }
 
-void expect_places(Store& store, const std::vector<RowId>& folders, const Places& places) {
+void expect_items(Store& store, const std::vector<RowId>& folders, const ExpectedItems& expected) {
     std::size_t found = 0;
     for (const RowId folder : folders) {
         const std::vector<RowId> items = store.items(folder);
         ASSERT_EQ(store.count(folder), static_cast<std::int64_t>(items.size()));
         found += items.size();
         for (const automation::Text& subject : {subject_of(40), automation::Text(u"updated")}) {
-            std::vector<RowId> expected;
+            std::vector<RowId> with_subject;
             for (const RowId item : items) {
-                if (places.at(item).subject == subject) expected.push_back(item);
+                if (expected.at(item).subject == subject) with_subject.push_back(item);
             }
-            ASSERT_EQ(store.lookup(folder, u"Subject", subject), expected);
+            ASSERT_EQ(store.lookup(folder, u"Subject", subject), with_subject);
         }
     }
-    ASSERT_EQ(found, places.size());
-    for (const auto& [item, place] : places) {
+    ASSERT_EQ(found, expected.size());
+    for (const auto& [item, item_expected] : expected) {
         const auto loaded = store.load(item);
         ASSERT_TRUE(loaded);
-        ASSERT_EQ(loaded->folder, place.folder);
-        ASSERT_EQ(loaded->data, item_with_subject(place.subject));
-        ASSERT_EQ(store.attachments(item).size(), place.subject == u"updated" ? 0u : 1u);
+        ASSERT_EQ(loaded->folder, item_expected.folder);
+        ASSERT_EQ(loaded->data, item_with_subject(item_expected.subject));
+        ASSERT_EQ(store.attachments(item).size(), item_expected.subject == u"updated" ? 0u : 1u);
     }
 }
 
@@ -230,18 +230,18 @@ TEST(StoreDeath, WhicheverRequestForMemoryFailsEachCallIsDoneWhollyOrNotAtAll) {
     for (const char16_t* name : {u"Inbox", u"Target"}) {
         folders.push_back(Store::open(file)->add_folder(folder_named(name)));
     }
-    Places places;
+    ExpectedItems expected;
     int kept = 0, undone = 0;
     memory().failed = true;
     for (long n = 0; memory().failed; ++n) {
         memory().failed = false;
         memory().until_failure = n;
-        const std::optional<Places> changed = try_changes(file, folders, places);
+        const std::optional<ExpectedItems> changed = try_changes(file, folders, expected);
         memory().until_failure = -1;
-        if (changed) places = *changed;
+        if (changed) expected = *changed;
         ++(changed ? kept : undone);
         const auto store = Store::open(file);
-        ASSERT_NO_FATAL_FAILURE(expect_places(*store, folders, places)) << n;
+        ASSERT_NO_FATAL_FAILURE(expect_items(*store, folders, expected)) << n;
     }
     EXPECT_GT(undone, 100);
     EXPECT_GT(kept, 1);

@@ -100,18 +100,18 @@ Text accessible_name(HWND control) {
 TEST_F(RealForms, WhateverTakesTheFocusHasAnAccessibleName) {
     const auto form = shown(gallery);
     const HWND window = find_window(gallery_caption);
-    struct Named {
+    struct AccessibleName {
         TextView control, name;
     };
-    constexpr Named names[] = {{u"words", u"Words & more:"},
-                               {u"go", u"Go"},
-                               {u"plus", u"Add"},
-                               {u"free", u"Choose:"},
-                               {u"strict", u"Strict choice"},
-                               {u"link", u"Who is it"},
-                               {u"list", u"Found"},
-                               {u"check", u"Leave it open"}};
-    for (const Named& one : names) {
+    constexpr AccessibleName names[] = {{u"words", u"Words & more:"},
+                                        {u"go", u"Go"},
+                                        {u"plus", u"Add"},
+                                        {u"free", u"Choose:"},
+                                        {u"strict", u"Strict choice"},
+                                        {u"link", u"Who is it"},
+                                        {u"list", u"Found"},
+                                        {u"check", u"Leave it open"}};
+    for (const AccessibleName& one : names) {
         EXPECT_EQ(automation::to_utf8(accessible_name(find_control(window, one.control))),
                   automation::to_utf8(one.name));
     }

@@ -10,7 +10,7 @@ namespace {
 
 using acceptance::Lines;
 using acceptance::NoteDialog;
-using acceptance::Target;
+using acceptance::SearchTarget;
 using acceptance::World;
 using automation::Value;
 using host::outlook::Item;
@@ -33,7 +33,7 @@ void add_contact_with_figures(World& world) {
 
 TEST_F(RegionalFormats, ShowFiguresAsTheUserIsUsedToThem) {
     using acceptance::named_field;
-    Target target{.types = {u"String", u"Currency", u"Currency", u"Date", u"Percent", u"String"}};
+    SearchTarget target{.types = {u"String", u"Currency", u"Currency", u"Date", u"Percent", u"String"}};
     target.fields = {u"&H3001001E",       named_field(u"Amount"), named_field(u"Debt"),
                      named_field(u"Day"), named_field(u"Share"),  u""};
     for (const windows::testing::RegionalCase& one : windows::testing::regional_cases) {

@@ -124,7 +124,7 @@ Item add_drop_down(World& world, const Text& name, const Text& definition) {
     return record;
 }
 
-Item add_definition(World& world, const Target& target) {
+Item add_definition(World& world, const SearchTarget& target) {
     const Item record = system_items(world).Add(u"IPM.Post.ListDefinition");
     record.Subject(target.definition);
     for (std::size_t i = 0; i < target.fields.size(); ++i) {
@@ -141,9 +141,9 @@ Item add_definition(World& world, const Target& target) {
     return record;
 }
 
-void install(World& world, const std::vector<Target>& targets) {
+void install(World& world, const std::vector<SearchTarget>& targets) {
     std::string file;
-    for (const Target& target : targets) {
+    for (const SearchTarget& target : targets) {
         file += "[" + shown(target.name) + "]\r\nDisplay in=" + target.display_in +
                 "\r\nFindDefinition=" + shown(target.definition) + "\r\nFolder Name=" + shown(target.folder) +
                 "\r\n\r\n";
@@ -158,8 +158,8 @@ void install_many_records(World& world, std::int32_t count) {
     first.Subject(u"Mill");
     first.Save();
     world.desk().call(u"Copies", {Value(first), count - 1, u"Subject"});
-    Target target{.folder = Text(accounts_path) + u"\\Opportunities",
-                  .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
+    SearchTarget target{.folder = Text(accounts_path) + u"\\Opportunities",
+                        .filter = u"[Subject] >= '<<mString>>' AND [Subject] < '<<UpperLimit>>'"};
     target.fields[0] = u"&H0037001E";
     install(world, {target});
 }

@@ -63,7 +63,7 @@ automation::Text named_field(automation::TextView property);
 
 /// What a search is defined by: a section of the ini file and its two records in the "System Folder". As it
 /// stands, it finds contacts by their names.
-struct Target {
+struct SearchTarget {
     automation::Text name = u"People";
     std::string display_in = "Find";
     automation::Text definition = u"People of accounts";
@@ -89,10 +89,10 @@ void write_targets_file(World& world, const std::string& bytes);
 host::outlook::Items system_items(World& world);
 host::outlook::Item add_drop_down(World& world, const automation::Text& name,
                                   const automation::Text& definition);
-host::outlook::Item add_definition(World& world, const Target& target);
+host::outlook::Item add_definition(World& world, const SearchTarget& target);
 
 /// All that these targets need, and no others.
-void install(World& world, const std::vector<Target>& targets);
+void install(World& world, const std::vector<SearchTarget>& targets);
 
 /// Saves so many opportunities, with the subjects "Mill", "Mill 001", "Mill 002" and so on, and installs the
 /// target "People" that finds them by these.

@@ -29,7 +29,7 @@ Text take_word(TextView& rest) {
 Text value_of(const Text& written) { return written == u"-" ? Text() : written; }
 
 /// The mail that the fields change, and its recipients by their addresses.
-struct Target {
+struct ChangedMail {
     ItemData& mail;
     std::unordered_multimap<Text, Person*> recipients;
 };
@@ -47,11 +47,11 @@ std::optional<NativeAddress> read_native(TextView rest) {
     return NativeAddress{value_of(type), value_of(address)};
 }
 
-bool set_sender(TextView value, Target& target) {
+bool set_sender(TextView value, ChangedMail& changed) {
     const auto native = read_native(value);
     if (!native) return false;
-    target.mail.fields[u"SenderEmailType"] = native->type;
-    target.mail.fields[u"SenderEmailAddress"] = native->address;
+    changed.mail.fields[u"SenderEmailType"] = native->type;
+    changed.mail.fields[u"SenderEmailAddress"] = native->address;
     return true;
 }
 
@@ -61,11 +61,11 @@ Text in_lower_case(TextView text) {
     return low;
 }
 
-bool set_recipient(TextView value, Target& target) {
+bool set_recipient(TextView value, ChangedMail& changed) {
     const Text smtp = take_word(value);
     const auto native = read_native(value);
     if (!native) return false;
-    const auto [first, end] = target.recipients.equal_range(in_lower_case(smtp));
+    const auto [first, end] = changed.recipients.equal_range(in_lower_case(smtp));
     for (auto each = first; each != end; ++each) {
         each->second->address_type = native->type;
         each->second->address = native->address;
@@ -73,26 +73,26 @@ bool set_recipient(TextView value, Target& target) {
     return first != end;
 }
 
-bool set_sensitivity(TextView value, Target& target) {
+bool set_sensitivity(TextView value, ChangedMail& changed) {
     if (value.size() != 1 || value[0] < u'0' || value[0] > u'3') return false;
-    target.mail.fields[u"Sensitivity"] = static_cast<std::int32_t>(value[0] - u'0');
+    changed.mail.fields[u"Sensitivity"] = static_cast<std::int32_t>(value[0] - u'0');
     return true;
 }
 
-bool set_class(TextView value, Target& target) {
+bool set_class(TextView value, ChangedMail& changed) {
     const auto fits = [](char16_t c) {
         return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
                c == u'.' || c == u'_' || c == u'-' || c == u' ';
     };
     if (value.empty() || !std::ranges::all_of(value, fits)) return false;
-    target.mail.message_class = value;
+    changed.mail.message_class = value;
     return true;
 }
 
 struct FieldRow {
     TextView name;
     bool repeats;
-    bool (*apply)(TextView value, Target& target);  ///< tells whether the value was well-formed
+    bool (*apply)(TextView value, ChangedMail& changed);  ///< tells whether the value was well-formed
     std::string_view expected;
 };
 constexpr std::array<FieldRow, 4> rows = {{
@@ -111,9 +111,9 @@ bool is_desk_field(std::string_view name) {
 
 void apply_desk_fields(const std::vector<HeaderField>& fields, ItemData& mail) {
     if (fields.empty()) return;
-    Target target{mail, {}};
+    ChangedMail changed{mail, {}};
     for (Person& person : mail.recipients)
-        target.recipients.emplace(in_lower_case(person.smtp_address), &person);
+        changed.recipients.emplace(in_lower_case(person.smtp_address), &person);
     std::array<int, rows.size()> seen{};
     for (const HeaderField& field : fields) {
         const Text name = automation::from_utf8(field.name);
@@ -124,7 +124,7 @@ void apply_desk_fields(const std::vector<HeaderField>& fields, ItemData& mail) {
         if (seen[static_cast<std::size_t>(row - rows.begin())]++ > 0 && !row->repeats) {
             refuse("The mail has the field " + field.name + " twice.");
         }
-        if (!row->apply(automation::trimmed(field.value), target)) {
+        if (!row->apply(automation::trimmed(field.value), changed)) {
             refuse("The field " + field.name + " of the mail is malformed: it takes " +
                    std::string(row->expected) + ".");
         }
