@@ -15,11 +15,11 @@ using windows::wide;
 
 namespace {
 
-struct Point {
+struct ClientPoint {
     int x, y;
 };
 
-Point middle(const RECT& box) {
+ClientPoint middle(const RECT& box) {
     return {static_cast<int>(box.left + box.right) / 2, static_cast<int>(box.top + box.bottom) / 2};
 }
 
@@ -40,14 +40,14 @@ HWND control_at(Spot spot) {
     return window ? find_control(window, spot.control) : nullptr;
 }
 
-void press_mouse(HWND window, Point at, UINT down = WM_LBUTTONDOWN) {
+void press_mouse(HWND window, ClientPoint at, UINT down = WM_LBUTTONDOWN) {
     const LPARAM place = MAKELPARAM(at.x, at.y);
     PostMessageW(window, down, MK_LBUTTON, place);
     PostMessageW(window, WM_LBUTTONUP, 0, place);
     pump();
 }
 
-bool click_at(HWND window, Point at) {
+bool click_at(HWND window, ClientPoint at) {
     if (!usable(window)) return false;
     press_mouse(window, at);
     return true;
@@ -60,7 +60,7 @@ bool has_class(HWND window, const wchar_t* name) {
 }
 
 /// A point on a row of a list; -1: below the rows.
-bool row_point(HWND list, int row, Point& at) {
+bool row_point(HWND list, int row, ClientPoint& at) {
     const auto count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
     if (row < -1 || row >= count) return false;
     RECT box{};
@@ -204,13 +204,13 @@ bool WindowsStage::choose(Spot spot, int entry) {
 
 bool WindowsStage::select(Spot spot, int row) {
     const HWND list = control_at(spot);
-    Point at{};
+    ClientPoint at{};
     return list && row_point(list, row, at) && click_at(list, at);
 }
 
 bool WindowsStage::double_click(Spot spot, int row) {
     const HWND list = control_at(spot);
-    Point at{};
+    ClientPoint at{};
     if (!usable(list) || !row_point(list, row, at)) return false;
     press_mouse(list, at);
     press_mouse(list, at, WM_LBUTTONDBLCLK);
@@ -228,7 +228,7 @@ bool WindowsStage::column_click(Spot spot, int column) {
 
 bool WindowsStage::drop(Spot spot, int row) {
     const HWND list = control_at(spot);
-    Point at{};
+    ClientPoint at{};
     if (!usable(list) || !row_point(list, row, at)) return false;
     // Where the system keeps what RegisterDragDrop was given.
     const windows::ComPtr<IDropTarget> target(
