@@ -1,6 +1,7 @@
 // The user's own items become records by the buttons of their windows: a contact becomes an account's contact, another one
-// a lead, an appointment a linked one, a mail a template.
+// a lead, an appointment a linked one, a mail a template. With a folder as argument, it takes a picture.
 var app = new ActiveXObject("Outlook.Application"), desk = app.Desk, wrong = 0;
+var folder = WScript.Arguments.length > 0 ? WScript.Arguments(0) : "";
 var session = app.GetNamespace("MAPI");
 var root = session.Folders("Public Folders").Folders("All Public Folders").Folders("Tarnwell");
 var profiles = root.Folders("Account Profiles");
@@ -16,9 +17,15 @@ function waitUntil(what, test) {
     for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
     same(what, test(), true);
 }
-// Shows an item and presses a button in its window.
-function press(item, bar, button) {
+function picture(name) {
+    if (folder === "") return;
+    desk.Pump(300);
+    desk.Snapshot(folder + "\\" + name + ".png");
+}
+// Shows an item and presses a button in its window, of which a picture may be taken before.
+function press(item, bar, button, name) {
     item.Display();
+    if (name) picture(name);
     desk.Press(app.ActiveInspector().CommandBars.Item(bar).Controls.Item(button));
 }
 function windows() { return app.Inspectors.Count; }
@@ -35,7 +42,7 @@ contact.JobTitle = "Buyer";
 contact.Save();
 var contacts = profiles.Folders("Account Contacts").Items, before = contacts.Count;
 desk.Answer("Tarnwell", "Would you like to convert this contact to a Tarnwell Contact? ", 6);
-press(contact, "TarnwellCreateNote", "Convert to Tarnwell Contact.");
+press(contact, "TarnwellCreateNote", "Convert to Tarnwell Contact.", "contact");
 waitUntil("the contact's window closes", function() { return windows() == 0; });
 same("contacts", contacts.Count, before + 1);
 var record = contacts.Item(contacts.Count);

@@ -14,10 +14,11 @@ function waitUntil(what, test) {
     for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
     same(what, test(), true);
 }
-function picture(name) {
+function picture(name, window) {
     if (folder === "") return;
     desk.Pump(300);
-    desk.Snapshot(folder + "\\" + name + ".png");
+    var place = window ? "@" + window.Width + "x" + window.Height + "+" + window.Left + "+" + window.Top : "";
+    desk.Snapshot(folder + "\\" + name + place + ".png");
 }
 function dialog() { return desk.Window("Tarnwell Create Note"); }
 function control(name) { return dialog().Control(name); }
@@ -40,7 +41,7 @@ same("rows", control("lstRecipients").Count, 2);
 same("the sender is the first", control("lstRecipients").Item(1).Text, "hannah.weatherby@bellweather.example");
 same("subject", control("txtNote").Text, "Cold store, second line");
 same("it stays on top", dialog().Topmost, true);
-picture("addresses");
+picture("create-note-addresses", dialog());
 
 // at account level nothing is listed until a search has been made
 control("Option1").Click();
@@ -49,7 +50,7 @@ control("cmdSend").Click();
 waitUntil("it is refused", function() {
     return control("lblHeader").Text == "You must select a valid Account/Contact name. Please use the search feature.";
 });
-picture("refused");
+picture("create-note-refused", dialog());
 
 var targets = control("Combo2");
 for (var i = 1; i <= targets.Count && targets.Item(i) != "Opportunities"; i++) {}
@@ -57,11 +58,11 @@ targets.Select(i);
 waitUntil("a text can be entered", function() { return control("SearchString").Enabled; });
 control("SearchString").Text = "b";
 control("SearchString").Key(13);
-if (folder !== "") desk.Snapshot(folder + "\\searching.png");  // served while the search gives way
+picture("create-note-searching", dialog());  // served while the search gives way
 waitUntil("the search ends", function() { return control("lblHeader").Text == "Search Complete for b"; });
 var found = control("lstRecipients").Count;
 same("records are found", found > 0, true);
-picture("results");
+picture("create-note-results", dialog());
 
 // a note of a record; the dialog stays for another one
 control("Check1").Click();

@@ -16,10 +16,11 @@ function waitUntil(what, test) {
     for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
     same(what, test(), true);
 }
-function picture(name) {
+function picture(name, window) {
     if (folder === "") return;
     desk.Pump(300);
-    desk.Snapshot(folder + "\\" + name + ".png");
+    var place = window ? "@" + window.Width + "x" + window.Height + "+" + window.Left + "+" + window.Top : "";
+    desk.Snapshot(folder + "\\" + name + place + ".png");
 }
 function picker() { return desk.Window("Account List"); }
 function dialog() { return desk.Window("Tarnwell Create Note"); }
@@ -45,10 +46,10 @@ waitUntil("the picker comes up", function() { return picker() != null && picker(
 var list = picker().Control("lstItems"), all = list.Count;
 same("it lists the company's accounts", all >= 40, true);
 picker().Control("lstItems").ColumnClick(1);
-picture("list-picker");
+picture("list-picker", picker());
 picker().Control("txtSearch").Text = "mill";
 waitUntil("the list is shortened", function() { return list.Count < all; });
-picture("list-picker-search");
+picture("list-picker-search", picker());
 picker().Control("txtSearch").Text = "";
 waitUntil("the list is whole again", function() { return list.Count == all; });
 list.Select(1);

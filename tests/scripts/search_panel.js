@@ -15,10 +15,11 @@ function waitUntil(what, test) {
     for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
     same(what, test(), true);
 }
-function picture(name) {
+function picture(name, window) {
     if (folder === "") return;
     desk.Pump(300);
-    desk.Snapshot(folder + "\\" + name + ".png");
+    var place = window ? "@" + window.Width + "x" + window.Height + "+" + window.Left + "+" + window.Top : "";
+    desk.Snapshot(folder + "\\" + name + place + ".png");
 }
 function panel() { return desk.Window("Tarnwell Search Panel"); }
 function control(name) { return panel().Control(name); }
@@ -49,7 +50,7 @@ same("there are rows", count > 5, true);
 same("the first is the account", control("lstItems").Item(1).SubItems(1), account.Subject);
 same("a search tells where it is", desk.Statuses.Item(1), "Searching... ");
 panel().Resize(1000, 620);
-picture("search-panel");
+picture("search-panel", panel());
 
 // sorted by subject, upwards and downwards
 control("lstItems").ColumnClick(2);

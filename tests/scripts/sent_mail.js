@@ -1,6 +1,7 @@
 // A mail is sent as a person does it, to a contact and a stranger; the status window tells each step, and what is done
-// in the middle of it happens there.
+// in the middle of it happens there. With a folder as argument, it takes a picture.
 var app = new ActiveXObject("Outlook.Application"), desk = app.Desk, wrong = 0;
+var folder = WScript.Arguments.length > 0 ? WScript.Arguments(0) : "";
 var shell = new ActiveXObject("WScript.Shell");
 shell.RegWrite("HKCU\\Software\\Microsoft\\Office\\9.0\\Outlook\\Options\\Tarnwell\\AutoFileSentEmails", "1", "REG_SZ");
 
@@ -15,6 +16,10 @@ function waitUntil(what, test) {
     for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
     same(what, test(), true);
 }
+function picture(name) {
+    if (folder === "") return;
+    desk.Snapshot(folder + "\\" + name + ".png");
+}
 
 var mail = app.CreateItem(0);
 mail.To = "hannah.weatherby@bellweather.example; nobody@elsewhere.example";
@@ -27,6 +32,7 @@ var marked = app.CreateItem(0);
 marked.Subject = "before";
 desk.Meanwhile("Searching for ", marked, "Subject", "while it was searched");
 desk.Press(send);
+picture("sent-mail");  // served while the search gives way
 waitUntil("the mail goes out", function() { return app.Inspectors.Count == 0; });
 same("what came in between", marked.Subject, "while it was searched");
 

@@ -26,6 +26,7 @@ refuses "exclude each other" script "$script" --deferred-events --events-at-once
 refuses "is a second one" script "$script" "$script"
 refuses "at least one mail file" deliver
 refuses "takes no arguments" package now
+refuses "takes no arguments" pictures now
 refuses "not '--slow'" run --slow
 refuses "not '--fast'" test --fast
 refuses "no test has 'Unheard'" test Unheard
