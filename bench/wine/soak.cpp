@@ -6,6 +6,7 @@
 #include "bench/table.h"
 #include "bench/wine/desk_process.h"
 #include "bench/wine/measures.h"
+#include "tests/world/many_mails.h"
 #include "tests/world/people.h"
 
 namespace bench {
@@ -21,21 +22,6 @@ constexpr double largest_growth = 1.05;
 
 /// After so many mails the desk is at its working size; of a short run it is the first quarter.
 constexpr int longest_warm_up = 500;
-
-/// The mails come in this order, over and over: half of them from a known sender.
-struct Kind {
-    const char* from;
-    const char* more;
-    bool is_filed;
-};
-constexpr Kind kinds[] = {
-    {"Ann Lee <ann.lee@northmill.example>", "", true},
-    {"Nobody <nobody@elsewhere.example>", "", false},
-    {"Ann Lee <ann.lee@northmill.example>", "X-Desk-Sensitivity: 2\n", false},
-    {"Nobody <nobody@elsewhere.example>", "X-Desk-Sensitivity: 3\n", false},
-    {"ANN.LEE@NORTHMILL.EXAMPLE", "", true},
-    {"ann.lee@northmill.example.elsewhere.example", "", false},
-};
 
 /// The desk between two mails.
 struct State {
@@ -77,7 +63,7 @@ bool soak(int mail_count) {
     for (int i = 0; i < mail_count; ++i) {
         if (i == warm_up) first = state_of(*world, i);
         world->remove_file(file);
-        const Kind& kind = kinds[static_cast<std::size_t>(i) % std::size(kinds)];
+        const acceptance::MailOfMany& kind = acceptance::mail_of_many(i);
         const std::string subject = "Mail " + std::to_string(i);
         const Item mail =
             world->deliver(acceptance::message({.from = kind.from, .subject = subject, .more = kind.more}));

@@ -7,6 +7,7 @@
 #include <fstream>
 
 #include "tests/native/native_world.h"
+#include "tests/world/many_mails.h"
 #include "tests/world/people.h"
 
 namespace addin_tests {
@@ -33,21 +34,6 @@ constexpr double largest_growth = 1.05;
 /// The desk's list of its items grows with each mail, by some dozen bytes; an object that stays behind is
 /// larger.
 constexpr double largest_growth_per_mail = 200;  // bytes
-
-/// The mails come in this order, over and over: half of them from a known sender.
-struct Kind {
-    const char* from;
-    const char* more;
-    bool is_filed;
-};
-constexpr Kind kinds[] = {
-    {"Ann Lee <ann.lee@northmill.example>", "", true},
-    {"Nobody <nobody@elsewhere.example>", "", false},
-    {"Ann Lee <ann.lee@northmill.example>", "X-Desk-Sensitivity: 2\n", false},
-    {"Nobody <nobody@elsewhere.example>", "X-Desk-Sensitivity: 3\n", false},
-    {"ANN.LEE@NORTHMILL.EXAMPLE", "", true},
-    {"ann.lee@northmill.example.elsewhere.example", "", false},
-};
 
 /// Bytes of this process that are in memory.
 double resident_bytes() {
@@ -101,7 +87,7 @@ TEST(Soak, EveryMailOfALongSessionIsDecidedRightAndNothingStaysBehind) {
             allocated_then = allocated_bytes();
         }
         world.remove_file(file);
-        const Kind& kind = kinds[static_cast<std::size_t>(i) % std::size(kinds)];
+        const acceptance::MailOfMany& kind = acceptance::mail_of_many(i);
         const Item mail = acceptance::read_mail(
             world, {.from = kind.from, .subject = "Mail " + std::to_string(i), .more = kind.more});
         world.settle();

@@ -3,33 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <random>
-
 #include "desk/store/store.h"
+#include "tests/native/temporary_folder.h"
 
 namespace store_tests {
 
-/// A folder of files that goes with the test.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        static std::random_device random;
-        path_ = std::filesystem::temp_directory_path() / ("desk_store_" + std::to_string(random()));
-        std::filesystem::create_directory(path_);
-    }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::filesystem::path operator/(const char* name) const { return path_ / name; }
-
-  private:
-    std::filesystem::path path_;
-};
+using native::TemporaryFolder;
 
 inline desk::FolderRow folder_named(const char16_t* name, desk::RowId parent = 0) {
     desk::FolderRow folder;
