@@ -49,7 +49,6 @@ bool fits(std::int32_t item_type, std::int32_t planned) {
     return item_type == planned || (planned == post_items && item_type == mail_items);
 }
 
-std::string shown(TextView text) { return automation::to_utf8(text); }
 std::string quoted(TextView text) { return "\"" + shown(text) + "\""; }
 
 std::string with_fields(const PlannedFolder& folder) {

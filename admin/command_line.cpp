@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "admin/check.h"
 #include "admin/database.h"
 #include "admin/report.h"
 
@@ -28,6 +29,8 @@ class Program {
     explicit Program(Machine& machine) : machine_(machine) {
         app_.require_subcommand(1);
         add_database();
+        add("check", "Tells whether host, add-in, family and database are as they have to be",
+            [this] { return check(machine_); });
     }
 
     int run(std::vector<std::string> arguments, std::ostream& output, std::ostream& errors) {

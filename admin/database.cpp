@@ -35,8 +35,7 @@ struct Place {
 Place find_place(const Application& application, TextView path) {
     std::vector<Text> names = names_of(path);
     if (names.size() < 2) {
-        throw Refusal("\"" + automation::to_utf8(path) +
-                      "\" does not name a folder in a store: STORE\\FOLDER is needed.");
+        throw Refusal("\"" + shown(path) + "\" does not name a folder in a store: STORE\\FOLDER is needed.");
     }
     Place place;
     place.name = names.back();
@@ -45,10 +44,9 @@ Place find_place(const Application& application, TextView path) {
     for (const Text& name : names) {
         place.parent = child_named(folders, name);
         if (!place.parent) {
-            throw Refusal(place.path.empty()
-                              ? "There is no store \"" + automation::to_utf8(name) + "\" in this profile."
-                              : "There is no folder \"" + automation::to_utf8(name) + "\" in \"" +
-                                    automation::to_utf8(place.path) + "\".");
+            throw Refusal(place.path.empty() ? "There is no store \"" + shown(name) + "\" in this profile."
+                                             : "There is no folder \"" + shown(name) + "\" in \"" +
+                                                   shown(place.path) + "\".");
         }
         place.path += (place.path.empty() ? u"" : u"\\") + place.parent.Name();
         folders = place.parent.Folders();
@@ -64,7 +62,7 @@ void check_host(const Application& application, const Folder& folder) {
         folder.get(u"UserDefinedProperties");
         folder.get(u"PropertyAccessor");
     } catch (const Failure&) {
-        throw Refusal("This host, version " + automation::to_utf8(application.Version()) +
+        throw Refusal("This host, version " + shown(application.Version()) +
                       ", can't define fields of folders; it takes Outlook 2007 or a later one.");
     }
 }

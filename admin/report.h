@@ -43,6 +43,9 @@ struct Report {
 void print_text(const Report& report, std::ostream& out);
 void print_json(const Report& report, std::ostream& out);
 
+/// A text as the lines hold it.
+inline std::string shown(automation::TextView text) { return automation::to_utf8(text); }
+
 /// "1 thing", "2 things".
 std::string counted(std::size_t number, const std::string& thing);
 

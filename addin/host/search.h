@@ -9,6 +9,10 @@ using namespace automation;  // what the faces are written in
 
 inline constexpr TextView connection_prog_id = u"ADODB.Connection", recordset_prog_id = u"ADODB.Recordset";
 
+/// What a connection to the index is opened with.
+inline constexpr TextView provider =
+    u"Provider=Search.CollatorDSO;Extended Properties='Application=Windows';";
+
 class Connection : public Face<Connection> {
   public:
     static constexpr Kind kind{"Connection"};

@@ -12,7 +12,6 @@ using automation::Value;
 namespace {
 
 constexpr TextView status = u"Searching Mailbox and Files... ";
-constexpr TextView provider = u"Provider=Search.CollatorDSO;Extended Properties='Application=Windows';";
 constexpr TextView question_start =
     u"SELECT system.document.lastauthor,system.message.sendername,system.message.conversationIndex,"
     u"System.ItemURL,System.SourceItem,system.subject,system.Search.entryid,System.FileName,"
@@ -62,7 +61,7 @@ void PanelSearch::ask_index() {
     steps_.set(rows, [&] {
         return host::search::Recordset(session_.desktop.create(host::search::recordset_prog_id));
     });
-    steps_.run([&] { connection.Open(provider); });
+    steps_.run([&] { connection.Open(host::search::provider); });
     steps_.run(
         [&] { rows.Open(Text(question_start) + u'"' + text + u'"' + Text(question_end), connection); });
     steps_.run([&] { rows.MoveFirst(); });
