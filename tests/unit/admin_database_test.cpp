@@ -28,7 +28,7 @@ class AdminDatabase : public ModelTest {
     }
 
     Folder public_folders() const {
-        return session.Folders().Item(u"Public Folders").Folders().Item(u"All Public Folders");
+        return name_space.Folders().Item(u"Public Folders").Folders().Item(u"All Public Folders");
     }
     Folder root() const { return public_folders().Folders().Item(u"Tarnwell"); }
     void take_database_away() const { root().call(u"Delete"); }
@@ -143,7 +143,7 @@ TEST_F(AdminDatabase, CanBeMadeElsewhere) {
     take_database_away();
     const AdminRun made = admin({"database", "\\\\mailbox - tarnwell\\Customers"});
     ASSERT_EQ(made.code, 0) << made.errors;
-    const Folder customers = session.Folders().Item(1).Folders().Item(u"Customers");
+    const Folder customers = name_space.Folders().Item(1).Folders().Item(u"Customers");
     EXPECT_EQ(customers.Folders().Item(u"Account Profiles").DefaultMessageClass(), u"IPM.Post.Tarnwell_2000");
     EXPECT_THAT(ini(), HasSubstr("Folder Name=\\\\Mailbox - Tarnwell\\Customers\\Leads\r\n"));
     EXPECT_EQ(admin({"database", "Mailbox - Tarnwell\\Customers", "--check"}).output, "All is there.\n");
@@ -291,7 +291,7 @@ TEST_F(AdminDatabase, LeavesAFolderInTheIniFilesPlaceAlone) {
 }
 
 TEST_F(AdminDatabase, NeedsAHost) {
-    session = {};
+    name_space = {};
     application = {};
     desk = {};
     world.quit();
