@@ -219,10 +219,9 @@ struct Mishap {
     std::int32_t after;  ///< so many calls
     const char* sentence;
 };
-constexpr Mishap mishaps[] = {
-    {"no rights", u"Add", 3, "what had been made is taken back"},
-    {"no fields", u"Add", 60, "what had been made is taken back"},
-    {"no record", u"Post", 2, "what had been made is taken back"}};
+constexpr Mishap mishaps[] = {{"no rights", u"Add", 3, "what had been made is taken back"},
+                              {"no fields", u"Add", 60, "what had been made is taken back"},
+                              {"no record", u"Post", 2, "what had been made is taken back"}};
 
 TEST_F(AdminDatabase, IsTakenBackWhereItCanNotBeFinished) {
     take_database_away();
