@@ -4,7 +4,7 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Use;
 using automation::Value;
 
@@ -50,12 +50,10 @@ void ModelBase::observe(automation::TextView member) const {
 
 const automation::Members<ModelBase>& ModelBase::common_members() {
     static const automation::Members<ModelBase> table{
-        {u"Application", 0xF000, Use::get,
-         [](ModelBase& self, const Arguments&) { return Value(self.desk().application_object()); }},
-        {u"Class", 0xF00A, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.number()); }},
-        {u"Session", 0xF00B, Use::get,
-         [](ModelBase& self, const Arguments&) { return Value(self.desk().session_object()); }},
-        {u"Parent", 0xF001, Use::get, [](ModelBase& self, const Arguments&) { return Value(self.parent()); }},
+        {u"Application", 0xF000, Use::get, [](ModelBase& self) { return self.desk().application_object(); }},
+        {u"Class", 0xF00A, Use::get, calls<&ModelBase::number>},
+        {u"Session", 0xF00B, Use::get, [](ModelBase& self) { return self.desk().session_object(); }},
+        {u"Parent", 0xF001, Use::get, calls<&ModelBase::parent>},
     };
     return table;
 }

@@ -14,54 +14,38 @@ using OwnerOf = typename decltype(owner_of(member))::type;
 
 /// A plain member, read.
 template <auto member>
-automation::Value shown(OwnerOf<member>& self, const automation::Arguments&) {
+auto shown(const OwnerOf<member>& self) {
     return self.*member;
+}
+
+template <auto member, class T, class V>
+void keep(T& self, V given) {
+    auto& value = self.*member;
+    if (given == value) return;
+    value = std::move(given);
+    self.kept_changed();
 }
 
 /// A plain member, read and written. Whoever shows it is told of a change by the object's `kept_changed`.
 template <auto member, class T = OwnerOf<member>>
-automation::Value kept(T& self, const automation::Arguments& arguments) {
-    auto& value = self.*member;
-    if (arguments.is_put()) {
-        using Kind = std::remove_reference_t<decltype(value)>;
-        Kind given{};
-        if constexpr (std::is_same_v<Kind, bool>) {
-            given = arguments.assigned().to_boolean();
-        } else if constexpr (std::is_same_v<Kind, std::int32_t>) {
-            given = arguments.assigned().to_integer();
-        } else {
-            given = arguments.assigned().to_text();
-        }
-        if (given != value) {
-            value = std::move(given);
-            self.kept_changed();
-        }
-    }
-    return value;
-}
-
-/// A method without arguments and answer.
-template <auto method>
-automation::Value done(OwnerOf<method>& self, const automation::Arguments&) {
-    (self.*method)();
-    return {};
-}
+inline constexpr automation::Property kept{
+    &shown<member>, &keep<member, T, std::remove_cvref_t<decltype(std::declval<T&>().*member)>>};
 
 /// The steps through a collection that has a `place`, `step` to a place, and `ids`.
 template <class T>
-automation::Value first(T& self, const automation::Arguments&) {
+automation::Object first(T& self) {
     return self.step(1);
 }
 template <class T>
-automation::Value last(T& self, const automation::Arguments&) {
+automation::Object last(T& self) {
     return self.step(static_cast<std::int32_t>(self.ids().size()));
 }
 template <class T>
-automation::Value next(T& self, const automation::Arguments&) {
+automation::Object next(T& self) {
     return self.step(self.place + 1);
 }
 template <class T>
-automation::Value previous(T& self, const automation::Arguments&) {
+automation::Object previous(T& self) {
     return self.step(self.place - 1);
 }
 

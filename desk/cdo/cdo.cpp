@@ -8,9 +8,9 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
-using automation::Takes;
+using automation::Ignored;
 using automation::Text;
 using automation::Use;
 using automation::Value;
@@ -41,13 +41,9 @@ const FolderProperty& property_of(std::int32_t tag) {
 
 const automation::Members<CdoField>& CdoField::members() {
     static const automation::Members<CdoField> table{
-        {u"Value", automation::no_id, Use::get_put,
-         [](CdoField& self, const Arguments& a) {
-             if (a.is_put()) self.owner().property(self.tag, a.assigned());
-             return self.owner().property(self.tag);
-         }},
-        {u"ID", automation::no_id, Use::get,
-         [](CdoField& self, const Arguments&) { return Value(self.tag); }},
+        {u"Value", automation::no_id, [](CdoField& self) { return self.owner().property(self.tag); },
+         [](CdoField& self, const Value& given) { self.owner().property(self.tag, given); }},
+        {u"ID", automation::no_id, Use::get, [](CdoField& self) { return self.tag; }},
     };
     return table;
 }
@@ -76,26 +72,21 @@ void CdoFolder::update() {
 
 const automation::Members<CdoFolder>& CdoFolder::members() {
     static const automation::Members<CdoFolder> table{
-        {u"Name", automation::no_id, Use::get,
-         [](CdoFolder& self, const Arguments&) { return Value(self.stored().name); }},
+        {u"Name", automation::no_id, Use::get, [](CdoFolder& self) { return self.stored().name; }},
         {u"ID", automation::no_id, Use::get,
-         [](CdoFolder& self, const Arguments&) {
+         [](CdoFolder& self) {
              return std::make_shared<Folder>(self.desk(), self.id())->self().get(u"EntryID");
          }},
         {u"StoreID", automation::no_id, Use::get,
-         [](CdoFolder& self, const Arguments&) {
+         [](CdoFolder& self) {
              return std::make_shared<Folder>(self.desk(), self.id())->self().get(u"StoreID");
          }},
         {u"Fields",
          automation::no_id,
          Use::get,
-         {{u"Tag", Takes::integer}},
-         [](CdoFolder& self, const Arguments& a) { return cdo_field(self, a[0].to_integer()); }},
-        {u"Update", automation::no_id, Use::method,
-         [](CdoFolder& self, const Arguments&) {
-             self.update();
-             return Value();
-         }},
+         {u"Tag"},
+         [](CdoFolder& self, std::int32_t tag) { return cdo_field(self, tag); }},
+        {u"Update", automation::no_id, Use::method, calls<&CdoFolder::update>},
     };
     return table;
 }
@@ -104,13 +95,13 @@ void CdoSession::check_logged_on() const {
     if (!logged_on) throw Failure(not_logged_on, u"The session is not logged on.");
 }
 
-automation::Object CdoSession::folder(const Text& id, const Value& store) {
+automation::Object CdoSession::folder(const Text& id, const std::optional<Value>& store) {
     check_logged_on();
     const automation::Object found = desk().name_space()->folder_from_id(id, store);
     return std::make_shared<CdoFolder>(desk(), folder_of(Value(found)).id(), self())->self();
 }
 
-automation::Object CdoSession::message(const Text& id, const Value& store) {
+automation::Object CdoSession::message(const Text& id, const std::optional<Value>& store) {
     check_logged_on();
     const RowId item = desk().name_space()->item_from_id(id, store)->id();
     return std::make_shared<CdoMessage>(desk(), desk().store().load(item).value(), self())->self();
@@ -119,40 +110,29 @@ automation::Object CdoSession::message(const Text& id, const Value& store) {
 const automation::Members<CdoSession>& CdoSession::members() {
     static const automation::Members<CdoSession> table{
         {u"Name", automation::no_id, Use::get,
-         [](CdoSession& self, const Arguments&) {
+         [](CdoSession& self) {
              self.check_logged_on();
-             return Value(u"Outlook");
+             return u"Outlook";
          }},
         {u"Logon",
          automation::no_id,
          Use::method,
-         {{u"ProfileName", Takes::value, true},
-          {u"ProfilePassword", Takes::value, true},
-          {u"ShowDialog", Takes::value, true},
-          {u"NewSession", Takes::boolean, true},
-          {u"ParentWindow", Takes::value, true},
-          {u"NoMail", Takes::value, true},
-          {u"ProfileInfo", Takes::value, true}},
-         [](CdoSession& self, const Arguments&) {
+         {u"ProfileName", u"ProfilePassword", u"ShowDialog", u"NewSession", u"ParentWindow", u"NoMail",
+          u"ProfileInfo"},
+         [](CdoSession& self, Ignored, Ignored, Ignored, std::optional<bool>, Ignored, Ignored, Ignored) {
              self.logged_on = true;
-             return Value();
          }},
         {u"Logoff", automation::no_id, Use::method,
-         [](CdoSession& self, const Arguments&) {
+         [](CdoSession& self) {
              self.check_logged_on();
              self.logged_on = false;
-             return Value();
          }},
-        {u"GetFolder",
-         automation::no_id,
-         Use::method,
-         {{u"FolderID", Takes::text}, {u"StoreID", Takes::value, true}},
-         [](CdoSession& self, const Arguments& a) { return Value(self.folder(a[0].to_text(), a[1])); }},
+        {u"GetFolder", automation::no_id, Use::method, {u"FolderID", u"StoreID"}, calls<&CdoSession::folder>},
         {u"GetMessage",
          automation::no_id,
          Use::method,
-         {{u"MessageID", Takes::text}, {u"StoreID", Takes::value, true}},
-         [](CdoSession& self, const Arguments& a) { return Value(self.message(a[0].to_text(), a[1])); }},
+         {u"MessageID", u"StoreID"},
+         calls<&CdoSession::message>},
     };
     return table;
 }

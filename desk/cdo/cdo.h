@@ -84,8 +84,8 @@ class CdoSession : public ModelObject<CdoSession> {
     void check_logged_on() const;
 
     // both throw `result::not_found` for an id that the store has not
-    automation::Object folder(const automation::Text& id, const automation::Value& store);
-    automation::Object message(const automation::Text& id, const automation::Value& store);
+    automation::Object folder(const automation::Text& id, const std::optional<automation::Value>& store);
+    automation::Object message(const automation::Text& id, const std::optional<automation::Value>& store);
 
     bool logged_on = false;
 };

@@ -9,9 +9,7 @@
 
 namespace desk {
 
-using automation::Arguments;
 using automation::Failure;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -40,10 +38,9 @@ Text address_of(std::int32_t tag) {
 
 /// A field under the name that CDO has for it.
 template <const TextView& field_name>
-Value named(CdoMessage& self, const Arguments& arguments) {
-    if (arguments.is_put()) self.field(field_name, arguments.assigned());
-    return self.field(field_name);
-}
+constexpr automation::Property named{
+    +[](CdoMessage& self) { return self.field(field_name); },
+    +[](CdoMessage& self, const Value& value) { self.field(field_name, value); }};
 constexpr TextView subject = u"Subject", body = u"Body";
 
 }  // namespace
@@ -107,32 +104,25 @@ void CdoMessage::update(bool for_good, bool refresh) {
 const automation::Members<CdoMessage>& CdoMessage::members() {
     static const automation::Members<CdoMessage> table{
         {u"ID", automation::no_id, Use::get,
-         [](CdoMessage& self, const Arguments&) {
-             return Value(self.desk().item_entry_id(self.stored().id, self.stored().folder));
-         }},
+         [](CdoMessage& self) { return self.desk().item_entry_id(self.stored().id, self.stored().folder); }},
         {u"StoreID", automation::no_id, Use::get,
-         [](CdoMessage& self, const Arguments&) {
-             return Value(self.desk().store_uid(self.stored().folder));
-         }},
+         [](CdoMessage& self) { return self.desk().store_uid(self.stored().folder); }},
         {u"FolderID", automation::no_id, Use::get,
-         [](CdoMessage& self, const Arguments&) {
-             return Value(self.desk().folder_entry_id(self.stored().folder));
-         }},
-        {u"Type", automation::no_id, Use::get_put, named<message_class>},
-        {u"Subject", automation::no_id, Use::get_put, named<subject>},
-        {u"Text", automation::no_id, Use::get_put, named<body>},
+         [](CdoMessage& self) { return self.desk().folder_entry_id(self.stored().folder); }},
+        {u"Type", automation::no_id, named<message_class>},
+        {u"Subject", automation::no_id, named<subject>},
+        {u"Text", automation::no_id, named<body>},
         {u"Fields",
          automation::no_id,
          Use::get,
-         {{u"Tag", Takes::integer}},
-         [](CdoMessage& self, const Arguments& a) { return cdo_field(self, a[0].to_integer()); }},
+         {u"Tag"},
+         [](CdoMessage& self, std::int32_t tag) { return cdo_field(self, tag); }},
         {u"Update",
          automation::no_id,
          Use::method,
-         {{u"makePermanent", Takes::boolean, true}, {u"refreshObject", Takes::boolean, true}},
-         [](CdoMessage& self, const Arguments& a) {
-             self.update(!a.has(0) || a[0].to_boolean(), a.has(1) && a[1].to_boolean());
-             return Value();
+         {u"makePermanent", u"refreshObject"},
+         [](CdoMessage& self, std::optional<bool> make_permanent, std::optional<bool> refresh_object) {
+             self.update(make_permanent.value_or(true), refresh_object.value_or(false));
          }},
     };
     return table;

@@ -4,9 +4,10 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
 using automation::Object;
+using automation::Text;
 using automation::Use;
 using automation::Value;
 namespace result = automation::result;
@@ -15,24 +16,14 @@ Object AddIn::parent() const { return desk().add_ins()->self(); }
 
 const automation::Members<AddIn>& AddIn::members() {
     static const automation::Members<AddIn> table{
-        {u"Description", 0x0, Use::get_put,
-         [](AddIn& self, const Arguments& a) {
-             if (a.is_put()) self.description = a.assigned().to_text();
-             return Value(self.description);
-         }},
-        {u"ProgId", 0x3, Use::get, [](AddIn& self, const Arguments&) { return Value(self.prog_id); }},
-        {u"Guid", 0x4, Use::get, [](AddIn& self, const Arguments&) { return Value(self.guid); }},
-        {u"Connect", 0x6, Use::get_put,
-         [](AddIn& self, const Arguments& a) {
-             if (a.is_put())
-                 self.desk().surroundings().connect_add_in(self.prog_id, a.assigned().to_boolean());
-             return Value(self.connected);
-         }},
-        {u"Object", 0x7, Use::get_put,
-         [](AddIn& self, const Arguments& a) {
-             if (a.is_put()) self.published = a.assigned().to_object();
-             return Value(self.published);
-         }},
+        {u"Description", 0x0, [](AddIn& self) { return self.description; },
+         [](AddIn& self, const Text& given) { self.description = given; }},
+        {u"ProgId", 0x3, Use::get, [](AddIn& self) { return self.prog_id; }},
+        {u"Guid", 0x4, Use::get, [](AddIn& self) { return self.guid; }},
+        {u"Connect", 0x6, [](AddIn& self) { return self.connected; },
+         [](AddIn& self, bool given) { self.desk().surroundings().connect_add_in(self.prog_id, given); }},
+        {u"Object", 0x7, [](AddIn& self) { return self.published; },
+         [](AddIn& self, const Object& given) { self.published = given; }},
     };
     return table;
 }
@@ -55,14 +46,9 @@ Object AddIns::at(const Value& index) const {
 
 const automation::Members<AddIns>& AddIns::members() {
     static const automation::Members<AddIns> table{
-        {u"Item",
-         0x0,
-         Use::method,
-         {{u"Index"}},
-         [](AddIns& self, const Arguments& a) { return Value(self.at(a[0])); }},
-        {u"Count", 0x1, Use::get,
-         [](AddIns& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.all.size())); }},
-        {u"Update", 0x2, Use::method, [](AddIns&, const Arguments&) { return Value(); }},
+        {u"Item", 0x0, Use::method, {u"Index"}, calls<&AddIns::at>},
+        {u"Count", 0x1, Use::get, [](AddIns& self) { return self.all.size(); }},
+        {u"Update", 0x2, Use::method, [](AddIns&) {}},
     };
     return table;
 }

@@ -8,10 +8,10 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
+using automation::Ignored;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -23,10 +23,10 @@ namespace {
 constexpr std::int32_t icon_and_caption = 3;  // MsoButtonStyle
 
 bool fits(const CommandBarControl& control, const ControlWish& wish) {
-    if (!wish.type.is_missing() && control.type != wish.type.to_integer()) return false;
-    if (!wish.id.is_missing() && control.id != wish.id.to_integer()) return false;
-    if (!wish.tag.is_missing() && control.tag != wish.tag.to_text()) return false;
-    return wish.visible.is_missing() || !wish.visible.to_boolean() || control.visible;
+    if (wish.type && control.type != wish.type->to_integer()) return false;
+    if (wish.id && control.id != wish.id->to_integer()) return false;
+    if (wish.tag && control.tag != wish.tag->to_text()) return false;
+    return !wish.visible || !wish.visible->to_boolean() || control.visible;
 }
 
 }  // namespace
@@ -52,9 +52,9 @@ void CommandBar::check_may_change() const {
     }
 }
 
-void CommandBar::check_place(const Value& before) const {
-    if (before.is_missing()) return;
-    const std::int32_t wanted = before.to_integer();
+void CommandBar::check_place(const std::optional<Value>& before) const {
+    if (!before) return;
+    const std::int32_t wanted = before->to_integer();
     if (wanted < 1 || static_cast<std::size_t>(wanted) > controls.size() + 1) {
         throw Failure(result::bad_index, u"Array index out of bounds.");
     }
@@ -108,26 +108,27 @@ std::shared_ptr<CommandBarControl> CommandBar::find(const ControlWish& wish) con
     return found == controls.end() ? nullptr : *found;
 }
 
-void CommandBar::insert(std::shared_ptr<CommandBarControl> control, const Value& before) {
+void CommandBar::insert(std::shared_ptr<CommandBarControl> control, const std::optional<Value>& before) {
     check_place(before);
-    const auto place = before.is_missing() ? static_cast<std::ptrdiff_t>(controls.size())
-                                           : std::ptrdiff_t{before.to_integer()} - 1;
+    const auto place =
+        before ? std::ptrdiff_t{before->to_integer()} - 1 : static_cast<std::ptrdiff_t>(controls.size());
     controls.insert(controls.begin() + place, std::move(control));
     kept_changed();
 }
 
-std::shared_ptr<CommandBarControl> CommandBar::add(const Value& type, const Value& control_id,
-                                                   const Value& parameter, const Value& before,
-                                                   bool is_temporary) {
-    if (!type.is_missing() && type.to_integer() != CommandBarControl::button_type) {
+std::shared_ptr<CommandBarControl> CommandBar::add(const std::optional<Value>& type,
+                                                   const std::optional<Value>& control_id,
+                                                   const std::optional<Value>& parameter,
+                                                   const std::optional<Value>& before, bool is_temporary) {
+    if (type && type->to_integer() != CommandBarControl::button_type) {
         throw Failure(result::invalid_argument, u"The desk's command bars take buttons only.");
     }
-    if (!control_id.is_missing() && control_id.to_integer() != CommandBarControl::custom_id) {
+    if (control_id && control_id->to_integer() != CommandBarControl::custom_id) {
         throw Failure(result::invalid_argument, u"The desk has no built-in control with that number to add.");
     }
     check_may_change();
     auto control = std::make_shared<CommandBarControl>(desk(), weak_from_this(), is_temporary);
-    if (!parameter.is_missing()) control->parameter = parameter.to_text();
+    if (parameter) control->parameter = parameter->to_text();
     insert(control, before);
     return control;
 }
@@ -140,7 +141,7 @@ std::shared_ptr<CommandBarControl> CommandBar::add_own(std::int32_t control_id, 
     control->style = icon_and_caption;
     control->caption = Text(caption);
     control->action = std::move(action);
-    insert(control, automation::Missing{});
+    insert(control, std::nullopt);
     return control;
 }
 
@@ -152,33 +153,29 @@ const automation::Members<CommandBar>& CommandBar::members() {
         {u"BuiltIn", 0x60040000, Use::get, shown<&Self::built_in>},
         {u"Type", 0x6004001D, Use::get, shown<&Self::bar_type>},
         {u"Id", 0x60040024, Use::get, shown<&Self::id>},
-        {u"Index", 0x6004000A, Use::get, [](Self& self, const Arguments&) { return Value(self.index()); }},
+        {u"Index", 0x6004000A, Use::get, calls<&Self::index>},
         {u"Controls", 0x60040003, Use::get,
-         [](Self& self, const Arguments&) {
-             return Value(std::make_shared<CommandBarControls>(self.desk(), self.shared_from_this())->self());
+         [](Self& self) {
+             return std::make_shared<CommandBarControls>(self.desk(), self.shared_from_this())->self();
          }},
-        {u"Visible", 0x6004001E, Use::get_put, kept<&Self::visible>},
-        {u"Enabled", 0x60040005, Use::get_put, kept<&Self::enabled>},
-        {u"Position", 0x60040013, Use::get_put, kept<&Self::position>},
-        {u"RowIndex", 0x60040015, Use::get_put, kept<&Self::row_index>},
-        {u"Protection", 0x60040017, Use::get_put, kept<&Self::protection>},
-        {u"Left", 0x6004000C, Use::get_put, kept<&Self::left>},
-        {u"Top", 0x6004001B, Use::get_put, kept<&Self::top>},
-        {u"Width", 0x60040020, Use::get_put, kept<&Self::width>},
-        {u"Height", 0x60040008, Use::get_put, kept<&Self::height>},
-        {u"AdaptiveMenu", 0x60040022, Use::get_put, kept<&Self::adaptive_menu>},
-        {u"Context", 0x60040001, Use::get_put, kept<&Self::context>},
+        {u"Visible", 0x6004001E, kept<&Self::visible>},
+        {u"Enabled", 0x60040005, kept<&Self::enabled>},
+        {u"Position", 0x60040013, kept<&Self::position>},
+        {u"RowIndex", 0x60040015, kept<&Self::row_index>},
+        {u"Protection", 0x60040017, kept<&Self::protection>},
+        {u"Left", 0x6004000C, kept<&Self::left>},
+        {u"Top", 0x6004001B, kept<&Self::top>},
+        {u"Width", 0x60040020, kept<&Self::width>},
+        {u"Height", 0x60040008, kept<&Self::height>},
+        {u"AdaptiveMenu", 0x60040022, kept<&Self::adaptive_menu>},
+        {u"Context", 0x60040001, kept<&Self::context>},
         {u"FindControl",
          0x60040007,
          Use::method,
-         {{u"Type", Takes::value, true},
-          {u"Id", Takes::value, true},
-          {u"Tag", Takes::value, true},
-          {u"Visible", Takes::value, true},
-          {u"Recursive", Takes::value, true}},
-         find_control<Self>},
-        {u"Delete", 0x60040004, Use::method, done<&Self::remove>},
-        {u"Reset", 0x60040019, Use::method, [](Self&, const Arguments&) { return Value(); }},
+         {u"Type", u"Id", u"Tag", u"Visible", u"Recursive"},
+         find_control<Self, Ignored>},
+        {u"Delete", 0x60040004, Use::method, calls<&Self::remove>},
+        {u"Reset", 0x60040019, Use::method, [](Self&) {}},
     };
     return table;
 }

@@ -9,7 +9,7 @@ class CommandBars;
 
 /// What `FindControl` is asked for; what is left out fits everything.
 struct ControlWish {
-    automation::Value type, id, tag, visible;
+    std::optional<automation::Value> type{}, id{}, tag{}, visible{};
 };
 
 class CommandBar : public ModelObject<CommandBar> {
@@ -30,19 +30,20 @@ class CommandBar : public ModelObject<CommandBar> {
     automation::Value invoke(automation::Request& request) override;
 
     void check_there() const;
-    void check_may_change() const;                            ///< throws `result::fail` for a protected bar
-    void check_place(const automation::Value& before) const;  ///< throws `result::bad_index`
-    void remove();                                            ///< refused for a bar that is the host's own
-    void end();                                               ///< it is gone, and its controls with it
+    void check_may_change() const;  ///< throws `result::fail` for a protected bar
+    void check_place(const std::optional<automation::Value>& before) const;  ///< throws `result::bad_index`
+    void remove();  ///< refused for a bar that is the host's own
+    void end();     ///< it is gone, and its controls with it
     void
     end_window();  ///< its window has closed: of the host's own bars what isn't temporary can still be read
     std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
-    std::shared_ptr<CommandBarControl> add(const automation::Value& type, const automation::Value& id,
-                                           const automation::Value& parameter,
-                                           const automation::Value& before, bool temporary);
+    std::shared_ptr<CommandBarControl> add(const std::optional<automation::Value>& type,
+                                           const std::optional<automation::Value>& id,
+                                           const std::optional<automation::Value>& parameter,
+                                           const std::optional<automation::Value>& before, bool temporary);
     std::shared_ptr<CommandBarControl> add_own(std::int32_t id, automation::TextView caption,
                                                std::function<void()> action);
-    void insert(std::shared_ptr<CommandBarControl> control, const automation::Value& before);
+    void insert(std::shared_ptr<CommandBarControl> control, const std::optional<automation::Value>& before);
     std::shared_ptr<CommandBars> owner() const { return owner_.lock(); }
     std::int32_t index() const;  ///< its place among the window's bars, from 1
     void kept_changed();
@@ -67,9 +68,12 @@ inline automation::Value answer_of(const std::shared_ptr<CommandBarControl>& con
 }
 
 /// `FindControl` of whatever can find one.
-template <class Self>
-automation::Value find_control(Self& self, const automation::Arguments& a) {
-    return answer_of(self.find({a[0], a[1], a[2], a[3]}));
+template <class Self, class... More>
+automation::Value find_control(Self& self, const std::optional<automation::Value>& type,
+                               const std::optional<automation::Value>& id,
+                               const std::optional<automation::Value>& tag,
+                               const std::optional<automation::Value>& visible, More...) {
+    return answer_of(self.find({type, id, tag, visible}));
 }
 
 }  // namespace desk

@@ -9,10 +9,10 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
+using automation::Ignored;
 using automation::Object;
-using automation::Takes;
 using automation::Use;
 using automation::Value;
 namespace result = automation::result;
@@ -59,7 +59,7 @@ void CommandBarControl::remove() {
     end();
 }
 
-void CommandBarControl::move_to(CommandBar& target, const Value& before) {
+void CommandBarControl::move_to(CommandBar& target, const std::optional<Value>& before) {
     const auto alive = shared_from_this();
     target.check_may_change();
     target.check_place(before);
@@ -71,7 +71,8 @@ void CommandBarControl::move_to(CommandBar& target, const Value& before) {
     bar_ = target.weak_from_this();
 }
 
-std::shared_ptr<CommandBarControl> CommandBarControl::copy_to(CommandBar& target, const Value& before) const {
+std::shared_ptr<CommandBarControl> CommandBarControl::copy_to(CommandBar& target,
+                                                              const std::optional<Value>& before) const {
     auto twin = std::make_shared<CommandBarControl>(desk(), target.weak_from_this(), temporary);
     twin->id = id;
     twin->caption = caption;
@@ -114,11 +115,11 @@ bool CommandBarControl::press() {
 namespace {
 
 /// The bar that `Copy` and `Move` lead to: the one given, or the control's own.
-CommandBar& target_of(const CommandBarControl& control, const Value& given) {
-    if (given.is_missing()) {
+CommandBar& target_of(const CommandBarControl& control, const std::optional<Value>& given) {
+    if (!given) {
         const auto own = control.bar();
         if (own) return *own;
-    } else if (const auto bar = std::dynamic_pointer_cast<CommandBar>(given.to_object().target())) {
+    } else if (const auto bar = std::dynamic_pointer_cast<CommandBar>(given->to_object().target())) {
         return *bar;
     }
     throw Failure(result::type_mismatch, u"A command bar is expected.");
@@ -128,51 +129,50 @@ CommandBar& target_of(const CommandBarControl& control, const Value& given) {
 
 const automation::Members<CommandBarControl>& CommandBarControl::members() {
     using Self = CommandBarControl;
-    static const std::vector<automation::Parameter> where{{u"Bar", Takes::value, true},
-                                                          {u"Before", Takes::value, true}};
     static const automation::Members<Self> table{
-        {u"Caption", 0x60040003, Use::get_put, kept<&Self::caption>},
-        {u"Tag", 0x60040023, Use::get_put, kept<&Self::tag>},
-        {u"OnAction", 0x6004001A, Use::get_put, kept<&Self::on_action>},
-        {u"Parameter", 0x6004001D, Use::get_put, kept<&Self::parameter>},
-        {u"TooltipText", 0x60040025, Use::get_put, kept<&Self::tool_tip>},
-        {u"DescriptionText", 0x60040008, Use::get_put, kept<&Self::description>},
-        {u"ShortcutText", 0x60050006, Use::get_put, kept<&Self::shortcut>},
-        {u"HelpFile", 0x60040011, Use::get_put, kept<&Self::help_file>},
-        {u"HelpContextId", 0x6004000F, Use::get_put, kept<&Self::help_context>},
-        {u"OLEUsage", 0x60040018, Use::get_put, kept<&Self::ole_usage>},
-        {u"Style", 0x6005000A, Use::get_put, kept<&Self::style>},
-        {u"FaceId", 0x60050003, Use::get_put, kept<&Self::face_id>},
-        {u"State", 0x60050008, Use::get_put, kept<&Self::state>},
-        {u"Priority", 0x6004001F, Use::get_put, kept<&Self::priority>},
-        {u"Width", 0x6004002B, Use::get_put, kept<&Self::width>},
-        {u"Height", 0x6004000D, Use::get_put, kept<&Self::height>},
-        {u"Visible", 0x60040029, Use::get_put, kept<&Self::visible>},
-        {u"Enabled", 0x6004000A, Use::get_put, kept<&Self::enabled>},
-        {u"BeginGroup", 0x60040000, Use::get_put, kept<&Self::begin_group>},
+        {u"Caption", 0x60040003, kept<&Self::caption>},
+        {u"Tag", 0x60040023, kept<&Self::tag>},
+        {u"OnAction", 0x6004001A, kept<&Self::on_action>},
+        {u"Parameter", 0x6004001D, kept<&Self::parameter>},
+        {u"TooltipText", 0x60040025, kept<&Self::tool_tip>},
+        {u"DescriptionText", 0x60040008, kept<&Self::description>},
+        {u"ShortcutText", 0x60050006, kept<&Self::shortcut>},
+        {u"HelpFile", 0x60040011, kept<&Self::help_file>},
+        {u"HelpContextId", 0x6004000F, kept<&Self::help_context>},
+        {u"OLEUsage", 0x60040018, kept<&Self::ole_usage>},
+        {u"Style", 0x6005000A, kept<&Self::style>},
+        {u"FaceId", 0x60050003, kept<&Self::face_id>},
+        {u"State", 0x60050008, kept<&Self::state>},
+        {u"Priority", 0x6004001F, kept<&Self::priority>},
+        {u"Width", 0x6004002B, kept<&Self::width>},
+        {u"Height", 0x6004000D, kept<&Self::height>},
+        {u"Visible", 0x60040029, kept<&Self::visible>},
+        {u"Enabled", 0x6004000A, kept<&Self::enabled>},
+        {u"BeginGroup", 0x60040000, kept<&Self::begin_group>},
         {u"IsPriorityDropped", 0x6004002D, Use::get, shown<&Self::is_priority_dropped>},
         {u"Id", 0x60040013, Use::get, shown<&Self::id>},
         {u"Type", 0x60040028, Use::get, shown<&Self::type>},
-        {u"Index", 0x60040014, Use::get, [](Self& self, const Arguments&) { return Value(self.index()); }},
-        {u"BuiltIn", 0x60040002, Use::get,
-         [](Self& self, const Arguments&) { return Value(self.is_built_in()); }},
-        {u"Delete", 0x60040007, Use::method, {{u"Temporary", Takes::value, true}}, done<&Self::remove>},
-        {u"Execute", 0x6004000C, Use::method,
-         [](Self& self, const Arguments&) {
-             self.press();
-             return Value();
+        {u"Index", 0x60040014, Use::get, calls<&Self::index>},
+        {u"BuiltIn", 0x60040002, Use::get, calls<&Self::is_built_in>},
+        {u"Delete", 0x60040007, Use::method, {u"Temporary"}, [](Self& self, Ignored) { self.remove(); }},
+        {u"Execute", 0x6004000C, Use::method, [](Self& self) { self.press(); }},
+        {u"Copy",
+         0x60040006,
+         Use::method,
+         {u"Bar", u"Before"},
+         [](Self& self, const std::optional<Value>& bar, const std::optional<Value>& before) {
+             return self.copy_to(target_of(self, bar), before)->self();
          }},
-        {u"Copy", 0x60040006, Use::method, where,
-         [](Self& self, const Arguments& a) {
-             return Value(self.copy_to(target_of(self, a[0]), a[1])->self());
+        {u"Move",
+         0x60040016,
+         Use::method,
+         {u"Bar", u"Before"},
+         [](Self& self, const std::optional<Value>& bar, const std::optional<Value>& before) {
+             self.move_to(target_of(self, bar), before);
+             return self.self();
          }},
-        {u"Move", 0x60040016, Use::method, where,
-         [](Self& self, const Arguments& a) {
-             self.move_to(target_of(self, a[0]), a[1]);
-             return Value(self.self());
-         }},
-        {u"Reset", 0x60040021, Use::method, [](Self&, const Arguments&) { return Value(); }},
-        {u"SetFocus", 0x60040022, Use::method, [](Self&, const Arguments&) { return Value(); }},
+        {u"Reset", 0x60040021, Use::method, [](Self&) {}},
+        {u"SetFocus", 0x60040022, Use::method, [](Self&) {}},
     };
     return table;
 }
@@ -187,30 +187,25 @@ Value CommandBarControls::invoke(automation::Request& request) {
 const automation::Members<CommandBarControls>& CommandBarControls::members() {
     using Self = CommandBarControls;
     static const automation::Members<Self> table{
-        {u"Count", 0x60030001, Use::get,
-         [](Self& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.bar().controls.size()));
-         }},
+        {u"Count", 0x60030001, Use::get, [](Self& self) { return self.bar().controls.size(); }},
         {u"Item",
          0x0,
          Use::get,
-         {{u"Index"}},
-         [](Self& self, const Arguments& a) {
-             return Value(named_or_numbered(
-                              self.bar().controls, a[0], [](const auto& control) { return control.caption; },
-                              u"control")
-                              ->self());
+         {u"Index"},
+         [](Self& self, const Value& index) {
+             return named_or_numbered(
+                        self.bar().controls, index, [](const auto& control) { return control.caption; },
+                        u"control")
+                 ->self();
          }},
         {u"Add",
          0x60030000,
          Use::method,
-         {{u"Type", Takes::value, true},
-          {u"Id", Takes::value, true},
-          {u"Parameter", Takes::value, true},
-          {u"Before", Takes::value, true},
-          {u"Temporary", Takes::boolean, true}},
-         [](Self& self, const Arguments& a) {
-             return Value(self.bar().add(a[0], a[1], a[2], a[3], a.has(4) && a[4].to_boolean())->self());
+         {u"Type", u"Id", u"Parameter", u"Before", u"Temporary"},
+         [](Self& self, const std::optional<Value>& type, const std::optional<Value>& id,
+            const std::optional<Value>& parameter, const std::optional<Value>& before,
+            std::optional<bool> temporary) {
+             return self.bar().add(type, id, parameter, before, temporary.value_or(false))->self();
          }},
     };
     return table;

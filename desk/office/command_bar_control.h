@@ -30,8 +30,9 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     void remove();
     void end();         ///< it goes with its bar
     void end_window();  ///< its window has closed: it does nothing any more
-    void move_to(CommandBar& bar, const automation::Value& before);
-    std::shared_ptr<CommandBarControl> copy_to(CommandBar& bar, const automation::Value& before) const;
+    void move_to(CommandBar& bar, const std::optional<automation::Value>& before);
+    std::shared_ptr<CommandBarControl> copy_to(CommandBar& bar,
+                                               const std::optional<automation::Value>& before) const;
 
     /// As a click on it: nothing for one that is disabled or hidden. Answers whether a listener cancelled
     /// what the control does by itself; what a custom one names as its action is text and nothing more here.

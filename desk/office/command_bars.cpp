@@ -6,10 +6,8 @@
 
 namespace desk {
 
-using automation::Arguments;
 using automation::Failure;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -40,19 +38,20 @@ std::shared_ptr<CommandBar> CommandBars::at(const Value& index) const {
         all, index, [](const auto& bar) { return bar.bar_name; }, u"command bar");
 }
 
-std::shared_ptr<CommandBar> CommandBars::add(const Value& bar_name, const Value& position, bool is_menu_bar,
+std::shared_ptr<CommandBar> CommandBars::add(const std::optional<Value>& bar_name,
+                                             const std::optional<Value>& position, bool is_menu_bar,
                                              bool temporary) {
     if (ended_) throw Failure(result::object_deleted, u"The window of these command bars has been closed.");
-    const Text wanted = bar_name.is_missing() || bar_name.to_text().empty()
+    const Text wanted = !bar_name || bar_name->to_text().empty()
                             ? u"Custom " + automation::to_text(static_cast<long long>(all.size()) + 1)
-                            : bar_name.to_text();
+                            : bar_name->to_text();
     for (const auto& bar : all) {
         if (automation::same_ignoring_case(bar->bar_name, wanted)) {
             throw Failure(result::invalid_argument, u"A command bar \"" + wanted + u"\" exists already.");
         }
     }
     auto bar = std::make_shared<CommandBar>(desk(), weak_from_this(), wanted, false);
-    if (!position.is_missing()) bar->position = position.to_integer();
+    if (position) bar->position = position->to_integer();
     if (bar->position < 0 || bar->position > CommandBar::last_position) {
         throw Failure(result::invalid_argument, u"There is no such position of a command bar.");
     }
@@ -104,43 +103,32 @@ void CommandBars::update_now() {
 const automation::Members<CommandBars>& CommandBars::members() {
     using Self = CommandBars;
     static const automation::Members<Self> table{
-        {u"Count", 0x60030003, Use::get,
-         [](Self& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.all.size())); }},
+        {u"Count", 0x60030003, Use::get, [](Self& self) { return self.all.size(); }},
         {u"Item",
          0x0,
          Use::get,
-         {{u"Index"}},
-         [](Self& self, const Arguments& a) { return Value(self.at(a[0])->self()); }},
+         {u"Index"},
+         [](Self& self, const Value& index) { return self.at(index)->self(); }},
         {u"Add",
          0x60030002,
          Use::method,
-         {{u"Name", Takes::value, true},
-          {u"Position", Takes::value, true},
-          {u"MenuBar", Takes::value, true},
-          {u"Temporary", Takes::value, true}},
-         [](Self& self, const Arguments& a) {
-             return Value(
-                 self.add(a[0], a[1], a.has(2) && a[2].to_boolean(), a.has(3) && a[3].to_boolean())->self());
+         {u"Name", u"Position", u"MenuBar", u"Temporary"},
+         [](Self& self, const std::optional<Value>& name, const std::optional<Value>& position,
+            const std::optional<Value>& is_menu_bar, const std::optional<Value>& temporary) {
+             return self
+                 .add(name, position, is_menu_bar && is_menu_bar->to_boolean(),
+                      temporary && temporary->to_boolean())
+                 ->self();
          }},
-        {u"FindControl",
-         0x60030008,
-         Use::method,
-         {{u"Type", Takes::value, true},
-          {u"Id", Takes::value, true},
-          {u"Tag", Takes::value, true},
-          {u"Visible", Takes::value, true}},
-         find_control<Self>},
+        {u"FindControl", 0x60030008, Use::method, {u"Type", u"Id", u"Tag", u"Visible"}, find_control<Self>},
         {u"ActionControl", 0x60030000, Use::get,
-         [](Self& self, const Arguments&) {
-             return self.pressed.empty() ? Value(Object()) : answer_of(self.pressed.back());
-         }},
-        {u"ActiveMenuBar", 0x60030001, Use::get,
-         [](Self& self, const Arguments&) { return Value(self.named(menu_bar)->self()); }},
-        {u"AdaptiveMenus", 0x60030013, Use::get_put, kept<&Self::adaptive_menus>},
-        {u"DisplayTooltips", 0x60030004, Use::get_put, kept<&Self::display_tool_tips>},
-        {u"DisplayKeysInTooltips", 0x60030006, Use::get_put, kept<&Self::display_keys>},
-        {u"LargeButtons", 0x6003000A, Use::get_put, kept<&Self::large_buttons>},
-        {u"ReleaseFocus", 0x60030010, Use::method, [](Self&, const Arguments&) { return Value(); }},
+         [](Self& self) { return self.pressed.empty() ? Value(Object()) : answer_of(self.pressed.back()); }},
+        {u"ActiveMenuBar", 0x60030001, Use::get, [](Self& self) { return self.named(menu_bar)->self(); }},
+        {u"AdaptiveMenus", 0x60030013, kept<&Self::adaptive_menus>},
+        {u"DisplayTooltips", 0x60030004, kept<&Self::display_tool_tips>},
+        {u"DisplayKeysInTooltips", 0x60030006, kept<&Self::display_keys>},
+        {u"LargeButtons", 0x6003000A, kept<&Self::large_buttons>},
+        {u"ReleaseFocus", 0x60030010, Use::method, [](Self&) {}},
     };
     return table;
 }

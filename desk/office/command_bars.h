@@ -30,8 +30,9 @@ class CommandBars : public ModelObject<CommandBars> {
     std::shared_ptr<CommandBar> named(automation::TextView bar_name) const {
         return at(automation::Value(bar_name));
     }
-    std::shared_ptr<CommandBar> add(const automation::Value& bar_name, const automation::Value& position,
-                                    bool is_menu_bar, bool temporary);
+    std::shared_ptr<CommandBar> add(const std::optional<automation::Value>& bar_name,
+                                    const std::optional<automation::Value>& position, bool is_menu_bar,
+                                    bool temporary);
     std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
     void
     end();  ///< the window is closed: custom bars and temporary controls are gone, nobody is told of anything

@@ -10,13 +10,12 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
+using automation::Ignored;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::Use;
-using automation::Value;
 namespace result = automation::result;
 
 Object Application::parent() const { return desk().application()->self(); }
@@ -33,67 +32,52 @@ Object Application::create_item(std::int32_t type) const {
 
 const automation::Members<Application>& Application::members() {
     static const automation::Members<Application> table{
-        {u"Name", 0x3001, Use::get, [](Application&, const Arguments&) { return Value(u"Outlook"); }},
-        {u"Version", 0x116, Use::get,
-         [](Application& self, const Arguments&) { return Value(self.desk().options().host_version); }},
+        {u"Name", 0x3001, Use::get, [](Application&) { return u"Outlook"; }},
+        {u"Version", 0x116, Use::get, [](Application& self) { return self.desk().options().host_version; }},
         {u"ActiveExplorer", 0x111, Use::method,
-         [](Application& self, const Arguments&) { return Value(self.desk().explorers()->active()); }},
+         [](Application& self) { return self.desk().explorers()->active(); }},
         {u"ActiveInspector", 0x112, Use::method,
-         [](Application& self, const Arguments&) { return Value(self.desk().inspectors()->active()); }},
+         [](Application& self) { return self.desk().inspectors()->active(); }},
         {u"ActiveWindow", 0x11F, Use::method,
-         [](Application& self, const Arguments&) {
+         [](Application& self) {
              const auto& order = self.desk().window_order;
-             return Value(order.empty() ? Object() : order.back()->held());
+             return order.empty() ? Object() : order.back()->held();
          }},
-        {u"CreateItem",
-         0x10A,
-         Use::method,
-         {{u"ItemType", Takes::integer}},
-         [](Application& self, const Arguments& a) { return Value(self.create_item(a[0].to_integer())); }},
+        {u"CreateItem", 0x10A, Use::method, {u"ItemType"}, calls<&Application::create_item>},
         {u"CreateItemFromTemplate",
          0x10B,
          Use::method,
-         {{u"TemplatePath", Takes::text}, {u"InFolder", Takes::value, true}},
-         [](Application& self, const Arguments& a) {
-             return Value(self.desk().name_space()->open_message_file(a[0].to_text()));
+         {u"TemplatePath", u"InFolder"},
+         [](Application& self, const Text& template_path, Ignored) {
+             return self.desk().name_space()->open_message_file(template_path);
          }},
         {u"CreateObject",
          0x115,
          Use::method,
-         {{u"ObjectName", Takes::text}},
-         [](Application& self, const Arguments& a) {
-             return Value(self.desk().surroundings().create_object(a[0].to_text()));
+         {u"ObjectName"},
+         [](Application& self, const Text& object_name) {
+             return self.desk().surroundings().create_object(object_name);
          }},
         {u"GetNamespace",
          0x110,
          Use::method,
-         {{u"Type", Takes::text}},
-         [](Application& self, const Arguments& a) {
-             if (!automation::same_ignoring_case(a[0].to_text(), u"MAPI")) {
+         {u"Type"},
+         [](Application& self, const Text& type) {
+             if (!automation::same_ignoring_case(type, u"MAPI")) {
                  throw Failure(result::invalid_argument, u"The only name space is \"MAPI\".");
              }
-             return Value(self.desk().name_space()->self());
+             return self.desk().name_space()->self();
          }},
-        {u"Quit", 0x113, Use::method,
-         [](Application& self, const Arguments&) {
-             self.desk().surroundings().quit();
-             return Value();
-         }},
-        {u"COMAddIns", 0x118, Use::get,
-         [](Application& self, const Arguments&) { return Value(self.desk().add_ins()->self()); }},
-        {u"Explorers", 0x119, Use::get,
-         [](Application& self, const Arguments&) { return Value(self.desk().explorers()->self()); }},
-        {u"Inspectors", 0x11A, Use::get,
-         [](Application& self, const Arguments&) { return Value(self.desk().inspectors()->self()); }},
+        {u"Quit", 0x113, Use::method, [](Application& self) { self.desk().surroundings().quit(); }},
+        {u"COMAddIns", 0x118, Use::get, [](Application& self) { return self.desk().add_ins()->self(); }},
+        {u"Explorers", 0x119, Use::get, [](Application& self) { return self.desk().explorers()->self(); }},
+        {u"Inspectors", 0x11A, Use::get, [](Application& self) { return self.desk().inspectors()->self(); }},
         {u"LanguageSettings", 0x11B, Use::get,
-         [](Application& self, const Arguments&) {
-             return Value(std::make_shared<LanguageSettings>(self.desk())->self());
-         }},
+         [](Application& self) { return std::make_shared<LanguageSettings>(self.desk())->self(); }},
         {u"ProductCode", 0x11C, Use::get,
-         [](Application&, const Arguments&) { return Value(u"{00000000-0000-0000-0000-000000000000}"); }},
-        {u"IsTrusted", 0xFBF3, Use::get, [](Application&, const Arguments&) { return Value(true); }},
-        {u"Desk", automation::no_id, Use::get,
-         [](Application& self, const Arguments&) { return Value(self.desk().surface); }},
+         [](Application&) { return u"{00000000-0000-0000-0000-000000000000}"; }},
+        {u"IsTrusted", 0xFBF3, Use::get, [](Application&) { return true; }},
+        {u"Desk", automation::no_id, Use::get, [](Application& self) { return self.desk().surface; }},
     };
     return table;
 }
@@ -105,21 +89,19 @@ const automation::Members<LanguageSettings>& LanguageSettings::members() {
         {u"LanguageID",
          0x1,
          Use::get,
-         {{u"Id", Takes::integer}},
-         [](LanguageSettings& self, const Arguments& a) {
+         {u"Id"},
+         [](LanguageSettings& self, std::int32_t id) {
              constexpr std::int32_t first = 1, last = 5;  // MsoAppLanguageID
-             const std::int32_t which = a[0].to_integer();
+             const std::int32_t which = id;
              if (which < first || which > last)
                  throw Failure(result::invalid_argument, u"There is no such language setting.");
-             return Value(self.desk().options().language);
+             return self.desk().options().language;
          }},
         {u"LanguagePreferredForEditing",
          0x2,
          Use::get,
-         {{u"lid", Takes::integer}},
-         [](LanguageSettings& self, const Arguments& a) {
-             return Value(a[0].to_integer() == self.desk().options().language);
-         }},
+         {u"lid"},
+         [](LanguageSettings& self, std::int32_t lid) { return lid == self.desk().options().language; }},
     };
     return table;
 }

@@ -8,10 +8,9 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::Use;
 using automation::Value;
@@ -83,33 +82,22 @@ Object Attachments::add(const Value& source, std::int32_t position, const Text& 
 
 const automation::Members<Attachments>& Attachments::members() {
     static const automation::Members<Attachments> table{
-        {u"Count", 0x50, Use::get,
-         [](Attachments& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.item().whole().attachments.size()));
-         }},
-        {u"Item",
-         0x51,
-         Use::method,
-         {{u"Index"}},
-         [](Attachments& self, const Arguments& a) { return Value(self.at(a[0])); }},
+        {u"Count", 0x50, Use::get, [](Attachments& self) { return self.item().whole().attachments.size(); }},
+        {u"Item", 0x51, Use::method, {u"Index"}, calls<&Attachments::at>},
         {u"Add",
          0x65,
          Use::method,
-         {{u"Source"},
-          {u"Type", Takes::integer, true},
-          {u"Position", Takes::integer, true},
-          {u"DisplayName", Takes::text, true}},
-         [](Attachments& self, const Arguments& a) {
-             return Value(
-                 self.add(a[0], a.has(2) ? a[2].to_integer() : 0, a.has(3) ? a[3].to_text() : Text()));
+         {u"Source", u"Type", u"Position", u"DisplayName"},
+         [](Attachments& self, const Value& source, std::optional<std::int32_t>,
+            std::optional<std::int32_t> position, const std::optional<Text>& display_name) {
+             return self.add(source, position.value_or(0), display_name.value_or(Text()));
          }},
         {u"Remove",
          0x54,
          Use::method,
-         {{u"Index", Takes::integer}},
-         [](Attachments& self, const Arguments& a) {
-             std::dynamic_pointer_cast<Attachment>(self.at(a[0]).target())->remove();
-             return Value();
+         {u"Index"},
+         [](Attachments& self, std::int32_t index) {
+             std::dynamic_pointer_cast<Attachment>(self.at(index).target())->remove();
          }},
     };
     return table;
@@ -143,42 +131,23 @@ Object Attachment::open() const {
 
 const automation::Members<Attachment>& Attachment::members() {
     static const automation::Members<Attachment> table{
-        {u"DisplayName", 0x3001, Use::get_put,
-         [](Attachment& self, const Arguments& a) {
-             if (a.is_put()) self.change().display_name = a.assigned().to_text();
-             return Value(self.data().display_name);
-         }},
-        {u"FileName", 0x3704, Use::get,
-         [](Attachment& self, const Arguments&) { return Value(self.data().file_name); }},
-        {u"Index", 0x5B, Use::get, [](Attachment& self, const Arguments&) { return Value(self.index()); }},
-        {u"Parent", 0x71, Use::get, [](Attachment& self, const Arguments&) { return Value(self.parent()); }},
-        {u"PathName", 0x3708, Use::get, [](Attachment&, const Arguments&) { return Value(u""); }},
-        {u"Position", 0x72, Use::get_put,
-         [](Attachment& self, const Arguments& a) {
-             if (a.is_put()) self.change().position = a.assigned().to_integer();
-             return Value(self.data().position);
-         }},
-        {u"Type", 0x3705, Use::get,
-         [](Attachment& self, const Arguments&) { return Value(self.data().type); }},
-        {u"Size", 0xFBE9, Use::get,
-         [](Attachment& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.bytes().size()));
-         }},
-        {u"Delete", 0x69, Use::method,
-         [](Attachment& self, const Arguments&) {
-             self.remove();
-             return Value();
-         }},
+        {u"DisplayName", 0x3001, [](Attachment& self) { return self.data().display_name; },
+         [](Attachment& self, const Text& given) { self.change().display_name = given; }},
+        {u"FileName", 0x3704, Use::get, [](Attachment& self) { return self.data().file_name; }},
+        {u"Index", 0x5B, Use::get, calls<&Attachment::index>},
+        {u"Parent", 0x71, Use::get, calls<&Attachment::parent>},
+        {u"PathName", 0x3708, Use::get, [](Attachment&) { return u""; }},
+        {u"Position", 0x72, [](Attachment& self) { return self.data().position; },
+         [](Attachment& self, std::int32_t given) { self.change().position = given; }},
+        {u"Type", 0x3705, Use::get, [](Attachment& self) { return self.data().type; }},
+        {u"Size", 0xFBE9, Use::get, [](Attachment& self) { return self.bytes().size(); }},
+        {u"Delete", 0x69, Use::method, calls<&Attachment::remove>},
         {u"SaveAsFile",
          0x68,
          Use::method,
-         {{u"Path", Takes::text}},
-         [](Attachment& self, const Arguments& a) {
-             write_file(a[0].to_text(), self.bytes());
-             return Value();
-         }},
-        {u"EmbeddedItem", automation::no_id, Use::get,
-         [](Attachment& self, const Arguments&) { return Value(self.open()); }},
+         {u"Path"},
+         [](Attachment& self, const Text& path) { write_file(path, self.bytes()); }},
+        {u"EmbeddedItem", automation::no_id, Use::get, calls<&Attachment::open>},
     };
     return table;
 }

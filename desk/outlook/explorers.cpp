@@ -12,9 +12,9 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
+using automation::Ignored;
 using automation::Object;
-using automation::Takes;
 using automation::Use;
 using automation::Value;
 
@@ -26,15 +26,12 @@ constexpr std::uint32_t failure_warning = 0x30;  // MB_ICONWARNING
 
 const automation::Members<Selection>& Selection::members() {
     static const automation::Members<Selection> table{
-        {u"Count", 0x50, Use::get,
-         [](Selection& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.items.size()));
-         }},
+        {u"Count", 0x50, Use::get, [](Selection& self) { return self.items.size(); }},
         {u"Item",
          0x51,
          Use::method,
-         {{u"Index"}},
-         [](Selection& self, const Arguments& a) { return Value(numbered(self.items, a[0])); }},
+         {u"Index"},
+         [](Selection& self, const Value& index) { return numbered(self.items, index); }},
     };
     return table;
 }
@@ -137,50 +134,38 @@ std::shared_ptr<CommandBar> Explorer::context_menu() {
 
 const automation::Members<Explorer>& Explorer::members() {
     static const automation::Members<Explorer> table{
-        {u"CommandBars", 0x2100, Use::get,
-         [](Explorer& self, const Arguments&) { return Value(self.bars()->self()); }},
-        {u"CurrentFolder", 0x2101, Use::get_put,
-         [](Explorer& self, const Arguments& a) {
-             if (a.is_put()) self.show_folder(folder_of(a.assigned()).id());
-             return Value(std::make_shared<Folder>(self.desk(), self.folder())->self());
-         }},
+        {u"CommandBars", 0x2100, Use::get, [](Explorer& self) { return self.bars()->self(); }},
+        {u"CurrentFolder", 0x2101,
+         [](Explorer& self) { return std::make_shared<Folder>(self.desk(), self.folder())->self(); },
+         [](Explorer& self, const Value& given) { self.show_folder(folder_of(given).id()); }},
         {u"SelectFolder",
          0xFAB1,
          Use::method,
-         {{u"Folder", Takes::object}},
-         [](Explorer& self, const Arguments& a) {
-             self.show_folder(folder_of(a[0]).id());
-             return Value();
-         }},
+         {u"Folder"},
+         [](Explorer& self, const Object& folder) { self.show_folder(folder_of(folder).id()); }},
         {u"Selection", 0x2202, Use::get,
-         [](Explorer& self, const Arguments&) {
-             return Value(std::make_shared<Selection>(self.desk(), self.selected(), self.self())->self());
+         [](Explorer& self) {
+             return std::make_shared<Selection>(self.desk(), self.selected(), self.self())->self();
          }},
         {u"AddToSelection",
          0xFC36,
          Use::method,
-         {{u"Item", Takes::object}},
-         [](Explorer& self, const Arguments& a) {
+         {u"Item"},
+         [](Explorer& self, const Object& item) {
              std::vector<Object> items = self.selected();
-             items.push_back(a[0].to_object());
+             items.push_back(item);
              self.select(std::move(items));
-             return Value();
          }},
-        {u"ClearSelection", 0xFC39, Use::method,
-         [](Explorer& self, const Arguments&) {
-             self.select({});
-             return Value();
-         }},
-        {u"Caption", 0x2111, Use::get,
-         [](Explorer& self, const Arguments&) { return Value(self.caption()); }},
-        {u"Left", 0x2115, Use::get_put, kept<&Explorer::left, Explorer>},
-        {u"Top", 0x2116, Use::get_put, kept<&Explorer::top, Explorer>},
-        {u"Width", 0x2117, Use::get_put, kept<&Explorer::width, Explorer>},
-        {u"Height", 0x2114, Use::get_put, kept<&Explorer::height, Explorer>},
-        {u"WindowState", 0x2112, Use::get_put, kept<&Explorer::window_state, Explorer>},
-        {u"Display", 0x2104, Use::method, done<&Explorer::activate>},
-        {u"Activate", 0x2113, Use::method, done<&Explorer::activate>},
-        {u"Close", 0x2103, Use::method, done<&Explorer::close_window>},
+        {u"ClearSelection", 0xFC39, Use::method, [](Explorer& self) { self.select({}); }},
+        {u"Caption", 0x2111, Use::get, calls<&Explorer::caption>},
+        {u"Left", 0x2115, kept<&Explorer::left, Explorer>},
+        {u"Top", 0x2116, kept<&Explorer::top, Explorer>},
+        {u"Width", 0x2117, kept<&Explorer::width, Explorer>},
+        {u"Height", 0x2114, kept<&Explorer::height, Explorer>},
+        {u"WindowState", 0x2112, kept<&Explorer::window_state, Explorer>},
+        {u"Display", 0x2104, Use::method, calls<&Explorer::activate>},
+        {u"Activate", 0x2113, Use::method, calls<&Explorer::activate>},
+        {u"Close", 0x2103, Use::method, calls<&Explorer::close_window>},
     };
     return table;
 }
@@ -205,20 +190,17 @@ void Explorers::show(RowId folder) {
 
 const automation::Members<Explorers>& Explorers::members() {
     static const automation::Members<Explorers> table{
-        {u"Count", 0x50, Use::get,
-         [](Explorers& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.open.size()));
-         }},
+        {u"Count", 0x50, Use::get, [](Explorers& self) { return self.open.size(); }},
         {u"Item",
          0x51,
          Use::method,
-         {{u"Index"}},
-         [](Explorers& self, const Arguments& a) { return Value(numbered(self.open, a[0])->self()); }},
+         {u"Index"},
+         [](Explorers& self, const Value& index) { return numbered(self.open, index)->self(); }},
         {u"Add",
          0x5F,
          Use::method,
-         {{u"Folder"}, {u"DisplayMode", Takes::value, true}},
-         [](Explorers& self, const Arguments& a) { return Value(self.make(folder_of(a[0]).id())); }},
+         {u"Folder", u"DisplayMode"},
+         [](Explorers& self, const Value& folder, Ignored) { return self.make(folder_of(folder).id()); }},
     };
     return table;
 }

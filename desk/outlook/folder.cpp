@@ -14,10 +14,10 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
+using automation::Ignored;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::Use;
 using automation::Value;
@@ -110,90 +110,73 @@ Object Folder::copy_to(RowId target) {
 
 const automation::Members<Folder>& Folder::members() {
     static const automation::Members<Folder> table{
-        {u"Name", 0x3001, Use::get_put,
-         [](Folder& self, const Arguments& a) {
-             if (a.is_put()) self.rename(a.assigned().to_text());
-             return Value(self.stored().name);
-         }},
+        {u"Name", 0x3001, [](Folder& self) { return self.stored().name; }, calls<&Folder::rename>},
         {u"EntryID", 0xF01E, Use::get,
-         [](Folder& self, const Arguments&) {
+         [](Folder& self) {
              self.stored();
-             return Value(self.desk().folder_entry_id(self.id()));
+             return self.desk().folder_entry_id(self.id());
          }},
         {u"StoreID", 0x3108, Use::get,
-         [](Folder& self, const Arguments&) {
+         [](Folder& self) {
              self.stored();
-             return Value(self.desk().store_uid(self.id()));
+             return self.desk().store_uid(self.id());
          }},
         {u"Folders", 0x2103, Use::get,
-         [](Folder& self, const Arguments&) {
+         [](Folder& self) {
              self.stored();
-             return Value(std::make_shared<FoldersCollection>(self.desk(), self.id())->self());
+             return std::make_shared<FoldersCollection>(self.desk(), self.id())->self();
          }},
         {u"Items", 0x3100, Use::get,
-         [](Folder& self, const Arguments&) {
+         [](Folder& self) {
              self.stored();
-             return Value(std::make_shared<Items>(self.desk(), self.id())->self());
+             return std::make_shared<Items>(self.desk(), self.id())->self();
          }},
-        {u"DefaultItemType", 0x3106, Use::get,
-         [](Folder& self, const Arguments&) { return Value(self.stored().item_type); }},
-        {u"DefaultMessageClass", 0x3107, Use::get,
-         [](Folder& self, const Arguments&) { return Value(self.stored().default_class); }},
-        {u"Description", 0x3004, Use::get_put,
-         [](Folder& self, const Arguments& a) {
-             if (a.is_put()) {
-                 FolderRow described = self.stored();
-                 described.description = a.assigned().to_text();
-                 self.desk().change_folder(described);
-             }
-             return Value(self.stored().description);
+        {u"DefaultItemType", 0x3106, Use::get, [](Folder& self) { return self.stored().item_type; }},
+        {u"DefaultMessageClass", 0x3107, Use::get, [](Folder& self) { return self.stored().default_class; }},
+        {u"Description", 0x3004, [](Folder& self) { return self.stored().description; },
+         [](Folder& self, const Text& given) {
+             FolderRow described = self.stored();
+             described.description = given;
+             self.desk().change_folder(described);
          }},
         {u"UnReadItemCount", 0x3603, Use::get,
-         [](Folder& self, const Arguments&) {
+         [](Folder& self) {
              self.stored();
-             return Value(static_cast<std::int32_t>(self.desk().store().unread(self.id())));
+             return static_cast<std::int32_t>(self.desk().store().unread(self.id()));
          }},
         {u"PropertyAccessor", 0xFAFD, Use::get,
-         [](Folder& self, const Arguments&) {
+         [](Folder& self) {
              self.stored();
-             return Value(PropertyAccessor::of_folder(self.desk(), self.id())->self());
+             return PropertyAccessor::of_folder(self.desk(), self.id())->self();
          }},
         {u"UserDefinedProperties", 0xF816, Use::get,
-         [](Folder& self, const Arguments&) {
+         [](Folder& self) {
              self.stored();
-             return Value(std::make_shared<UserDefinedProperties>(self.desk(), self.id())->self());
+             return std::make_shared<UserDefinedProperties>(self.desk(), self.id())->self();
          }},
-        {u"FolderPath", 0xFA78, Use::get, [](Folder& self, const Arguments&) { return Value(self.path()); }},
-        {u"FullFolderPath", 0xFA91, Use::get,
-         [](Folder& self, const Arguments&) { return Value(self.path()); }},
+        {u"FolderPath", 0xFA78, Use::get, calls<&Folder::path>},
+        {u"FullFolderPath", 0xFA91, Use::get, calls<&Folder::path>},
         {u"CopyTo",
          0xF032,
          Use::method,
-         {{u"DestinationFolder", Takes::object}},
-         [](Folder& self, const Arguments& a) { return Value(self.copy_to(folder_of(a[0]).id())); }},
+         {u"DestinationFolder"},
+         [](Folder& self, const Object& destination_folder) {
+             return self.copy_to(folder_of(destination_folder).id());
+         }},
         {u"MoveTo",
          0xF034,
          Use::method,
-         {{u"DestinationFolder", Takes::object}},
-         [](Folder& self, const Arguments& a) {
-             self.move_to(folder_of(a[0]).id());
-             return Value();
+         {u"DestinationFolder"},
+         [](Folder& self, const Object& destination_folder) {
+             self.move_to(folder_of(destination_folder).id());
          }},
-        {u"Delete", 0xF045, Use::method,
-         [](Folder& self, const Arguments&) {
-             self.remove();
-             return Value();
-         }},
-        {u"Display", 0x3104, Use::method,
-         [](Folder& self, const Arguments&) {
-             self.desk().explorers()->show(self.id());
-             return Value();
-         }},
+        {u"Delete", 0xF045, Use::method, calls<&Folder::remove>},
+        {u"Display", 0x3104, Use::method, [](Folder& self) { self.desk().explorers()->show(self.id()); }},
         {u"GetExplorer",
          0x3101,
          Use::method,
-         {{u"DisplayMode", Takes::value, true}},
-         [](Folder& self, const Arguments&) { return Value(self.desk().explorers()->make(self.id())); }},
+         {u"DisplayMode"},
+         [](Folder& self, Ignored) { return self.desk().explorers()->make(self.id()); }},
     };
     return table;
 }
@@ -233,7 +216,7 @@ Object FoldersCollection::at(const Value& index) const {
     return std::make_shared<Folder>(desk(), all[static_cast<std::size_t>(wanted - 1)])->self();
 }
 
-Object FoldersCollection::add(const Text& folder_name, const Value& type) {
+Object FoldersCollection::add(const Text& folder_name, const std::optional<Value>& type) {
     if (parent_ == 0) throw Failure(result::access_denied, u"Stores can't be added here.");
     ids();
     check_name(desk(), parent_, folder_name);
@@ -246,8 +229,8 @@ Object FoldersCollection::add(const Text& folder_name, const Value& type) {
     row.parent = parent_;
     row.name = folder_name;
     row.item_type = desk().existing_folder(parent_).item_type;
-    if (!type.is_missing()) {
-        const std::int32_t number = type.to_integer();
+    if (type) {
+        const std::int32_t number = type->to_integer();
         const auto found = std::ranges::find(types, number, &TypeRow::number);
         if (found == std::end(types))
             throw Failure(result::invalid_argument, u"There is no type of folder with that number.");
@@ -269,18 +252,9 @@ Object FoldersCollection::step(std::int32_t to) {
 const automation::Members<FoldersCollection>& FoldersCollection::members() {
     using Self = FoldersCollection;
     static const automation::Members<Self> table{
-        {u"Count", 0x50, Use::get,
-         [](Self& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.ids().size())); }},
-        {u"Item",
-         0x51,
-         Use::method,
-         {{u"Index"}},
-         [](Self& self, const Arguments& a) { return Value(self.at(a[0])); }},
-        {u"Add",
-         0x5F,
-         Use::method,
-         {{u"Name", Takes::text}, {u"Type", Takes::value, true}},
-         [](Self& self, const Arguments& a) { return Value(self.add(a[0].to_text(), a[1])); }},
+        {u"Count", 0x50, Use::get, [](Self& self) { return self.ids().size(); }},
+        {u"Item", 0x51, Use::method, {u"Index"}, calls<&Self::at>},
+        {u"Add", 0x5F, Use::method, {u"Name", u"Type"}, calls<&Self::add>},
         {u"GetFirst", 0x56, Use::method, first<Self>},
         {u"GetLast", 0x58, Use::method, last<Self>},
         {u"GetNext", 0x57, Use::method, next<Self>},
@@ -288,11 +262,8 @@ const automation::Members<FoldersCollection>& FoldersCollection::members() {
         {u"Remove",
          0x54,
          Use::method,
-         {{u"Index", Takes::integer}},
-         [](Self& self, const Arguments& a) {
-             folder_of(Value(self.at(a[0]))).remove();
-             return Value();
-         }},
+         {u"Index"},
+         [](Self& self, std::int32_t index) { folder_of(Value(self.at(index))).remove(); }},
     };
     return table;
 }

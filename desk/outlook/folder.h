@@ -48,7 +48,7 @@ class FoldersCollection : public ModelObject<FoldersCollection> {
 
     std::vector<RowId> ids() const;
     automation::Object at(const automation::Value& index) const;  ///< by number from 1, or by name
-    automation::Object add(const automation::Text& folder_name, const automation::Value& type);
+    automation::Object add(const automation::Text& folder_name, const std::optional<automation::Value>& type);
     automation::Object step(std::int32_t to);  ///< the folder at that place, or Nothing
     std::int32_t place = 0;                    ///< of the last one that GetFirst and so on gave
 

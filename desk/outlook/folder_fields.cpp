@@ -7,11 +7,11 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
+using automation::Ignored;
 using automation::no_id;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::Use;
 using automation::Value;
@@ -75,34 +75,17 @@ void UserDefinedProperties::remove(std::int32_t place) {
 const automation::Members<UserDefinedProperties>& UserDefinedProperties::members() {
     using Self = UserDefinedProperties;
     static const automation::Members<Self> table{
-        {u"Count", 0x50, Use::get,
-         [](Self& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.fields().size())); }},
-        {u"Item",
-         0x51,
-         Use::method,
-         {{u"Index"}},
-         [](Self& self, const Arguments& a) { return Value(self.at(a[0])); }},
+        {u"Count", 0x50, Use::get, [](Self& self) { return self.fields().size(); }},
+        {u"Item", 0x51, Use::method, {u"Index"}, calls<&Self::at>},
         {u"Add",
          no_id,
          Use::method,
-         {{u"Name", Takes::text},
-          {u"Type", Takes::integer},
-          {u"DisplayFormat", Takes::value, true},
-          {u"Formula", Takes::value, true}},
-         [](Self& self, const Arguments& a) { return Value(self.add(a[0].to_text(), a[1].to_integer())); }},
-        {u"Find",
-         no_id,
-         Use::method,
-         {{u"Name", Takes::text}},
-         [](Self& self, const Arguments& a) { return Value(self.find(a[0].to_text())); }},
-        {u"Remove",
-         no_id,
-         Use::method,
-         {{u"Index", Takes::integer}},
-         [](Self& self, const Arguments& a) {
-             self.remove(a[0].to_integer());
-             return Value();
+         {u"Name", u"Type", u"DisplayFormat", u"Formula"},
+         [](Self& self, const Text& name, std::int32_t type, Ignored, Ignored) {
+             return self.add(name, type);
          }},
+        {u"Find", no_id, Use::method, {u"Name"}, calls<&Self::find>},
+        {u"Remove", no_id, Use::method, {u"Index"}, calls<&Self::remove>},
     };
     return table;
 }
@@ -129,13 +112,9 @@ void UserDefinedProperty::remove() {
 const automation::Members<UserDefinedProperty>& UserDefinedProperty::members() {
     using Self = UserDefinedProperty;
     static const automation::Members<Self> table{
-        {u"Name", no_id, Use::get, [](Self& self, const Arguments&) { return Value(self.field().name); }},
-        {u"Type", no_id, Use::get, [](Self& self, const Arguments&) { return Value(self.field().type); }},
-        {u"Delete", no_id, Use::method,
-         [](Self& self, const Arguments&) {
-             self.remove();
-             return Value();
-         }},
+        {u"Name", no_id, Use::get, [](Self& self) { return self.field().name; }},
+        {u"Type", no_id, Use::get, [](Self& self) { return self.field().type; }},
+        {u"Delete", no_id, Use::method, calls<&Self::remove>},
     };
     return table;
 }

@@ -10,10 +10,10 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
+using automation::Ignored;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -93,9 +93,7 @@ void Inspector::add_own_controls() {
     CommandBar& standard = *bars_->named(CommandBars::standard);
     const std::weak_ptr<CommandBars> bars = bars_;
     for (const OwnButton& button : own_buttons) {
-        if (!button.is_on(*item_) ||
-            standard.find({automation::Missing{}, button.id, automation::Missing{}, automation::Missing{}}))
-            continue;
+        if (!button.is_on(*item_) || standard.find({.id = button.id})) continue;
         standard.add_own(button.id, button.caption,
                          [&desk = desk(), bars, action = button.action] { run_button(desk, bars, action); });
     }
@@ -167,33 +165,20 @@ void Inspector::close_window() {
 
 const automation::Members<Inspector>& Inspector::members() {
     static const automation::Members<Inspector> table{
-        {u"CommandBars", 0x2100, Use::get,
-         [](Inspector& self, const Arguments&) { return Value(self.bars()->self()); }},
-        {u"CurrentItem", 0x2102, Use::get,
-         [](Inspector& self, const Arguments&) { return Value(self.item()->self()); }},
-        {u"Caption", 0x2111, Use::get,
-         [](Inspector& self, const Arguments&) { return Value(self.caption()); }},
-        {u"IsWordMail", 0x2105, Use::method,
-         [](Inspector& self, const Arguments&) { return Value(self.is_word_mail()); }},
+        {u"CommandBars", 0x2100, Use::get, [](Inspector& self) { return self.bars()->self(); }},
+        {u"CurrentItem", 0x2102, Use::get, [](Inspector& self) { return self.item()->self(); }},
+        {u"Caption", 0x2111, Use::get, calls<&Inspector::caption>},
+        {u"IsWordMail", 0x2105, Use::method, calls<&Inspector::is_word_mail>},
         {u"EditorType", 0x2110, Use::get,
-         [](Inspector& self, const Arguments&) {
-             return Value(self.is_word_mail() ? editor_word : editor_text);
-         }},
-        {u"Left", 0x2115, Use::get_put, kept<&Inspector::left, Inspector>},
-        {u"Top", 0x2116, Use::get_put, kept<&Inspector::top, Inspector>},
-        {u"Width", 0x2117, Use::get_put, kept<&Inspector::width, Inspector>},
-        {u"Height", 0x2114, Use::get_put, kept<&Inspector::height, Inspector>},
-        {u"WindowState", 0x2112, Use::get_put, kept<&Inspector::window_state, Inspector>},
-        {u"Display", 0x2104, Use::method, {{u"Modal", Takes::value, true}}, done<&Inspector::display>},
-        {u"Activate", 0x2113, Use::method, done<&Inspector::display>},
-        {u"Close",
-         0x2103,
-         Use::method,
-         {{u"SaveMode", Takes::integer}},
-         [](Inspector& self, const Arguments& a) {
-             self.close(a[0].to_integer());
-             return Value();
-         }},
+         [](Inspector& self) { return self.is_word_mail() ? editor_word : editor_text; }},
+        {u"Left", 0x2115, kept<&Inspector::left, Inspector>},
+        {u"Top", 0x2116, kept<&Inspector::top, Inspector>},
+        {u"Width", 0x2117, kept<&Inspector::width, Inspector>},
+        {u"Height", 0x2114, kept<&Inspector::height, Inspector>},
+        {u"WindowState", 0x2112, kept<&Inspector::window_state, Inspector>},
+        {u"Display", 0x2104, Use::method, {u"Modal"}, [](Inspector& self, Ignored) { self.display(); }},
+        {u"Activate", 0x2113, Use::method, calls<&Inspector::display>},
+        {u"Close", 0x2103, Use::method, {u"SaveMode"}, calls<&Inspector::close>},
     };
     return table;
 }
@@ -219,23 +204,20 @@ std::shared_ptr<Inspector> Inspectors::with(const CommandBars& bars) const {
 
 const automation::Members<Inspectors>& Inspectors::members() {
     static const automation::Members<Inspectors> table{
-        {u"Count", 0x50, Use::get,
-         [](Inspectors& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.open.size()));
-         }},
+        {u"Count", 0x50, Use::get, [](Inspectors& self) { return self.open.size(); }},
         {u"Item",
          0x51,
          Use::method,
-         {{u"Index"}},
-         [](Inspectors& self, const Arguments& a) { return Value(numbered(self.open, a[0])->self()); }},
+         {u"Index"},
+         [](Inspectors& self, const Value& index) { return numbered(self.open, index)->self(); }},
         {u"Add",
          0x5F,
          Use::method,
-         {{u"Item", Takes::object}},
-         [](Inspectors&, const Arguments& a) {
-             const auto item = std::dynamic_pointer_cast<desk::Item>(a[0].to_object().target());
-             if (!item) throw Failure(result::type_mismatch, u"An item is expected.");
-             return Value(item->inspector()->self());
+         {u"Item"},
+         [](Inspectors&, const Object& given) {
+ const auto item = std::dynamic_pointer_cast<desk::Item>(given.target());
+ if (!item) throw Failure(result::type_mismatch, u"An item is expected.");
+             return item->inspector()->self();
          }},
     };
     return table;

@@ -6,7 +6,7 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
 using automation::Text;
 using automation::Use;
@@ -44,15 +44,8 @@ automation::Object ItemProperties::at(const Value& index) const {
 
 const automation::Members<ItemProperties>& ItemProperties::members() {
     static const automation::Members<ItemProperties> table{
-        {u"Count", 0x50, Use::get,
-         [](ItemProperties& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.names().size()));
-         }},
-        {u"Item",
-         0x0,
-         Use::method,
-         {{u"Index"}},
-         [](ItemProperties& self, const Arguments& a) { return Value(self.at(a[0])); }},
+        {u"Count", 0x50, Use::get, [](ItemProperties& self) { return self.names().size(); }},
+        {u"Item", 0x0, Use::method, {u"Index"}, calls<&ItemProperties::at>},
     };
     return table;
 }
@@ -72,15 +65,11 @@ Value ItemProperty::ask(automation::Access access, std::vector<Value> arguments)
 
 const automation::Members<ItemProperty>& ItemProperty::members() {
     static const automation::Members<ItemProperty> table{
-        {u"Value", 0x0, Use::get_put,
-         [](ItemProperty& self, const Arguments& a) {
-             if (a.is_put()) return self.ask(automation::Access::put, {a.assigned()});
-             return self.ask(automation::Access::get, {});
-         }},
-        {u"Name", 0x70, Use::get,
-         [](ItemProperty& self, const Arguments&) { return Value(self.property_name()); }},
+        {u"Value", 0x0, [](ItemProperty& self) { return self.ask(automation::Access::get, {}); },
+         [](ItemProperty& self, const Value& given) { self.ask(automation::Access::put, {given}); }},
+        {u"Name", 0x70, Use::get, calls<&ItemProperty::property_name>},
         {u"IsUserProperty", 0xFA08, Use::get,
-         [](ItemProperty& self, const Arguments&) { return Value(static_cast<bool>(self.user_property())); }},
+         [](ItemProperty& self) { return static_cast<bool>(self.user_property()); }},
     };
     return table;
 }

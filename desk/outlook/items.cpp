@@ -11,10 +11,9 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -111,16 +110,16 @@ Object Items::at(const Value& index) {
     return desk().existing_item(all[static_cast<std::size_t>(wanted - 1)])->self();
 }
 
-Object Items::add(const Value& type) {
+Object Items::add(const std::optional<Value>& type) {
     const FolderRow& row = desk().existing_folder(folder_);
     ItemData data;
-    if (type.is_missing()) {
+    if (!type) {
         data.message_class = row.default_class;
-    } else if (type.is(Value::Type::text)) {
-        data.message_class = type.to_text();
+    } else if (type->is(Value::Type::text)) {
+        data.message_class = type->to_text();
         if (data.message_class.empty()) data.message_class = row.default_class;
     } else {
-        data.message_class = Text(kind_of_type(type.to_integer()).base_class);
+        data.message_class = Text(kind_of_type(type->to_integer()).base_class);
     }
     return std::make_shared<Item>(desk(), folder_, std::move(data))->self();
 }
@@ -218,30 +217,12 @@ void Items::sort(const Text& property, bool descending) {
 
 const automation::Members<Items>& Items::members() {
     static const automation::Members<Items> table{
-        {u"Count", 0x50, Use::get,
-         [](Items& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.ids().size())); }},
-        {u"Item",
-         0x51,
-         Use::method,
-         {{u"Index"}},
-         [](Items& self, const Arguments& a) { return Value(self.at(a[0])); }},
-        {u"Add",
-         0x5F,
-         Use::method,
-         {{u"Type", Takes::value, true}},
-         [](Items& self, const Arguments& a) { return Value(self.add(a[0])); }},
-        {u"Find",
-         0x62,
-         Use::method,
-         {{u"Filter", Takes::text}},
-         [](Items& self, const Arguments& a) { return Value(self.find(a[0].to_text())); }},
-        {u"FindNext", 0x63, Use::method,
-         [](Items& self, const Arguments&) { return Value(self.find_next()); }},
-        {u"Restrict",
-         0x64,
-         Use::method,
-         {{u"Filter", Takes::text}},
-         [](Items& self, const Arguments& a) { return Value(self.restricted(a[0].to_text())); }},
+        {u"Count", 0x50, Use::get, [](Items& self) { return self.ids().size(); }},
+        {u"Item", 0x51, Use::method, {u"Index"}, calls<&Items::at>},
+        {u"Add", 0x5F, Use::method, {u"Type"}, calls<&Items::add>},
+        {u"Find", 0x62, Use::method, {u"Filter"}, calls<&Items::find>},
+        {u"FindNext", 0x63, Use::method, calls<&Items::find_next>},
+        {u"Restrict", 0x64, Use::method, {u"Filter"}, calls<&Items::restricted>},
         {u"GetFirst", 0x56, Use::method, first<Items>},
         {u"GetLast", 0x58, Use::method, last<Items>},
         {u"GetNext", 0x57, Use::method, next<Items>},
@@ -249,31 +230,22 @@ const automation::Members<Items>& Items::members() {
         {u"Remove",
          0x54,
          Use::method,
-         {{u"Index", Takes::integer}},
-         [](Items& self, const Arguments& a) {
-             const Object item = self.at(a[0]);
+         {u"Index"},
+         [](Items& self, std::int32_t index) {
+             const Object item = self.at(index);
              item.call(u"Delete");
-             return Value();
          }},
         {u"Sort",
          0x61,
          Use::method,
-         {{u"Property", Takes::text}, {u"Descending", Takes::boolean, true}},
-         [](Items& self, const Arguments& a) {
-             self.sort(a[0].to_text(), a.has(1) && a[1].to_boolean());
-             return Value();
+         {u"Property", u"Descending"},
+         [](Items& self, const Text& property, std::optional<bool> descending) {
+             self.sort(property, descending.value_or(false));
          }},
-        {u"IncludeRecurrences", 0xCE, Use::get_put,
-         [](Items& self, const Arguments& a) {
-             if (a.is_put()) self.include_recurrences = a.assigned().to_boolean();
-             return Value(self.include_recurrences);
-         }},
-        {u"SetColumns",
-         0x5C,
-         Use::method,
-         {{u"Columns", Takes::text}},
-         [](Items&, const Arguments&) { return Value(); }},
-        {u"ResetColumns", 0x5D, Use::method, [](Items&, const Arguments&) { return Value(); }},
+        {u"IncludeRecurrences", 0xCE, [](Items& self) { return self.include_recurrences; },
+         [](Items& self, bool given) { self.include_recurrences = given; }},
+        {u"SetColumns", 0x5C, Use::method, {u"Columns"}, [](Items&, const Text&) {}},
+        {u"ResetColumns", 0x5D, Use::method, [](Items&) {}},
     };
     return table;
 }

@@ -27,7 +27,7 @@ class Items : public ModelObject<Items> {
     const std::vector<RowId>& ids();
 
     automation::Object at(const automation::Value& index);
-    automation::Object add(const automation::Value& type);
+    automation::Object add(const std::optional<automation::Value>& type);
     automation::Object find(const automation::Text& filter);
     automation::Object find_next();
     automation::Object restricted(const automation::Text& filter);

@@ -9,10 +9,10 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
+using automation::Ignored;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::Use;
 using automation::Value;
@@ -27,9 +27,9 @@ Text text_field(const ItemData& item, automation::TextView field) {
 }
 
 /// The store that an id names must be the one that the object lies in; an omitted one is no restriction.
-void check_store(Desk& desk, RowId folder, const Value& store) {
-    if (store.is_missing()) return;
-    const Text named = store.to_text();
+void check_store(Desk& desk, RowId folder, const std::optional<Value>& store) {
+    if (!store) return;
+    const Text named = store->to_text();
     if (!named.empty() && !automation::same_ignoring_case(named, desk.store_uid(folder))) {
         throw Failure(result::not_found, u"The store does not hold an object with that id.");
     }
@@ -46,14 +46,14 @@ Object NameSpace::default_folder(std::int32_t folder_number) const {
     return std::make_shared<Folder>(desk(), id)->self();
 }
 
-Object NameSpace::folder_from_id(const Text& id, const Value& store) const {
+Object NameSpace::folder_from_id(const Text& id, const std::optional<Value>& store) const {
     const std::optional<RowId> folder = desk().folder_of_entry_id(id);
     if (!folder) throw Failure(result::not_found, u"There is no folder with that id.");
     check_store(desk(), *folder, store);
     return std::make_shared<Folder>(desk(), *folder)->self();
 }
 
-std::shared_ptr<Item> NameSpace::item_from_id(const Text& id, const Value& store) const {
+std::shared_ptr<Item> NameSpace::item_from_id(const Text& id, const std::optional<Value>& store) const {
     const std::optional<RowId> row = Desk::item_of_entry_id(id);
     std::shared_ptr<Item> item = row ? desk().open_item(*row) : nullptr;
     if (!item || !automation::same_ignoring_case(item->entry_id(), id)) {
@@ -108,60 +108,47 @@ Text NameSpace::person_id(const Person& person) {
 const automation::Members<NameSpace>& NameSpace::members() {
     static const automation::Members<NameSpace> table{
         {u"Folders", 0x2103, Use::get,
-         [](NameSpace& self, const Arguments&) {
+         [](NameSpace& self) {
              constexpr RowId top = 0;
-             return Value(std::make_shared<FoldersCollection>(self.desk(), top)->self());
+             return std::make_shared<FoldersCollection>(self.desk(), top)->self();
          }},
-        {u"Type", 0x2104, Use::get, [](NameSpace&, const Arguments&) { return Value(u"MAPI"); }},
+        {u"Type", 0x2104, Use::get, [](NameSpace&) { return u"MAPI"; }},
         {u"CurrentUser", 0x2101, Use::get,
-         [](NameSpace& self, const Arguments&) {
+         [](NameSpace& self) {
              Person user;
              user.name = self.user_name();
              user.address = u"user@tarnwell.example";
              user.address_type = u"SMTP";
              user.smtp_address = user.address;
-             return Value(std::make_shared<AddressEntry>(self.desk(), user)->self());
+             return std::make_shared<AddressEntry>(self.desk(), user)->self();
          }},
-        {u"GetDefaultFolder",
-         0x210B,
-         Use::method,
-         {{u"FolderType", Takes::integer}},
-         [](NameSpace& self, const Arguments& a) { return Value(self.default_folder(a[0].to_integer())); }},
+        {u"GetDefaultFolder", 0x210B, Use::method, {u"FolderType"}, calls<&NameSpace::default_folder>},
         {u"GetFolderFromID",
          0x2108,
          Use::method,
-         {{u"EntryIDFolder", Takes::text}, {u"EntryIDStore", Takes::value, true}},
-         [](NameSpace& self, const Arguments& a) {
-             return Value(self.folder_from_id(a[0].to_text(), a[1]));
-         }},
+         {u"EntryIDFolder", u"EntryIDStore"},
+         calls<&NameSpace::folder_from_id>},
         {u"GetItemFromID",
          0x2109,
          Use::method,
-         {{u"EntryIDItem", Takes::text}, {u"EntryIDStore", Takes::value, true}},
-         [](NameSpace& self, const Arguments& a) {
-             return Value(self.item_from_id(a[0].to_text(), a[1])->self());
+         {u"EntryIDItem", u"EntryIDStore"},
+         [](NameSpace& self, const Text& entry_id_item, const std::optional<Value>& entry_id_store) {
+             return self.item_from_id(entry_id_item, entry_id_store)->self();
          }},
-        {u"OpenSharedItem",
-         0xFBF7,
-         Use::method,
-         {{u"Path", Takes::text}},
-         [](NameSpace& self, const Arguments& a) { return Value(self.open_message_file(a[0].to_text())); }},
+        {u"OpenSharedItem", 0xFBF7, Use::method, {u"Path"}, calls<&NameSpace::open_message_file>},
         {u"CompareEntryIDs",
          0xFBFC,
          Use::method,
-         {{u"FirstEntryID", Takes::text}, {u"SecondEntryID", Takes::text}},
-         [](NameSpace&, const Arguments& a) {
-             return Value(automation::same_ignoring_case(a[0].to_text(), a[1].to_text()));
+         {u"FirstEntryID", u"SecondEntryID"},
+         [](NameSpace&, const Text& first_entry_id, const Text& second_entry_id) {
+             return automation::same_ignoring_case(first_entry_id, second_entry_id);
          }},
         {u"Logon",
          0x2105,
          Use::method,
-         {{u"Profile", Takes::value, true},
-          {u"Password", Takes::value, true},
-          {u"ShowDialog", Takes::value, true},
-          {u"NewSession", Takes::value, true}},
-         [](NameSpace&, const Arguments&) { return Value(); }},  // there is one profile, and it is logged on
-        {u"Logoff", 0x2106, Use::method, [](NameSpace&, const Arguments&) { return Value(); }},
+         {u"Profile", u"Password", u"ShowDialog", u"NewSession"},
+         [](NameSpace&, Ignored, Ignored, Ignored, Ignored) {}},  // there is one profile, and it is logged on
+        {u"Logoff", 0x2106, Use::method, [](NameSpace&) {}},
     };
     return table;
 }

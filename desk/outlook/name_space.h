@@ -19,10 +19,12 @@ class NameSpace : public ModelObject<NameSpace> {
     automation::Object parent() const override;
 
     automation::Object default_folder(std::int32_t folder_number) const;
-    automation::Object folder_from_id(const automation::Text& id, const automation::Value& store) const;
+    automation::Object folder_from_id(const automation::Text& id,
+                                      const std::optional<automation::Value>& store) const;
 
     /// Throws `result::not_found` for an id that names no item, or none of that store.
-    std::shared_ptr<Item> item_from_id(const automation::Text& id, const automation::Value& store) const;
+    std::shared_ptr<Item> item_from_id(const automation::Text& id,
+                                       const std::optional<automation::Value>& store) const;
 
     automation::Object open_message_file(const automation::Text& path) const;
 

@@ -10,9 +10,7 @@
 
 namespace desk {
 
-using automation::Arguments;
 using automation::Failure;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -92,16 +90,13 @@ const automation::Members<PropertyAccessor>& PropertyAccessor::members() {
         {u"GetProperty",
          0xFAFE,
          Use::method,
-         {{u"SchemaName", Takes::text}},
-         [](PropertyAccessor& self, const Arguments& a) { return self.value(a[0].to_text()); }},
+         {u"SchemaName"},
+         [](PropertyAccessor& self, const Text& address) { return self.value(address); }},
         {u"SetProperty",
          0xFAFF,
          Use::method,
-         {{u"SchemaName", Takes::text}, {u"Value"}},
-         [](PropertyAccessor& self, const Arguments& a) {
-             self.value(a[0].to_text(), a[1]);
-             return Value();
-         }},
+         {u"SchemaName", u"Value"},
+         [](PropertyAccessor& self, const Text& address, const Value& given) { self.value(address, given); }},
     };
     return table;
 }

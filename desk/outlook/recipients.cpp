@@ -8,9 +8,8 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -96,33 +95,23 @@ bool Recipients::resolve_all() {
 
 const automation::Members<Recipients>& Recipients::members() {
     static const automation::Members<Recipients> table{
-        {u"Count", 0x50, Use::get,
-         [](Recipients& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.item().data().recipients.size()));
-         }},
+        {u"Count", 0x50, Use::get, [](Recipients& self) { return self.item().data().recipients.size(); }},
         {u"Item",
          0x51,
          Use::method,
-         {{u"Index"}},
-         [](Recipients& self, const Arguments& a) {
-             return Value(a[0].is(Value::Type::text) ? self.named(a[0].to_text())
-                                                     : self.at(a[0].to_integer()));
+         {u"Index"},
+         [](Recipients& self, const Value& index) {
+             return index.is(Value::Type::text) ? self.named(index.to_text()) : self.at(index.to_integer());
          }},
-        {u"Add",
-         0x6F,
-         Use::method,
-         {{u"Name", Takes::text}},
-         [](Recipients& self, const Arguments& a) { return Value(self.add(a[0].to_text())); }},
+        {u"Add", 0x6F, Use::method, {u"Name"}, calls<&Recipients::add>},
         {u"Remove",
          0x54,
          Use::method,
-         {{u"Index", Takes::integer}},
-         [](Recipients& self, const Arguments& a) {
-             std::dynamic_pointer_cast<Recipient>(self.at(a[0].to_integer()).target())->remove();
-             return Value();
+         {u"Index"},
+         [](Recipients& self, std::int32_t index) {
+             std::dynamic_pointer_cast<Recipient>(self.at(index).target())->remove();
          }},
-        {u"ResolveAll", 0x7E, Use::method,
-         [](Recipients& self, const Arguments&) { return Value(self.resolve_all()); }},
+        {u"ResolveAll", 0x7E, Use::method, calls<&Recipients::resolve_all>},
     };
     return table;
 }
@@ -158,36 +147,21 @@ void Recipient::remove() {
 
 const automation::Members<Recipient>& Recipient::members() {
     static const automation::Members<Recipient> table{
-        {u"Name", 0x3001, Use::get,
-         [](Recipient& self, const Arguments&) { return Value(self.person().name); }},
-        {u"Address", 0x3003, Use::get,
-         [](Recipient& self, const Arguments&) { return Value(self.person().address); }},
+        {u"Name", 0x3001, Use::get, [](Recipient& self) { return self.person().name; }},
+        {u"Address", 0x3003, Use::get, [](Recipient& self) { return self.person().address; }},
         {u"AddressEntry", 0x79, Use::get,
-         [](Recipient& self, const Arguments&) {
-             return Value(std::make_shared<AddressEntry>(self.desk(), self.person())->self());
-         }},
-        {u"Index", 0x5B, Use::get, [](Recipient& self, const Arguments&) { return Value(self.index()); }},
-        {u"Parent", 0x6D, Use::get, [](Recipient& self, const Arguments&) { return Value(self.parent()); }},
-        {u"EntryID", 0xF01E, Use::get,
-         [](Recipient& self, const Arguments&) { return Value(NameSpace::person_id(self.person())); }},
-        {u"Type", 0x0C15, Use::get_put,
-         [](Recipient& self, const Arguments& a) {
-             if (a.is_put()) self.kind(a.assigned().to_integer());
-             return Value(self.person().kind);
-         }},
-        {u"Resolved", 0x64, Use::get,
-         [](Recipient& self, const Arguments&) { return Value(self.person().resolved); }},
-        {u"DisplayType", 0x3900, Use::get, [](Recipient&, const Arguments&) { return Value(0); }},
-        {u"Resolve", 0x71, Use::method,
-         [](Recipient& self, const Arguments&) { return Value(self.resolve()); }},
-        {u"Delete", 0x6E, Use::method,
-         [](Recipient& self, const Arguments&) {
-             self.remove();
-             return Value();
-         }},
+         [](Recipient& self) { return std::make_shared<AddressEntry>(self.desk(), self.person())->self(); }},
+        {u"Index", 0x5B, Use::get, calls<&Recipient::index>},
+        {u"Parent", 0x6D, Use::get, calls<&Recipient::parent>},
+        {u"EntryID", 0xF01E, Use::get, [](Recipient& self) { return NameSpace::person_id(self.person()); }},
+        {u"Type", 0x0C15, [](Recipient& self) { return self.person().kind; }, calls<&Recipient::kind>},
+        {u"Resolved", 0x64, Use::get, [](Recipient& self) { return self.person().resolved; }},
+        {u"DisplayType", 0x3900, Use::get, [](Recipient&) { return 0; }},
+        {u"Resolve", 0x71, Use::method, calls<&Recipient::resolve>},
+        {u"Delete", 0x6E, Use::method, calls<&Recipient::remove>},
         {u"PropertyAccessor", 0xFAFD, Use::get,
-         [](Recipient& self, const Arguments&) {
-             return Value(PropertyAccessor::of_person(self.desk(), self.person(), self.self())->self());
+         [](Recipient& self) {
+             return PropertyAccessor::of_person(self.desk(), self.person(), self.self())->self();
          }},
     };
     return table;
@@ -197,18 +171,14 @@ automation::Object AddressEntry::parent() const { return desk().name_space()->se
 
 const automation::Members<AddressEntry>& AddressEntry::members() {
     static const automation::Members<AddressEntry> table{
-        {u"Name", 0x3001, Use::get,
-         [](AddressEntry& self, const Arguments&) { return Value(self.person().name); }},
-        {u"Address", 0x3003, Use::get,
-         [](AddressEntry& self, const Arguments&) { return Value(self.person().address); }},
-        {u"Type", 0x3002, Use::get,
-         [](AddressEntry& self, const Arguments&) { return Value(self.person().address_type); }},
-        {u"ID", 0xF01E, Use::get,
-         [](AddressEntry& self, const Arguments&) { return Value(NameSpace::person_id(self.person())); }},
-        {u"DisplayType", 0x3900, Use::get, [](AddressEntry&, const Arguments&) { return Value(0); }},
+        {u"Name", 0x3001, Use::get, [](AddressEntry& self) { return self.person().name; }},
+        {u"Address", 0x3003, Use::get, [](AddressEntry& self) { return self.person().address; }},
+        {u"Type", 0x3002, Use::get, [](AddressEntry& self) { return self.person().address_type; }},
+        {u"ID", 0xF01E, Use::get, [](AddressEntry& self) { return NameSpace::person_id(self.person()); }},
+        {u"DisplayType", 0x3900, Use::get, [](AddressEntry&) { return 0; }},
         {u"PropertyAccessor", 0xFAFD, Use::get,
-         [](AddressEntry& self, const Arguments&) {
-             return Value(PropertyAccessor::of_person(self.desk(), self.person(), self.self())->self());
+         [](AddressEntry& self) {
+             return PropertyAccessor::of_person(self.desk(), self.person(), self.self())->self();
          }},
     };
     return table;

@@ -6,9 +6,9 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
-using automation::Takes;
+using automation::Ignored;
 using automation::Text;
 using automation::Use;
 using automation::Value;
@@ -113,37 +113,27 @@ automation::Object UserProperties::add(const Text& property_name, std::int32_t t
 const automation::Members<UserProperties>& UserProperties::members() {
     static const automation::Members<UserProperties> table{
         {u"Count", 0x50, Use::get,
-         [](UserProperties& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.item().data().user_properties.size()));
-         }},
-        {u"Item",
-         0x51,
-         Use::method,
-         {{u"Index"}},
-         [](UserProperties& self, const Arguments& a) { return Value(self.at(a[0])); }},
+         [](UserProperties& self) { return self.item().data().user_properties.size(); }},
+        {u"Item", 0x51, Use::method, {u"Index"}, calls<&UserProperties::at>},
         {u"Add",
          0x66,
          Use::method,
-         {{u"Name", Takes::text},
-          {u"Type", Takes::integer},
-          {u"AddToFolderFields", Takes::boolean, true},
-          {u"DisplayFormat", Takes::value, true}},
-         [](UserProperties& self, const Arguments& a) {
-             return Value(self.add(a[0].to_text(), a[1].to_integer(), !a.has(2) || a[2].to_boolean()));
-         }},
+         {u"Name", u"Type", u"AddToFolderFields", u"DisplayFormat"},
+         [](UserProperties& self, const Text& name, std::int32_t type,
+            std::optional<bool> add_to_folder_fields,
+            Ignored) { return self.add(name, type, add_to_folder_fields.value_or(true)); }},
         {u"Find",
          0x67,
          Use::method,
-         {{u"Name", Takes::text}, {u"Custom", Takes::value, true}},
-         [](UserProperties& self, const Arguments& a) { return Value(self.property(a[0].to_text())); }},
+         {u"Name", u"Custom"},
+         [](UserProperties& self, const Text& name, Ignored) { return self.property(name); }},
         {u"Remove",
          0x52,
          Use::method,
-         {{u"Index", Takes::integer}},
-         [](UserProperties& self, const Arguments& a) {
-             auto found = std::dynamic_pointer_cast<UserProperty>(self.at(a[0]).target());
+         {u"Index"},
+         [](UserProperties& self, std::int32_t index) {
+             auto found = std::dynamic_pointer_cast<UserProperty>(self.at(index).target());
              found->remove();
-             return Value();
          }},
     };
     return table;
@@ -179,21 +169,12 @@ void UserProperty::remove() {
 
 const automation::Members<UserProperty>& UserProperty::members() {
     static const automation::Members<UserProperty> table{
-        {u"Value", 0x0, Use::get_put,
-         [](UserProperty& self, const Arguments& a) {
-             if (a.is_put()) self.value(a.assigned());
-             return a.is_put() ? Value() : self.value();
-         }},
-        {u"Name", 0x70, Use::get,
-         [](UserProperty& self, const Arguments&) { return Value(self.data().name); }},
-        {u"Type", 0x6D, Use::get,
-         [](UserProperty& self, const Arguments&) { return Value(self.data().type); }},
-        {u"IsUserProperty", 0xFA08, Use::get, [](UserProperty&, const Arguments&) { return Value(true); }},
-        {u"Delete", 0x6C, Use::method,
-         [](UserProperty& self, const Arguments&) {
-             self.remove();
-             return Value();
-         }},
+        {u"Value", 0x0, [](UserProperty& self) { return self.value(); },
+         [](UserProperty& self, const Value& given) { self.value(given); }},
+        {u"Name", 0x70, Use::get, [](UserProperty& self) { return self.data().name; }},
+        {u"Type", 0x6D, Use::get, [](UserProperty& self) { return self.data().type; }},
+        {u"IsUserProperty", 0xFA08, Use::get, [](UserProperty&) { return true; }},
+        {u"Delete", 0x6C, Use::method, calls<&UserProperty::remove>},
     };
     return table;
 }

@@ -7,9 +7,8 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -67,33 +66,25 @@ void AdoConnection::close() {
 
 const automation::Members<AdoConnection>& AdoConnection::members() {
     static const automation::Members<AdoConnection> table{
-        {u"ConnectionString", automation::no_id, Use::get_put,
-         [](AdoConnection& self, const Arguments& a) {
-             if (a.is_put()) self.connection_string = a.assigned().to_text();
-             return Value(self.connection_string);
-         }},
-        {u"State", automation::no_id, Use::get,
-         [](AdoConnection& self, const Arguments&) { return state(self.is_open()); }},
+        {u"ConnectionString", automation::no_id, [](AdoConnection& self) { return self.connection_string; },
+         [](AdoConnection& self, const Text& given) { self.connection_string = given; }},
+        {u"State", automation::no_id, Use::get, [](AdoConnection& self) { return state(self.is_open()); }},
         {u"Open",
          automation::no_id,
          Use::method,
-         {{u"ConnectionString", Takes::text, true},
-          {u"UserID", Takes::text, true},
-          {u"Password", Takes::text, true},
-          {u"Options", Takes::integer, true}},
-         [](AdoConnection& self, const Arguments& a) {
-             self.open(a.has(0) ? a[0].to_text() : Text());
-             return Value();
-         }},
-        {u"Close", automation::no_id, Use::method, done<&AdoConnection::close>},
+         {u"ConnectionString", u"UserID", u"Password", u"Options"},
+         [](AdoConnection& self, const std::optional<Text>& connection_string, const std::optional<Text>&,
+            const std::optional<Text>&,
+            std::optional<std::int32_t>) { self.open(connection_string.value_or(Text())); }},
+        {u"Close", automation::no_id, Use::method, calls<&AdoConnection::close>},
     };
     return table;
 }
 
-void AdoRecordset::open(const Text& command, const Value& connection) {
+void AdoRecordset::open(const Text& command, const std::optional<Value>& connection) {
     if (is_open_) throw Failure(ado_error::object_open, u"The recordset is open.");
-    const auto through = connection.is(Value::Type::object)
-                             ? std::dynamic_pointer_cast<AdoConnection>(connection.to_object().target())
+    const auto through = connection && connection->is(Value::Type::object)
+                             ? std::dynamic_pointer_cast<AdoConnection>(connection->to_object().target())
                              : nullptr;
     if (!through || !through->is_open()) {
         throw Failure(ado_error::invalid_connection, u"The connection is closed or is none.");
@@ -152,51 +143,30 @@ const Value& AdoRecordset::value(std::size_t column) const {
 const automation::Members<AdoRecordset>& AdoRecordset::members() {
     static const automation::Members<AdoRecordset> table{
         {u"Fields", automation::no_id, Use::get,
-         [](AdoRecordset& self, const Arguments&) {
+         [](AdoRecordset& self) {
              self.found();
-             return Value(std::make_shared<AdoFields>(self.desk(), self.shared_from_this())->self());
+             return std::make_shared<AdoFields>(self.desk(), self.shared_from_this())->self();
          }},
-        {u"State", automation::no_id, Use::get,
-         [](AdoRecordset& self, const Arguments&) { return state(self.is_open()); }},
+        {u"State", automation::no_id, Use::get, [](AdoRecordset& self) { return state(self.is_open()); }},
         {u"BOF", automation::no_id, Use::get,
-         [](AdoRecordset& self, const Arguments&) {
+         [](AdoRecordset& self) {
              self.found();
-             return Value(self.at_begin());
+             return self.at_begin();
          }},
-        {u"EOF", automation::no_id, Use::get,
-         [](AdoRecordset& self, const Arguments&) { return Value(self.at_end()); }},
+        {u"EOF", automation::no_id, Use::get, calls<&AdoRecordset::at_end>},
         {u"RecordCount", automation::no_id, Use::get,
-         [](AdoRecordset& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.found().rows.size()));
-         }},
+         [](AdoRecordset& self) { return self.found().rows.size(); }},
         {u"Open",
          automation::no_id,
          Use::method,
-         {{u"Source", Takes::text},
-          {u"ActiveConnection", Takes::value, true},
-          {u"CursorType", Takes::integer, true},
-          {u"LockType", Takes::integer, true},
-          {u"Options", Takes::integer, true}},
-         [](AdoRecordset& self, const Arguments& a) {
-             self.open(a[0].to_text(), a[1]);
-             return Value();
-         }},
-        {u"MoveFirst", automation::no_id, Use::method,
-         [](AdoRecordset& self, const Arguments&) {
-             self.move_to(0);
-             return Value();
-         }},
-        {u"MoveNext", automation::no_id, Use::method,
-         [](AdoRecordset& self, const Arguments&) {
-             self.move_by(1);
-             return Value();
-         }},
-        {u"MovePrevious", automation::no_id, Use::method,
-         [](AdoRecordset& self, const Arguments&) {
-             self.move_by(-1);
-             return Value();
-         }},
-        {u"Close", automation::no_id, Use::method, done<&AdoRecordset::close>},
+         {u"Source", u"ActiveConnection", u"CursorType", u"LockType", u"Options"},
+         [](AdoRecordset& self, const Text& source, const std::optional<Value>& active_connection,
+            std::optional<std::int32_t>, std::optional<std::int32_t>,
+            std::optional<std::int32_t>) { self.open(source, active_connection); }},
+        {u"MoveFirst", automation::no_id, Use::method, [](AdoRecordset& self) { self.move_to(0); }},
+        {u"MoveNext", automation::no_id, Use::method, [](AdoRecordset& self) { self.move_by(1); }},
+        {u"MovePrevious", automation::no_id, Use::method, [](AdoRecordset& self) { self.move_by(-1); }},
+        {u"Close", automation::no_id, Use::method, calls<&AdoRecordset::close>},
     };
     return table;
 }
@@ -204,16 +174,14 @@ const automation::Members<AdoRecordset>& AdoRecordset::members() {
 const automation::Members<AdoFields>& AdoFields::members() {
     static const automation::Members<AdoFields> table{
         {u"Count", automation::no_id, Use::get,
-         [](AdoFields& self, const Arguments&) {
-             return Value(static_cast<std::int32_t>(self.owner()->found().columns.size()));
-         }},
+         [](AdoFields& self) { return self.owner()->found().columns.size(); }},
         {u"Item",
          automation::no_id,
          Use::get,
-         {{u"Index"}},
-         [](AdoFields& self, const Arguments& a) {
-             const std::size_t column = self.owner()->column(a[0]);
-             return Value(std::make_shared<AdoField>(self.desk(), self.owner(), column)->self());
+         {u"Index"},
+         [](AdoFields& self, const Value& index) {
+             const std::size_t column = self.owner()->column(index);
+             return std::make_shared<AdoField>(self.desk(), self.owner(), column)->self();
          }},
     };
     return table;
@@ -222,11 +190,9 @@ const automation::Members<AdoFields>& AdoFields::members() {
 const automation::Members<AdoField>& AdoField::members() {
     static const automation::Members<AdoField> table{
         {u"Name", automation::no_id, Use::get,
-         [](AdoField& self, const Arguments&) {
-             return Value(self.owner().found().columns.at(self.column));
-         }},
+         [](AdoField& self) { return self.owner().found().columns.at(self.column); }},
         {u"Value", automation::no_id, Use::get,
-         [](AdoField& self, const Arguments&) {
+         [](AdoField& self) {
              self.owner().found();
              return self.owner().value(self.column);
          }},

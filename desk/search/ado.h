@@ -56,7 +56,7 @@ class AdoRecordset : public ModelObject<AdoRecordset> {
     automation::Object parent() const override { return {}; }
 
     /// Throws `invalid_connection` for anything but an open connection.
-    void open(const automation::Text& command, const automation::Value& connection);
+    void open(const automation::Text& command, const std::optional<automation::Value>& connection);
     void close();
     bool is_open() const { return is_open_; }
 

@@ -4,10 +4,9 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
 using automation::Object;
-using automation::Takes;
 using automation::Use;
 using automation::Value;
 namespace result = automation::result;
@@ -23,13 +22,8 @@ Value Listing::at(std::int32_t place) const {
 
 const automation::Members<Listing>& Listing::members() {
     static const automation::Members<Listing> table{
-        {u"Count", automation::no_id, Use::get,
-         [](Listing& self, const Arguments&) { return Value(static_cast<std::int32_t>(self.count())); }},
-        {u"Item",
-         automation::no_id,
-         Use::method,
-         {{u"Index", Takes::integer}},
-         [](Listing& self, const Arguments& a) { return self.at(a[0].to_integer()); }},
+        {u"Count", automation::no_id, Use::get, calls<&Listing::count>},
+        {u"Item", automation::no_id, Use::method, {u"Index"}, calls<&Listing::at>},
     };
     return table;
 }

@@ -47,8 +47,8 @@ Explorer& Surface::active_explorer() {
     return *open.back();
 }
 
-void Surface::press(const Value& control) {
-    const auto button = std::dynamic_pointer_cast<CommandBarControl>(control.to_object().target());
+void Surface::press(const Object& control) {
+    const auto button = std::dynamic_pointer_cast<CommandBarControl>(control.target());
     if (!button) throw Failure(result::type_mismatch, u"A control of a command bar is expected.");
     if (!button->is_there()) throw Failure(result::object_deleted, u"The control was deleted.");
     desk().surroundings().post([button] {
@@ -64,15 +64,16 @@ Object Surface::window(const Text& caption) {
     return std::make_shared<SurfaceWindow>(desk(), std::move(found))->self();
 }
 
-void Surface::meanwhile(const Text& moment, const Object& object, const Text& member, const Value& value) {
+void Surface::meanwhile(const Text& moment, const Object& object, const Text& member,
+                        const std::optional<Value>& value) {
     if (moment.empty()) throw Failure(result::invalid_argument, u"The moment needs a name.");
     desk().when(moment, [object, member, value] {
-        if (value.is_missing()) {
+        if (!value) {
             object.call(member);
             return;
         }
-        if (value.is(Value::Type::array)) {  // a method with several arguments
-            const automation::Array& all = value.to_array();
+        if (value->is(Value::Type::array)) {  // a method with several arguments
+            const automation::Array& all = value->to_array();
             automation::Request request{.access = automation::Access::call, .member = member};
             const automation::Array::Bounds bounds = all.dimensions().front();
             for (std::int32_t i = 0; i < bounds.count; ++i)
@@ -81,10 +82,10 @@ void Surface::meanwhile(const Text& moment, const Object& object, const Text& me
             return;
         }
         try {
-            object.put(member, value);
+            object.put(member, *value);
         } catch (const Failure& failure) {
             if (failure.number() != result::member_not_found) throw;
-            object.call(member, {value});  // a method with one argument
+            object.call(member, {*value});  // a method with one argument
         }
     });
 }

@@ -24,18 +24,18 @@ class Surface : public ModelObject<Surface> {
     automation::Object filters();
     automation::Object displayed();
     automation::Object opened();
-    automation::Value live(const automation::Value& kind);
+    automation::Value live(const std::optional<automation::Text>& kind);
     automation::Value option(const automation::Text& option_name) const;
     void option(const automation::Text& option_name, const automation::Value& value);
     void select(const std::vector<automation::Value>& items);
     void drag(const automation::Value& folder, bool copies);
-    void press(const automation::Value& control);
+    void press(const automation::Object& control);
     automation::Object context_menu();
     automation::Object window(const automation::Text& caption);
     /// Makes copies of an item, each with a number of its own, "001" and so on, behind the text of one field.
     void copies(const automation::Object& original, std::int32_t count, const automation::Text& field);
     void meanwhile(const automation::Text& moment, const automation::Object& object,
-                   const automation::Text& member, const automation::Value& value);
+                   const automation::Text& member, const std::optional<automation::Value>& value);
 
   private:
     Explorer& active_explorer();

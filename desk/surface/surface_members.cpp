@@ -7,9 +7,11 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
+using automation::Object;
 using automation::Takes;
+using automation::Text;
 using automation::Use;
 using automation::Value;
 namespace result = automation::result;
@@ -29,158 +31,95 @@ Value as_text(const Value& value) {
 }  // namespace
 
 const automation::Members<Surface>& Surface::members() {
-    static const auto select_parameters = [] {
-        std::vector<automation::Parameter> parameters;
-        for (std::size_t i = 0; i < most_selected; ++i) parameters.push_back({u"Item", Takes::value, true});
-        return parameters;
-    }();
     static const automation::Members<Surface> table{
         {u"Deliver",
          automation::no_id,
          Use::method,
-         {{u"Path", Takes::text}},
-         [](Surface& self, const Arguments& a) {
-             return Value(self.desk().deliver(a[0].to_text())->self());
-         }},
+         {u"Path"},
+         [](Surface& self, const Text& path) { return self.desk().deliver(path)->self(); }},
         {u"Answer",
          automation::no_id,
          Use::method,
-         {{u"Title", Takes::text}, {u"Fragment", Takes::text}, {u"Button", Takes::integer}},
-         [](Surface& self, const Arguments& a) {
-             self.desk().answers.push_back({a[0].to_text(), a[1].to_text(), a[2].to_integer()});
-             return Value();
+         {u"Title", u"Fragment", u"Button"},
+         [](Surface& self, const Text& title, const Text& fragment, std::int32_t button) {
+             self.desk().answers.push_back({title, fragment, button});
          }},
-        {u"Messages", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.messages()); }},
-        {u"Statuses", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.statuses()); }},
-        {u"Opened", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.opened()); }},
-        {u"Programs", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.programs()); }},
-        {u"Displayed", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.displayed()); }},
+        {u"Messages", automation::no_id, Use::get, calls<&Surface::messages>},
+        {u"Statuses", automation::no_id, Use::get, calls<&Surface::statuses>},
+        {u"Opened", automation::no_id, Use::get, calls<&Surface::opened>},
+        {u"Programs", automation::no_id, Use::get, calls<&Surface::programs>},
+        {u"Displayed", automation::no_id, Use::get, calls<&Surface::displayed>},
         {u"Pump",
          automation::no_id,
          Use::method,
-         {{u"Milliseconds", Takes::integer}},
-         [](Surface& self, const Arguments& a) {
-             self.desk().surroundings().pump(a[0].to_integer());
-             return Value();
-         }},
-        {u"Select", automation::no_id, Use::method, select_parameters,
-         [](Surface& self, const Arguments& a) {
-             std::vector<Value> items;
-             for (std::size_t i = 0; i < most_selected && a.has(i); ++i) items.push_back(a[i]);
-             self.select(items);
-             return Value();
+         {u"Milliseconds"},
+         [](Surface& self, std::int32_t milliseconds) { self.desk().surroundings().pump(milliseconds); }},
+        {u"Select",
+         automation::no_id,
+         Use::method,
+         {u"Item"},
+         [](Surface& self, automation::UpTo<most_selected> items) {
+             self.select({items.values.begin(), items.values.end()});
          }},
         {u"Drag",
          automation::no_id,
          Use::method,
-         {{u"Folder", Takes::object}, {u"Copies", Takes::boolean, true}},
-         [](Surface& self, const Arguments& a) {
-             self.drag(a[0], a.has(1) && a[1].to_boolean());
-             return Value();
+         {u"Folder", u"Copies"},
+         [](Surface& self, const Object& folder, std::optional<bool> copies) {
+             self.drag(folder, copies.value_or(false));
          }},
-        {u"Press",
-         automation::no_id,
-         Use::method,
-         {{u"Control", Takes::object}},
-         [](Surface& self, const Arguments& a) {
-             self.press(a[0]);
-             return Value();
-         }},
-        {u"ContextMenu", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.context_menu()); }},
-        {u"Window",
-         automation::no_id,
-         Use::method,
-         {{u"Caption", Takes::text}},
-         [](Surface& self, const Arguments& a) { return Value(self.window(a[0].to_text())); }},
+        {u"Press", automation::no_id, Use::method, {u"Control"}, calls<&Surface::press>},
+        {u"ContextMenu", automation::no_id, Use::get, calls<&Surface::context_menu>},
+        {u"Window", automation::no_id, Use::method, {u"Caption"}, calls<&Surface::window>},
         {u"Options",
          automation::no_id,
-         Use::get_put,
-         {{u"Name", Takes::text}},
-         [](Surface& self, const Arguments& a) {
-             if (a.is_put()) self.option(a[0].to_text(), a.assigned());
-             return a.is_put() ? Value() : self.option(a[0].to_text());
-         }},
-        {u"Live",
-         automation::no_id,
-         Use::get,
-         {{u"Kind", Takes::text, true}},
-         [](Surface& self, const Arguments& a) { return self.live(a[0]); }},
+         {u"Name"},
+         [](Surface& self, const Text& name) { return self.option(name); },
+         [](Surface& self, const Text& name, const Value& given) { self.option(name, given); }},
+        {u"Live", automation::no_id, Use::get, {u"Kind"}, calls<&Surface::live>},
         {u"Text",
          automation::no_id,
          Use::method,
-         {{u"Object", Takes::object}, {u"Member", Takes::text}},
-         [](Surface&, const Arguments& a) { return as_text(a[0].to_object().get(a[1].to_text())); }},
+         {u"Object", u"Member"},
+         [](Surface&, const Object& object, const Text& member) { return as_text(object.get(member)); }},
         {u"Snapshot",
          automation::no_id,
          Use::method,
-         {{u"Path", Takes::text}},
-         [](Surface& self, const Arguments& a) {
-             self.desk().surroundings().snapshot(a[0].to_text());
-             return Value();
-         }},
+         {u"Path"},
+         [](Surface& self, const Text& path) { self.desk().surroundings().snapshot(path); }},
         // beyond the contract: for the desk's own tests and benchmarks
         {u"Fail",
          automation::no_id,
          Use::method,
-         {{u"Member", Takes::text},
-          {u"After", Takes::integer, true},
-          {u"Times", Takes::integer, true},
-          {u"Number", Takes::integer, true}},
-         [](Surface& self, const Arguments& a) {
-             self.desk().planned_failures.push_back({a[0].to_text(), a.has(1) ? a[1].to_integer() : 0,
-                                                     a.has(2) ? a[2].to_integer() : 1,
-                                                     a.has(3) ? a[3].to_integer() : result::fail});
-             return Value();
+         {u"Member", u"After", u"Times", u"Number"},
+         [](Surface& self, const Text& member, std::optional<std::int32_t> after,
+            std::optional<std::int32_t> times, std::optional<std::int32_t> number) {
+             self.desk().planned_failures.push_back(
+                 {member, after.value_or(0), times.value_or(1), number.value_or(result::fail)});
          }},
         {u"Meanwhile",
          automation::no_id,
          Use::method,
-         {{u"Moment", Takes::text},
-          {u"Object", Takes::object},
-          {u"Member", Takes::text},
-          {u"Value", Takes::value, true}},
-         [](Surface& self, const Arguments& a) {
-             self.meanwhile(a[0].to_text(), a[1].to_object(), a[2].to_text(), a[3]);
-             return Value();
-         }},
-        {u"Copies",
-         automation::no_id,
-         Use::method,
-         {{u"Item", Takes::object}, {u"Count", Takes::integer}, {u"Field", Takes::text}},
-         [](Surface& self, const Arguments& a) {
-             self.copies(a[0].to_object(), a[1].to_integer(), a[2].to_text());
-             return Value();
-         }},
+         {u"Moment", u"Object", u"Member", u"Value"},
+         calls<&Surface::meanwhile>},
+        {u"Copies", automation::no_id, Use::method, {u"Item", u"Count", u"Field"}, calls<&Surface::copies>},
         {u"Describe",
          automation::no_id,
          Use::method,
-         {{u"Item", Takes::object}},
-         [](Surface&, const Arguments& a) { return Value(description(a[0].to_object())); }},
-        {u"Filters", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.filters()); }},
+         {u"Item"},
+         [](Surface&, const Object& item) { return description(item); }},
+        {u"Filters", automation::no_id, Use::get, calls<&Surface::filters>},
         {u"Raise",
          automation::no_id,
          Use::method,
-         {{u"Event", Takes::text}},
-         [](Surface& self, const Arguments& a) {
-             self.desk().application()->raise(a[0].to_text());  // one of the application's, alone
-             return Value();
+         {u"Event"},
+         [](Surface& self, const Text& event) {
+             self.desk().application()->raise(event);  // one of the application's, alone
          }},
-        {u"Calls", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.calls()); }},
-        {u"Telling", automation::no_id, Use::get,
-         [](Surface& self, const Arguments&) { return Value(self.desk().telling()); }},
+        {u"Calls", automation::no_id, Use::get, calls<&Surface::calls>},
+        {u"Telling", automation::no_id, Use::get, [](Surface& self) { return self.desk().telling(); }},
         {u"ResetCalls", automation::no_id, Use::method,
-         [](Surface& self, const Arguments&) {
-             self.desk().surroundings().reset_calls();
-             return Value();
-         }},
+         [](Surface& self) { self.desk().surroundings().reset_calls(); }},
     };
     return table;
 }

@@ -87,14 +87,13 @@ Object Surface::opened() {
         all, [&all] { return all.surroundings().opened(); }, as_it_is);
 }
 
-Value Surface::live(const Value& kind) {
+Value Surface::live(const std::optional<Text>& kind) {
     const auto counts = std::make_shared<const std::vector<LiveCount>>(desk().surroundings().live());
     std::int32_t all = 0;
     for (const LiveCount& count : *counts) all += count.count;
-    if (!kind.is_missing()) {
-        const Text wanted = kind.to_text();
+    if (kind) {
         for (const LiveCount& count : *counts) {
-            if (automation::same_ignoring_case(automation::from_utf8(count.kind), wanted)) return count.count;
+            if (automation::same_ignoring_case(automation::from_utf8(count.kind), *kind)) return count.count;
         }
         return 0;
     }

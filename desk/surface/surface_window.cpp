@@ -5,10 +5,9 @@
 
 namespace desk {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::Use;
 using automation::Value;
@@ -24,26 +23,15 @@ int place_from_0(std::int32_t number, int count) {
 
 /// Members that only ask the driver, or tell it something.
 template <class Self, auto method>
-Value asked(Self& self, const Arguments&) {
-    return Value((self.driver().*method)());
-}
-template <class Self, auto method>
-Value told(Self& self, const Arguments&) {
-    (self.driver().*method)();
-    return {};
+auto driven(Self& self) {
+    return (self.driver().*method)();
 }
 template <class Self>
-Value key(Self& self, const Arguments& a) {
-    self.driver().key(a[0].to_integer());
-    return {};
-}
-template <auto method>
-Value told_number(SurfaceControl& self, const Arguments& a) {
-    (self.*method)(a[0].to_integer());
-    return {};
+void key(Self& self, std::int32_t code) {
+    self.driver().key(code);
 }
 template <std::int32_t WindowPlace::*side>
-Value measure(SurfaceWindow& self, const Arguments&) {
+std::int32_t measure(SurfaceWindow& self) {
     return self.driver().place().*side;
 }
 
@@ -60,29 +48,22 @@ Object SurfaceWindow::control(const Text& control_name) {
 const automation::Members<SurfaceWindow>& SurfaceWindow::members() {
     using Self = SurfaceWindow;
     static const automation::Members<Self> table{
-        {u"Caption", automation::no_id, Use::get, asked<Self, &WindowDriver::caption>},
-        {u"Visible", automation::no_id, Use::get, asked<Self, &WindowDriver::visible>},
-        {u"Topmost", automation::no_id, Use::get, asked<Self, &WindowDriver::topmost>},
+        {u"Caption", automation::no_id, Use::get, driven<Self, &WindowDriver::caption>},
+        {u"Visible", automation::no_id, Use::get, driven<Self, &WindowDriver::visible>},
+        {u"Topmost", automation::no_id, Use::get, driven<Self, &WindowDriver::topmost>},
         {u"Left", automation::no_id, Use::get, measure<&WindowPlace::left>},
         {u"Top", automation::no_id, Use::get, measure<&WindowPlace::top>},
         {u"Width", automation::no_id, Use::get, measure<&WindowPlace::width>},
         {u"Height", automation::no_id, Use::get, measure<&WindowPlace::height>},
-        {u"Busy", automation::no_id, Use::get, asked<Self, &WindowDriver::busy>},
-        {u"Close", automation::no_id, Use::method, told<Self, &WindowDriver::close>},
+        {u"Busy", automation::no_id, Use::get, driven<Self, &WindowDriver::busy>},
+        {u"Close", automation::no_id, Use::method, driven<Self, &WindowDriver::close>},
         {u"Resize",
          automation::no_id,
          Use::method,
-         {{u"Width", Takes::integer}, {u"Height", Takes::integer}},
-         [](Self& self, const Arguments& a) {
-             self.driver().resize(a[0].to_integer(), a[1].to_integer());
-             return Value();
-         }},
-        {u"Key", automation::no_id, Use::method, {{u"Code", Takes::integer}}, key<Self>},
-        {u"Control",
-         automation::no_id,
-         Use::method,
-         {{u"Name", Takes::text}},
-         [](Self& self, const Arguments& a) { return Value(self.control(a[0].to_text())); }},
+         {u"Width", u"Height"},
+         [](Self& self, std::int32_t width, std::int32_t height) { self.driver().resize(width, height); }},
+        {u"Key", automation::no_id, Use::method, {u"Code"}, key<Self>},
+        {u"Control", automation::no_id, Use::method, {u"Name"}, calls<&Self::control>},
     };
     return table;
 }
@@ -147,36 +128,27 @@ void SurfaceControl::drop(std::int32_t row, std::int32_t column) {
 
 const automation::Members<SurfaceControl>& SurfaceControl::members() {
     using Self = SurfaceControl;
-    static const std::vector<automation::Parameter> index{{u"Index", Takes::integer}};
     static const automation::Members<Self> table{
-        {u"Text", automation::no_id, Use::get_put,
-         [](Self& self, const Arguments& a) {
-             if (a.is_put()) self.driver().type(a.assigned().to_text());
-             return Value(self.driver().text());
-         }},
-        {u"Visible", automation::no_id, Use::get, asked<Self, &ControlDriver::visible>},
-        {u"Enabled", automation::no_id, Use::get, asked<Self, &ControlDriver::enabled>},
-        {u"ToolTip", automation::no_id, Use::get, asked<Self, &ControlDriver::tool_tip>},
-        {u"Click", automation::no_id, Use::method, told<Self, &ControlDriver::click>},
-        {u"DoubleClick", automation::no_id, Use::method, told<Self, &ControlDriver::double_click>},
-        {u"Key", automation::no_id, Use::method, {{u"Code", Takes::integer}}, key<Self>},
-        {u"Count", automation::no_id, Use::get,
-         [](Self& self, const Arguments&) { return Value(self.with_entries().count()); }},
-        {u"Item", automation::no_id, Use::method, index,
-         [](Self& self, const Arguments& a) { return self.item(a[0].to_integer()); }},
-        {u"Selected", automation::no_id, Use::get,
-         [](Self& self, const Arguments&) { return Value(self.selected()); }},
-        {u"Select", automation::no_id, Use::method, index, told_number<&Self::select>},
-        {u"Columns", automation::no_id, Use::get,
-         [](Self& self, const Arguments&) { return Value(self.columns()); }},
-        {u"ColumnClick", automation::no_id, Use::method, index, told_number<&Self::column_click>},
+        {u"Text", automation::no_id, [](Self& self) { return self.driver().text(); },
+         [](Self& self, const Text& given) { self.driver().type(given); }},
+        {u"Visible", automation::no_id, Use::get, driven<Self, &ControlDriver::visible>},
+        {u"Enabled", automation::no_id, Use::get, driven<Self, &ControlDriver::enabled>},
+        {u"ToolTip", automation::no_id, Use::get, driven<Self, &ControlDriver::tool_tip>},
+        {u"Click", automation::no_id, Use::method, driven<Self, &ControlDriver::click>},
+        {u"DoubleClick", automation::no_id, Use::method, driven<Self, &ControlDriver::double_click>},
+        {u"Key", automation::no_id, Use::method, {u"Code"}, key<Self>},
+        {u"Count", automation::no_id, Use::get, [](Self& self) { return self.with_entries().count(); }},
+        {u"Item", automation::no_id, Use::method, {u"Index"}, calls<&Self::item>},
+        {u"Selected", automation::no_id, Use::get, calls<&Self::selected>},
+        {u"Select", automation::no_id, Use::method, {u"Index"}, calls<&Self::select>},
+        {u"Columns", automation::no_id, Use::get, calls<&Self::columns>},
+        {u"ColumnClick", automation::no_id, Use::method, {u"Index"}, calls<&Self::column_click>},
         {u"Drop",
          automation::no_id,
          Use::method,
-         {{u"Row", Takes::integer}, {u"Column", Takes::integer, true}},
-         [](Self& self, const Arguments& a) {
-             self.drop(a[0].to_integer(), a.has(1) ? a[1].to_integer() : 1);
-             return Value();
+         {u"Row", u"Column"},
+         [](Self& self, std::int32_t row, std::optional<std::int32_t> column) {
+             self.drop(row, column.value_or(1));
          }},
     };
     return table;
@@ -189,13 +161,8 @@ Text SurfaceRow::sub_item(std::int32_t place) const {
 const automation::Members<SurfaceRow>& SurfaceRow::members() {
     using Self = SurfaceRow;
     static const automation::Members<Self> table{
-        {u"Text", automation::no_id, Use::get,
-         [](Self& self, const Arguments&) { return Value(self.text()); }},
-        {u"SubItems",
-         automation::no_id,
-         Use::get,
-         {{u"Index", Takes::integer}},
-         [](Self& self, const Arguments& a) { return Value(self.sub_item(a[0].to_integer())); }},
+        {u"Text", automation::no_id, Use::get, calls<&Self::text>},
+        {u"SubItems", automation::no_id, Use::get, {u"Index"}, calls<&Self::sub_item>},
     };
     return table;
 }
