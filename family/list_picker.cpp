@@ -5,7 +5,7 @@
 
 namespace family {
 
-using automation::Arguments;
+using automation::calls;
 using automation::Failure;
 using automation::no_id;
 using automation::Text;
@@ -28,32 +28,28 @@ constexpr TextView search_any = u"searchany";
 
 /// A property that tells where to look.
 template <const TextView& member, Text ListPicker::FolderIds::*part>
-Value keep(ListPicker& self, const Arguments& arguments) {
-    if (arguments.is_put()) {
-        self.folder_ids().*part = arguments.assigned().to_text();
-        self.record_put(member, self.folder_ids().*part);
-    }
-    return self.folder_ids().*part;
-}
+constexpr automation::Property kept{+[](ListPicker& self) { return self.folder_ids().*part; },
+                                    +[](ListPicker& self, const Text& given) {
+                                        self.folder_ids().*part = given;
+                                        self.record_put(member, given);
+                                    }};
 
 template <const TextView& member, void (ListPicker::*act)()>
-Value run(ListPicker& self, const Arguments&) {
+void run(ListPicker& self) {
     self.record_call(member);
     (self.*act)();
-    return {};
 }
 
-Value run_search(ListPicker& self, const Arguments& arguments) {
-    const Text definition = arguments[0].to_text(), title = arguments[1].to_text();
+void run_search(ListPicker& self, const Text& definition, const Text& title,
+                const std::optional<Value>& single) {
     Choice choice = Choice::one;
-    if (arguments.has(2)) {
-        self.record_call(called::search_any, {definition, title, arguments[2].to_text()});
-        if (!arguments[2].to_boolean()) choice = Choice::several;
+    if (single) {
+        self.record_call(called::search_any, {definition, title, single->to_text()});
+        if (!single->to_boolean()) choice = Choice::several;
     } else {
         self.record_call(called::search_any, {definition, title});
     }
     self.search(title, choice);
-    return {};
 }
 
 using Rows = std::vector<PickerRow>;
@@ -159,25 +155,16 @@ void ListPicker::let_go() {
 
 const automation::Members<ListPicker>& ListPicker::members() {
     static const automation::Members<ListPicker> table{
-        {called::folder_id, no_id, Use::get_put, keep<called::folder_id, &FolderIds::folder_id>},
-        {called::account_folder_id, no_id, Use::get_put,
-         keep<called::account_folder_id, &FolderIds::account_folder_id>},
-        {called::store_id, no_id, Use::get_put, keep<called::store_id, &FolderIds::store_id>},
+        {called::folder_id, no_id, kept<called::folder_id, &FolderIds::folder_id>},
+        {called::account_folder_id, no_id, kept<called::account_folder_id, &FolderIds::account_folder_id>},
+        {called::store_id, no_id, kept<called::store_id, &FolderIds::store_id>},
         {called::load_dialog, no_id, Use::method, run<called::load_dialog, &ListPicker::load_dialog>},
         {called::refresh_accounts, no_id, Use::method,
          run<called::refresh_accounts, &ListPicker::refresh_accounts>},
         {called::show_dialog, no_id, Use::method, run<called::show_dialog, &ListPicker::show_dialog>},
-        {called::search_any,
-         no_id,
-         Use::method,
-         {{u"Definition", automation::Takes::text},
-          {u"Title", automation::Takes::text},
-          {u"Single", automation::Takes::value, true}},
-         run_search},
-        {u"dialogcancel", no_id, Use::get,
-         [](ListPicker& self, const Arguments&) -> Value { return self.cancelled(); }},
-        {u"slist", no_id, Use::get,
-         [](ListPicker& self, const Arguments&) -> Value { return self.chosen(); }},
+        {called::search_any, no_id, Use::method, {u"Definition", u"Title", u"Single"}, run_search},
+        {u"dialogcancel", no_id, Use::get, calls<&ListPicker::cancelled>},
+        {u"slist", no_id, Use::get, calls<&ListPicker::chosen>},
     };
     return table;
 }

@@ -7,9 +7,8 @@
 
 namespace family {
 
-using automation::Arguments;
+using automation::calls;
 using automation::no_id;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -21,15 +20,14 @@ constexpr TextView no_store = u"-";  ///< as the setting `StoreID`: the answer i
 
 /// A member whose answer is a setting.
 template <const TextView& setting>
-Value read(MainAddIn& self, const Arguments&) {
+Text read(MainAddIn& self) {
     return self.context().setting(setting);
 }
 
 /// A member with a text that is only recorded.
 template <const TextView& member>
-Value record_text(MainAddIn& self, const Arguments& arguments) {
-    self.record_call(member, {arguments[0].to_text()});
-    return {};
+void record_text(MainAddIn& self, const Text& text) {
+    self.record_call(member, {text});
 }
 
 constexpr TextView mail_templates = u"Email Blast";  ///< the list of the mailer's records
@@ -42,17 +40,9 @@ constexpr TextView message_id = u"messageid";
 
 const automation::Members<MainAddIn>& MainAddIn::members() {
     static const automation::Members<MainAddIn> table{
-        {u"GetFolderId",
-         no_id,
-         Use::method,
-         {{u"FolderName", Takes::text}},
-         [](MainAddIn& self, const Arguments& arguments) -> Value {
-             return self.folder_id(arguments[0].to_text());
-         }},
-        {u"GetStoreId", no_id, Use::method,
-         [](MainAddIn& self, const Arguments&) -> Value { return self.store_id(); }},
-        {u"generateid", no_id, Use::method,
-         [](MainAddIn& self, const Arguments&) -> Value { return new_id(self.context()); }},
+        {u"GetFolderId", no_id, Use::method, {u"FolderName"}, calls<&MainAddIn::folder_id>},
+        {u"GetStoreId", no_id, Use::method, calls<&MainAddIn::store_id>},
+        {u"generateid", no_id, Use::method, [](MainAddIn& self) { return new_id(self.context()); }},
         {u"GetUserName", no_id, Use::method, read<setting::user_name>},
         {u"getcurrentusername", no_id, Use::method, read<setting::current_user_name>},
         {u"GetAlignment", no_id, Use::method, read<setting::alignment>},
@@ -60,44 +50,38 @@ const automation::Members<MainAddIn>& MainAddIn::members() {
         {u"GetDropDownsCache",
          no_id,
          Use::method,
-         {{u"ListName", Takes::text}},
-         [](MainAddIn& self, const Arguments& arguments) -> Value {
-             return automation::Array::of(DatabaseFolders(self.context()).drop_downs(arguments[0].to_text()));
+         {u"ListName"},
+         [](MainAddIn& self, const Text& list_name) {
+             return automation::Array::of(DatabaseFolders(self.context()).drop_downs(list_name));
          }},
         {u"ReturnFolderFromPath",
          no_id,
          Use::method,
-         {{u"FolderPath", Takes::text}},
-         [](MainAddIn& self, const Arguments& arguments) -> Value {
-             return DatabaseFolders(self.context()).folder_at(arguments[0].to_text());
+         {u"FolderPath"},
+         [](MainAddIn& self, const Text& folder_path) {
+             return DatabaseFolders(self.context()).folder_at(folder_path);
          }},
         {u"getspecialfolderlocation", no_id, Use::method, read<setting::special_folder>},
         {u"GetDLLPath", no_id, Use::method, read<setting::program_folder>},
-        {message_id, no_id, Use::get_put,
-         [](MainAddIn& self, const Arguments& arguments) -> Value {
-             if (arguments.is_put()) {
-                 self.mail_id = arguments.assigned().to_text();
-                 self.record_put(message_id, self.mail_id);
-             }
-             return self.mail_id;
+        {message_id, no_id, [](MainAddIn& self) { return self.mail_id; },
+         [](MainAddIn& self, const Text& given) {
+             self.mail_id = given;
+             self.record_put(message_id, self.mail_id);
          }},
         {show_mailer, no_id, Use::method,
-         [](MainAddIn& self, const Arguments&) -> Value {
+         [](MainAddIn& self) {
              self.record_call(show_mailer);
              show_templates(self.context(), u"Email Templates", mail_templates);
-             return {};
          }},
         {show_list,
          no_id,
          Use::method,
-         {{u"Kind", Takes::text}},
-         [](MainAddIn& self, const Arguments& arguments) -> Value {
-             const Text kind = arguments[0].to_text();
+         {u"Kind"},
+         [](MainAddIn& self, const Text& kind) {
              self.record_call(show_list, {kind});
              show_templates(self.context(), kind + u" Templates", kind);
-             return {};
          }},
-        {reload_toolbar, no_id, Use::method, {{u"Action", Takes::text}}, record_text<reload_toolbar>},
+        {reload_toolbar, no_id, Use::method, {u"Action"}, record_text<reload_toolbar>},
     };
     return table;
 }

@@ -2,7 +2,6 @@
 
 namespace family {
 
-using automation::Arguments;
 using automation::Use;
 
 const automation::Members<SafeMailItem>& SafeMailItem::members() {
@@ -11,17 +10,11 @@ const automation::Members<SafeMailItem>& SafeMailItem::members() {
         fields_row<SafeMailItem>(2),
         named_row<SafeMailItem>(3),
         {u"sender", own_id(4), Use::get,
-         [](SafeMailItem& self, const Arguments&) {
-             return self.wrapped<SafeAddressEntry>(self.inner().get(u"Sender"));
-         }},
+         [](SafeMailItem& self) { return self.wrapped<SafeAddressEntry>(self.inner().get(u"Sender")); }},
         {u"Recipients", own_id(5), Use::get,
-         [](SafeMailItem& self, const Arguments&) {
-             return self.wrapped<SafeRecipients>(self.inner().get(u"Recipients"));
-         }},
+         [](SafeMailItem& self) { return self.wrapped<SafeRecipients>(self.inner().get(u"Recipients")); }},
         {u"ResolveAll", own_id(6), Use::method,
-         [](SafeMailItem& self, const Arguments&) {
-             return self.inner().get(u"Recipients").to_object().call(u"ResolveAll");
-         }},
+         [](SafeMailItem& self) { return self.inner().get(u"Recipients").to_object().call(u"ResolveAll"); }},
     };
     return table;
 }
@@ -35,7 +28,7 @@ const automation::Members<SafeRecipient>& SafeRecipient::members() {
     static const automation::Members<SafeRecipient> table{
         fields_row<SafeRecipient>(1),
         {u"AddressEntry", own_id(2), Use::get,
-         [](SafeRecipient& self, const Arguments&) {
+         [](SafeRecipient& self) {
              return self.wrapped<SafeAddressEntry>(self.inner().get(u"AddressEntry"));
          }},
     };
@@ -47,16 +40,16 @@ const automation::Members<SafeRecipients>& SafeRecipients::members() {
         {u"Item",
          automation::default_member,
          Use::method,
-         {automation::Parameter{u"Index"}},
-         [](SafeRecipients& self, const Arguments& arguments) {
-             return self.wrapped<SafeRecipient>(self.inner().call(u"Item", {arguments[0]}));
+         {u"Index"},
+         [](SafeRecipients& self, const automation::Value& index) {
+             return self.wrapped<SafeRecipient>(self.inner().call(u"Item", {index}));
          }},
         {u"Add",
          own_id(1),
          Use::method,
-         {automation::Parameter{u"Name"}},
-         [](SafeRecipients& self, const Arguments& arguments) {
-             return self.wrapped<SafeRecipient>(self.inner().call(u"Add", {arguments[0]}));
+         {u"Name"},
+         [](SafeRecipients& self, const automation::Value& person) {
+             return self.wrapped<SafeRecipient>(self.inner().call(u"Add", {person}));
          }},
     };
     return table;

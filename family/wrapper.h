@@ -78,40 +78,35 @@ class Wrapper : public Sibling<T> {
 /// The row of `Item`, which takes what is wrapped and gives it back.
 template <class T>
 automation::Row<T> item_row(std::int32_t number) {
-    return {u"Item", own_id(number), automation::Use::get_put,
-            [](T& self, const automation::Arguments& arguments) -> automation::Value {
-                if (arguments.is_put()) self.item(arguments.assigned().to_object());
-                return self.item();
-            }};
+    return {u"Item", own_id(number), [](T& self) { return self.item(); },
+            [](T& self, const automation::Object& item) { self.item(item); }};
 }
 
 /// The row of `Fields(tag)`.
 template <class T>
 automation::Row<T> fields_row(std::int32_t number) {
-    return {u"Fields",
-            own_id(number),
-            automation::Use::get_put,
-            {automation::Parameter{u"Tag"}},
-            [](T& self, const automation::Arguments& arguments) -> automation::Value {
-                if (!arguments.is_put()) return read_field(self.inner(), self.context(), arguments[0]);
-                write_field(self.inner(), self.named_properties(), arguments[0], arguments.assigned());
-                return {};
-            }};
+    return {
+        u"Fields",
+        own_id(number),
+        {u"Tag"},
+        [](T& self, const automation::Value& tag) { return read_field(self.inner(), self.context(), tag); },
+        [](T& self, const automation::Value& tag, const automation::Value& value) {
+            write_field(self.inner(), self.named_properties(), tag, value);
+        }};
 }
 
 /// The row of `GetIDsFromNames(set, id or name)`, which answers a tag without a type.
 template <class T>
 automation::Row<T> named_row(std::int32_t number) {
-    return {
-        u"GetIDsFromNames",
-        own_id(number),
-        automation::Use::method,
-        {automation::Parameter{u"PropertySet", automation::Takes::text}, automation::Parameter{u"IdOrName"}},
-        [](T& self, const automation::Arguments& arguments) -> automation::Value {
-            const NamedProperty property = read_named_property(arguments[0].to_text(), arguments[1]);
-            self.inner();
-            return static_cast<std::int32_t>(self.named_properties().tag(property));
-        }};
+    return {u"GetIDsFromNames",
+            own_id(number),
+            automation::Use::method,
+            {u"PropertySet", u"IdOrName"},
+            [](T& self, const automation::Text& set, const automation::Value& id_or_name) {
+                const NamedProperty property = read_named_property(set, id_or_name);
+                self.inner();
+                return static_cast<std::int32_t>(self.named_properties().tag(property));
+            }};
 }
 
 }  // namespace family

@@ -11,28 +11,24 @@
 
 namespace addin {
 
-using automation::Arguments;
-using automation::Takes;
+using automation::calls;
+using automation::Object;
+using automation::Text;
 using automation::Use;
 using automation::Value;
 
 namespace {
 
-Value nothing() { return {}; }
-
 Settings settings(Connect& self) { return Settings(self.session().desktop); }
 
-Value launch(Connect& self, quickview::Launch which, Value& selection) {
+void launch(Connect& self, quickview::Launch which, Value& selection) {
     quickview::launch(self.rooms().quickview, self.goExplorer, which, selection);
-    return nothing();
 }
 
 /// A flag that is published as it is.
 template <auto flag>
-Value published(Connect& self, const Arguments& arguments) {
-    if (arguments.is_put()) self.*flag = arguments.assigned().to_boolean();
-    return self.*flag;
-}
+constexpr automation::Property published{+[](const Connect& self) { return self.*flag; },
+                                         +[](Connect& self, bool given) { self.*flag = given; }};
 
 }  // namespace
 
@@ -54,133 +50,105 @@ const automation::Members<Connect>& Connect::members() {
         {u"AutomaticCreateNote",
          first + 0,
          Use::method,
-         {{u"Item", Takes::object}},
-         [](Connect& self, const Arguments& a) {
-             filing::AutomaticCreateNote(self.session(), host::outlook::Item(a[0].to_object()));
-             return nothing();
+         {u"Item"},
+         [](Connect& self, const Object& item) {
+             filing::AutomaticCreateNote(self.session(), host::outlook::Item(item));
          }},
         {u"QueryValueEx",
          first + 1,
          Use::method,
-         {{u"lhKey", Takes::integer}, {u"szValueName", Takes::text}, {u"vValue"}},
-         [](Connect& self, const Arguments& a) {
-             return Value(settings(self).QueryValueEx(a[0].to_integer(), a[1].to_text(), a[2]));
+         {u"lhKey", u"szValueName", u"vValue"},
+         [](Connect& self, std::int32_t lh_key, const Text& sz_value_name, Value& v_value) {
+             return settings(self).QueryValueEx(lh_key, sz_value_name, v_value);
          }},
         {u"GetKeyValueEx",
          first + 2,
          Use::method,
-         {{u"lKey", Takes::integer}, {u"sKeyName", Takes::text}, {u"sValueName", Takes::text}},
-         [](Connect& self, const Arguments& a) {
-             return settings(self).GetKeyValueEx(a[0].to_integer(), a[1].to_text(), a[2].to_text());
+         {u"lKey", u"sKeyName", u"sValueName"},
+         [](Connect& self, std::int32_t l_key, const Text& s_key_name, const Text& s_value_name) {
+             return settings(self).GetKeyValueEx(l_key, s_key_name, s_value_name);
          }},
         {u"PowerPanel", first + 3, Use::method,
-         [](Connect& self, const Arguments&) {
-             self.rooms_.searchpanel.search_panel.show();
-             return nothing();
-         }},
+         [](Connect& self) { self.rooms_.searchpanel.search_panel.show(); }},
         {u"AutomaticCreateNoteSend",
          first + 4,
          Use::method,
-         {{u"Item", Takes::object}},
-         [](Connect& self, const Arguments& a) {
-             filing::AutomaticCreateNoteSend(self.session(), host::outlook::Item(a[0].to_object()));
-             return nothing();
+         {u"Item"},
+         [](Connect& self, const Object& item) {
+             filing::AutomaticCreateNoteSend(self.session(), host::outlook::Item(item));
          }},
         {u"ShowQuickView",
          first + 5,
          Use::method,
-         {{u"Selection"}},
-         [](Connect& self, const Arguments& a) { return launch(self, quickview::Launch::quick_view, a[0]); }},
+         {u"Selection"},
+         [](Connect& self, Value& selection) { launch(self, quickview::Launch::quick_view, selection); }},
         {u"ShowTarnwell",
          first + 6,
          Use::method,
-         {{u"Selection"}},
-         [](Connect& self, const Arguments& a) { return launch(self, quickview::Launch::tarnwell, a[0]); }},
+         {u"Selection"},
+         [](Connect& self, Value& selection) { launch(self, quickview::Launch::tarnwell, selection); }},
         {u"ShowMessage",
          first + 7,
          Use::method,
-         {{u"MyText"}},
-         [](Connect& self, const Arguments& a) {
-             addin::ShowMessage(self.session(), self.session().desktop.text_of(a[0]));
-             return nothing();
+         {u"MyText"},
+         [](Connect& self, const Value& my_text) {
+             addin::ShowMessage(self.session(), self.session().desktop.text_of(my_text));
          }},
         {u"ShowImportMessage",
          first + 8,
          Use::method,
-         {{u"MyText", Takes::text}, {u"SleepTime", Takes::integer}},
-         [](Connect& self, const Arguments& a) {
-             addin::ShowImportMessage(self.session(), a[0].to_text(), a[1].to_integer());
-             return nothing();
+         {u"MyText", u"SleepTime"},
+         [](Connect& self, const Text& my_text, std::int32_t sleep_time) {
+             addin::ShowImportMessage(self.session(), my_text, sleep_time);
          }},
         {u"FileExists",
          first + 9,
          Use::method,
-         {{u"Fname", Takes::text}},
-         [](Connect& self, const Arguments& a) {
-             return Value(addin::FileExists(self.session().desktop, a[0].to_text()));
-         }},
-        {u"FindFolder", first + 10, Use::method,
-         [](Connect& self, const Arguments&) {
-             self.FindFolder();
-             return nothing();
-         }},
+         {u"Fname"},
+         [](Connect& self, const Text& fname) { return addin::FileExists(self.session().desktop, fname); }},
+        {u"FindFolder", first + 10, Use::method, calls<&Connect::FindFolder>},
         {u"FindNextFolder",
          first + 11,
          Use::method,
-         {{u"ofolders", Takes::object}},
-         [](Connect& self, const Arguments& a) {
-             self.FindNextFolder(host::outlook::Folders(a[0].to_object()));
-             return nothing();
+         {u"ofolders"},
+         [](Connect& self, const Object& ofolders) {
+             self.FindNextFolder(host::outlook::Folders(ofolders));
          }},
         {u"SetValueEx",
          first + 12,
          Use::method,
-         {{u"hKey", Takes::integer}, {u"sValueName", Takes::text}, {u"lType", Takes::integer}, {u"vValue"}},
-         [](Connect& self, const Arguments& a) {
-             return Value(settings(self).SetValueEx(a[0].to_integer(), a[1].to_text(),
-                                                    static_cast<std::uint32_t>(a[2].to_integer()), a[3]));
+         {u"hKey", u"sValueName", u"lType", u"vValue"},
+         [](Connect& self, std::int32_t h_key, const Text& s_value_name, std::int32_t l_type,
+            const Value& v_value) {
+             return settings(self).SetValueEx(h_key, s_value_name, static_cast<std::uint32_t>(l_type),
+                                              v_value);
          }},
         {u"SetKeyValue",
          first + 13,
          Use::method,
-         {{u"lKey", Takes::integer},
-          {u"sKeyName", Takes::text},
-          {u"sValueName", Takes::text},
-          {u"vValueSetting"},
-          {u"lValueType", Takes::integer}},
-         [](Connect& self, const Arguments& a) {
-             return Value(settings(self).SetKeyValue(a[0].to_integer(), a[1].to_text(), a[2].to_text(), a[3],
-                                                     static_cast<std::uint32_t>(a[4].to_integer())));
+         {u"lKey", u"sKeyName", u"sValueName", u"vValueSetting", u"lValueType"},
+         [](Connect& self, std::int32_t l_key, const Text& s_key_name, const Text& s_value_name,
+            const Value& v_value_setting, std::int32_t l_value_type) {
+             return settings(self).SetKeyValue(l_key, s_key_name, s_value_name, v_value_setting,
+                                               static_cast<std::uint32_t>(l_value_type));
          }},
         {u"ShowItemsMenu",
          first + 14,
          Use::method,
-         {{u"Myitem", Takes::object}},
-         [](Connect& self, const Arguments& a) {
-             self.ShowItemsMenu(host::outlook::Item(a[0].to_object()));
-             return nothing();
-         }},
+         {u"Myitem"},
+         [](Connect& self, const Object& myitem) { self.ShowItemsMenu(host::outlook::Item(myitem)); }},
         {u"ShowItemsMenu2",
          first + 15,
          Use::method,
-         {{u"Myitem", Takes::object}},
-         [](Connect& self, const Arguments& a) {
-             self.ShowItemsMenu2(host::outlook::Item(a[0].to_object()));
-             return nothing();
-         }},
-        {u"GlobalCalendar", first + 16, Use::get_put, published<&Connect::GlobalCalendar>},
-        {u"GlobalTask", first + 17, Use::get_put, published<&Connect::GlobalTask>},
-        {u"SetDatabase", first + 18, Use::get_put,
-         [](Connect& self, const Arguments& a) {
-             if (a.is_put()) self.search.SetDatabase = a.assigned().to_boolean();
-             return Value(self.search.SetDatabase);
-         }},
-        {u"whoami", first + 19, Use::get_put,
-         [](Connect& self, const Arguments& a) {
-             if (a.is_put()) self.search.whoami = a.assigned().to_text();
-             return Value(self.search.whoami);
-         }},
-        {u"bFinished", first + 20, Use::get_put, published<&Connect::bFinished>},
+         {u"Myitem"},
+         [](Connect& self, const Object& myitem) { self.ShowItemsMenu2(host::outlook::Item(myitem)); }},
+        {u"GlobalCalendar", first + 16, published<&Connect::GlobalCalendar>},
+        {u"GlobalTask", first + 17, published<&Connect::GlobalTask>},
+        {u"SetDatabase", first + 18, [](Connect& self) { return self.search.SetDatabase; },
+         [](Connect& self, bool given) { self.search.SetDatabase = given; }},
+        {u"whoami", first + 19, [](Connect& self) { return self.search.whoami; },
+         [](Connect& self, const Text& given) { self.search.whoami = given; }},
+        {u"bFinished", first + 20, published<&Connect::bFinished>},
     };
     return table;
 }

@@ -3,11 +3,9 @@
 namespace windows {
 namespace {
 
-using automation::Arguments;
-using automation::Parameter;
-using automation::Takes;
+using automation::Ignored;
+using automation::Object;
 using automation::Use;
-using automation::Value;
 
 template <class Handler>
 void silently(Handler&& handler) {
@@ -21,57 +19,39 @@ void silently(Handler&& handler) {
 }  // namespace
 
 const automation::Members<Lifecycle>& Lifecycle::members() {
-    static const Parameter custom{u"custom", Takes::value, true};
     static const automation::Members<Lifecycle> table{
         {u"OnConnection",
          1,
          Use::method,
-         {{u"Application", Takes::object},
-          {u"ConnectMode", Takes::integer},
-          {u"AddInInst", Takes::object},
-          custom},
-         [](Lifecycle& self, const Arguments& a) -> Value {
-             self.on_connection(a[0].to_object(), a[1].to_integer(), a[2].to_object());
-             return {};
+         {u"Application", u"ConnectMode", u"AddInInst", u"custom"},
+         [](Lifecycle& self, const Object& application, std::int32_t mode, const Object& add_in, Ignored) {
+             self.on_connection(application, mode, add_in);
          }},
         {u"OnDisconnection",
          2,
          Use::method,
-         {{u"RemoveMode", Takes::integer}, custom},
-         [](Lifecycle& self, const Arguments& a) -> Value {
-             self.on_disconnection(a[0].to_integer());
-             return {};
-         }},
+         {u"RemoveMode", u"custom"},
+         [](Lifecycle& self, std::int32_t mode, Ignored) { self.on_disconnection(mode); }},
         {u"OnAddInsUpdate",
          3,
          Use::method,
-         {custom},
-         [](Lifecycle& self, const Arguments&) -> Value {
-             self.on_add_ins_update();
-             return {};
-         }},
+         {u"custom"},
+         [](Lifecycle& self, Ignored) { self.on_add_ins_update(); }},
         {u"OnStartupComplete",
          4,
          Use::method,
-         {custom},
-         [](Lifecycle& self, const Arguments&) -> Value {
-             self.on_startup_complete();
-             return {};
-         }},
+         {u"custom"},
+         [](Lifecycle& self, Ignored) { self.on_startup_complete(); }},
         {u"OnBeginShutdown",
          5,
          Use::method,
-         {custom},
-         [](Lifecycle& self, const Arguments&) -> Value {
-             self.on_begin_shutdown();
-             return {};
-         }},
+         {u"custom"},
+         [](Lifecycle& self, Ignored) { self.on_begin_shutdown(); }},
     };
     return table;
 }
 
-void Lifecycle::on_connection(const automation::Object& application, std::int32_t mode,
-                              const automation::Object& add_in) {
+void Lifecycle::on_connection(const Object& application, std::int32_t mode, const Object& add_in) {
     silently([&] { connect_->IDTExtensibility2_OnConnection(application, mode, add_in); });
 }
 

@@ -7,7 +7,6 @@
 
 namespace desk {
 
-using automation::calls;
 using automation::Failure;
 using automation::Object;
 using automation::Takes;
@@ -44,11 +43,11 @@ const automation::Members<Surface>& Surface::members() {
          [](Surface& self, const Text& title, const Text& fragment, std::int32_t button) {
              self.desk().answers.push_back({title, fragment, button});
          }},
-        {u"Messages", automation::no_id, Use::get, calls<&Surface::messages>},
-        {u"Statuses", automation::no_id, Use::get, calls<&Surface::statuses>},
-        {u"Opened", automation::no_id, Use::get, calls<&Surface::opened>},
-        {u"Programs", automation::no_id, Use::get, calls<&Surface::programs>},
-        {u"Displayed", automation::no_id, Use::get, calls<&Surface::displayed>},
+        {u"Messages", automation::no_id, Use::get, automation::calls<&Surface::messages>},
+        {u"Statuses", automation::no_id, Use::get, automation::calls<&Surface::statuses>},
+        {u"Opened", automation::no_id, Use::get, automation::calls<&Surface::opened>},
+        {u"Programs", automation::no_id, Use::get, automation::calls<&Surface::programs>},
+        {u"Displayed", automation::no_id, Use::get, automation::calls<&Surface::displayed>},
         {u"Pump",
          automation::no_id,
          Use::method,
@@ -68,15 +67,15 @@ const automation::Members<Surface>& Surface::members() {
          [](Surface& self, const Object& folder, std::optional<bool> copies) {
              self.drag(folder, copies.value_or(false));
          }},
-        {u"Press", automation::no_id, Use::method, {u"Control"}, calls<&Surface::press>},
-        {u"ContextMenu", automation::no_id, Use::get, calls<&Surface::context_menu>},
-        {u"Window", automation::no_id, Use::method, {u"Caption"}, calls<&Surface::window>},
+        {u"Press", automation::no_id, Use::method, {u"Control"}, automation::calls<&Surface::press>},
+        {u"ContextMenu", automation::no_id, Use::get, automation::calls<&Surface::context_menu>},
+        {u"Window", automation::no_id, Use::method, {u"Caption"}, automation::calls<&Surface::window>},
         {u"Options",
          automation::no_id,
          {u"Name"},
          [](Surface& self, const Text& name) { return self.option(name); },
          [](Surface& self, const Text& name, const Value& given) { self.option(name, given); }},
-        {u"Live", automation::no_id, Use::get, {u"Kind"}, calls<&Surface::live>},
+        {u"Live", automation::no_id, Use::get, {u"Kind"}, automation::calls<&Surface::live>},
         {u"Text",
          automation::no_id,
          Use::method,
@@ -101,14 +100,18 @@ const automation::Members<Surface>& Surface::members() {
          automation::no_id,
          Use::method,
          {u"Moment", u"Object", u"Member", u"Value"},
-         calls<&Surface::meanwhile>},
-        {u"Copies", automation::no_id, Use::method, {u"Item", u"Count", u"Field"}, calls<&Surface::copies>},
+         automation::calls<&Surface::meanwhile>},
+        {u"Copies",
+         automation::no_id,
+         Use::method,
+         {u"Item", u"Count", u"Field"},
+         automation::calls<&Surface::copies>},
         {u"Describe",
          automation::no_id,
          Use::method,
          {u"Item"},
          [](Surface&, const Object& item) { return description(item); }},
-        {u"Filters", automation::no_id, Use::get, calls<&Surface::filters>},
+        {u"Filters", automation::no_id, Use::get, automation::calls<&Surface::filters>},
         {u"Raise",
          automation::no_id,
          Use::method,
@@ -116,7 +119,7 @@ const automation::Members<Surface>& Surface::members() {
          [](Surface& self, const Text& event) {
              self.desk().application()->raise(event);  // one of the application's, alone
          }},
-        {u"Calls", automation::no_id, Use::get, calls<&Surface::calls>},
+        {u"Calls", automation::no_id, Use::get, automation::calls<&Surface::calls>},
         {u"Telling", automation::no_id, Use::get, [](Surface& self) { return self.desk().telling(); }},
         {u"ResetCalls", automation::no_id, Use::method,
          [](Surface& self) { self.desk().surroundings().reset_calls(); }},

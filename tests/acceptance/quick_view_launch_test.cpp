@@ -22,11 +22,9 @@ class OneItem : public automation::Automated<OneItem> {
     static const automation::Members<OneItem>& members() {
         constexpr std::int32_t item_id = 0x51;  // as of a Selection
         static const automation::Members<OneItem> table{
-            {u"Item",
-             item_id,
-             automation::Use::method,
-             {{u"Index"}},
-             [](OneItem& self, const automation::Arguments&) { return Value(self.item_); }}};
+            {u"Item", item_id, automation::Use::method, {u"Index"}, [](OneItem& self, const Value&) {
+                 return self.item_;
+             }}};
         return table;
     }
 

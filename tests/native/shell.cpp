@@ -4,11 +4,8 @@
 
 namespace native {
 
-using automation::Arguments;
-using automation::Takes;
 using automation::Text;
 using automation::Use;
-using automation::Value;
 
 void Shell::run(const Text& command_line) {
     const Text program = command_line.substr(0, command_line.find(u' '));
@@ -20,20 +17,15 @@ void Shell::run(const Text& command_line) {
 
 const automation::Members<Shell>& Shell::members() {
     static const automation::Members<Shell> table{
-        {u"CurrentDirectory", automation::no_id, Use::get_put,
-         [](Shell& self, const Arguments& a) {
-             if (a.is_put()) self.folder_ = a.assigned().to_text();
-             return Value(self.folder_);
-         }},
+        {u"CurrentDirectory", automation::no_id, [](Shell& self) { return self.folder_; },
+         [](Shell& self, const Text& given) { self.folder_ = given; }},
         {u"Run",
          automation::no_id,
          Use::method,
-         {{u"Command", Takes::text},
-          {u"WindowStyle", Takes::integer, true},
-          {u"WaitOnReturn", Takes::boolean, true}},
-         [](Shell& self, const Arguments& a) {
-             self.run(a[0].to_text());
-             return Value(0);
+         {u"Command", u"WindowStyle", u"WaitOnReturn"},
+         [](Shell& self, const Text& command, std::optional<std::int32_t>, std::optional<bool>) {
+             self.run(command);
+             return 0;
          }},
     };
     return table;

@@ -18,9 +18,7 @@ namespace {
 using acceptance::Lines;
 using acceptance::SearchPanel;
 using acceptance::shown;
-using automation::Arguments;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
@@ -47,7 +45,7 @@ class FakeField : public automation::Automated<FakeField> {
     explicit FakeField(Value value) : value_(std::move(value)) {}
     static const automation::Members<FakeField>& members() {
         static const automation::Members<FakeField> table{
-            {u"Value", 0, Use::get, [](FakeField& self, const Arguments&) { return self.value_; }}};
+            {u"Value", 0, Use::get, [](FakeField& self) { return self.value_; }}};
         return table;
     }
 
@@ -60,8 +58,8 @@ class FakeFields : public automation::Automated<FakeFields> {
     explicit FakeFields(Row row) : row_(std::move(row)) {}
     static const automation::Members<FakeFields>& members() {
         static const automation::Members<FakeFields> table{
-            {u"Item", 0, Use::method, {{u"Name", Takes::text}}, [](FakeFields& self, const Arguments& a) {
-                 const auto found = self.row_.find(automation::to_utf8(automation::upper(a[0].to_text())));
+            {u"Item", 0, Use::method, {u"Name"}, [](FakeFields& self, const Text& name) {
+                 const auto found = self.row_.find(automation::to_utf8(automation::upper(name)));
                  if (found == self.row_.end()) throw automation::Failure(automation::result::not_found);
                  return Value(std::make_shared<FakeField>(found->second));
              }}};
@@ -81,29 +79,25 @@ class FakeDatabase : public automation::Automated<FakeDatabase> {
             {u"Open",
              automation::no_id,
              Use::method,
-             {{u"Text", Takes::text}, {u"Connection", Takes::object, true}},
-             [](FakeDatabase& self, const Arguments& a) {
-                 return self.told("Open " + shown(a[0].to_text()));
+             {u"Text", u"Connection"},
+             [](FakeDatabase& self, const Text& text, const std::optional<Object>&) {
+                 self.told("Open " + shown(text));
              }},
-            {u"Close", automation::no_id, Use::method,
-             [](FakeDatabase& self, const Arguments&) { return self.told("Close"); }},
+            {u"Close", automation::no_id, Use::method, [](FakeDatabase& self) { self.told("Close"); }},
             {u"MoveFirst", automation::no_id, Use::method,
-             [](FakeDatabase& self, const Arguments&) {
+             [](FakeDatabase& self) {
                  self.place_ = 0;
-                 return self.told("MoveFirst");
+                 self.told("MoveFirst");
              }},
             {u"MoveNext", automation::no_id, Use::method,
-             [](FakeDatabase& self, const Arguments&) {
+             [](FakeDatabase& self) {
                  self.told("MoveNext");
                  ++self.place_;
-                 return Value();
              }},
             {u"EOF", automation::no_id, Use::get,
-             [](FakeDatabase& self, const Arguments&) {
-                 return Value(self.place_ >= self.provider_.rows.size());
-             }},
+             [](FakeDatabase& self) { return self.place_ >= self.provider_.rows.size(); }},
             {u"Fields", automation::no_id, Use::get,
-             [](FakeDatabase& self, const Arguments&) {
+             [](FakeDatabase& self) {
                  return Value(std::make_shared<FakeFields>(self.provider_.rows.at(self.place_)));
              }},
         };
@@ -111,10 +105,7 @@ class FakeDatabase : public automation::Automated<FakeDatabase> {
     }
 
   private:
-    Value told(const std::string& what) {
-        provider_.tell(name_ + "." + what);
-        return {};
-    }
+    void told(const std::string& what) { provider_.tell(name_ + "." + what); }
     Provider& provider_;
     std::string name_;
     std::size_t place_ = 0;

@@ -3,14 +3,15 @@
 namespace windows::testing {
 namespace {
 
-using automation::Arguments;
-using automation::Takes;
+using automation::Ignored;
 using automation::Use;
 
-Value joined(const Arguments& arguments) {
-    Text text;
-    for (std::size_t i = 0; i < 3; ++i) text += (arguments.has(i) ? arguments[i].to_text() : u"-") + u";";
-    return text;
+Text joined(Sample&, const Value& first, const std::optional<Value>& second,
+            const std::optional<Value>& third) {
+    const auto shown = [](const std::optional<Value>& value) {
+        return (value ? value->to_text() : u"-") + u";";
+    };
+    return shown(first) + shown(second) + shown(third);
 }
 
 }  // namespace
@@ -19,65 +20,48 @@ const automation::Members<Sample>& Sample::members() {
     static const automation::Members<Sample> table{
         {u"Value",
          automation::default_member,
-         Use::get_put,
-         {{u"Index", Takes::value, true}},
-         [](Sample& self, const Arguments& arguments) -> Value {
-             if (arguments.is_put()) {
-                 self.value = arguments.assigned();
-                 return {};
-             }
-             return arguments.has(0) ? Value(u"at " + arguments[0].to_text()) : self.value;
-         }},
+         {u"Index"},
+         [](Sample& self, const std::optional<Value>& index) {
+             return index ? Value(u"at " + index->to_text()) : self.value;
+         },
+         [](Sample& self, Ignored, const Value& given) { self.value = given; }},
         {u"Echo",
          automation::no_id,
          Use::method,
-         {{u"What", Takes::value, true}},
-         [](Sample&, const Arguments& arguments) { return arguments[0]; }},
-        {u"Join",
-         automation::no_id,
-         Use::method,
-         {{u"First"}, {u"Second", Takes::value, true}, {u"Third", Takes::value, true}},
-         [](Sample&, const Arguments& arguments) { return joined(arguments); }},
+         {u"What"},
+         [](Sample&, const std::optional<Value>& what) { return what.value_or(automation::Missing{}); }},
+        {u"Join", automation::no_id, Use::method, {u"First", u"Second", u"Third"}, joined},
         {u"Swap",
          automation::no_id,
          Use::method,
-         {{u"Left"}, {u"Right"}},
-         [](Sample&, const Arguments& arguments) -> Value {
-             std::swap(arguments[0], arguments[1]);
-             return {};
-         }},
+         {u"Left", u"Right"},
+         [](Sample&, Value& left, Value& right) { std::swap(left, right); }},
         {u"Double",
          automation::no_id,
          Use::method,
-         {{u"Number", Takes::integer}},
-         [](Sample&, const Arguments& arguments) -> Value { return arguments[0].to_integer() * 2; }},
+         {u"Number"},
+         [](Sample&, std::int32_t number) { return number * 2; }},
         {u"Fail",
          automation::no_id,
          Use::method,
-         {{u"Number", Takes::integer}},
-         [](Sample&, const Arguments& arguments) -> Value {
-             throw Failure(arguments[0].to_integer(), u"Refused on purpose");
-         }},
+         {u"Number"},
+         [](Sample&, std::int32_t number) -> Value { throw Failure(number, u"Refused on purpose"); }},
         {u"Break",
          automation::no_id,
          Use::method,
-         {{u"How", Takes::text}},
-         [](Sample&, const Arguments& arguments) -> Value {
-             if (arguments[0].to_text() == u"memory") throw std::bad_alloc();
+         {u"How"},
+         [](Sample&, const Text& how) -> Value {
+             if (how == u"memory") throw std::bad_alloc();
              throw 7;
          }},
-        {u"Me", automation::no_id, Use::get,
-         [](Sample& self, const Arguments&) -> Value { return Object(self.shared_from_this()); }},
-        {u"Count", automation::no_id, Use::get,
-         [](Sample& self, const Arguments&) -> Value {
-             return static_cast<std::int32_t>(self.items.size());
-         }},
+        {u"Me", automation::no_id, Use::get, [](Sample& self) { return Object(self.shared_from_this()); }},
+        {u"Count", automation::no_id, Use::get, [](Sample& self) { return self.items.size(); }},
         {u"Item",
          automation::no_id,
          Use::method,
-         {{u"Index", Takes::integer}},
-         [](Sample& self, const Arguments& arguments) -> Value {
-             const auto index = static_cast<std::size_t>(arguments[0].to_integer());
+         {u"Index"},
+         [](Sample& self, std::int32_t number) {
+             const auto index = static_cast<std::size_t>(number);
              if (index < 1 || index > self.items.size()) throw Failure(automation::result::bad_index);
              if (self.items[index - 1] == Value(broken)) throw Failure(automation::result::object_deleted);
              return self.items[index - 1];
@@ -117,9 +101,9 @@ const automation::Members<LaterSample>& LaterSample::members() {
         {u"Echo",
          0x777,
          Use::method,
-         {{u"What", Takes::value, true}},
-         [](LaterSample&, const Arguments& arguments) -> Value {
-             return u"later " + arguments[0].to_text();
+         {u"What"},
+         [](LaterSample&, const std::optional<Value>& what) {
+             return u"later " + what.value_or(automation::Missing{}).to_text();
          }},
     };
     return table;

@@ -4,8 +4,6 @@
 
 namespace windows::testing {
 
-using automation::Arguments;
-using automation::Takes;
 using automation::Use;
 
 ServerTest::ServerTest() {
@@ -37,22 +35,18 @@ ComPtr<IDispatch> ServerTest::connect() {
 const automation::Members<HostApplication>& HostApplication::members() {
     static const automation::Members<HostApplication> table{
         {u"COMAddIns", automation::no_id, Use::get,
-         [](HostApplication& self, const Arguments&) -> Value { return Object(self.shared_from_this()); }},
+         [](HostApplication& self) { return Object(self.shared_from_this()); }},
         {u"Item",
          automation::no_id,
          Use::method,
-         {{u"Index", Takes::text}},
-         [](HostApplication& self, const Arguments& a) -> Value {
-             self.asked.push_back(a[0].to_text());
+         {u"Index"},
+         [](HostApplication& self, const Text& index) {
+             self.asked.push_back(index);
              return Object(self.shared_from_this());
          }},
-        {u"ProgId", automation::no_id, Use::get,
-         [](HostApplication&, const Arguments&) -> Value { return u"CreateNote.Connect"; }},
-        {u"Object", automation::no_id, Use::get_put,
-         [](HostApplication& self, const Arguments& a) -> Value {
-             if (a.is_put()) self.published = a.assigned();
-             return self.published;
-         }},
+        {u"ProgId", automation::no_id, Use::get, [](HostApplication&) { return u"CreateNote.Connect"; }},
+        {u"Object", automation::no_id, [](HostApplication& self) { return self.published; },
+         [](HostApplication& self, const Value& given) { self.published = given; }},
     };
     return table;
 }
