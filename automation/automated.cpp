@@ -45,7 +45,7 @@ MemberIds ids_of(const MemberFacts& facts, std::span<const Text> parameters) {
 
 std::vector<Value> arrange(const MemberFacts& facts, Request& request) {
     const bool put = request.access == Access::put;
-    if (put ? (facts.use == Use::get || facts.use == Use::method) : facts.use == Use::put) {
+    if (put && facts.use != Use::get_put) {
         throw Failure(result::member_not_found, Text(facts.name));
     }
     std::vector<Value>& given = request.arguments;

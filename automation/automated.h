@@ -11,24 +11,8 @@
 
 namespace automation {
 
-/// The arguments of one call, in the order of the parameters, those left out as `Missing`. The first ones
-/// stand in the caller's own request, so that a change of them is seen there.
-class Arguments {
-  public:
-    Arguments(std::span<Value> values, Access access) : values_(values), access_(access) {}
-
-    Value& operator[](std::size_t index) const { return values_[index]; }
-    bool has(std::size_t index) const { return index < values_.size() && !values_[index].is_missing(); }
-    bool is_put() const { return access_ == Access::put; }
-    Value& assigned() const { return values_[values_.size() - 1]; }  ///< the value of a put
-
-  private:
-    std::span<Value> values_;
-    Access access_;
-};
-
 /// How a member may be used.
-enum class Use { get, get_put, put, method };
+enum class Use { get, get_put, method };
 
 /// The fixed part of a table row; `Row<T>` adds the code.
 struct MemberFacts {
@@ -43,17 +27,14 @@ struct MemberFacts {
 /// written has a second code, which takes the value at the end.
 template <class T>
 class Row : public MemberFacts {
-    using OldCode = Value (*)(T&, const Arguments&);
-
   public:
     template <class Run>
-    requires(!std::convertible_to<Run, OldCode>) Row(TextView name, std::int32_t id, Use use, Run run)
+    Row(TextView name, std::int32_t id, Use use, Run run)
         : Row(MemberFacts{name, id, use}, std::span<const TextView>(), run) {
         static_assert(signature::Of<Run>::count == 0, "each parameter of the code needs a name");
     }
     template <std::size_t count, class Run>
-    requires(!std::convertible_to<Run, OldCode>)
-        Row(TextView name, std::int32_t id, Use use, const TextView (&parameters)[count], Run run)
+    Row(TextView name, std::int32_t id, Use use, const TextView (&parameters)[count], Run run)
         : Row(MemberFacts{name, id, use}, std::span<const TextView>(parameters), run) {
         static_assert(signature::Of<Run>::count == count, "each parameter of the code needs a name");
     }
@@ -70,17 +51,11 @@ class Row : public MemberFacts {
     template <class Get, class Put>
     Row(TextView name, std::int32_t id, Property<Get, Put> codes) : Row(name, id, codes.get, codes.put) {}
 
-    // rows whose code looks into its arguments by itself
-    Row(TextView name, std::int32_t id, Use use, OldCode code)
-        : Row(name, id, use, std::vector<Parameter>(), code) {}
-    Row(TextView name, std::int32_t id, Use use, std::vector<Parameter> parameters, OldCode code)
-        : MemberFacts{name, id, use, std::move(parameters)},
-          run_{&run_old<Access::call>, reinterpret_cast<AnyCode>(code)},
-          put_{&run_old<Access::put>, reinterpret_cast<AnyCode>(code)} {}
-
-    /// Runs the code with arguments that `arrange` has brought in order.
+    /// Runs the code with arguments that `arrange` has brought in order. Throws `Failure` if there is none
+    /// for the request.
     Value run(T& self, Request& request) const {
         const Code& code = request.access == Access::put ? put_ : run_;
+        if (!code.run) throw Failure(result::member_not_found, Text(name));
         return code.run(self, request.arguments, code.code);
     }
 
@@ -106,11 +81,6 @@ class Row : public MemberFacts {
         static_assert(signature::Of<Put>::count == signature::Of<Get>::count + 1,
                       "the value comes at the end");
         put_ = code_of(put);
-    }
-
-    template <Access access>
-    static Value run_old(T& self, std::span<Value> arguments, AnyCode code) {
-        return reinterpret_cast<OldCode>(code)(self, Arguments(arguments, access));
     }
 
     Code run_, put_;
