@@ -34,6 +34,13 @@ class Program {
     }
 
     int run(std::vector<std::string> arguments, std::ostream& output, std::ostream& errors) {
+        if (!arguments.empty() && !arguments.front().starts_with('-') &&
+            std::ranges::none_of(commands_,
+                                 [&](const Command& c) { return c.call->get_name() == arguments.front(); })) {
+            errors << "TarnwellAdmin: there is no command \"" << arguments.front()
+                   << "\"; --help tells more.\n";
+            return exit_code::wrong_call;
+        }
         std::ranges::reverse(arguments);  // as the library takes them
         try {
             app_.parse(std::move(arguments));

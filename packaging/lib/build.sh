@@ -25,7 +25,7 @@ build_preset() {
 # What the desk needs to run; the tests are left to those who ask for them.
 native_tools=(tarnwell-mail tarnwell-database)
 desk_programs=(TWstore.exe TarnwellUtility.exe TarnwellUpdate.exe)
-desk_targets=(desk DocumentViewer TarnwellNote TarnwellFamily "${desk_programs[@]%.exe}")
+desk_targets=(desk DocumentViewer TarnwellNote TarnwellAdmin TarnwellFamily "${desk_programs[@]%.exe}")
 
 # make_databases: build/databases/<name>/ with tarnwell.db and the system folder's file, anew when data or maker changed.
 make_databases() {

@@ -49,7 +49,7 @@ chmod +x "$work/sign it"
 export TARNWELL_SIGN="'$work/sign it' '$work'"
 make_package x64 "$version" "$work/third"
 mapfile -t files < <(find "$work/third" -name '*.dll' -o -name '*.exe' -o -name '*.msi')
-((${#files[@]} == 6)) || wrong "there are ${#files[@]} programs and installers, not 6"
+((${#files[@]} == 7)) || wrong "there are ${#files[@]} programs and installers, not 7"
 for file in "${files[@]}"; do
     osslsigncode verify -CAfile "$work/certificate.pem" -in "$file" >"$work/verified" 2>&1 || wrong "$file is not signed: $(<"$work/verified")"
 done

@@ -219,9 +219,10 @@ struct Mishap {
     std::int32_t after;  ///< so many calls
     const char* sentence;
 };
-constexpr Mishap mishaps[] = {{"no rights", u"Add", 3, "what had been made is taken back"},
-                              {"no fields", u"Add", 60, "what had been made is taken back"},
-                              {"no record", u"Post", 2, "what had been made is taken back"}};
+constexpr Mishap mishaps[] = {
+    {"no rights", u"Folders.Add", 3, "what had been made is taken back"},
+    {"no fields", u"UserDefinedProperties.Add", 40, "what had been made is taken back"},
+    {"no record", u"PostItem.Post", 2, "what had been made is taken back"}};
 
 TEST_F(AdminDatabase, IsTakenBackWhereItCanNotBeFinished) {
     take_database_away();
@@ -248,7 +249,7 @@ TEST_F(AdminDatabase, RefusesAWrongCallInOneSentence) {
     };
     const Case cases[] = {
         {{}, 2, "subcommand"},
-        {{"sing"}, 2, "sing"},
+        {{"sing"}, 2, "there is no command \"sing\""},
         {{"database"}, 2, "STORE\\FOLDER"},
         {{"database", place, "--loud"}, 2, "--loud"},
         {{"database", "Public Folders"}, 3, "does not name a folder in a store"},
@@ -267,7 +268,7 @@ TEST_F(AdminDatabase, RefusesAWrongCallInOneSentence) {
 }
 
 TEST_F(AdminDatabase, NeedsAHostThatKnowsFieldsOfFolders) {
-    world.fail(u"UserDefinedProperties");
+    world.fail(u"MAPIFolder.UserDefinedProperties");
     const AdminRun refused = make();
     EXPECT_EQ(refused.code, 3);
     EXPECT_THAT(refused.errors, HasSubstr("Outlook 2007 or a later one"));
@@ -312,7 +313,14 @@ TEST(AdminDatabaseInUse, IsWhatTheAddInWorksIn) {
     const Text ini = world.write_file("twsystemfolder.ini", "");
     world.family(u"SpecialFolder", ini.substr(0, ini.find_last_of(u"/\\")));
     world.family(u"EmailAutoFile", u"1");
-    Folder(world.account_profiles().Parent()).call(u"Delete");
+    world.name_space()
+        .Folders()
+        .Item(u"Public Folders")
+        .Folders()
+        .Item(u"All Public Folders")
+        .Folders()
+        .Item(u"Tarnwell")
+        .call(u"Delete");
     AdminMachine machine(world);
     ASSERT_EQ(native::run_admin({"database", place}, machine).code, 0);
     world.quit();
