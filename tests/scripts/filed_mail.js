@@ -53,6 +53,8 @@ same("nothing is filed as it arrives", filed.Count, before);
 for (var i = 0, all = [mail, stranger, secret, left]; i < all.length; i++) read(all[i]);
 same("one was filed", filed.Count, before + 1);
 same("its mark", mail.FlagRequest, "TW-Received eMail Auto Filed");
+same("its flag is a completed one", mail.FlagStatus, 1);
+same("what counts of it", mail.BillingInformation, "TW Auto Filed");
 same("the stranger's", stranger.FlagRequest, "");
 same("the private one's", secret.FlagRequest, "");
 same("the one that was to be left alone", left.FlagRequest, "");
