@@ -331,7 +331,7 @@ TEST(AdminDatabaseInUse, IsWhatTheAddInWorksIn) {
     contact.Save();
     world.settle();
     const Item mail =
-        world.deliver("From: siobhan@one.example\r\nTo: pat@tarnwell.example\r\nSubject: Hello\r\n\r\nText");
+        world.deliver("From: siobhan@one.example\nTo: pat@tarnwell.example\nSubject: Hello\n\nText");
     acceptance::World::read(mail);
     EXPECT_EQ(mail.BillingInformation(), u"TW Auto Filed");
     EXPECT_EQ(world.below(u"Email").Items().Item(1).Subject(), u"Hello");
