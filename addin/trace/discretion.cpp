@@ -15,17 +15,35 @@ constexpr std::size_t most_heard = 4096, most_words = 20000, longest_line = 200;
 constexpr char16_t ellipsis = 0x2026;
 constexpr TextView quotes = u"'\"`\u2018\u2019\u201C\u201D\u201E\u00AB\u00BB";
 
-/// Words of which the hosts' failures are made: they say nothing of a mail.
+/// Words of which the hosts' failures are made. They are all that is told, so what is anybody's is not among
+/// them.
 constexpr TextView plain_words[] = {
-    u"a",         u"access",   u"an",     u"and",        u"are",    u"argument",  u"array",     u"be",
-    u"been",      u"by",       u"call",   u"called",     u"cannot", u"changed",   u"class",     u"client",
-    u"could",     u"deleted",  u"denied", u"does",       u"error",  u"exist",     u"failed",    u"failure",
-    u"for",       u"found",    u"from",   u"has",        u"have",   u"in",        u"interface", u"invalid",
-    u"is",        u"it",       u"item",   u"member",     u"method", u"mismatch",  u"missing",   u"name",
-    u"no",        u"not",      u"object", u"of",         u"on",     u"operation", u"or",        u"outlook",
-    u"parameter", u"property", u"read",   u"registered", u"server", u"set",       u"such",      u"that",
-    u"the",       u"there",    u"this",   u"to",         u"type",   u"unknown",   u"value",     u"variable",
-    u"was",       u"with"};
+    u"a",           u"access",     u"activex",     u"an",          u"and",          u"application",
+    u"are",         u"argument",   u"arguments",   u"array",       u"at",           u"attachment",
+    u"automation",  u"available",  u"bar",         u"be",          u"because",      u"been",
+    u"before",      u"busy",       u"by",          u"call",        u"called",       u"can",
+    u"cannot",      u"change",     u"changed",     u"class",       u"client",       u"collection",
+    u"component",   u"condition",  u"connection",  u"control",     u"could",        u"create",
+    u"data",        u"database",   u"deleted",     u"denied",      u"disconnected", u"does",
+    u"error",       u"event",      u"exception",   u"exist",       u"exists",       u"expected",
+    u"failed",      u"failure",    u"field",       u"file",        u"find",         u"folder",
+    u"for",         u"found",      u"from",        u"has",         u"have",         u"host",
+    u"in",          u"index",      u"information", u"interface",   u"internal",     u"invalid",
+    u"invoke",      u"is",         u"it",          u"item",        u"items",        u"library",
+    u"limit",       u"list",       u"made",        u"mail",        u"member",       u"memory",
+    u"message",     u"method",     u"mismatch",    u"missing",     u"module",       u"moved",
+    u"must",        u"name",       u"network",     u"no",          u"not",          u"null",
+    u"number",      u"object",     u"occurred",    u"of",          u"offline",      u"on",
+    u"open",        u"operation",  u"or",          u"outlook",     u"parameter",    u"parse",
+    u"permission",  u"place",      u"process",     u"program",     u"property",     u"range",
+    u"read",        u"registered", u"rejected",    u"remote",      u"required",     u"results",
+    u"same",        u"security",   u"server",      u"service",     u"session",      u"set",
+    u"specified",   u"started",    u"store",       u"string",      u"such",         u"system",
+    u"that",        u"the",        u"there",       u"this",        u"time",         u"to",
+    u"too",         u"type",       u"unable",      u"unavailable", u"unexpected",   u"unknown",
+    u"unsupported", u"user",       u"valid",       u"value",       u"variable",     u"version",
+    u"was",         u"were",       u"while",       u"window",      u"windows",      u"with",
+    u"write",       u"wrong",      u"you",         u"your"};
 static_assert(std::ranges::is_sorted(plain_words));
 
 bool is_in_word(char16_t unit) {
@@ -88,11 +106,12 @@ void Discretion::hears(TextView said) {
 
 bool Discretion::is_private(TextView word) const {
     const Text folded = automation::folded(word);
-    return words_.contains(folded) && !std::ranges::binary_search(plain_words, TextView(folded));
+    if (std::ranges::binary_search(plain_words, TextView(folded))) return false;
+    return !open_ || words_.contains(folded);
 }
 
 std::string Discretion::said_discreetly(TextView text) const {
-    const Text open = without_places(without_quoted(text));
+    const Text open = open_ ? Text(text) : without_places(without_quoted(text));
     Text said;
     std::size_t copied = 0;
     for_each_word(open, [&](TextView word, std::size_t at) {

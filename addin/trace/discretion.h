@@ -9,20 +9,23 @@
 
 namespace addin::trace {
 
-/// Remembers what was said between the add-in and the host, and leaves it out of a text: each word of it, and
-/// whatever else in a text looks as if it was somebody's.
+/// Of a text, only the words are told of which failures are made: a host may name in it whom it likes. Where
+/// the content of mails may be told, it is the other way round: only the words of what was heard are left
+/// out.
 class Discretion {
   public:
+    explicit Discretion(bool open = false) : open_(open) {}
+
     void hears(automation::TextView said);
     void forgets() { words_.clear(); }
 
-    /// A text in UTF-8, on one line. What is quoted, a path, an address and every word that was heard become
-    /// an ellipsis; words of which failures are told stay.
+    /// A text in UTF-8, on one line, with an ellipsis for each word that is left out.
     std::string said_discreetly(automation::TextView text) const;
 
   private:
     bool is_private(automation::TextView word) const;
 
+    bool open_;
     std::set<automation::Text> words_;  ///< folded
 };
 

@@ -77,7 +77,11 @@ struct Teller::Story {
 Moment now() { return {std::chrono::system_clock::now(), steady_clock::now()}; }
 
 Teller::Teller(std::unique_ptr<Log> log, Clock clock, Manner manner)
-    : log_(std::move(log)), clock_(std::move(clock)), manner_(manner), counted_(clock_().time) {}
+    : log_(std::move(log)),
+      clock_(std::move(clock)),
+      manner_(manner),
+      discretion_(manner.content),
+      counted_(clock_().time) {}
 
 Teller::~Teller() {
     while_told([&] {
@@ -222,7 +226,7 @@ void Teller::asks(const Request& request) noexcept {
         ++current().calls;
         for (const Value& argument : request.arguments) {
             if (!argument.is(Value::Type::text)) continue;
-            if (!manner_.content || request.member == body) discretion_.hears(argument.to_text());
+            if (request.member == body) discretion_.hears(argument.to_text());
             if (manner_.content && request.member == find) add("find    " + on_one_line(argument.to_text()));
         }
     });
@@ -235,7 +239,7 @@ void Teller::asked(const Request& request, const Value* answer, const Failure* f
         if (!failure && request.member == post) ++current().posted;
         if (!answer || !answer->is(Value::Type::text)) return;
         const Text text = answer->to_text();
-        if (!manner_.content || request.member == body) discretion_.hears(text);
+        if (request.member == body) discretion_.hears(text);
         if (manner_.content && std::ranges::find(shown_members, request.member) != std::end(shown_members))
             add("read    " + automation::to_utf8(request.member) + ": " + on_one_line(text));
     });
