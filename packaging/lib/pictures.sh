@@ -2,7 +2,7 @@
 # `./tarnwell pictures`: the pictures of docs/, of the real windows.
 
 # picture_scripts: the scripts that take pictures when they are given a folder.
-picture_scripts() { grep -lE '^function picture\(' "$ROOT"/tests/scripts/*.js | LC_ALL=C sort; }
+picture_scripts() { grep -lE '^var folder = WScript\.Arguments' "$ROOT"/tests/scripts/*.js | LC_ALL=C sort; }
 
 # take_pictures SCRIPT FOLDER: runs a script on a desk of its own, where a question stands until it is answered.
 take_pictures() {

@@ -183,7 +183,7 @@ run_shell_tests() {
     count "the command line" "$good" "$bad"
 }
 
-script_tests() { find "$ROOT/tests/scripts" -name '*.js' -o -name '*.vbs' | LC_ALL=C sort; }
+script_tests() { find "$ROOT/tests/scripts" -maxdepth 1 \( -name '*.js' -o -name '*.vbs' \) | LC_ALL=C sort; }
 shell_tests() { find "$ROOT/tests/shell" -name '*.sh' | LC_ALL=C sort; }
 
 # test_names: all tests that have a name, as lines of the program that runs it and the name. Read from the sources, so that

@@ -8,20 +8,8 @@ var profiles = root.Folders("Account Profiles");
 var registry = new ActiveXObject("WScript.Shell");
 registry.RegWrite("HKCU\\Software\\Tarnwell\\Family\\UserName", "Pat Example", "REG_SZ");
 
-function same(what, found, wanted) {
-    if (String(found) === String(wanted)) return;
-    wrong++;
-    WScript.Echo(what + ": " + found + " instead of " + wanted);
-}
-function waitUntil(what, test) {
-    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
-    same(what, test(), true);
-}
-function picture(name) {
-    if (folder === "") return;
-    desk.Pump(300);
-    desk.Snapshot(folder + "\\" + name + ".png");
-}
+eval(new ActiveXObject("Scripting.FileSystemObject")
+    .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 // Shows an item and presses a button in its window, of which a picture may be taken before.
 function press(item, bar, button, name) {
     item.Display();

@@ -5,21 +5,8 @@ var folder = WScript.Arguments.length > 0 ? WScript.Arguments(0) : "";
 var root = app.GetNamespace("MAPI").Folders("Public Folders").Folders("All Public Folders").Folders("Tarnwell");
 var filed = root.Folders("Account Profiles").Folders("Email").Items, filedBefore = filed.Count;
 
-function same(what, found, wanted) {
-    if (String(found) === String(wanted)) return;
-    wrong++;
-    WScript.Echo(what + ": " + found + " instead of " + wanted);
-}
-function waitUntil(what, test) {
-    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
-    same(what, test(), true);
-}
-function picture(name, window) {
-    if (folder === "") return;
-    desk.Pump(300);
-    var place = window ? "@" + window.Width + "x" + window.Height + "+" + window.Left + "+" + window.Top : "";
-    desk.Snapshot(folder + "\\" + name + place + ".png");
-}
+eval(new ActiveXObject("Scripting.FileSystemObject")
+    .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 function dialog() { return desk.Window("Tarnwell Create Note"); }
 function control(name) { return dialog().Control(name); }
 

@@ -7,20 +7,8 @@ var session = app.GetNamespace("MAPI");
 var root = session.Folders("Public Folders").Folders("All Public Folders").Folders("Tarnwell");
 var filed = root.Folders("Account Profiles").Folders("Email").Items, before = filed.Count;
 
-function same(what, found, wanted) {
-    if (String(found) === String(wanted)) return;
-    wrong++;
-    WScript.Echo(what + ": " + found + " instead of " + wanted);
-}
-function waitUntil(what, test) {
-    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
-    same(what, test(), true);
-}
-function picture(name) {
-    if (folder === "") return;
-    desk.Pump(300);
-    desk.Snapshot(folder + "\\" + name + ".png");
-}
+eval(new ActiveXObject("Scripting.FileSystemObject")
+    .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 var files = new ActiveXObject("Scripting.FileSystemObject");
 function deliver(from, subject, hour) {
     var path = files.GetSpecialFolder(2).Path + "\\filed-mail.eml", file = files.CreateTextFile(path, true);

@@ -7,21 +7,8 @@ var root = app.GetNamespace("MAPI").Folders("Public Folders").Folders("All Publi
 var profiles = root.Folders("Account Profiles");
 var contacts = profiles.Folders("Account Contacts").Items, contactsBefore = contacts.Count;
 
-function same(what, found, wanted) {
-    if (String(found) === String(wanted)) return;
-    wrong++;
-    WScript.Echo(what + ": " + found + " instead of " + wanted);
-}
-function waitUntil(what, test) {
-    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
-    same(what, test(), true);
-}
-function picture(name, window) {
-    if (folder === "") return;
-    desk.Pump(300);
-    var place = window ? "@" + window.Width + "x" + window.Height + "+" + window.Left + "+" + window.Top : "";
-    desk.Snapshot(folder + "\\" + name + place + ".png");
-}
+eval(new ActiveXObject("Scripting.FileSystemObject")
+    .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 function picker() { return desk.Window("Account List"); }
 function dialog() { return desk.Window("Tarnwell Create Note"); }
 

@@ -9,20 +9,8 @@ var opportunities = profiles.Folders("Opportunities").Items;
 new ActiveXObject("WScript.Shell").RegWrite(
     "HKCU\\Software\\Microsoft\\Office\\9.0\\Outlook\\Options\\Tarnwell\\EnableQuickView", "1");
 
-function same(what, found, wanted) {
-    if (String(found) === String(wanted)) return;
-    wrong++;
-    WScript.Echo(what + ": " + found + " instead of " + wanted);
-}
-function waitUntil(what, test) {
-    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
-    same(what, test(), true);
-}
-function picture(name) {
-    if (folder === "") return;
-    desk.Pump(300);
-    desk.Snapshot(folder + "\\" + name + ".png");
-}
+eval(new ActiveXObject("Scripting.FileSystemObject")
+    .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 function view() { return desk.Window("TW Quick View"); }
 function isShown() { return view() != null && view().Visible; }
 function control(name) { return view().Control(name); }

@@ -6,21 +6,8 @@ var root = app.GetNamespace("MAPI").Folders("Public Folders").Folders("All Publi
 var profiles = root.Folders("Account Profiles");
 var connect = app.COMAddIns.Item("CreateNote.Connect").Object;
 
-function same(what, found, wanted) {
-    if (String(found) === String(wanted)) return;
-    wrong++;
-    WScript.Echo(what + ": " + found + " instead of " + wanted);
-}
-function waitUntil(what, test) {
-    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
-    same(what, test(), true);
-}
-function picture(name, window) {
-    if (folder === "") return;
-    desk.Pump(300);
-    var place = window ? "@" + window.Width + "x" + window.Height + "+" + window.Left + "+" + window.Top : "";
-    desk.Snapshot(folder + "\\" + name + place + ".png");
-}
+eval(new ActiveXObject("Scripting.FileSystemObject")
+    .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 function panel() { return desk.Window("Tarnwell Search Panel"); }
 function control(name) { return panel().Control(name); }
 function column(number) {

@@ -5,18 +5,11 @@ var folder = WScript.Arguments.length > 0 ? WScript.Arguments(0) : "";
 var shell = new ActiveXObject("WScript.Shell");
 shell.RegWrite("HKCU\\Software\\Microsoft\\Office\\9.0\\Outlook\\Options\\Tarnwell\\AutoFileSentEmails", "1", "REG_SZ");
 
-function same(what, found, wanted) {
-    if (String(found) === String(wanted)) return;
-    wrong++;
-    WScript.Echo(what + ": " + found + " instead of " + wanted);
-}
+eval(new ActiveXObject("Scripting.FileSystemObject")
+    .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 
 // Calls are served while the add-in yields, so what was begun need not be over.
-function waitUntil(what, test) {
-    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
-    same(what, test(), true);
-}
-function picture(name) {
+function pictureAtOnce(name) {
     if (folder === "") return;
     desk.Snapshot(folder + "\\" + name + ".png");
 }
@@ -32,7 +25,7 @@ var marked = app.CreateItem(0);
 marked.Subject = "before";
 desk.Meanwhile("Searching for ", marked, "Subject", "while it was searched");
 desk.Press(send);
-picture("sent-mail");  // served while the search gives way
+pictureAtOnce("sent-mail");  // served while the search gives way
 waitUntil("the mail goes out", function() { return app.Inspectors.Count == 0; });
 same("what came in between", marked.Subject, "while it was searched");
 

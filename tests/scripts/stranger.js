@@ -13,20 +13,8 @@ function option(text) {
         "HKCU\\Software\\Microsoft\\Office\\9.0\\Outlook\\Options\\Tarnwell\\EnableQuickView", text);
 }
 
-function same(what, found, wanted) {
-    if (String(found) === String(wanted)) return;
-    wrong++;
-    WScript.Echo(what + ": " + found + " instead of " + wanted);
-}
-function waitUntil(what, test) {
-    for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
-    same(what, test(), true);
-}
-function picture(name) {
-    if (folder === "") return;
-    desk.Pump(300);
-    desk.Snapshot(folder + "\\" + name + ".png");
-}
+eval(new ActiveXObject("Scripting.FileSystemObject")
+    .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 var question = "Tarnwell Account/Contact eve@stone.example NOT FOUND!\rWould you like to Create an Account/Contact";
 var search = "Would you like to search for an Account Name? ";
 
