@@ -12,7 +12,6 @@ using automation::no_id;
 using automation::Text;
 using automation::TextView;
 using automation::Use;
-using automation::Value;
 
 namespace {
 

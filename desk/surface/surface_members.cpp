@@ -9,7 +9,6 @@ namespace desk {
 
 using automation::Failure;
 using automation::Object;
-using automation::Takes;
 using automation::Text;
 using automation::Use;
 using automation::Value;

@@ -12,7 +12,6 @@ using automation::Invocable;
 using automation::Object;
 using automation::Request;
 using automation::Text;
-using automation::TextView;
 using automation::Value;
 using automation::Watch;
 
