@@ -1,5 +1,5 @@
 // A tour: each mail file given as an argument is delivered to the Inbox and read, as a person would; then a table shows
-// what the add-in made of it. Only the object model and the desk's own surface are used.
+// what the add-in made of it. Why a mail was left alone is what the add-in's own trace says.
 var app = new ActiveXObject("Outlook.Application");
 var desk = app.Desk;
 var places = notePlaces();
@@ -7,6 +7,8 @@ var known = {};
 var rows = [];
 var reasons = [];
 var failures = 0;
+var files = new ActiveXObject("Scripting.FileSystemObject");
+var traceFile = traceName(), traceSeen = traced().length;
 
 for (var p = 0; p < places.length; p++) newNotes(places[p]);
 for (var i = 0; i < WScript.Arguments.length; i++) visit(WScript.Arguments(i));
@@ -32,23 +34,41 @@ function visit(path) {
         return;
     }
     desk.Pump(20);
-    var note = noteMade();
+    var note = noteMade(), reason = newReason();
     rows.push([name, senderOf(mail), note ? property(note.item, "Contact Name") : "", note ? note.place : "",
                note ? property(note.item, "Account Name") : "", note ? String(note.item.Attachments.Count) : "",
                text(mail, "BillingInformation")]);
-    if (!note) reasons.push(name + ": " + reasonFor(mail));
+    if (!note) reasons.push(name + ": " + (reason || "the trace says nothing of it"));
 }
 
-// The reasons in the order in which the add-in comes upon them.
-function reasonFor(mail) {
-    var type = text(mail, "SenderEmailType");
-    if (text(mail, "MessageClass") != "IPM.Note") return "it is of another class, " + text(mail, "MessageClass");
-    if (text(mail, "Sensitivity") != "0") return "it is marked as private or personal";
-    if (text(mail, "To") == "") return "it has no To line";
-    if (type != "" && type != "SMTP") {
-        return "the sender's address is of type " + type + ", and no contact bears it or the option for it is off";
+// The last line of the trace that tells why a mail was not filed, if there is one since the last time.
+function newReason() {
+    var all = traced(), fresh = all.substring(traceSeen), mark = "\n    not filed: ";
+    traceSeen = all.length;
+    var at = fresh.lastIndexOf(mark);
+    if (at < 0) return "";
+    at += mark.length;
+    return fresh.substring(at, fresh.indexOf("\n", at));
+}
+
+function traced() {
+    var content = "";
+    try {
+        var file = files.OpenTextFile(traceFile, 1);
+        if (!file.AtEndOfStream) content = file.ReadAll();
+        file.Close();
+    } catch (error) {
+        return "";
     }
-    return "no contact has the address " + senderOf(mail);
+    return content.replace(/\r/g, "");
+}
+
+function traceName() {
+    try {
+        return new ActiveXObject("WScript.Shell").RegRead("HKCU\\Software\\Tarnwell\\Note\\TraceFile");
+    } catch (error) {
+        return "";
+    }
 }
 
 function filed(row) { return row[3] != ""; }

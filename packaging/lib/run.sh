@@ -72,9 +72,11 @@ deliver_samples() {
 
 # Without a display: the sample mails, delivered and read, and what the add-in made of each.
 show_tour() {
-    local folder=$BUILD/script file mails=()
+    local folder=$BUILD/script file mails=() trace_file=$BUILD/logs/tour-trace.txt trace_content=1
     say "there is no display, so this is a tour of the sample mails on a virtual one (with DISPLAY set, the desk opens)"
     lock "$BUILD/script.lock" "a script runs; waiting for it"
+    mkdir -p "${trace_file%/*}"
+    rm -f "$trace_file"
     start_display
     use_prefix script
     prepare_desk "$folder" sample

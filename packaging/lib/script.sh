@@ -126,6 +126,23 @@ check_left_out() {
     done
 }
 
+# trace_rows: where the add-in writes its trace, if it is to write one.
+trace_rows() {
+    local key='HKEY_CURRENT_USER\Software\Tarnwell\Note'
+    row "-$key"
+    [[ -n ${trace_file:-} ]] || return 0
+    row "$key" TraceFile "$(windows_path "$trace_file")"
+    row "$key" TraceContent "${trace_content:-0}"
+}
+
+check_trace() {
+    local name=$1
+    [[ -n $name ]] || return 0
+    [[ ! -e $name || -f $name ]] || fail "the trace can not be written to '$name': it is no file" 2
+    [[ -d $(dirname -- "$name") ]] || fail "the trace can not be written to '$name': there is no such folder" 2
+    { : >>"$name"; } 2>/dev/null || fail "the trace can not be written to '$name'" 2
+}
+
 # prepare_desk FOLDER DATABASE [LEFT_OUT...]: a prefix as if new, with the desk, the add-in and the family registered
 # from FOLDER/program, on a fresh copy of the database in FOLDER/database.
 prepare_desk() {
@@ -143,7 +160,7 @@ prepare_desk() {
     copy_database "$database" "$folder/database"
     set_up_desk "$folder"
     { document_rows "$folder/program" && family_rows "$folder/program" "$folder/database" && leave_out_rows "$@" &&
-        row '-HKEY_CURRENT_USER\Software\Microsoft\Office\9.0\Outlook\Options\Tarnwell'; } |
+        row '-HKEY_CURRENT_USER\Software\Microsoft\Office\9.0\Outlook\Options\Tarnwell' && trace_rows; } |
         import_rows "$folder/desk.reg"
 }
 
@@ -171,11 +188,11 @@ watch_end() {
 }
 
 script_command() {
-    local file= database=sample seconds=120 keep= left_out=() arguments=() folder=$BUILD/script kept
+    local file= database=sample seconds=120 trace= trace_file= keep= left_out=() arguments=() folder=$BUILD/script kept
     local host_version= instant_search=0 language= event_order=host event_option=
     while (($# > 0)); do
         case $1 in
-            --database | --host-version | --language | --without | --seconds)
+            --database | --host-version | --language | --without | --seconds | --trace)
                 (($# > 1)) || fail "the option '$1' needs a value" 2
                 case $1 in
                     --database) database=$2 ;;
@@ -183,10 +200,11 @@ script_command() {
                     --language) language=$2 ;;
                     --without) left_out+=("$2") ;;
                     --seconds) seconds=$2 ;;
+                    --trace) trace=$2 ;;
                 esac
                 shift
                 ;;
-            --database=* | --host-version=* | --language=* | --without=* | --seconds=*)
+            --database=* | --host-version=* | --language=* | --without=* | --seconds=* | --trace=*)
                 set -- "${1%%=*}" "${1#*=}" "${@:2}"
                 continue
                 ;;
@@ -217,6 +235,8 @@ script_command() {
     [[ -z $language || $language =~ ^[1-9][0-9]{0,5}$ ]] || fail "--language needs a language's number like 1033, not '$language'" 2
     [[ -z $host_version || $host_version =~ ^[0-9]+(\.[0-9]+)*$ ]] || fail "--host-version needs a version like 9.0.0.3821, not '$host_version'" 2
     check_database "$database"
+    check_trace "$trace"
+    [[ -z $trace ]] || trace_file=$(realpath -s -- "$trace")
 
     prepare desk
     lock "$BUILD/script.lock" "another script runs; waiting for it"

@@ -22,6 +22,9 @@ refuses "not 'soon'" script "$script" --seconds soon
 refuses "not '0'" script "$script" --seconds=0
 refuses "not 'English'" script "$script" --language English
 refuses "not 'ten'" script "$script" --host-version ten
+refuses "no such folder" script "$script" --trace "$work/nowhere/trace.txt"
+refuses "it is no file" script "$script" --trace="$work"
+refuses "'--trace' needs a value" script "$script" --trace
 refuses "exclude each other" script "$script" --deferred-events --events-at-once
 refuses "is a second one" script "$script" "$script"
 refuses "at least one mail file" deliver
