@@ -31,8 +31,9 @@ int main() try {
     const bool walk_right = bench::calls_of_a_walk();
     const bool replica_right = bench::calls_of_a_replica();
     const bool times_right = bench::time_of_a_mail();
+    const bool trace_right = bench::cost_of_the_trace();
     return calls_right && opened_right && selection_right && search_right && walk_right && replica_right &&
-                   times_right
+                   times_right && trace_right
                ? EXIT_SUCCESS
                : EXIT_FAILURE;
 } catch (const automation::Failure& failure) {

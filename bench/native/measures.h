@@ -36,4 +36,7 @@ bool calls_of_a_replica();
 /// What a mail's filing takes with few and with many contacts.
 bool time_of_a_mail();
 
+/// What it costs to file mails with the trace, and that it costs nothing where it is off.
+bool cost_of_the_trace();
+
 }  // namespace bench
