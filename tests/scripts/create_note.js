@@ -44,8 +44,9 @@ for (var i = 1; i <= targets.Count && targets.Item(i) != "Opportunities"; i++) {
 targets.Select(i);
 waitUntil("a text can be entered", function() { return control("SearchString").Enabled; });
 control("SearchString").Text = "b";
+var place = placeOf(dialog());
 control("SearchString").Key(13);
-picture("create-note-searching", dialog());  // served while the search gives way
+pictureAtOnce("create-note-searching" + place);  // served while the search gives way
 waitUntil("the search ends", function() { return control("lblHeader").Text == "Search Complete for b"; });
 var found = control("lstRecipients").Count;
 same("records are found", found > 0, true);

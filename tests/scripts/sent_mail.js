@@ -9,11 +9,6 @@ eval(new ActiveXObject("Scripting.FileSystemObject")
     .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 
 // Calls are served while the add-in yields, so what was begun need not be over.
-function pictureAtOnce(name) {
-    if (folder === "") return;
-    desk.Snapshot(folder + "\\" + name + ".png");
-}
-
 var mail = app.CreateItem(0);
 mail.To = "hannah.weatherby@bellweather.example; nobody@elsewhere.example";
 mail.Subject = "Delivery dates";

@@ -9,10 +9,16 @@ function waitUntil(what, test) {
     for (var i = 0; i < 400 && !test(); i++) desk.Pump(25);
     same(what, test(), true);
 }
-// With a window, where it is stands in the name.
+// Where a window is, as a picture's name tells it.
+function placeOf(window) {
+    return "@" + window.Width + "x" + window.Height + "+" + window.Left + "+" + window.Top;
+}
+function pictureAtOnce(name) {
+    if (folder !== "") desk.Snapshot(folder + "\\" + name + ".png");
+}
+// The same when everything has been drawn; with a window, of it alone.
 function picture(name, window) {
     if (folder === "") return;
     desk.Pump(300);
-    var place = window ? "@" + window.Width + "x" + window.Height + "+" + window.Left + "+" + window.Top : "";
-    desk.Snapshot(folder + "\\" + name + place + ".png");
+    pictureAtOnce(name + (window ? placeOf(window) : ""));
 }
