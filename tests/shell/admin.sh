@@ -37,6 +37,8 @@ prints "$(example "TarnwellAdmin database \"$place\"" | tail -n 1)"
 admin 0 check
 installed='C:\Users\Pat\AppData\Local\Programs\Tarnwell'
 prints "$(example 'TarnwellAdmin check' | sed "s|${installed//\\/\\\\}|$(windows_path "$folder/program" | sed 's/[\\&|]/\\&/g')|")"
+admin 0 probe
+[[ $(tail -n 1 <<<"$out") == "$(example 'TarnwellAdmin probe')" ]] || wrong "the host does not answer as is believed: $out"
 
 row 'HKEY_CURRENT_USER\Software\Microsoft\Office\Outlook\Addins\CreateNote.Connect' LoadBehavior 2 dword | import_rows "$folder/off.reg"
 admin 1 check
