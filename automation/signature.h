@@ -183,5 +183,7 @@ struct Property {
     Get get;
     Put put;  ///< as the other, and the value at the end
 };
+template <class Get, class Put>
+Property(Get, Put) -> Property<Get, Put>;  // a compiler may know no such guides for aggregates by itself
 
 }  // namespace automation

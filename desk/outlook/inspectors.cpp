@@ -215,8 +215,8 @@ const automation::Members<Inspectors>& Inspectors::members() {
          Use::method,
          {u"Item"},
          [](Inspectors&, const Object& given) {
- const auto item = std::dynamic_pointer_cast<desk::Item>(given.target());
- if (!item) throw Failure(result::type_mismatch, u"An item is expected.");
+             const auto item = std::dynamic_pointer_cast<desk::Item>(given.target());
+             if (!item) throw Failure(result::type_mismatch, u"An item is expected.");
              return item->inspector()->self();
          }},
     };
