@@ -54,7 +54,7 @@ std::string common(Probed& probed) {
 
 constexpr const char* common_of_items = "0x37 0x9100 0x1A 0xF01E 0xF048 0xF032 0xF034 0xF023";
 
-constexpr Question questions[] = {
+constexpr ProbeQuestion class_rows[] = {
     {"A mail's class", "43 IPM.Note", source::type_library, kind<inbox, mail>},
     {"A post's class", "45 IPM.Post", source::type_library, kind<inbox, post>},
     {"A contact's class", "40 IPM.Contact", source::type_library, kind<contacts, contact>},
@@ -111,6 +111,6 @@ constexpr Question questions[] = {
 
 }  // namespace
 
-std::span<const Question> class_questions() { return questions; }
+std::span<const ProbeQuestion> class_questions() { return class_rows; }
 
 }  // namespace admin

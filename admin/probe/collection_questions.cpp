@@ -18,7 +18,7 @@ std::string lives(std::int32_t before, std::int32_t after) {
     return after > before ? "it lives" : "a snapshot";
 }
 
-constexpr Question questions[] = {
+constexpr ProbeQuestion collection_rows[] = {
     {"Items that were held while one was added", "it lives", source::believed,
      [](Probed& probed) {
          const Folder folder = probed.posts();
@@ -73,6 +73,6 @@ constexpr Question questions[] = {
 
 }  // namespace
 
-std::span<const Question> collection_questions() { return questions; }
+std::span<const ProbeQuestion> collection_questions() { return collection_rows; }
 
 }  // namespace admin

@@ -55,7 +55,7 @@ constexpr char16_t dasl_null[] =
     u"Is Null";
 constexpr char16_t dasl_broken[] = u"@SQL=\"urn:schemas:httpmail:subject\" = 'One";
 
-constexpr Question questions[] = {
+constexpr ProbeQuestion filter_rows[] = {
     {"Restrict with an empty filter", "an error", source::believed, restricted<empty>},
     {"Find with an empty filter", "an error", source::believed, found<empty>},
     {"Restrict by a field that nobody knows", "an error", "Items.Restrict method", restricted<unknown>},
@@ -95,6 +95,6 @@ constexpr Question questions[] = {
 
 }  // namespace
 
-std::span<const Question> filter_questions() { return questions; }
+std::span<const ProbeQuestion> filter_questions() { return filter_rows; }
 
 }  // namespace admin

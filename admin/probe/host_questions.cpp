@@ -40,7 +40,7 @@ class Bar {
 
 constexpr const char* no_window = "the host has no main window";
 
-constexpr Question questions[] = {
+constexpr ProbeQuestion host_rows[] = {
     {"The host's version is four numbers", "yes", "Application.Version property",
      [](Probed& probed) {
          const Text version = probed.host().Version();
@@ -102,6 +102,6 @@ constexpr Question questions[] = {
 
 }  // namespace
 
-std::span<const Question> host_questions() { return questions; }
+std::span<const ProbeQuestion> host_questions() { return host_rows; }
 
 }  // namespace admin

@@ -17,7 +17,7 @@ std::string number(const Object& object, TextView member) {
     return std::to_string(object.get(member).to_integer());
 }
 
-constexpr Question questions[] = {
+constexpr ProbeQuestion item_rows[] = {
     {"The id of a new post before it is saved", "no id", "PostItem.EntryID property",
      [](Probed& probed) { return has_id(probed.posts().Items().Add(u"IPM.Post")); }},
     {"The id of a post that was saved", "an id", "PostItem.EntryID property",
@@ -166,6 +166,6 @@ constexpr Question questions[] = {
 
 }  // namespace
 
-std::span<const Question> item_questions() { return questions; }
+std::span<const ProbeQuestion> item_questions() { return item_rows; }
 
 }  // namespace admin

@@ -10,7 +10,7 @@ namespace {
 
 using automation::Failure;
 
-std::string answer(const Question& question, Probed& probed, std::string& said) {
+std::string answer(const ProbeQuestion& question, Probed& probed, std::string& said) {
     try {
         return question.ask(probed);
     } catch (const Failure& failure) {
@@ -19,7 +19,7 @@ std::string answer(const Question& question, Probed& probed, std::string& said) 
     }
 }
 
-Line asked(const Question& question, Probed& probed) {
+Line asked(const ProbeQuestion& question, Probed& probed) {
     std::string said;
     const std::string answered = answer(question, probed, said);
     if (answered == question.believed) return {Line::State::ok, question.asked, answered};
@@ -45,7 +45,7 @@ Report probe(Machine& machine) {
     try {
         Probed probed(host);
         for (const Subject& subject : subjects()) {
-            for (const Question& question : subject.questions)
+            for (const ProbeQuestion& question : subject.questions)
                 report.lines.push_back(asked(question, probed));
         }
         probed.remove();
@@ -73,9 +73,9 @@ std::string question_page() {
         "documentation, from its type library, or is only believed:\nnobody has verified it on a real "
         "host.\n";
     for (const Subject& subject : subjects()) {
-        page +=
-            "\n## " + std::string(subject.name) + "\n\n| Question | Answer | From |\n| --- | --- | --- |\n";
-        for (const Question& question : subject.questions) {
+        page += "\n## " + std::string(subject.name) +
+                "\n\n| ProbeQuestion | Answer | From |\n| --- | --- | --- |\n";
+        for (const ProbeQuestion& question : subject.questions) {
             page += "| " + std::string(question.asked) + " | " + question.believed + " | " + question.source +
                     " |\n";
         }

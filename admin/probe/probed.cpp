@@ -14,7 +14,7 @@ namespace default_folder = host::outlook::default_folder;
 namespace {
 
 constexpr TextView name_of_root = u"Tarnwell probe";
-constexpr std::int32_t contacts = 10;  // OlDefaultFolders
+constexpr std::int32_t contacts_folder = 10;  // OlDefaultFolders
 
 /// Removes the folder of a name, whose removal may move it first.
 void remove_named(const Folder& parent, TextView name) {
@@ -89,7 +89,7 @@ Item Probed::post(TextView subject) {
 }
 
 Item Probed::contact() {
-    const Item item = folder(contacts).Items().Add(u"IPM.Contact");
+    const Item item = folder(contacts_folder).Items().Add(u"IPM.Contact");
     item.FullName(u"Ann Lee");
     item.Save();
     return item;

@@ -18,7 +18,7 @@ class Probed;
 
 /// A question about the host. It answers in a few words, which are compared with those that are believed;
 /// what it throws as a `Failure` is the answer "an error".
-struct Question {
+struct ProbeQuestion {
     const char* asked;
     const char* believed;
     const char* source;

@@ -9,14 +9,14 @@ namespace admin {
 
 struct Subject {
     const char* name;
-    std::span<const Question> questions;
+    std::span<const ProbeQuestion> questions;
 };
 
-std::span<const Question> filter_questions();
-std::span<const Question> item_questions();
-std::span<const Question> collection_questions();
-std::span<const Question> class_questions();
-std::span<const Question> host_questions();
+std::span<const ProbeQuestion> filter_questions();
+std::span<const ProbeQuestion> item_questions();
+std::span<const ProbeQuestion> collection_questions();
+std::span<const ProbeQuestion> class_questions();
+std::span<const ProbeQuestion> host_questions();
 
 /// All subjects.
 std::span<const Subject> subjects();
