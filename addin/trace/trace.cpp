@@ -45,7 +45,7 @@ std::unique_ptr<Trace> Trace::switched_on(host::Desktop& desktop, forms::Engine&
     const automation::Text path = value(setting::trace_file);
     if (path.empty()) return nullptr;
     const Manner manner{.content = value(setting::trace_content) == option_on};
-    auto log = std::make_unique<LogFile>(path);
+    auto log = std::make_unique<LogFile>(desktop.narrow(path));
     if (!log->write(heading(manner))) return nullptr;
     return std::make_unique<Running>(desktop, engine, std::make_shared<Teller>(std::move(log), now, manner));
 }

@@ -20,7 +20,7 @@ std::string content(const std::filesystem::path& path) {
 TEST(TraceFile, IsAppendedToByEachWhoWrites) {
     const native::TemporaryFolder folder;
     const std::filesystem::path path = folder.path() / u"tr\u00E4ce.txt";
-    LogFile one(path), other(path);
+    LogFile one(path.string()), other(path.string());
     EXPECT_TRUE(one.write("one\n"));
     EXPECT_TRUE(other.write("two\n"));
     EXPECT_TRUE(one.write("three\n"));
@@ -30,7 +30,7 @@ TEST(TraceFile, IsAppendedToByEachWhoWrites) {
 TEST(TraceFile, ThatIsFullIsKeptAsTheOneOlderCopy) {
     const native::TemporaryFolder folder;
     const std::filesystem::path path = folder / "trace.txt";
-    LogFile file(path, 10);
+    LogFile file(path.string(), 10);
     for (const char* const text : {"12345", "67890", "abcde", "fghij", "k"}) EXPECT_TRUE(file.write(text));
     EXPECT_EQ(content(path), "k");
     EXPECT_EQ(content(folder / "trace.txt.old"), "abcdefghij");
@@ -56,7 +56,7 @@ TEST(TraceFile, ThatCannotBeWrittenSaysSo) {
                           {"a full disk", "/dev/full"},
                           {"no place for the older copy", folder / "full"},
                           {"no name", ""}};
-    for (const Case& one : cases) EXPECT_FALSE(LogFile(one.path, 1).write("story")) << one.name;
+    for (const Case& one : cases) EXPECT_FALSE(LogFile(one.path.string(), 1).write("story")) << one.name;
     EXPECT_EQ(content(folder / "a file"), "x");
 }
 
