@@ -74,7 +74,7 @@ std::string question_page() {
         "host.\n";
     for (const Subject& subject : subjects()) {
         page += "\n## " + std::string(subject.name) +
-                "\n\n| ProbeQuestion | Answer | From |\n| --- | --- | --- |\n";
+                "\n\n| Question | Answer | From |\n| --- | --- | --- |\n";
         for (const ProbeQuestion& question : subject.questions) {
             page += "| " + std::string(question.asked) + " | " + question.believed + " | " + question.source +
                     " |\n";
