@@ -73,8 +73,8 @@ std::string question_page() {
         "documentation, from its type library, or is only believed:\nnobody has verified it on a real "
         "host.\n";
     for (const Subject& subject : subjects()) {
-        page += "\n## " + std::string(subject.name) +
-                "\n\n| Question | Answer | From |\n| --- | --- | --- |\n";
+        page +=
+            "\n## " + std::string(subject.name) + "\n\n| Question | Answer | From |\n| --- | --- | --- |\n";
         for (const ProbeQuestion& question : subject.questions) {
             page += "| " + std::string(question.asked) + " | " + question.believed + " | " + question.source +
                     " |\n";
