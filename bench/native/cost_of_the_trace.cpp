@@ -11,7 +11,7 @@ namespace {
 
 using host::outlook::Item;
 
-constexpr std::size_t mail_count = 100;
+constexpr std::size_t traced_mails = 100;
 
 struct Cost {
     std::size_t calls = 0;        ///< of all mails together
@@ -32,7 +32,7 @@ Cost cost_of_mails(bool traced) {
     Cost cost;
     cost.at_start = std::filesystem::file_size(file);
     std::vector<Item> mails;
-    for (std::size_t i = 0; i < mail_count; ++i) mails.push_back(world.deliver(acceptance::message()));
+    for (std::size_t i = 0; i < traced_mails; ++i) mails.push_back(world.deliver(acceptance::message()));
     world.settle();
     world.boundary().forget_calls();
     using Clock = std::chrono::steady_clock;
@@ -46,8 +46,8 @@ Cost cost_of_mails(bool traced) {
     cost.calls = world.boundary().calls().size();
     cost.filed = std::ranges::all_of(mails, acceptance::is_marked);
     cost.written = std::filesystem::file_size(file);
-    std::ranges::nth_element(times, times.begin() + mail_count / 2);
-    cost.milliseconds = times[mail_count / 2];
+    std::ranges::nth_element(times, times.begin() + traced_mails / 2);
+    cost.milliseconds = times[traced_mails / 2];
     return cost;
 }
 
@@ -55,7 +55,7 @@ Cost cost_of_mails(bool traced) {
 
 bool cost_of_the_trace() {
     const Cost without = cost_of_mails(false), with = cost_of_mails(true);
-    Table table("What the trace costs: " + std::to_string(mail_count) + " filed mails",
+    Table table("What the trace costs: " + std::to_string(traced_mails) + " filed mails",
                 {"trace", "calls of the outside", "bytes written", "ms per mail"});
     table.add_row({"off", std::to_string(without.calls), std::to_string(without.written),
                    decimal(without.milliseconds, 2)});
