@@ -26,11 +26,17 @@ void remove_named(const Folder& parent, TextView name) {
 
 Probed::Probed(const host::outlook::Application& host) : host_(host), name_(name_of_root) {
     const Folders inbox = name_space().GetDefaultFolder(default_folder::inbox).Folders();
-    const Folders deleted = name_space().GetDefaultFolder(default_folder::deleted_items).Folders();
-    for (int number = 2; child_named(inbox, name_) || child_named(deleted, name_); ++number) {
+    const Folder deleted = name_space().GetDefaultFolder(default_folder::deleted_items);
+    for (int number = 2; child_named(inbox, name_) || child_named(deleted.Folders(), name_) || deleted_post();
+         ++number) {
         name_ = Text(name_of_root) + u" " + automation::to_text(static_cast<long long>(number));
     }
     root_ = Folder(inbox.call(u"Add", {Value(name_)}).to_object());
+}
+
+Item Probed::deleted_post() const {
+    const Folder deleted = name_space().GetDefaultFolder(default_folder::deleted_items);
+    return deleted.Items().Find(u"[Subject] = '" + own_subject() + u"'");
 }
 
 Probed::~Probed() {
@@ -50,11 +56,7 @@ void Probed::remove() {
 }
 
 void Probed::empty_deleted() const {
-    const auto items = name_space().GetDefaultFolder(default_folder::deleted_items).Items();
-    for (std::int32_t i = items.Count(); i >= 1; --i) {
-        const Item item = items.Item(i);
-        if (item.Subject() == own_subject()) item.call(u"Delete");
-    }
+    if (const Item post = deleted_post()) post.call(u"Delete");
 }
 
 Folder Probed::folder(std::int32_t default_number) {

@@ -51,13 +51,16 @@ class Probed {
     host::outlook::Item contact();
     host::outlook::Item mail();
 
-    /// Removes a post with the own subject from the deleted items.
+    /// Removes the post with the own subject from the deleted items.
     void empty_deleted() const;
 
     /// Has the folder removed. Throws `Failure` if that can't be done.
     void remove();
 
   private:
+    host::outlook::Item deleted_post()
+        const;  ///< the one with the own subject among the deleted items, or Nothing
+
     host::outlook::Application host_;
     host::outlook::Folder root_, filtered_;
     Text name_;

@@ -50,7 +50,8 @@ ItemLines::Key ItemLines::key_of(RowId item, const Column& column) {
 }
 
 void ItemLines::note_keys(RowId folder, const Column& column, const std::vector<RowId>& items) {
-    if (folder != folder_ || column_ != &column || items.size() <= read_again) keys_.clear();
+    const bool may_change = !column.newest_first;  // a date of receipt stays
+    if (folder != folder_ || column_ != &column || (may_change && items.size() <= read_again)) keys_.clear();
     folder_ = folder;
     column_ = &column;
     for (const RowId item : items) {

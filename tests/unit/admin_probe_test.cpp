@@ -60,13 +60,21 @@ TEST(AdminProbe, LeavesTheHostAsItWas) {
     EXPECT_EQ(bars(), bars_before);
 }
 
-TEST(AdminProbe, LeavesAFolderOfItsNameAlone) {
+TEST(AdminProbe, LeavesWhatBearsItsNameAlone) {
     ProbedWorld probed;
     const host::outlook::Folder own(
         probed.world.inbox().Folders().call(u"Add", {u"Tarnwell probe"}).to_object());
     own.Items().Add(u"IPM.Post").Save();
+    const host::outlook::Item post = own.Items().Add(u"IPM.Post");
+    post.Subject(u"Tarnwell probe post");
+    post.Save();
+    post.call(u"Delete");
+    const auto deleted =
+        probed.world.name_space().GetDefaultFolder(host::outlook::default_folder::deleted_items).Items();
+    const std::int32_t deleted_before = deleted.Count();
     EXPECT_EQ(probed.probe().code, 0);
     EXPECT_EQ(own.Items().Count(), 1);
+    EXPECT_EQ(deleted.Count(), deleted_before) << "nor is a deleted post of its name removed";
     EXPECT_EQ(probed.world.inbox().Folders().Count(), 1);
 }
 
