@@ -223,6 +223,14 @@ void Builder::visit_targets() {
     if (path.ends_with(u'\\')) path.pop_back();
     path += ini_name;
     std::string file = machine_.read_file(path, longest_ini).value_or("");
+    if (file.size() >= longest_ini || file.starts_with("\xFF\xFE")) {
+        wrong("ini file " + quoted(path),
+              file.size() >= longest_ini
+                  ? "is longer than any file of search targets"
+                  : "is written with 16 bits a character, in which nothing can be added",
+              "put it right by hand");
+        return;
+    }
     const Text known = machine_.desktop().widen(file);
     std::string added;
     std::string told;

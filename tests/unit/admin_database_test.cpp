@@ -139,6 +139,17 @@ TEST_F(AdminDatabase, AddsToTheIniFileOnlyWhatItLacks) {
             HasSubstr("Folder Name=\\\\Public Folders\\All Public Folders\\Tarnwell\\Account Profiles\r\n")));
 }
 
+TEST_F(AdminDatabase, LeavesAnIniFileAloneToWhichNothingCanBeAdded) {
+    const std::string files[] = {"[Mine]\r\n" + std::string(3 << 20, ';'), std::string("\xFF\xFE[\0M\0", 6)};
+    for (const std::string& file : files) {
+        world.write_file("twsystemfolder.ini", file);
+        const AdminRun made = make();
+        EXPECT_EQ(made.code, 1);
+        EXPECT_THAT(made.output, AllOf(HasSubstr("WRONG    ini file"), HasSubstr("put it right by hand")));
+        EXPECT_EQ(machine.read_file(ini_folder + u"\\twsystemfolder.ini", 4 << 20), file);
+    }
+}
+
 TEST_F(AdminDatabase, CanBeMadeElsewhere) {
     take_database_away();
     const AdminRun made = admin({"database", "\\\\mailbox - tarnwell\\Customers"});

@@ -65,17 +65,35 @@ TEST(AdminProbe, LeavesWhatBearsItsNameAlone) {
     const host::outlook::Folder own(
         probed.world.inbox().Folders().call(u"Add", {u"Tarnwell probe"}).to_object());
     own.Items().Add(u"IPM.Post").Save();
-    const host::outlook::Item post = own.Items().Add(u"IPM.Post");
+    EXPECT_EQ(probed.probe().code, 0);
+    EXPECT_EQ(own.Items().Count(), 1);
+    EXPECT_EQ(probed.world.inbox().Folders().Count(), 1);
+}
+
+TEST(AdminProbe, LeavesADeletedPostOfItsNameAlone) {
+    ProbedWorld probed;
+    const host::outlook::Item post = probed.world.inbox().Items().Add(u"IPM.Post");
     post.Subject(u"Tarnwell probe post");
     post.Save();
     post.call(u"Delete");
     const auto deleted =
         probed.world.name_space().GetDefaultFolder(host::outlook::default_folder::deleted_items).Items();
-    const std::int32_t deleted_before = deleted.Count();
+    ASSERT_EQ(deleted.Count(), 1);
     EXPECT_EQ(probed.probe().code, 0);
-    EXPECT_EQ(own.Items().Count(), 1);
-    EXPECT_EQ(deleted.Count(), deleted_before) << "nor is a deleted post of its name removed";
-    EXPECT_EQ(probed.world.inbox().Folders().Count(), 1);
+    EXPECT_EQ(deleted.Count(), 1);
+}
+
+TEST(AdminProbe, RemovesItsFolderWhateverEndsIt) {
+    ProbedWorld probed;
+    const std::string folders = probed.folders();
+    try {
+        admin::Probed folder(probed.world.application());
+        folder.post();
+        ASSERT_NE(probed.folders(), folders);
+        throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+        EXPECT_EQ(probed.folders(), folders);
+    }
 }
 
 TEST(AdminProbe, TellsAnAnswerThatIsOtherThanBelieved) {
