@@ -74,13 +74,15 @@ TEST(AdminProbe, LeavesADeletedPostOfItsNameAlone) {
     ProbedWorld probed;
     const host::outlook::Item post = probed.world.inbox().Items().Add(u"IPM.Post");
     post.Subject(u"Tarnwell probe post");
+    post.Body(u"a user's own");
     post.Save();
     post.call(u"Delete");
     const auto deleted =
         probed.world.name_space().GetDefaultFolder(host::outlook::default_folder::deleted_items).Items();
     ASSERT_EQ(deleted.Count(), 1);
     EXPECT_EQ(probed.probe().code, 0);
-    EXPECT_EQ(deleted.Count(), 1);
+    ASSERT_EQ(deleted.Count(), 1);
+    EXPECT_EQ(deleted.Item(1).Body(), u"a user's own");
 }
 
 TEST(AdminProbe, RemovesItsFolderWhateverEndsIt) {
