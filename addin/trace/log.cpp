@@ -22,10 +22,8 @@ std::uintmax_t size_of(std::FILE* file) {
 
 /// Puts a file in the place of another one, if that is a file.
 bool replace(const std::string& path, const std::string& older) {
-    if (std::rename(path.c_str(), older.c_str()) == 0) return true;
-    // some systems rename nothing to a name that is taken
-    if (!opened(older)) return false;
-    return std::remove(older.c_str()) == 0 && std::rename(path.c_str(), older.c_str()) == 0;
+    std::remove(older.c_str());  // Windows renames nothing to a name that is taken
+    return std::rename(path.c_str(), older.c_str()) == 0;
 }
 
 }  // namespace

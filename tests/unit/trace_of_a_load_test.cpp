@@ -7,6 +7,7 @@
 
 #include "tests/native/native_world.h"
 #include "tests/native/nth_call.h"
+#include "tests/world/note_dialog.h"
 #include "tests/world/people.h"
 
 namespace addin_tests {
@@ -146,6 +147,26 @@ TEST(TraceOfALoad, NamesNobodyOfTheSampleMails) {
     EXPECT_GT(std::ranges::count(text, '#'), 2 * mails - 10);
     for (const std::string& words : said) EXPECT_EQ(text.find(words), std::string::npos) << words;
     EXPECT_EQ(text.find('@'), std::string::npos);
+}
+
+TEST(TraceOfALoad, CountsTheTimeOfADialogAsTheUsers) {
+    TracedWorld traced(true);
+    acceptance::OpenedItem mail(traced.world.deliver(message()));
+    mail.show();
+    {
+        acceptance::NoteDialog dialog(traced.world);
+        ASSERT_TRUE(dialog.open(mail));
+        dialog.click(u"Option1");
+        dialog.click(u"Option2");  // lists the mail's people anew
+    }
+    traced.world.settle();
+    const std::string trace = traced.trace();
+    EXPECT_NE(trace.find("  dlgSend.Option2.Click, during #"), std::string::npos)
+        << "its events are stories\n"
+        << trace;
+    const std::size_t pressed = trace.rfind("  _CommandBarButtonEvents.Click\n");
+    ASSERT_NE(pressed, std::string::npos) << trace;
+    EXPECT_NE(trace.find(" ms of waiting\n", pressed), std::string::npos) << trace.substr(pressed);
 }
 
 }  // namespace

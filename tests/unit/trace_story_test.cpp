@@ -227,6 +227,8 @@ TEST_F(Stories, LeaveOutWhatCallsSayUnlessItIsWanted) {
     say(u"Find", u"[Email1Address] = \"ann@one.example\"", {});
     open.decided(place_, true, {Reason::no_contact, u"ann@one.example"}, nullptr);
     open.skipped(place_, Failure(result::fail, u"No Delivery for Sincerely"));
+    say(u"Body", u"Cordially ours", {});
+    open.skipped(place_, Failure(result::fail, u"No Delivery for Cordially"));
     open.told();
     for (const char* const part :
          {"    read    Subject: Delivery  dates\n", "    find    [Email1Address] = \"ann@one.example\"\n",
@@ -235,6 +237,7 @@ TEST_F(Stories, LeaveOutWhatCallsSayUnlessItIsWanted) {
         EXPECT_NE(text.find(part), std::string::npos) << part << " in\n" << text;
     }
     EXPECT_EQ(text.find("yours"), std::string::npos) << "never a body";
+    EXPECT_EQ(text.find("Cordially"), std::string::npos) << "nor one that is written";
 }
 
 TEST(Places, AreNamedAsWhoReadsTheCodeKnowsThem) {

@@ -25,7 +25,7 @@ class Outside : public Invocable, public std::enable_shared_from_this<Outside> {
         if (request.member == u"Same") return Object(shared_from_this());
         if (request.member == u"Other") return Object(std::make_shared<Outside>());
         if (request.member == u"Echo") {
-            last = request.arguments.at(0);
+            last = request.named.empty() ? request.arguments.at(0) : request.named.at(0).value;
             return last;
         }
         if (request.member == u"Change") {
@@ -108,6 +108,10 @@ TEST_F(WatchedObjects, GoBackToTheOutsideAsTheyCame) {
     watched_.call(u"Echo", {Value(Object(own))});
     EXPECT_EQ(outside_->last.to_object(), Object(own)) << "what is not watched passes as it is";
     EXPECT_EQ(Watch::bare(Value(watched_)).to_object(), Object(outside_));
+
+    Request named{.member = u"Echo", .named = {{u"What", Value(watched_)}}};
+    watched_.invoke(named);
+    EXPECT_EQ(outside_->last.to_object(), Object(outside_)) << "named arguments, too";
 }
 
 TEST_F(WatchedObjects, TellOfTheEventsThatComeThroughThem) {
