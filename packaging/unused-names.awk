@@ -10,13 +10,12 @@ function tell(    name) {
 FNR == 1 {
     tell()
     file = FILENAME
-    comment = 0
 }
 {
     line = $0
     gsub(/"([^"\\]|\\.)*"/, "\"\"", line)
     sub(/\/\/.*$/, "", line)
-    if (match(line, /^using ([A-Za-z_0-9]+::)+[A-Za-z_0-9]+;$/)) {
+    if (line ~ /^using ([A-Za-z_0-9]+::)+[A-Za-z_0-9]+;$/) {
         name = line
         gsub(/^.*::|;$/, "", name)
         brought[name] = FNR

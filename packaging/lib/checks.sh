@@ -112,9 +112,10 @@ check_tidy() {
 # Names that a file of code brings in and does not use. Read as text, file by file: what clang-tidy has for it looks at no
 # file that another includes.
 check_unused_names() {
-    local files log=$BUILD/logs/unused-names.log
+    local files wrong log=$BUILD/logs/unused-names.log
     mapfile -t files < <(our_sources cpp)
     (cd "$ROOT" && awk -f "$ROOT/packaging/unused-names.awk" "${files[@]}") >"$log"
     cat "$log" >&2
-    count_checks "names that are used" "$((${#files[@]} - $(cut -d : -f 1 "$log" | LC_ALL=C sort -u | wc -l)))" "$(cut -d : -f 1 "$log" | LC_ALL=C sort -u | wc -l)"
+    wrong=$(cut -d : -f 1 "$log" | LC_ALL=C sort -u | wc -l)
+    count_checks "names that are used" "$((${#files[@]} - wrong))" "$wrong"
 }
