@@ -165,6 +165,16 @@ TEST_F(DeskListsTest, SortByTheHeadingThatIsClicked) {
     add_mail({u"Date", u"Eve", u"2026-03-02 12:00", false});
     EXPECT_EQ(subjects(), (std::vector<Text>{u"Cherry", u"apple", u"Date", u"Banana", u"apple"}))
         << "what comes takes its place";
+    click_heading(subject);
+    Object mail = folder(inbox).get(u"Items").to_object().call(u"Item", {1}).to_object();
+    ASSERT_EQ(mail.get(u"Subject"), Value(u"Banana"));
+    mail.put(u"Subject", u"Elder");
+    mail.call(u"Save");
+    run_messages();
+    EXPECT_EQ(subjects(), (std::vector<Text>{u"apple", u"apple", u"Cherry", u"Date", u"Elder"}))
+        << "so does what changes";
+    click_heading(received);
+    click_heading(received);
     show(sent_items);
     show(inbox);
     EXPECT_EQ(mark(received), HDF_SORTUP) << "a folder keeps its sorting";
@@ -190,6 +200,40 @@ TEST_F(DeskListsTest, TakeTheKeysOfAList) {
     press(VK_DELETE);
     EXPECT_EQ(subjects(), std::vector<Text>{});
     EXPECT_EQ(desk.contents(desk.default_folder(deleted_items)).size(), 3U);
+}
+
+TEST_F(DeskListsTest, SortLargeFoldersAnewWhenTheyAreAskedTo) {
+    constexpr int many = 2001;
+    {
+        desk::Store::Transaction together(desk.store());
+        for (int i = 0; i < many; ++i) {
+            desk::ItemData mail;
+            mail.message_class = u"IPM.Note";
+            mail.fields[u"Subject"] = Value(u"B" + automation::to_text(static_cast<long long>(i)));
+            const desk::RowId place = desk.default_folder(inbox);
+            desk.item_added(place, desk.store().add_item(place, mail));
+        }
+        together.keep();
+    }
+    show(inbox);
+    click_heading(1);
+    const Object last = folder(inbox).get(u"Items").to_object().call(u"Item", {many}).to_object();
+    last.put(u"Subject", u"A first one");
+    last.call(u"Save");
+    run_messages();
+    EXPECT_NE(subjects().front(), u"A first one");
+    press(VK_F5);
+    EXPECT_EQ(subjects().front(), u"A first one");
+}
+
+TEST(DeskColumns, SayYesOrNothingOfWhatIsEitherOr) {
+    constexpr desk::Column done{u"Done", u"Complete", 60};
+    desk::ItemData task;
+    task.message_class = u"IPM.Task";
+    for (const bool complete : {true, false}) {
+        task.fields[u"Complete"] = Value(complete);
+        EXPECT_EQ(desk::cell_text(task, done), complete ? u"Yes" : u"");
+    }
 }
 
 TEST_F(DeskListsTest, TellToWhomSentMailsWent) {
