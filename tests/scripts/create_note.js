@@ -10,17 +10,8 @@ eval(new ActiveXObject("Scripting.FileSystemObject")
 function dialog() { return desk.Window("Tarnwell Create Note"); }
 function control(name) { return dialog().Control(name); }
 
-var files = new ActiveXObject("Scripting.FileSystemObject");
-var path = files.GetSpecialFolder(2).Path + "\\create-note.eml";
-var file = files.CreateTextFile(path, true);
-file.WriteLine("From: Hannah Weatherby <hannah.weatherby@bellweather.example>");
-file.WriteLine("To: Pat Example <pat@tarnwell.example>");
-file.WriteLine("Date: Mon, 02 Mar 2026 09:15:00 +0000");
-file.WriteLine("Subject: Cold store, second line");
-file.WriteLine("");
-file.WriteLine("Could we see a plan?");
-file.Close();
-var mail = desk.Deliver(path);
+var mail = deliver("Hannah Weatherby <hannah.weatherby@bellweather.example>",
+                   "Cold store, second line", "Could we see a plan?");
 mail.Display();
 desk.Press(app.ActiveInspector().CommandBars.Item("TarnwellCreateNote").Controls.Item("Create Tarnwell Note"));
 waitUntil("the dialog comes up", function() { return dialog() != null && dialog().Visible; });

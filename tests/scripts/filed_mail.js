@@ -9,30 +9,18 @@ var filed = root.Folders("Account Profiles").Folders("Email").Items, before = fi
 
 eval(new ActiveXObject("Scripting.FileSystemObject")
     .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
-var files = new ActiveXObject("Scripting.FileSystemObject");
-function deliver(from, subject, hour) {
-    var path = files.GetSpecialFolder(2).Path + "\\filed-mail.eml", file = files.CreateTextFile(path, true);
-    file.WriteLine("From: " + from);
-    file.WriteLine("To: Pat Example <pat@tarnwell.example>");
-    file.WriteLine("Date: Mon, 02 Mar 2026 " + hour + ":15:00 +0000");
-    file.WriteLine("Subject: " + subject);
-    file.WriteLine("");
-    file.WriteLine("Could we see a plan?");
-    file.Close();
-    return desk.Deliver(path);
-}
 function read(mail) {
     mail.UnRead = false;
     mail.Save();
 }
 
 var known = "Hannah Weatherby <hannah.weatherby@bellweather.example>";
-var mail = deliver(known, "Cold store, second line", "09");
-var stranger = deliver("Eve Stone <eve@stone.example>", "A first question", "10");
-var secret = deliver(known, "Between the two of us", "11");
+var mail = deliver(known, "Cold store, second line", "Could we see a plan?");
+var stranger = deliver("Eve Stone <eve@stone.example>", "A first question", "Could we see a plan?", "10");
+var secret = deliver(known, "Between the two of us", "Could we see a plan?", "11");
 secret.Sensitivity = 2;
 secret.Save();
-var left = deliver(known, "Lunch on Friday", "12");
+var left = deliver(known, "Lunch on Friday", "Could we see a plan?", "12");
 left.BillingInformation = "TW Auto Filed";
 left.Save();
 app.ActiveExplorer().CurrentFolder = session.GetDefaultFolder(6);

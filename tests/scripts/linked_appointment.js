@@ -14,17 +14,9 @@ eval(new ActiveXObject("Scripting.FileSystemObject")
     .OpenTextFile(WScript.ScriptFullName.replace(/[^\\]*$/, "support\\checks.js")).ReadAll());
 function view() { return desk.Window("TW Quick View"); }
 
-var files = new ActiveXObject("Scripting.FileSystemObject");
-var path = files.GetSpecialFolder(2).Path + "\\linked.eml", file = files.CreateTextFile(path, true);
-file.WriteLine("From: Hannah Weatherby <hannah.weatherby@bellweather.example>");
-file.WriteLine("To: Pat Example <pat@tarnwell.example>");
-file.WriteLine("Date: Mon, 02 Mar 2026 09:15:00 +0000");
-file.WriteLine("Subject: Could you visit us?");
-file.WriteLine("");
-file.WriteLine("Any day next week.");
-file.Close();
 app.ActiveExplorer().CurrentFolder = session.GetDefaultFolder(6);
-var mail = desk.Deliver(path);
+var mail = deliver("Hannah Weatherby <hannah.weatherby@bellweather.example>",
+                   "Could you visit us?", "Any day next week.");
 desk.Select(mail);
 waitUntil("Quick View comes up", function() { return view() != null && view().Visible; });
 var box = view().Control("cmbFolders");

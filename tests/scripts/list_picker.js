@@ -12,17 +12,7 @@ eval(new ActiveXObject("Scripting.FileSystemObject")
 function picker() { return desk.Window("Account List"); }
 function dialog() { return desk.Window("Tarnwell Create Note"); }
 
-var files = new ActiveXObject("Scripting.FileSystemObject");
-var path = files.GetSpecialFolder(2).Path + "\\list-picker.eml";
-var file = files.CreateTextFile(path, true);
-file.WriteLine("From: Eve Stone <eve@stone.example>");
-file.WriteLine("To: Pat Example <pat@tarnwell.example>");
-file.WriteLine("Date: Mon, 02 Mar 2026 09:15:00 +0000");
-file.WriteLine("Subject: A first question");
-file.WriteLine("");
-file.WriteLine("Do you deliver to the coast?");
-file.Close();
-desk.Deliver(path).Display();
+deliver("Eve Stone <eve@stone.example>", "A first question", "Do you deliver to the coast?").Display();
 desk.Answer("Tarnwell", " NOT FOUND!", 6);
 desk.Answer("Tarnwell", "search for an Account Name", 6);
 desk.Press(app.ActiveInspector().CommandBars.Item("TarnwellCreateNote").Controls.Item("Create Tarnwell Note"));

@@ -23,20 +23,9 @@ function choose(name) {
 // a contact with an opportunity of its own
 var chance = opportunities.Item(1), contacts = profiles.Folders("Account Contacts").Items;
 var contact = contacts.Find("[ContactID] = '" + chance.UserProperties("ContactID").Value + "'");
-var files = new ActiveXObject("Scripting.FileSystemObject");
-function deliver(subject) {
-    var path = files.GetSpecialFolder(2).Path + "\\quick-view.eml", file = files.CreateTextFile(path, true);
-    file.WriteLine("From: " + contact.FullName + " <" + contact.Email1Address + ">");
-    file.WriteLine("To: Pat Example <pat@tarnwell.example>");
-    file.WriteLine("Date: Mon, 02 Mar 2026 09:15:00 +0000");
-    file.WriteLine("Subject: " + subject);
-    file.WriteLine("");
-    file.WriteLine("Could we see a plan?");
-    file.Close();
-    return desk.Deliver(path);
-}
 app.ActiveExplorer().CurrentFolder = app.GetNamespace("MAPI").GetDefaultFolder(6);
-var mail = deliver("Cold store, second line");
+var sender = contact.FullName + " <" + contact.Email1Address + ">";
+var mail = deliver(sender, "Cold store, second line", "Could we see a plan?");
 desk.Select(mail);
 waitUntil("it comes up", isShown);
 same("its contact", control("Contactname").Text, contact.FullName);
@@ -82,7 +71,7 @@ same("its contact", desk.Displayed.Item(2).UserProperties("Contact Name").Value,
 desk.Pump(100);
 
 // a private mail only hides the window
-var hidden = deliver("Private");
+var hidden = deliver(sender, "Private", "Could we see a plan?");
 hidden.Sensitivity = 2;
 hidden.Save();
 desk.Select(hidden);

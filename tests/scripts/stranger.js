@@ -18,17 +18,8 @@ eval(new ActiveXObject("Scripting.FileSystemObject")
 var question = "Tarnwell Account/Contact eve@stone.example NOT FOUND!\rWould you like to Create an Account/Contact";
 var search = "Would you like to search for an Account Name? ";
 
-var files = new ActiveXObject("Scripting.FileSystemObject");
-var path = files.GetSpecialFolder(2).Path + "\\stranger.eml", file = files.CreateTextFile(path, true);
-file.WriteLine("From: Eve Stone <eve@stone.example>");
-file.WriteLine("To: Pat Example <pat@tarnwell.example>");
-file.WriteLine("Date: Mon, 02 Mar 2026 09:15:00 +0000");
-file.WriteLine("Subject: A first question");
-file.WriteLine("");
-file.WriteLine("Do you deliver to the coast?");
-file.Close();
 app.ActiveExplorer().CurrentFolder = session.GetDefaultFolder(6);
-var mail = desk.Deliver(path);
+var mail = deliver("Eve Stone <eve@stone.example>", "A first question", "Do you deliver to the coast?");
 
 // For a picture the question has to stand for a moment, so it must come from nothing that the script waits for; then it is
 // answered by a key.
