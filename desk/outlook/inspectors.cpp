@@ -7,6 +7,7 @@
 #include "desk/base/kept.h"
 #include "desk/office/command_bars.h"
 #include "desk/outlook/application.h"
+#include "desk/outlook/written_people.h"
 
 namespace desk {
 
@@ -45,17 +46,30 @@ struct OwnButton {
     void (*action)(Inspector&);
 };
 
-bool is_unsent_mail(const Item& item) {
-    return item.kind().number == object_class::mail && !item.field(u"Sent").to_boolean();
+bool is_mail(const Item& item) { return item.kind().number == object_class::mail; }
+bool is_sent_mail(const Item& item) { return is_mail(item) && item.field(u"Sent").to_boolean(); }
+bool is_unsent_mail(const Item& item) { return is_mail(item) && !is_sent_mail(item); }
+
+/// What a person has written goes out. A script may send to whom it likes.
+void send_written(Inspector& inspector) {
+    const Text refusal = unreachable(inspector.item()->data());
+    if (!refusal.empty()) throw Failure(result::fail, refusal);
+    inspector.item()->send();
 }
 
 constexpr OwnButton own_buttons[] = {
-    {2617, u"Send", is_unsent_mail, [](Inspector& inspector) { inspector.item()->send(); }},
-    {1975, u"Save and Close", [](const Item& item) { return item.kind().number != object_class::mail; },
+    {own_button::send, u"Send", is_unsent_mail, send_written},
+    {own_button::save_and_close, u"Save and Close", [](const Item& item) { return !is_mail(item); },
      [](Inspector& inspector) { inspector.close(save_mode::save); }},
-    {3, u"Save", [](const Item& item) { return item.kind().number != object_class::mail; },
+    {own_button::save, u"Save", [](const Item& item) { return !is_sent_mail(item); },
      [](Inspector& inspector) { inspector.item()->save(); }},
-    {478, u"Delete", [](const Item&) { return true; },
+    {own_button::reply, u"Reply", is_sent_mail,
+     [](Inspector& inspector) { inspector.item()->reply(false)->inspector()->display(); }},
+    {own_button::reply_all, u"Reply All", is_sent_mail,
+     [](Inspector& inspector) { inspector.item()->reply(true)->inspector()->display(); }},
+    {own_button::forward, u"Forward", is_sent_mail,
+     [](Inspector& inspector) { inspector.item()->forward()->inspector()->display(); }},
+    {own_button::remove, u"Delete", [](const Item&) { return true; },
      [](Inspector& inspector) { inspector.item()->remove(); }},
 };
 
@@ -63,12 +77,12 @@ constexpr std::uint32_t warning = 0x30, yes_no_cancel_warning = 0x33;  // MB_ICO
 constexpr int answer_yes = 6, answer_no = 7;
 
 /// Runs what a button of the host does. A person is told what fails.
-void run_button(Desk& desk, const std::weak_ptr<CommandBars>& bars, void (*action)(Inspector&)) {
+void run_button(Desk& desk, const std::weak_ptr<CommandBars>& bars, const OwnButton& button) {
     const auto there = bars.lock();
     const auto inspector = there ? desk.inspectors()->with(*there) : nullptr;
-    if (!inspector) return;
+    if (!inspector || !button.is_on(*inspector->item())) return;  // bars that are shared have those of all
     try {
-        action(*inspector);
+        button.action(*inspector);
     } catch (const Failure& failure) {
         desk.surroundings().ask(failure.description(), u"Outlook", warning);
     }
@@ -95,7 +109,7 @@ void Inspector::add_own_controls() {
     for (const OwnButton& button : own_buttons) {
         if (!button.is_on(*item_) || standard.find({.id = button.id})) continue;
         standard.add_own(button.id, button.caption,
-                         [&desk = desk(), bars, action = button.action] { run_button(desk, bars, action); });
+                         [&desk = desk(), bars, &button] { run_button(desk, bars, button); });
     }
 }
 
@@ -136,8 +150,10 @@ bool Inspector::take_care_of_changes(std::int32_t mode) {
         item_->revert();
     } else if (mode == save_mode::ask) {
         if (!item_->has_changes()) return true;
-        const int answer =
-            desk().surroundings().ask(u"Do you want to save changes?", u"Outlook", yes_no_cancel_warning);
+        const bool is_draft = is_unsent_mail(*item_) && item_->id() == 0;
+        const int answer = desk().surroundings().ask(
+            is_draft ? u"Do you want to keep this mail in Drafts?" : u"Do you want to save changes?",
+            u"Outlook", yes_no_cancel_warning);
         if (answer == answer_yes) item_->save();
         if (answer == answer_no) item_->revert();
         return answer == answer_yes || answer == answer_no;
@@ -153,6 +169,14 @@ void Inspector::close(std::int32_t mode) {
     std::vector<Value> cancel{false};
     item_->raise_with_answer(u"Close", cancel);
     if (!cancel[0].to_boolean()) close_window();
+}
+
+void Inspector::close_by_user() {
+    try {
+        close(save_mode::ask);
+    } catch (const Failure& failure) {  // it could not be saved, so it stays open
+        desk().surroundings().ask(failure.description(), u"Outlook", warning);
+    }
 }
 
 void Inspector::close_window() {

@@ -11,6 +11,12 @@ namespace save_mode {
 inline constexpr std::int32_t save = 0, discard = 1, ask = 2;
 }
 
+/// The host's own buttons on the bar "Standard" of an inspector, by their ids.
+namespace own_button {
+inline constexpr std::int32_t send = 2617, save_and_close = 1975, save = 3, reply = 354, reply_all = 355,
+                              forward = 356, remove = 478;
+}
+
 class Inspector : public ModelObject<Inspector>, public HostWindow {
   public:
     static constexpr std::string_view name = "Inspector";
@@ -36,7 +42,7 @@ class Inspector : public ModelObject<Inspector>, public HostWindow {
 
     /// Closes it with what `save_mode` says of the item's changes. The item or the user may keep it open.
     void close(std::int32_t mode);
-    void close_by_user() override { close(save_mode::ask); }
+    void close_by_user() override;
     void close_window();  ///< leaves the item as it is
     void kept_changed();
 

@@ -97,6 +97,7 @@ class Item : public ModelObject<Item> {
     void load_attachments();
     bool is_people_line(automation::TextView field_name) const;
     void set_people_line(automation::TextView line, automation::TextView names);
+    std::shared_ptr<Item> answer_of(ItemData data) const;
     void leave_folder();
     void write();
 

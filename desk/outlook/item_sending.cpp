@@ -6,6 +6,7 @@
 #include "desk/outlook/inspectors.h"
 #include "desk/outlook/item.h"
 #include "desk/outlook/name_space.h"
+#include "desk/outlook/quoted_mail.h"
 
 namespace desk {
 
@@ -110,11 +111,10 @@ void Item::send() {
 }
 
 std::shared_ptr<Item> Item::reply(bool to_all) {
-    const Text subject = this->subject();
     ItemData data;
     data.message_class = u"IPM.Note";
-    data.fields[u"Subject"] = subject.starts_with(u"RE: ") ? subject : u"RE: " + subject;
-    data.fields[u"Body"] = u"\r\n\r\n" + field(u"Body").to_text();
+    data.fields[u"Subject"] = marked_subject(u"RE: ", subject());
+    data.fields[u"Body"] = quoted(data_);
     Person sender;
     sender.name = field(u"SenderName").to_text();
     sender.address = field(u"SenderEmailAddress").to_text();
@@ -122,23 +122,29 @@ std::shared_ptr<Item> Item::reply(bool to_all) {
     sender.smtp_address =
         data_.fields.contains(u"SenderSmtpAddress") ? field(u"SenderSmtpAddress").to_text() : Text();
     data.recipients.push_back(sender);
-    if (to_all)
-        data.recipients.insert(data.recipients.end(), data_.recipients.begin(), data_.recipients.end());
-    auto answer = std::make_shared<Item>(desk(), desk().default_folder(kind_of_type(0).default_folder),
-                                         std::move(data));
-    answer->people_changed();
-    return answer;
+    if (to_all) {
+        const std::vector<Person> others = others_of(data_, sender, NameSpace::user_address);
+        data.recipients.insert(data.recipients.end(), others.begin(), others.end());
+    }
+    return answer_of(std::move(data));
 }
 
 std::shared_ptr<Item> Item::forward() {
-    const Text subject = this->subject();
     ItemData data;
     data.message_class = u"IPM.Note";
-    data.fields[u"Subject"] = subject.starts_with(u"FW: ") ? subject : u"FW: " + subject;
-    data.fields[u"Body"] = u"\r\n\r\n" + field(u"Body").to_text();
+    data.fields[u"Subject"] = marked_subject(u"FW: ", subject());
+    data.fields[u"Body"] = quoted(data_);
     data.attachments = whole().attachments;
-    return std::make_shared<Item>(desk(), desk().default_folder(kind_of_type(0).default_folder),
-                                  std::move(data));
+    return answer_of(std::move(data));
+}
+
+/// A new mail, in which the user has written nothing yet.
+std::shared_ptr<Item> Item::answer_of(ItemData data) const {
+    auto answer = std::make_shared<Item>(desk(), desk().default_folder(kind_of_type(0).default_folder),
+                                         std::move(data));
+    answer->people_changed();
+    answer->version_ = 0;
+    return answer;
 }
 
 }  // namespace desk

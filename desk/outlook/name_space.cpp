@@ -117,7 +117,7 @@ const automation::Members<NameSpace>& NameSpace::members() {
          [](NameSpace& self) {
              Person user;
              user.name = self.user_name();
-             user.address = u"user@tarnwell.example";
+             user.address = user_address;
              user.address_type = u"SMTP";
              user.smtp_address = user.address;
              return std::make_shared<AddressEntry>(self.desk(), user)->self();

@@ -33,6 +33,7 @@ class NameSpace : public ModelObject<NameSpace> {
     Person person(const automation::Text& typed, std::int32_t kind) const;
 
     static automation::Text person_id(const Person& person);  ///< hexadecimal
+    static constexpr automation::TextView user_address = u"user@tarnwell.example";
     automation::Text user_name() const { return u"Tarnwell User"; }
 };
 

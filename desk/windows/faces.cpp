@@ -32,6 +32,13 @@ constexpr Point disk_label[] = {{4, 8}, {12, 8}, {12, 15}, {4, 15}};
 constexpr Point disk_slide[] = {{5, 1}, {11, 1}, {11, 5}, {5, 5}};
 constexpr Point cross_1[] = {{3, 1}, {15, 13}, {13, 15}, {1, 3}};
 constexpr Point cross_2[] = {{13, 1}, {15, 3}, {3, 15}, {1, 13}};
+constexpr Point arrow_left[] = {{1, 8},   {7, 2},   {7, 6},  {15, 6}, {15, 13},
+                                {12, 13}, {12, 10}, {7, 10}, {7, 14}};
+constexpr Point arrow_right[] = {{15, 8}, {9, 2},  {9, 6},  {1, 6}, {1, 13},
+                                 {4, 13}, {4, 10}, {9, 10}, {9, 14}};
+constexpr Point arrow_behind[] = {{1, 8}, {7, 2}, {7, 4}, {3, 8}, {7, 12}, {7, 14}};
+constexpr Point arrow_before[] = {{4, 8},   {10, 2},  {10, 6},  {15, 6}, {15, 13},
+                                  {13, 13}, {13, 10}, {10, 10}, {10, 14}};
 constexpr Point plane[] = {{1, 7}, {15, 1}, {9, 15}, {7, 9}};
 
 constexpr Shape note_shapes[] = {{forms::gold, sheet},
@@ -58,21 +65,26 @@ constexpr Shape save_shapes[] = {
     {forms::steel, disk}, {paper_white, disk_label}, {forms::silver, disk_slide}};
 constexpr Shape delete_shapes[] = {{red, cross_1}, {red, cross_2}};
 constexpr Shape send_shapes[] = {{forms::steel, plane}};
+constexpr Shape reply_shapes[] = {{forms::steel, arrow_left}};
+constexpr Shape reply_all_shapes[] = {{forms::gold, arrow_behind}, {forms::steel, arrow_before}};
+constexpr Shape forward_shapes[] = {{green, arrow_right}};
 constexpr Shape plain_shapes[] = {{forms::steel, sheet}, {forms::silver, inside}};
 
 constexpr int grid = 16;
 constexpr Picture note{grid, note_shapes}, calendar{grid, calendar_shapes}, mail{grid, mail_shapes},
     person{grid, person_shapes}, document{grid, document_shapes}, spread_sheet{grid, table_shapes},
-    save{grid, save_shapes}, remove{grid, delete_shapes}, send{grid, send_shapes}, plain{grid, plain_shapes};
+    save{grid, save_shapes}, remove{grid, delete_shapes}, send{grid, send_shapes}, reply{grid, reply_shapes},
+    reply_all{grid, reply_all_shapes}, forward{grid, forward_shapes}, plain{grid, plain_shapes};
 
 struct FaceRow {
     std::int32_t face_id;
     const Picture* picture;
 };
 /// The first is for all numbers that aren't here.
-constexpr FaceRow face_rows[] = {{0, &plain},   {583, &calendar}, {2041, &note},        {1993, &person},
-                                 {1978, &mail}, {567, &document}, {566, &spread_sheet}, {2617, &send},
-                                 {1975, &save}, {3, &save},       {478, &remove}};
+constexpr FaceRow face_rows[] = {{0, &plain},       {583, &calendar}, {2041, &note},        {1993, &person},
+                                 {1978, &mail},     {567, &document}, {566, &spread_sheet}, {2617, &send},
+                                 {1975, &save},     {3, &save},       {478, &remove},       {354, &reply},
+                                 {355, &reply_all}, {356, &forward}};
 
 int pixels_for(int at_96) {
     const windows::ScreenContext screen;

@@ -28,7 +28,9 @@ HostFrame::HostFrame(FrameContext& context, const wchar_t* class_name, HostWindo
       times_brought_up_(window.times_brought_up()) {}
 
 void HostFrame::open() {
-    SetMenu(handle(), make_menu());  // tells the window a new size, so not before it is whole
+    const HMENU menu = make_menu();
+    add_menus(menu);
+    SetMenu(handle(), menu);  // tells the window a new size, so not before it is whole
     bars_.follow();
     RECT client{};
     GetClientRect(handle(), &client);

@@ -29,7 +29,8 @@ class HostFrame : public DeskWindow {
     HostFrame(FrameContext& context, const wchar_t* class_name, HostWindow& window);
 
     FrameContext& context() const { return context_; }
-    void open();  ///< at the end of the making
+    void open();                      ///< at the end of the making
+    virtual void add_menus(HMENU) {}  ///< behind "File"
     virtual void show_contents() = 0;
     virtual void lay_out(int top, int width, int height) = 0;
     virtual void on_own_command(int, int) {}  ///< its number, and the code of a notification

@@ -3,6 +3,11 @@
 #include <algorithm>
 
 #include "automation/com/failure.h"
+#include "desk/base/desk.h"
+#include "desk/driver/named_window.h"
+#include "desk/outlook/written_people.h"
+#include "desk/windows/item_commands.h"
+#include "desk/windows/item_form.h"
 #include "desk/windows/shown_value.h"
 #include "forms/windows/form_control.h"
 
@@ -10,29 +15,19 @@ namespace desk {
 
 using automation::Text;
 using automation::TextView;
+using automation::Value;
 
 namespace {
 
-constexpr int head_id = 1, first_field_id = 2;
+constexpr int head_id = 99, first_field_id = 100;  // menus begin at 800
 // pixels
 constexpr int head_height = 104, margin = 6, line_height = 22, title_width = 60, title_drop = 4;
 constexpr int long_title_width = 110, least_text_height = 60;
 
-struct HeadLine {
-    TextView title, field;
-};
-constexpr HeadLine head_lines[] = {{u"From", u"SenderName"},
-                                   {u"To", u"To"},
-                                   {u"Cc", u"CC"},
-                                   {u"Sent", u"SentOn"},
-                                   {u"Account", u"Account Name"},
-                                   {u"Contact", u"Contact Name"},
-                                   {u"Type", u"Type"}};
-
 /// A line for each field that the item has and that holds something.
 Text head_of(Item& item) {
     Text head = u"Subject:  " + item.subject();
-    for (const HeadLine& line : head_lines) {
+    for (const FormLine& line : read_lines()) {
         const std::optional<automation::Value> value = field_value(item.data(), line.field);
         if (!value || *value == automation::Value(no_date)) continue;
         const Text text = value->to_text();
@@ -44,35 +39,6 @@ Text head_of(Item& item) {
     }
     if (!attached.empty()) head += u"\r\nAttached:  " + attached;
     return head;
-}
-
-/// The lines above the text of an item that can be written. The user properties of a record follow them.
-constexpr HeadLine mail_lines[] = {{u"To:", u"To"}, {u"Subject:", u"Subject"}};
-constexpr HeadLine contact_lines[] = {
-    {u"Full name:", u"FullName"},     {u"Company:", u"CompanyName"},
-    {u"E-mail:", u"Email1Address"},   {u"Telephone:", u"BusinessTelephoneNumber"},
-    {u"Customer ID:", u"CustomerID"}, {u"File as:", u"FileAs"}};
-constexpr HeadLine appointment_lines[] = {
-    {u"Subject:", u"Subject"}, {u"Location:", u"Location"}, {u"Start:", u"Start"}, {u"End:", u"End"}};
-constexpr HeadLine task_lines[] = {
-    {u"Subject:", u"Subject"}, {u"Start:", u"StartDate"}, {u"Due:", u"DueDate"}, {u"Complete:", u"Complete"}};
-
-struct WrittenKind {
-    std::int32_t number;
-    std::span<const HeadLine> lines;
-    bool two_columns;
-};
-constexpr WrittenKind written_kinds[] = {{object_class::mail, mail_lines, false},
-                                         {object_class::contact, contact_lines, true},
-                                         {object_class::appointment, appointment_lines, true},
-                                         {object_class::task, task_lines, true}};
-
-/// How an item is written; null for one that is only read.
-const WrittenKind* written_kind(const Item& item) {
-    const std::int32_t number = item.kind().number;
-    if (number == object_class::mail && item.field(u"Sent").to_boolean()) return nullptr;
-    const auto* const found = std::ranges::find(written_kinds, number, &WrittenKind::number);
-    return found == std::end(written_kinds) ? nullptr : found;
 }
 
 /// Takes what was typed. Throws `Failure` for what the field can't hold.
@@ -92,12 +58,13 @@ void write(Item& item, TextView member, const Text& typed) {
 
 InspectorWindow::InspectorWindow(FrameContext& context, std::shared_ptr<Inspector> inspector)
     : HostFrame(context, L"TarnwellDeskInspector", *inspector), inspector_(std::move(inspector)) {
-    constexpr DWORD several_lines = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL;
+    constexpr DWORD several_lines =
+        WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | ES_NOHIDESEL;
     const Item& item = *inspector_->item();
-    const WrittenKind* const written = written_kind(item);
-    if (written) {
-        two_columns_ = written->two_columns;
-        for (const HeadLine& line : written->lines) add_field(Text(line.title), Text(line.field));
+    const ItemForm* const form = form_for(item);
+    if (form) {
+        two_columns_ = form->two_columns;
+        for (const FormLine& line : form->lines) add_field(Text(line.title), Text(line.field), line.people);
         if (two_columns_) {
             for (const UserPropertyData& property : item.data().user_properties) {
                 add_field(property.name + u":", property.name);
@@ -107,22 +74,37 @@ InspectorWindow::InspectorWindow(FrameContext& context, std::shared_ptr<Inspecto
         head_ = add_control(WC_EDITW, several_lines | ES_READONLY, WS_EX_CLIENTEDGE, head_id);
     }
     fields_.push_back({nullptr,
-                       add_control(WC_EDITW, several_lines | (written ? 0 : ES_READONLY), WS_EX_CLIENTEDGE,
+                       add_control(WC_EDITW, several_lines | (form ? 0 : ES_READONLY), WS_EX_CLIENTEDGE,
                                    first_field_id + static_cast<int>(fields_.size())),
                        u"Body",
-                       {}});
+                       {},
+                       0});
     open();
 }
 
-void InspectorWindow::add_field(const Text& title, const Text& member) {
+void InspectorWindow::add_menus(HMENU menu) {
+    AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(make_item_menu(*inspector_->bars())), L"&Actions");
+}
+
+/// Where writing begins: a new mail with whom it is for, an answer with its text.
+HWND InspectorWindow::first_focus() const {
+    const Item& item = *inspector_->item();
+    const HWND text = fields_.back().edit;
+    if (!form_for(item)) return text;
+    const bool is_addressed = item.kind().number == object_class::mail && !item.data().recipients.empty();
+    return is_addressed ? text : fields_.front().edit;
+}
+
+void InspectorWindow::add_field(const Text& title, const Text& member, std::int32_t people) {
     const HWND label = add_control(WC_STATICW, SS_RIGHT, 0, 0, windows::wide(title));
     const int id = first_field_id + static_cast<int>(fields_.size());
     const HWND edit = add_control(WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, id);
-    fields_.push_back({label, edit, member, {}});
+    fields_.push_back({label, edit, member, {}, people});
 }
 
 Text InspectorWindow::value_of(const Field& field) const {
-    return shown_value(inspector_->item()->data(), field.member);
+    const ItemData& item = inspector_->item()->data();
+    return field.people == 0 ? shown_value(item, field.member) : written_line(item, field.people);
 }
 
 void InspectorWindow::show_field(Field& field) {
@@ -170,11 +152,51 @@ void InspectorWindow::lay_out(int top, int width, int height) {
     }
 }
 
+void InspectorWindow::press_button(std::int32_t id) {
+    const auto button = inspector_->bars()->named(CommandBars::standard)->find({.id = Value(id)});
+    if (!button) return;
+    context().desk.surroundings().post([button] {
+        if (button->is_there()) button->press();
+    });
+}
+
+bool InspectorWindow::on_key(int key) {
+    if (const std::optional<std::int32_t> button = button_of_key(key)) {
+        press_button(*button);
+        return true;
+    }
+    const HWND focus = GetFocus();
+    if (key == VK_ESCAPE) {
+        PostMessageW(handle(), WM_CLOSE, 0, 0);
+    } else if (key == VK_TAB && !is_held(VK_CONTROL) && !is_held(VK_MENU)) {
+        move_focus(focus, is_held(VK_SHIFT));
+    } else if (key == 'A' && is_held(VK_CONTROL) && !is_held(VK_MENU)) {
+        SendMessageW(focus, EM_SETSEL, 0, -1);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+/// Out of the text, too, where the system's own dialogs would stay; and what is written there isn't selected,
+/// so that the next letter does not take its place.
+void InspectorWindow::move_focus(HWND from, bool back) {
+    const HWND next = GetNextDlgTabItem(handle(), from, back ? TRUE : FALSE);
+    if (!next) return;
+    SetFocus(next);
+    const bool is_line = class_name(next) == u"Edit" && !(GetWindowLongPtrW(next, GWL_STYLE) & ES_MULTILINE);
+    if (is_line) SendMessageW(next, EM_SETSEL, 0, -1);
+}
+
 void InspectorWindow::on_own_command(int command, int code) {
-    const int place = command - first_field_id;
+    if (const std::optional<std::int32_t> button = button_of_command(command)) return press_button(*button);
+    on_field(command - first_field_id, code);
+}
+
+void InspectorWindow::on_field(int place, int code) {
     if (showing_ || place < 0 || place >= static_cast<int>(fields_.size())) return;
     Item& item = *inspector_->item();
-    if (!written_kind(item) || item.is_gone()) return;
+    if (!form_for(item) || item.is_gone()) return;
     Field& field = fields_[static_cast<std::size_t>(place)];
     if (code == EN_CHANGE) {
         try {

@@ -14,6 +14,9 @@ class InspectorWindow : public HostFrame {
     InspectorWindow(FrameContext& context, std::shared_ptr<Inspector> inspector);
 
   private:
+    void add_menus(HMENU menu) override;
+    HWND first_focus() const override;
+    bool on_key(int key) override;
     void show_contents() override;
     void lay_out(int top, int width, int height) override;
     void on_own_command(int command, int code) override;
@@ -22,12 +25,16 @@ class InspectorWindow : public HostFrame {
     struct Field {
         HWND title, edit;
         automation::Text member;
-        automation::Text known;  ///< of the model
+        automation::Text known;   ///< of the model
+        std::int32_t people = 0;  ///< the kind of the recipients that it names; 0: none
     };
 
     RowId shown_folder() const override;
 
-    void add_field(const automation::Text& title, const automation::Text& member);
+    void press_button(std::int32_t id);  ///< of the bar "Standard", as a click on it
+    void move_focus(HWND from, bool back);
+    void on_field(int place, int code);
+    void add_field(const automation::Text& title, const automation::Text& member, std::int32_t people = 0);
     automation::Text value_of(const Field& field) const;  ///< as the model has it
     void show_field(Field& field);
 

@@ -2,6 +2,7 @@
 
 #include "automation/com/failure.h"
 #include "desk/driver/named_window.h"
+#include "desk/windows/window.h"
 
 namespace desk {
 namespace {
@@ -16,8 +17,9 @@ void run_guarded(const std::function<void()>& what,
     if (what) windows::contained(what, where);
 }
 
-/// In a window of an item the tabulator key leads from field to field.
+/// A window takes its own keys; in that of an item the tabulator key leads from field to field.
 void dispatch(MSG& message) {
+    if (DeskWindow::take_key(message)) return;
     const bool is_key = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     const HWND root = is_key ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
     if (root && class_name(root) == u"TarnwellDeskInspector" && IsDialogMessageW(root, &message)) return;

@@ -3,9 +3,12 @@
 #include <windowsx.h>
 
 #include "automation/com/failure.h"
+#include "desk/driver/named_window.h"
 
 namespace desk {
 namespace {
+
+constexpr UINT key_message = WM_APP + 1;
 
 void register_class(const wchar_t* name, WNDPROC procedure) {
     WNDCLASSW window_class{};
@@ -58,6 +61,12 @@ LRESULT CALLBACK DeskWindow::procedure(HWND window, UINT message, WPARAM first, 
     return answer;
 }
 
+bool DeskWindow::take_key(const MSG& message) {
+    if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+    const HWND root = GetAncestor(message.hwnd, GA_ROOT);
+    return is_desk_window(root) && SendMessageW(root, key_message, message.wParam, 0) != 0;
+}
+
 void DeskWindow::note_focus() {
     const HWND focus = GetFocus();
     if (focus && IsChild(window_, focus)) focus_ = focus;
@@ -92,6 +101,8 @@ LRESULT DeskWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
         case WM_CONTEXTMENU:
             on_context_menu(reinterpret_cast<HWND>(first), {GET_X_LPARAM(second), GET_Y_LPARAM(second)});
             return 0;
+        case key_message:
+            return on_key(static_cast<int>(first)) ? TRUE : FALSE;
         case WM_NOTIFY:
             return on_notify(*reinterpret_cast<NMHDR*>(second));
         default:

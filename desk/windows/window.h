@@ -9,6 +9,9 @@ namespace desk {
 
 class DeskWindow {
   public:
+    /// Offers a message of the loop to the window of the desk's that it is for; true if that has taken it.
+    static bool take_key(const MSG& message);
+
     DeskWindow(const DeskWindow&) = delete;
     DeskWindow& operator=(const DeskWindow&) = delete;
 
@@ -29,6 +32,8 @@ class DeskWindow {
     virtual LRESULT on_notify(NMHDR&) { return 0; }
     virtual void on_command(int /*command*/, int /*code*/) {}
     virtual void on_activate() {}
+    /// A key that is on its way to a control of the window; true if the window takes it.
+    virtual bool on_key(int /*key*/) { return false; }
     /// A right click or the menu key, in a control of the window; the place is the screen's, or -1, -1.
     virtual void on_context_menu(HWND /*control*/, POINT /*place*/) {}
 

@@ -53,8 +53,9 @@ TEST_F(DeskWindowsTest, LetAMailBeWrittenAndSent) {
     const Object inspector = open_mail();
     const Object mail = inspector.get(u"CurrentItem").to_object();
     const auto fields = windows_of_class(u"Edit", inspector_window());
-    ASSERT_EQ(fields.size(), 3U);  // To, Subject, text
-    const wchar_t* typed[] = {L"ann@one.example; ", L"Delivery dates", L"As agreed."};
+    ASSERT_EQ(fields.size(), 5U);  // To, Cc, Bcc, Subject, text
+    const wchar_t* typed[] = {L"ann@one.example; ", L"ben@one.example", L"", L"Delivery dates",
+                              L"As agreed."};
     for (std::size_t i = 0; i < std::size(typed); ++i) {
         SendMessageW(fields[i], EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(typed[i]));
     }
@@ -62,6 +63,7 @@ TEST_F(DeskWindowsTest, LetAMailBeWrittenAndSent) {
     EXPECT_EQ(mail.get(u"Subject"), Value(u"Delivery dates"));
     EXPECT_EQ(mail.get(u"Body"), Value(u"As agreed."));
     EXPECT_EQ(mail.get(u"To"), Value(u"ann@one.example"));
+    EXPECT_EQ(mail.get(u"CC"), Value(u"ben@one.example"));
     EXPECT_EQ(window_text(fields[0]), u"ann@one.example; ") << "nobody interferes with the typing";
     SetFocus(fields[0]);
     PostMessageW(fields[0], WM_KEYDOWN, VK_TAB, 1);
@@ -129,7 +131,7 @@ TEST_F(DeskWindowsTest, ShowWhatOthersChangeInAnItem) {
     inspector.get(u"CurrentItem").to_object().put(u"Subject", u"From elsewhere");
     desk.surroundings().changed();
     run_messages();
-    EXPECT_EQ(window_text(windows_of_class(u"Edit", inspector_window())[1]), u"From elsewhere");
+    EXPECT_EQ(window_text(windows_of_class(u"Edit", inspector_window())[3]), u"From elsewhere");
 }
 
 /// The entries of the menu that is open, a line as "|".

@@ -30,11 +30,17 @@ class QuietSurroundings final : public IdleSurroundings {
   public:
     desk::MainLoop loop;
     bool asked_to_quit = false;
+    std::vector<Text> questions;  ///< that were asked
+    int answer = 0;               ///< to each of them
     std::function<void()> on_came_up;
 
     void wake() override { loop.wake(); }
     void post(std::function<void()> action) override { loop.post(std::move(action)); }
     void pump(std::int32_t milliseconds) override { loop.pump(static_cast<DWORD>(milliseconds)); }
+    int ask(TextView text, TextView, std::uint32_t) override {
+        questions.emplace_back(text);
+        return answer;
+    }
     void quit() override { asked_to_quit = true; }
     void changed() override { loop.change(); }
     void came_up() override {

@@ -17,6 +17,8 @@ class Hand {
         DWORD button = 0;              ///< MOUSEEVENTF_LEFTDOWN or MOUSEEVENTF_LEFTUP
         WORD key = 0;                  ///< pressed and released, in place of what the mouse would do
         std::function<bool()> when{};  ///< holds; until then the hand waits
+        WORD held = 0;                 ///< a key that is held down while the other is pressed
+        wchar_t letter = 0;            ///< typed, in place of all the rest
     };
     explicit Hand(std::vector<Step> steps) : steps_(std::move(steps)) {
         self() = this;
@@ -39,19 +41,30 @@ class Hand {
         static Hand* the_one = nullptr;
         return the_one;
     }
-    static void press(WORD key) {
+    static void send(WORD key, WORD letter, DWORD flags) {
         INPUT input{};
         input.type = INPUT_KEYBOARD;
         input.ki.wVk = key;
+        input.ki.wScan = letter;
+        input.ki.dwFlags = flags;
         SendInput(1, &input, sizeof input);
-        input.ki.dwFlags = KEYEVENTF_KEYUP;
-        SendInput(1, &input, sizeof input);
+    }
+    static void press(WORD key, WORD held) {
+        if (held != 0) send(held, 0, 0);
+        send(key, 0, 0);
+        send(key, 0, KEYEVENTF_KEYUP);
+        if (held != 0) send(held, 0, KEYEVENTF_KEYUP);
+    }
+    static void type(wchar_t letter) {
+        send(0, letter, KEYEVENTF_UNICODE);
+        send(0, letter, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
     }
     void go_on() {
         if (done()) return;
         if (steps_[next_].when && !steps_[next_].when()) return;
         const Step& step = steps_[next_++];
-        if (step.key != 0) return press(step.key);
+        if (step.letter != 0) return type(step.letter);
+        if (step.key != 0) return press(step.key, step.held);
         INPUT input{};
         input.type = INPUT_MOUSE;
         input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;

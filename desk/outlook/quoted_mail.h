@@ -1,0 +1,18 @@
+// How an answer to a mail, or one that passes it on, bears the original.
+#pragma once
+
+#include "desk/store/item_data.h"
+
+namespace desk {
+
+/// The subject with "RE: " or "FW: " before it, unless it begins with that already.
+automation::Text marked_subject(automation::TextView mark, automation::TextView subject);
+
+/// The original below a blank beginning: from whom, when, to whom, about what, and its text.
+automation::Text quoted(const ItemData& original);
+
+/// Whom an answer to all goes to beside the sender: everybody of the original, each once, without the user.
+std::vector<Person> others_of(const ItemData& original, const Person& sender,
+                              automation::TextView own_address);
+
+}  // namespace desk
