@@ -86,16 +86,22 @@ show_failed_tests() {
 }
 
 # run_wine_tests [OPTION...]: the tests that were built for Windows, or those that CTest's options leave, as many at a time as
-# there are lanes: what such a test does most is wait.
+# there are lanes. There are two for each processor: what the programs of a test do most is wait for each other. All of a
+# lane's run on one processor: to wake the next one on another processor takes longer than what it then does.
 run_wine_tests() {
-    local lane lanes=(script second)
+    local lane lanes=() processor
     local TARNWELL_PICTURES= TARNWELL_LANES=$BUILD/lanes
     # The surroundings of Wine end with this suite: the suites after it start their own.
     local HOME=${HOME:-} DISPLAY=${DISPLAY:-} XAUTHORITY=${XAUTHORITY:-} WINEPREFIX= WINEARCH= WINEDLLOVERRIDES= WINEDEBUG=
     lock "$BUILD/script.lock" "a script runs; waiting for it"
     rm -rf "$TARNWELL_LANES"
     mkdir -p "$TARNWELL_LANES" "$BUILD/pictures"
-    for lane in "${lanes[@]}"; do prepare_lane "$lane"; done
+    for processor in $(usable_processors) $(usable_processors); do
+        ((${#lanes[@]} < most_lanes)) || break
+        lane=lane-$((${#lanes[@]} + 1))
+        lanes+=("$lane")
+        prepare_lane "$lane" "$processor"
+    done
     export TARNWELL_LANES TARNWELL_PICTURES # each window at several resolutions, for a person's eyes
     TARNWELL_PICTURES=$(windows_path "$BUILD/pictures")
     run_ctest x64 "$BUILD/x64" "${#lanes[@]}" "$@"
@@ -106,9 +112,24 @@ run_wine_tests() {
     unlock
 }
 
-# prepare_lane NAME: what one Wine test at a time needs for itself: a prefix with the desk and the family registered, and a
-# screen to show windows on. packaging/in-lane finds it by a file in build/lanes.
+most_lanes=8 # each has a prefix, which takes time and room
+
+# usable_processors: the numbers of those that we may run on, one a line.
+usable_processors() {
+    local first last
+    sed -n 's/^Cpus_allowed_list:[[:space:]]*//p' /proc/self/status | tr , '\n' |
+        while IFS=- read -r first last; do seq "$first" "${last:-$first}"; done
+}
+
+# keep_to PROCESSORS: where we run from here on, and what we start.
+keep_to() { taskset --pid --cpu-list "$1" "$BASHPID" >/dev/null; }
+
+# prepare_lane NAME PROCESSOR: what one Wine test at a time needs for itself: a prefix with the desk and the family registered,
+# and a screen to show windows on. packaging/in-lane finds it by a file in build/lanes.
 prepare_lane() {
+    local all
+    all=$(usable_processors | paste -s -d ,)
+    keep_to "$2"
     WINEPREFIX='' start_display # it stays to the end, and belongs to no prefix
     use_prefix "$1"
     prepare_desk "$BUILD/$1" sample
@@ -116,7 +137,8 @@ prepare_lane() {
     (unlocked "$wine_server" -p) # else each test would wait for a new one
     warm_up_wine "$BUILD/$1"
     keep_desktop "$BUILD/$1"
-    printf 'export WINEPREFIX=%q DISPLAY=%q\n' "$WINEPREFIX" "$DISPLAY" >"$TARNWELL_LANES/$1"
+    printf 'export WINEPREFIX=%q DISPLAY=%q\nprocessor=%s\n' "$WINEPREFIX" "$DISPLAY" "$2" >"$TARNWELL_LANES/$1"
+    keep_to "$all"
 }
 
 # warm_up_wine FOLDER: starts the services that stay while the server does, so that no test has to wait for them.
