@@ -37,7 +37,7 @@ class Following {
 
 }  // namespace
 
-DeskWindows::DeskWindows(Desk& desk, windows::Module& module) : context_{desk, module, {}, {}} {}
+DeskWindows::DeskWindows(Desk& desk, windows::Module& module) : context_{desk, module, {}, {}, {}} {}
 
 DeskWindows::~DeskWindows() = default;
 

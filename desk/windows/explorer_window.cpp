@@ -13,7 +13,8 @@ using automation::Text;
 namespace {
 
 constexpr int tree_id = 1, list_id = 2, status_id = 3;
-constexpr int tree_width = 240;  // pixels
+constexpr int least_part = 80;  // pixels, of what is beside a bar that is dragged
+constexpr std::size_t tree_bar = 0;
 
 /// The list's own font, bold.
 windows::DrawingObject<HFONT> bold_font_of(HWND control) {
@@ -34,33 +35,38 @@ bool is_unread(const ItemData& item) {
 ExplorerWindow::ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> explorer)
     : HostFrame(context, L"TarnwellDeskExplorer", *explorer),
       desk_(context.desk),
-      explorer_(std::move(explorer)) {
-    tree_ = add_control(WC_TREEVIEWW,
+      explorer_(std::move(explorer)),
+      tree_(desk_,
+            add_control(WC_TREEVIEWW,
                         WS_TABSTOP | TVS_HASLINES | TVS_HASBUTTONS | TVS_LINESATROOT | TVS_SHOWSELALWAYS,
-                        WS_EX_CLIENTEDGE, tree_id, L"Folders");
-    list_ = add_control(WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS,
-                        WS_EX_CLIENTEDGE, list_id, L"Items");
+                        WS_EX_CLIENTEDGE, tree_id, L"Folders")),
+      list_(add_control(WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS,
+                        WS_EX_CLIENTEDGE, list_id, L"Items")),
+      status_(add_control(STATUSCLASSNAMEW, 0, 0, status_id)),
+      pane_(handle()),
+      bars_(handle()) {
     ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT);
     bold_ = bold_font_of(list_);
-    status_ = add_control(STATUSCLASSNAMEW, SBARS_SIZEGRIP, 0, status_id);
+    pane_.show(context.layout.pane);
     take_drops();
     open();
 }
 
-ExplorerWindow::~ExplorerWindow() { RevokeDragDrop(tree_); }
+ExplorerWindow::~ExplorerWindow() { RevokeDragDrop(tree_.control()); }
 
 void ExplorerWindow::take_drops() {
-    const auto target = FolderDropTarget::create(
-        context().module, tree_, context().dragging,
-        [this](const std::shared_ptr<Explorer>& from, HTREEITEM place, bool copies) {
-            const auto found =
-                std::ranges::find(places_, place, [](const auto& entry) { return entry.second; });
-            if (found == places_.end()) return;
-            // not here: what follows from it may close the windows that are dragged between
-            desk_.surroundings().post(
-                [from, folder = found->first, copies] { from->drop_selection_on(folder, copies); });
-        });
-    RegisterDragDrop(tree_, target.get());
+    const auto target =
+        FolderDropTarget::create(context().module, tree_.control(), context().dragging,
+                                 [this](const std::shared_ptr<Explorer>& from, HTREEITEM place, bool copies) {
+                                     const RowId folder = tree_.folder_of(place);
+                                     // not here: what follows from it may close the windows that are dragged
+                                     // between
+                                     if (folder != 0)
+                                         desk_.surroundings().post([from, folder, copies] {
+                                             from->drop_selection_on(folder, copies);
+                                         });
+                                 });
+    RegisterDragDrop(tree_.control(), target.get());
 }
 
 void ExplorerWindow::lay_out(int top, int width, int height) {
@@ -68,66 +74,38 @@ void ExplorerWindow::lay_out(int top, int width, int height) {
     RECT bar{};
     GetWindowRect(status_, &bar);
     const int below = height - (bar.bottom - bar.top);
-    MoveWindow(tree_, 0, top, tree_width, below - top, TRUE);
-    MoveWindow(list_, tree_width, top, width - tree_width, below - top, TRUE);
-}
-
-Text ExplorerWindow::folder_text(const FolderRow& folder) const {
-    const auto unread = static_cast<long long>(desk_.store().unread(folder.id));
-    return unread == 0 ? folder.name : folder.name + u" (" + automation::to_text(unread) + u")";
-}
-
-void ExplorerWindow::add_folders(HTREEITEM above, RowId parent) {
-    for (const RowId id : desk_.folders_below(parent)) {
-        TVINSERTSTRUCTW insert{};
-        insert.hParent = above;
-        insert.hInsertAfter = TVI_LAST;
-        insert.item.mask = TVIF_PARAM;
-        insert.item.lParam = static_cast<LPARAM>(id);
-        places_[id] = TreeView_InsertItem(tree_, &insert);
-        show_folder_text(id);
-        add_folders(places_[id], id);
-        TreeView_Expand(tree_, places_[id], TVE_EXPAND);
+    constexpr int gap = SplitBars::thickness;
+    const int tree =
+        std::clamp(context().layout.tree_width, least_part, std::max(width - least_part, least_part));
+    const int left = tree + gap;
+    MoveWindow(tree_.control(), 0, top, tree, below - top, TRUE);
+    std::vector<SplitBars::Bar> bars{{{tree, top, left, below}, true}};
+    int list_end = below;
+    if (pane_.is_shown()) {
+        const int pane = std::clamp(context().layout.pane_height, least_part,
+                                    std::max(below - top - least_part, least_part));
+        list_end = below - pane - gap;
+        bars.push_back({{left, list_end, width, list_end + gap}, false});
+        pane_.place({left, list_end + gap, width, below});
     }
+    MoveWindow(list_, left, top, width - left, list_end - top, TRUE);
+    bars_.place(std::move(bars));
 }
 
-void ExplorerWindow::show_folder_text(RowId folder) {
-    Text text = folder_text(*desk_.folder_row(folder));
-    TVITEMW item{};
-    item.mask = TVIF_TEXT | TVIF_STATE;
-    item.hItem = places_.at(folder);
-    item.pszText = reinterpret_cast<wchar_t*>(text.data());
-    item.stateMask = TVIS_BOLD;
-    item.state = desk_.store().unread(folder) == 0 ? 0 : TVIS_BOLD;
-    SendMessageW(tree_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
-}
-
-void ExplorerWindow::show_folders() {
-    std::vector<ShownFolder> now;
-    for (const FolderRow& row : desk_.folder_rows()) {
-        now.push_back({row.id, row.parent, row.name, desk_.store().unread(row.id)});
+void ExplorerWindow::on_mouse(UINT message, POINT point) {
+    const std::optional<SplitBars::Moved> moved = bars_.follow(message, point);
+    if (!moved) return;
+    RECT client{}, bar{};
+    GetClientRect(handle(), &client);
+    GetWindowRect(status_, &bar);
+    ExplorerLayout& layout = context().layout;
+    if (moved->bar == tree_bar) {
+        layout.tree_width = moved->to;
+    } else {
+        layout.pane_height =
+            static_cast<int>(client.bottom - (bar.bottom - bar.top)) - moved->to - SplitBars::thickness;
     }
-    const auto same_place = [](const ShownFolder& one, const ShownFolder& other) {
-        return one.id == other.id && one.parent == other.parent && one.name == other.name;
-    };
-    if (std::ranges::equal(now, shown_folders_, same_place)) {
-        for (std::size_t i = 0; i < now.size(); ++i) {
-            if (now[i].unread != shown_folders_[i].unread) show_folder_text(now[i].id);
-        }
-        shown_folders_ = std::move(now);
-        return;
-    }
-    shown_folders_ = std::move(now);
-    TreeView_DeleteAllItems(tree_);
-    places_.clear();
-    add_folders(TVI_ROOT, 0);
-    select_place();
-}
-
-/// The folder that is shown is the one that is selected.
-void ExplorerWindow::select_place() {
-    const auto place = places_.find(shown_folder_);
-    if (place != places_.end()) TreeView_SelectItem(tree_, place->second);
+    lay_out_again();
 }
 
 void ExplorerWindow::show_columns() {
@@ -166,11 +144,10 @@ void ExplorerWindow::show_sorting() {
 
 void ExplorerWindow::show_contents() {
     refreshing_ = true;
-    show_folders();
+    tree_.follow(explorer_->folder());
     if (shown_folder_ != explorer_->folder()) {
         shown_folder_ = explorer_->folder();
         show_columns();
-        select_place();
     }
     shown_row_.reset();
     shown_items_ = lines_.of(shown_folder_);
@@ -179,8 +156,10 @@ void ExplorerWindow::show_contents() {
         SendMessageW(list_, LVM_SETITEMCOUNT, shown_items_.size(), LVSICF_NOSCROLL);
     }
     show_selection();
+    pane_.follow(explorer_->selected());
     InvalidateRect(list_, nullptr, FALSE);
-    const Text status = automation::to_text(static_cast<long long>(shown_items_.size())) + u" items, " +
+    const Text status = automation::to_text(static_cast<long long>(shown_items_.size())) +
+                        (shown_items_.size() == 1 ? u" item, " : u" items, ") +
                         automation::to_text(static_cast<long long>(desk_.store().unread(shown_folder_))) +
                         u" unread";
     SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(windows::wide(status)));
@@ -225,7 +204,9 @@ void ExplorerWindow::take_selection() {
         const auto item = place < shown_items_.size() ? desk_.open_item(shown_items_[place]) : nullptr;
         if (item) selected.push_back(item->self());
     }
-    if (selected != explorer_->selected()) explorer_->select(std::move(selected));
+    if (selected == explorer_->selected()) return;
+    leave_shown_item();
+    explorer_->select(std::move(selected));
 }
 
 void ExplorerWindow::show_selection() {
@@ -292,8 +273,51 @@ void ExplorerWindow::press_key(WORD key) {
         ListView_SetItemState(list_, -1, LVIS_SELECTED, LVIS_SELECTED);
         take_selection();
     } else if (key == VK_F5) {
-        lines_.forget();
-        show_contents();
+        refresh_items();
+    }
+}
+
+/// Not here: what is told of the item may end this window.
+void ExplorerWindow::leave_shown_item() {
+    const std::shared_ptr<Item> shown = pane_.item();
+    if (!shown || !context().layout.leaving_reads) return;
+    desk_.surroundings().post([shown] {
+        if (!shown->is_gone()) mark(*shown, true);
+    });
+}
+
+void ExplorerWindow::show_pane(bool shown) {
+    context().layout.pane = shown;
+    pane_.show(shown);
+    pane_.follow(explorer_->selected());
+    lay_out_again();
+}
+
+void ExplorerWindow::refresh_items() {
+    lines_.forget();
+    show_contents();
+}
+
+void ExplorerWindow::on_menu_opens(HMENU menu) {
+    const auto check = [&](int command, bool checked) {
+        CheckMenuItem(menu, static_cast<UINT>(command), checked ? MF_CHECKED : MF_UNCHECKED);
+    };
+    check(show_pane_command, context().layout.pane);
+    check(leaving_reads_command, context().layout.leaving_reads);
+}
+
+void ExplorerWindow::on_own_command(int command, int) {
+    ExplorerLayout& layout = context().layout;
+    switch (command) {
+        case show_pane_command:
+            return show_pane(!layout.pane);
+        case leaving_reads_command:
+            layout.leaving_reads = !layout.leaving_reads;
+            return;
+        case refresh_command:
+            return refresh_items();
+        default:
+            return;
     }
 }
 
@@ -331,8 +355,9 @@ void ExplorerWindow::on_context_menu(HWND control, POINT place) {
 LRESULT ExplorerWindow::on_notify(NMHDR& notice) {
     HostFrame::on_notify(notice);
     if (refreshing_ && notice.code != LVN_GETDISPINFOW && notice.code != NM_CUSTOMDRAW) return 0;
-    if (notice.hwndFrom == tree_ && notice.code == TVN_SELCHANGEDW) {
+    if (notice.hwndFrom == tree_.control() && notice.code == TVN_SELCHANGEDW) {
         const auto& change = reinterpret_cast<NMTREEVIEWW&>(notice);
+        leave_shown_item();
         explorer_->show_folder(static_cast<RowId>(change.itemNew.lParam));
     } else if (notice.hwndFrom == list_ && notice.code == LVN_GETDISPINFOW) {
         show_cell(reinterpret_cast<NMLVDISPINFOW&>(notice).item);

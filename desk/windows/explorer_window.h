@@ -1,14 +1,17 @@
-// A main window: the folders, and the items of the one that is shown.
+// A main window: the folders, the items of the one that is shown, and what is selected of them, to be read.
 #pragma once
 
-#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "desk/outlook/explorers.h"
+#include "desk/windows/explorer_menu.h"
+#include "desk/windows/folder_tree.h"
 #include "desk/windows/host_frame.h"
 #include "desk/windows/item_lines.h"
+#include "desk/windows/reading_pane.h"
+#include "desk/windows/split_bars.h"
 #include "forms/windows/drawing.h"
 
 namespace desk {
@@ -23,16 +26,16 @@ class ExplorerWindow : public HostFrame {
     void lay_out(int top, int width, int height) override;
     void on_context_menu(HWND control, POINT place) override;
     LRESULT on_notify(NMHDR& notice) override;
+    void add_menus(HMENU bar) override { add_explorer_menus(bar); }
+    void on_menu_opens(HMENU menu) override;
+    void on_own_command(int command, int code) override;
+    void on_mouse(UINT message, POINT point) override;
+    bool show_cursor() override { return bars_.show_cursor(); }
 
     RowId shown_folder() const override { return explorer_->folder(); }
     HWND first_focus() const override { return list_; }
 
     void take_drops();
-    void show_folders();
-    automation::Text folder_text(const FolderRow& folder) const;
-    void show_folder_text(RowId folder);
-    void select_place();
-    void add_folders(HTREEITEM above, RowId parent);
     void show_columns();
     void show_sorting();
     void show_cell(LVITEMW& cell);
@@ -40,22 +43,19 @@ class ExplorerWindow : public HostFrame {
     LRESULT draw_line(NMLVCUSTOMDRAW& drawing);
     void press_key(WORD key);
     void take_selection();
+    void leave_shown_item();  ///< the reading pane is about to show something else, as a person wants it
+    void show_pane(bool shown);
+    void refresh_items();
     void select_at(POINT place);  ///< the item at a point of the screen, where a click has left it unselected
     void show_selection();
     void open_selected();
 
-    /// What decides whether the tree is made anew, and how many are told beside the name.
-    struct ShownFolder {
-        RowId id, parent;
-        automation::Text name;
-        std::int64_t unread;
-    };
-
     Desk& desk_;
     std::shared_ptr<Explorer> explorer_;
-    HWND tree_ = nullptr, list_ = nullptr, status_ = nullptr;
-    std::map<RowId, HTREEITEM> places_;
-    std::vector<ShownFolder> shown_folders_;
+    FolderTree tree_;
+    HWND list_, status_;
+    ReadingPane pane_;
+    SplitBars bars_;
     ItemLines lines_{desk_};
     std::vector<RowId> shown_items_;    ///< line by line
     std::optional<ItemRow> shown_row_;  ///< whose cells are being asked for; until something changes

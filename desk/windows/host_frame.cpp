@@ -32,25 +32,25 @@ void HostFrame::open() {
     add_menus(menu);
     SetMenu(handle(), menu);  // tells the window a new size, so not before it is whole
     bars_.follow();
-    RECT client{};
-    GetClientRect(handle(), &client);
-    on_size(client.right, client.bottom);
+    lay_out_again();
     const auto& order = context_.desk.window_order;
     ShowWindow(handle(), !order.empty() && order.back() == &window_ ? SW_SHOW : SW_SHOWNA);
 }
 
 void HostFrame::refresh() {
     caption(window_.caption());
-    if (bars_.follow()) {
-        RECT client{};
-        GetClientRect(handle(), &client);
-        on_size(client.right, client.bottom);
-    }
+    if (bars_.follow()) lay_out_again();
     show_contents();
     if (times_brought_up_ != window_.times_brought_up()) {
         times_brought_up_ = window_.times_brought_up();
         SetForegroundWindow(handle());
     }
+}
+
+void HostFrame::lay_out_again() {
+    RECT client{};
+    GetClientRect(handle(), &client);
+    on_size(client.right, client.bottom);
 }
 
 void HostFrame::on_size(int width, int height) {

@@ -6,6 +6,7 @@
 
 #include "desk/outlook/host_window.h"
 #include "desk/windows/bar_strip.h"
+#include "desk/windows/explorer_layout.h"
 #include "desk/windows/item_drag.h"
 #include "desk/windows/window.h"
 
@@ -17,6 +18,7 @@ struct FrameContext {
     windows::Module& module;
     Faces faces;
     Dragging dragging;
+    ExplorerLayout layout;
     bool following = false;  ///< the windows are brought in line with the model: no person has done it
 };
 
@@ -29,10 +31,11 @@ class HostFrame : public DeskWindow {
     HostFrame(FrameContext& context, const wchar_t* class_name, HostWindow& window);
 
     FrameContext& context() const { return context_; }
-    void open();                      ///< at the end of the making
-    virtual void add_menus(HMENU) {}  ///< behind "File"
+    void open();  ///< at the end of the making
+    void lay_out_again();
     virtual void show_contents() = 0;
     virtual void lay_out(int top, int width, int height) = 0;
+    virtual void add_menus(HMENU /*bar*/) {}  ///< behind those that each window has
     virtual void on_own_command(int, int) {}  ///< its number, and the code of a notification
     virtual RowId shown_folder() const = 0;
 

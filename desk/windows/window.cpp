@@ -103,6 +103,18 @@ LRESULT DeskWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
             return 0;
         case key_message:
             return on_key(static_cast<int>(first)) ? TRUE : FALSE;
+        case WM_INITMENUPOPUP:
+            on_menu_opens(reinterpret_cast<HMENU>(first));
+            return 0;
+        case WM_LBUTTONDOWN:
+        case WM_MOUSEMOVE:
+        case WM_LBUTTONUP:
+            on_mouse(message, {GET_X_LPARAM(second), GET_Y_LPARAM(second)});
+            return 0;
+        case WM_SETCURSOR:
+            if (reinterpret_cast<HWND>(first) == window_ && LOWORD(second) == HTCLIENT && show_cursor())
+                return TRUE;
+            return DefWindowProcW(window_, message, first, second);
         case WM_NOTIFY:
             return on_notify(*reinterpret_cast<NMHDR*>(second));
         default:

@@ -37,6 +37,11 @@ class DeskWindow {
     /// A right click or the menu key, in a control of the window; the place is the screen's, or -1, -1.
     virtual void on_context_menu(HWND /*control*/, POINT /*place*/) {}
 
+    virtual void on_menu_opens(HMENU) {}
+    /// What the mouse does in the window itself, beside its controls.
+    virtual void on_mouse(UINT /*message*/, POINT /*point*/) {}
+    virtual bool show_cursor() { return false; }  ///< above the window itself; false leaves it to the system
+
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT handle_message(UINT message, WPARAM first, LPARAM second);
