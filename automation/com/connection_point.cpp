@@ -3,6 +3,19 @@
 #include "automation/com/failure.h"
 
 namespace windows {
+namespace {
+
+/// What a sink receives the events of an interface by. A sink in another process or apartment comes as a
+/// proxy, and only a type library makes proxies of event interfaces, which an object of ours has none of. Such
+/// a sink is told by its `IDispatch`.
+ComPtr<IDispatch> receiver_of(const ComPtr<IUnknown>& sink, const IID& interface_id) {
+    ComPtr<IDispatch> receiver = sink.as<IDispatch>(interface_id);
+    const bool is_proxy = static_cast<bool>(sink.as<IMultiQI>(IID_IMultiQI));
+    if (!receiver && is_proxy) receiver = sink.as<IDispatch>(IID_IDispatch);
+    return receiver;
+}
+
+}  // namespace
 
 ConnectionPoint::ConnectionPoint(std::shared_ptr<Apartment> apartment,
                                  std::shared_ptr<automation::Invocable> object, ComPtr<IDispatch> bridge,
@@ -40,7 +53,7 @@ HRESULT ConnectionPoint::GetConnectionPointContainer(IConnectionPointContainer**
 HRESULT ConnectionPoint::Advise(IUnknown* sink, DWORD* cookie) noexcept {
     if (!sink || !cookie) return E_POINTER;
     *cookie = 0;
-    const auto receiver = ComPtr<IUnknown>(sink).as<IDispatch>(interface_id_);
+    const ComPtr<IDispatch> receiver = receiver_of(ComPtr<IUnknown>(sink), interface_id_);
     if (!receiver) return CONNECT_E_CANNOTCONNECT;
     return guarded([&] {
         *cookie = static_cast<DWORD>(

@@ -19,7 +19,7 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
     HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) noexcept override;
     HRESULT STDMETHODCALLTYPE
     GetConnectionPointContainer(IConnectionPointContainer** container) noexcept override;
-    /// CONNECT_E_CANNOTCONNECT for a sink that doesn't answer for the interface.
+    /// CONNECT_E_CANNOTCONNECT for a sink that doesn't answer for the interface, nor comes from elsewhere.
     HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) noexcept override;
     HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) noexcept override;
     HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) noexcept override;
