@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "automation/com/com_ptr.h"
+
 namespace desk {
 namespace {
 
@@ -10,36 +12,39 @@ struct DestroyMenuOf {
 };
 using MenuHandle = std::unique_ptr<std::remove_pointer_t<HMENU>, DestroyMenuOf>;
 
-constexpr std::int32_t checked = -1;  // MsoButtonState
+constexpr std::int32_t checked = -1;         // MsoButtonState
+constexpr std::size_t first_of_bar = 10000;  // above the host's own commands
 
 }  // namespace
 
-std::function<void()> choose_from_menu(HWND owner, POINT place, std::span<const OwnEntry> own,
+std::function<void()> choose_from_menu(HWND owner, POINT place, const OwnEntries& own,
                                        const CommandBar& bar) {
     const MenuHandle menu(CreatePopupMenu());
-    std::vector<std::function<void()>> actions;
-    const auto add = [&](UINT flags, const wchar_t* caption, std::function<void()> action) {
-        actions.push_back(std::move(action));
-        AppendMenuW(menu.get(), MF_STRING | flags, actions.size(), caption);
-    };
-    for (const OwnEntry& entry : own) {
-        add(0, entry.caption, entry.action);
-        if (entry.is_default) SetMenuDefaultItem(menu.get(), static_cast<UINT>(actions.size()), FALSE);
+    append_entries(menu.get(), own.entries);
+    for (const MenuEntry& entry : own.entries) {
+        if (entry.text && !own.can_run(entry.command))
+            EnableMenuItem(menu.get(), static_cast<UINT>(entry.command), MF_GRAYED);
     }
-    bool first = true;
+    if (own.default_command != 0)
+        SetMenuDefaultItem(menu.get(), static_cast<UINT>(own.default_command), FALSE);
+    std::vector<std::shared_ptr<CommandBarControl>> controls;
     for (const auto& control : bar.controls) {
         if (!control->visible) continue;
-        const bool apart = first ? !own.empty() : control->begin_group;
+        const bool apart = controls.empty() ? !own.entries.empty() : control->begin_group;
         if (apart) AppendMenuW(menu.get(), MF_SEPARATOR, 0, nullptr);
-        first = false;
-        add((control->enabled ? 0U : MF_GRAYED) | (control->state == checked ? MF_CHECKED : 0U),
-            windows::wide(control->caption), [control] {
-                if (control->is_there()) control->press();
-            });
+        AppendMenuW(
+            menu.get(),
+            MF_STRING | (control->enabled ? 0U : MF_GRAYED) | (control->state == checked ? MF_CHECKED : 0U),
+            first_of_bar + controls.size(), windows::wide(control->caption));
+        controls.push_back(control);
     }
     const auto chosen = static_cast<std::size_t>(TrackPopupMenu(
         menu.get(), TPM_LEFTALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD, place.x, place.y, 0, owner, nullptr));
-    return chosen == 0 ? nullptr : actions[chosen - 1];
+    if (chosen == 0) return nullptr;
+    if (chosen < first_of_bar) return [run = own.run, chosen] { run(static_cast<int>(chosen)); };
+    return [control = controls[chosen - first_of_bar]] {
+        if (control->is_there()) control->press();
+    };
 }
 
 }  // namespace desk

@@ -1,10 +1,14 @@
 #include "desk/windows/explorer_window.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "desk/base/desk.h"
 #include "desk/outlook/item.h"
 #include "desk/windows/context_menu.h"
+#include "desk/windows/item_commands.h"
+#include "desk/windows/selection_commands.h"
+#include "forms/windows/form_control.h"
 
 namespace desk {
 
@@ -12,9 +16,29 @@ using automation::Text;
 
 namespace {
 
-constexpr int tree_id = 1, list_id = 2, status_id = 3;
+constexpr int tree_id = 1, list_id = 2, status_id = 3, search_id = 4;
 constexpr int least_part = 80;  // pixels, of what is beside a bar that is dragged
 constexpr std::size_t tree_bar = 0;
+constexpr int search_height = 22, search_gap = 3, search_title_width = 56, search_title_drop = 7;  // pixels
+
+constexpr std::size_t searched_at_once = 1000;  // items
+constexpr UINT_PTR search_timer = 1;
+constexpr UINT search_pause = 10;  // milliseconds, in which the keyboard and the mouse have their turn
+
+constexpr std::uint32_t information_box = 0x40;  // MB_ICONINFORMATION
+constexpr automation::TextView about_text =
+    u"The desk is a host program with Outlook's object model. It loads the add-in Tarnwell Create Note as "
+    u"Outlook "
+    u"does, with a sample company to try it on.";
+
+/// As a person who closes one main window after the other, until one stays open.
+void close_all_by_user(const Explorers& explorers) {
+    const std::vector<std::shared_ptr<Explorer>> open = explorers.open;
+    for (const auto& explorer : open) {
+        if (explorer->is_open()) explorer->close_by_user();
+        if (explorer->is_open()) return;
+    }
+}
 
 /// The list's own font, bold.
 windows::DrawingObject<HFONT> bold_font_of(HWND control) {
@@ -43,6 +67,8 @@ ExplorerWindow::ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> 
       list_(add_control(WC_LISTVIEWW, WS_TABSTOP | LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS,
                         WS_EX_CLIENTEDGE, list_id, L"Items")),
       status_(add_control(STATUSCLASSNAMEW, 0, 0, status_id)),
+      search_title_(add_control(WC_STATICW, SS_RIGHT, 0, 0, L"Search:")),
+      search_box_(add_control(WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, search_id)),
       pane_(handle()),
       bars_(handle()) {
     ListView_SetExtendedListViewStyle(list_, LVS_EX_FULLROWSELECT);
@@ -88,6 +114,11 @@ void ExplorerWindow::lay_out(int top, int width, int height) {
         bars.push_back({{left, list_end, width, list_end + gap}, false});
         pane_.place({left, list_end + gap, width, below});
     }
+    MoveWindow(search_title_, left, top + search_title_drop, search_title_width,
+               search_height + 2 * search_gap - search_title_drop, TRUE);
+    MoveWindow(search_box_, left + search_title_width + search_gap, top + search_gap,
+               width - left - search_title_width - 2 * search_gap, search_height, TRUE);
+    top += search_height + 2 * search_gap;
     MoveWindow(list_, left, top, width - left, list_end - top, TRUE);
     bars_.place(std::move(bars));
 }
@@ -142,15 +173,45 @@ void ExplorerWindow::show_sorting() {
     }
 }
 
+/// What is found is shown as it is found: a large folder is searched a part at a time.
+std::vector<RowId> ExplorerWindow::lines_now() {
+    const std::vector<RowId>& all = lines_.of(shown_folder_);
+    const FolderRow* const folder = desk_.folder_row(shown_folder_);
+    if (!search_.is_on() || !folder) {
+        searching_ = false;
+        KillTimer(handle(), search_timer);
+        return all;
+    }
+    if (all.size() <= searched_at_once) search_.forget();  // they may have changed
+    searching_ = search_.look_further(all, columns_of(*folder), searched_at_once);
+    if (searching_) {
+        SetTimer(handle(), search_timer, search_pause, nullptr);
+    } else {
+        KillTimer(handle(), search_timer);
+    }
+    return search_.found(all);
+}
+
+Text ExplorerWindow::status_now() const {
+    const auto number = [](std::size_t count) { return automation::to_text(static_cast<long long>(count)); };
+    const std::size_t all = desk_.contents(shown_folder_).size();
+    const Text items = number(all) + (all == 1 ? u" item" : u" items");
+    if (search_.is_on())
+        return number(shown_items_.size()) + u" of " + items + (searching_ ? u", searching ..." : u"");
+    return items + u", " + number(static_cast<std::size_t>(desk_.store().unread(shown_folder_))) + u" unread";
+}
+
 void ExplorerWindow::show_contents() {
     refreshing_ = true;
     tree_.follow(explorer_->folder());
     if (shown_folder_ != explorer_->folder()) {
         shown_folder_ = explorer_->folder();
         show_columns();
+        SetWindowTextW(search_box_, L"");
+        search_.want({});
     }
     shown_row_.reset();
-    shown_items_ = lines_.of(shown_folder_);
+    shown_items_ = lines_now();
     show_sorting();
     if (ListView_GetItemCount(list_) != static_cast<int>(shown_items_.size())) {  // it arranges all anew
         SendMessageW(list_, LVM_SETITEMCOUNT, shown_items_.size(), LVSICF_NOSCROLL);
@@ -158,11 +219,7 @@ void ExplorerWindow::show_contents() {
     show_selection();
     pane_.follow(explorer_->selected());
     InvalidateRect(list_, nullptr, FALSE);
-    const Text status = automation::to_text(static_cast<long long>(shown_items_.size())) +
-                        (shown_items_.size() == 1 ? u" item, " : u" items, ") +
-                        automation::to_text(static_cast<long long>(desk_.store().unread(shown_folder_))) +
-                        u" unread";
-    SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(windows::wide(status)));
+    SendMessageW(status_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(windows::wide(status_now())));
     refreshing_ = false;
 }
 
@@ -210,11 +267,15 @@ void ExplorerWindow::take_selection() {
 }
 
 void ExplorerWindow::show_selection() {
+    std::unordered_map<RowId, int> line_of;
+    if (!explorer_->selected().empty()) {
+        for (const RowId id : shown_items_) line_of.emplace(id, static_cast<int>(line_of.size()));
+    }
     std::vector<int> lines;
     for (const automation::Object& object : explorer_->selected()) {
         const auto item = std::dynamic_pointer_cast<Item>(object.target());
-        const auto line = item ? std::ranges::find(shown_items_, item->id()) : shown_items_.end();
-        if (line != shown_items_.end()) lines.push_back(static_cast<int>(line - shown_items_.begin()));
+        const auto line = item ? line_of.find(item->id()) : line_of.end();
+        if (line != line_of.end()) lines.push_back(line->second);
     }
     if (lines == shown_selection_) return;
     shown_selection_ = lines;
@@ -224,57 +285,85 @@ void ExplorerWindow::show_selection() {
     if (lines.size() == 1) ListView_SetItemState(list_, lines.front(), LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
-namespace {
-
-void mark(Item& item, bool read) {
-    if (item.kind().number != object_class::mail || item.field(u"UnRead").to_boolean() != read) return;
-    item.mark_read(read);
-    item.save();
-}
-
-void open_item(Item& item) {
-    mark(item, true);  // a mail that is opened has been read
-    item.self().call(u"Display");
-}
-
-void remove_item(Item& item) { item.remove(); }
-
-/// Does something with each selected item that is still there.
-void with_selected(const std::shared_ptr<Explorer>& explorer, void (*what)(Item&)) {
-    const std::vector<automation::Object> selected = explorer->selected();
-    for (const automation::Object& object : selected) {
-        const auto item = std::dynamic_pointer_cast<Item>(object.target());
-        if (item && !item->is_gone()) what(*item);
-    }
-}
-
 /// The whole of a right click, as soon as the click itself is over. The window may close meanwhile.
-void open_context_menu(const std::shared_ptr<Explorer>& explorer, HWND owner, POINT place) {
+static void open_context_menu(const std::shared_ptr<Explorer>& explorer, HWND owner, POINT place) {
     const std::shared_ptr<CommandBar> bar = explorer->context_menu();
-    std::vector<OwnEntry> own;
-    if (!explorer->selected().empty()) {
-        own = {{L"&Open", [&] { with_selected(explorer, open_item); }, true},
-               {L"Mark as &Read", [&] { with_selected(explorer, [](Item& item) { mark(item, true); }); }},
-               {L"Mark as U&nread", [&] { with_selected(explorer, [](Item& item) { mark(item, false); }); }},
-               {L"&Delete", [&] { with_selected(explorer, remove_item); }}};
-    }
+    const bool is_selected = !explorer->selected().empty();
+    const OwnEntries own{item_menu_entries(is_selected), is_selected ? open_command : 0,
+                         [&](int command) { return can_run_on_selection(*explorer, command); },
+                         [owner](int command) {
+                             if (IsWindow(owner))
+                                 SendMessageW(owner, WM_COMMAND, static_cast<WPARAM>(command), 0);
+                         }};
     if (const std::function<void()> chosen = choose_from_menu(owner, place, own, *bar)) chosen();
 }
 
-}  // namespace
-
-/// What the keys do in the list. What follows from a removal may close this window, so it is not done here.
+/// What the keys do in the list alone.
 void ExplorerWindow::press_key(WORD key) {
-    const bool control = GetKeyState(VK_CONTROL) < 0;
     if (key == VK_DELETE) {
-        take_selection();
-        desk_.surroundings().post([explorer = explorer_] { with_selected(explorer, remove_item); });
-    } else if (key == 'A' && control) {
-        ListView_SetItemState(list_, -1, LVIS_SELECTED, LVIS_SELECTED);
-        take_selection();
+        on_own_command(delete_command, 0);
+    } else if (key == 'A' && is_held(VK_CONTROL)) {
+        on_own_command(select_all_command, 0);
     } else if (key == VK_F5) {
         refresh_items();
     }
+}
+
+void ExplorerWindow::move_on(bool back) {
+    if (const HWND next = GetNextDlgTabItem(handle(), GetFocus(), back)) SetFocus(next);
+}
+
+/// The lines follow what is typed, and what is selected follows the lines.
+void ExplorerWindow::search() {
+    if (refreshing_) return;
+    search_.want(windows::window_text(search_box_));
+    show_contents();
+    take_selection();
+}
+
+void ExplorerWindow::end_search() {
+    SetWindowTextW(search_box_, L"");
+    SetFocus(list_);
+}
+
+bool ExplorerWindow::on_key(int key) {
+    const HWND focus = GetFocus();
+    if (focus == search_box_ && key == VK_ESCAPE) {
+        end_search();
+        return true;
+    }
+    if (focus == search_box_ && (key == VK_DOWN || key == VK_RETURN)) {
+        SetFocus(list_);
+        return true;
+    }
+    if ((focus == search_box_ || focus == pane_.text()) && key == 'A' && is_held(VK_CONTROL)) {
+        SendMessageW(focus, EM_SETSEL, 0, -1);
+        return true;
+    }
+    if (key == VK_TAB && !is_held(VK_CONTROL)) {
+        move_on(is_held(VK_SHIFT));
+        return true;
+    }
+    const int command = command_of_key(key);
+    if (command == 0) return false;
+    PostMessageW(handle(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+    return true;
+}
+
+void ExplorerWindow::select_all() {
+    ListView_SetItemState(list_, -1, LVIS_SELECTED, LVIS_SELECTED);
+    take_selection();
+    SetFocus(list_);
+}
+
+void ExplorerWindow::ask_for_folder() {
+    if (picker_ || !can_run_on_selection(*explorer_, move_command)) return;
+    picker_ = std::make_unique<FolderPicker>(desk_, handle(), shown_folder_, [this](RowId folder) {
+        PostMessageW(handle(), WM_COMMAND, picker_closed_command, 0);
+        if (folder == 0) return;
+        desk_.surroundings().post(
+            [explorer = explorer_, folder] { explorer->drop_selection_on(folder, false); });
+    });
 }
 
 /// Not here: what is told of the item may end this window.
@@ -282,7 +371,7 @@ void ExplorerWindow::leave_shown_item() {
     const std::shared_ptr<Item> shown = pane_.item();
     if (!shown || !context().layout.leaving_reads) return;
     desk_.surroundings().post([shown] {
-        if (!shown->is_gone()) mark(*shown, true);
+        if (!shown->is_gone()) mark_item(*shown, true);
     });
 }
 
@@ -304,11 +393,22 @@ void ExplorerWindow::on_menu_opens(HMENU menu) {
     };
     check(show_pane_command, context().layout.pane);
     check(leaving_reads_command, context().layout.leaving_reads);
+    for (int command = open_command; command <= delete_command; ++command) {
+        EnableMenuItem(menu, static_cast<UINT>(command),
+                       can_run_on_selection(*explorer_, command) ? MF_ENABLED : MF_GRAYED);
+    }
 }
 
-void ExplorerWindow::on_own_command(int command, int) {
+void ExplorerWindow::on_own_command(int command, int code) {
     ExplorerLayout& layout = context().layout;
     switch (command) {
+        case search_id:
+            if (code == EN_CHANGE) search();
+            return;
+        case search_command:
+            SetFocus(search_box_);
+            SendMessageW(search_box_, EM_SETSEL, 0, -1);
+            return;
         case show_pane_command:
             return show_pane(!layout.pane);
         case leaving_reads_command:
@@ -316,14 +416,32 @@ void ExplorerWindow::on_own_command(int command, int) {
             return;
         case refresh_command:
             return refresh_items();
+        case select_all_command:
+            return select_all();
+        case move_command:
+            take_selection();
+            return ask_for_folder();
+        case picker_closed_command:
+            return picker_.reset();
+        case about_command:
+            return desk_.surroundings().post(
+                [&desk = desk_] { desk.surroundings().ask(about_text, u"About the Desk", information_box); });
+        case exit_command:
+            return desk_.surroundings().post(
+                [explorers = desk_.explorers()] { close_all_by_user(*explorers); });
         default:
-            return;
+            break;
     }
-}
-
-void ExplorerWindow::open_selected() {
-    take_selection();
-    with_selected(explorer_, open_item);
+    if (const int number = folder_to_go_to(command); number != 0) {
+        if (const RowId folder = desk_.default_folder(number); folder != 0) {
+            leave_shown_item();
+            explorer_->show_folder(folder);
+        }
+    } else if (command >= open_command && command <= delete_command) {
+        take_selection();
+        // not here: what follows from a removal may close this window
+        desk_.surroundings().post([explorer = explorer_, command] { run_on_selection(explorer, command); });
+    }
 }
 
 void ExplorerWindow::select_at(POINT place) {
@@ -371,8 +489,10 @@ LRESULT ExplorerWindow::on_notify(NMHDR& notice) {
     } else if (notice.hwndFrom == list_ && notice.code == LVN_ITEMCHANGED) {
         const auto& change = reinterpret_cast<NMLISTVIEW&>(notice);
         if ((change.uOldState ^ change.uNewState) & LVIS_SELECTED) take_selection();
+    } else if (notice.hwndFrom == list_ && notice.code == LVN_ODSTATECHANGED) {
+        take_selection();  // of a whole range at once, with the shift key
     } else if (notice.hwndFrom == list_ && notice.code == LVN_ITEMACTIVATE) {
-        open_selected();
+        on_own_command(open_command, 0);
     } else if (notice.hwndFrom == list_ && notice.code == LVN_BEGINDRAG) {
         take_selection();
         desk_.surroundings().post([&context = context(), explorer = explorer_] {

@@ -59,25 +59,44 @@ void ItemLines::note_keys(RowId folder, const Column& column, const std::vector<
     }
 }
 
-std::vector<RowId> ItemLines::of(RowId folder) {
+/// Whether the lines that were made last are still those of the folder: none has come or gone, and what they
+/// were sorted by is not read again.
+bool ItemLines::are_sorted(RowId folder, const std::vector<RowId>& arrived,
+                           const std::optional<Sorting>& sorting) const {
+    if (folder != folder_ || sorting != sorted_by_ || arrived != arrived_) return false;
+    const bool stays = !sorting || column_->newest_first || arrived.size() > read_again;
+    return stays && (!sorting || keys_.size() >= arrived.size());
+}
+
+const std::vector<RowId>& ItemLines::of(RowId folder) {
     const FolderRow* const row = desk_.folder_row(folder);
-    if (!row) return {};
+    if (!row) {
+        lines_.clear();
+        arrived_.clear();
+        return lines_;
+    }
     const std::vector<RowId>& arrived = desk_.contents(folder);
-    std::vector<RowId> lines(arrived.rbegin(), arrived.rend());
     const std::optional<Sorting> sorting = this->sorting(folder);
-    if (!sorting) return lines;
-    note_keys(folder, columns_of(*row)[static_cast<std::size_t>(sorting->column)], lines);
+    if (are_sorted(folder, arrived, sorting)) return lines_;
+    arrived_ = arrived;
+    sorted_by_ = sorting;
+    lines_.assign(arrived.rbegin(), arrived.rend());
+    if (!sorting) {
+        folder_ = folder;
+        return lines_;
+    }
+    note_keys(folder, columns_of(*row)[static_cast<std::size_t>(sorting->column)], lines_);
     const auto before = [&](RowId left, RowId right) {
         const Key &one = keys_.at(left), &other = keys_.at(right);
         if (one.number != other.number) return one.number < other.number;
         return automation::compare_ignoring_case(one.text, other.text) < 0;
     };
     if (sorting->descending) {
-        std::ranges::stable_sort(lines, [&](RowId left, RowId right) { return before(right, left); });
+        std::ranges::stable_sort(lines_, [&](RowId left, RowId right) { return before(right, left); });
     } else {
-        std::ranges::stable_sort(lines, before);
+        std::ranges::stable_sort(lines_, before);
     }
-    return lines;
+    return lines_;
 }
 
 }  // namespace desk

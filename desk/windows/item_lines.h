@@ -24,8 +24,8 @@ class ItemLines {
   public:
     explicit ItemLines(Desk& desk) : desk_(desk) {}
 
-    /// The lines of a folder as they are now.
-    std::vector<RowId> of(RowId folder);
+    /// The lines of a folder as they are now. Where nothing has changed nothing is sorted or read.
+    const std::vector<RowId>& of(RowId folder);
 
     std::optional<Sorting> sorting(RowId folder) const;
 
@@ -42,6 +42,8 @@ class ItemLines {
     };
 
     Key key_of(RowId item, const Column& column);
+    bool are_sorted(RowId folder, const std::vector<RowId>& arrived,
+                    const std::optional<Sorting>& sorting) const;
     void note_keys(RowId folder, const Column& column, const std::vector<RowId>& items);
 
     Desk& desk_;
@@ -49,6 +51,8 @@ class ItemLines {
     RowId folder_ = 0;                 ///< whose keys are kept
     const Column* column_ = nullptr;
     std::unordered_map<RowId, Key> keys_;
+    std::vector<RowId> arrived_, lines_;  ///< what was sorted last, and what came of it
+    std::optional<Sorting> sorted_by_;
 };
 
 }  // namespace desk

@@ -23,12 +23,14 @@ void register_class(const wchar_t* name, WNDPROC procedure) {
 
 }  // namespace
 
-DeskWindow::DeskWindow(const wchar_t* class_name, const automation::Text& caption, RECT place)
+DeskWindow::DeskWindow(const wchar_t* class_name, const automation::Text& caption, RECT place, HWND owner)
     : caption_(caption) {
     register_class(class_name, procedure);
-    window_ = CreateWindowExW(0, class_name, windows::wide(caption), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                              place.left, place.top, place.right - place.left, place.bottom - place.top,
-                              nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    constexpr DWORD style_of_owned = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
+    window_ = CreateWindowExW(0, class_name, windows::wide(caption),
+                              (owner ? style_of_owned : WS_OVERLAPPEDWINDOW) | WS_CLIPCHILDREN, place.left,
+                              place.top, place.right - place.left, place.bottom - place.top, owner, nullptr,
+                              GetModuleHandleW(nullptr), nullptr);
     if (!window_) throw automation::Failure(automation::result::fail, u"A window could not be made.");
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
@@ -105,6 +107,9 @@ LRESULT DeskWindow::handle_message(UINT message, WPARAM first, LPARAM second) {
             return on_key(static_cast<int>(first)) ? TRUE : FALSE;
         case WM_INITMENUPOPUP:
             on_menu_opens(reinterpret_cast<HMENU>(first));
+            return 0;
+        case WM_TIMER:
+            on_timer();
             return 0;
         case WM_LBUTTONDOWN:
         case WM_MOUSEMOVE:

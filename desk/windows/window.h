@@ -16,7 +16,8 @@ class DeskWindow {
     DeskWindow& operator=(const DeskWindow&) = delete;
 
   protected:
-    DeskWindow(const wchar_t* class_name, const automation::Text& caption, RECT place);
+    /// One with an owner stays before it.
+    DeskWindow(const wchar_t* class_name, const automation::Text& caption, RECT place, HWND owner = nullptr);
     virtual ~DeskWindow();
 
     HWND handle() const { return window_; }
@@ -38,6 +39,7 @@ class DeskWindow {
     virtual void on_context_menu(HWND /*control*/, POINT /*place*/) {}
 
     virtual void on_menu_opens(HMENU) {}
+    virtual void on_timer() {}
     /// What the mouse does in the window itself, beside its controls.
     virtual void on_mouse(UINT /*message*/, POINT /*point*/) {}
     virtual bool show_cursor() { return false; }  ///< above the window itself; false leaves it to the system
