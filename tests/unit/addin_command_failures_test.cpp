@@ -33,7 +33,7 @@ Item new_mail(NativeWorld& world) {
     return mail;
 }
 
-void empty(const host::outlook::Folder& folder) {
+void remove_all_in(const host::outlook::Folder& folder) {
     const host::outlook::Items items = folder.Items();
     for (std::int32_t i = items.Count(); i >= 1; --i) items.Item(i).call(u"Delete");
 }
@@ -52,9 +52,9 @@ TEST(CommandFailures, AMailGoesOutWhateverFails) {
         }
         EXPECT_EQ(world->engine().find(u"Tarnwell"), nullptr) << "the status window doesn't stay";
         EXPECT_FALSE(world->add_in()->goInspector.source());
-        empty(sent);
-        empty(world->below(u"Email"));
-        empty(world->below(u"Notes"));
+        remove_all_in(sent);
+        remove_all_in(world->below(u"Email"));
+        remove_all_in(world->below(u"Notes"));
     });
     EXPECT_GT(calls, 60);
 }
@@ -157,9 +157,9 @@ TEST(CommandFailures, QuickViewIsLaunchedWhateverFails) {
                 EXPECT_EQ(count_in(*world, u"Email"), 1);
             }
             if (!known) {
-                empty(world->below(u"Account Contacts"));
-                empty(world->below(u"Email"));
-                empty(world->below(u"Notes"));
+                remove_all_in(world->below(u"Account Contacts"));
+                remove_all_in(world->below(u"Email"));
+                remove_all_in(world->below(u"Notes"));
             }
             world->add_in()->rooms().quickview.QuickView.unload();
         });
