@@ -188,7 +188,7 @@ watch_end() {
 }
 
 script_command() {
-    local file= database=sample seconds=120 trace= trace_file= keep= left_out=() arguments=() folder=$BUILD/script kept
+    local file= database=sample seconds=120 trace= trace_file= keep= left_out=() arguments=() place=${TARNWELL_PLACE:-script} folder kept
     local host_version= instant_search=0 language= event_order=host event_option=
     while (($# > 0)); do
         case $1 in
@@ -239,9 +239,11 @@ script_command() {
     [[ -z $trace ]] || trace_file=$(realpath -s -- "$trace")
 
     prepare desk
-    lock "$BUILD/script.lock" "another script runs; waiting for it"
+    folder=$BUILD/$place # tests that run side by side have each its own
+    lock "$folder.lock" "another script runs; waiting for it"
+    keep_to "$(usable_processors | shuf -n 1)"
     start_display
-    use_prefix script
+    use_prefix "$place"
     prepare_desk "$folder" "$database" "${left_out[@]}"
     start_desk "$folder/program" "$folder/state"
     run_script "$seconds" "$folder" "$file" "${arguments[@]}"

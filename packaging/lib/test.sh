@@ -86,18 +86,18 @@ show_failed_tests() {
 }
 
 # run_wine_tests [OPTION...]: the tests that were built for Windows, or those that CTest's options leave, as many at a time as
-# there are lanes. There are two for each processor: what the programs of a test do most is wait for each other. All of a
-# lane's run on one processor: to wake the next one on another processor takes longer than what it then does.
+# there are lanes. There are two for each processor, so that there is always one that need not wait.
 run_wine_tests() {
-    local lane lanes=() processor
+    local lane lanes=() processor wanted
     local TARNWELL_PICTURES= TARNWELL_LANES=$BUILD/lanes
     # The surroundings of Wine end with this suite: the suites after it start their own.
     local HOME=${HOME:-} DISPLAY=${DISPLAY:-} XAUTHORITY=${XAUTHORITY:-} WINEPREFIX= WINEARCH= WINEDLLOVERRIDES= WINEDEBUG=
     lock "$BUILD/script.lock" "a script runs; waiting for it"
     rm -rf "$TARNWELL_LANES"
     mkdir -p "$TARNWELL_LANES" "$BUILD/pictures"
+    wanted=$(ctest --test-dir "$BUILD/x64" -N "$@" | sed -n 's/^Total Tests: //p')
     for processor in $(usable_processors) $(usable_processors); do
-        ((${#lanes[@]} < most_lanes)) || break
+        ((${#lanes[@]} < most_lanes && ${#lanes[@]} < wanted)) || break
         lane=lane-$((${#lanes[@]} + 1))
         lanes+=("$lane")
         prepare_lane "$lane" "$processor"
@@ -112,17 +112,7 @@ run_wine_tests() {
     unlock
 }
 
-most_lanes=8 # each has a prefix, which takes time and room
-
-# usable_processors: the numbers of those that we may run on, one a line.
-usable_processors() {
-    local first last
-    sed -n 's/^Cpus_allowed_list:[[:space:]]*//p' /proc/self/status | tr , '\n' |
-        while IFS=- read -r first last; do seq "$first" "${last:-$first}"; done
-}
-
-# keep_to PROCESSORS: where we run from here on, and what we start.
-keep_to() { taskset --pid --cpu-list "$1" "$BASHPID" >/dev/null; }
+most_lanes=8 # each one has a prefix, which takes time and room
 
 # prepare_lane NAME PROCESSOR: what one Wine test at a time needs for itself: a prefix with the desk and the family registered,
 # and a screen to show windows on. packaging/in-lane finds it by a file in build/lanes.
@@ -164,45 +154,66 @@ keep_desktop() {
     exec {open}<&-
 }
 
-# run_script_tests FILE...: each script in tests/scripts/ is one test. Its first line may name options:
-# `// options: --database empty`.
-run_script_tests() {
-    local file options log good=0 bad=0 begin=$SECONDS
-    for file in "$@"; do
-        options=$(sed -n "1s,^\(//\|'\) options: *,,p" "$file" | tr -d '\r')
-        log=$BUILD/logs/script-${file##*/}.log
-        # shellcheck disable=SC2086 # the options are words
-        if (export TARNWELL_PREPARED=1 && unlocked "$ROOT/tarnwell" script "$file" $options) >"$log" 2>&1; then
+# The tests that run side by side, by their process.
+declare -A running=()
+at_end 'for process in "${!running[@]}"; do end_process "$process"; done'
+
+# run_side_by_side NAME RUN KIND FILE...: the suite NAME. `RUN FILE` replaces its shell by a test; as many as there are processors
+# run at a time, each on one of its own, and what they start by `./tarnwell script` has a place of its own.
+run_side_by_side() {
+    local name=$1 run=$2 kind=$3 good=0 bad=0 begin=$SECONDS processors free i process status file
+    local -A places=()
+    shift 3
+    mapfile -t processors < <(usable_processors | head -n "$most_lanes")
+    free=("${!processors[@]}")
+    (($# > 0)) || bad=1 # none is a failure
+    while (($# > 0 || ${#running[@]} > 0)); do
+        while (($# > 0 && ${#free[@]} > 0)); do
+            i=${free[0]}
+            free=("${free[@]:1}")
+            (
+                keep_to "${processors[i]}"
+                export TARNWELL_PREPARED=1 TARNWELL_PLACE=script${i#0}
+                "$run" "$1"
+            ) >"$BUILD/logs/$kind-${1##*/}.log" 2>&1 &
+            running[$!]=$1 places[$!]=$i
+            shift
+        done
+        status=0
+        wait -n -p process "${!running[@]}" || status=$?
+        file=${running[$process]}
+        free+=("${places[$process]}")
+        unset "running[$process]"
+        if ((status == 0)); then
             good=$((good + 1))
         else
             bad=$((bad + 1))
             say "${file#"$ROOT"/} failed:"
-            tail -n 20 "$log" >&2
+            tail -n 20 "$BUILD/logs/$kind-${file##*/}.log" >&2
         fi
         if ((SECONDS - begin >= 10)); then
-            say "  $((good + bad)) scripts are through"
+            say "  $name: $((good + bad)) are through"
             begin=$SECONDS
         fi
     done
-    ((good + bad > 0)) || bad=1 # none is a failure
-    count "scripts" "$good" "$bad"
+    count "$name" "$good" "$bad"
+}
+
+# run_script_tests FILE...: each script in tests/scripts/ is one test. Its first line may name options:
+# `// options: --database empty`.
+run_script_tests() { run_side_by_side scripts run_script_test script "$@"; }
+run_script_test() {
+    local options
+    options=$(sed -n "1s,^\(//\|'\) options: *,,p" "$1" | tr -d '\r')
+    # shellcheck disable=SC2086 # the options are words
+    unlocked "$ROOT/tarnwell" script "$1" $options
 }
 
 # run_shell_tests FILE...: each file in tests/shell/ is one test of ./tarnwell itself.
-run_shell_tests() {
-    local file log good=0 bad=0
-    for file in "$@"; do
-        log=$BUILD/logs/shell-${file##*/}.log
-        if (cd "$ROOT" && export TARNWELL_PREPARED=1 && unlocked timeout --kill-after=10 600 bash "$file") >"$log" 2>&1; then
-            good=$((good + 1))
-        else
-            bad=$((bad + 1))
-            say "${file#"$ROOT"/} failed:"
-            tail -n 20 "$log" >&2
-        fi
-    done
-    ((good + bad > 0)) || bad=1 # none is a failure
-    count "the command line" "$good" "$bad"
+run_shell_tests() { run_side_by_side "the command line" run_shell_test shell "$@"; }
+run_shell_test() {
+    cd "$ROOT"
+    unlocked timeout --kill-after=10 600 bash "$1"
 }
 
 script_tests() { find "$ROOT/tests/scripts" -maxdepth 1 \( -name '*.js' -o -name '*.vbs' \) | LC_ALL=C sort; }

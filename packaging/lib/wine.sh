@@ -14,6 +14,17 @@ find_wine() {
         fail "Wine's 64-bit loader is not to be found; install it by: apt-get install wine64"
 }
 
+# usable_processors: the numbers of those that we may run on, one a line.
+usable_processors() {
+    local first last
+    sed -n 's/^Cpus_allowed_list:[[:space:]]*//p' /proc/self/status | tr , '\n' |
+        while IFS=- read -r first last; do seq "$first" "${last:-$first}"; done
+}
+
+# keep_to PROCESSORS: where we run from here on, and what we start. Programs below Wine mostly wait for each other: to wake the next
+# one on another processor takes longer than what it then does.
+keep_to() { taskset --pid --cpu-list "$1" "$BASHPID" >/dev/null; }
+
 owned_prefix=
 
 # wine_environment PREFIX [shared]: the surroundings of every Wine program from here on. What runs in the prefix is ended

@@ -2,12 +2,12 @@
 # is not, and its examples in the guide are what it prints.
 source "$(dirname -- "${BASH_SOURCE[0]}")/support.bash"
 parts say install build wine script
-folder=$BUILD/script
+folder=$BUILD/${TARNWELL_PLACE:-script}
 place='Public Folders\All Public Folders\Tarnwell'
 
-lock "$BUILD/script.lock" "a script runs; waiting for it"
+lock "$folder.lock" "a script runs; waiting for it"
 start_display
-use_prefix script
+use_prefix "${folder##*/}"
 prepare_desk "$folder" empty
 admin=$(windows_path "$BUILD/x64/bin/TarnwellAdmin.exe")
 run_admin() (unlocked timeout --kill-after=5 60 "$wine_loader" "$admin" "$@")

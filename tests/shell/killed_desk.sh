@@ -37,7 +37,7 @@ WScript.Echo("lost: " + lost.join(",") + " twice: " + twice.join(",") + " again:
 JS
 looks=$script
 
-own_desk=${PWD//\//\\}'\build\script\program\desk.exe' # of this tree, and of no other
+own_desk=${PWD//\//\\}'\build\'${TARNWELL_PLACE:-script}'\program\desk.exe' # of this tree, and of no other
 desk_process() {
     local file
     for file in /proc/[0-9]*/cmdline; do

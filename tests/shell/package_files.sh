@@ -4,6 +4,7 @@ source "$(dirname -- "${BASH_SOURCE[0]}")/support.bash"
 parts say install build package
 install_packages "${package_packages[@]}" "${package_check_packages[@]}"
 
+lock "$BUILD/package-tests.lock" "another test of the packages runs; waiting for it"
 env -u TARNWELL_PREPARED -u TARNWELL_SIGN ./tarnwell package
 version=$(project_version)
 cp -r build/packages "$work/first"

@@ -3,6 +3,7 @@
 source "$(dirname -- "${BASH_SOURCE[0]}")/support.bash"
 parts say install build wine script package
 
+lock "$BUILD/package-tests.lock" "another test of the packages runs; waiting for it"
 env -u TARNWELL_PREPARED ./tarnwell package
 version=$(project_version)
 earlier=${version%.*}.$((${version##*.} - 1))

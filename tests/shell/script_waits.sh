@@ -11,7 +11,7 @@ prints ran
 cat "$work/first.err" "$work/err" | grep -q "another script runs" || wrong "nobody said that it waits"
 
 left() { grep -lsF -- "$PWD/build" /proc/[0-9]*/environ 2>/dev/null | while read -r file; do
-    tr '\0' '\n' <"$file" | grep -qx "WINEPREFIX=$PWD/build/prefix-script" && printf '%s ' "$(tr '\0' ' ' <"${file%environ}cmdline")"
+    tr '\0' '\n' <"$file" | grep -qx "WINEPREFIX=$PWD/build/prefix-${TARNWELL_PLACE:-script}" && printf '%s ' "$(tr '\0' ' ' <"${file%environ}cmdline")"
 done; }
 for ((i = 0; i < 100; i++)); do
     [[ -n $(left) ]] || exit 0
