@@ -8,6 +8,7 @@
 #include "desk/office/command_bars.h"
 #include "desk/outlook/application.h"
 #include "desk/outlook/folder.h"
+#include "desk/outlook/inspectors.h"
 #include "desk/outlook/item.h"
 
 namespace desk {
@@ -117,6 +118,18 @@ void Explorer::activate() {
     if (own == open.end()) return;
     std::rotate(own, own + 1, open.end());
     come_up();
+}
+
+void Explorer::close_by_user() {
+    const std::shared_ptr<Explorer> alive = shared_from_this();
+    if (desk().explorers()->open.size() == 1) {
+        const std::vector<std::shared_ptr<Inspector>> items = desk().inspectors()->open;
+        for (auto last = items.rbegin(); last != items.rend(); ++last) {  // the active one first
+            if ((*last)->is_open()) (*last)->close_by_user();
+            if ((*last)->is_open()) return;
+        }
+    }
+    close_window();
 }
 
 void Explorer::close_window() {

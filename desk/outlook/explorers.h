@@ -47,7 +47,9 @@ class Explorer : public ModelObject<Explorer>, public HostWindow {
     const std::shared_ptr<CommandBars>& bars() const override { return bars_; }
     automation::Text caption() const override;
     void activate() override;
-    void close_by_user() override { close_window(); }
+    /// The last one ends the host, so the windows of items are closed before, as by the user, too: where one
+    /// stays open, because something in it would be lost, so does this one.
+    void close_by_user() override;
     void close_window();
     void open_window(bool in_front);  ///< without an event
     void kept_changed();

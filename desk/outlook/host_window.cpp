@@ -7,12 +7,28 @@
 
 namespace desk {
 
+/// A window that would cover another one comes up a little to the right and below, a few times at most.
+void HostWindow::step_aside() {
+    constexpr std::int32_t step = 26;  // pixels: a caption can be read and taken
+    constexpr int most_steps = 8;
+    const auto& order = object().desk().window_order;
+    const auto is_covered = [&](const HostWindow* other) {
+        return other != this && other->left == left && other->top == top;
+    };
+    for (int i = 0; i < most_steps && std::ranges::any_of(order, is_covered); ++i) {
+        left += step;
+        top += step;
+    }
+}
+
 void HostWindow::enter_front() {
+    step_aside();
     object().desk().window_order.push_back(this);
     is_open_ = true;
 }
 
 void HostWindow::enter_back() {
+    step_aside();
     auto& order = object().desk().window_order;
     order.insert(order.empty() ? order.end() : order.end() - 1, this);
     is_open_ = true;

@@ -34,14 +34,17 @@ class HostWindow {
   protected:
     virtual ModelBase& object() = 0;
 
-    void enter_front();  ///< it opens: behind no other, without an event
-    void enter_back();   ///< it opens behind the active one
+    // it opens, and covers none of the others that are open
+    void enter_front();  ///< behind no other, without an event
+    void enter_back();   ///< behind the active one
     /// Comes to the front. The former active window and this one hear of it.
     void come_up();
     /// Has closed: its event, then the end of its bars unless others use them, and the next window comes up.
     void leave(bool bars_end);
 
   private:
+    void step_aside();
+
     bool is_open_ = false;
     std::int32_t times_brought_up_ = 0;
 };

@@ -48,7 +48,7 @@ class DeskMenus : public DeskWindowsTest {
         return all;
     }
     /// As a person who clicks on lines; the newest mail stands first.
-    void select(std::vector<int> lines) {
+    void select(const std::vector<int>& lines) {
         ListView_SetItemState(list(), -1, 0, LVIS_SELECTED);
         for (const int line : lines) ListView_SetItemState(list(), line, LVIS_SELECTED, LVIS_SELECTED);
         run_messages();
@@ -58,7 +58,7 @@ class DeskMenus : public DeskWindowsTest {
         run_messages();
     }
     /// A key on its way to a control, with others held down.
-    void press(HWND control, int key, std::vector<int> held = {}) {
+    void press(HWND control, int key, const std::vector<int>& held = {}) {
         BYTE keys[256] = {};
         for (const int each : held) keys[each] = 0x80;
         SetKeyboardState(keys);
@@ -270,6 +270,44 @@ TEST_F(DeskMenus, LeadTheTabulatorKeyThroughTheWindow) {
     EXPECT_EQ(classes.size(), 4U);
     EXPECT_EQ(std::ranges::count(classes, u"SysTreeView32"), 1);
     EXPECT_EQ(std::ranges::count(classes, u"Edit"), 2) << "the search box and the text that is read";
+}
+
+TEST_F(DeskMenus, AskForEachWindowThatWouldLoseSomethingBeforeTheLastMainWindowCloses) {
+    for (const TextView subject : {u"One", u"", u"Three"}) {
+        const Object mail = create_mail();
+        mail.call(u"Display");
+        if (!subject.empty()) mail.put(u"Subject", Value(subject));
+        run_messages();
+    }
+    constexpr int cancel = 2, no = 7;
+    surroundings.answer = cancel;
+    choose(desk::exit_command);
+    EXPECT_EQ(surroundings.questions.size(), 1U);
+    EXPECT_EQ(desk.inspectors()->open.size(), 3U);
+    EXPECT_EQ(desk.explorers()->open.size(), 1U);
+    EXPECT_FALSE(surroundings.asked_to_quit);
+    surroundings.questions.clear();
+    surroundings.answer = no;
+    SendMessageW(explorer_window(), WM_CLOSE, 0, 0);
+    run_messages();
+    EXPECT_EQ(surroundings.questions.size(), 2U) << "one of the three has nothing to lose";
+    EXPECT_TRUE(desk.inspectors()->open.empty());
+    EXPECT_TRUE(surroundings.asked_to_quit);
+}
+
+TEST_F(DeskMenus, OpenWindowsBesideEachOther) {
+    std::vector<desk::HostWindow*> open;
+    for (int i = 0; i < 3; ++i) {
+        open_mail();
+        open.push_back(desk.inspectors()->open.back().get());
+    }
+    EXPECT_EQ(open[1]->left - open[0]->left, 26);
+    EXPECT_EQ(open[2]->left - open[1]->left, 26);
+    EXPECT_EQ(open[2]->top - open[1]->top, 26);
+    const std::int32_t first = open[0]->left;
+    desk.inspectors()->open.front()->close_window();
+    open_mail();
+    EXPECT_EQ(desk.inspectors()->open.back()->left, first) << "a place that is free again is taken";
 }
 
 /// A large folder is searched a part at a time, and each item is looked at once.
