@@ -4,6 +4,7 @@
 
 #include "automation/com/failure.h"
 #include "desk/driver/named_window.h"
+#include "desk/windows/desk_icon.h"
 
 namespace desk {
 namespace {
@@ -11,14 +12,20 @@ namespace {
 constexpr UINT key_message = WM_APP + 1;
 
 void register_class(const wchar_t* name, WNDPROC procedure) {
-    WNDCLASSW window_class{};
+    WNDCLASSEXW window_class{};
+    window_class.cbSize = sizeof window_class;
+    const HINSTANCE program = GetModuleHandleW(nullptr);
+    if (GetClassInfoExW(program, name, &window_class)) return;
+    window_class = {};
+    window_class.cbSize = sizeof window_class;
     window_class.lpfnWndProc = procedure;
-    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hInstance = program;
     window_class.lpszClassName = name;
     window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    window_class.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+    window_class.hIcon = desk_icon(SM_CXICON);
+    window_class.hIconSm = desk_icon(SM_CXSMICON);
     window_class.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    RegisterClassW(&window_class);  // a second time it is refused, which does no harm
+    RegisterClassExW(&window_class);
 }
 
 }  // namespace
