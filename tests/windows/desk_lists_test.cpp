@@ -1,4 +1,6 @@
 // What a main window tells of folders and items, and what the keyboard and a click on a heading do there.
+#include <set>
+
 #include "tests/windows/support/desk_windows_fixture.h"
 
 namespace desk_tests {
@@ -224,6 +226,64 @@ TEST_F(DeskListsTest, SortLargeFoldersAnewWhenTheyAreAskedTo) {
     EXPECT_NE(subjects().front(), u"A first one");
     press(VK_F5);
     EXPECT_EQ(subjects().front(), u"A first one");
+}
+
+/// Notes which lines the list asks its window for, while it lives.
+class AskedLines {
+  public:
+    explicit AskedLines(HWND window) : window_(window) {
+        SetWindowSubclass(window_, note, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~AskedLines() { RemoveWindowSubclass(window_, note, 1); }
+    AskedLines(const AskedLines&) = delete;
+    AskedLines& operator=(const AskedLines&) = delete;
+
+    std::set<int> lines;
+
+  private:
+    static LRESULT CALLBACK note(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR,
+                                 DWORD_PTR self) {
+        if (message == WM_NOTIFY && reinterpret_cast<NMHDR*>(second)->code == LVN_GETDISPINFOW) {
+            reinterpret_cast<AskedLines*>(self)->lines.insert(
+                reinterpret_cast<NMLVDISPINFOW*>(second)->item.iItem);
+        }
+        return DefSubclassProc(window, message, first, second);
+    }
+
+    HWND window_;
+};
+
+TEST_F(DeskListsTest, AskForTheLinesThatAreSeenAloneHoweverManyThereAre) {
+    constexpr int many = 10'000;
+    {
+        desk::Store::Transaction together(desk.store());
+        for (int i = 0; i < many; ++i) {
+            desk::ItemData mail;
+            mail.message_class = u"IPM.Note";
+            mail.fields[u"Subject"] = Value(u"Mail " + automation::to_text(static_cast<long long>(i)));
+            const desk::RowId place = desk.default_folder(inbox);
+            desk.item_added(place, desk.store().add_item(place, mail));
+        }
+        together.keep();
+    }
+    AskedLines asked(explorer_window());
+    const auto page = static_cast<std::size_t>(ListView_GetCountPerPage(list())) + 2;
+    const auto expect_few = [&](const char* what) {
+        UpdateWindow(list());
+        EXPECT_GT(asked.lines.size(), 0U) << what;
+        EXPECT_LE(asked.lines.size(), 2 * page) << what;
+        asked.lines.clear();
+    };
+    show(inbox);
+    EXPECT_EQ(ListView_GetItemCount(list()), many);
+    expect_few("when it is shown");
+    press(VK_END);
+    EXPECT_TRUE(asked.lines.contains(many - 1));
+    expect_few("at its end");
+    desk.explorers()->open.front()->select(
+        {desk.open_item(desk.contents(desk.default_folder(inbox)).front())->self()});
+    run_messages();
+    expect_few("when something is selected");
 }
 
 TEST(DeskColumns, SayYesOrNothingOfWhatIsEitherOr) {
