@@ -93,6 +93,8 @@ void add_explorer_menus(HMENU bar) {
     constexpr UINT behind_new = 1;
     InsertMenuW(file, behind_new, MF_BYPOSITION | MF_STRING, open_entry.command, open_entry.text);
     InsertMenuW(file, behind_new + 1, MF_BYPOSITION | MF_SEPARATOR, 0, nullptr);
+    InsertMenuW(file, behind_new + 2, MF_BYPOSITION | MF_STRING, deliver_command, L"&Deliver Mail Files...");
+    InsertMenuW(file, behind_new + 3, MF_BYPOSITION | MF_SEPARATOR, 0, nullptr);
     AppendMenuW(file, MF_STRING, exit_command, L"E&xit");
     append_popup(bar, L"&Edit", edit_entries);
     append_popup(bar, L"&View", view_entries);

@@ -24,6 +24,7 @@ enum ExplorerCommand : int {
     delete_command,
     select_all_command,
     search_command,
+    deliver_command,
     exit_command,
     about_command,
     picker_closed_command,

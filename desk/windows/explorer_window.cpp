@@ -7,6 +7,7 @@
 #include "desk/outlook/item.h"
 #include "desk/windows/context_menu.h"
 #include "desk/windows/item_commands.h"
+#include "desk/windows/mail_files.h"
 #include "desk/windows/selection_commands.h"
 #include "forms/windows/form_control.h"
 
@@ -24,6 +25,8 @@ constexpr int search_height = 22, search_gap = 3, search_title_width = 56, searc
 constexpr std::size_t searched_at_once = 1000;  // items
 constexpr UINT_PTR search_timer = 1;
 constexpr UINT search_pause = 10;  // milliseconds, in which the keyboard and the mouse have their turn
+
+constexpr std::int32_t inbox_number = 6;  // of default folders
 
 constexpr std::uint32_t information_box = 0x40;  // MB_ICONINFORMATION
 constexpr automation::TextView about_text =
@@ -78,21 +81,31 @@ ExplorerWindow::ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> 
     open();
 }
 
-ExplorerWindow::~ExplorerWindow() { RevokeDragDrop(tree_.control()); }
+ExplorerWindow::~ExplorerWindow() {
+    RevokeDragDrop(tree_.control());
+    RevokeDragDrop(list_);
+}
 
 void ExplorerWindow::take_drops() {
-    const auto target =
-        FolderDropTarget::create(context().module, tree_.control(), context().dragging,
-                                 [this](const std::shared_ptr<Explorer>& from, HTREEITEM place, bool copies) {
-                                     const RowId folder = tree_.folder_of(place);
-                                     // not here: what follows from it may close the windows that are dragged
-                                     // between
-                                     if (folder != 0)
-                                         desk_.surroundings().post([from, folder, copies] {
-                                             from->drop_selection_on(folder, copies);
-                                         });
-                                 });
-    RegisterDragDrop(tree_.control(), target.get());
+    // nothing of it here: what follows from it may close the windows that are dragged between
+    const auto take = [this](std::vector<Text> paths) {
+        desk_.surroundings().post([&desk = desk_, paths = std::move(paths)] { deliver_files(desk, paths); });
+    };
+    const auto is_inbox = [this](RowId folder) {
+        return folder != 0 && folder == desk_.default_folder(inbox_number);
+    };
+    const auto of_tree = FolderDropTarget::create(
+        context().module, tree_.control(), context().dragging,
+        [this](const std::shared_ptr<Explorer>& from, HTREEITEM place, bool copies) {
+            const RowId folder = tree_.folder_of(place);
+            if (folder == 0) return;
+            desk_.surroundings().post([from, folder, copies] { from->drop_selection_on(folder, copies); });
+        },
+        {[this, is_inbox](HTREEITEM place) { return is_inbox(tree_.folder_of(place)); }, take});
+    RegisterDragDrop(tree_.control(), of_tree.get());
+    const auto of_list = FilesDropTarget::create(
+        context().module, {[this, is_inbox] { return is_inbox(explorer_->folder()); }, take});
+    RegisterDragDrop(list_, of_list.get());
 }
 
 void ExplorerWindow::lay_out(int top, int width, int height) {
@@ -426,6 +439,10 @@ void ExplorerWindow::on_own_command(int command, int code) {
         case about_command:
             return desk_.surroundings().post(
                 [&desk = desk_] { desk.surroundings().ask(about_text, u"About the Desk", information_box); });
+        case deliver_command:
+            return desk_.surroundings().post([&desk = desk_, owner = handle()] {
+                if (IsWindow(owner)) deliver_files(desk, choose_mail_files(owner));
+            });
         case exit_command:
             return desk_.surroundings().post(
                 [explorers = desk_.explorers()] { close_all_by_user(*explorers); });

@@ -2,6 +2,7 @@
 
 #include "automation/com/failure.h"
 #include "desk/driver/dragged.h"
+#include "desk/windows/mail_files.h"
 
 namespace desk {
 
@@ -41,8 +42,9 @@ void drag_selection(windows::Module& module, Dragging& dragging, const std::shar
 }
 
 ComPtr<IDropTarget> FolderDropTarget::create(windows::Module& module, HWND tree, const Dragging& dragging,
-                                             FolderDropTarget::OnDrop drop) {
-    return ComPtr<IDropTarget>::attach(new FolderDropTarget(module, tree, dragging, std::move(drop)));
+                                             FolderDropTarget::OnDrop drop, Files files) {
+    return ComPtr<IDropTarget>::attach(
+        new FolderDropTarget(module, tree, dragging, std::move(drop), std::move(files)));
 }
 
 void* FolderDropTarget::query(REFIID iid) noexcept {
@@ -57,19 +59,24 @@ HTREEITEM FolderDropTarget::folder_at(POINTL point) const {
     return hit.flags & (TVHT_ONITEM | TVHT_ONITEMRIGHT) ? item : nullptr;
 }
 
-HRESULT FolderDropTarget::offer(DWORD keys, POINTL point, DWORD* effect) const {
-    if (!effect) return E_POINTER;
-    const HTREEITEM folder = dragging_.from ? folder_at(point) : nullptr;
-    TreeView_SelectDropTarget(tree_, folder);
-    if (!folder) {
-        *effect = DROPEFFECT_NONE;
-    } else {
-        *effect &= keys & MK_CONTROL ? DROPEFFECT_COPY : DROPEFFECT_MOVE;
-    }
-    return S_OK;
+DWORD FolderDropTarget::offered_to(HTREEITEM folder, DWORD keys) const {
+    if (!folder) return DROPEFFECT_NONE;
+    if (dragging_.from) return keys & MK_CONTROL ? DROPEFFECT_COPY : DROPEFFECT_MOVE;
+    return are_files_ && files_.takes(folder) ? DROPEFFECT_COPY : DROPEFFECT_NONE;
 }
 
-HRESULT FolderDropTarget::DragEnter(IDataObject*, DWORD keys, POINTL point, DWORD* effect) noexcept {
+HRESULT FolderDropTarget::offer(DWORD keys, POINTL point, DWORD* effect) const {
+    if (!effect) return E_POINTER;
+    return windows::guarded([&] {
+        const HTREEITEM folder = folder_at(point);
+        *effect &= offered_to(folder, keys);
+        TreeView_SelectDropTarget(tree_, *effect == DROPEFFECT_NONE ? nullptr : folder);
+        return S_OK;
+    });
+}
+
+HRESULT FolderDropTarget::DragEnter(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) noexcept {
+    are_files_ = are_files(data);
     return offer(keys, point, effect);
 }
 
@@ -82,12 +89,17 @@ HRESULT FolderDropTarget::DragLeave() noexcept {
     return S_OK;
 }
 
-HRESULT FolderDropTarget::Drop(IDataObject*, DWORD keys, POINTL point, DWORD* effect) noexcept {
-    const HRESULT offered = offer(keys, point, effect);
+HRESULT FolderDropTarget::Drop(IDataObject* data, DWORD keys, POINTL point, DWORD* effect) noexcept {
+    const ComPtr<FolderDropTarget> alive(this);  // what is dropped may end the window
+    const HRESULT offered = DragEnter(data, keys, point, effect);
     TreeView_SelectDropTarget(tree_, nullptr);
     if (FAILED(offered) || *effect == DROPEFFECT_NONE) return offered;
     return windows::guarded([&] {
-        drop_(dragging_.from, folder_at(point), *effect == DROPEFFECT_COPY);
+        if (dragging_.from) {
+            drop_(dragging_.from, folder_at(point), *effect == DROPEFFECT_COPY);
+        } else {
+            files_.take(dragged_files(data));
+        }
         return S_OK;
     });
 }

@@ -1,4 +1,6 @@
 // Items that are dragged out of the list of a main window, with a real mouse as far as the system goes.
+#include <shlobj.h>
+
 #include <functional>
 
 #include "desk/driver/dragged.h"
@@ -97,6 +99,88 @@ TEST_F(DeskDragging, GoesOntoAListOfAnotherWindow) {
     EXPECT_EQ(count(inbox), 2U);
     RevokeDragDrop(other);
     DestroyWindow(other);
+}
+
+/// Files as a file manager drags them.
+class DraggedFiles final : public windows::ComObject<IDataObject> {
+  public:
+    static windows::ComPtr<IDataObject> create(windows::Module& module, const std::vector<Text>& paths) {
+        return windows::ComPtr<IDataObject>::attach(new DraggedFiles(module, paths));
+    }
+
+    HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override {
+        if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
+        const std::size_t bytes = paths_.size() * sizeof(char16_t);
+        *medium = {};
+        medium->tymed = TYMED_HGLOBAL;
+        medium->hGlobal = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
+        auto* const files = static_cast<DROPFILES*>(GlobalLock(medium->hGlobal));
+        files->pFiles = sizeof(DROPFILES);
+        files->fWide = TRUE;
+        memcpy(files + 1, paths_.data(), bytes);
+        GlobalUnlock(medium->hGlobal);
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) noexcept override {
+        return format->cfFormat == CF_HDROP ? S_OK : DV_E_FORMATETC;
+    }
+    HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC*, STGMEDIUM*) noexcept override { return DV_E_FORMATETC; }
+    HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE SetData(FORMATETC*, STGMEDIUM*, BOOL) noexcept override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD, IEnumFORMATETC**) noexcept override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) noexcept override {
+        return OLE_E_ADVISENOTSUPPORTED;
+    }
+    HRESULT STDMETHODCALLTYPE DUnadvise(DWORD) noexcept override { return OLE_E_ADVISENOTSUPPORTED; }
+    HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA**) noexcept override {
+        return OLE_E_ADVISENOTSUPPORTED;
+    }
+
+  private:
+    DraggedFiles(windows::Module& module, const std::vector<Text>& paths) : ComObject(module) {
+        for (const Text& path : paths) paths_ += path + u'\0';
+        paths_ += u'\0';
+    }
+    void* query(REFIID iid) noexcept override {
+        return iid == IID_IUnknown || iid == IID_IDataObject ? static_cast<IDataObject*>(this) : nullptr;
+    }
+
+    Text paths_;  ///< each with its end, and an end more
+};
+
+TEST_F(DeskDragging, MailFilesAreDeliveredWhereTheyAreDroppedOnTheInbox) {
+    surroundings.unreadable = u"C:\\broken.eml";
+    const auto drop = [&](HWND window, POINT place, const std::vector<Text>& paths) {
+        auto* const target = static_cast<IDropTarget*>(GetPropW(window, L"OleDropTargetInterface"));
+        const auto data = DraggedFiles::create(module, paths);
+        const POINTL point{place.x, place.y};
+        DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+        EXPECT_EQ(target->DragEnter(data.get(), MK_LBUTTON, point, &effect), S_OK);
+        const DWORD offered = effect;
+        effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
+        EXPECT_EQ(target->Drop(data.get(), 0, point, &effect), S_OK);
+        run_messages();
+        return offered;
+    };
+    const std::vector<Text> two{u"C:\\one.eml", u"C:\\two words.eml"},
+        broken{u"C:\\broken.eml", u"C:\\one.eml"};
+    const HWND tree = control(u"SysTreeView32"), list = control(u"SysListView32");
+    constexpr DWORD copy = DROPEFFECT_COPY, none = DROPEFFECT_NONE;
+    const std::size_t before = count(inbox);
+    EXPECT_EQ(drop(tree, tree_line(u"Drafts"), two), none);
+    EXPECT_EQ(count(inbox), before);
+    EXPECT_EQ(drop(tree, tree_line(u"Inbox"), two), copy);
+    EXPECT_EQ(count(inbox), before + 2);
+    EXPECT_EQ(surroundings.read, (std::vector<Text>{u"C:\\one.eml", u"C:\\two words.eml"}));
+    EXPECT_EQ(drop(list, list_line(0), broken), copy) << "the Inbox is shown";
+    EXPECT_EQ(count(inbox), before + 3) << "one that can't be read keeps no other back";
+    EXPECT_EQ(surroundings.questions,
+              std::vector<Text>{u"These files were not delivered.\n\nC:\\broken.eml:\nThis is no mail."});
+    desk.explorers()->open.front()->show_folder(desk.default_folder(drafts));
+    run_messages();
+    EXPECT_EQ(drop(list, list_line(0), two), none) << "mails arrive in the Inbox";
 }
 
 /// The tree's own drop target, asked as the system asks it.

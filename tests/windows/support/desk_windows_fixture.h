@@ -41,6 +41,15 @@ class QuietSurroundings final : public IdleSurroundings {
         questions.emplace_back(text);
         return answer;
     }
+    std::vector<Text> read;  ///< mail files
+    Text unreadable;         ///< the path of a mail file that is none
+    desk::ItemData read_mail(TextView path) override {
+        if (path == unreadable) throw automation::Failure(automation::result::fail, u"This is no mail.");
+        read.emplace_back(path);
+        desk::ItemData mail;
+        mail.message_class = u"IPM.Note";
+        return mail;
+    }
     void quit() override { asked_to_quit = true; }
     void changed() override { loop.change(); }
     void came_up() override {
