@@ -30,6 +30,8 @@ using windows::ComPtr;
 
 constexpr DWORD longest_wait_for_database = 15000, wait_step = 50;  // milliseconds
 
+constexpr TextView layout_setting = u"Layout";
+
 /// Lines for whoever wants to know what the desk does; each is written at once.
 class LogFile {
   public:
@@ -143,6 +145,8 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
         loop.end();
     };
 
+    // where nobody sits before the screen, each start is like the other
+    if (!settings.options.unattended) desk_windows.arrange(desk::stored_setting(layout_setting));
     desk_windows.follow();
     add_ins.load_all();
     log.line(u"process " + automation::to_text(static_cast<long long>(GetCurrentProcessId())));
@@ -150,6 +154,7 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     loop.run();
     surroundings.hooks = {};
     desk_windows.close_all();
+    if (!settings.options.unattended) desk::store_setting(layout_setting, desk_windows.arrangement());
     log.line(u"live at the end: " +
              automation::to_text(static_cast<long long>(apartment->counter()->live_in_all())));
 }

@@ -80,6 +80,10 @@ void write_settings(const DeskSettings& settings) {
     for (const SettingRow& row : rows) store_setting(row.name, row.text(settings));
 }
 
+Text stored_setting(TextView name) {
+    return registry::read_text(HKEY_CURRENT_USER, key_path, Text(name)).value_or(Text());
+}
+
 void store_setting(TextView name, TextView text) {
     registry::write_text(HKEY_CURRENT_USER, key_path, Text(name), Text(text));
 }

@@ -28,6 +28,9 @@ void write_settings(const DeskSettings& settings);
 /// name that there is not.
 DeskSettings settings_of(const std::filesystem::path& file);
 
+/// A value that was stored for the next start; empty if none was.
+automation::Text stored_setting(automation::TextView name);
+
 /// Stores a value for the next start.
 void store_setting(automation::TextView name, automation::TextView value);
 

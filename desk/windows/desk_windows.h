@@ -17,6 +17,10 @@ class DeskWindows {
   public:
     /// The module counts what the system holds of ours.
     DeskWindows(Desk& desk, windows::Module& module);
+
+    /// How the windows are arranged, as one line of text: before they open, and after they have been closed.
+    void arrange(automation::TextView layout);
+    automation::Text arrangement() const;
     ~DeskWindows();
 
     /// Opens windows for explorers and inspectors that have none, closes those whose object is closed, and
@@ -25,7 +29,10 @@ class DeskWindows {
     void close_all();
 
   private:
+    void place(Explorer& explorer);
+
     FrameContext context_;
+    bool is_arranged_ = false;  ///< the next main window takes the place of the one before
     std::map<std::shared_ptr<Explorer>, std::unique_ptr<ExplorerWindow>> explorers_;
     std::map<std::shared_ptr<Inspector>, std::unique_ptr<InspectorWindow>> inspectors_;
 };

@@ -82,6 +82,8 @@ ExplorerWindow::ExplorerWindow(FrameContext& context, std::shared_ptr<Explorer> 
 }
 
 ExplorerWindow::~ExplorerWindow() {
+    note_columns();
+    note_place();
     RevokeDragDrop(tree_.control());
     RevokeDragDrop(list_);
 }
@@ -157,16 +159,42 @@ void ExplorerWindow::show_columns() {
     }
     const FolderRow* const row = desk_.folder_row(shown_folder_);
     if (!row) return;
-    int place = 0;
-    for (const Column& column : columns_of(*row)) {
+    std::size_t place = 0;
+    const auto columns = columns_of(*row);
+    const auto widths = context().layout.columns.find(fields_of(columns));
+    const bool known = widths != context().layout.columns.end() && widths->second.size() == columns.size();
+    for (const Column& column : columns) {
         Text title(column.title);
         LVCOLUMNW header{};
         header.mask = LVCF_TEXT | LVCF_WIDTH;
-        header.cx = column.width;
+        header.cx = known ? widths->second[place] : column.width;
         header.pszText = reinterpret_cast<wchar_t*>(title.data());
-        SendMessageW(list_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(place++),
-                     reinterpret_cast<LPARAM>(&header));
+        SendMessageW(list_, LVM_INSERTCOLUMNW, place++, reinterpret_cast<LPARAM>(&header));
     }
+}
+
+void ExplorerWindow::note_columns() {
+    const FolderRow* const row = desk_.folder_row(shown_folder_);
+    if (!row) return;
+    const auto columns = columns_of(*row);
+    if (Header_GetItemCount(ListView_GetHeader(list_)) != static_cast<int>(columns.size())) return;
+    std::vector<int> widths;
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i)
+        widths.push_back(ListView_GetColumnWidth(list_, i));
+    context().layout.columns[fields_of(columns)] = std::move(widths);
+}
+
+void ExplorerWindow::note_place() {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    if (!GetWindowPlacement(handle(), &placement)) return;
+    const RECT& place = placement.rcNormalPosition;
+    ExplorerLayout& layout = context().layout;
+    layout.left = static_cast<int>(place.left);
+    layout.top = static_cast<int>(place.top);
+    layout.width = static_cast<int>(place.right - place.left);
+    layout.height = static_cast<int>(place.bottom - place.top);
+    layout.maximized = IsZoomed(handle()) != FALSE;
 }
 
 /// Marks the heading by which the lines are sorted.
@@ -218,6 +246,7 @@ void ExplorerWindow::show_contents() {
     refreshing_ = true;
     tree_.follow(explorer_->folder());
     if (shown_folder_ != explorer_->folder()) {
+        note_columns();
         shown_folder_ = explorer_->folder();
         show_columns();
         SetWindowTextW(search_box_, L"");

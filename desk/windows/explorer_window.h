@@ -41,6 +41,8 @@ class ExplorerWindow : public HostFrame {
 
     void take_drops();
     void show_columns();
+    void note_columns();  ///< as wide as a person has made them
+    void note_place();
     void show_sorting();
     void show_cell(LVITEMW& cell);
     const ItemRow* row_of_line(std::size_t line);  ///< until something changes; null if it has gone

@@ -104,6 +104,13 @@ std::span<const Column> columns_of(const FolderRow& folder) {
     return post_columns;
 }
 
+automation::Text fields_of(std::span<const Column> columns) {
+    automation::Text fields;
+    for (const Column& column : columns)
+        fields += (fields.empty() ? u"" : u"|") + automation::Text(column.field);
+    return fields;
+}
+
 automation::Text cell_text(const ItemData& item, const Column& column) {
     const std::optional<automation::Value> value = field_value(item, column.field);
     if (value && value->is(automation::Value::Type::boolean)) return value->to_boolean() ? u"Yes" : u"";

@@ -17,6 +17,9 @@ struct Column {
 /// marked `newest_first`, the folder's items are sorted by it until a person wants something else.
 std::span<const Column> columns_of(const FolderRow& folder);
 
+/// The fields of columns in one text, which tells them from others.
+automation::Text fields_of(std::span<const Column> columns);
+
 /// What stands in a column for an item: "Yes" or nothing for what can only be one of two things.
 automation::Text cell_text(const ItemData& item, const Column& column);
 

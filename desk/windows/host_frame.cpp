@@ -34,7 +34,12 @@ void HostFrame::open() {
     bars_.follow();
     lay_out_again();
     const auto& order = context_.desk.window_order;
-    ShowWindow(handle(), !order.empty() && order.back() == &window_ ? SW_SHOW : SW_SHOWNA);
+    const bool is_active = !order.empty() && order.back() == &window_;
+    if (is_active && window_.window_state == HostWindow::maximized) {
+        ShowWindow(handle(), SW_SHOWMAXIMIZED);
+    } else {
+        ShowWindow(handle(), is_active ? SW_SHOW : SW_SHOWNA);
+    }
 }
 
 void HostFrame::refresh() {
