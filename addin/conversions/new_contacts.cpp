@@ -66,7 +66,10 @@ void Arrival::run() {
         of_several_selected();
     }
     main_add_in_.reset();
-    if (synchronised_) switch_on();
+    if (!synchronised_) return;
+    switch_on();
+    // nobody else would switch it on again
+    if (settings.option(setting::pda_contact_sync) != option_on) switch_on();
 }
 
 void Arrival::of_one_selected() {
