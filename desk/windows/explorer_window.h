@@ -62,6 +62,8 @@ class ExplorerWindow : public HostFrame {
     void select_at(POINT place);  ///< the item at a point of the screen, where a click has left it unselected
     void show_selection();
 
+    static constexpr int search_id = 4;  // of the controls; the others' are known where they are made
+
     Desk& desk_;
     std::shared_ptr<Explorer> explorer_;
     FolderTree tree_;
