@@ -42,7 +42,8 @@ void convert_appointment(Session& session) {
     steps.run([&] { message.Type(records::message_class::appointment); });
     steps.run([&] { message.Update(true, true); });
 
-    steps.run([&] { appointment.Close(host::outlook::discard_changes); });
+    // one that couldn't be saved is there in its window alone
+    if (!id.empty()) steps.run([&] { appointment.Close(host::outlook::discard_changes); });
     appointment.reset();
     steps.set(appointment, [&] {
         const host::outlook::NameSpace name_space = application.GetNamespace(u"MAPI");

@@ -183,7 +183,7 @@ void ContactConversion::run() {
     steps_.set(user, [&] { return database.main_add_in.GetUserName(); });
     const Text key = Text(key_start) + id;
     steps_.run([&] { source_.CustomerID(key); });
-    steps_.run([&] { source_.Save(); });
+    const bool saved = steps_.run([&] { source_.Save(); });
 
     make_contact(key, user);
     const SafeRecordItem safe_source = make_safe_contact(), safe_contact = make_safe_contact();
@@ -195,6 +195,7 @@ void ContactConversion::run() {
     steps_.run([&] { safe_contact.Save(); });
     steps_.run([&] { ShowMessage(session_, contact_.FullName() + Text(row_.done)); });
     steps_.run([&] { desktop_.sleep(pause); });
+    if (!saved) return;  // what the user has entered would go with the window
     steps_.run([&] { source_.Close(host::outlook::discard_changes); });
     steps_.run([&] { safe_source.Close(host::outlook::discard_changes); });
 }

@@ -127,13 +127,13 @@ void dlgSend::OpenTarnwellContact() {
     }
     if (!record) {
         desktop.message_box(dead_link, product_title, host::box::ok);
-        // where a search gave no answer the link may be good: what the user has entered stays
+        // where a search gave no answer the link may be good: what the user has entered stays, in its window
+        // too
         constexpr int both = 2;
-        if (answers == both) {
-            steps.run([&] { item.CustomerID(u""); });
-            steps.run([&] { item.Account(u""); });
-            steps.run([&] { item.Save(); });
-        }
+        if (answers != both) return;
+        steps.run([&] { item.CustomerID(u""); });
+        steps.run([&] { item.Account(u""); });
+        if (!steps.run([&] { item.Save(); })) return;
     }
     steps.run([&] { item.Close(host::outlook::discard_changes); });
     steps.run([&] { safe_record.Display(); });

@@ -25,6 +25,11 @@ Item shown_item(host::Desktop& desktop) {
     return host::outlook::Application(desktop.application()).ActiveInspector().CurrentItem();
 }
 
+bool may_be_template(const Item& record) {
+    const Text type = record.UserProperties().Item(records::property::record_type).value().to_text();
+    return type.empty() || type == records::record_type::email_template;
+}
+
 /// A list of templates, which the main add-in shows.
 struct TemplateList {
     bool for_item;  ///< the list is told the item in the active window
@@ -78,8 +83,9 @@ void save_as_template(Session& session) {
         const host::outlook::Items items = drop_downs().Items();
         return items.Find(records::equality(u"Subject", subject));
     });
-    // the subject is foreign text: as a part of a filter it may find a record of another one
-    if (steps.certainly([&] { return item.Subject() == subject; })) {
+    // the subject is foreign text: as a part of a filter it may find a record of another one; and a record of
+    // the same may be an entry of some other list
+    if (steps.certainly([&] { return item.Subject() == subject && may_be_template(item); })) {
         records::write_property(session, item, records::property::record_type,
                                 [] { return Value(records::record_type::email_template); });
         steps.run([&] { item.Save(); });

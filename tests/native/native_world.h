@@ -37,6 +37,7 @@ class NativeWorld final : public acceptance::World {
 
     // what only the tests of this build look at
 
+    bool runs() const { return host_ != nullptr; }
     desk::Desk& model();  ///< the desk that runs
     NativeDesktop& system() { return desktop_; }
     MemoryRegistry& memory_registry() { return registry_; }

@@ -12,7 +12,12 @@ class TemporaryFolder {
   public:
     TemporaryFolder() {
         std::random_device random;
-        path_ = std::filesystem::temp_directory_path() / ("tarnwell_" + std::to_string(random()));
+        const std::string name = "tarnwell_" + std::to_string(random());
+        std::error_code failed;
+        path_ = memory / name;  // a database on a disk waits for it at each change
+        const bool has_room = std::filesystem::space(memory, failed).available > room && !failed;
+        if (has_room && std::filesystem::create_directory(path_, failed)) return;
+        path_ = std::filesystem::temp_directory_path() / name;
         std::filesystem::create_directory(path_);
     }
     ~TemporaryFolder() {
@@ -26,6 +31,9 @@ class TemporaryFolder {
     std::filesystem::path operator/(const char* name) const { return path_ / name; }
 
   private:
+    static inline const std::filesystem::path memory{"/dev/shm"};
+    static constexpr std::uintmax_t room = 1U << 30;
+
     std::filesystem::path path_;
 };
 
