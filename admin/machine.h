@@ -40,6 +40,9 @@ class Machine {
     /// The host that runs, or one that is started. Throws `Failure` if there is none.
     virtual host::outlook::Application application() = 0;
 
+    /// Lets the host go on and its events come, for some milliseconds.
+    virtual void let_events_come() = 0;
+
     /// The values of a key; none if it is not there.
     virtual std::vector<RegistryValue> values(Hive hive, Bits half, TextView key) = 0;
 

@@ -31,19 +31,18 @@ Line asked(const ProbeQuestion& question, Probed& probed) {
 }  // namespace
 
 std::span<const Subject> subjects() {
-    static const Subject all[] = {{"Filters", filter_questions()},
-                                  {"Items", item_questions()},
-                                  {"Collections", collection_questions()},
-                                  {"Classes and ids", class_questions()},
-                                  {"The host", host_questions()}};
+    static const Subject all[] = {
+        {"Filters", filter_questions()},         {"Items", item_questions()},
+        {"Collections", collection_questions()}, {"Classes and ids", class_questions()},
+        {"The host", host_questions()},          {"Events", event_questions()}};
     return all;
 }
 
 Report probe(Machine& machine) {
-    const host::outlook::Application host = host_of(machine);
+    host_of(machine);  // which says so if there is none
     Report report;
     try {
-        Probed probed(host);
+        Probed probed(machine);
         for (const Subject& subject : subjects()) {
             for (const ProbeQuestion& question : subject.questions)
                 report.lines.push_back(asked(question, probed));

@@ -8,8 +8,9 @@ namespace admin {
 
 /// What is to be said before a probe begins.
 inline constexpr const char* probe_announcement =
-    "This makes a folder \"Tarnwell probe\" below the Inbox, works in it, shows a command bar for a moment, "
-    "and removes both again.\n"
+    "This makes a folder \"Tarnwell probe\" below the Inbox, works in it, shows a command bar and a window "
+    "for a moment, "
+    "and removes all of it again.\n"
     "It sends nothing, and touches none of your items.";
 
 /// Asks all questions; a line for each, well if the host answers as is believed. Throws `Refusal` if there is

@@ -15,6 +15,7 @@ namespace {
 
 constexpr TextView name_of_root = u"Tarnwell probe";
 constexpr std::int32_t contacts_folder = 10;  // OlDefaultFolders
+constexpr int longest_wait = 100;             // turns: some two seconds
 
 /// Removes the folder of a name, whose removal may move it first.
 void remove_named(const Folder& parent, TextView name) {
@@ -24,7 +25,7 @@ void remove_named(const Folder& parent, TextView name) {
 
 }  // namespace
 
-Probed::Probed(const host::outlook::Application& host) : host_(host), name_(name_of_root) {
+Probed::Probed(Machine& machine) : machine_(machine), host_(machine.application()), name_(name_of_root) {
     const Folders inbox = name_space().GetDefaultFolder(default_folder::inbox).Folders();
     const Folder deleted = name_space().GetDefaultFolder(default_folder::deleted_items);
     for (int number = 2; child_named(inbox, name_) || child_named(deleted.Folders(), name_) || deleted_post();
@@ -45,6 +46,14 @@ Probed::~Probed() {
     } catch (const std::exception&) {
         removed_ = true;  // who removes it himself is told
     }
+}
+
+void Probed::turn() const {
+    for (int i = 0; i < 5; ++i) machine_.let_events_come();
+}
+
+void Probed::wait_until(const std::function<bool()>& condition) const {
+    for (int i = 0; i < longest_wait && !condition(); ++i) machine_.let_events_come();
 }
 
 void Probed::remove() {

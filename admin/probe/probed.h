@@ -1,6 +1,7 @@
 // The folder in which a host is asked how it behaves, and what the questions do there.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "addin/host/outlook.h"
@@ -29,7 +30,7 @@ struct ProbeQuestion {
 class Probed {
   public:
     /// Throws `Failure` if the folder can't be made.
-    explicit Probed(const host::outlook::Application& host);
+    explicit Probed(Machine& machine);
     Probed(const Probed&) = delete;
     Probed& operator=(const Probed&) = delete;
     ~Probed();
@@ -54,6 +55,11 @@ class Probed {
     /// Removes the post with the own subject from the deleted items.
     void empty_deleted() const;
 
+    /// Gives the host and its events a turn.
+    void turn() const;
+    /// The same until the condition holds, for a few seconds at the most.
+    void wait_until(const std::function<bool()>& condition) const;
+
     /// Has the folder removed. Throws `Failure` if that can't be done.
     void remove();
 
@@ -61,6 +67,7 @@ class Probed {
     host::outlook::Item deleted_post()
         const;  ///< the one with the own subject among the deleted items, or Nothing
 
+    Machine& machine_;
     host::outlook::Application host_;
     host::outlook::Folder root_, filtered_;
     Text name_;

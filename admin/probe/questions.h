@@ -17,6 +17,7 @@ std::span<const ProbeQuestion> item_questions();
 std::span<const ProbeQuestion> collection_questions();
 std::span<const ProbeQuestion> class_questions();
 std::span<const ProbeQuestion> host_questions();
+std::span<const ProbeQuestion> event_questions();
 
 /// All subjects.
 std::span<const Subject> subjects();

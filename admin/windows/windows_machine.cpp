@@ -103,6 +103,13 @@ std::optional<std::string> WindowsMachine::read_file(TextView path, std::size_t 
     return bytes;
 }
 
+void WindowsMachine::let_events_come() {
+    constexpr DWORD longest_wait = 20;  // milliseconds
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, longest_wait, QS_ALLINPUT);
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
 void WindowsMachine::write_file(TextView path, const std::string& bytes) {
     // what stands there is whole at any moment
     const Text beside = Text(path) + u".new";

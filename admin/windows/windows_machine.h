@@ -14,6 +14,7 @@ class WindowsMachine final : public admin::Machine {
 
     host::Desktop& desktop() override { return desktop_; }
     host::outlook::Application application() override;
+    void let_events_come() override;
     std::vector<admin::RegistryValue> values(admin::Hive hive, admin::Bits half,
                                              automation::TextView key) override;
     std::optional<std::string> read_file(automation::TextView path, std::size_t most) override;

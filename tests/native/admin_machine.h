@@ -30,6 +30,7 @@ class AdminMachine final : public admin::Machine {
 
     host::Desktop& desktop() override { return world_.desktop(); }
     host::outlook::Application application() override { return world_.application(); }
+    void let_events_come() override { world_.settle(); }
     std::vector<admin::RegistryValue> values(admin::Hive hive, admin::Bits half,
                                              automation::TextView key) override;
     std::optional<std::string> read_file(automation::TextView path, std::size_t most) override;

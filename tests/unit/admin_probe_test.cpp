@@ -89,7 +89,7 @@ TEST(AdminProbe, RemovesItsFolderWhateverEndsIt) {
     ProbedWorld probed;
     const std::string folders = probed.folders();
     try {
-        admin::Probed folder(probed.world.application());
+        admin::Probed folder(probed.machine);
         folder.post();
         ASSERT_NE(probed.folders(), folders);
         throw std::bad_alloc();
