@@ -202,14 +202,14 @@ constexpr ProbeQuestion event_rows[] = {
          }
          return yes_or_no(post.Saved());
      }},
-    {"A post in a window of its own that is shown and closed",
-     "NewInspector, Open, Activate, Close, Close, Deactivate", source::believed,
+    {"A post in a window of its own that is shown and closed", "Open, NewInspector, Activate, Close, Close",
+     source::believed,
      [](Probed& probed) {
          const Item post = probed.post();
          Heard heard(probed);
          heard.listen(host::events::inspectors, probed.host().get(u"Inspectors").to_object())
              .listen(probed_item, post);
-         return heard.order(6, [&] {
+         return heard.order(5, [&] {
              const Object window = post.get(u"GetInspector").to_object();
              heard.listen(host::events::inspector, window);
              window.call(u"Display");
