@@ -10,8 +10,24 @@ namespace {
 using desk::filter::Equality;
 using desk::filter::Filter;
 
-struct AnyName : desk::filter::Names {
+struct AnyName : desk::filter::Host {
     bool knows(automation::TextView field) const override { return field != u"Unknown"; }
+    bool knows_address(automation::TextView address) const override { return address != u"unknown"; }
+    bool takes(automation::TextView field) const override { return field != u"Refused"; }
+    desk::filter::Content content(automation::TextView name, bool) const override {
+        // each name that is tried out holds something else
+        return name.size() != 1 ? desk::filter::Content::anything
+                                : static_cast<desk::filter::Content>(name.front() % 7);
+    }
+    std::optional<std::int32_t> named_number(automation::TextView, bool,
+                                             automation::TextView text) const override {
+        return text == u"High" ? std::optional(2) : std::nullopt;
+    }
+    std::optional<automation::Date> date_of(automation::TextView text) const override {
+        return automation::read_date(text);
+    }
+    automation::Date now() const override { return {46084.4}; }
+    automation::Date to_utc(automation::Date local) const override { return {local.days - 2.0 / 24}; }
 };
 
 /// An item whose fields all hold the same value.
@@ -43,6 +59,7 @@ std::vector<std::string> fuzz::seeds() {
         R"([A]='x' And ([B]='x' Or [C]='x') And Not [D]<>'x')",
         R"(@SQL="http://schemas.microsoft.com/mapi/proptag/0x001a001e" = 'x' AND "urn:schemas:httpmail:subject" = 'x')",
         R"(@SQL=("p" ci_phrasematch 'two words' And "q" ci_startswith 'wo' Or "r" Like '%a%b_c%'))",
+        R"(@SQL=%last7days("p")% Or Not %thismonth("q")% And "r" = '3')",
         R"(@SQL=Not "p" Is Null And "q" Is Not Null And "r" Like 'x' And "s" <= -5)",
     };
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automation/object.h"
+#include "desk/base/dates.h"
 #include "desk/base/window_driver.h"
 #include "desk/store/item_data.h"
 
@@ -44,7 +45,11 @@ class Surroundings {
   public:
     virtual ~Surroundings() = default;
 
-    virtual automation::Date now() = 0;  ///< local time
+    virtual automation::Date now() = 0;                           ///< local time
+    virtual automation::Date to_utc(automation::Date local) = 0;  ///< of a local time, the same in UTC
+
+    /// How the user writes dates.
+    virtual DateManners date_manners() { return {}; }
 
     /// Random bytes for ids that are unique over processes and machines.
     virtual std::string random_bytes(std::size_t count) = 0;

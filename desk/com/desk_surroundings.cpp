@@ -42,6 +42,18 @@ std::vector<Text> noted(TextView list) {
     return notes;
 }
 
+automation::Date date_of(const SYSTEMTIME& time) {
+    return automation::to_date({time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond});
+}
+
+/// A word of the user's regional settings.
+Text of_locale(LCTYPE word) {
+    std::array<wchar_t, 256> buffer{};
+    const int units =
+        GetLocaleInfoW(LOCALE_USER_DEFAULT, word, buffer.data(), static_cast<int>(buffer.size()));
+    return units > 0 ? Text(windows::from_wide(buffer.data(), static_cast<std::size_t>(units - 1))) : Text();
+}
+
 /// Objects of the surface itself are not counted as held: whoever looks at the counts holds them.
 constexpr std::string_view uncounted[] = {"Entry", "Listing", "Window", "Control", "Row"};
 
@@ -50,7 +62,14 @@ constexpr std::string_view uncounted[] = {"Entry", "Listing", "Window", "Control
 automation::Date DeskSurroundings::now() {
     SYSTEMTIME time{};
     GetLocalTime(&time);
-    return automation::to_date({time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond});
+    return date_of(time);
+}
+
+automation::Date DeskSurroundings::to_utc(automation::Date local) {
+    SYSTEMTIME time{}, universal{};
+    const bool known = VariantTimeToSystemTime(local.days, &time) &&
+                       TzSpecificLocalTimeToSystemTime(nullptr, &time, &universal);
+    return known ? date_of(universal) : local;
 }
 
 std::string DeskSurroundings::random_bytes(std::size_t count) {
@@ -59,6 +78,26 @@ std::string DeskSurroundings::random_bytes(std::size_t count) {
         throw Failure(automation::result::fail, u"The system gives no random numbers.");
     }
     return bytes;
+}
+
+DateManners DeskSurroundings::date_manners() {
+    DateManners manners;
+    manners.morning = of_locale(LOCALE_S1159);
+    manners.evening = of_locale(LOCALE_S2359);
+    const Text order = of_locale(LOCALE_IDATE);
+    if (order == u"1") manners.order = DateManners::Order::day_month_year;
+    if (order == u"2") manners.order = DateManners::Order::year_month_day;
+    for (std::size_t i = 0; i < manners.months.size(); ++i) {
+        manners.months[i] = of_locale(LOCALE_SMONTHNAME1 + static_cast<LCTYPE>(i));
+        manners.short_months[i] = of_locale(LOCALE_SABBREVMONTHNAME1 + static_cast<LCTYPE>(i));
+    }
+    for (std::size_t i = 0; i < manners.weekdays.size(); ++i) {  // the system's first day is Monday
+        const auto from_monday =
+            static_cast<LCTYPE>((i + manners.weekdays.size() - 1) % manners.weekdays.size());
+        manners.weekdays[i] = of_locale(LOCALE_SDAYNAME1 + from_monday);
+        manners.short_weekdays[i] = of_locale(LOCALE_SABBREVDAYNAME1 + from_monday);
+    }
+    return manners;
 }
 
 ItemData DeskSurroundings::read_mail(TextView path) { return mail_process_.read(Text(path)); }

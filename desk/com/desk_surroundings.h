@@ -31,6 +31,8 @@ class DeskSurroundings : public Surroundings {
     DeskHooks hooks;
 
     automation::Date now() override;
+    automation::Date to_utc(automation::Date local) override;
+    DateManners date_manners() override;
     std::string random_bytes(std::size_t count) override;
     ItemData read_mail(automation::TextView path) override;
     void wake() override;

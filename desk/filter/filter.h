@@ -10,13 +10,44 @@
 
 namespace desk::filter {
 
-/// What a folder knows of names, asked while a filter is read.
-class Names {
+/// What a field holds, as far as it matters for how it is compared.
+enum class Content {
+    anything,  ///< nobody says: each value counts as what it is
+    text,
+    subject,   ///< a text that may begin with a sign of an answer, which counts for nothing
+    keywords,  ///< several texts, between commas
+    number,
+    yes_no,
+    date
+};
+
+/// What is asked while a filter is read: what names the folder and the host know, and the user's clock.
+class Host {
   public:
-    virtual ~Names() = default;
+    virtual ~Host() = default;
 
     /// Whether a bracketed name is a built-in field of items or one of the folder's own fields.
     virtual bool knows(automation::TextView field) const = 0;
+
+    /// Whether a field that is known may stand in a filter.
+    virtual bool takes(automation::TextView field) const = 0;
+
+    /// Whether a schema address names a property, be it one that no item bears.
+    virtual bool knows_address(automation::TextView address) const = 0;
+
+    /// What a text says as a date in the user's manner; nothing if it says none.
+    virtual std::optional<automation::Date> date_of(automation::TextView text) const = 0;
+
+    /// What a field holds, or a property by its schema address.
+    virtual Content content(automation::TextView name, bool is_address) const = 0;
+
+    /// The number that an enumeration's field has for one of its names, such as "High"; nothing if there is
+    /// none.
+    virtual std::optional<std::int32_t> named_number(automation::TextView name, bool is_address,
+                                                     automation::TextView text) const = 0;
+
+    virtual automation::Date now() const = 0;                           ///< the user's time
+    virtual automation::Date to_utc(automation::Date local) const = 0;  ///< of a time of the user's
 };
 
 /// What a filter asks of one item.
@@ -25,10 +56,11 @@ class Record {
     virtual ~Record() = default;
 
     /// A field by its bracketed name; the field's default value if the item has it unset. Nothing, for an
-    /// item that has no such field, compares as an empty value: as "" with a text, as 0 with a number.
+    /// item that has no such field, compares as the empty value of what the field holds: "", 0, no, no date.
     virtual std::optional<automation::Value> field(automation::TextView name) const = 0;
 
-    /// A property by its schema address; nothing if the item lacks it. Then `Is Null` holds and nothing else.
+    /// A property by its schema address, a date in UTC; nothing if the item lacks it. Then `Is Null` holds
+    /// and nothing else.
     virtual std::optional<automation::Value> property(automation::TextView address) const = 0;
 };
 
@@ -47,7 +79,7 @@ class Filter {
     /// Reads a filter. Throws `automation::Failure` with `result::invalid_argument` and a text that says what
     /// is wrong: an unknown field, an unbalanced quote, a word that the store does not support, an empty
     /// filter. The text names the character at which it stopped. Nesting beyond 200 levels is refused too.
-    static Filter parse(automation::TextView text, const Names& names, Words words);
+    static Filter parse(automation::TextView text, const Host& host, Words words);
 
     Filter(Filter&&) noexcept;
     Filter& operator=(Filter&&) noexcept;

@@ -58,6 +58,7 @@ Token Lexer::next() {
     if (unit == u'\'' || unit == u'"') return quoted();
     if (unit == u'(') return make(Token::Kind::open, begin, begin + 1);
     if (unit == u')') return make(Token::Kind::close, begin, begin + 1);
+    if (unit == u'%') return make(Token::Kind::percent, begin, begin + 1);
     if (signs.find(unit) != automation::TextView::npos) return sign();
     if (const std::size_t end = after_number(text_, begin); end != begin) {
         if (end < text_.size() && is_word_part(text_[end])) refuse(begin + 1, u"A number is malformed.");

@@ -9,7 +9,7 @@
 namespace desk::filter {
 
 struct Token {
-    enum class Kind { field, quoted, number, word, sign, open, close, end };
+    enum class Kind { field, quoted, number, word, sign, open, close, percent, end };
 
     Kind kind = Kind::end;
     automation::Text text;     ///< without brackets or quotes, doubled delimiters made single

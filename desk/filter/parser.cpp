@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "desk/filter/date_macros.h"
 #include "desk/filter/lexer.h"
 #include "desk/filter/patterns.h"
 #include "desk/filter/tree.h"
@@ -10,7 +11,7 @@ namespace {
 
 enum class Language { bracketed, sql };
 
-constexpr automation::TextView sql_head = u"@SQL=";
+constexpr automation::TextView sql_head = u"@SQL=";  // in these letters alone
 
 /// Levels of parentheses and `Not`: enough for any filter made by hand, few enough for any stack.
 constexpr int most_levels = 200;
@@ -38,17 +39,16 @@ struct BooleanRow {
     automation::TextView word;
     bool value;
 };
-constexpr BooleanRow boolean_rows[] = {{u"True", true}, {u"Yes", true}, {u"False", false}, {u"No", false}};
+constexpr BooleanRow boolean_rows[] = {{u"True", true},   {u"Yes", true}, {u"On", true},
+                                       {u"False", false}, {u"No", false}, {u"Off", false}};
 
 automation::Text in_quotes(automation::TextView text) { return u"\"" + automation::Text(text) + u"\""; }
 
 class Parser {
   public:
-    Parser(automation::TextView text, const Names& names, Words words)
-        : language_(automation::same_ignoring_case(text.substr(0, sql_head.size()), sql_head)
-                        ? Language::sql
-                        : Language::bracketed),
-          names_(names),
+    Parser(automation::TextView text, const Host& host, Words words)
+        : language_(text.starts_with(sql_head) ? Language::sql : Language::bracketed),
+          host_(host),
           words_(words),
           lexer_(text, language_ == Language::sql ? sql_head.size() : 0) {
         advance();
@@ -105,6 +105,7 @@ class Parser {
             --level_;
             return node;
         }
+        if (token_.kind == Token::Kind::percent) return date_macro();
         if (token_.kind != Token::Kind::open) return {test()};
         enter(position);
         advance();
@@ -137,7 +138,80 @@ class Parser {
         }
         if (row.op == Operator::like) test.literal.parts = pieces_of(test.literal.spelling);
         if (row.searches_words) test.literal.parts = words_of(test.literal.spelling);
+        if (!searches_text) fit(test, position);
         return test;
+    }
+
+    /// Turns the value into what the field holds.
+    void fit(Test& test, std::size_t position) const {
+        Literal& literal = test.literal;
+        const bool may_be_date = test.content == Content::date || test.content == Content::anything;
+        if (literal.quoted && may_be_date) literal.date = host_.date_of(literal.spelling);
+        switch (test.content) {
+            case Content::date:
+                if (!literal.date) refuse(position, in_quotes(literal.spelling) + u" is no date.");
+                break;
+            case Content::number:
+                if (literal.quoted) literal.value = number_of(test, position);
+                break;
+            case Content::yes_no:
+                if (literal.quoted) literal.value = truth_of(literal, position);
+                break;
+            case Content::keywords:
+                if (language_ == Language::bracketed && literal.spelling.empty()) {
+                    refuse(position, u"Only an @SQL filter finds what has no keywords.");
+                }
+                literal.parts = words_of(literal.spelling);
+                break;
+            default:
+                break;
+        }
+    }
+
+    automation::Value number_of(const Test& test, std::size_t position) const {
+        const automation::Text& text = test.literal.spelling;
+        if (const auto named = host_.named_number(test.name, test.is_address, text)) return *named;
+        try {
+            return test.literal.value.to_number();
+        } catch (const automation::Failure&) {
+            refuse(position, in_quotes(text) + u" is no number.");
+        }
+    }
+
+    /// The bracketed language takes each text that is there for yes, "No" too; @SQL knows numbers alone.
+    automation::Value truth_of(const Literal& literal, std::size_t position) const {
+        if (language_ == Language::bracketed) return !literal.spelling.empty();
+        if (literal.spelling == u"0") return false;
+        if (literal.spelling == u"1") return true;
+        refuse(position, u"0 or 1 is expected.");
+    }
+
+    /// `%today("property")%` and its family: the property's time is in a span of the user's days.
+    Filter::Node date_macro() {
+        const std::size_t position = token_.position;
+        if (language_ != Language::sql) refuse(position, u"A date macro belongs to @SQL filters.");
+        advance();
+        const std::optional<Days> days = days_of_macro(token_.text, host_.now());
+        if (token_.kind != Token::Kind::word || !days) refuse(token_.position, u"A date macro is unknown.");
+        advance();
+        take(Token::Kind::open, u"The property of a date macro stands between parentheses.");
+        Test from = subject();
+        take(Token::Kind::close, u"The property of a date macro stands between parentheses.");
+        take(Token::Kind::percent, u"A date macro ends with a percent sign.");
+        Test until = from;
+        from.op = Operator::at_least;
+        from.literal.value = host_.to_utc(days->first);
+        until.op = Operator::less;
+        until.literal.value = host_.to_utc(days->end);
+        Filter::Node::Group span{true, {}};
+        span.children.push_back({std::move(from)});
+        span.children.push_back({std::move(until)});
+        return {std::move(span)};
+    }
+
+    void take(Token::Kind kind, automation::TextView otherwise) {
+        if (token_.kind != kind) refuse(token_.position, otherwise);
+        advance();
     }
 
     /// The field or property that a condition is about.
@@ -149,6 +223,9 @@ class Parser {
             }
             if (!is_address) refuse(token_.position, u"A property name in double quotes is expected.");
             if (token_.text.empty()) refuse(token_.position, u"A property name is empty.");
+            if (!host_.knows_address(token_.text)) {
+                refuse(token_.position, u"The property " + in_quotes(token_.text) + u" is unknown.");
+            }
         } else {
             if (is_address) {
                 refuse(token_.position,
@@ -156,11 +233,16 @@ class Parser {
             }
             if (token_.kind != Token::Kind::field)
                 refuse(token_.position, u"A field in brackets is expected.");
-            if (!names_.knows(token_.text)) {
+            if (!host_.knows(token_.text)) {
                 refuse(token_.position, u"The field " + in_quotes(token_.text) + u" is unknown.");
             }
+            if (!host_.takes(token_.text)) {
+                refuse(token_.position,
+                       u"The field " + in_quotes(token_.text) + u" can't stand in a filter.");
+            }
         }
-        Test test{std::move(token_.text), is_address, Operator::equal, {}};
+        const Content content = host_.content(token_.text, is_address);
+        Test test{std::move(token_.text), is_address, Operator::equal, {}, content};
         advance();
         return test;
     }
@@ -215,6 +297,7 @@ class Parser {
     }
 
     Literal boolean() const {
+        if (language_ == Language::sql) refuse(token_.position, u"In an @SQL filter yes and no are 1 and 0.");
         for (const BooleanRow& row : boolean_rows) {
             if (automation::same_ignoring_case(row.word, token_.text)) return {row.value, token_.text, false};
         }
@@ -222,7 +305,7 @@ class Parser {
     }
 
     Language language_;
-    const Names& names_;
+    const Host& host_;
     Words words_;
     Lexer lexer_;
     Token token_;
@@ -231,8 +314,8 @@ class Parser {
 
 }  // namespace
 
-Filter Filter::parse(automation::TextView text, const Names& names, Words words) {
-    return Filter(std::make_unique<Node>(Parser(text, names, words).whole()));
+Filter Filter::parse(automation::TextView text, const Host& host, Words words) {
+    return Filter(std::make_unique<Node>(Parser(text, host, words).whole()));
 }
 
 }  // namespace desk::filter

@@ -18,19 +18,6 @@ bool is_letter_or_digit(char16_t unit) {
     return !arithmetic && !punctuation;
 }
 
-bool is_phrase(automation::TextView text, const std::vector<automation::Text>& words, bool last_is_start) {
-    if (words.empty()) return false;
-    const std::vector<automation::Text> here = words_of(text);
-    const std::size_t whole = words.size() - 1;
-    for (std::size_t first = 0; first + words.size() <= here.size(); ++first) {
-        const auto begin = here.begin() + static_cast<std::ptrdiff_t>(first);
-        if (!std::equal(words.begin(), words.end() - 1, begin)) continue;
-        const automation::Text& last = here[first + whole];
-        if (last_is_start ? last.starts_with(words.back()) : last == words.back()) return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 std::vector<automation::Text> pieces_of(automation::TextView pattern) {
@@ -76,11 +63,16 @@ std::vector<automation::Text> words_of(automation::TextView text) {
 }
 
 bool has_phrase(automation::TextView text, const std::vector<automation::Text>& words) {
-    return is_phrase(text, words, false);
+    const std::vector<automation::Text> here = words_of(text);
+    return !words.empty() && !std::ranges::search(here, words).empty();
 }
 
-bool has_start(automation::TextView text, const std::vector<automation::Text>& words) {
-    return is_phrase(text, words, true);
+bool has_starts(automation::TextView text, const std::vector<automation::Text>& words) {
+    const std::vector<automation::Text> here = words_of(text);
+    return !words.empty() && std::ranges::all_of(words, [&](const automation::Text& start) {
+        return std::ranges::any_of(here,
+                                   [&](const automation::Text& word) { return word.starts_with(start); });
+    });
 }
 
 }  // namespace desk::filter

@@ -19,7 +19,7 @@ std::vector<automation::Text> words_of(automation::TextView text);
 /// Whether a text holds the words as a phrase: whole words, one behind the other. No words are in no text.
 bool has_phrase(automation::TextView text, const std::vector<automation::Text>& words);
 
-/// The same, but of the last word only the start must be there.
-bool has_start(automation::TextView text, const std::vector<automation::Text>& words);
+/// Whether each of the words is the start of some word of the text, in whatever order. No words start none.
+bool has_starts(automation::TextView text, const std::vector<automation::Text>& words);
 
 }  // namespace desk::filter

@@ -15,9 +15,10 @@ enum class Operator { equal, unequal, less, greater, at_most, at_least, like, ph
 /// The value that a field is compared with.
 struct Literal {
     automation::Value value;
-    automation::Text spelling;              ///< as a text field sees it
-    bool quoted = false;                    ///< a text; else a number or a boolean
-    std::vector<automation::Text> parts{};  ///< pieces of `like`, words of `phrase` and `start`
+    automation::Text spelling;               ///< as a text field sees it
+    bool quoted = false;                     ///< a text; else a number or a boolean
+    std::optional<automation::Date> date{};  ///< what it says as a date
+    std::vector<automation::Text> parts{};   ///< pieces of `like`, words of `phrase` and `start`
 };
 
 /// One condition.
@@ -26,6 +27,7 @@ struct Test {
     bool is_address = false;  ///< a schema address instead of a bracketed name
     Operator op = Operator::equal;
     Literal literal;
+    Content content = Content::anything;
 };
 
 struct Filter::Node {

@@ -126,6 +126,13 @@ TextView built_in_field_of_words(TextView words) {
     return find_built_in([&](TextView field) { return are_words_of(words, field); });
 }
 
+std::optional<FieldType> type_of_built_in(TextView name) {
+    for (const ItemKind& kind : kinds) {
+        if (const FieldRow* row = find_field(kind, name)) return row->type;
+    }
+    return std::nullopt;
+}
+
 Value converted(const Value& value, FieldType type) {
     switch (type) {
         case FieldType::text:

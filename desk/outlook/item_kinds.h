@@ -38,6 +38,9 @@ automation::Value converted(const automation::Value& value, tables::FieldType ty
 /// its words: "MessageClass" for "Message Class". Empty if there is none such.
 automation::TextView built_in_field_of_words(automation::TextView words);
 
+/// The type of a built-in field of any kind of item, by its name; nothing if there is none.
+std::optional<tables::FieldType> type_of_built_in(automation::TextView name);
+
 /// The value of a field that isn't set.
 automation::Value default_value(const ItemKind& kind, const tables::FieldRow& field);
 
@@ -54,6 +57,18 @@ std::span<const FormProperty> form_of(automation::TextView message_class);
 
 /// Has an item bear the properties of its class's form, empty, beside those that it has.
 void apply_form(ItemData& item);
+
+/// What a schema address names.
+struct SchemaName {
+    automation::Text field;  ///< a user property or a built-in field; empty if no item here has it
+    std::uint32_t type = 0;  ///< its MAPI type, 0 if the address says none
+    bool is_user_property = false;
+    bool opposite = false;  ///< says yes where the field says no
+};
+
+/// Nothing if the address is none of the host's. Without a kind of item the first one counts whose items have
+/// such a property.
+std::optional<SchemaName> schema_name(automation::TextView address, const ItemKind* kind = nullptr);
 
 /// A property of an item by its schema address; nothing if the item lacks it or the address names none.
 std::optional<automation::Value> schema_property(const ItemData& item, automation::TextView address);

@@ -8,6 +8,9 @@
 #include "desk/base/host_event_tables.h"
 #include "desk/base/kept.h"
 #include "desk/outlook/folder.h"
+#include "desk/outlook/tables/enumeration_names.h"
+#include "desk/outlook/tables/schema_names.h"
+#include "desk/outlook/tables/unfiltered_fields.h"
 
 namespace desk {
 
@@ -22,36 +25,127 @@ namespace result = automation::result;
 
 namespace {
 
-class FolderNames : public filter::Names {
+/// MAPI's types of properties. No condition is about a binary one.
+constexpr std::uint32_t date_type = 0x40, binary_type = 0x102;
+
+filter::Content content_of(TextView built_in) {
+    if (automation::same_ignoring_case(built_in, u"Subject")) return filter::Content::subject;
+    if (automation::same_ignoring_case(built_in, u"Categories")) return filter::Content::keywords;
+    if (built_in == tables::has_attachments) return filter::Content::yes_no;
+    if (automation::same_ignoring_case(built_in, tables::size_in_bytes)) return filter::Content::number;
+    switch (type_of_built_in(built_in).value_or(tables::FieldType::text)) {
+        case tables::FieldType::integer:
+        case tables::FieldType::number:
+            return filter::Content::number;
+        case tables::FieldType::boolean:
+            return filter::Content::yes_no;
+        case tables::FieldType::date:
+            return filter::Content::date;
+        case tables::FieldType::text:
+            break;
+    }
+    return filter::Content::text;
+}
+
+/// What fields of the host's user-property types hold; the rest is left to each value.
+struct TypeRow {
+    std::int32_t type;
+    filter::Content content;
+};
+constexpr TypeRow user_types[] = {
+    {1, filter::Content::text},      {3, filter::Content::number},  {5, filter::Content::date},
+    {6, filter::Content::yes_no},    {7, filter::Content::number},  {8, filter::Content::number},
+    {11, filter::Content::keywords}, {14, filter::Content::number}, {20, filter::Content::number}};
+
+class FolderHost : public filter::Host {
   public:
-    explicit FolderNames(const FolderRow& row) : row_(row) {}
+    FolderHost(const FolderRow& row, Surroundings& surroundings) : row_(row), surroundings_(surroundings) {}
     bool knows(TextView field) const override {
         return is_built_in_field(field) || is_own(field) || !built_in_field_of_words(field).empty();
     }
+    bool knows_address(TextView address) const override {
+        const std::optional<SchemaName> name = schema_name(address);
+        return name && name->type != binary_type;
+    }
+    bool takes(TextView field) const override {
+        return is_own(field) || !tables::is_unfiltered(built_in_name(field));
+    }
+    filter::Content content(TextView name, bool is_address) const override {
+        if (!is_address) return is_own(name) ? own_content(name) : content_of(built_in_name(name));
+        const SchemaName schema = schema_name(name).value_or(SchemaName());
+        if (schema.type == date_type) return filter::Content::date;
+        if (schema.is_user_property) return own_content(schema.field);
+        return schema.field.empty() ? filter::Content::anything : content_of(schema.field);
+    }
+    std::optional<std::int32_t> named_number(TextView name, bool is_address, TextView text) const override {
+        return tables::number_of_name(is_address ? field_of_address(name) : built_in_name(name), text);
+    }
+    std::optional<automation::Date> date_of(TextView text) const override {
+        return read_date(text, surroundings_.date_manners(), now());
+    }
+    automation::Date now() const override { return surroundings_.now(); }
+    automation::Date to_utc(automation::Date local) const override { return surroundings_.to_utc(local); }
     bool is_own(TextView field) const {
         return std::ranges::any_of(
             row_.fields, [&](const FolderField& f) { return automation::same_ignoring_case(f.name, field); });
     }
 
+    /// What an own field of the folder holds.
+    filter::Content own_content(TextView name) const {
+        for (const FolderField& field : row_.fields) {
+            if (!automation::same_ignoring_case(field.name, name)) continue;
+            const auto* const row = std::ranges::find(user_types, field.type, &TypeRow::type);
+            if (row != std::end(user_types)) return row->content;
+        }
+        return filter::Content::anything;
+    }
+
   private:
+    static Text built_in_name(TextView field) {
+        const TextView of_words = built_in_field_of_words(field);
+        return Text(of_words.empty() ? field : of_words);
+    }
+
     const FolderRow& row_;
+    Surroundings& surroundings_;
 };
 
 /// An item as a filter sees it. A field of the folder that the item doesn't bear is an empty one.
 class ItemRecord : public filter::Record {
   public:
-    ItemRecord(const ItemData& item, const FolderNames& names) : item_(item), names_(names) {}
+    ItemRecord(const ItemRow& row, const FolderHost& host, Store& store)
+        : row_(row), host_(host), store_(store) {}
     std::optional<Value> field(TextView name) const override {
-        if (std::optional<Value> value = field_value(item_, name)) return value;
-        if (is_built_in_field(name)) return std::nullopt;
-        if (names_.is_own(name)) return Value(u"");
-        return built_in_value(item_, built_in_field_of_words(name));
+        const std::optional<Value> value = stored(name);
+        const bool is_date = host_.own_content(name) == filter::Content::date;
+        const bool unset = value && (value->is(Value::Type::empty) || *value == Value(u""));
+        return is_date && unset ? Value() : value;
     }
-    std::optional<Value> property(TextView address) const override { return schema_property(item_, address); }
+    /// A field by its bracketed name; an unset one of the folder's is an empty text, also where it holds
+    /// dates.
+    std::optional<Value> stored(TextView name) const {
+        if (automation::same_ignoring_case(name, tables::size_in_bytes)) return size();
+        if (std::optional<Value> value = field_value(row_.data, name)) return value;
+        if (is_built_in_field(name)) return std::nullopt;
+        if (host_.is_own(name)) return Value(u"");
+        return built_in_value(row_.data, built_in_field_of_words(name));
+    }
+    std::optional<Value> property(TextView address) const override {
+        const std::optional<SchemaName> name = schema_name(address, &kind_of(row_.data.message_class));
+        if (!name) return std::nullopt;
+        if (name->field == tables::size_in_bytes) return size();
+        if (name->field == tables::has_attachments) return !store_.attachments(row_.id).empty();
+        std::optional<Value> value = schema_property(row_.data, address);
+        if (value && value->is(Value::Type::date)) value = host_.to_utc(value->to_date());
+        return value;
+    }
 
   private:
-    const ItemData& item_;
-    const FolderNames& names_;
+    Value size() const { return static_cast<std::int32_t>(row_.size); }
+
+    const ItemRow& row_;
+    const FolderHost& host_;
+    Store& store_;
 };
 
 /// Orders values of one field: by type where they agree, else as text.
@@ -128,7 +222,7 @@ filter::Filter Items::read(const Text& text, bool for_find) const {
     desk().note_filter(text);
     const FolderRow& row = desk().existing_folder(folder_);
     const bool words = desk().options().instant_search && !for_find;
-    return filter::Filter::parse(text, FolderNames(row),
+    return filter::Filter::parse(text, FolderHost(row, desk().surroundings()),
                                  words ? filter::Words::indexed : filter::Words::refused);
 }
 
@@ -158,7 +252,9 @@ std::vector<RowId> Items::candidates(const filter::Filter& filter) {
 bool Items::matches(const filter::Filter& filter, RowId id) const {
     const std::optional<ItemRow> row = desk().store().load(id);
     const FolderRow* const folder = desk().folder_row(folder_);
-    return row && folder && filter.matches(ItemRecord(row->data, FolderNames(*folder)));
+    if (!row || !folder) return false;
+    const FolderHost host(*folder, desk().surroundings());
+    return filter.matches(ItemRecord(*row, host, desk().store()));
 }
 
 Object Items::find(const Text& text) {
@@ -198,7 +294,7 @@ Object Items::step(std::int32_t to) {
 
 void Items::sort(const Text& property, bool descending) {
     const Text field = bare_name(property);
-    const FolderNames names(desk().existing_folder(folder_));
+    const FolderHost names(desk().existing_folder(folder_), desk().surroundings());
     if (!names.knows(field)) {
         throw Failure(result::invalid_argument, u"The property \"" + field + u"\" is unknown.");
     }
@@ -206,7 +302,7 @@ void Items::sort(const Text& property, bool descending) {
     std::map<RowId, Value> keys;
     for (const RowId id : order) {
         if (const std::optional<ItemRow> row = desk().store().load(id)) {
-            keys[id] = ItemRecord(row->data, names).field(field).value_or(Value(u""));
+            keys[id] = ItemRecord(*row, names, desk().store()).stored(field).value_or(Value(u""));
         }
     }
     std::ranges::stable_sort(order, [&](RowId left, RowId right) {

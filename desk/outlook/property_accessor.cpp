@@ -20,13 +20,15 @@ namespace result = automation::result;
 namespace {
 
 void write_property(const std::shared_ptr<Item>& item, TextView address, const Value& value) {
-    const Text name = field_of_address(address);
-    if (const tables::FieldRow* field = find_field(item->kind(), name)) return item->set_field(*field, value);
-    if (name.empty())
+    const SchemaName name = schema_name(address, &item->kind()).value_or(SchemaName());
+    if (const tables::FieldRow* field = find_field(item->kind(), name.field)) {
+        return item->set_field(*field, name.opposite ? Value(!value.to_boolean()) : value);
+    }
+    if (!name.is_user_property || name.field.empty())
         throw Failure(result::not_found, u"The property \"" + Text(address) + u"\" is unknown.");
     constexpr std::int32_t text = 1;
     UserProperties properties(item->desk(), item);
-    const automation::Object property = properties.add(name, text, false);
+    const automation::Object property = properties.add(name.field, text, false);
     property.put(u"Value", value);
 }
 

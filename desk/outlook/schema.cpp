@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "desk/outlook/item_kinds.h"
+#include "desk/outlook/tables/schema_names.h"
 
 namespace desk {
 
@@ -13,36 +14,38 @@ using automation::Value;
 namespace {
 
 constexpr TextView tag_root = u"http://schemas.microsoft.com/mapi/proptag/0x";
-constexpr TextView string_root =
-    u"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/";
-constexpr TextView id_root = u"http://schemas.microsoft.com/mapi/id/{";
-constexpr std::size_t guid_digits = 36;
+constexpr TextView string_root = u"http://schemas.microsoft.com/mapi/string/";
+constexpr TextView id_root = u"http://schemas.microsoft.com/mapi/id/";
+constexpr TextView user_set = u"{00020329-0000-0000-C000-000000000046}";
+constexpr std::size_t digits_of_tag = 8, digits_of_id = 4;
+constexpr std::uint32_t first_named_id = 0x8000;
 
-/// Properties whose tags are not the dispatch ids of fields, and named addresses.
+/// Properties whose tags are not the dispatch ids of fields.
 struct TagRow {
-    std::int32_t id;
+    std::uint32_t id;
     TextView field;
 };
 constexpr TagRow tags[] = {
-    {0x001A, u"MessageClass"},      {0x1000, u"Body"},
-    {0x1013, u"HTMLBody"},          {0x5D01, u"SenderSmtpAddress"},
-    {0x1035, u"InternetMessageId"}, {0x007D, u"InternetHeaders"},
+    {0x001A, u"MessageClass"},
+    {0x1000, u"Body"},
+    {0x1013, u"HTMLBody"},
+    {0x5D01, u"SenderSmtpAddress"},
+    {0x1035, u"InternetMessageId"},
+    {0x007D, u"InternetHeaders"},
     {0x0E1D, u"Subject"},
+    {0x0E1B, tables::has_attachments},
+    {0x0E08, tables::size_in_bytes},
 };
-struct NameRow {
-    TextView address, field;
+
+/// The set in which the numbers of fields with a common first byte are.
+struct NumberedSet {
+    std::uint32_t first_byte;
+    TextView guid;
 };
-constexpr NameRow names[] = {
-    {u"urn:schemas:httpmail:subject", u"Subject"},
-    {u"urn:schemas:httpmail:fromname", u"SenderName"},
-    {u"urn:schemas:httpmail:fromemail", u"SenderEmailAddress"},
-    {u"urn:schemas:httpmail:textdescription", u"Body"},
-    {u"urn:schemas:httpmail:displayto", u"To"},
-    {u"urn:schemas:httpmail:displaycc", u"CC"},
-    {u"urn:schemas:httpmail:date", u"SentOn"},
-    {u"urn:schemas:httpmail:datereceived", u"ReceivedTime"},
-    {u"urn:schemas:httpmail:read", u"UnRead"},
-    {u"http://schemas.microsoft.com/exchange/messageclass", u"MessageClass"},
+constexpr NumberedSet numbered_sets[] = {
+    {0x80, u"{00062004-0000-0000-C000-000000000046}"}, {0x81, u"{00062003-0000-0000-C000-000000000046}"},
+    {0x82, u"{00062002-0000-0000-C000-000000000046}"}, {0x85, u"{00062008-0000-0000-C000-000000000046}"},
+    {0x8B, u"{0006200E-0000-0000-C000-000000000046}"},
 };
 
 std::optional<std::uint32_t> hexadecimal(TextView digits) {
@@ -77,68 +80,128 @@ Text unescaped(TextView name) {
     return text;
 }
 
-bool begins(TextView address, TextView root) {
-    return address.size() > root.size() &&
-           automation::same_ignoring_case(address.substr(0, root.size()), root);
+/// What stands behind a root; nothing if the address has another one.
+std::optional<TextView> behind(TextView root, TextView address) {
+    if (!address.starts_with(root)) return std::nullopt;
+    return address.substr(root.size());
 }
 
-/// The number of the property that an address tells, of a tag or of a numbered property.
-std::optional<std::int32_t> property_id(TextView address) {
-    if (begins(address, tag_root)) {
-        const auto tag = hexadecimal(address.substr(tag_root.size()));
-        if (tag) return static_cast<std::int32_t>(*tag >> 16);
+/// A set's guid, and what stands behind it and a slash.
+struct InSet {
+    TextView guid, name;
+};
+
+std::optional<InSet> in_set(TextView rest) {
+    constexpr TextView form = u"{........-....-....-....-............}/";
+    if (rest.size() <= form.size()) return std::nullopt;
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        const bool fits = form[i] == u'.' ? hexadecimal(rest.substr(i, 1)).has_value() : form[i] == rest[i];
+        if (!fits) return std::nullopt;
     }
-    if (begins(address, id_root) && address.size() > id_root.size() + guid_digits + 2) {
-        const TextView rest = address.substr(id_root.size() + guid_digits + 2);
-        const bool prefixed = rest.starts_with(u"0x");
-        const auto id = hexadecimal(prefixed ? rest.substr(2) : rest);
-        // 0x8083 alone, or with the type's four digits behind it
-        if (id) return static_cast<std::int32_t>(*id > 0xFFFF ? *id >> 16 : *id);
+    return InSet{rest.substr(0, form.size() - 1), rest.substr(form.size())};
+}
+
+/// The field of a dispatch id, by which the same number may be another one of another kind of item.
+Text field_of_id(std::uint32_t id, const ItemKind* kind) {
+    const auto signed_id = static_cast<std::int32_t>(id);
+    const tables::FieldRow* field = kind ? find_field(*kind, signed_id) : nullptr;
+    for (const TextView base :
+         {u"IPM.Note", u"IPM.Contact", u"IPM.Appointment", u"IPM.Task", u"IPM.Post", u"IPM.StickyNote"}) {
+        if (!field) field = find_field(kind_of(base), signed_id);
+    }
+    return field ? Text(field->name) : Text();
+}
+
+std::optional<SchemaName> tagged(TextView digits, const ItemKind* kind) {
+    const std::optional<std::uint32_t> tag = hexadecimal(digits);
+    if (!tag || digits.size() != digits_of_tag) return std::nullopt;
+    const std::uint32_t id = *tag >> 16;
+    if (id >= first_named_id) return std::nullopt;
+    const auto* const row = std::ranges::find(tags, id, &TagRow::id);
+    return SchemaName{row != std::end(tags) ? Text(row->field) : field_of_id(id, kind), *tag & 0xFFFF};
+}
+
+/// 8083 alone or with the type's four digits behind it, and 0x before it or not.
+std::optional<SchemaName> numbered(const InSet& place, const ItemKind* kind) {
+    const TextView digits = place.name.starts_with(u"0x") ? place.name.substr(2) : place.name;
+    const std::optional<std::uint32_t> number = hexadecimal(digits);
+    if (!number || (digits.size() != digits_of_tag && digits.size() != digits_of_id)) return std::nullopt;
+    const bool typed = digits.size() == digits_of_tag;
+    const std::uint32_t id = typed ? *number >> 16 : *number;
+    const auto* const set = std::ranges::find(numbered_sets, id >> 8, &NumberedSet::first_byte);
+    const bool here = set != std::end(numbered_sets) && automation::same_ignoring_case(set->guid, place.guid);
+    return SchemaName{here ? field_of_id(id, kind) : Text(), typed ? *number & 0xFFFF : 0};
+}
+
+/// A name between a set and a type that may stand behind it: /0000001f.
+SchemaName of_string(const InSet& place) {
+    TextView name = place.name;
+    SchemaName found;
+    if (const std::size_t slash = name.rfind(u'/'); slash != TextView::npos && slash > 0) {
+        const TextView digits = name.substr(slash + 1);
+        const auto type = hexadecimal(digits);
+        if (type && digits.size() == digits_of_tag && digits.starts_with(u"0000")) {
+            found.type = *type;
+            name = name.substr(0, slash);
+        }
+    }
+    found.is_user_property = automation::same_ignoring_case(place.guid, user_set);
+    if (found.is_user_property) found.field = unescaped(name);
+    return found;
+}
+
+/// Fields that every item has which is of a kind that has them, set or not.
+constexpr TextView always_there[] = {u"Importance",  u"Sensitivity",    u"UnRead",       u"AllDayEvent",
+                                     u"BusyStatus",  u"Duration",       u"Complete",     u"Status",
+                                     u"ReminderSet", u"ResponseStatus", u"MeetingStatus"};
+
+std::optional<Value> user_property(const ItemData& item, TextView name) {
+    for (const UserPropertyData& property : item.user_properties) {
+        if (!automation::same_ignoring_case(property.name, name)) continue;
+        if (property.value.is(Value::Type::empty)) return std::nullopt;
+        return property.value;
     }
     return std::nullopt;
+}
+
+std::optional<Value> built_in(const ItemData& item, TextView name) {
+    if (automation::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
+    if (const auto set = item.fields.find(name); set != item.fields.end()) {
+        const bool nothing = set->second == Value(u"") || set->second == Value(no_date);
+        return nothing ? std::nullopt : std::optional(set->second);
+    }
+    const ItemKind& kind = kind_of(item.message_class);
+    const tables::FieldRow* const field = find_field(kind, name);
+    const bool there = field && std::ranges::find(always_there, field->name) != std::end(always_there);
+    return there ? std::optional(default_value(kind, *field)) : std::nullopt;
 }
 
 }  // namespace
 
-Text field_of_address(TextView address) {
-    if (begins(address, string_root)) return unescaped(address.substr(string_root.size()));
-    for (const NameRow& row : names) {
-        if (automation::same_ignoring_case(row.address, address)) return Text(row.field);
+std::optional<SchemaName> schema_name(TextView address, const ItemKind* kind) {
+    if (const auto digits = behind(tag_root, address)) return tagged(*digits, kind);
+    if (const auto rest = behind(id_root, address)) {
+        const std::optional<InSet> place = in_set(*rest);
+        return place ? numbered(*place, kind) : std::nullopt;
     }
-    const std::optional<std::int32_t> id = property_id(address);
-    if (!id) return {};
-    for (const TagRow& row : tags) {
-        if (row.id == *id) return Text(row.field);
+    if (const auto rest = behind(string_root, address)) {
+        const std::optional<InSet> place = in_set(*rest);
+        return place ? std::optional(of_string(*place)) : std::nullopt;
     }
-    for (const TextView base : {u"IPM.Note", u"IPM.Contact", u"IPM.Appointment", u"IPM.Task", u"IPM.Post"}) {
-        if (const tables::FieldRow* field = find_field(kind_of(base), *id)) return Text(field->name);
-    }
-    return {};
+    const tables::SchemaNameRow* const row = tables::find_schema_name(address);
+    if (!row) return std::nullopt;
+    return SchemaName{Text(row->field), 0, false, row->opposite};
 }
 
+Text field_of_address(TextView address) { return schema_name(address).value_or(SchemaName()).field; }
+
 std::optional<Value> schema_property(const ItemData& item, TextView address) {
-    if (begins(address, string_root)) {
-        const Text name = unescaped(address.substr(string_root.size()));
-        for (const UserPropertyData& property : item.user_properties) {
-            if (!automation::same_ignoring_case(property.name, name)) continue;
-            if (property.value.is(Value::Type::empty)) return std::nullopt;
-            return property.value;
-        }
-        return std::nullopt;
-    }
-    const ItemKind& kind = kind_of(item.message_class);
-    Text name = field_of_address(address);
-    if (const std::optional<std::int32_t> id = property_id(address)) {
-        // the same number may be another field of another kind of item
-        if (const tables::FieldRow* field = find_field(kind, *id)) name = Text(field->name);
-    }
-    if (name.empty()) return std::nullopt;
-    if (automation::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
-    if (const auto set = item.fields.find(name); set != item.fields.end()) {
-        const bool nothing = set->second.is(Value::Type::text) && set->second.to_text().empty();
-        return nothing ? std::nullopt : std::optional(set->second);
-    }
-    return std::nullopt;
+    const std::optional<SchemaName> name = schema_name(address, &kind_of(item.message_class));
+    if (!name || name->field.empty()) return std::nullopt;
+    if (name->is_user_property) return user_property(item, name->field);
+    std::optional<Value> value = built_in(item, name->field);
+    if (value && name->opposite) value = !value->to_boolean();
+    return value;
 }
 
 }  // namespace desk

@@ -26,6 +26,23 @@ automation::Date local_date(std::time_t seconds) {
 
 automation::Date NativeSurroundings::now() { return local_date(std::time(nullptr)); }
 
+automation::Date NativeSurroundings::to_utc(automation::Date local) {
+    const automation::ClockTime clock = automation::to_clock(local);
+    constexpr int first_year = 1900, unknown = -1;
+    std::tm parts{};
+    parts.tm_year = clock.year - first_year;
+    parts.tm_mon = clock.month - 1;
+    parts.tm_mday = clock.day;
+    parts.tm_hour = clock.hour;
+    parts.tm_min = clock.minute;
+    parts.tm_sec = clock.second;
+    parts.tm_isdst = unknown;
+    const std::time_t seconds = std::mktime(&parts);
+    gmtime_r(&seconds, &parts);
+    return automation::to_date({first_year + parts.tm_year, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour,
+                                parts.tm_min, parts.tm_sec});
+}
+
 std::string NativeSurroundings::random_bytes(std::size_t count) {
     std::random_device source;
     std::uniform_int_distribution<int> byte(0, 255);

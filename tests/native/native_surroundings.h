@@ -36,6 +36,7 @@ class NativeSurroundings final : public desk::Surroundings {
     int wakes = 0;            ///< how often events began to wait
 
     automation::Date now() override;
+    automation::Date to_utc(automation::Date local) override;
     std::string random_bytes(std::size_t count) override;
     desk::ItemData read_mail(automation::TextView path) override;
     void wake() override { ++wakes; }

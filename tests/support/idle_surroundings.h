@@ -10,6 +10,7 @@ namespace desk_tests {
 class IdleSurroundings : public desk::Surroundings {
   public:
     automation::Date now() override { return automation::to_date({2026, 3, 3, 9, 15, 0}); }
+    automation::Date to_utc(automation::Date local) override { return local; }
     std::string random_bytes(std::size_t count) override { return std::string(count, 'r'); }
     desk::ItemData read_mail(automation::TextView) override { return {}; }
     void wake() override {}

@@ -114,7 +114,8 @@ const DateCase with_the_year_first[] = {
     {u"05-06-12", "2005-06-12 00:00:00"},
     {u"2005/06/12", "2005-06-12 00:00:00"},
     {u"6/12/2005", "2005-06-12 00:00:00"},
-    {u"05-13-12", "-"},
+    {u"05-13-12", "2012-05-13 00:00:00"},  // no month 13, so it is meant otherwise
+    {u"13-13-12", "-"},
 };
 
 TEST(Dates, AreReadInTheUsersManner) {

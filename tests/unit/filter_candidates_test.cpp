@@ -49,6 +49,8 @@ const CandidateCase candidate_cases[] = {
     {u"[Subject] <> 'a'", "-"},
     {u"[Subject] >= 'a' And [Subject] < 'b'", "-"},
     {u"[Size] = 5", "-"},
+    {u"[Topic] = 'fw: a'", "Topic=fw: a|Topic=RE: fw: a|Topic=FW: fw: a"},
+    {u"[Keywords] = 'a'", "-"},
     {u"@SQL=\"p\" = 'a'", "@p=a"},
     {u"@SQL=\"p\" Like 'a'", "@p=a"},
     {u"@SQL=\"p\" Like 'a%'", "-"},

@@ -52,16 +52,20 @@ const Case other_types[] = {
     {u"[UnRead] = False", false},
     {u"[UnRead] = No", false},
     {u"[UnRead] <> NO", true},
-    {u"[UnRead] = 'No'", false},
-    {u"[UnRead] <> 'no'", true},
-    {u"[UnRead] = 'neither'", false},
+    {u"[UnRead] = On", true},
+    {u"[UnRead] = off", false},
+    {u"[UnRead] = -1", true},
+    {u"[UnRead] = 0", false},
+    {u"[UnRead] = 'No'", true},  // a text that is there is yes, whatever it says
+    {u"[UnRead] <> 'no'", false},
+    {u"[UnRead] = ''", false},
     {u"[Size] = 512", true},
     {u"[Size] = '512'", true},
     {u"[Size] > 60", true},  // as numbers, not as texts
     {u"[Size] < 1e3", true},
     {u"[Size] > -1", true},
-    {u"[Size] = 'large'", false},
-    {u"[Size] <> 'large'", false},  // no number, so no comparison holds
+    {u"[Size] = 'Half'", true},  // by the name of a number
+    {u"[Size] < 'Half'", false},
     {u"[Amount] = 12.5", true},
     {u"[Amount] >= +12.50", true},
     {u"[Amount] = .5", false},
@@ -71,15 +75,58 @@ const Case other_types[] = {
     {u"[ReceivedTime] > '12/31/2025'", true},  // as dates, not as texts
     {u"[ReceivedTime] < '2026-03-03'", false},
     {u"[ReceivedTime] > '2026-03-03'", true},
-    {u"[ReceivedTime] > 'yesterday'", false},
-    {u"[ReceivedTime] < 'yesterday'", false},
 };
 INSTANTIATE_TEST_SUITE_P(OtherTypes, FilterMatches, testing::ValuesIn(other_types));
 
+const Case subjects_and_keywords[] = {
+    {u"[Topic] = 'offer of may'", true},
+    {u"[Topic] = 'RE: Offer of May'", true},
+    {u"[Topic] = 'FW: Offer of May'", false},
+    {u"[Topic] <> 'Offer of May'", false},
+    {u"[Topic] = 'Offer'", false},
+    {u"[Topic] >= 'O' And [Topic] < 'P'", true},
+    {u"@SQL=\"topic\" = 'offer of may'", true},
+    {u"@SQL=\"topic\" Like 'offer of may'", true},
+    {u"@SQL=\"topic\" Like 'offer%'", true},
+    {u"@SQL=\"topic\" Like 're:%'", true},
+    {u"@SQL=\"topic\" Like 'of%'", true},
+    {u"@SQL=\"topic\" Like 'may%'", false},
+    {u"[Keywords] = 'Partner'", true},
+    {u"[Keywords] = 'tier1 partner'", true},
+    {u"[Keywords] = 'Part'", false},
+    {u"[Keywords] = 'Red'", true},
+    {u"[Keywords] = 'Red Car'", false},  // not across two of them
+    {u"[Keywords] = 'Tier1 Partner, Big Red, Car'", true},
+    {u"[Keywords] <> 'Partner'", false},
+    {u"[Keywords] <> 'Boat'", true},
+    {u"@SQL=\"keywords\" = 'car'", true},
+    {u"@SQL=\"keywords\" = 'Red'", false},
+    {u"@SQL=\"keywords\" <> 'Red'", true},
+    {u"@SQL=\"keywords\" Like 'big%'", true},
+    {u"@SQL=\"keywords\" Like '%boat%'", false},
+    {u"@SQL=\"keywords\" ci_startswith 'part'", true},
+    {u"@SQL=\"unread\" = 1", true},
+    {u"@SQL=\"unread\" = '0'", false},
+};
+INSTANTIATE_TEST_SUITE_P(SubjectsAndKeywords, FilterMatches, testing::ValuesIn(subjects_and_keywords));
+
 const Case unset_fields[] = {
-    {u"[AccountID] = ''", true},  {u"[AccountID] <> ''", false}, {u"[AccountID] = 'x'", false},
-    {u"[AccountID] < 'x'", true}, {u"[AccountID] = 0", true},    {u"[AccountID] = False", true},
+    {u"[AccountID] = ''", true},
+    {u"[AccountID] <> ''", false},
+    {u"[AccountID] = 'x'", false},
+    {u"[AccountID] < 'x'", true},
+    {u"[AccountID] = 0", true},
+    {u"[AccountID] = False", true},
     {u"[AccountID] = 5", false},
+    {u"[Unset Date] > '12/31/2999'", true},  // no date is shown as 1/1/4501
+    {u"[Unset Date] < '12/31/2999'", false},
+    {u"[Unset Date] = '1/1/4501'", true},
+    {u"[Unset Number] = '0'", true},
+    {u"[Unset Number] < '5'", true},
+    {u"[Unset Number] = 'Half'", false},
+    {u"[Unset Mark] = ''", true},
+    {u"[Unset Mark] = False", true},
+    {u"[Unset Mark] = 'x'", false},
 };
 INSTANTIATE_TEST_SUITE_P(UnsetFields, FilterMatches, testing::ValuesIn(unset_fields));
 
@@ -103,7 +150,7 @@ INSTANTIATE_TEST_SUITE_P(Precedence, FilterMatches, testing::ValuesIn(precedence
 
 const Case sql[] = {
     {u"@SQL=\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" = 'IPM.Contact'", true},
-    {u"@sql=(\"HTTP://schemas.microsoft.com/mapi/proptag/0x001A001E\" = 'ipm.contact')", true},
+    {u"@SQL=(\"http://schemas.microsoft.com/mapi/proptag/0x001A001E\" = 'ipm.contact')", true},
     {u"@SQL=(\"http://schemas.microsoft.com/mapi/proptag/0x001a001e\" = 'IPM.Contact' AND "
      u"\"urn:schemas:httpmail:subject\" = 'x')",
      false},
@@ -119,13 +166,13 @@ const Case sql[] = {
 INSTANTIATE_TEST_SUITE_P(Sql, FilterMatches, testing::ValuesIn(sql));
 
 const Case lacking[] = {
-    {u"@SQL=\"unknown\" = ''", false},     {u"@SQL=\"unknown\" <> 'x'", false},
-    {u"@SQL=\"unknown\" < 'x'", false},    {u"@SQL=\"unknown\" Like '%'", false},
-    {u"@SQL=\"unknown\" Is Null", true},   {u"@SQL=\"unknown\" is not null", false},
-    {u"@SQL=\"empty\" IS NULL", true},     {u"@SQL=\"empty\" = ''", false},
-    {u"@SQL=\"blank\" Is Null", false},    {u"@SQL=\"blank\" Is Not Null", true},
-    {u"@SQL=\"blank\" = ''", true},        {u"@SQL=Not \"unknown\" = 'x'", true},
-    {u"@SQL=Not \"blank\" Is Null", true},
+    {u"@SQL=\"unknown\" = ''", false},      {u"@SQL=\"unknown\" <> 'x'", false},
+    {u"@SQL=\"unknown\" < 'x'", false},     {u"@SQL=\"unknown\" Like '%'", false},
+    {u"@SQL=\"unknown\" Is Null", true},    {u"@SQL=\"unknown\" is not null", false},
+    {u"@SQL=\"empty\" IS NULL", true},      {u"@SQL=\"empty\" = ''", false},
+    {u"@SQL=\"blank\" Is Null", true},      {u"@SQL=\"blank\" Is Not Null", false},
+    {u"@SQL=\"blank\" = ''", true},         {u"@SQL=Not \"unknown\" = 'x'", true},
+    {u"@SQL=Not \"blank\" Is Null", false},
 };
 INSTANTIATE_TEST_SUITE_P(LackingProperties, FilterMatches, testing::ValuesIn(lacking));
 
@@ -177,11 +224,64 @@ const Case words[] = {
     {u"ci_phrasematch ' - '", false},
     {u"ci_startswith 'jan'", true},
     {u"ci_startswith 'Jane An'", true},
-    {u"ci_startswith 'Jan An'", false},
+    {u"ci_startswith 'Jan An'", true},  // each of them the start of some word
+    {u"ci_startswith 'bri jan'", true},
+    {u"ci_startswith 'Jan cat'", false},
     {u"ci_startswith 'ane'", false},
     {u"ci_startswith ''", false},
 };
 INSTANTIATE_TEST_SUITE_P(Words, FilterOnSubject, testing::ValuesIn(words));
+
+// "Filtering Items Using a Date-time Comparison": the days are the user's, who has 4 March 2026, a Wednesday,
+// two hours east of Greenwich; properties are in UTC.
+struct SpanCase {
+    const char16_t* macro;
+    const char16_t *first, *last;  ///< the first and the last second that are in it
+};
+const SpanCase spans[] = {
+    {u"today", u"2026-03-03 22:00:00", u"2026-03-04 21:59:59"},
+    {u"tomorrow", u"2026-03-04 22:00:00", u"2026-03-05 21:59:59"},
+    {u"yesterday", u"2026-03-02 22:00:00", u"2026-03-03 21:59:59"},
+    {u"next7days", u"2026-03-03 22:00:00", u"2026-03-10 21:59:59"},
+    {u"last7days", u"2026-02-25 22:00:00", u"2026-03-04 21:59:59"},
+    {u"nextweek", u"2026-03-07 22:00:00", u"2026-03-14 21:59:59"},
+    {u"thisweek", u"2026-02-28 22:00:00", u"2026-03-07 21:59:59"},
+    {u"LastWeek", u"2026-02-21 22:00:00", u"2026-02-28 21:59:59"},
+    {u"nextmonth", u"2026-03-31 22:00:00", u"2026-04-30 21:59:59"},
+    {u"thismonth", u"2026-02-28 22:00:00", u"2026-03-31 21:59:59"},
+    {u"lastmonth", u"2026-01-31 22:00:00", u"2026-02-28 21:59:59"},
+};
+
+TEST(FilterDateMacros, AreWholeDaysOfTheUser) {
+    for (const SpanCase& span : spans) {
+        const Filter filter = Filter::parse(u"@SQL=%" + automation::Text(span.macro) + u"(\"time\")%",
+                                            KnownNames(), Words::refused);
+        auto holds = [&](const char16_t* time, int seconds_later) {
+            MapRecord record;
+            constexpr double seconds_of_day = 86400;
+            record.properties[u"time"] =
+                automation::Date{automation::read_date(time)->days + seconds_later / seconds_of_day};
+            return filter.matches(record);
+        };
+        SCOPED_TRACE(automation::to_utf8(span.macro));
+        EXPECT_FALSE(holds(span.first, -1));
+        EXPECT_TRUE(holds(span.first, 0));
+        EXPECT_TRUE(holds(span.last, 0));
+        EXPECT_FALSE(holds(span.last, 1));
+        EXPECT_FALSE(filter.matches(jane())) << "a time that isn't there";
+    }
+}
+
+TEST(FilterDateMacros, StandAmongOtherConditions) {
+    MapRecord record;
+    record.properties[u"time"] = *automation::read_date(u"2026-03-04 09:15");
+    auto passes = [&](const char16_t* text) {
+        return Filter::parse(text, KnownNames(), Words::refused).matches(record);
+    };
+    EXPECT_TRUE(passes(u"@SQL= % today ( \"time\" ) % And Not %tomorrow(\"time\")%"));
+    EXPECT_TRUE(passes(u"@SQL=(%tomorrow(\"time\")% Or (%today(\"time\")%))"));
+    EXPECT_FALSE(passes(u"@SQL=Not %today(\"time\")%"));
+}
 
 TEST(FilterMatchesText, LettersBeyondAsciiBelongToWords) {
     MapRecord record;
