@@ -29,12 +29,9 @@ inline constexpr const char* too_many_colons =
 inline constexpr const char* too_many_parts = "The mail has more than 10000 parts.";
 inline constexpr const char* too_many_parameters =
     "The mail's field Content-Type has more than 1000 parameters.";
-inline constexpr const char* page_too_deep = "The elements of the mail's page are nested too deeply.";
-inline constexpr const char* tag_too_long =
-    "A tag of the mail's page has more than 5000 blanks and quotation marks.";
 inline constexpr const char* too_deep = "The parts of the mail are nested too deeply.";
 
-inline constexpr std::array<HostileMail, 24> hostile_mails = {{
+inline constexpr std::array<HostileMail, 25> hostile_mails = {{
     {"nested groups", too_many_colons, "From: a@b.example\nTo: ", "g:", "\n\nHi\n"},
     {"quoted nested groups", too_many_colons, "From: a@b.example\nTo: ", "\"g\":", "\n\nHi\n"},
     {"nested groups over folded lines", too_many_colons, "From: a@b.example\nTo: ", "\n g:", "\n\nHi\n"},
@@ -68,11 +65,12 @@ inline constexpr std::array<HostileMail, 24> hostile_mails = {{
      "\n"},
     {"links without an end", "", "From: a@b.example\nContent-Type: text/html\n\n", "<a href=\"http:x\">",
      "\n"},
-    {"elements inside elements", page_too_deep, "From: a@b.example\nContent-Type: text/html\n\n", "<div>",
-     "\n"},
+    {"elements inside elements", "", "From: a@b.example\nContent-Type: text/html\n\n", "<div>", "\n"},
     {"formats inside paragraphs", "", "From: a@b.example\nContent-Type: text/html\n\n", "<p><b>", "\n", ""},
     {"ends without a beginning", "", "From: a@b.example\nContent-Type: text/html\n\n", "</i></p>", "\n"},
-    {"attributes", tag_too_long, "From: a@b.example\nContent-Type: text/html\n\n<p", "=\"b\"", "\n", " a"},
+    {"attributes that seem to be behind their tag", "", "From: a@b.example\nContent-Type: text/html\n\n<p",
+     "= \">\"", "\n", " a"},
+    {"attributes", "", "From: a@b.example\nContent-Type: text/html\n\n<p", "=\"b\"", "\n", " a"},
     {"references", "", "From: a@b.example\nContent-Type: text/html\n\n", "&amp;&#0;&x;", "\n"},
     {"bytes that are no text", "", "From: a@b.example\nContent-Type: text/plain; charset=utf-7\n\n", "+\xFF",
      "\n"},

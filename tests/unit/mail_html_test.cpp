@@ -53,6 +53,28 @@ TEST(HtmlText, ReadsAsAPersonWouldReadThePage) {
     }
 }
 
+automation::Text repeated(automation::TextView piece, int times) {
+    automation::Text text;
+    for (int i = 0; i < times; ++i) text += piece;
+    return text;
+}
+
+TEST(HtmlText, IsReadThoughATagHasMoreAttributesThanAnybodyWrites) {
+    const automation::Text attributes = repeated(u" a=\"b>\"", 5000);
+    EXPECT_EQ(automation::to_utf8(desk::mail::html_to_text(u"<p>one</p><p" + attributes + u">two</p>three")),
+              "one\r\n\r\ntwo\r\n\r\nthree");
+}
+
+TEST(HtmlText, IsReadThoughItsElementsAreNestedDeeperThanAnybodyNests) {
+    const automation::Text page = u"<p>before &lt;</p><style>unseen</style>" + repeated(u"<div><b>", 3000) +
+                                  u"inside<br>of it" + repeated(u"</b></div>", 3000) + u"after";
+    const std::string text = automation::to_utf8(desk::mail::html_to_text(page));
+    EXPECT_TRUE(text.starts_with("before <\r\n")) << text.substr(0, 40);
+    EXPECT_NE(text.find("inside\r\nof it"), std::string::npos);
+    EXPECT_TRUE(text.ends_with("\r\nafter"));
+    EXPECT_EQ(text.find("unseen"), std::string::npos);
+}
+
 struct CharsetCase {
     std::string bytes, charset;
     automation::TextView text;

@@ -38,6 +38,42 @@ std::optional<EncodedWord> word_at(std::string_view field, std::size_t start) {
                        end + 2};
 }
 
+/// The place behind a word such as =?utf-8?Q?=C3=A4?= that begins at a place; the place itself if none does.
+std::size_t end_of_quoted_word(std::string_view field, std::size_t start) {
+    constexpr std::size_t longest = 8192;
+    const std::string_view rest = field.substr(start, longest);
+    if (!rest.starts_with("=?")) return start;
+    const std::size_t charset_end = std::min(rest.find('?', 2), rest.size());
+    const std::string_view encoding = rest.substr(charset_end).substr(0, 3);
+    if (encoding != "?Q?" && encoding != "?q?") return start;
+    const std::size_t end = rest.find("?=", charset_end + 3);
+    return end == std::string_view::npos ? start : start + end + 2;
+}
+
+bool is_8_bit(char c) { return static_cast<unsigned char>(c) >= 0x80; }
+
+/// A field whose encoded words have no bare 8-bit letters: those of a word are in its character set like the
+/// letters that it encodes, and beside others the parser would take them for text first and decode them
+/// twice.
+std::string with_encoded_letters(std::string_view field) {
+    if (std::ranges::none_of(field, is_8_bit)) return std::string(field);
+    std::string encoded;
+    for (std::size_t at = 0; at < field.size();) {
+        const std::size_t start = std::min(field.find("=?", at), field.size());
+        encoded += field.substr(at, start - at);
+        const std::size_t end = end_of_quoted_word(field, start);
+        for (const char c : field.substr(start, end - start)) {
+            constexpr std::string_view digits = "0123456789ABCDEF";
+            const auto byte = static_cast<unsigned char>(c);
+            encoded +=
+                is_8_bit(c) ? std::string{'=', digits[byte >> 4U], digits[byte & 0xFU]} : std::string(1, c);
+        }
+        at = end;
+        if (start < field.size() && end == start) encoded += field[at++];
+    }
+    return encoded;
+}
+
 std::string with_joined_words_of_field(std::string_view field) {
     std::string joined;
     for (std::size_t at = 0; at < field.size();) {
@@ -77,7 +113,7 @@ bool begins_field(std::string_view line) {
 }  // namespace
 
 std::string with_joined_words(std::string_view message) {
-    if (message.find("=?=") == std::string_view::npos) return std::string(message);
+    if (message.find("=?") == std::string_view::npos) return std::string(message);
     std::string joined;
     joined.reserve(message.size());
     while (!message.empty()) {
@@ -87,8 +123,8 @@ std::string with_joined_words(std::string_view message) {
         while (field && end < message.size() && (message[end] == ' ' || message[end] == '\t')) {
             end = std::min(message.find('\n', end), message.size() - 1) + 1;
         }
-        joined +=
-            field ? with_joined_words_of_field(message.substr(0, end)) : std::string(message.substr(0, end));
+        joined += field ? with_joined_words_of_field(with_encoded_letters(message.substr(0, end)))
+                        : std::string(message.substr(0, end));
         message.remove_prefix(end);
     }
     return joined;

@@ -11,8 +11,6 @@
 #include <utility>
 #include <vector>
 
-#include "desk/mail/item_json.h"
-
 namespace desk::mail {
 namespace {
 
@@ -22,6 +20,8 @@ using automation::TextView;
 constexpr bool is_blank(char16_t c) {
     return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n' || c == u'\f';
 }
+
+constexpr std::size_t longest_name = 16;  ///< of the elements that are known
 
 constexpr bool is_letter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
 
@@ -233,30 +233,74 @@ xmlSAXHandler handlers() {
     return calls;
 }
 
-/// Refuses a tag with so many attributes that comparing each with each other would take long.
-void check_tags(TextView html) {
-    std::size_t separators = 0;
-    char16_t quote = 0, before = 0;
-    bool in_tag = false;
+/// A page in which a tag with so many attributes that comparing each with each other would take long has
+/// none.
+Text with_short_tags(TextView html) {
+    Text page;
+    page.reserve(html.size());
+    std::size_t separators = 0, name_end = 0;
+    char16_t quote = 0, before = 0, before_blanks = 0;
+    bool in_tag = false, in_name = false, cut = false;
     for (const char16_t unit : html) {
         if (!in_tag) {
-            in_tag = before == u'<' && is_letter(unit);
+            in_tag = in_name = before == u'<' && is_letter(unit);
+            cut = false;
             separators = 0;
         } else if (is_blank(unit) || unit == u'"' || unit == u'\'') {
-            if (++separators > most_separators) {
-                refuse("A tag of the mail's page has more than " + std::to_string(most_separators) +
-                       " blanks and quotation marks.");
+            if (in_name) name_end = page.size();
+            in_name = false;
+            if (++separators > most_separators && !cut) {
+                page.resize(name_end);
+                cut = true;
             }
         }
         if (quote) {
             if (unit == quote) quote = 0;
-        } else if (in_tag && before == u'=' && (unit == u'"' || unit == u'\'')) {
+        } else if (in_tag && before_blanks == u'=' && (unit == u'"' || unit == u'\'')) {
             quote = unit;
         } else if (unit == u'>') {
-            in_tag = false;
+            in_tag = cut = false;
         }
+        if (!cut) page += unit;
         before = unit;
+        if (!is_blank(unit)) before_blanks = unit;
     }
+    return page;
+}
+
+/// A page without elements inside each other: those that end a line are line breaks, what is between others
+/// stays words. Scripts and styles stay what they are, since nobody sees them.
+Text flattened(TextView html) {
+    Text page;
+    for (std::size_t at = 0; at < html.size();) {
+        const std::size_t tag = std::min(html.find(u'<', at), html.size());
+        page += html.substr(at, tag - at);
+        std::size_t name = tag + 1;
+        if (name < html.size() && html[name] == u'/') ++name;
+        if (name >= html.size() || !is_letter(html[name])) {
+            page += html.substr(tag, 1);
+            at = tag + 1;
+            continue;
+        }
+        std::size_t name_end = name;
+        while (name_end < html.size() && !is_blank(html[name_end]) && html[name_end] != u'>' &&
+               html[name_end] != u'/')
+            ++name_end;
+        const std::size_t end = std::min(html.find(u'>', name_end), html.size() - 1) + 1;
+        std::string low =
+            automation::to_utf8(html.substr(name, std::min<std::size_t>(name_end - name, longest_name)));
+        std::ranges::transform(low, low.begin(),
+                               [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; });
+        const auto element = std::ranges::find(elements, std::string_view(low), &Element::name);
+        if (low == "script" || low == "style") {
+            page += html.substr(tag, end - tag);
+        } else if (element != elements.end() && element->layout != Layout::link &&
+                   element->layout != Layout::hidden) {
+            page += element->layout == Layout::cell ? u" " : u"<br>";
+        }
+        at = end;
+    }
+    return page;
 }
 
 /// A page without what the parser takes for words or leaves out, and a browser does not: declarations that
@@ -268,12 +312,10 @@ Text fit_for_the_parser(TextView html) {
     return fit;
 }
 
-}  // namespace
-
-Text html_to_text(TextView html) {
-    check_tags(html);
+/// The text of a page; nothing if its elements are nested too deeply.
+std::optional<Text> text_of(TextView html) {
     // inside of a body, words that stand alone are no paragraph
-    const std::string page_text = "<html><body>" + automation::to_utf8(fit_for_the_parser(html));
+    const std::string page_text = "<html><body>" + automation::to_utf8(html);
 
     const std::unique_ptr<htmlParserCtxt, FreeParser> parser(htmlNewParserCtxt());
     if (!parser) throw std::bad_alloc();
@@ -282,8 +324,16 @@ Text html_to_text(TextView html) {
     parser->userData = &page;
     htmlCtxtReadMemory(parser.get(), page_text.data(), static_cast<int>(page_text.size()), nullptr, "UTF-8",
                        HTML_PARSE_NOIMPLIED | HTML_PARSE_RECOVER);
-    if (page.too_deep()) refuse("The elements of the mail's page are nested too deeply.");
+    if (page.too_deep()) return std::nullopt;
     return page.take();
+}
+
+}  // namespace
+
+Text html_to_text(TextView html) {
+    const Text page = fit_for_the_parser(with_short_tags(html));
+    if (auto text = text_of(page)) return *std::move(text);
+    return text_of(flattened(page)).value_or(Text());
 }
 
 }  // namespace desk::mail

@@ -14,7 +14,8 @@ inline constexpr std::size_t most_separators = 5000;  ///< blanks and quotation 
 /// What a reader sees of a page, as plain text with CR LF: blocks and line breaks as lines, list entries
 /// marked with
 /// "* ", table cells apart by tabs, a link's address in angle brackets behind its words. Takes any text for
-/// HTML, and refuses what is beyond these limits.
+/// HTML. A tag beyond these limits has no attributes, and a page nested beyond them is read without its
+/// elements.
 automation::Text html_to_text(automation::TextView html);
 
 }  // namespace desk::mail

@@ -9,11 +9,27 @@
 namespace desk::mail {
 namespace {
 
-/// A file that has none of these fields is some other file with colons in it.
-constexpr std::array<std::string_view, 16> mail_fields = {
-    "from",        "to",           "cc",           "bcc",        "subject",     "date",
-    "sender",      "reply-to",     "message-id",   "received",   "return-path", "mime-version",
-    "in-reply-to", "content-type", "delivered-to", "references",
+/// Behind a line that is no field, the header goes on only if one of these follows: a text may have colons,
+/// too.
+constexpr std::array<std::string_view, 18> mail_fields = {
+    "from",
+    "to",
+    "cc",
+    "bcc",
+    "subject",
+    "date",
+    "sender",
+    "reply-to",
+    "message-id",
+    "received",
+    "return-path",
+    "mime-version",
+    "in-reply-to",
+    "content-type",
+    "content-transfer-encoding",
+    "content-disposition",
+    "delivered-to",
+    "references",
 };
 
 /// Takes the next line off the bytes, without its line end. `ended` tells whether it had one.
@@ -36,6 +52,13 @@ std::string_view field_name(std::string_view line) {
     return printable ? name : std::string_view{};
 }
 
+bool is_folded(std::string_view line) { return line.starts_with(' ') || line.starts_with('\t'); }
+
+std::string_view next_line(std::string_view bytes) {
+    bool ended = false;
+    return take_line(bytes, ended);
+}
+
 bool is_mail_field(std::string_view name) {
     return std::ranges::any_of(mail_fields, [&](std::string_view field) {
         return std::ranges::equal(
@@ -45,36 +68,42 @@ bool is_mail_field(std::string_view name) {
 
 }  // namespace
 
-std::string_view checked_message(std::string_view bytes) {
+std::string mended_message(std::string_view bytes) {
     constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+    constexpr std::string_view blanks = " \t\r\n";
     constexpr std::string_view not_a_mail = "The file is not a mail: ";
     bool ended = false;
     if (bytes.starts_with(byte_order_mark)) bytes.remove_prefix(byte_order_mark.size());
-    if (bytes.starts_with("From ")) take_line(bytes, ended);
     if (bytes.empty()) refuse("The file is empty.");
+    bytes.remove_prefix(std::min(bytes.find_first_not_of(blanks), bytes.size()));
+    if (bytes.starts_with("From ")) take_line(bytes, ended);
+    bytes.remove_prefix(std::min(bytes.find_first_not_of(blanks), bytes.size()));
 
-    bool is_mail = false;
-    int number = 0;
-    for (std::string_view rest = bytes; !rest.empty();) {
-        const std::string_view line = take_line(rest, ended);
-        ++number;
-        if (line.find('\0') != std::string_view::npos)
-            refuse(std::string(not_a_mail) + "its beginning is binary.");
-        if (line.empty() && ended) {
-            if (!is_mail) refuse(std::string(not_a_mail) + "its header has no field that a mail has.");
-            return bytes;
-        }
-        if (number > 1 && (line.starts_with(' ') || line.starts_with('\t')))
-            continue;  // a folded field goes on
-        const std::string_view name = field_name(line);
-        if (name.empty() && ended) {
-            if (!is_mail) refuse(std::string(not_a_mail) + "it does not begin with a header.");
-            refuse("The header of the mail has no end: line " + std::to_string(number) + " is no field.");
-        }
-        is_mail = is_mail || is_mail_field(name);
+    std::string_view rest = bytes;
+    const std::string_view first = take_line(rest, ended);
+    if (field_name(first).empty()) {
+        const bool binary = first.find('\0') != std::string_view::npos;
+        refuse(std::string(not_a_mail) +
+               (binary ? "its beginning is binary." : "it does not begin with a header."));
     }
-    if (!is_mail) refuse(std::string(not_a_mail) + "it has no header that a mail has.");
-    refuse("The mail is cut off: the file ends inside the header.");
+
+    const std::string_view line_end = bytes.substr(first.size(), 1) == "\r" ? "\r\n" : "\n";
+    std::string message;
+    message.reserve(bytes.size() + 2 * line_end.size());
+    for (rest = bytes; !rest.empty();) {
+        const std::string_view here = rest;
+        const std::string_view line = take_line(rest, ended);
+        if (line.empty()) return message.append(here);
+        if (!is_folded(line) && field_name(line).empty()) {
+            if (is_mail_field(field_name(next_line(rest)))) continue;
+            return message.append(line_end).append(here);
+        }
+        const std::size_t start = message.size();
+        message.append(here.substr(0, here.size() - rest.size()));
+        std::replace(message.begin() + static_cast<std::ptrdiff_t>(start), message.end(), '\0', ' ');
+    }
+    if (!ended) message.append(line_end);
+    return message.append(line_end);
 }
 
 std::string_view header_of(std::string_view message) {

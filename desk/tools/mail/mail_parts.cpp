@@ -5,7 +5,6 @@
 #include <cstdio>
 #include <unordered_map>
 
-#include "desk/mail/item_json.h"
 #include "desk/tools/mail/gmime_ownership.h"
 #include "desk/tools/mail/html_text.h"
 #include "desk/tools/mail/mail_text.h"
@@ -23,6 +22,12 @@ bool is_a(GMimeObject* object, GType type) {
 
 bool is_type(GMimeObject* part, const char* type, const char* subtype) {
     return g_mime_content_type_is_type(g_mime_object_get_content_type(part), type, subtype);
+}
+
+/// Whether a part says "Content-Type: text" and no more.
+bool is_bare_text(GMimeObject* part) {
+    const std::string type = to_string(g_mime_object_get_header(part, "Content-Type"));
+    return g_ascii_strcasecmp(type.substr(0, type.find_first_of("; \t\r\n")).c_str(), "text") == 0;
 }
 
 bool has_disposition(GMimeObject* part, const char* disposition) {
@@ -74,28 +79,66 @@ std::string bytes_of(GMimeStream* memory) {
     return std::string(reinterpret_cast<const char*>(array->data), array->len);
 }
 
-/// Refuses base64 whose last group of four letters is not whole.
-void check_base64(GMimeDataWrapper* content) {
+/// The bytes of a part as they stand in the mail.
+std::string raw_content(GMimeDataWrapper* content) {
     GMimeStream* stream = g_mime_data_wrapper_get_stream(content);
     ObjectOf<GMimeStream> memory(g_mime_stream_mem_new());
     g_mime_stream_reset(stream);
     g_mime_stream_write_to_stream(stream, memory.get());
     g_mime_stream_reset(stream);
-    std::size_t letters = 0;
-    bool padded = false;
-    for (const char c : bytes_of(memory.get())) {
-        const bool letter = g_ascii_isalnum(c) || c == '+' || c == '/';
-        if (letter && padded) break;
-        padded = padded || c == '=';
-        letters += letter || c == '=';
+    return bytes_of(memory.get());
+}
+
+/// The bytes of base64 up to its padding, or up to where it is cut short. What is no letter is passed over.
+std::string from_cut_base64(std::string_view raw) {
+    std::string letters;
+    letters.reserve(raw.size() + 2);
+    for (const char c : raw) {
+        if (c == '=' && letters.size() % 4 > 1) break;
+        if (g_ascii_isalnum(c) || c == '+' || c == '/') letters += c;
     }
-    if (letters % 4 != 0) refuse("The mail is cut off: the base64 text of a part is cut short.");
+    if (letters.size() % 4 == 1) letters.pop_back();  // six bits are no byte
+    letters.append((4 - letters.size() % 4) % 4, '=');
+    if (letters.empty()) return {};
+    gsize size = 0;
+    g_base64_decode_inplace(letters.data(), &size);
+    letters.resize(size);
+    return letters;
+}
+
+/// The bytes of uuencoded lines between "begin" and "end". A line tells how many bytes it holds; the blanks
+/// at its end, which stand for zeros, may have been taken off on the way.
+std::string from_uuencode(std::string_view raw) {
+    std::string bytes;
+    bool begun = false;
+    while (!raw.empty()) {
+        std::string_view line = raw.substr(0, raw.find('\n'));
+        raw.remove_prefix(std::min(line.size() + 1, raw.size()));
+        line = line.substr(0, line.find_last_not_of('\r') + 1);
+        if (!begun) {
+            begun = line.starts_with("begin ");
+            continue;
+        }
+        if (line == "end") break;
+        const auto six_bits = [&](std::size_t at) {
+            return at < line.size() ? (static_cast<unsigned>(line[at]) - ' ') & 0x3FU : 0U;
+        };
+        const std::size_t count = six_bits(0);
+        for (std::size_t byte = 0; byte < count; ++byte) {
+            const std::size_t group = 1 + byte / 3 * 4, place = byte % 3;
+            const unsigned pair = six_bits(group + place) << 6U | six_bits(group + place + 1);
+            bytes += static_cast<char>(pair >> (4 - 2 * place) & 0xFFU);
+        }
+    }
+    return bytes;
 }
 
 std::string content_of(GMimeObject* object) {
     GMimeDataWrapper* content = g_mime_part_get_content(reinterpret_cast<GMimePart*>(object));
     if (!content) return {};
-    if (g_mime_data_wrapper_get_encoding(content) == GMIME_CONTENT_ENCODING_BASE64) check_base64(content);
+    const GMimeContentEncoding encoding = g_mime_data_wrapper_get_encoding(content);
+    if (encoding == GMIME_CONTENT_ENCODING_BASE64) return from_cut_base64(raw_content(content));
+    if (encoding == GMIME_CONTENT_ENCODING_UUENCODE) return from_uuencode(raw_content(content));
     ObjectOf<GMimeStream> memory(g_mime_stream_mem_new());
     g_mime_data_wrapper_write_to_stream(content, memory.get());
     return bytes_of(memory.get());
@@ -186,6 +229,12 @@ class PartReader {
   private:
     void read_multipart(GMimeMultipart* multipart, bool alternative) {
         const int count = g_mime_multipart_get_count(multipart);
+        if (count == 0) {
+            // without what separates its parts, all of it stands in front of them
+            const char* all = g_mime_multipart_get_prologue(multipart);
+            pieces_.push_back({with_crlf(decode(to_string(all), "")), {}});
+            return;
+        }
         if (!alternative) {
             for (int i = 0; i < count; ++i) read(g_mime_multipart_get_part(multipart, i));
             return;
@@ -227,7 +276,7 @@ class PartReader {
         std::string content = content_of(part);
         const bool shown = !has_disposition(part, "attachment") && file_name_parameter(part).empty();
         const bool html = is_type(part, "text", "html");
-        if (shown && (html || is_type(part, "text", "plain"))) {
+        if (shown && (html || is_type(part, "text", "plain") || is_bare_text(part))) {
             Text text = with_crlf(decode(content, charset_of(part)));
             if (html) {
                 pieces_.push_back({{}, std::move(text)});

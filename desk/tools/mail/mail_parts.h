@@ -19,8 +19,7 @@ struct Content {
 /// Makes an item of a message inside a mail.
 using ReadEmbedded = std::function<ItemData(GMimeMessage*)>;
 
-/// The content of a MIME part with everything below it. Throws `automation::Failure` with one clear sentence
-/// for a part that is cut off.
+/// The content of a MIME part with everything below it; of one that is cut off, what is there.
 Content read_parts(GMimeObject* root, const ReadEmbedded& read_embedded);
 
 /// The character set of the first part of text, or an empty text.

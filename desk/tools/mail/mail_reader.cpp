@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "desk/mail/item_json.h"
+#include "desk/tools/mail/address_lists.h"
 #include "desk/tools/mail/desk_fields.h"
 #include "desk/tools/mail/encoded_words.h"
 #include "desk/tools/mail/gmime_ownership.h"
@@ -36,15 +37,11 @@ Text one_line(const char* utf8) {
 
 /// What the parser found wrong so far, as far as it makes the mail unreadable.
 struct Complaints {
-    bool truncated = false;
-    bool without_boundary = false;
     bool too_deep = false;
 };
 
 void note_warning(gint64, GMimeParserWarning warning, const gchar*, gpointer complaints) {
     auto& found = *static_cast<Complaints*>(complaints);
-    found.truncated |= warning == GMIME_WARN_TRUNCATED_MESSAGE;
-    found.without_boundary |= warning == GMIME_CRIT_MULTIPART_WITHOUT_BOUNDARY;
     found.too_deep |= warning == GMIME_CRIT_NESTING_OVERFLOW;
 }
 
@@ -66,9 +63,12 @@ ObjectOf<GMimeMessage> parse(std::string_view bytes, GMimeParserOptions* options
     return ObjectOf<GMimeMessage>(g_mime_parser_construct_message(parser.get(), options));
 }
 
+/// The first year of the dates that an item can have.
+constexpr int first_year = 1601;
+
 /// Local time on the clock of a point in time; nothing for years that no mail is from.
 std::optional<automation::Date> to_local(const DateTime& time) {
-    if (!time || g_date_time_get_year(time.get()) < 1970 || g_date_time_get_year(time.get()) > 4500)
+    if (!time || g_date_time_get_year(time.get()) < first_year || g_date_time_get_year(time.get()) > 4500)
         return std::nullopt;
     const std::time_t seconds = g_date_time_to_unix(time.get());
     std::tm clock{};
@@ -95,8 +95,8 @@ TextView without_prefixes(TextView subject) {
 class MessageReader {
   public:
     /// `header_text` is the header as it came, or empty if only GMime's form of it is at hand.
-    MessageReader(GMimeMessage* message, std::string_view header_text, int depth)
-        : message_(message), header_text_(header_text), depth_(depth) {}
+    MessageReader(GMimeMessage* message, GMimeParserOptions* options, std::string_view header_text, int depth)
+        : message_(message), options_(options), header_text_(header_text), depth_(depth) {}
 
     ItemData read() {
         mail_.message_class = u"IPM.Note";
@@ -140,6 +140,7 @@ class MessageReader {
             Person person;
             person.smtp_address =
                 one_line(internet_address_mailbox_get_addr(INTERNET_ADDRESS_MAILBOX(address)));
+            if (automation::to_utf8(person.smtp_address) == no_address) person.smtp_address.clear();
             person.name = one_line(internet_address_get_name(address));
             if (person.name.empty()) person.name = person.smtp_address;
             if (person.name.empty()) continue;
@@ -147,6 +148,18 @@ class MessageReader {
             person.address_type = u"SMTP";
             person.kind = kind;
             people.push_back(std::move(person));
+        }
+    }
+
+    /// The people of all fields of a name.
+    void append_people(const char* field, std::int32_t kind, std::vector<Person>& people) const {
+        GMimeHeaderList* list = g_mime_object_get_header_list(object());
+        for (int i = 0; i < g_mime_header_list_get_count(list); ++i) {
+            GMimeHeader* each = g_mime_header_list_get_header_at(list, i);
+            if (g_ascii_strcasecmp(g_mime_header_get_name(each), field) != 0) continue;
+            const std::string written = with_angle_brackets(to_string(g_mime_header_get_raw_value(each)));
+            const ObjectOf<InternetAddressList> found(internet_address_list_parse(options_, written.c_str()));
+            append_people(found.get(), kind, people);
         }
     }
 
@@ -162,7 +175,7 @@ class MessageReader {
 
     void read_sender() {
         std::vector<Person> senders;
-        append_people(g_mime_message_get_from(message_), 1, senders);
+        append_people("From", 1, senders);
         const Person sender = senders.empty() ? Person() : senders.front();
         mail_.fields[u"SenderName"] = sender.name;
         mail_.fields[u"SenderEmailAddress"] = sender.address;
@@ -170,14 +183,14 @@ class MessageReader {
         mail_.fields[u"SenderSmtpAddress"] = sender.smtp_address;
 
         std::vector<Person> reply_to;
-        append_people(g_mime_message_get_reply_to(message_), 1, reply_to);
+        append_people("Reply-To", 1, reply_to);
         mail_.fields[u"ReplyRecipientNames"] = names_of(reply_to, 1);
     }
 
     void read_recipients() {
-        append_people(g_mime_message_get_to(message_), 1, mail_.recipients);
-        append_people(g_mime_message_get_cc(message_), 2, mail_.recipients);
-        append_people(g_mime_message_get_bcc(message_), 3, mail_.recipients);
+        append_people("To", 1, mail_.recipients);
+        append_people("Cc", 2, mail_.recipients);
+        append_people("Bcc", 3, mail_.recipients);
         mail_.fields[u"To"] = names_of(mail_.recipients, 1);
         mail_.fields[u"CC"] = names_of(mail_.recipients, 2);
         mail_.fields[u"BCC"] = names_of(mail_.recipients, 3);
@@ -232,7 +245,7 @@ class MessageReader {
         Content content = read_parts(root, [this](GMimeMessage* embedded) {
             if (depth_ + 1 >= nesting_limit)
                 refuse("The mail has messages inside messages, nested too deeply.");
-            return MessageReader(embedded, {}, depth_ + 1).read();
+            return MessageReader(embedded, options_, {}, depth_ + 1).read();
         });
         mail_.fields[u"Body"] = std::move(content.text);
         if (!content.html.empty()) mail_.fields[u"HTMLBody"] = std::move(content.html);
@@ -252,6 +265,7 @@ class MessageReader {
     }
 
     GMimeMessage* message_;
+    GMimeParserOptions* options_;
     std::string header_text_;
     int depth_;
     ItemData mail_;
@@ -259,11 +273,10 @@ class MessageReader {
 
 }  // namespace
 
-ItemData read_message(std::string_view bytes) {
+ItemData read_message(std::string_view file_bytes) {
     start_library();
-    bytes = checked_message(bytes);
-    check_shape(bytes);
-    const std::string message_bytes = with_joined_words(bytes);
+    const std::string bytes = mended_message(file_bytes);
+    const std::string message_bytes = with_joined_words(checked_shape(bytes));
     Complaints complaints;
     ParserOptions options = make_options("", complaints);
     ObjectOf<GMimeMessage> message = parse(message_bytes, options.get());
@@ -275,10 +288,7 @@ ItemData read_message(std::string_view bytes) {
         message = parse(message_bytes, options.get());
     }
     if (complaints.too_deep) refuse("The parts of the mail are nested too deeply.");
-    if (complaints.without_boundary)
-        refuse("The mail has several parts but does not say what separates them.");
-    if (complaints.truncated) refuse("The mail is cut off: its last part has no closing boundary.");
-    return MessageReader(message.get(), header_of(bytes), 0).read();
+    return MessageReader(message.get(), options.get(), header_of(bytes), 0).read();
 }
 
 ItemData read_message_file(const std::filesystem::path& file) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "desk/mail/item_json.h"
@@ -45,15 +46,29 @@ std::string_view boundary_in(std::string_view field, const std::string& low) {
     return field.substr(0, field.find('"'));
 }
 
+/// What a line ends in; nothing for the last one that is cut off.
+std::string_view ending_of(std::string_view line) {
+    if (!line.ends_with('\n')) return {};
+    return line.ends_with("\r\n") ? "\r\n" : "\n";
+}
+
 class ShapeCheck {
   public:
-    void run(std::string_view message) {
+    std::string run(std::string_view message) {
+        even_.reserve(message.size() + 2);
         while (!message.empty()) {
             const std::size_t length = std::min(message.find('\n'), message.size() - 1) + 1;
-            read_line(message.substr(0, length));
+            const std::string_view line = message.substr(0, length);
+            if (read_line(line)) {
+                const std::string_view before = ending_of(even_);
+                even_.append(line.substr(0, line.size() - ending_of(line).size())).append(before);
+            } else {
+                even_.append(line);
+            }
             message.remove_prefix(length);
         }
         end_field();
+        return std::move(even_);
     }
 
   private:
@@ -62,9 +77,14 @@ class ShapeCheck {
         bool of_messages;  ///< its parts are messages, unless they say otherwise
     };
 
-    void read_line(std::string_view line) {
-        if (line.starts_with("--") && separates(without_blank_end(line.substr(2)))) return;
-        if (!in_header_) return;
+    /// Tells whether the line separates parts.
+    bool read_line(std::string_view line) {
+        if (line.starts_with("--") && separates(without_blank_end(line.substr(2)))) return true;
+        if (in_header_) read_header_line(line);
+        return false;
+    }
+
+    void read_header_line(std::string_view line) {
         if (line == "\n" || line == "\r\n") {
             end_header();
         } else if (blanks.find(line.front()) != std::string_view::npos && !field_.empty()) {
@@ -72,6 +92,9 @@ class ShapeCheck {
         } else {
             end_field();
             field_ = line;
+            // the first type counts, and the parser would take the last one
+            if (has_type_ && lower(without_blank_end(line.substr(0, line.find(':')))) == "content-type")
+                even_ += "X-Another-";
         }
     }
 
@@ -154,6 +177,7 @@ class ShapeCheck {
         if (open_.size() > most_nested_parts) refuse("The parts of the mail are nested too deeply.");
     }
 
+    std::string even_;  ///< the message as it is handed on
     std::vector<Multipart> open_;
     std::unordered_set<std::string_view> known_;
     std::string_view field_;  ///< under way, with its folded lines
@@ -163,6 +187,6 @@ class ShapeCheck {
 
 }  // namespace
 
-void check_shape(std::string_view message) { ShapeCheck().run(message); }
+std::string checked_shape(std::string_view message) { return ShapeCheck().run(message); }
 
 }  // namespace desk::mail

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace desk::mail {
@@ -15,7 +16,9 @@ inline constexpr std::size_t most_colons = 1000;  ///< in a field of addresses, 
 inline constexpr std::size_t most_parameters = 1000;  ///< of a field that describes a part
 
 /// Goes once through the lines of a message and refuses, with one clear sentence, what is beyond these
-/// limits. A boundary that is written in the ways of RFC 2231 is not seen.
-void check_shape(std::string_view message);
+/// limits. A boundary that is written in the ways of RFC 2231 is not seen. Returns the message as the parser
+/// reads it right: with one type for each part, and with lines between the parts that end as the lines before
+/// them do, since it takes the end of the one off a part by that of the other.
+std::string checked_shape(std::string_view message);
 
 }  // namespace desk::mail
