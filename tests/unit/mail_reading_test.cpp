@@ -184,6 +184,49 @@ TEST(MailReading, NamesAttachmentsAsFilesAreNamed) {
     }
 }
 
+std::string report_of(const std::string& type, const std::string& words) {
+    return "Content-Type: multipart/report; boundary=x\n\n--x\n\nHi\n--x\nContent-Type: message/" + type +
+           "\n\nReporting-UA: x\n\n" + words + "\n--x--\n";
+}
+
+struct MailClassCase {
+    std::string mail;
+    automation::TextView message_class;
+};
+const MailClassCase mail_class_cases[] = {
+    {"Content-Type: text/plain\n\nHi\n", u"IPM.Note"},
+    {"\nHi\n", u"IPM.Note"},
+    {report_of("delivery-status", "Action: failed"), u"REPORT.IPM.Note.NDR"},
+    {report_of("delivery-status", "action: Delivered"), u"REPORT.IPM.Note.DR"},
+    {report_of("delivery-status", "Action: relayed"), u"REPORT.IPM.Note.DR"},
+    {report_of("delivery-status", "Action: delayed"), u"IPM.Note"},
+    {report_of("disposition-notification", "Disposition: manual-action/MDN-sent-manually; displayed"),
+     u"REPORT.IPM.Note.IPNRN"},
+    {report_of("disposition-notification", "Disposition: manual-action/MDN-sent-manually; deleted"),
+     u"REPORT.IPM.Note.IPNNRN"},
+    {"Content-Type: multipart/signed; protocol=\"application/pkcs7-signature\"; boundary=x\n\n--x\n\nHi\n"
+     "--x\nContent-Type: application/pkcs7-signature\n\ns\n--x--\n",
+     u"IPM.Note.SMIME.MultipartSigned"},
+    {"Content-Type: application/pkcs7-mime; smime-type=enveloped-data; name=smime.p7m\n\ne\n",
+     u"IPM.Note.SMIME"},
+    {"Content-Type: application/x-pkcs7-mime; name=smime.p7m\n\ne\n", u"IPM.Note.SMIME"},
+    {"Content-Type: multipart/alternative; boundary=x\n\n--x\n\nHi\n--x\nContent-Type: text/calendar; "
+     "method=request\n\nc\n--x--\n",
+     u"IPM.Schedule.Meeting.Request"},
+    {"Content-Type: text/calendar; method=CANCEL\n\nc\n", u"IPM.Schedule.Meeting.Canceled"},
+    {"Content-Type: text/calendar\n\nc\n", u"IPM.Note"},
+    // a calendar that is attached is a file
+    {"Content-Type: multipart/mixed; boundary=x\n\n--x\n\nHi\n--x\nContent-Type: text/calendar; "
+     "method=REQUEST\n\nc\n--x--\n",
+     u"IPM.Note"},
+};
+
+TEST(MailReading, TellsReportsSignedMailsAndMeetingsFromMails) {
+    for (const MailClassCase& each : mail_class_cases) {
+        EXPECT_EQ(read("From: a@b.example\n" + each.mail).message_class, each.message_class) << each.mail;
+    }
+}
+
 struct DeskCase {
     std::string header, type, address;
 };

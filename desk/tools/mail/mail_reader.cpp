@@ -15,6 +15,7 @@
 #include "desk/tools/mail/mail_parts.h"
 #include "desk/tools/mail/mail_shape.h"
 #include "desk/tools/mail/mail_text.h"
+#include "desk/tools/mail/message_class.h"
 
 namespace desk::mail {
 namespace {
@@ -242,6 +243,7 @@ class MessageReader {
     void read_content() {
         GMimeObject* root = g_mime_message_get_mime_part(message_);
         if (!root) return;
+        mail_.message_class = message_class_of(root);
         Content content = read_parts(root, [this](GMimeMessage* embedded) {
             if (depth_ + 1 >= nesting_limit)
                 refuse("The mail has messages inside messages, nested too deeply.");
