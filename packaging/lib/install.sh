@@ -2,7 +2,7 @@
 # Installs what is missing: Debian packages by name, and the one npm package that carries the SQLite amalgamation.
 
 build_packages=(cmake ninja-build g++ ccache pkg-config g++-mingw-w64-x86-64 g++-mingw-w64-i686 libgmime-3.0-dev
-    libxml2-dev nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev googletest libbenchmark-dev)
+    libxml2-dev nlohmann-json3-dev libcli11-dev libgtest-dev libgmock-dev googletest libbenchmark-dev python3)
 wine_packages=(wine wine64 fonts-wine xvfb openbox xdotool imagemagick)
 package_packages=(wixl msitools zip)
 package_check_packages=(osslsigncode openssl libxml2-utils)
