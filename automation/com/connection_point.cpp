@@ -6,8 +6,8 @@ namespace windows {
 namespace {
 
 /// What a sink receives the events of an interface by. A sink in another process or apartment comes as a
-/// proxy, and only a type library makes proxies of event interfaces, which an object of ours has none of. Such
-/// a sink is told by its `IDispatch`.
+/// proxy, and only a type library makes proxies of event interfaces, which an object of ours has none of.
+/// Such a sink is told by its `IDispatch`.
 ComPtr<IDispatch> receiver_of(const ComPtr<IUnknown>& sink, const IID& interface_id) {
     ComPtr<IDispatch> receiver = sink.as<IDispatch>(interface_id);
     const bool is_proxy = static_cast<bool>(sink.as<IMultiQI>(IID_IMultiQI));

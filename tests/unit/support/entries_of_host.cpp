@@ -13,7 +13,6 @@ using acceptance::create_question;
 using acceptance::no;
 using acceptance::yes;
 using automation::Object;
-using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;

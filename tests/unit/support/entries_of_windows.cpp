@@ -12,12 +12,10 @@ using acceptance::account_question;
 using acceptance::create_question;
 using acceptance::no;
 using acceptance::yes;
-using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
 using native::MemoryControl;
-using native::MemoryWindow;
 
 constexpr TextView dialog = u"Tarnwell Create Note", panel = u"Tarnwell Search Panel",
                    quick_view = u"TW Quick View";
