@@ -3,11 +3,11 @@
 namespace desk::tables {
 namespace {
 
-struct NameRow {
+struct EnumerationRow {
     automation::TextView field, name;
     std::int32_t number;
 };
-constexpr NameRow rows[] = {
+constexpr EnumerationRow enumeration_rows[] = {
     {u"Importance", u"Low", 0},
     {u"Importance", u"Normal", 1},
     {u"Importance", u"High", 2},
@@ -29,7 +29,7 @@ constexpr NameRow rows[] = {
 }  // namespace
 
 std::optional<std::int32_t> number_of_name(automation::TextView field, automation::TextView name) {
-    for (const NameRow& row : rows) {
+    for (const EnumerationRow& row : enumeration_rows) {
         if (automation::same_ignoring_case(row.field, field) &&
             automation::same_ignoring_case(row.name, name)) {
             return row.number;

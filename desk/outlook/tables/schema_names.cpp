@@ -5,7 +5,7 @@
 namespace desk::tables {
 namespace {
 
-constexpr SchemaNameRow rows[] = {
+constexpr SchemaNameRow schema_rows[] = {
     {u"DAV:creationdate", u"CreationTime"},
     {u"DAV:getlastmodified", u"LastModificationTime"},
 
@@ -116,13 +116,13 @@ constexpr SchemaNameRow rows[] = {
     {u"urn:schemas:mailheader:subject", u"Subject"},
     {u"urn:schemas:mailheader:thread-topic", u"ConversationTopic"},
 };
-static_assert(std::ranges::is_sorted(rows, {}, &SchemaNameRow::address));
+static_assert(std::ranges::is_sorted(schema_rows, {}, &SchemaNameRow::address));
 
 }  // namespace
 
 const SchemaNameRow* find_schema_name(automation::TextView address) {
-    const auto* const row = std::ranges::lower_bound(rows, address, {}, &SchemaNameRow::address);
-    return row != std::end(rows) && row->address == address ? row : nullptr;
+    const auto* const row = std::ranges::lower_bound(schema_rows, address, {}, &SchemaNameRow::address);
+    return row != std::end(schema_rows) && row->address == address ? row : nullptr;
 }
 
 }  // namespace desk::tables
