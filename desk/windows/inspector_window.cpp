@@ -19,7 +19,7 @@ using automation::Value;
 
 namespace {
 
-constexpr int attach_id = 97, attachments_id = 98, head_id = 99, first_field_id = 100;  // menus begin at 800
+constexpr int head_id = 99, first_field_id = 100;  // menus begin at 800
 // pixels
 constexpr int head_height = 104, margin = 6, line_height = 22, title_width = 60, title_drop = 4;
 constexpr int long_title_width = 110, least_text_height = 60;
@@ -33,6 +33,11 @@ Text head_of(Item& item) {
         const Text text = value->to_text();
         if (!text.empty()) head += u"\r\n" + Text(line.title) + u":  " + text;
     }
+    Text attached;
+    for (const AttachmentData& attachment : item.whole().attachments) {
+        attached += (attached.empty() ? u"" : u"; ") + attachment.display_name;
+    }
+    if (!attached.empty()) head += u"\r\nAttached:  " + attached;
     return head;
 }
 
@@ -68,7 +73,6 @@ InspectorWindow::InspectorWindow(FrameContext& context, std::shared_ptr<Inspecto
     } else {
         head_ = add_control(WC_EDITW, several_lines | ES_READONLY, WS_EX_CLIENTEDGE, head_id);
     }
-    if (!item.kind().is_note) add_attachments();
     fields_.push_back({nullptr,
                        add_control(WC_EDITW, several_lines | (form ? 0 : ES_READONLY), WS_EX_CLIENTEDGE,
                                    first_field_id + static_cast<int>(fields_.size())),
@@ -76,16 +80,6 @@ InspectorWindow::InspectorWindow(FrameContext& context, std::shared_ptr<Inspecto
                        {},
                        0});
     open();
-}
-
-bool InspectorWindow::is_written() const { return form_for(*inspector_->item()) != nullptr; }
-
-void InspectorWindow::add_attachments() {
-    const HWND title = is_written() ? add_control(WC_BUTTONW, WS_TABSTOP, 0, attach_id, L"A&ttach...")
-                                    : add_control(WC_STATICW, SS_RIGHT | SS_CENTERIMAGE, 0, 0, L"Attached:");
-    attachments_.emplace(
-        title, add_control(WC_LISTVIEWW, AttachmentRow::list_style(), WS_EX_CLIENTEDGE, attachments_id),
-        context().faces);
 }
 
 void InspectorWindow::add_menus(HMENU menu) {
@@ -128,26 +122,9 @@ void InspectorWindow::show_contents() {
     if (head_) SetWindowTextW(head_, windows::wide(head_of(item)));
     for (Field& field : fields_) show_field(field);
     showing_ = false;
-    if (attachments_ && attachments_->show(item.whole().attachments)) {
-        RECT client{};
-        GetClientRect(handle(), &client);
-        SendMessageW(handle(), WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
-    }
 }
 
 RowId InspectorWindow::shown_folder() const { return inspector_->item()->folder(); }
-
-/// Answers how much it takes.
-int InspectorWindow::place_attachments(int top, int title, int width) const {
-    if (!attachments_) return 0;
-    if (!is_written() && attachments_->is_empty()) {
-        attachments_->hide();
-        return 0;
-    }
-    const int list_width = width - title - margin;
-    attachments_->place(margin, top, title, margin + title + margin, list_width);
-    return attachments_->height(list_width) + margin;
-}
 
 void InspectorWindow::lay_out(int top, int width, int height) {
     const int inner = width - 2 * margin;
@@ -163,7 +140,6 @@ void InspectorWindow::lay_out(int top, int width, int height) {
     for (const Field& field : fields_) {
         if (!field.title) {
             if (column != 0) top += line_height + margin;
-            top += place_attachments(top, title, inner);
             const int text_height = std::max(height - top - margin, least_text_height);
             MoveWindow(field.edit, margin, top, inner, text_height, TRUE);
             continue;
@@ -190,7 +166,6 @@ bool InspectorWindow::on_key(int key) {
         return true;
     }
     const HWND focus = GetFocus();
-    if (attachments_ && focus == attachments_->list() && on_attachment_key(key)) return true;
     if (key == VK_ESCAPE) {
         PostMessageW(handle(), WM_CLOSE, 0, 0);
     } else if (key == VK_TAB && !is_held(VK_CONTROL) && !is_held(VK_MENU)) {
@@ -215,55 +190,7 @@ void InspectorWindow::move_focus(HWND from, bool back) {
 
 void InspectorWindow::on_own_command(int command, int code) {
     if (const std::optional<std::int32_t> button = button_of_command(command)) return press_button(*button);
-    if (command == attach_id && code == BN_CLICKED) {
-        context().desk.surroundings().post(
-            [item = inspector_->item(), owner = handle()] { attach_files(item, owner); });
-        return;
-    }
     on_field(command - first_field_id, code);
-}
-
-void InspectorWindow::with_attachment(std::function<void(const AttachmentPlace&)> deed) {
-    const int selected = attachments_->selected();
-    if (selected < 0) return;
-    const AttachmentPlace attachment{inspector_->item(), static_cast<std::size_t>(selected)};
-    context().desk.surroundings().post([attachment, deed = std::move(deed)] { deed(attachment); });
-}
-
-void InspectorWindow::open_selected() {
-    with_attachment(
-        [&files = context().opened](const AttachmentPlace& chosen) { open_attachment(chosen, files); });
-}
-
-bool InspectorWindow::on_attachment_key(int key) {
-    if (key == VK_RETURN) {
-        open_selected();
-        return true;
-    }
-    if (key != VK_DELETE || !is_written()) return false;
-    with_attachment(remove_attachment);
-    return true;
-}
-
-LRESULT InspectorWindow::on_notify(NMHDR& notice) {
-    const bool is_opened =
-        attachments_ && notice.hwndFrom == attachments_->list() && notice.code == NM_DBLCLK;
-    if (is_opened) open_selected();
-    return HostFrame::on_notify(notice);
-}
-
-void InspectorWindow::on_context_menu(HWND control, POINT place) {
-    if (!attachments_ || control != attachments_->list() || attachments_->selected() < 0) return;
-    if (place.x == -1 && place.y == -1) {  // the keyboard's menu
-        RECT box{};
-        ListView_GetItemRect(control, attachments_->selected(), &box, LVIR_LABEL);
-        place = {box.left, box.bottom};
-        ClientToScreen(control, &place);
-    }
-    with_attachment([owner = handle(), place, can_change = is_written(),
-                     &files = context().opened](const AttachmentPlace& chosen) {
-        choose_for_attachment(chosen, owner, place, can_change, files);
-    });
 }
 
 void InspectorWindow::on_field(int place, int code) {
