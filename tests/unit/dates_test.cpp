@@ -11,7 +11,7 @@ using desk::DateManners;
 const automation::Date now = automation::to_date({2026, 3, 4, 9, 15, 0});
 
 /// A text that is read as "2026-03-03 15:30:00"; "-" if it is none.
-std::string read(const Text& text, const DateManners& manners) {
+std::string read_date(const Text& text, const DateManners& manners) {
     const auto date = desk::read_date(text, manners, now);
     return date ? automation::to_utf8(automation::to_text(*date)) : "-";
 }
@@ -120,13 +120,13 @@ const DateCase with_the_year_first[] = {
 
 TEST(Dates, AreReadInTheUsersManner) {
     for (const DateCase& one : american) {
-        EXPECT_EQ(read(one.text, DateManners()), one.date) << automation::to_utf8(one.text);
+        EXPECT_EQ(read_date(one.text, DateManners()), one.date) << automation::to_utf8(one.text);
     }
     for (const DateCase& one : in_german) {
-        EXPECT_EQ(read(one.text, german()), one.date) << automation::to_utf8(one.text);
+        EXPECT_EQ(read_date(one.text, german()), one.date) << automation::to_utf8(one.text);
     }
     for (const DateCase& one : with_the_year_first) {
-        EXPECT_EQ(read(one.text, year_first()), one.date) << automation::to_utf8(one.text);
+        EXPECT_EQ(read_date(one.text, year_first()), one.date) << automation::to_utf8(one.text);
     }
 }
 
