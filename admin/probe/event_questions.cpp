@@ -81,33 +81,49 @@ class Heard {
     std::vector<std::unique_ptr<automation::Sink>> sinks_;
 };
 
-/// What a folder tells of something that is done with a saved post of it.
+/// A folder's items that are listened to, and a saved post among them.
+struct PostHeard {
+    explicit PostHeard(Probed& probed)
+        : post(probed.post()), items(Folder(post.get(u"Parent").to_object()).Items()), heard(probed) {
+        probed.turn();  // what was told of the post's own coming
+        heard.listen(host::events::items, items);
+    }
+    Item post;
+    Object items;
+    Heard heard;
+};
+
+/// What a folder tells of something that is done with a saved post of it, and when.
 std::string of_post(Probed& probed, const std::function<void(const Item&)>& act) {
-    const Item post = probed.post();
-    const Object items = Folder(post.get(u"Parent").to_object()).Items();
-    Heard heard(probed);
-    probed.turn();  // what was told of the post's own coming
-    return heard.listen(host::events::items, items).when([&] { act(post); });
+    PostHeard it(probed);
+    return it.heard.when([&] { act(it.post); });
+}
+
+/// The same without the time: what the host tells of when it comes to it may reach another process at any
+/// moment.
+std::string names_of_post(Probed& probed, const std::function<void(const Item&)>& act) {
+    PostHeard it(probed);
+    return it.heard.order(1, [&] { act(it.post); });
 }
 
 constexpr std::int32_t discard_changes = 1;  // OlInspectorClose
 
 constexpr ProbeQuestion event_rows[] = {
-    {"A folder tells of a new post that is saved", "ItemAdd later", source::believed,
+    {"A folder tells of a new post that is saved", "ItemAdd", source::believed,
      [](Probed& probed) {
          const Folder folder = probed.posts();
          const Object items = folder.Items();
          Heard heard(probed);
-         return heard.listen(host::events::items, items).when([&] {
+         return heard.listen(host::events::items, items).order(1, [&] {
              folder.Items().Add(u"IPM.Post").Save();
          });
      }},
-    {"A folder tells of a new post that is posted", "ItemAdd later", source::believed,
+    {"A folder tells of a new post that is posted", "ItemAdd", source::believed,
      [](Probed& probed) {
          const Folder folder = probed.posts();
          const Object items = folder.Items();
          Heard heard(probed);
-         return heard.listen(host::events::items, items).when([&] {
+         return heard.listen(host::events::items, items).order(1, [&] {
              folder.Items().Add(u"IPM.Post").Post();
          });
      }},
@@ -130,20 +146,20 @@ constexpr ProbeQuestion event_rows[] = {
      }},
     {"A folder tells of a post that is saved without a change", "nothing", source::believed,
      [](Probed& probed) { return of_post(probed, [](const Item& post) { post.Save(); }); }},
-    {"A folder tells of the copy of a post", "ItemAdd later", source::believed,
-     [](Probed& probed) { return of_post(probed, [](const Item& post) { post.Copy(); }); }},
-    {"A folder tells of a post that moves away", "ItemRemove later", source::believed,
+    {"A folder tells of the copy of a post", "ItemAdd", source::believed,
+     [](Probed& probed) { return names_of_post(probed, [](const Item& post) { post.Copy(); }); }},
+    {"A folder tells of a post that moves away", "ItemRemove", source::believed,
      [](Probed& probed) {
          const Folder other = probed.posts();
-         return of_post(probed, [&](const Item& post) { post.Move(other); });
+         return names_of_post(probed, [&](const Item& post) { post.Move(other); });
      }},
-    {"A folder tells of a post that moves in", "ItemAdd later", source::believed,
+    {"A folder tells of a post that moves in", "ItemAdd", source::believed,
      [](Probed& probed) {
          const Item post = probed.post();
          const Folder other = probed.posts();
          const Object items = other.Items();
          Heard heard(probed);
-         return heard.listen(host::events::items, items).when([&] { post.Move(other); });
+         return heard.listen(host::events::items, items).order(1, [&] { post.Move(other); });
      }},
     {"ItemAdd brings the item that was saved", "yes", "Items.ItemAdd event",
      [](Probed& probed) {
@@ -155,7 +171,7 @@ constexpr ProbeQuestion event_rows[] = {
              if (!arguments.empty()) brought = Item(arguments[0].to_object()).EntryID();
          });
          const Item post = folder.Items().Add(u"IPM.Post");
-         heard.when([&] { post.Save(); });
+         heard.order(1, [&] { post.Save(); });
          return yes_or_no(brought == post.EntryID());
      }},
     {"A post that is saved again while its folder tells of the change", "ItemChange, ItemChange",

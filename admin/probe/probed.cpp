@@ -14,8 +14,8 @@ namespace default_folder = host::outlook::default_folder;
 namespace {
 
 constexpr TextView name_of_root = u"Tarnwell probe";
-constexpr std::int32_t contacts_folder = 10;  // OlDefaultFolders
-constexpr int longest_wait = 100;             // turns: some two seconds
+constexpr std::int32_t contacts_folder = 10;   // OlDefaultFolders
+constexpr int turns = 15, longest_wait = 100;  // of some 20 milliseconds each
 
 /// Removes the folder of a name, whose removal may move it first.
 void remove_named(const Folder& parent, TextView name) {
@@ -49,7 +49,7 @@ Probed::~Probed() {
 }
 
 void Probed::turn() const {
-    for (int i = 0; i < 5; ++i) machine_.let_events_come();
+    for (int i = 0; i < turns; ++i) machine_.let_events_come();
 }
 
 void Probed::wait_until(const std::function<bool()>& condition) const {
