@@ -69,7 +69,7 @@ JS
         if [[ -f $work/end ]]; then
             for process in /proc/[0-9]*; do
                 [[ $(readlink "$process/exe") == "$reader" ]] 2>/dev/null || continue
-                tr '\0' '\n' <"$process/cmdline" 2>/dev/null | grep -qF "$work" && kill -KILL "${process##*/}"
+                tr '\0' '\n' <"$process/cmdline" 2>/dev/null | grep -F "$work" >/dev/null && kill -KILL "${process##*/}"
             done
             touch "$work/ended"
             break

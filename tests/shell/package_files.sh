@@ -25,13 +25,13 @@ for kind in x64 x86; do
     (cd "$work/$kind" && msiextract "$installer" >/dev/null)
     diff -r "$work/$kind/Programs/Tarnwell" "$work/second/$kind" || wrong "installer and zip hold other files"
     [[ $(property "$kind" ProductVersion) == "$version" ]] || wrong "the installer is of version $(property "$kind" ProductVersion)"
-    msiinfo suminfo "$installer" | grep -q '^Source: 10 ' || wrong "the installer asks for an administrator"
+    msiinfo suminfo "$installer" | grep '^Source: 10 ' >/dev/null || wrong "the installer asks for an administrator"
     [[ -z $(property "$kind" ALLUSERS) ]] || wrong "the installer installs for everybody"
 done
 [[ $(property x64 ProductCode) != "$(property x86 ProductCode)" ]] || wrong "two packages have one id"
 [[ $(property x64 UpgradeCode) == "$(property x86 UpgradeCode)" ]] || wrong "one kind does not replace the other"
-x86_64-w64-mingw32-objdump -f "$work/second/x64/TarnwellNote.dll" | grep -q pei-x86-64 || wrong "the DLL for x64 is another one"
-i686-w64-mingw32-objdump -f "$work/second/x86/TarnwellNote.dll" | grep -q pei-i386 || wrong "the DLL for x86 is another one"
+x86_64-w64-mingw32-objdump -f "$work/second/x64/TarnwellNote.dll" | grep pei-x86-64 >/dev/null || wrong "the DLL for x64 is another one"
+i686-w64-mingw32-objdump -f "$work/second/x86/TarnwellNote.dll" | grep pei-i386 >/dev/null || wrong "the DLL for x86 is another one"
 while read -r told; do
     [[ $told == "$version" ]] || wrong "docs/ tells of version $told"
 done < <(grep -ohE 'TarnwellNote-[0-9.]+[0-9]' docs/*.md | sed 's/^TarnwellNote-//')

@@ -70,7 +70,7 @@ msi() {
 refused() {
     msi 67 /i "$(package "$1")" # 1603, of which a shell sees the lower half
     [[ $(grep '^Action start' <<<"$log" | tail -n 1) == *LaunchConditions* ]] || wrong "$1 was refused elsewhere: $log"
-    msiinfo export "$packages/TarnwellNote-$1.msi" LaunchCondition | grep -qF "$2" || wrong "$1 does not say '$2'"
+    msiinfo export "$packages/TarnwellNote-$1.msi" LaunchCondition | grep -F "$2" >/dev/null || wrong "$1 does not say '$2'"
 }
 has() { [[ -f $target/$1 ]] || wrong "$1 is not there: $(find "${target%/*}")"; }
 
