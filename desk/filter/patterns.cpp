@@ -64,7 +64,7 @@ std::vector<automation::Text> words_of(automation::TextView text) {
 
 bool has_phrase(automation::TextView text, const std::vector<automation::Text>& words) {
     const std::vector<automation::Text> here = words_of(text);
-    return !words.empty() && !std::ranges::search(here, words).empty();
+    return !words.empty() && std::search(here.begin(), here.end(), words.begin(), words.end()) != here.end();
 }
 
 bool has_starts(automation::TextView text, const std::vector<automation::Text>& words) {
