@@ -183,7 +183,8 @@ class Reader {
     }
 
     bool set(int year, int month, int day) {
-        constexpr int first_year = 100;
+        constexpr int first_year = 100, most_months = 12, most_days = 31;
+        if (month > most_months || day > most_days) return false;  // which the calendar's types would cut off
         const std::chrono::year_month_day whole{std::chrono::year{year},
                                                 std::chrono::month{static_cast<unsigned>(month)},
                                                 std::chrono::day{static_cast<unsigned>(day)}};

@@ -6,8 +6,9 @@
 
 namespace desk {
 
-/// Bears no data of its own: as with items of the host, whoever takes the drop looks at the selection.
-class Dragged final : public windows::ComObject<IDataObject> {
+/// Bears no data of its own: as with items of the host, whoever takes the drop looks at the selection. What
+/// bears some is derived from it.
+class Dragged : public windows::ComObject<IDataObject> {
   public:
     static windows::ComPtr<IDataObject> create(windows::Module& module) {
         return windows::ComPtr<IDataObject>::attach(new Dragged(module));
@@ -29,8 +30,10 @@ class Dragged final : public windows::ComObject<IDataObject> {
         return OLE_E_ADVISENOTSUPPORTED;
     }
 
-  private:
+  protected:
     explicit Dragged(windows::Module& module) : ComObject(module) {}
+
+  private:
     void* query(REFIID iid) noexcept override {
         return iid == IID_IUnknown || iid == IID_IDataObject ? static_cast<IDataObject*>(this) : nullptr;
     }

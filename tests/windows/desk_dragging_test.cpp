@@ -102,7 +102,7 @@ TEST_F(DeskDragging, GoesOntoAListOfAnotherWindow) {
 }
 
 /// Files as a file manager drags them.
-class DraggedFiles final : public windows::ComObject<IDataObject> {
+class DraggedFiles final : public desk::Dragged {
   public:
     static windows::ComPtr<IDataObject> create(windows::Module& module, const std::vector<Text>& paths) {
         return windows::ComPtr<IDataObject>::attach(new DraggedFiles(module, paths));
@@ -124,27 +124,11 @@ class DraggedFiles final : public windows::ComObject<IDataObject> {
     HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) noexcept override {
         return format->cfFormat == CF_HDROP ? S_OK : DV_E_FORMATETC;
     }
-    HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC*, STGMEDIUM*) noexcept override { return DV_E_FORMATETC; }
-    HRESULT STDMETHODCALLTYPE GetCanonicalFormatEtc(FORMATETC*, FORMATETC*) noexcept override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE SetData(FORMATETC*, STGMEDIUM*, BOOL) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE EnumFormatEtc(DWORD, IEnumFORMATETC**) noexcept override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC*, DWORD, IAdviseSink*, DWORD*) noexcept override {
-        return OLE_E_ADVISENOTSUPPORTED;
-    }
-    HRESULT STDMETHODCALLTYPE DUnadvise(DWORD) noexcept override { return OLE_E_ADVISENOTSUPPORTED; }
-    HRESULT STDMETHODCALLTYPE EnumDAdvise(IEnumSTATDATA**) noexcept override {
-        return OLE_E_ADVISENOTSUPPORTED;
-    }
 
   private:
-    DraggedFiles(windows::Module& module, const std::vector<Text>& paths) : ComObject(module) {
+    DraggedFiles(windows::Module& module, const std::vector<Text>& paths) : Dragged(module) {
         for (const Text& path : paths) paths_ += path + u'\0';
         paths_ += u'\0';
-    }
-    void* query(REFIID iid) noexcept override {
-        return iid == IID_IUnknown || iid == IID_IDataObject ? static_cast<IDataObject*>(this) : nullptr;
     }
 
     Text paths_;  ///< each with its end, and an end more

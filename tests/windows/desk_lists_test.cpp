@@ -32,6 +32,18 @@ class DeskListsTest : public DeskWindowsTest {
         mail.fields[u"UnRead"] = Value(plan.unread);
         add(inbox, mail);
     }
+    /// So many mails of the Inbox, whose subjects bear their numbers after a beginning.
+    void add_mails(int count, const Text& beginning) const {
+        const desk::RowId place = desk.default_folder(inbox);
+        desk::Store::Transaction together(desk.store());
+        for (int i = 0; i < count; ++i) {
+            desk::ItemData mail;
+            mail.message_class = u"IPM.Note";
+            mail.fields[u"Subject"] = Value(beginning + automation::to_text(static_cast<long long>(i)));
+            desk.item_added(place, desk.store().add_item(place, mail));
+        }
+        together.keep();
+    }
     void show(std::int32_t number) {
         desk.explorers()->open.front()->show_folder(desk.default_folder(number));
         run_messages();
@@ -206,17 +218,7 @@ TEST_F(DeskListsTest, TakeTheKeysOfAList) {
 
 TEST_F(DeskListsTest, SortLargeFoldersAnewWhenTheyAreAskedTo) {
     constexpr int many = 2001;
-    {
-        desk::Store::Transaction together(desk.store());
-        for (int i = 0; i < many; ++i) {
-            desk::ItemData mail;
-            mail.message_class = u"IPM.Note";
-            mail.fields[u"Subject"] = Value(u"B" + automation::to_text(static_cast<long long>(i)));
-            const desk::RowId place = desk.default_folder(inbox);
-            desk.item_added(place, desk.store().add_item(place, mail));
-        }
-        together.keep();
-    }
+    add_mails(many, u"B");
     show(inbox);
     click_heading(1);
     const Object last = folder(inbox).get(u"Items").to_object().call(u"Item", {many}).to_object();
@@ -255,17 +257,7 @@ class AskedLines {
 
 TEST_F(DeskListsTest, AskForTheLinesThatAreSeenAloneHoweverManyThereAre) {
     constexpr int many = 10'000;
-    {
-        desk::Store::Transaction together(desk.store());
-        for (int i = 0; i < many; ++i) {
-            desk::ItemData mail;
-            mail.message_class = u"IPM.Note";
-            mail.fields[u"Subject"] = Value(u"Mail " + automation::to_text(static_cast<long long>(i)));
-            const desk::RowId place = desk.default_folder(inbox);
-            desk.item_added(place, desk.store().add_item(place, mail));
-        }
-        together.keep();
-    }
+    add_mails(many, u"Mail ");
     AskedLines asked(explorer_window());
     const auto page = static_cast<std::size_t>(ListView_GetCountPerPage(list())) + 2;
     const auto expect_few = [&](const char* what) {

@@ -133,6 +133,8 @@ std::string from_uuencode(std::string_view raw) {
     return bytes;
 }
 
+}  // namespace
+
 std::string content_of(GMimeObject* object) {
     GMimeDataWrapper* content = g_mime_part_get_content(reinterpret_cast<GMimePart*>(object));
     if (!content) return {};
@@ -143,6 +145,8 @@ std::string content_of(GMimeObject* object) {
     g_mime_data_wrapper_write_to_stream(content, memory.get());
     return bytes_of(memory.get());
 }
+
+namespace {
 
 std::string file_name_parameter(GMimeObject* object) {
     return to_string(g_mime_part_get_filename(reinterpret_cast<GMimePart*>(object)));

@@ -4,6 +4,7 @@
 #include <gmime/gmime.h>
 
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "desk/store/item_data.h"
@@ -18,6 +19,9 @@ struct Content {
 
 /// Makes an item of a message inside a mail.
 using ReadEmbedded = std::function<ItemData(GMimeMessage*)>;
+
+/// The decoded bytes of a single part; of one that is cut off, what is there.
+std::string content_of(GMimeObject* part);
 
 /// The content of a MIME part with everything below it; of one that is cut off, what is there.
 Content read_parts(GMimeObject* root, const ReadEmbedded& read_embedded);

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "desk/tools/mail/gmime_ownership.h"
+#include "desk/tools/mail/mail_parts.h"
 
 namespace desk::mail {
 namespace {
@@ -51,12 +52,7 @@ bool has_type(GMimeObject* part, const char* type, const char* subtype) {
 /// The text of a part in lower case.
 std::string low_text_of(GMimeObject* part) {
     if (!g_type_check_instance_is_a(&part->parent_object.g_type_instance, GMIME_TYPE_PART)) return {};
-    GMimeDataWrapper* content = g_mime_part_get_content(reinterpret_cast<GMimePart*>(part));
-    if (!content) return {};
-    ObjectOf<GMimeStream> memory(g_mime_stream_mem_new());
-    g_mime_data_wrapper_write_to_stream(content, memory.get());
-    GByteArray* bytes = g_mime_stream_mem_get_byte_array(reinterpret_cast<GMimeStreamMem*>(memory.get()));
-    std::string text(reinterpret_cast<const char*>(bytes->data), bytes->len);
+    std::string text = content_of(part);
     std::ranges::transform(text, text.begin(), g_ascii_tolower);
     return text;
 }
