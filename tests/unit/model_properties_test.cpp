@@ -104,6 +104,17 @@ TEST_F(UserPropertiesOfItems, AreKnownToFiltersIfTheFolderKnowsThem) {
     EXPECT_EQ(restricted(inbox().Items(), filter).Count(), 1);
 }
 
+TEST_F(UserPropertiesOfItems, HaveSchemaNamesThatMayEndInSomethingLikeAType) {
+    const Item mail = add_mail(u"x");
+    mail.UserProperties().Add(u"Plan/12345678", text_type, false).value(u"v");
+    mail.Save();
+    const Text named =
+        u"@SQL=\"http://schemas.microsoft.com/mapi/string/{00020329-0000-0000-C000-000000000046}/"
+        u"Plan/12345678";
+    EXPECT_EQ(restricted(inbox().Items(), named + u"\" = 'v'").Count(), 1);
+    EXPECT_EQ(restricted(inbox().Items(), named + u"/0000001f\" = 'v'").Count(), 1);
+}
+
 // fields that follow each other
 
 class Contacts : public ModelTest {};
@@ -288,6 +299,16 @@ TEST_F(Mails, WriteSchemaProperties) {
     accessor.call(u"SetProperty", {Value(named), u"North Mill"});
     EXPECT_EQ(world.property(mail, u"Account Name"), u"North Mill");
     EXPECT_EQ(accessor.call(u"GetProperty", {Value(named)}), Value(u"North Mill"));
+}
+
+TEST_F(Mails, AreNotFilteredByBytes) {
+    for (const TextView type : {u"0102", u"001F"}) {
+        const Text filter =
+            u"@SQL=\"http://schemas.microsoft.com/mapi/proptag/0x0037" + Text(type) + u"\" = 'x'";
+        const bool refused = failure_of([&] { inbox().Items().call(u"Restrict", {Value(filter)}); }) ==
+                             result::invalid_argument;
+        EXPECT_EQ(refused, type == u"0102") << shown(type);
+    }
 }
 
 TEST_F(Mails, AreAnsweredAndForwarded) {

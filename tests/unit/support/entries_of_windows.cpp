@@ -25,7 +25,7 @@ const std::vector<std::string> mark{"FlagStatus", "FlagRequest", "BillingInforma
 
 /// What is done with a control, if it is there.
 using Use = std::function<void(MemoryControl&)>;
-Deed use(TextView window, TextView name, Use what) {
+Deed use(TextView window, TextView name, const Use& what) {
     return [=](Scene& scene) {
         if (MemoryControl* const control = scene.control(window, name)) what(*control);
         scene.world.settle();
