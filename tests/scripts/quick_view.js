@@ -31,6 +31,7 @@ waitUntil("it comes up", isShown);
 same("its contact", control("Contactname").Text, contact.FullName);
 same("its company", control("CompanyName").Text, contact.CompanyName);
 same("it stays on top", view().Topmost, true);
+waitUntil("the program that reminds has started", function() { return desk.Programs.Count > 0; });
 same("the program that reminds", desk.Programs.Item(desk.Programs.Count).CommandLine,
      "TarnwellUtility.exe Alerts;;AccountID;" + contact.UserProperties("AccountID").Value);
 same("nothing is listed yet", control("lstItems").Count, 0);

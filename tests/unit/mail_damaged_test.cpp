@@ -73,6 +73,8 @@ const PeopleCase people_cases[] = {
      "Lee, Ann <ann@one.example>, bob@one.example <bob@one.example>"},
     {"Ann\n Lee ann@one.example", "Ann Lee <ann@one.example>"},
     {"=?utf-8?Q?J=C3=BCrgen?= j@one.example", "Jürgen <j@one.example>"},
+    {"ann@one.example bob@two.example",
+     "ann@one.example <ann@one.example>, bob@two.example <bob@two.example>"},
     {"Ann Lee", "Ann Lee <>"},
     {"Bob <bob@one.example>, Ann Lee, dora@one.example",
      "Bob <bob@one.example>, Ann Lee <>, dora@one.example <dora@one.example>"},
