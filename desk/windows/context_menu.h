@@ -1,4 +1,4 @@
-// The menu that a right click on the items opens: the host's own entries, and those of a command bar.
+// The menu that a right click opens: the host's own entries, and those of a command bar.
 #pragma once
 
 #include <functional>
@@ -16,8 +16,10 @@ struct OwnEntries {
     std::function<void(int)> run;
 };
 
-/// Opens the menu and comes back when it is closed. What was chosen is answered, to be run when all that
-/// belongs to the menu has ended; nothing if it was closed without a choice.
-std::function<void()> choose_from_menu(HWND owner, POINT place, const OwnEntries& own, const CommandBar& bar);
+/// Opens the menu, with what stands on a bar if there is one, and comes back when it is closed. What was
+/// chosen is answered, to be run when all that belongs to the menu has ended; nothing if it was closed
+/// without a choice.
+std::function<void()> choose_from_menu(HWND owner, POINT place, const OwnEntries& own,
+                                       const CommandBar* bar = nullptr);
 
 }  // namespace desk

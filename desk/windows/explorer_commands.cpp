@@ -36,7 +36,7 @@ void open_context_menu(const std::shared_ptr<Explorer>& explorer, HWND owner, PO
                              if (IsWindow(owner))
                                  SendMessageW(owner, WM_COMMAND, static_cast<WPARAM>(command), 0);
                          }};
-    if (const std::function<void()> chosen = choose_from_menu(owner, place, own, *bar)) chosen();
+    if (const std::function<void()> chosen = choose_from_menu(owner, place, own, bar.get())) chosen();
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "desk/outlook/host_window.h"
+#include "desk/windows/attachment_actions.h"
 #include "desk/windows/bar_strip.h"
 #include "desk/windows/explorer_layout.h"
 #include "desk/windows/item_drag.h"
@@ -19,6 +20,7 @@ struct FrameContext {
     Faces faces;
     Dragging dragging;
     ExplorerLayout layout;
+    OpenedFiles opened{};    ///< what attachments were written to
     bool following = false;  ///< the windows are brought in line with the model: no person has done it
 };
 

@@ -19,7 +19,7 @@ using automation::Value;
 
 namespace {
 
-constexpr int head_id = 99, first_field_id = 100;  // menus begin at 800
+constexpr int attach_id = 97, attachments_id = 98, head_id = 99, first_field_id = 100;  // menus begin at 800
 // pixels
 constexpr int head_height = 104, margin = 6, line_height = 22, title_width = 60, title_drop = 4;
 constexpr int long_title_width = 110, least_text_height = 60;
@@ -33,11 +33,6 @@ Text head_of(Item& item) {
         const Text text = value->to_text();
         if (!text.empty()) head += u"\r\n" + Text(line.title) + u":  " + text;
     }
-    Text attached;
-    for (const AttachmentData& attachment : item.whole().attachments) {
-        attached += (attached.empty() ? u"" : u"; ") + attachment.display_name;
-    }
-    if (!attached.empty()) head += u"\r\nAttached:  " + attached;
     return head;
 }
 
@@ -79,7 +74,18 @@ InspectorWindow::InspectorWindow(FrameContext& context, std::shared_ptr<Inspecto
                        u"Body",
                        {},
                        0});
+    if (!item.kind().is_note) add_attachments();  // the keyboard goes from the subject into the text
     open();
+}
+
+bool InspectorWindow::is_written() const { return form_for(*inspector_->item()) != nullptr; }
+
+void InspectorWindow::add_attachments() {
+    const HWND title = is_written() ? add_control(WC_BUTTONW, WS_TABSTOP, 0, attach_id, L"A&ttach...")
+                                    : add_control(WC_STATICW, SS_RIGHT | SS_CENTERIMAGE, 0, 0, L"Attached:");
+    attachments_.emplace(
+        title, add_control(WC_LISTVIEWW, AttachmentRow::list_style(), WS_EX_CLIENTEDGE, attachments_id),
+        context().faces);
 }
 
 void InspectorWindow::add_menus(HMENU menu) {
@@ -122,9 +128,22 @@ void InspectorWindow::show_contents() {
     if (head_) SetWindowTextW(head_, windows::wide(head_of(item)));
     for (Field& field : fields_) show_field(field);
     showing_ = false;
+    if (attachments_ && attachments_->show(item.whole().attachments)) lay_out_again();
 }
 
 RowId InspectorWindow::shown_folder() const { return inspector_->item()->folder(); }
+
+/// Answers how much it takes.
+int InspectorWindow::place_attachments(int top, int title, int width) const {
+    if (!attachments_) return 0;
+    if (!is_written() && attachments_->is_empty()) {
+        attachments_->hide();
+        return 0;
+    }
+    const int list_width = width - title - margin;
+    attachments_->place(margin, top, title, margin + title + margin, list_width);
+    return attachments_->height(list_width) + margin;
+}
 
 void InspectorWindow::lay_out(int top, int width, int height) {
     const int inner = width - 2 * margin;
@@ -140,6 +159,7 @@ void InspectorWindow::lay_out(int top, int width, int height) {
     for (const Field& field : fields_) {
         if (!field.title) {
             if (column != 0) top += line_height + margin;
+            top += place_attachments(top, title, inner);
             const int text_height = std::max(height - top - margin, least_text_height);
             MoveWindow(field.edit, margin, top, inner, text_height, TRUE);
             continue;
@@ -166,6 +186,7 @@ bool InspectorWindow::on_key(int key) {
         return true;
     }
     const HWND focus = GetFocus();
+    if (attachments_ && on_attachment_key(key)) return true;
     if (key == VK_ESCAPE) {
         PostMessageW(handle(), WM_CLOSE, 0, 0);
     } else if (key == VK_TAB && !is_held(VK_CONTROL) && !is_held(VK_MENU)) {
@@ -190,7 +211,64 @@ void InspectorWindow::move_focus(HWND from, bool back) {
 
 void InspectorWindow::on_own_command(int command, int code) {
     if (const std::optional<std::int32_t> button = button_of_command(command)) return press_button(*button);
+    if (command == attach_id) return code == BN_CLICKED ? ask_for_files() : void();
     on_field(command - first_field_id, code);
+}
+
+void InspectorWindow::ask_for_files() {
+    context().desk.surroundings().post([item = inspector_->item(), owner = handle()] {
+        if (IsWindow(owner)) attach_chosen_files(item, owner);
+    });
+}
+
+void InspectorWindow::with_attachment(std::function<void(const AttachmentPlace&)> deed) {
+    const int selected = attachments_->selected();
+    if (selected < 0) return;
+    const AttachmentPlace attachment{inspector_->item(), static_cast<std::size_t>(selected)};
+    context().desk.surroundings().post([attachment, owner = handle(), deed = std::move(deed)] {
+        if (IsWindow(owner)) deed(attachment);
+    });
+}
+
+void InspectorWindow::open_selected() {
+    with_attachment(
+        [&files = context().opened](const AttachmentPlace& chosen) { open_attachment(chosen, files); });
+}
+
+bool InspectorWindow::on_attachment_key(int key) {
+    const HWND focus = GetFocus();
+    if (focus == attachments_->title() && key == VK_RETURN) {
+        ask_for_files();
+    } else if (focus == attachments_->list() && key == VK_RETURN) {
+        open_selected();
+    } else if (focus == attachments_->list() && key == VK_DELETE && is_written()) {
+        with_attachment(remove_attachment);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+LRESULT InspectorWindow::on_notify(NMHDR& notice) {
+    if (attachments_ && notice.hwndFrom == attachments_->list()) {
+        if (notice.code == NM_SETFOCUS) attachments_->select_any();
+        if (notice.code == NM_DBLCLK) open_selected();
+        if (notice.code == LVN_BEGINDRAG) {
+            with_attachment([&shared = context()](const AttachmentPlace& chosen) {
+                drag_attachment(chosen, shared.opened, shared.module);
+            });
+        }
+    }
+    return HostFrame::on_notify(notice);
+}
+
+void InspectorWindow::on_context_menu(HWND control, POINT place) {
+    if (!attachments_ || control != attachments_->list()) return;
+    if (place.x == -1 && place.y == -1) place = attachments_->below_selected();  // the keyboard's menu
+    with_attachment([owner = handle(), place, can_change = is_written(),
+                     &files = context().opened](const AttachmentPlace& chosen) {
+        choose_for_attachment(chosen, owner, place, can_change, files);
+    });
 }
 
 void InspectorWindow::on_field(int place, int code) {

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "desk/outlook/inspectors.h"
+#include "desk/windows/attachment_row.h"
 #include "desk/windows/host_frame.h"
 
 namespace desk {
@@ -20,6 +22,8 @@ class InspectorWindow : public HostFrame {
     void show_contents() override;
     void lay_out(int top, int width, int height) override;
     void on_own_command(int command, int code) override;
+    LRESULT on_notify(NMHDR& notice) override;
+    void on_context_menu(HWND control, POINT place) override;
 
     /// A field that can be typed into.
     struct Field {
@@ -31,6 +35,14 @@ class InspectorWindow : public HostFrame {
 
     RowId shown_folder() const override;
 
+    bool is_written() const;  ///< the item can be changed here
+    void add_attachments();
+    int place_attachments(int top, int title, int width) const;
+    bool on_attachment_key(int key);
+    /// Has something done to the selected attachment at the next turn.
+    void with_attachment(std::function<void(const AttachmentPlace&)> deed);
+    void open_selected();
+    void ask_for_files();
     void press_button(std::int32_t id);  ///< of the bar "Standard", as a click on it
     void move_focus(HWND from, bool back);
     void on_field(int place, int code);
@@ -40,7 +52,8 @@ class InspectorWindow : public HostFrame {
 
     std::shared_ptr<Inspector> inspector_;
     HWND head_ = nullptr;
-    std::vector<Field> fields_;  ///< the text last
+    std::optional<AttachmentRow> attachments_;  ///< of an item that can have some
+    std::vector<Field> fields_;                 ///< the text last
     std::int64_t version_ = -1;
     bool showing_ = false;
     bool two_columns_ = false;

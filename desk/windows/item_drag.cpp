@@ -2,7 +2,7 @@
 
 #include "automation/com/failure.h"
 #include "desk/driver/dragged.h"
-#include "desk/windows/mail_files.h"
+#include "desk/windows/dragged_files.h"
 
 namespace desk {
 
@@ -39,6 +39,12 @@ void drag_selection(windows::Module& module, Dragging& dragging, const std::shar
     DoDragDrop(Dragged::create(module).get(), DragSource::create(module).get(),
                DROPEFFECT_COPY | DROPEFFECT_MOVE, &effect);
     dragging.from.reset();
+}
+
+void drag_files(windows::Module& module, const std::vector<automation::Text>& paths) {
+    DWORD effect = DROPEFFECT_NONE;
+    DoDragDrop(files_to_drag(module, paths).get(), DragSource::create(module).get(), DROPEFFECT_COPY,
+               &effect);
 }
 
 ComPtr<IDropTarget> FolderDropTarget::create(windows::Module& module, HWND tree, const Dragging& dragging,

@@ -1,4 +1,4 @@
-// Dragging the selection of a main window, and dropping it on a folder.
+// Dragging the selection of a main window or files, and dropping what is dragged on a folder.
 #pragma once
 
 #include <functional>
@@ -19,6 +19,9 @@ struct Dragging {
 /// Drags the selection of an explorer until the mouse button is released or Escape is pressed. Messages are
 /// handled meanwhile.
 void drag_selection(windows::Module& module, Dragging& dragging, const std::shared_ptr<Explorer>& from);
+
+/// Drags files in the same way: what they are dropped on gets copies of them.
+void drag_files(windows::Module& module, const std::vector<automation::Text>& paths);
 
 /// Takes what is dragged out of a main window onto a folder of a tree: moves it, with the control key copies
 /// it. Files of the system are taken, too, by some of the folders.

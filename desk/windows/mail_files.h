@@ -10,12 +10,8 @@
 
 namespace desk {
 
-/// The paths of the files that a person chooses; none where the dialog is left.
+/// The paths of the mail files that a person chooses; none where the dialog is left.
 std::vector<automation::Text> choose_mail_files(HWND owner);
-
-/// Whether what is dragged are files of the system, and their paths.
-bool are_files(IDataObject* data);
-std::vector<automation::Text> dragged_files(IDataObject* data);
 
 /// Delivers each of the files to the Inbox. Those that can't be delivered keep no other back; they are told
 /// of at the end, together.

@@ -1,10 +1,9 @@
 // Items that are dragged out of the list of a main window, with a real mouse as far as the system goes.
-#include <shlobj.h>
-
 #include <functional>
 
 #include "desk/driver/dragged.h"
 #include "desk/outlook/item.h"
+#include "desk/windows/dragged_files.h"
 #include "forms/windows/drop_target.h"
 #include "tests/windows/support/desk_windows_fixture.h"
 #include "tests/windows/support/hand.h"
@@ -101,44 +100,11 @@ TEST_F(DeskDragging, GoesOntoAListOfAnotherWindow) {
     DestroyWindow(other);
 }
 
-/// Files as a file manager drags them.
-class DraggedFiles final : public desk::Dragged {
-  public:
-    static windows::ComPtr<IDataObject> create(windows::Module& module, const std::vector<Text>& paths) {
-        return windows::ComPtr<IDataObject>::attach(new DraggedFiles(module, paths));
-    }
-
-    HRESULT STDMETHODCALLTYPE GetData(FORMATETC* format, STGMEDIUM* medium) noexcept override {
-        if (QueryGetData(format) != S_OK) return DV_E_FORMATETC;
-        const std::size_t bytes = paths_.size() * sizeof(char16_t);
-        *medium = {};
-        medium->tymed = TYMED_HGLOBAL;
-        medium->hGlobal = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
-        auto* const files = static_cast<DROPFILES*>(GlobalLock(medium->hGlobal));
-        files->pFiles = sizeof(DROPFILES);
-        files->fWide = TRUE;
-        memcpy(files + 1, paths_.data(), bytes);
-        GlobalUnlock(medium->hGlobal);
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE QueryGetData(FORMATETC* format) noexcept override {
-        return format->cfFormat == CF_HDROP ? S_OK : DV_E_FORMATETC;
-    }
-
-  private:
-    DraggedFiles(windows::Module& module, const std::vector<Text>& paths) : Dragged(module) {
-        for (const Text& path : paths) paths_ += path + u'\0';
-        paths_ += u'\0';
-    }
-
-    Text paths_;  ///< each with its end, and an end more
-};
-
 TEST_F(DeskDragging, MailFilesAreDeliveredWhereTheyAreDroppedOnTheInbox) {
     surroundings.unreadable = u"C:\\broken.eml";
     const auto drop = [&](HWND window, POINT place, const std::vector<Text>& paths) {
         auto* const target = static_cast<IDropTarget*>(GetPropW(window, L"OleDropTargetInterface"));
-        const auto data = DraggedFiles::create(module, paths);
+        const auto data = desk::files_to_drag(module, paths);
         const POINTL point{place.x, place.y};
         DWORD effect = DROPEFFECT_COPY | DROPEFFECT_MOVE;
         EXPECT_EQ(target->DragEnter(data.get(), MK_LBUTTON, point, &effect), S_OK);
