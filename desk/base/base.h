@@ -15,7 +15,7 @@ inline constexpr std::int32_t application = 0, name_space = 1, folder = 2, recip
                               address_entry = 8, folders = 15, items = 16, recipients = 17, attachments = 18,
                               appointment = 26, explorer = 34, inspector = 35, user_properties = 38,
                               user_property = 39, contact = 40, journal = 42, mail = 43, note = 44, post = 45,
-                              task = 48, explorers = 60, inspectors = 61, selection = 74,
+                              task = 48, explorers = 60, inspectors = 61, dist_list = 69, selection = 74,
                               item_properties = 98, item_property = 99, property_accessor = 112,
                               user_defined_properties = 172, user_defined_property = 173, none = -1;
 }  // namespace object_class

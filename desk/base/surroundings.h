@@ -51,11 +51,17 @@ class Surroundings {
     /// How the user writes dates.
     virtual DateManners date_manners() { return {}; }
 
+    /// What the user writes between the entries of a list.
+    virtual automation::Text list_separator() { return u","; }
+
     /// Random bytes for ids that are unique over processes and machines.
     virtual std::string random_bytes(std::size_t count) = 0;
 
     /// Reads a mail file. Throws `automation::Failure` with one clear sentence.
     virtual ItemData read_mail(automation::TextView path) = 0;
+
+    /// The text that a reader sees of a page of HTML, the same as of a mail with that page.
+    virtual automation::Text page_text(automation::TextView html) = 0;
 
     /// Events wait for the next turn of the message loop.
     virtual void wake() = 0;

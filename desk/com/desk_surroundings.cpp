@@ -102,6 +102,10 @@ DateManners DeskSurroundings::date_manners() {
 
 ItemData DeskSurroundings::read_mail(TextView path) { return mail_process_.read(Text(path)); }
 
+Text DeskSurroundings::page_text(TextView html) { return mail_process_.page_text(html); }
+
+Text DeskSurroundings::list_separator() { return of_locale(LOCALE_SLIST); }
+
 void DeskSurroundings::wake() {
     if (hooks.wake) hooks.wake();
 }

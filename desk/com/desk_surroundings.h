@@ -33,8 +33,10 @@ class DeskSurroundings : public Surroundings {
     automation::Date now() override;
     automation::Date to_utc(automation::Date local) override;
     DateManners date_manners() override;
+    automation::Text list_separator() override;
     std::string random_bytes(std::size_t count) override;
     ItemData read_mail(automation::TextView path) override;
+    automation::Text page_text(automation::TextView html) override;
     void wake() override;
     void post(std::function<void()> action) override;
     void pump(std::int32_t milliseconds) override;

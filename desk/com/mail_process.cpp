@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 
 #include "automation/com/com_ptr.h"
 #include "desk/mail/message.h"
@@ -161,6 +162,15 @@ ItemData MailProcess::read(const Text& path) {
     const std::string json = read_file(answer);
     DeleteFileW(windows::wide(answer));
     return mail::from_json(json);
+}
+
+Text MailProcess::page_text(automation::TextView html) {
+    const Text file = folder_ + u"\\" + automation::to_text(static_cast<long long>(++requests_)) + u".eml";
+    write_file(file, "Content-Type: text/html; charset=utf-8\r\nContent-Transfer-Encoding: 8bit\r\n\r\n" +
+                         automation::to_utf8(html));
+    const auto remove = [](const Text* path) { DeleteFileW(windows::wide(*path)); };
+    const std::unique_ptr<const Text, decltype(remove)> removed(&file, remove);
+    return read(file).fields[u"Body"].to_text();
 }
 
 }  // namespace desk

@@ -26,6 +26,9 @@ class MailProcess {
     /// sentence: the reader's own, or why it gave none.
     ItemData read(const automation::Text& path);
 
+    /// Has a page of HTML read as a mail that is nothing else.
+    automation::Text page_text(automation::TextView html);
+
   private:
     enum class Outcome { answered, reader_gone, too_late };
 

@@ -101,7 +101,7 @@ bool holds(Operator op, std::partial_ordering order) {
 std::vector<automation::Text> keywords_of(automation::TextView value) {
     std::vector<automation::Text> all;
     while (!value.empty()) {
-        const std::size_t end = std::min(value.find(u','), value.size());
+        const std::size_t end = std::min(value.find_first_of(u",;"), value.size());
         if (automation::Text one = automation::trimmed(value.substr(0, end)); !one.empty()) {
             all.push_back(std::move(one));
         }

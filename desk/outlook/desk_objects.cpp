@@ -105,6 +105,8 @@ void Desk::rewrite_item(RowId item, RowId folder, const ItemData& data) {
 std::shared_ptr<Item> Desk::deliver(TextView path) {
     ItemData data = surroundings_.read_mail(path);
     data.fields[u"UnRead"] = true;
+    data.fields[u"ReceivedByName"] = name_space_->user_name();
+    data.fields[u"ReceivedByEntryID"] = NameSpace::person_id(name_space_->user());
     const RowId folder = default_folder(inbox);
     if (folder == 0) throw Failure(result::not_found, u"The profile has no Inbox.");
     auto item = std::make_shared<Item>(*this, folder, std::move(data));

@@ -25,14 +25,17 @@ namespace result = automation::result;
 
 namespace {
 
+bool is_taken(Desk& desk, RowId parent, const Text& name) {
+    return std::ranges::any_of(desk.folders_below(parent), [&](RowId sibling) {
+        return automation::same_ignoring_case(desk.existing_folder(sibling).name, name);
+    });
+}
+
 /// A name that no sibling bears.
 void check_name(Desk& desk, RowId parent, const Text& name) {
     if (automation::trimmed(name).empty()) throw Failure(result::invalid_argument, u"A folder needs a name.");
-    for (const RowId sibling : desk.folders_below(parent)) {
-        if (automation::same_ignoring_case(desk.existing_folder(sibling).name, name)) {
-            throw Failure(result::fail, u"A folder named \"" + name + u"\" already exists there.");
-        }
-    }
+    if (is_taken(desk, parent, name))
+        throw Failure(result::fail, u"A folder named \"" + name + u"\" already exists there.");
 }
 
 }  // namespace
@@ -73,17 +76,30 @@ void Folder::remove() {
     if (stored().parent == 0 || stored().default_number != 0) {
         throw Failure(result::access_denied, u"The folder \"" + stored().name + u"\" can't be deleted.");
     }
-    desk().remove_folder(id_);
+    // the mailbox has a place for what is deleted; shared folders have none
+    const RowId bin = desk().default_folder(deleted_items_folder);
+    bool recoverable = bin != 0 && desk().root_of(id_) == desk().root_of(bin);
+    for (RowId above = id_; above != 0; above = desk().existing_folder(above).parent)
+        recoverable = recoverable && above != bin;
+    if (!recoverable) return desk().remove_folder(id_);
+    const Text own_name = stored().name;
+    Text free_name = own_name;
+    for (std::int32_t number = 1; is_taken(desk(), bin, free_name); ++number)
+        free_name = own_name + automation::to_text(number);
+    move_to(bin, free_name);
 }
 
-void Folder::move_to(RowId target) {
+void Folder::move_to(RowId target) { move_to(target, stored().name); }
+
+void Folder::move_to(RowId target, const Text& name_there) {
     for (RowId above = target; above != 0; above = desk().existing_folder(above).parent) {
         if (above == id_) throw Failure(result::fail, u"A folder can't be moved into itself.");
     }
-    check_name(desk(), target, stored().name);
+    check_name(desk(), target, name_there);
     const RowId former = stored().parent;
     FolderRow moved = stored();
     moved.parent = target;
+    moved.name = name_there;
     desk().change_folder(moved);
     desk().tell_folders(former, u"FolderRemove", 0);
     desk().tell_folders(target, u"FolderAdd", id_);

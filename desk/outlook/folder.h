@@ -6,6 +6,8 @@
 
 namespace desk {
 
+inline constexpr std::int32_t deleted_items_folder = 3;  ///< number of the default folder
+
 class Folder : public ModelObject<Folder> {
   public:
     static constexpr std::string_view name = "MAPIFolder";
@@ -25,6 +27,7 @@ class Folder : public ModelObject<Folder> {
     void remove();
     automation::Object copy_to(RowId target);
     void move_to(RowId target);
+    void move_to(RowId target, const automation::Text& name_there);  ///< and renames it
 
   private:
     RowId id_;

@@ -28,15 +28,18 @@ struct WindowName {
     std::int32_t number;
     automation::TextView name;
 };
-constexpr WindowName window_names[] = {{object_class::mail, u"Message"},
-                                       {object_class::appointment, u"Appointment"},
-                                       {object_class::contact, u"Contact"},
-                                       {object_class::task, u"Task"},
-                                       {object_class::journal, u"Journal Entry"},
-                                       {object_class::note, u"Note"},
-                                       {object_class::post, u"Post"}};
+constexpr WindowName window_names[] = {
+    {object_class::mail, u"Message"},    {object_class::appointment, u"Appointment"},
+    {object_class::contact, u"Contact"}, {object_class::dist_list, u"Distribution List"},
+    {object_class::task, u"Task"},       {object_class::journal, u"Journal Entry"},
+    {object_class::note, u"Note"},       {object_class::post, u"Post"}};
 
-constexpr std::int32_t editor_text = 1, editor_word = 4;  // OlEditorType
+constexpr std::int32_t editor_text = 1, editor_page = 2, editor_word = 4;  // OlEditorType
+
+std::int32_t editor_of(const Inspector& inspector) {
+    if (inspector.is_word_mail()) return editor_word;
+    return inspector.item()->data().fields.contains(u"HTMLBody") ? editor_page : editor_text;
+}
 
 /// A button that the host itself has on the bar "Standard" of an inspector.
 struct OwnButton {
@@ -50,7 +53,7 @@ bool is_mail(const Item& item) { return item.kind().number == object_class::mail
 bool is_sent_mail(const Item& item) { return is_mail(item) && item.field(u"Sent").to_boolean(); }
 bool is_unsent_mail(const Item& item) { return is_mail(item) && !is_sent_mail(item); }
 
-/// What a person has written goes out. A script may send to whom it likes.
+/// What a person has written goes out where everybody can be reached; a script may send to any address.
 void send_written(Inspector& inspector) {
     const Text refusal = unreachable(inspector.item()->data());
     if (!refusal.empty()) throw Failure(result::fail, refusal);
@@ -193,8 +196,7 @@ const automation::Members<Inspector>& Inspector::members() {
         {u"CurrentItem", 0x2102, Use::get, [](Inspector& self) { return self.item()->self(); }},
         {u"Caption", 0x2111, Use::get, calls<&Inspector::caption>},
         {u"IsWordMail", 0x2105, Use::method, calls<&Inspector::is_word_mail>},
-        {u"EditorType", 0x2110, Use::get,
-         [](Inspector& self) { return self.is_word_mail() ? editor_word : editor_text; }},
+        {u"EditorType", 0x2110, Use::get, editor_of},
         {u"Left", 0x2115, kept<&Inspector::left, Inspector>},
         {u"Top", 0x2116, kept<&Inspector::top, Inspector>},
         {u"Width", 0x2117, kept<&Inspector::width, Inspector>},

@@ -2,8 +2,11 @@
 
 #include "desk/base/desk.h"
 #include "desk/base/host_event_tables.h"
+#include "desk/outlook/contact_rules.h"
+#include "desk/outlook/dist_lists.h"
 #include "desk/outlook/folder.h"
 #include "desk/outlook/inspectors.h"
+#include "desk/outlook/item_texts.h"
 
 namespace desk {
 
@@ -17,10 +20,12 @@ namespace result = automation::result;
 
 namespace {
 
-/// Posts are posted, what has recipients is sent; the name of the other is none of theirs.
+/// Posts are posted, what has recipients is sent, lists have members; the names of the others are none of
+/// theirs.
 bool knows(const ItemKind& kind, TextView member) {
     if (automation::same_ignoring_case(member, u"Post")) return kind.number == object_class::post;
     if (automation::same_ignoring_case(member, u"Send")) return kind.has_people;
+    if (is_dist_list_member(member)) return kind.number == object_class::dist_list;
     return true;
 }
 
@@ -121,10 +126,11 @@ Value Item::other_member(Request& request) {
 
 void Item::set_field(const FieldRow& field, const Value& value) {
     Value stored = converted(value, field.type);
+    check_format(field.name, stored);
     if (is_people_line(field.name)) return set_people_line(field.name, stored.to_text());
     const Text filed_before = filed_as(data_);
     change().fields[Text(field.name)] = std::move(stored);
-    follow_change(data_, field.name, filed_before, desk().surroundings().now());
+    follow_change(data_, field.name, filed_before, desk().surroundings());
     raise(u"PropertyChange", {Value(field.name)});
 }
 

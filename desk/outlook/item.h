@@ -8,6 +8,7 @@
 namespace desk {
 
 class Inspector;
+class Surroundings;
 
 class Item : public ModelObject<Item> {
   public:
@@ -99,6 +100,8 @@ class Item : public ModelObject<Item> {
     void set_people_line(automation::TextView line, automation::TextView names);
     std::shared_ptr<Item> answer_of(ItemData data) const;
     void leave_folder();
+    void leave_for(RowId target);
+    bool check_names();
     void write();
 
     RowId id_ = 0;
@@ -114,13 +117,10 @@ class Item : public ModelObject<Item> {
 };
 
 /// Has fields that depend on each other follow a change: names of a contact, times of an appointment, state
-/// of a task. `filed_as_before` is what `filed_as` told before the change: a contact that was filed under
-/// that is filed anew.
+/// of a task, the forms of a body. `filed_as_before` is what `filed_as` told before the change: a contact
+/// that was filed under that is filed anew.
 void follow_change(ItemData& item, automation::TextView changed_field, automation::TextView filed_as_before,
-                   automation::Date now);
-
-/// What the host itself files a contact under: "Lee, Ann", or whatever of the two there is.
-automation::Text filed_as(const ItemData& item);
+                   Surroundings& surroundings);
 
 /// Fills in what the host fills in when an item is saved.
 void complete_for_saving(ItemData& item);

@@ -4,6 +4,8 @@
 #include <array>
 
 #include "desk/base/base.h"
+#include "desk/outlook/contact_rules.h"
+#include "desk/outlook/item_texts.h"
 
 namespace desk {
 
@@ -22,6 +24,7 @@ constexpr ItemKind kinds[] = {
     {u"IPM.Note",        "MailItem",        object_class::mail,        0, 16, true,  false, tables::mail_fields},
     {u"IPM.Appointment", "AppointmentItem", object_class::appointment, 1, 9,  true,  false, tables::appointment_fields},
     {u"IPM.Contact",     "ContactItem",     object_class::contact,     2, 10, false, false, tables::contact_fields},
+    {u"IPM.DistList",    "DistListItem",    object_class::dist_list,   7, 10, false, false, tables::dist_list_fields},
     {u"IPM.Task",        "TaskItem",        object_class::task,        3, 13, true,  false, tables::task_fields},
     {u"IPM.Activity",    "JournalItem",     object_class::journal,     4, 11, false, false, no_fields},
     {u"IPM.StickyNote",  "NoteItem",        object_class::note,        5, 12, false, true,  tables::note_fields},
@@ -190,8 +193,12 @@ std::optional<Value> built_in_value(const ItemData& item, TextView name) {
     const ItemKind& kind = kind_of(item.message_class);
     if (const auto set = item.fields.find(name); set != item.fields.end()) return set->second;
     if (automation::same_ignoring_case(name, u"MessageClass")) return Value(item.message_class);
-    if (const FieldRow* field = find_field(kind, name)) return default_value(kind, *field);
-    return std::nullopt;
+    const FieldRow* const field = find_field(kind, name);
+    if (!field) return std::nullopt;
+    if (std::optional<Value> body = composed_body(item, name)) return body;
+    const bool is_contact = kind.number == object_class::contact;
+    const std::optional<Text> composed = is_contact ? composed_name(item, name) : std::nullopt;
+    return composed ? Value(*composed) : default_value(kind, *field);
 }
 
 }  // namespace desk

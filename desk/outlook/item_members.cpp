@@ -1,6 +1,7 @@
 // The members of items that are more than a field.
 #include "desk/base/desk.h"
 #include "desk/outlook/attachments.h"
+#include "desk/outlook/dist_lists.h"
 #include "desk/outlook/folder.h"
 #include "desk/outlook/inspectors.h"
 #include "desk/outlook/item.h"
@@ -113,6 +114,18 @@ const automation::Members<Item>& Item::members() {
         {u"Reply", 0xF810, Use::method, [](Item& self) { return object(self.reply(false)); }},
         {u"ReplyAll", 0xF811, Use::method, [](Item& self) { return object(self.reply(true)); }},
         {u"Forward", 0xF813, Use::method, [](Item& self) { return object(self.forward()); }},
+        {u"MemberCount", 0x804B, Use::get, [](Item& self) { return self.data().recipients.size(); }},
+        {u"AddMembers", 0xF900, Use::method, {u"Recipients"}, add_members},
+        {u"RemoveMembers", 0xF901, Use::method, {u"Recipients"}, remove_members},
+        {u"GetMember",
+         0xF905,
+         Use::method,
+         {u"Index"},
+         [](Item& self, std::int32_t index) {
+             return Recipients(self.desk(), self.shared_from_this()).at(index);
+         }},
+        {u"AddMember", 0xFA8C, Use::method, {u"Recipient"}, add_members},
+        {u"RemoveMember", 0xFA8D, Use::method, {u"Recipient"}, remove_members},
         {u"MarkComplete", 0xF60D, Use::method,
          [](Item& self) {
              only(self.kind().number == object_class::task, u"MarkComplete");

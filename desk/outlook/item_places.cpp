@@ -1,15 +1,10 @@
 // Where an item lies: it is copied, moved and deleted.
 #include "desk/base/desk.h"
+#include "desk/outlook/folder.h"
 #include "desk/outlook/inspectors.h"
 #include "desk/outlook/item.h"
 
 namespace desk {
-
-namespace {
-
-constexpr std::int32_t deleted_items = 3;
-
-}  // namespace
 
 std::shared_ptr<Item> Item::copy_to(RowId folder) {
     ItemData data = whole();
@@ -62,7 +57,7 @@ void Item::remove_for_good() {
 void Item::remove() {
     check_there();
     // the mailbox has a place for what is deleted; shared folders have none
-    const RowId bin = desk().default_folder(deleted_items);
+    const RowId bin = desk().default_folder(deleted_items_folder);
     const bool recoverable =
         id_ != 0 && bin != 0 && folder_ != bin && desk().root_of(folder_) == desk().root_of(bin);
     if (recoverable) {

@@ -7,6 +7,7 @@
 #include "desk/outlook/item.h"
 #include "desk/outlook/name_space.h"
 #include "desk/outlook/quoted_mail.h"
+#include "desk/outlook/recipients.h"
 
 namespace desk {
 
@@ -77,9 +78,14 @@ void Item::post() {
     if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
 }
 
+bool Item::check_names() { return Recipients(desk(), shared_from_this()).resolve_all(); }
+
 void Item::send() {
     if (data_.recipients.empty()) {
         throw Failure(result::fail, u"There must be at least one name in the To, Cc, or Bcc box.");
+    }
+    if (!check_names()) {
+        throw Failure(result::fail, u"Outlook does not recognize one or more names.");
     }
     std::vector<Value> own_cancel{false};
     raise_with_answer(u"Send", own_cancel);
@@ -95,19 +101,30 @@ void Item::send() {
     sent.fields[u"SentOn"] = now;
     sent.fields[u"ReceivedTime"] = now;
     sent.fields[u"SenderName"] = desk().name_space()->user_name();
+    sent.fields[u"SenderEmailAddress"] = Text(NameSpace::user_address);
+    sent.fields[u"SenderEmailType"] = u"SMTP";
     sent.fields[u"UnRead"] = false;
     if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
     const bool kept =
         !data_.fields.contains(u"DeleteAfterSubmit") || !field(u"DeleteAfterSubmit").to_boolean();
     const RowId target = desk().default_folder(sent_items);
     if (!kept) return remove_for_good();
-    if (id_ == 0) {
-        folder_ = target;
-        save();
-    } else {
-        save();
-        move_to(target);
-    }
+    if (id_ == 0) return leave_for(target);
+    save();
+    move_to(target);
+}
+
+/// A mail that lies nowhere yet is stored where sent mail lies, and this object is good for nothing more.
+void Item::leave_for(RowId target) {
+    std::vector<Value> cancel{false};
+    raise_with_answer(u"Write", cancel);
+    if (cancel[0].to_boolean()) return;
+    check_there();  // who was asked may have deleted it
+    folder_ = target;
+    write();
+    gone_ = true;
+    desk().item_added(folder_, id_);
+    desk().tell_item_added(folder_, id_);
 }
 
 std::shared_ptr<Item> Item::reply(bool to_all) {
@@ -121,7 +138,8 @@ std::shared_ptr<Item> Item::reply(bool to_all) {
     sender.address_type = field(u"SenderEmailType").to_text();
     sender.smtp_address =
         data_.fields.contains(u"SenderSmtpAddress") ? field(u"SenderSmtpAddress").to_text() : Text();
-    data.recipients.push_back(sender);
+    const bool is_own = to_all && is_user(sender, NameSpace::user_address);
+    if (!is_own) data.recipients.push_back(sender);
     if (to_all) {
         const std::vector<Person> others = others_of(data_, sender, NameSpace::user_address);
         data.recipients.insert(data.recipients.end(), others.begin(), others.end());

@@ -2,6 +2,7 @@
 
 #include "desk/base/desk.h"
 #include "desk/outlook/application.h"
+#include "desk/outlook/dist_lists.h"
 #include "desk/outlook/folder.h"
 #include "desk/outlook/item.h"
 #include "desk/outlook/item_file.h"
@@ -68,6 +69,24 @@ Object NameSpace::open_message_file(const Text& path) const {
     return std::make_shared<Item>(desk(), no_folder, read_message_file(path))->self();
 }
 
+Object NameSpace::create_recipient(const Text& recipient_name) const {
+    if (automation::trimmed(recipient_name).empty())
+        throw Failure(result::invalid_argument, u"A recipient needs a name.");
+    Person person;
+    person.name = recipient_name;
+    person.resolved = false;
+    return free_recipient(desk(), std::move(person));
+}
+
+Person NameSpace::user() const {
+    Person user;
+    user.name = user_name();
+    user.address = user_address;
+    user.address_type = u"SMTP";
+    user.smtp_address = user.address;
+    return user;
+}
+
 Person NameSpace::person(const Text& typed, std::int32_t kind) const {
     Person person;
     person.name = typed;
@@ -82,12 +101,16 @@ Person NameSpace::person(const Text& typed, std::int32_t kind) const {
         for (const RowId id : desk().store().lookup(folder, u"FullName", typed)) {
             const std::optional<ItemRow> row = desk().store().load(id);
             if (!row) continue;
+            if (kind_of(row->data.message_class).number == object_class::dist_list) {
+                person.address_type = dist_list_type;
+                break;
+            }
             person.address = text_field(row->data, u"Email1Address");
             person.address_type = text_field(row->data, u"Email1AddressType");
             break;
         }
     }
-    person.resolved = !person.address.empty();
+    person.resolved = !person.address.empty() || person.address_type == dist_list_type;
     if (person.resolved && person.address_type.empty()) person.address_type = u"SMTP";
     if (person.address_type == u"SMTP") person.smtp_address = person.address;
     return person;
@@ -114,14 +137,8 @@ const automation::Members<NameSpace>& NameSpace::members() {
          }},
         {u"Type", 0x2104, Use::get, [](NameSpace&) { return u"MAPI"; }},
         {u"CurrentUser", 0x2101, Use::get,
-         [](NameSpace& self) {
-             Person user;
-             user.name = self.user_name();
-             user.address = user_address;
-             user.address_type = u"SMTP";
-             user.smtp_address = user.address;
-             return std::make_shared<AddressEntry>(self.desk(), user)->self();
-         }},
+         [](NameSpace& self) { return free_recipient(self.desk(), self.user()); }},
+        {u"CreateRecipient", 0x210A, Use::method, {u"RecipientName"}, calls<&NameSpace::create_recipient>},
         {u"GetDefaultFolder", 0x210B, Use::method, {u"FolderType"}, calls<&NameSpace::default_folder>},
         {u"GetFolderFromID",
          0x2108,

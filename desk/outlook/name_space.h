@@ -26,6 +26,9 @@ class NameSpace : public ModelObject<NameSpace> {
     std::shared_ptr<Item> item_from_id(const automation::Text& id,
                                        const std::optional<automation::Value>& store) const;
 
+    /// A recipient of no item, who is not resolved.
+    automation::Object create_recipient(const automation::Text& recipient_name) const;
+
     automation::Object open_message_file(const automation::Text& path) const;
 
     /// A person by what was typed: an Internet address, or the full name or address of a contact. One who is
@@ -34,6 +37,7 @@ class NameSpace : public ModelObject<NameSpace> {
 
     static automation::Text person_id(const Person& person);  ///< hexadecimal
     static constexpr automation::TextView user_address = u"user@tarnwell.example";
+    Person user() const;  ///< whose mailbox it is
     automation::Text user_name() const { return u"Tarnwell User"; }
 };
 

@@ -26,12 +26,12 @@ Text quoted_field(const ItemData& item, TextView field) {
     return value->is(Value::Type::date) ? text.substr(0, without_seconds) : text;
 }
 
+}  // namespace
+
 bool is_same_person(const Person& one, const Person& other) {
     return automation::same_ignoring_case(one.address, other.address) &&
            (!one.address.empty() || automation::same_ignoring_case(one.name, other.name));
 }
-
-}  // namespace
 
 Text marked_subject(TextView mark, TextView subject) {
     if (automation::same_ignoring_case(subject.substr(0, mark.size()), mark)) return Text(subject);
@@ -51,12 +51,16 @@ Text quoted(const ItemData& original) {
     return all + u"\r\n" + quoted_field(original, u"Body");
 }
 
+bool is_user(const Person& person, TextView own_address) {
+    return automation::same_ignoring_case(person.smtp_address, own_address) ||
+           automation::same_ignoring_case(person.address, own_address);
+}
+
 std::vector<Person> others_of(const ItemData& original, const Person& sender, TextView own_address) {
     std::vector<Person> others;
     for (const Person& person : original.recipients) {
         const auto is_same = [&](const Person& other) { return is_same_person(other, person); };
-        const bool is_user = automation::same_ignoring_case(person.smtp_address, own_address);
-        if (is_user || is_same(sender) || std::ranges::any_of(others, is_same)) continue;
+        if (is_user(person, own_address) || is_same(sender) || std::ranges::any_of(others, is_same)) continue;
         others.push_back(person);
     }
     return others;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "desk/base/desk.h"
+#include "desk/outlook/dist_lists.h"
 #include "desk/outlook/name_space.h"
 #include "desk/outlook/property_accessor.h"
 
@@ -31,6 +32,11 @@ constexpr PersonProperty person_properties[] = {
 };
 constexpr TextView property_root = u"http://schemas.microsoft.com/mapi/proptag/0x";
 constexpr std::size_t tag_number_digits = 4;
+
+std::int32_t display_type(const Person& person) {
+    constexpr std::int32_t user = 0, private_list = 5;  // OlDisplayType
+    return person.address_type == dist_list_type ? private_list : user;
+}
 
 }  // namespace
 
@@ -116,6 +122,21 @@ const automation::Members<Recipients>& Recipients::members() {
     return table;
 }
 
+automation::Object free_recipient(Desk& desk, Person person) {
+    constexpr RowId no_folder = 0;
+    constexpr std::size_t first = 0;
+    ItemData alone;
+    alone.recipients.push_back(std::move(person));
+    return std::make_shared<Recipient>(desk, std::make_shared<Item>(desk, no_folder, std::move(alone)), first)
+        ->self();
+}
+
+/// Who is the recipient of no item is one of the session.
+automation::Object Recipient::parent() const {
+    const bool is_free = item_->data().message_class.empty();
+    return is_free ? desk().name_space()->self() : item_->self();
+}
+
 const Person& Recipient::person() const {
     item_->check_there();
     if (place_ >= item_->data().recipients.size())
@@ -156,7 +177,7 @@ const automation::Members<Recipient>& Recipient::members() {
         {u"EntryID", 0xF01E, Use::get, [](Recipient& self) { return NameSpace::person_id(self.person()); }},
         {u"Type", 0x0C15, [](Recipient& self) { return self.person().kind; }, calls<&Recipient::kind>},
         {u"Resolved", 0x64, Use::get, [](Recipient& self) { return self.person().resolved; }},
-        {u"DisplayType", 0x3900, Use::get, [](Recipient&) { return 0; }},
+        {u"DisplayType", 0x3900, Use::get, [](Recipient& self) { return display_type(self.person()); }},
         {u"Resolve", 0x71, Use::method, calls<&Recipient::resolve>},
         {u"Delete", 0x6E, Use::method, calls<&Recipient::remove>},
         {u"PropertyAccessor", 0xFAFD, Use::get,
@@ -175,7 +196,7 @@ const automation::Members<AddressEntry>& AddressEntry::members() {
         {u"Address", 0x3003, Use::get, [](AddressEntry& self) { return self.person().address; }},
         {u"Type", 0x3002, Use::get, [](AddressEntry& self) { return self.person().address_type; }},
         {u"ID", 0xF01E, Use::get, [](AddressEntry& self) { return NameSpace::person_id(self.person()); }},
-        {u"DisplayType", 0x3900, Use::get, [](AddressEntry&) { return 0; }},
+        {u"DisplayType", 0x3900, Use::get, [](AddressEntry& self) { return display_type(self.person()); }},
         {u"PropertyAccessor", 0xFAFD, Use::get,
          [](AddressEntry& self) {
              return PropertyAccessor::of_person(self.desk(), self.person(), self.self())->self();

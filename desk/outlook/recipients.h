@@ -37,7 +37,7 @@ class Recipient : public ModelObject<Recipient> {
         : ModelObject(desk), item_(std::move(item)), place_(place) {}
     static const automation::Members<Recipient>& members();
     std::int32_t number() const override { return object_class::recipient; }
-    automation::Object parent() const override { return item_->self(); }
+    automation::Object parent() const override;
 
     const Person& person() const;
     std::int32_t index() const { return static_cast<std::int32_t>(place_) + 1; }
@@ -49,6 +49,9 @@ class Recipient : public ModelObject<Recipient> {
     std::shared_ptr<Item> item_;
     std::size_t place_;
 };
+
+/// A person as a recipient of no item.
+automation::Object free_recipient(Desk& desk, Person person);
 
 class AddressEntry : public ModelObject<AddressEntry> {
   public:

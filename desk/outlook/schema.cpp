@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "desk/base/base.h"
+#include "desk/outlook/contact_rules.h"
 #include "desk/outlook/item_kinds.h"
 #include "desk/outlook/tables/schema_names.h"
 
@@ -171,6 +173,8 @@ std::optional<Value> built_in(const ItemData& item, TextView name) {
         return nothing ? std::nullopt : std::optional(set->second);
     }
     const ItemKind& kind = kind_of(item.message_class);
+    if (const auto text = kind.number == object_class::contact ? composed_name(item, name) : std::nullopt)
+        return text->empty() ? std::nullopt : std::optional(Value(*text));
     const tables::FieldRow* const field = find_field(kind, name);
     const bool there = field && std::ranges::find(always_there, field->name) != std::end(always_there);
     return there ? std::optional(default_value(kind, *field)) : std::nullopt;

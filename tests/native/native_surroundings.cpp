@@ -7,6 +7,7 @@
 #include <map>
 #include <random>
 
+#include "desk/tools/mail/html_text.h"
 #include "desk/tools/mail/mail_reader.h"
 #include "tests/native/temporary_folder.h"
 
@@ -53,6 +54,10 @@ std::string NativeSurroundings::random_bytes(std::size_t count) {
 
 desk::ItemData NativeSurroundings::read_mail(automation::TextView path) {
     return desk::mail::read_message_file(local_path(path));
+}
+
+automation::Text NativeSurroundings::page_text(automation::TextView html) {
+    return desk::mail::html_to_text(html);
 }
 
 std::vector<desk::CallCount> NativeSurroundings::calls() {

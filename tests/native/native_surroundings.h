@@ -39,6 +39,7 @@ class NativeSurroundings final : public desk::Surroundings {
     automation::Date to_utc(automation::Date local) override;
     std::string random_bytes(std::size_t count) override;
     desk::ItemData read_mail(automation::TextView path) override;
+    automation::Text page_text(automation::TextView html) override;
     void wake() override { ++wakes; }
     /// Outside of all that runs, an action runs at once; one that shows a modal window waits in it.
     void post(std::function<void()> action) override;

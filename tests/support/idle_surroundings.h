@@ -13,6 +13,7 @@ class IdleSurroundings : public desk::Surroundings {
     automation::Date to_utc(automation::Date local) override { return local; }
     std::string random_bytes(std::size_t count) override { return std::string(count, 'r'); }
     desk::ItemData read_mail(automation::TextView) override { return {}; }
+    automation::Text page_text(automation::TextView html) override { return automation::Text(html); }
     void wake() override {}
     void post(std::function<void()>) override {}
     void pump(std::int32_t) override {}

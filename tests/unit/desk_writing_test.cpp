@@ -71,7 +71,7 @@ TEST_F(Writing, RefusesByNameWhoCannotBeReached) {
 
 TEST_F(Writing, TellsTheButtonSendAndNoScript) {
     const Item mail = create(item_type::mail);
-    mail.put(u"To", u"Nobody");
+    mail.put(u"To", u"nobody@@one.example");
     mail.call(u"Display");
     const Object send = application.get(u"ActiveInspector")
                             .to_object()
@@ -83,7 +83,7 @@ TEST_F(Writing, TellsTheButtonSendAndNoScript) {
                             .to_object()
                             .call(u"Item", {u"Send"})
                             .to_object();
-    desk.call(u"Answer", {u"Outlook", u"\"Nobody\" is neither", 1});
+    desk.call(u"Answer", {u"Outlook", u"\"nobody@@one.example\" can't", 1});
     send.call(u"Execute");
     EXPECT_EQ(integer(desk.get(u"Messages").to_object(), u"Count"), 1);
     EXPECT_EQ(integer(application.Inspectors(), u"Count"), 1) << "it stays open";

@@ -98,6 +98,8 @@ TEST_F(Folders, AreAddedRenamedMovedAndDeleted) {
     EXPECT_EQ(one.Folders().Count(), 0);
 
     one.call(u"Delete");
+    EXPECT_EQ(text(one, u"FolderPath"), u"\\\\Mailbox - Tarnwell\\Deleted Items\\First");
+    one.call(u"Delete");
     EXPECT_EQ(failure_of([&] { one.Name(); }), result::object_deleted);
     EXPECT_EQ(failure_of([&] { one.Items(); }), result::object_deleted);
     EXPECT_EQ(failure_of([&] { inbox().call(u"Delete"); }), result::access_denied);

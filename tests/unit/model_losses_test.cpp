@@ -83,6 +83,7 @@ TEST_F(Losses, WhatWasInADeletedFolderIsGone) {
     const Item item = items.Add(u"IPM.Note");
     item.Save();
     const Object properties = item.get(u"UserProperties").to_object();
+    folder.call(u"Delete");  // to Deleted Items
     folder.call(u"Delete");
     const std::pair<const char*, std::function<void()>> uses[] = {
         {"its path", [&] { text(folder, u"FolderPath"); }},

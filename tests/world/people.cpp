@@ -34,6 +34,14 @@ std::string message(const MailPlan& plan) {
     return text + plan.body;
 }
 
+Item add_list(World& world, TextView name) {
+    constexpr std::int32_t dist_list_item = 7;
+    const Item list(world.application().call(u"CreateItem", {dist_list_item}).to_object());
+    list.put(u"DLName", automation::Value(name));
+    list.Save();
+    return list;
+}
+
 Item read_mail(World& world, const MailPlan& plan) {
     const Item mail = world.deliver(message(plan));
     World::read(mail);

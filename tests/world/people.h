@@ -27,6 +27,9 @@ host::outlook::Item add_contact(World& world, const ContactPlan& plan = {});
 /// The same with another name and address.
 host::outlook::Item add_contact(World& world, automation::TextView full_name, automation::TextView address);
 
+/// Saves an empty distribution list to the user's contacts.
+host::outlook::Item add_list(World& world, automation::TextView name);
+
 struct MailPlan {
     std::string from = "Ann Lee <ann.lee@northmill.example>";
     std::string to = "Tom Prior <tom.prior@tarnwell.example>";  ///< no To line if it is empty

@@ -24,6 +24,8 @@ Mailbox - Tarnwell/Sent Items
     FlagRequest: TW-Sent Email Auto Filed
     FlagStatus: 1
     ReceivedTime: (the time of the test)
+    SenderEmailAddress: user@tarnwell.example
+    SenderEmailType: SMTP
     SenderName: Tarnwell User
     Sent: True
     SentOn: (the time of the test)
@@ -37,6 +39,8 @@ Mailbox - Tarnwell/Sent Items
     Body: The first line\r\nThe second line\r\n
     ConversationTopic: We are Tarnwell
     ReceivedTime: (the time of the test)
+    SenderEmailAddress: user@tarnwell.example
+    SenderEmailType: SMTP
     SenderName: Tarnwell User
     Sent: True
     SentOn: (the time of the test)
@@ -53,6 +57,8 @@ Mailbox - Tarnwell/Inbox
     FlagRequest: TW-Received eMail Auto Filed
     FlagStatus: 1
     Importance: 1
+    ReceivedByEntryID: (id 1)
+    ReceivedByName: Tarnwell User
     ReceivedTime: 2026-03-03 09:15:00
     SenderEmailAddress: ann.lee@northmill.example
     SenderEmailType: SMTP
@@ -70,6 +76,8 @@ Mailbox - Tarnwell/Inbox
     Body: The first line\r\nThe second line\r\n
     ConversationTopic: Who are you?
     Importance: 1
+    ReceivedByEntryID: (id 1)
+    ReceivedByName: Tarnwell User
     ReceivedTime: 2026-03-03 09:15:00
     SenderEmailAddress: zoe@quill.example
     SenderEmailType: SMTP
@@ -87,6 +95,8 @@ Mailbox - Tarnwell/Inbox
     Body: The first line\r\nThe second line\r\n
     ConversationTopic: Not yet read
     Importance: 1
+    ReceivedByEntryID: (id 1)
+    ReceivedByName: Tarnwell User
     ReceivedTime: 2026-03-03 09:15:00
     SenderEmailAddress: ann.lee@northmill.example
     SenderEmailType: SMTP
@@ -107,6 +117,8 @@ Mailbox - Tarnwell/Inbox
     FlagRequest: TW User Filed
     FlagStatus: 1
     Importance: 1
+    ReceivedByEntryID: (id 1)
+    ReceivedByName: Tarnwell User
     ReceivedTime: 2026-03-03 09:15:00
     SenderEmailAddress: ann.lee@northmill.example
     SenderEmailType: SMTP
@@ -124,6 +136,8 @@ Mailbox - Tarnwell/Inbox
     Body: Dear all\r\n
     ConversationTopic: A greeting
     Importance: 1
+    ReceivedByEntryID: (id 1)
+    ReceivedByName: Tarnwell User
     ReceivedTime: 2026-03-03 09:15:00
     SenderEmailAddress: zoe@quill.example
     SenderEmailType: SMTP
@@ -139,7 +153,7 @@ Mailbox - Tarnwell/Inbox
 Mailbox - Tarnwell/Contacts
     MessageClass: IPM.Contact
     CompanyName: Ray & Sons
-    CustomerID: (id 1)
+    CustomerID: (id 2)
     Email1Address: bob@ray.example
     Email1AddressType: SMTP
     Email1DisplayName: Bob Ray (bob@ray.example)
@@ -150,7 +164,7 @@ Mailbox - Tarnwell/Contacts
     Subject: Bob Ray
 Mailbox - Tarnwell/Contacts
     MessageClass: IPM.Contact
-    CustomerID: (id 2)
+    CustomerID: (id 3)
     Email1Address: zoe@quill.example
     Email1AddressType: SMTP
     Email1DisplayName: Zoe Quill (zoe@quill.example)
@@ -202,7 +216,7 @@ Public Folders/All Public Folders/Tarnwell/Account Profiles/Account Contacts
     FullName: Bob Ray
     LastName: Ray
     Subject: Bob Ray
-    [ContactID, 1]: (id 1)
+    [ContactID, 1]: (id 2)
     [Account Name, 1]: Ray & Sons
     [Account Manager, 1]: Tom Prior
     [Team, 1]: Tom Prior
@@ -263,6 +277,8 @@ Public Folders/All Public Folders/Tarnwell/Account Profiles/Drop Downs
     Body: Dear all\r\n
     ConversationTopic: A greeting
     Importance: 1
+    ReceivedByEntryID: (id 1)
+    ReceivedByName: Tarnwell User
     ReceivedTime: 2026-03-03 09:15:00
     SenderEmailAddress: zoe@quill.example
     SenderEmailType: SMTP
@@ -280,7 +296,7 @@ Public Folders/All Public Folders/Tarnwell/Leads
     MessageClass: IPM.Contact.Lead
     Anniversary: 4501-01-01 00:00:00
     Birthday: 4501-01-01 00:00:00
-    CustomerID: (id 2)
+    CustomerID: (id 3)
     Email1Address: zoe@quill.example
     Email1AddressType: SMTP
     Email1DisplayName: Zoe Quill (zoe@quill.example)
@@ -291,7 +307,7 @@ Public Folders/All Public Folders/Tarnwell/Leads
     FullName: Zoe Quill
     LastName: Quill
     Subject: Zoe Quill
-    [ContactID, 1]: (id 2)
+    [ContactID, 1]: (id 3)
     [Account Manager, 1]: Tom Prior
     [Team, 1]: Tom Prior
 Public Folders/All Public Folders/Tarnwell/Global Calendar

@@ -20,6 +20,7 @@ struct FieldRow {
 std::span<const FieldRow> common_fields();  ///< of all items but notes
 std::span<const FieldRow> mail_fields();
 std::span<const FieldRow> contact_fields();
+std::span<const FieldRow> dist_list_fields();
 std::span<const FieldRow> appointment_fields();
 std::span<const FieldRow> task_fields();
 std::span<const FieldRow> post_fields();
