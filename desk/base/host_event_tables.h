@@ -17,8 +17,17 @@ inline constexpr EventInterface application_9{
     "ApplicationEvents", automation::guid("{0006304E-0000-0000-C000-000000000046}"), application_events};
 inline constexpr EventInterface application_10{
     "ApplicationEvents_10", automation::guid("{0006300E-0000-0000-C000-000000000046}"), application_events};
-inline constexpr EventInterface application_11{
-    "ApplicationEvents_11", automation::guid("{0006302C-0000-0000-C000-000000000046}"), application_events};
+inline constexpr Event application_11_events[] = {{u"ItemSend", 0xF002, second_out},
+                                                  {u"NewMail", 0xF003},
+                                                  {u"Reminder", 0xF004},
+                                                  {u"OptionsPagesAdd", 0xF005},
+                                                  {u"Startup", 0xF006},
+                                                  {u"Quit", 0xF007},
+                                                  {u"NewMailEx", 0xFAB5},
+                                                  {u"ItemLoad", 0xFBA7}};
+inline constexpr EventInterface application_11{"ApplicationEvents_11",
+                                               automation::guid("{0006302C-0000-0000-C000-000000000046}"),
+                                               application_11_events};
 inline constexpr const EventInterface* application[] = {&application_11, &application_10, &application_9};
 
 inline constexpr Event explorers_events[] = {{u"NewExplorer", 0xF001}};
@@ -72,14 +81,30 @@ inline constexpr Event item_events[] = {{u"Read", 0xF001},
                                         {u"Send", 0xF005, first_out},
                                         {u"CustomPropertyChange", 0xF008},
                                         {u"PropertyChange", 0xF009},
+                                        {u"BeforeCheckNames", 0xF00A, first_out},
                                         {u"AttachmentAdd", 0xF00B},
+                                        {u"BeforeAttachmentSave", 0xF00D, second_out},
                                         {u"Reply", 0xF466, second_out},
                                         {u"ReplyAll", 0xF467, second_out},
                                         {u"Forward", 0xF468, second_out}};
+inline constexpr Event item_10_events[] = {{u"Read", 0xF001},
+                                           {u"Write", 0xF002, first_out},
+                                           {u"Open", 0xF003, first_out},
+                                           {u"Close", 0xF004, first_out},
+                                           {u"Send", 0xF005, first_out},
+                                           {u"CustomPropertyChange", 0xF008},
+                                           {u"PropertyChange", 0xF009},
+                                           {u"BeforeCheckNames", 0xF00A, first_out},
+                                           {u"AttachmentAdd", 0xF00B},
+                                           {u"BeforeAttachmentSave", 0xF00D, second_out},
+                                           {u"Reply", 0xF466, second_out},
+                                           {u"ReplyAll", 0xF467, second_out},
+                                           {u"Forward", 0xF468, second_out},
+                                           {u"BeforeDelete", 0xFA75, second_out}};
 inline constexpr EventInterface item_9{
     "ItemEvents", automation::guid("{0006303A-0000-0000-C000-000000000046}"), item_events};
 inline constexpr EventInterface item_10{
-    "ItemEvents_10", automation::guid("{0006302B-0000-0000-C000-000000000046}"), item_events};
+    "ItemEvents_10", automation::guid("{0006302B-0000-0000-C000-000000000046}"), item_10_events};
 inline constexpr const EventInterface* item[] = {&item_10, &item_9};
 
 inline constexpr Event command_bars_events[] = {{u"OnUpdate", 1}};

@@ -42,6 +42,15 @@ struct AtOnce {
 
 struct Options {
     automation::Text host_version = u"16.0.0.0";
+    /// The first number of the version.
+    int host_major() const {
+        int major = 0;
+        for (const char16_t c : host_version) {
+            if (c < u'0' || c > u'9') break;
+            major = 10 * major + (c - u'0');
+        }
+        return major;
+    }
     bool instant_search = false;
     std::int32_t language = 1033;  ///< LCID of the user interface
     AtOnce at_once = AtOnce::of(EventOrder::host);

@@ -48,6 +48,20 @@ AttachmentData attached_file(const Text& path) {
 
 }  // namespace
 
+bool may_save_attachments(const std::shared_ptr<Item>& item) {
+    const auto stored =
+        item->id() == 0 ? std::vector<AttachmentData>() : item->desk().store().attachments(item->id());
+    for (std::size_t i = 0; i < item->whole().attachments.size(); ++i) {
+        if (std::ranges::find(stored, item->whole().attachments[i]) != stored.end()) continue;
+        std::vector<Value> arguments{Value(std::make_shared<Attachment>(item->desk(), item, i)->self()),
+                                     false};
+        item->raise_with_answer(u"BeforeAttachmentSave", arguments);
+        if (arguments[1].to_boolean()) return false;
+        item->check_there();  // who was asked may have moved or deleted it
+    }
+    return true;
+}
+
 Object Attachments::at(const Value& index) const {
     item_->check_there();
     const auto& all = item_->whole().attachments;

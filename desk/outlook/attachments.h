@@ -5,6 +5,10 @@
 
 namespace desk {
 
+/// Asks those who listen about each attachment that an item holds and the store does not; false if one of
+/// them does not want it saved.
+bool may_save_attachments(const std::shared_ptr<Item>& item);
+
 class Attachments : public ModelObject<Attachments> {
   public:
     static constexpr std::string_view name = "Attachments";

@@ -13,11 +13,13 @@ namespace desk {
 
 using automation::Failure;
 using automation::TextView;
+using automation::Value;
 namespace result = automation::result;
 
 namespace {
 
 constexpr std::int32_t inbox = 6;
+constexpr int first_with_new_mail_ex = 11, first_with_item_load = 12;  // versions of the host
 
 }  // namespace
 
@@ -71,6 +73,7 @@ std::shared_ptr<Item> Desk::open_item(RowId id) {
     }
     auto item = std::make_shared<Item>(*this, std::move(*row));
     remember_open(id, item);
+    if (options_.host_major() >= first_with_item_load) item->tell_loaded();
     return item;
 }
 
@@ -111,7 +114,10 @@ std::shared_ptr<Item> Desk::deliver(TextView path) {
     if (folder == 0) throw Failure(result::not_found, u"The profile has no Inbox.");
     auto item = std::make_shared<Item>(*this, folder, std::move(data));
     item->save();
-    now_or_later(options_.at_once.adds, [this] { application_->raise(u"NewMail"); });
+    now_or_later(options_.at_once.adds, [this, id = item->entry_id()] {
+        application_->raise(u"NewMail");
+        if (options_.host_major() >= first_with_new_mail_ex) application_->raise(u"NewMailEx", {Value(id)});
+    });
     return item;
 }
 

@@ -60,6 +60,11 @@ void send_written(Inspector& inspector) {
     inspector.item()->send();
 }
 
+/// There is none if somebody who was told of it does not want it.
+void show_answer(const std::shared_ptr<Item>& answer) {
+    if (answer) answer->inspector()->display();
+}
+
 constexpr OwnButton own_buttons[] = {
     {own_button::send, u"Send", is_unsent_mail, send_written},
     {own_button::save_and_close, u"Save and Close", [](const Item& item) { return !is_mail(item); },
@@ -67,11 +72,11 @@ constexpr OwnButton own_buttons[] = {
     {own_button::save, u"Save", [](const Item& item) { return !is_sent_mail(item); },
      [](Inspector& inspector) { inspector.item()->save(); }},
     {own_button::reply, u"Reply", is_sent_mail,
-     [](Inspector& inspector) { inspector.item()->reply(false)->inspector()->display(); }},
+     [](Inspector& inspector) { show_answer(inspector.item()->reply(false)); }},
     {own_button::reply_all, u"Reply All", is_sent_mail,
-     [](Inspector& inspector) { inspector.item()->reply(true)->inspector()->display(); }},
+     [](Inspector& inspector) { show_answer(inspector.item()->reply(true)); }},
     {own_button::forward, u"Forward", is_sent_mail,
-     [](Inspector& inspector) { inspector.item()->forward()->inspector()->display(); }},
+     [](Inspector& inspector) { show_answer(inspector.item()->forward()); }},
     {own_button::remove, u"Delete", [](const Item&) { return true; },
      [](Inspector& inspector) { inspector.item()->remove(); }},
 };
@@ -137,6 +142,7 @@ void Inspector::display() {
         come_up();
         return;
     }
+    if (item_->id() != 0) item_->raise(u"Read");
     std::vector<Value> cancel{false};
     item_->raise_with_answer(u"Open", cancel);
     if (cancel[0].to_boolean()) return;

@@ -1,7 +1,11 @@
 #include "desk/outlook/item.h"
 
+#include <algorithm>
+
 #include "desk/base/desk.h"
 #include "desk/base/host_event_tables.h"
+#include "desk/outlook/application.h"
+#include "desk/outlook/attachments.h"
 #include "desk/outlook/contact_rules.h"
 #include "desk/outlook/dist_lists.h"
 #include "desk/outlook/folder.h"
@@ -27,6 +31,15 @@ bool knows(const ItemKind& kind, TextView member) {
     if (automation::same_ignoring_case(member, u"Send")) return kind.has_people;
     if (is_dist_list_member(member)) return kind.number == object_class::dist_list;
     return true;
+}
+
+/// What an item tells of itself before it is there as a whole.
+bool is_known_early(const Request& request) {
+    constexpr std::pair<TextView, std::int32_t> early[] = {{u"Class", 0xF00A}, {u"MessageClass", 0x001A}};
+    return std::ranges::any_of(early, [&](const auto& each) {
+        return request.member.empty() ? request.id == each.second
+                                      : automation::same_ignoring_case(request.member, each.first);
+    });
 }
 
 automation::MemberFacts facts_of(const FieldRow& field) {
@@ -59,8 +72,16 @@ void Item::check_there() const {
     if (gone_) throw Failure(result::object_deleted, u"The item has been moved or deleted.");
 }
 
+void Item::tell_loaded() {
+    loading_ = true;
+    desk().application()->raise(u"ItemLoad", {Value(self())});
+    loading_ = false;
+}
+
 Value Item::invoke(Request& request) {
     check_there();
+    if (loading_ && !is_known_early(request))
+        throw Failure(result::fail, u"The item is being loaded: it has a class, and nothing else yet.");
     if (!knows(kind(), request.member)) automation::throw_no_member(request);
     return ModelObject::invoke(request);
 }
@@ -152,6 +173,7 @@ void Item::save() {
     raise_with_answer(u"Write", cancel);
     if (cancel[0].to_boolean()) return;
     check_there();  // who was asked may have moved or deleted it
+    if (attachments_changed_ && !may_save_attachments(shared_from_this())) return;
 
     const bool is_new = id_ == 0;
     write();

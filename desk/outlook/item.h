@@ -74,6 +74,9 @@ class Item : public ModelObject<Item> {
     /// Somebody has stored the item anew past this object: it keeps what it has, but can't be saved any more.
     void outdate() { outdated_ = true; }
 
+    /// Tells that the item has come from the store. Who is told may ask for its class and nothing else.
+    void tell_loaded();
+
     /// Forgets what was changed since the last save.
     void revert();
 
@@ -86,6 +89,8 @@ class Item : public ModelObject<Item> {
 
     /// Recipients changed: the lines that name them follow.
     void people_changed();
+    /// A program has had all of them resolved.
+    void names_are_checked() { names_checked_ = true; }
 
     /// What is marked unread or read by the host itself counts as a change of the item.
     void mark_read(bool read);
@@ -98,7 +103,7 @@ class Item : public ModelObject<Item> {
     void load_attachments();
     bool is_people_line(automation::TextView field_name) const;
     void set_people_line(automation::TextView line, automation::TextView names);
-    std::shared_ptr<Item> answer_of(ItemData data) const;
+    std::shared_ptr<Item> answer_of(ItemData data, automation::TextView event);
     void leave_folder();
     void leave_for(RowId target);
     bool check_names();
@@ -114,6 +119,8 @@ class Item : public ModelObject<Item> {
     bool attachments_changed_ = false;
     bool gone_ = false;
     bool outdated_ = false;
+    bool names_checked_ = true;
+    bool loading_ = false;
 };
 
 /// Has fields that depend on each other follow a change: names of a contact, times of an appointment, state

@@ -6,6 +6,8 @@
 
 namespace desk {
 
+using automation::Value;
+
 std::shared_ptr<Item> Item::copy_to(RowId folder) {
     ItemData data = whole();
     auto twin = std::make_shared<Item>(desk(), folder, std::move(data));
@@ -56,6 +58,13 @@ void Item::remove_for_good() {
 
 void Item::remove() {
     check_there();
+    if (const std::shared_ptr<Inspector> shown = shown_by.lock(); shown && shown->is_open()) {
+        std::vector<Value> arguments{Value(self()), false};
+        raise_with_answer(u"BeforeDelete", arguments);
+        if (arguments[1].to_boolean())
+            throw automation::Failure(automation::result::fail, u"The deletion was cancelled.");
+        check_there();  // who was asked may have moved or deleted it
+    }
     // the mailbox has a place for what is deleted; shared folders have none
     const RowId bin = desk().default_folder(deleted_items_folder);
     const bool recoverable =

@@ -3,6 +3,7 @@
 
 #include "desk/base/desk.h"
 #include "desk/outlook/application.h"
+#include "desk/outlook/attachments.h"
 #include "desk/outlook/inspectors.h"
 #include "desk/outlook/item.h"
 #include "desk/outlook/name_space.h"
@@ -58,6 +59,7 @@ void Item::set_people_line(TextView line, TextView names) {
 }
 
 void Item::people_changed() {
+    names_checked_ = false;
     for (const PeopleLine& line : lines_of(kind())) {
         Text names;
         for (const Person& person : data_.recipients) {
@@ -78,7 +80,15 @@ void Item::post() {
     if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
 }
 
-bool Item::check_names() { return Recipients(desk(), shared_from_this()).resolve_all(); }
+/// Names that a program has resolved already are not asked about again.
+bool Item::check_names() {
+    const bool all_known = std::ranges::all_of(data_.recipients, &Person::resolved);
+    if (names_checked_ && all_known) return true;
+    std::vector<Value> cancel{false};
+    raise_with_answer(u"BeforeCheckNames", cancel);
+    if (cancel[0].to_boolean()) return false;
+    return Recipients(desk(), shared_from_this()).resolve_all();
+}
 
 void Item::send() {
     if (data_.recipients.empty()) {
@@ -120,6 +130,7 @@ void Item::leave_for(RowId target) {
     raise_with_answer(u"Write", cancel);
     if (cancel[0].to_boolean()) return;
     check_there();  // who was asked may have deleted it
+    if (!may_save_attachments(shared_from_this())) return;
     folder_ = target;
     write();
     gone_ = true;
@@ -144,7 +155,7 @@ std::shared_ptr<Item> Item::reply(bool to_all) {
         const std::vector<Person> others = others_of(data_, sender, NameSpace::user_address);
         data.recipients.insert(data.recipients.end(), others.begin(), others.end());
     }
-    return answer_of(std::move(data));
+    return answer_of(std::move(data), to_all ? u"ReplyAll" : u"Reply");
 }
 
 std::shared_ptr<Item> Item::forward() {
@@ -153,16 +164,19 @@ std::shared_ptr<Item> Item::forward() {
     data.fields[u"Subject"] = marked_subject(u"FW: ", subject());
     data.fields[u"Body"] = quoted(data_);
     data.attachments = whole().attachments;
-    return answer_of(std::move(data));
+    return answer_of(std::move(data), u"Forward");
 }
 
-/// A new mail, in which the user has written nothing yet.
-std::shared_ptr<Item> Item::answer_of(ItemData data) const {
+/// A new mail, in which the user has written nothing yet; null if one who is told of it cancels it.
+std::shared_ptr<Item> Item::answer_of(ItemData data, TextView event) {
     auto answer = std::make_shared<Item>(desk(), desk().default_folder(kind_of_type(0).default_folder),
                                          std::move(data));
     answer->people_changed();
+    answer->names_checked_ = true;
     answer->version_ = 0;
-    return answer;
+    std::vector<Value> arguments{Value(answer->self()), false};
+    raise_with_answer(event, arguments);
+    return arguments[1].to_boolean() ? nullptr : answer;
 }
 
 }  // namespace desk

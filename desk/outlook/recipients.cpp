@@ -96,6 +96,7 @@ bool Recipients::resolve_all() {
     for (std::size_t i = 0; i < item_->data().recipients.size(); ++i) {
         all = Recipient(desk(), item_, i).resolve() && all;
     }
+    if (all) item_->names_are_checked();
     return all;
 }
 

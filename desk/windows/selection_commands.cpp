@@ -20,7 +20,8 @@ bool has_come(const Item& item) { return is_mail(item) && item.field(u"Sent").to
 /// Makes the answer as any program would, and opens it.
 template <const char16_t* member>
 void answer(Item& item) {
-    item.self().call(member).to_object().call(u"Display");
+    const automation::Object made = item.self().call(member).to_object();
+    if (made) made.call(u"Display");
 }
 constexpr char16_t reply_member[] = u"Reply", reply_all_member[] = u"ReplyAll", forward_member[] = u"Forward";
 
