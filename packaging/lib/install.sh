@@ -6,7 +6,8 @@ build_packages=(cmake ninja-build g++ ccache pkg-config g++-mingw-w64-x86-64 g++
 wine_packages=(wine wine64 fonts-wine xvfb openbox xdotool imagemagick)
 package_packages=(wixl msitools zip)
 package_check_packages=(osslsigncode openssl libxml2-utils)
-check_packages=(clang-format clang-tidy "${package_packages[@]}" "${package_check_packages[@]}")
+emulator_packages=(python3-unicorn python3-pefile)
+check_packages=(clang-format clang-tidy "${package_packages[@]}" "${package_check_packages[@]}" "${emulator_packages[@]}")
 
 # install_packages NAME...: one query tells what is missing; apt is called only then.
 install_packages() {
