@@ -9,7 +9,6 @@ namespace desk {
 
 using automation::Text;
 using automation::TextView;
-using automation::Value;
 
 namespace {
 
