@@ -158,16 +158,24 @@ TEST_F(OpenContact, FindsWhatBeginsWithTheAddressOrTheName) {
 }
 
 TEST_F(OpenContact, OpensNothingAndAsksNothingForAMatchOfAnotherKind) {
-    World& world = furnished();
-    const Item post = world.below(u"Account Contacts").Items().Add(u"IPM.Post");
-    post.Subject(u"Ann Lee");
-    post.Save();
-    const Item mail = world.deliver(message());
-    press(mail);
-    EXPECT_EQ(opened(), Lines{});
-    EXPECT_EQ(count_messages(world), 0);
-    EXPECT_EQ(count_in(world, u"Account Contacts"), 1);
-    expect_left_alone(world, mail);
+    struct Case {
+        TextView message_class, named;
+    };
+    constexpr Case cases[] = {{u"IPM.Post", u"Subject"}, {u"IPM.DistList", u"DLName"}};
+    furnished();
+    for (const Case& one : cases) {
+        SCOPED_TRACE(shown(one.message_class));
+        World& world = emptied();
+        const Item other = world.below(u"Account Contacts").Items().Add(one.message_class);
+        other.put(one.named, u"Ann Lee");
+        other.Save();
+        const Item mail = world.deliver(message());
+        press(mail);
+        EXPECT_EQ(opened(), Lines{});
+        EXPECT_EQ(count_messages(world), 0);
+        EXPECT_EQ(count_in(world, u"Account Contacts"), 1);
+        expect_left_alone(world, mail);
+    }
 }
 
 TEST_F(OpenContact, TakesASearchThatFailsForNoMatch) {
