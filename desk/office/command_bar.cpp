@@ -1,6 +1,7 @@
 #include "desk/office/command_bar.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "desk/base/desk.h"
 #include "desk/base/kept.h"
@@ -106,6 +107,13 @@ std::shared_ptr<CommandBarControl> CommandBar::find(const ControlWish& wish) con
     const auto found =
         std::ranges::find_if(controls, [&](const auto& control) { return fits(*control, wish); });
     return found == controls.end() ? nullptr : *found;
+}
+
+std::vector<std::shared_ptr<CommandBarControl>> CommandBar::find_all(const ControlWish& wish) const {
+    std::vector<std::shared_ptr<CommandBarControl>> found;
+    std::ranges::copy_if(controls, std::back_inserter(found),
+                         [&](const auto& control) { return fits(*control, wish); });
+    return found;
 }
 
 void CommandBar::insert(std::shared_ptr<CommandBarControl> control, const std::optional<Value>& before) {

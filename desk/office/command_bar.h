@@ -37,6 +37,7 @@ class CommandBar : public ModelObject<CommandBar> {
     void
     end_window();  ///< its window has closed: of the host's own bars what isn't temporary can still be read
     std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
+    std::vector<std::shared_ptr<CommandBarControl>> find_all(const ControlWish& wish) const;
     std::shared_ptr<CommandBarControl> add(const std::optional<automation::Value>& type,
                                            const std::optional<automation::Value>& id,
                                            const std::optional<automation::Value>& parameter,

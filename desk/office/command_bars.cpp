@@ -3,6 +3,7 @@
 #include "desk/base/desk.h"
 #include "desk/base/host_event_tables.h"
 #include "desk/base/kept.h"
+#include "desk/office/found_controls.h"
 
 namespace desk {
 
@@ -71,6 +72,16 @@ std::shared_ptr<CommandBarControl> CommandBars::find(const ControlWish& wish) co
     return nullptr;
 }
 
+Object CommandBars::find_all(const ControlWish& wish) {
+    std::vector<std::shared_ptr<CommandBarControl>> found;
+    for (const auto& bar : all) {
+        const auto of_bar = bar->find_all(wish);
+        found.insert(found.end(), of_bar.begin(), of_bar.end());
+    }
+    return found.empty() ? Object()
+                         : std::make_shared<FoundControls>(desk(), self(), std::move(found))->self();
+}
+
 void CommandBars::end() {
     ended_ = true;
     for (const auto& bar : all) bar->end_window();
@@ -121,6 +132,14 @@ const automation::Members<CommandBars>& CommandBars::members() {
                  ->self();
          }},
         {u"FindControl", 0x60030008, Use::method, {u"Type", u"Id", u"Tag", u"Visible"}, find_control<Self>},
+        {u"FindControls",
+         0x60030015,
+         Use::method,
+         {u"Type", u"Id", u"Tag", u"Visible"},
+         [](Self& self, const std::optional<Value>& type, const std::optional<Value>& id,
+            const std::optional<Value>& tag, const std::optional<Value>& visible) {
+             return self.find_all({type, id, tag, visible});
+         }},
         {u"ActionControl", 0x60030000, Use::get,
          [](Self& self) { return self.pressed.empty() ? Value(Object()) : answer_of(self.pressed.back()); }},
         {u"ActiveMenuBar", 0x60030001, Use::get, [](Self& self) { return self.named(menu_bar)->self(); }},

@@ -34,6 +34,7 @@ class CommandBars : public ModelObject<CommandBars> {
                                     const std::optional<automation::Value>& position, bool is_menu_bar,
                                     bool temporary);
     std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
+    automation::Object find_all(const ControlWish& wish);  ///< Nothing if there is no such control
     void
     end();  ///< the window is closed: custom bars and temporary controls are gone, nobody is told of anything
 
