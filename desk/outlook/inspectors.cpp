@@ -102,7 +102,7 @@ Inspector::Inspector(Desk& desk, std::shared_ptr<Item> item)
     : ModelObject(desk),
       item_(std::move(item)),
       is_word_mail_(desk.options().word_mail && item_->kind().number == object_class::mail) {
-    left = 400, top = 320, width = 640, height = 400;
+    left = 400, top = 240, width = 640, height = 500;
     if (is_word_mail_) {
         bars_ = desk.inspectors()->word_bars();
     } else {

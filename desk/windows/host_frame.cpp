@@ -69,7 +69,18 @@ void HostFrame::later(void (HostWindow::*what)()) {
     });
 }
 
-void HostFrame::on_close() { later(&HostWindow::close_by_user); }
+void HostFrame::on_close() {
+    const automation::Text refused = refused_entry();
+    if (refused.empty()) return later(&HostWindow::close_by_user);
+    context_.desk.surroundings().post(
+        [held = window_.held(), window = &window_, &desk = context_.desk, refused] {
+            constexpr std::uint32_t warning_not_to = 0x134;  // MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2
+            constexpr int yes = 6;
+            const automation::Text question = refused + u"\n\nDo you want to close the window without it?";
+            if (desk.surroundings().ask(question, u"Outlook", warning_not_to) != yes) return;
+            if (window->is_open()) window->close_by_user();
+        });
+}
 
 void HostFrame::on_activate() {
     if (context_.following) return;
@@ -80,6 +91,7 @@ void HostFrame::on_activate() {
 void HostFrame::on_command(int command, int code) {
     if (command == close_command) return on_close();
     if (const auto control = bars_.control(command)) {
+        if (!may_press(*control)) return;
         // not here: the click may lead to the end of the toolbar, which still has work to do with it
         context_.desk.surroundings().post([control] {
             if (control->is_there()) control->press();

@@ -40,6 +40,11 @@ class HostFrame : public DeskWindow {
     virtual void add_menus(HMENU /*bar*/) {}  ///< behind those that each window has
     virtual void on_own_command(int, int) {}  ///< its number, and the code of a notification
     virtual RowId shown_folder() const = 0;
+    virtual bool may_press(const CommandBarControl&) { return true; }
+
+    /// What a person has entered here though it can't be taken, in one sentence; empty if there is nothing
+    /// such. Who closes the window is asked whether to lose it.
+    virtual automation::Text refused_entry() { return {}; }
 
     LRESULT on_notify(NMHDR& notice) override;
 

@@ -2,13 +2,10 @@
 
 #include <algorithm>
 
-#include "automation/com/failure.h"
 #include "desk/base/desk.h"
 #include "desk/driver/named_window.h"
-#include "desk/outlook/written_people.h"
 #include "desk/windows/item_commands.h"
 #include "desk/windows/item_form.h"
-#include "desk/windows/shown_value.h"
 #include "forms/windows/form_control.h"
 
 namespace desk {
@@ -19,10 +16,10 @@ using automation::Value;
 
 namespace {
 
-constexpr int attach_id = 97, attachments_id = 98, head_id = 99, first_field_id = 100;  // menus begin at 800
+constexpr int pages_id = 96, attach_id = 97, attachments_id = 98, head_id = 99;  // fields begin at 100
 // pixels
-constexpr int head_height = 104, margin = 6, line_height = 22, title_width = 60, title_drop = 4;
-constexpr int long_title_width = 110, least_text_height = 60;
+constexpr int head_height = 84, margin = 6, least_text_height = 60;
+constexpr int tabs_height = 24, told_height = 18;
 
 /// A line for each field that the item has and that holds something.
 Text head_of(Item& item) {
@@ -36,46 +33,55 @@ Text head_of(Item& item) {
     return head;
 }
 
-/// Takes what was typed. Throws `Failure` for what the field can't hold.
-void write(Item& item, TextView member, const Text& typed) {
-    if (const tables::FieldRow* const field = find_field(item.kind(), member)) {
-        return item.set_field(*field, automation::Value(typed));
-    }
-    item.self()
-        .get(u"UserProperties")
-        .to_object()
-        .call(u"Item", {automation::Value(member)})
-        .to_object()
-        .put(u"Value", automation::Value(typed));
-}
-
 }  // namespace
 
 InspectorWindow::InspectorWindow(FrameContext& context, std::shared_ptr<Inspector> inspector)
-    : HostFrame(context, L"TarnwellDeskInspector", *inspector), inspector_(std::move(inspector)) {
-    constexpr DWORD several_lines =
-        WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | ES_NOHIDESEL;
+    : HostFrame(context, L"TarnwellDeskInspector", *inspector),
+      inspector_(std::move(inspector)),
+      fields_(inspector_->item(), [this](const ControlClass& made, int id, const Text& text) {
+          return add_control(made.name, made.style, made.extended_style, id, windows::wide(text));
+      }) {
+    add_fields();
+    open();
+}
+
+void InspectorWindow::add_fields() {
     const Item& item = *inspector_->item();
     const ItemForm* const form = form_for(item);
-    if (form) {
-        two_columns_ = form->two_columns;
-        for (const FormLine& line : form->lines) add_field(Text(line.title), Text(line.field), line.people);
-        if (two_columns_) {
-            for (const UserPropertyData& property : item.data().user_properties) {
-                add_field(property.name + u":", property.name);
-            }
+    const auto& properties = item.data().user_properties;
+    const bool has_pages = form && form->two_columns && !properties.empty();
+    two_columns_ = form && form->two_columns;
+    if (has_pages) {
+        pages_ = add_control(WC_TABCONTROLW, WS_TABSTOP | WS_CLIPSIBLINGS, 0, pages_id);
+        for (int page = 0; const wchar_t* const name : {L"General", L"Properties"}) {
+            TCITEMW tab{};
+            tab.mask = TCIF_TEXT;
+            tab.pszText = const_cast<wchar_t*>(name);
+            SendMessageW(pages_, TCM_INSERTITEMW, static_cast<WPARAM>(page++),
+                         reinterpret_cast<LPARAM>(&tab));
         }
-    } else {
-        head_ = add_control(WC_EDITW, several_lines | ES_READONLY, WS_EX_CLIENTEDGE, head_id);
     }
-    fields_.push_back({nullptr,
-                       add_control(WC_EDITW, several_lines | (form ? 0 : ES_READONLY), WS_EX_CLIENTEDGE,
-                                   first_field_id + static_cast<int>(fields_.size())),
-                       u"Body",
-                       {},
-                       0});
+    if (form) {
+        for (const FormLine& line : form->lines) fields_.add(line);
+    } else {
+        constexpr DWORD several_lines = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_READONLY;
+        head_ = add_control(WC_EDITW, several_lines, WS_EX_CLIENTEDGE, head_id);
+    }
+    if (has_pages) {
+        for (const TextView key : record_keys()) {
+            const auto found = std::ranges::find_if(properties, [&](const UserPropertyData& property) {
+                return automation::same_ignoring_case(property.name, key);
+            });
+            if (found != properties.end()) fields_.add_property(*found, ItemFields::first_page);
+        }
+    }
+    fields_.add_text(form != nullptr);
     if (!item.kind().is_note) add_attachments();  // the keyboard goes from the subject into the text
-    open();
+    if (has_pages) {
+        for (const UserPropertyData& property : properties)
+            fields_.add_property(property, ItemFields::second_page);
+    }
+    told_ = add_control(WC_STATICW, SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 0);
 }
 
 bool InspectorWindow::is_written() const { return form_for(*inspector_->item()) != nullptr; }
@@ -95,39 +101,19 @@ void InspectorWindow::add_menus(HMENU menu) {
 /// Where writing begins: a new mail with whom it is for, an answer with its text.
 HWND InspectorWindow::first_focus() const {
     const Item& item = *inspector_->item();
-    const HWND text = fields_.back().edit;
+    const HWND text = fields_.text();
     if (!form_for(item)) return text;
     const bool is_addressed = item.kind().number == object_class::mail && !item.data().recipients.empty();
-    return is_addressed ? text : fields_.front().edit;
-}
-
-void InspectorWindow::add_field(const Text& title, const Text& member, std::int32_t people) {
-    const HWND label = add_control(WC_STATICW, SS_RIGHT, 0, 0, windows::wide(title));
-    const int id = first_field_id + static_cast<int>(fields_.size());
-    const HWND edit = add_control(WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE, id);
-    fields_.push_back({label, edit, member, {}, people});
-}
-
-Text InspectorWindow::value_of(const Field& field) const {
-    const ItemData& item = inspector_->item()->data();
-    return field.people == 0 ? shown_value(item, field.member) : written_line(item, field.people);
-}
-
-void InspectorWindow::show_field(Field& field) {
-    Text now = value_of(field);
-    if (now == field.known) return;
-    field.known = std::move(now);
-    SetWindowTextW(field.edit, windows::wide(field.known));
+    return is_addressed ? text : fields_.first(page_);
 }
 
 void InspectorWindow::show_contents() {
     Item& item = *inspector_->item();
     if (item.version() == version_) return;
     version_ = item.version();
-    showing_ = true;
     if (head_) SetWindowTextW(head_, windows::wide(head_of(item)));
-    for (Field& field : fields_) show_field(field);
-    showing_ = false;
+    fields_.show();
+    tell_refusal();
     if (attachments_ && attachments_->show(item.whole().attachments)) lay_out_again();
 }
 
@@ -136,7 +122,8 @@ RowId InspectorWindow::shown_folder() const { return inspector_->item()->folder(
 /// Answers how much it takes.
 int InspectorWindow::place_attachments(int top, int title, int width) const {
     if (!attachments_) return 0;
-    if (!is_written() && attachments_->is_empty()) {
+    const bool is_needed = is_written() || !attachments_->is_empty();
+    if (page_ != ItemFields::first_page || !is_needed) {
         attachments_->hide();
         return 0;
     }
@@ -147,34 +134,64 @@ int InspectorWindow::place_attachments(int top, int title, int width) const {
 
 void InspectorWindow::lay_out(int top, int width, int height) {
     const int inner = width - 2 * margin;
+    const int title = fields_.title_width(page_);
+    const bool is_told = !fields_.refusal().empty();
+    ShowWindow(told_, is_told ? SW_SHOWNA : SW_HIDE);
+    if (is_told) {
+        height -= told_height;
+        MoveWindow(told_, margin, height, inner, told_height, TRUE);
+    }
+    if (pages_) {
+        MoveWindow(pages_, 0, top, width, tabs_height, TRUE);
+        top += tabs_height;
+    }
     top += margin;
     if (head_) {
         MoveWindow(head_, margin, top, inner, head_height, TRUE);
         top += head_height + margin;
     }
-    const int columns = two_columns_ ? 2 : 1;
-    const int title = two_columns_ ? long_title_width : title_width;
-    const int column_width = inner / columns;
-    int column = 0;
-    for (const Field& field : fields_) {
-        if (!field.title) {
-            if (column != 0) top += line_height + margin;
-            top += place_attachments(top, title, inner);
-            const int text_height = std::max(height - top - margin, least_text_height);
-            MoveWindow(field.edit, margin, top, inner, text_height, TRUE);
-            continue;
-        }
-        const int left = margin + column * column_width;
-        MoveWindow(field.title, left, top + title_drop, title, line_height - title_drop, TRUE);
-        MoveWindow(field.edit, left + title + margin, top, column_width - title - margin, line_height, TRUE);
-        column = (column + 1) % columns;
-        if (column == 0) top += line_height + margin;
-    }
+    top = fields_.place(page_, top, inner, two_columns_ ? 2 : 1);
+    top += place_attachments(top, title, inner);
+    MoveWindow(fields_.text(), margin, top, inner, std::max(height - top - margin, least_text_height), TRUE);
+}
+
+/// What can't be taken is told below everything.
+void InspectorWindow::tell_refusal() {
+    if (windows::window_text(told_) == fields_.refusal()) return;
+    SetWindowTextW(told_, windows::wide(fields_.refusal()));
+    lay_out_again();
+}
+
+void InspectorWindow::turn_to(int page) {
+    page_ = page;
+    SendMessageW(pages_, TCM_SETCURSEL, static_cast<WPARAM>(page), 0);
+    lay_out_again();
+    InvalidateRect(handle(), nullptr, TRUE);
+    if (!IsWindowVisible(GetFocus())) SetFocus(fields_.first(page));
+}
+
+Text InspectorWindow::refused_entry() {
+    fields_.refused();
+    tell_refusal();
+    return fields_.refusal();
+}
+
+/// What stores the item waits until all that was entered can be stored.
+bool InspectorWindow::may_press(const CommandBarControl& control) {
+    constexpr std::int32_t storing[] = {own_button::send, own_button::save, own_button::save_and_close};
+    if (std::ranges::find(storing, control.id) == std::end(storing)) return true;
+    const std::optional<ItemFields::Refused> refused = fields_.refused();
+    if (!refused) return true;
+    tell_refusal();
+    if (refused->page != page_) turn_to(refused->page);
+    SetFocus(refused->control);
+    MessageBeep(MB_ICONWARNING);
+    return false;
 }
 
 void InspectorWindow::press_button(std::int32_t id) {
     const auto button = inspector_->bars()->named(CommandBars::standard)->find({.id = Value(id)});
-    if (!button) return;
+    if (!button || !may_press(*button)) return;
     context().desk.surroundings().post([button] {
         if (button->is_there()) button->press();
     });
@@ -187,10 +204,13 @@ bool InspectorWindow::on_key(int key) {
     }
     const HWND focus = GetFocus();
     if (attachments_ && on_attachment_key(key)) return true;
+    if (is_dropped(focus)) return false;  // its keys are its own
     if (key == VK_ESCAPE) {
         PostMessageW(handle(), WM_CLOSE, 0, 0);
     } else if (key == VK_TAB && !is_held(VK_CONTROL) && !is_held(VK_MENU)) {
         move_focus(focus, is_held(VK_SHIFT));
+    } else if (key == VK_TAB && pages_ && !is_held(VK_MENU)) {
+        turn_to(page_ == ItemFields::first_page ? ItemFields::second_page : ItemFields::first_page);
     } else if (key == 'A' && is_held(VK_CONTROL) && !is_held(VK_MENU)) {
         SendMessageW(focus, EM_SETSEL, 0, -1);
     } else {
@@ -212,7 +232,7 @@ void InspectorWindow::move_focus(HWND from, bool back) {
 void InspectorWindow::on_own_command(int command, int code) {
     if (const std::optional<std::int32_t> button = button_of_command(command)) return press_button(*button);
     if (command == attach_id) return code == BN_CLICKED ? ask_for_files() : void();
-    on_field(command - first_field_id, code);
+    if (fields_.on_command(command, code)) tell_refusal();
 }
 
 void InspectorWindow::ask_for_files() {
@@ -259,6 +279,10 @@ LRESULT InspectorWindow::on_notify(NMHDR& notice) {
             });
         }
     }
+    if (notice.code == DTN_DATETIMECHANGE && fields_.on_date(notice.hwndFrom)) tell_refusal();
+    if (pages_ && notice.hwndFrom == pages_ && notice.code == TCN_SELCHANGE) {
+        turn_to(static_cast<int>(SendMessageW(pages_, TCM_GETCURSEL, 0, 0)));
+    }
     return HostFrame::on_notify(notice);
 }
 
@@ -269,26 +293,6 @@ void InspectorWindow::on_context_menu(HWND control, POINT place) {
                      &files = context().opened](const AttachmentPlace& chosen) {
         choose_for_attachment(chosen, owner, place, can_change, files);
     });
-}
-
-void InspectorWindow::on_field(int place, int code) {
-    if (showing_ || place < 0 || place >= static_cast<int>(fields_.size())) return;
-    Item& item = *inspector_->item();
-    if (!form_for(item) || item.is_gone()) return;
-    Field& field = fields_[static_cast<std::size_t>(place)];
-    if (code == EN_CHANGE) {
-        try {
-            write(item, field.member, windows::window_text(field.edit));
-        } catch (const automation::Failure&) {
-            return;  // a date, say, that isn't whole yet
-        }
-        field.known = value_of(field);  // what is being typed stays as it is typed
-    } else if (code == EN_KILLFOCUS && windows::window_text(field.edit) != value_of(field)) {
-        field.known = value_of(field);
-        showing_ = true;
-        SetWindowTextW(field.edit, windows::wide(field.known));
-        showing_ = false;
-    }
 }
 
 }  // namespace desk

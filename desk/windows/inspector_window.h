@@ -1,5 +1,5 @@
-// The window of one item: who, what and when above its text. A mail that isn't sent yet, contacts,
-// appointments and tasks can be written in it, the properties of a record, too.
+// The window of one item: who, what and when above its text. What isn't a mail that has come or was sent can
+// be written in it; the user properties of a record stand on a second page.
 #pragma once
 
 #include <memory>
@@ -8,6 +8,7 @@
 #include "desk/outlook/inspectors.h"
 #include "desk/windows/attachment_row.h"
 #include "desk/windows/host_frame.h"
+#include "desk/windows/item_fields.h"
 
 namespace desk {
 
@@ -25,15 +26,9 @@ class InspectorWindow : public HostFrame {
     LRESULT on_notify(NMHDR& notice) override;
     void on_context_menu(HWND control, POINT place) override;
 
-    /// A field that can be typed into.
-    struct Field {
-        HWND title, edit;
-        automation::Text member;
-        automation::Text known;   ///< of the model
-        std::int32_t people = 0;  ///< the kind of the recipients that it names; 0: none
-    };
-
     RowId shown_folder() const override;
+    bool may_press(const CommandBarControl& control) override;
+    automation::Text refused_entry() override;
 
     bool is_written() const;  ///< the item can be changed here
     void add_attachments();
@@ -45,17 +40,18 @@ class InspectorWindow : public HostFrame {
     void ask_for_files();
     void press_button(std::int32_t id);  ///< of the bar "Standard", as a click on it
     void move_focus(HWND from, bool back);
-    void on_field(int place, int code);
-    void add_field(const automation::Text& title, const automation::Text& member, std::int32_t people = 0);
-    automation::Text value_of(const Field& field) const;  ///< as the model has it
-    void show_field(Field& field);
+    void add_fields();
+    void tell_refusal();
+    void turn_to(int page);
 
     std::shared_ptr<Inspector> inspector_;
     HWND head_ = nullptr;
     std::optional<AttachmentRow> attachments_;  ///< of an item that can have some
-    std::vector<Field> fields_;                 ///< the text last
+    HWND pages_ = nullptr;                      ///< of an item with user properties
+    HWND told_ = nullptr;                       ///< what can't be taken
+    ItemFields fields_;
+    int page_ = ItemFields::first_page;
     std::int64_t version_ = -1;
-    bool showing_ = false;
     bool two_columns_ = false;
 };
 

@@ -75,42 +75,6 @@ TEST_F(DeskWindowsTest, LetAMailBeWrittenAndSent) {
     EXPECT_EQ(desk.contents(desk.default_folder(5)).size(), 1U);
 }
 
-TEST_F(DeskWindowsTest, LetTheFieldsOfARecordBeWritten) {
-    const Object appointment = desk.application()->self().call(u"CreateItem", {1}).to_object();
-    appointment.put(u"MessageClass", u"IPM.Appointment.TarnwellAppt");
-    appointment.call(u"Display");
-    run_messages();
-    const auto fields = windows_of_class(u"Edit", inspector_window());
-    // Subject, Location, Start, End, then the properties of the form, and the text
-    ASSERT_EQ(fields.size(), 13U);
-    const auto type = [&](std::size_t place, const wchar_t* text) {
-        SendMessageW(fields[place], EM_SETSEL, 0, -1);
-        SendMessageW(fields[place], EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text));
-    };
-    type(0, L"Visit");
-    type(2, L"2026-03-05 10:30");
-    type(4, L"A1");
-    type(12, L"With the new device.");
-    run_messages();
-    EXPECT_EQ(appointment.get(u"Subject"), Value(u"Visit"));
-    EXPECT_EQ(appointment.get(u"Start"), Value(automation::to_date({2026, 3, 5, 10, 30, 0})));
-    EXPECT_EQ(window_text(fields[3]), u"2026-03-05 11:00") << "the end follows the start";
-    const Object account =
-        appointment.get(u"UserProperties").to_object().call(u"Item", {u"AccountID"}).to_object();
-    EXPECT_EQ(account.get(u"Value"), Value(u"A1"));
-    EXPECT_EQ(appointment.get(u"Body"), Value(u"With the new device."));
-
-    type(2, L"no date");
-    EXPECT_EQ(appointment.get(u"Start"), Value(automation::to_date({2026, 3, 5, 10, 30, 0})));
-    SendMessageW(inspector_window(), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(fields[2]), EN_KILLFOCUS),
-                 reinterpret_cast<LPARAM>(fields[2]));
-    EXPECT_EQ(window_text(fields[2]), u"2026-03-05 10:30") << "what can't be taken doesn't stay";
-
-    click(toolbar(inspector_window(), u"Standard"), 1);  // Save
-    EXPECT_TRUE(appointment.get(u"Saved").to_boolean());
-    EXPECT_TRUE(inspector_window());
-}
-
 TEST_F(DeskWindowsTest, MakeNewItemsByTheirMenu) {
     const HMENU file_menu = GetSubMenu(GetMenu(explorer_window()), 0);
     const HMENU menu = GetSubMenu(file_menu, 0);
