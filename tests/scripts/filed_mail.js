@@ -64,7 +64,7 @@ var entries = desk.ContextMenu.Controls, create = entries.Item("Tarnwell Create 
 same("the entry above it", entries.Item("Tarnwell Quick View").Visible, true);
 if (folder !== "") {
     var hand = new ActiveXObject("WScript.Shell");
-    hand.Run("Z:\\usr\\bin\\xdotool mousemove 480 137 click 3", 0, false);
+    hand.Run("Z:\\usr\\bin\\xdotool mousemove 480 165 click 3", 0, false);
     WScript.Sleep(2000);  // the desk may not wait itself: the menu is all that it does while it is open
     picture("context-menu@x330");
     hand.Run("Z:\\usr\\bin\\xdotool key Escape", 0, false);
