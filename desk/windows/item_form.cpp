@@ -47,7 +47,7 @@ constexpr FormLine appointment_form[] = {{.title = u"Subject", .field = u"Subjec
                                          {.title = u"Location", .field = u"Location", .is_wide = true},
                                          {u"Start", u"Start", FieldLook::moment},
                                          {u"End", u"End", FieldLook::moment},
-                                         {u"All day event", u"AllDayEvent", FieldLook::flag}};
+                                         {u"All day event", u"AllDayEvent", FieldLook::flag, true}};
 
 constexpr TextView task_states[] = {u"Not started", u"In progress", u"Completed", u"Waiting on someone else",
                                     u"Deferred"};

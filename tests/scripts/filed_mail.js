@@ -66,7 +66,7 @@ if (folder !== "") {
     var hand = new ActiveXObject("WScript.Shell");
     hand.Run("Z:\\usr\\bin\\xdotool mousemove 480 165 click 3", 0, false);
     WScript.Sleep(2000);  // the desk may not wait itself: the menu is all that it does while it is open
-    picture("context-menu@x330");
+    picture("context-menu@x350");
     hand.Run("Z:\\usr\\bin\\xdotool key Escape", 0, false);
     WScript.Sleep(1000);
 }

@@ -267,7 +267,8 @@ TEST_F(DeskAttachments, AreDraggedOutAsFiles) {
                                      nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
     std::vector<Text> taken;
     const auto target = desk::FilesDropTarget::create(
-        module, {.takes = [] { return true; }, .take = [&](std::vector<Text> paths) { taken = paths; }});
+        module,
+        {.takes = [] { return true; }, .take = [&](const std::vector<Text>& paths) { taken = paths; }});
     ASSERT_EQ(RegisterDragDrop(other, target.get()), S_OK);
     open({attached_mail(u"The inner one"), attached_file(u"..\\Offer.doc", "twelve")});
     const POINT from = point_at(1), to{950, 200};
