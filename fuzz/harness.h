@@ -9,17 +9,13 @@
 namespace fuzz {
 
 /// Good inputs from which the others are made.
-std::vector<std::string> seeds();
-
-/// Gives an input to the piece. Throws `Wrong` if the piece does what it never may; ends badly if it is
-/// broken worse. Answers whether the piece took the input for good.
-bool try_input(std::string_view input);
+using Seeds = std::vector<std::string>;
 
 struct Wrong : std::logic_error {
     using std::logic_error::logic_error;
 };
 
-inline void require(bool holds, const char* what) {
+inline void require(bool holds, const std::string& what) {
     if (!holds) throw Wrong(what);
 }
 

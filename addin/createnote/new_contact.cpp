@@ -43,17 +43,6 @@ Text property_text(const Item& item, TextView name) {
     return item.UserProperties().Item(name).value().to_text();
 }
 
-/// What an address tells of its owner's company.
-struct Domain {
-    Text company, web_page;
-};
-Domain domain_of(const Text& address, bool address_is_domain) {
-    const std::size_t at = address.find(u'@');
-    if (at == Text::npos && !address_is_domain) return {};
-    const Text domain = at == Text::npos ? address : address.substr(at + 1);
-    return {domain.substr(0, domain.find(commercial_end)), Text(web_start) + domain};
-}
-
 void show_picker(const Session& session, const ListPicker& picker, PickerForm form) {
     const Steps steps(session);
     if (form == PickerForm::search) {
@@ -120,6 +109,13 @@ Value kept_value(const NewContact& made, records::Name name) {
 }
 
 }  // namespace
+
+Domain domain_of(const Text& address, bool address_is_domain) {
+    const std::size_t at = address.find(u'@');
+    if (at == Text::npos && !address_is_domain) return {};
+    const Text domain = at == Text::npos ? address : address.substr(at + 1);
+    return {domain.substr(0, domain.find(commercial_end)), Text(web_start) + domain};
+}
 
 const NewContactRow& new_contact_row(records::Path path) {
     return *std::ranges::find(new_contacts, path, &NewContactRow::path);

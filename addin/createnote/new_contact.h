@@ -21,6 +21,12 @@ struct NewContactRow {
 };
 const NewContactRow& new_contact_row(records::Path path);
 
+/// What an address tells of its owner's company.
+struct Domain {
+    automation::Text company, web_page;
+};
+Domain domain_of(const automation::Text& address, bool address_is_domain);
+
 /// What a way knows when it makes a contact.
 struct NewContactPlan {
     const NewContactRow& row;

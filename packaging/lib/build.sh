@@ -55,7 +55,8 @@ prepare() {
     [[ -z ${TARNWELL_PREPARED:-} ]] || return 0 # a test run has done it for the commands that it calls
     case $1 in
         package) packages+=("${package_packages[@]}") ;;
-        tests | quick) packages+=("${check_packages[@]}") ;;
+        tests) packages+=("${check_packages[@]}" "${fuzz_packages[@]}") ;;
+        quick) packages+=("${check_packages[@]}") ;;
     esac
     install_packages "${packages[@]}"
     lock "$BUILD/build.lock" "another ./tarnwell is building; waiting for it"
@@ -73,7 +74,10 @@ prepare() {
             ;;
         quick) build_preset native ;;
         all) for preset in native x64 x86; do build_preset "$preset"; done ;;
-        tests) for preset in native x64 x86 sanitized; do build_preset "$preset"; done ;;
+        tests)
+            for preset in native x64 x86 sanitized; do build_preset "$preset"; done
+            build_preset fuzz fuzzers
+            ;;
     esac
     make_databases
     unlock

@@ -295,6 +295,8 @@ test_everything() {
     else
         say "clang-tidy is left out, as you asked"
     fi
+    say "fuzzers"
+    run_fuzz_tests
     say "tests below Wine"
     run_wine_tests
     say "scripts"

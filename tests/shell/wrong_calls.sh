@@ -35,3 +35,7 @@ refuses "not '--fast'" test --fast
 refuses "no test has 'Unheard'" test Unheard
 refuses "There are:" test 'Replicas;ls'
 refuses "takes no names" test --quick Replicas
+refuses "There are: settings" fuzz nothing
+refuses "takes a number of seconds" fuzz mails --seconds soon
+refuses "takes one name" fuzz mails settings
+refuses "not '--slow'" fuzz --slow
