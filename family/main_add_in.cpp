@@ -29,7 +29,6 @@ void record_text(MainAddIn& self, const Text& text) {
     self.record_call(member, {text});
 }
 
-constexpr TextView mail_templates = u"Email Blast";  ///< the list of the mailer's records
 constexpr TextView show_mailer = u"ShowMailer";
 constexpr TextView show_list = u"Showlist";
 constexpr TextView reload_toolbar = u"reloadtoolbar";

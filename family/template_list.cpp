@@ -18,7 +18,8 @@ using forms::List;
 
 namespace {
 
-constexpr TextView templates = u"lstTemplates", open_button = u"cmdOpen", close_button = u"cmdClose";
+constexpr TextView templates = u"lstTemplates", open_button = u"cmdOpen", close_button = u"cmdClose",
+                   mail_button = u"cmdMail";
 constexpr int id_column = 1;
 
 constexpr Column template_columns[] = {{u"Template", 5700}, {u"EntryID", 0}};
@@ -31,6 +32,12 @@ constexpr ControlRow template_controls[] = {
      .accessible_name = u"Templates"},
     {.kind = ControlKind::button, .name = open_button, .text = u"Open", .place = {6300, 120, 1395, 375}},
     {.kind = ControlKind::button, .name = close_button, .text = u"Close", .place = {6300, 615, 1395, 375}},
+    {.kind = ControlKind::button,
+     .name = mail_button,
+     .text = u"New Mail",
+     .place = {6300, 1290, 1395, 375},
+     .tool_tip = u"Makes a mail with the template's subject and text.",
+     .visible = false},
 };
 constexpr FormTable table{.name = u"TemplateList",
                           .width = 7830,
@@ -48,6 +55,7 @@ TemplateList::TemplateList(forms::Engine& engine, Context& context, Text kind)
 
 void TemplateList::show_with_title(TextView title) {
     view().caption(title);
+    control(mail_button).visible(kind_ == mail_templates);
     fill();
     show();
 }
@@ -68,19 +76,34 @@ void TemplateList::fill() {
     if (list.count() > 0) list.select(0);
 }
 
-void TemplateList::open_selected() {
+host::outlook::Item TemplateList::selected() {
     List& list = control(templates).list();
     const int row = list.selected();
-    if (row < 0) return;
+    if (row < 0) return {};
     const host::outlook::Application application(context_.application());
-    application.GetNamespace(u"MAPI")
-        .call(u"GetItemFromID", {Value(list.text(row, id_column))})
-        .to_object()
-        .call(u"Display");
+    return host::outlook::Item(application.GetNamespace(u"MAPI")
+                                   .call(u"GetItemFromID", {Value(list.text(row, id_column))})
+                                   .to_object());
+}
+
+void TemplateList::open_selected() {
+    if (const host::outlook::Item record = selected()) record.call(u"Display");
+}
+
+void TemplateList::make_mail() {
+    const host::outlook::Item record = selected();
+    if (!record) return;
+    constexpr std::int32_t mail_item = 0;
+    const host::outlook::Item mail(
+        context_.application().call(u"CreateItem", {Value(mail_item)}).to_object());
+    mail.Subject(record.Subject());
+    mail.put(u"Body", record.get(u"Body"));
+    mail.call(u"Display");
 }
 
 void TemplateList::on_click(TextView name) {
     if (name == open_button) open_selected();
+    if (name == mail_button) make_mail();
     if (name == close_button) unload();
 }
 

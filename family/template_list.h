@@ -1,12 +1,17 @@
 // The window that lists the templates of one kind.
 #pragma once
 
+#include "addin/host/outlook.h"
 #include "family/context.h"
 #include "forms/form.h"
 
 namespace family {
 
-/// A template is a drop-down record of the database; a double click opens it.
+/// The kind of those that mails are made of.
+inline constexpr automation::TextView mail_templates = u"Email Blast";
+
+/// A template is a drop-down record of the database; a double click opens it, and a mail can be made of one
+/// for mails.
 class TemplateList final : public forms::Form {
   public:
     /// The context lives longer than the window.
@@ -20,7 +25,9 @@ class TemplateList final : public forms::Form {
     void on_click(automation::TextView control) override;
     void on_double_click(automation::TextView control) override;
     void fill();
+    host::outlook::Item selected();  ///< Nothing if no row is
     void open_selected();
+    void make_mail();
 
     Context& context_;
     automation::Text kind_;

@@ -20,6 +20,7 @@
 #include "desk/setup/desk_settings.h"
 #include "desk/surface/surface.h"
 #include "desk/windows/desk_windows.h"
+#include "desk/windows/first_page.h"
 #include "desk/windows/main_loop.h"
 
 namespace {
@@ -98,6 +99,39 @@ class ServedClass {
     DWORD cookie_ = 0;
 };
 
+int main_screen_resolution() {
+    const HDC context = GetDC(nullptr);
+    const int dots = GetDeviceCaps(context, LOGPIXELSX);
+    ReleaseDC(nullptr, context);
+    return dots;
+}
+
+/// The first page with what it keeps from one start to the next.
+class ShownFirstPage {
+  public:
+    ShownFirstPage(desk::Desk& desk, windows::Module& module)
+        : engine_(module, main_screen_resolution), done_(desk, desk::stored_setting(done_name)) {
+        page_ = std::make_shared<desk::FirstPage>(
+            engine_, done_,
+            desk::FirstPageMemory{
+                [](const Text& done) { desk::store_setting(done_name, done); },
+                [](bool closed) { desk::store_setting(closed_name, closed ? u"1" : u"0"); }},
+            is_closed());
+    }
+
+    static bool is_closed() { return desk::stored_setting(closed_name) == u"1"; }
+    void show() { page_->show(); }
+    void look() { page_->look(GetTickCount64()); }
+    void close() { page_->unload(); }
+
+  private:
+    static constexpr TextView done_name = u"FirstPageDone", closed_name = u"FirstPageClosed";
+
+    windows::FormEngine engine_;  // outlives its window
+    desk::FirstStepsDone done_;
+    std::shared_ptr<desk::FirstPage> page_;
+};
+
 void run(const desk::DeskSettings& settings, LogFile& log) {
     windows::Module module;  // outlives what clients still hold when COM is left
     const Com com;
@@ -125,7 +159,12 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     };
     loop.on_wake = [&desk] { desk.yield(); };
     loop.on_change = [&desk_windows] { desk_windows.follow(); };
-    loop.on_tick = [&messages] { messages.look(); };
+    ShownFirstPage first_page(desk, module);
+    loop.on_tick = [&messages, &first_page] {
+        messages.look();
+        first_page.look();
+    };
+    desk_windows.on_first_page([&first_page] { first_page.show(); });
 
     ServedClass served(module, desk::application_class, apartment, [&desk] { return desk.application(); });
     const ServedClass served_cdo(module, desk::cdo_session_class, apartment,
@@ -149,10 +188,12 @@ void run(const desk::DeskSettings& settings, LogFile& log) {
     if (!settings.options.unattended) desk_windows.arrange(desk::stored_setting(layout_setting));
     desk_windows.follow();
     add_ins.load_all();
+    if (settings.first_page && !ShownFirstPage::is_closed()) first_page.show();
     log.line(u"process " + automation::to_text(static_cast<long long>(GetCurrentProcessId())));
     log.line(u"ready");
     loop.run();
     surroundings.hooks = {};
+    first_page.close();
     desk_windows.close_all();
     if (!settings.options.unattended) desk::store_setting(layout_setting, desk_windows.arrangement());
     log.line(u"live at the end: " +

@@ -40,7 +40,7 @@ const NamedOrder& order_of(const auto& wanted, auto projection) {
     return found == event_orders.end() ? event_orders.front() : *found;
 }
 
-constexpr std::array<SettingRow, 11> rows = {{
+constexpr std::array<SettingRow, 12> rows = {{
     text_row<&DeskSettings::database>(u"Database"),
     text_row<&DeskSettings::mail_reader>(u"MailReader"),
     text_row<&DeskSettings::log_file>(u"LogFile"),
@@ -60,6 +60,8 @@ constexpr std::array<SettingRow, 11> rows = {{
      [](DeskSettings& settings, const Text& text) {
          settings.options.at_once = AtOnce::of(order_of(automation::to_utf8(text), &NamedOrder::name).order);
      }},
+    {u"FirstPage", [](const DeskSettings& settings) { return Text(settings.first_page ? u"1" : u"0"); },
+     [](DeskSettings& settings, const Text& text) { settings.first_page = text == u"1"; }},
     flag_row<&Options::instant_search>(u"InstantSearch"),
     flag_row<&Options::word_mail>(u"WordMail"),
     flag_row<&Options::unattended>(u"Unattended"),

@@ -15,6 +15,7 @@ struct DeskSettings {
     automation::Text log_file;        ///< takes one line for each thing worth knowing; none if empty
     automation::Text state;           ///< folder for files that live as long as the desk
     automation::Text indexed_folder;  ///< of the files that the desktop search knows; none if empty
+    bool first_page = false;          ///< a person is shown what to try
     Options options;
 };
 
@@ -28,7 +29,7 @@ void write_settings(const DeskSettings& settings);
 /// name that there is not.
 DeskSettings settings_of(const std::filesystem::path& file);
 
-/// A value that was stored for the next start; empty if none was.
+/// A value that was stored; empty if it was not.
 automation::Text stored_setting(automation::TextView name);
 
 /// Stores a value for the next start.

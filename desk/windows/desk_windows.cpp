@@ -40,7 +40,7 @@ class Following {
 
 }  // namespace
 
-DeskWindows::DeskWindows(Desk& desk, windows::Module& module) : context_{desk, module, {}, {}, {}} {}
+DeskWindows::DeskWindows(Desk& desk, windows::Module& module) : context_{.desk = desk, .module = module} {}
 
 DeskWindows::~DeskWindows() = default;
 

@@ -1,6 +1,7 @@
 // The windows that a person sees: they follow the model.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -27,6 +28,9 @@ class DeskWindows {
     /// shows in the others what the model holds.
     void follow();
     void close_all();
+
+    /// What the entry "Try This" of the main windows does.
+    void on_first_page(std::function<void()> show) { context_.show_first_page = std::move(show); }
 
   private:
     void place(Explorer& explorer);

@@ -166,6 +166,8 @@ void ExplorerWindow::on_own_command(int command, int code) {
             return ask_for_folder();
         case picker_closed_command:
             return picker_.reset();
+        case first_page_command:
+            return desk_.surroundings().post(context().show_first_page);
         case about_command:
             return desk_.surroundings().post(
                 [&desk = desk_] { desk.surroundings().ask(about_text, u"About the Desk", information_box); });

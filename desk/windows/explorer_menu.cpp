@@ -29,7 +29,8 @@ constexpr MenuEntry view_entries[] = {{L"&Reading Pane", show_pane_command},
                                       menu_line,
                                       refresh_entry};
 constexpr MenuEntry action_entries[] = {open_entry, menu_line, reply_entry, reply_all_entry, forward_entry};
-constexpr MenuEntry help_entries[] = {{L"&About the Desk", about_command}};
+constexpr MenuEntry help_entries[] = {
+    {L"&Try This", first_page_command}, menu_line, {L"&About the Desk", about_command}};
 
 /// The folders of the menu "Go", by the numbers of default folders.
 struct GoRow {

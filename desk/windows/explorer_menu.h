@@ -27,6 +27,7 @@ enum ExplorerCommand : int {
     deliver_command,
     exit_command,
     about_command,
+    first_page_command,
     picker_closed_command,
     first_go_command,  ///< followed by those of the other folders of the menu "Go"
 };

@@ -2,6 +2,7 @@
 // window of the model.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "desk/outlook/host_window.h"
@@ -22,6 +23,7 @@ struct FrameContext {
     ExplorerLayout layout;
     OpenedFiles opened{};    ///< what attachments were written to
     bool following = false;  ///< the windows are brought in line with the model: no person has done it
+    std::function<void()> show_first_page = [] {};
 };
 
 class HostFrame : public DeskWindow {

@@ -27,7 +27,7 @@ run_command() {
 
 # The desk in the foreground, on a working copy of the sample company that stays from one run to the next.
 open_desk() {
-    local fresh=$1 code=0 unattended=0 folder=$run_folder
+    local fresh=$1 code=0 unattended=0 first_page=1 folder=$run_folder
     try_lock "$BUILD/run.lock" ||
         fail "the desk is open already; './tarnwell deliver FILE...' hands it mails"
     mkdir -p "$folder"

@@ -184,6 +184,7 @@ InstantSearch=${instant_search:-0}
 Language=${language:-1033}
 EventOrder=${event_order:-host}
 Unattended=${unattended:-1}
+FirstPage=${first_page:-0}
 SETTINGS
     in_wine 60 "$(windows_path "$folder/program/desk.exe")" /Settings "$(windows_path "$folder/desk.settings")" ||
         fail "the desk could not take its settings from $folder/desk.settings"

@@ -32,7 +32,7 @@ class DeskSettingsTest : public testing::Test {
 TEST_F(DeskSettingsTest, OfAFileAreReadBackAsTheyWereWritten) {
     desk::write_settings(
         settings_of("Database=Z:\\a \xC3\xA4=b\\tarnwell.db\nHostVersion=9.0.0.3821\nLanguage=1031\n"
-                    "EventOrder=at-once\nInstantSearch=1\nUnattended=0\n"));
+                    "EventOrder=at-once\nInstantSearch=1\nUnattended=0\nFirstPage=1\n"));
     const DeskSettings read = desk::read_settings();
     EXPECT_TRUE(read.database == u"Z:\\a \u00E4=b\\tarnwell.db");
     EXPECT_TRUE(read.log_file.empty());
@@ -41,6 +41,7 @@ TEST_F(DeskSettingsTest, OfAFileAreReadBackAsTheyWereWritten) {
     EXPECT_TRUE(read.options.at_once == desk::AtOnce::of(desk::EventOrder::at_once));
     EXPECT_TRUE(read.options.instant_search);
     EXPECT_FALSE(read.options.unattended);
+    EXPECT_TRUE(read.first_page);
 }
 
 TEST_F(DeskSettingsTest, AreAsUsualWhereAFileSaysNothing) {
@@ -49,6 +50,7 @@ TEST_F(DeskSettingsTest, AreAsUsualWhereAFileSaysNothing) {
     EXPECT_EQ(read.options.language, usual.options.language);
     EXPECT_TRUE(read.options.at_once == usual.options.at_once);
     EXPECT_TRUE(read.options.unattended);
+    EXPECT_FALSE(read.first_page) << "scripts and tests are to meet no window that they have not asked for";
 }
 
 TEST_F(DeskSettingsTest, HaveNamesThatTheDeskKnows) {
