@@ -13,7 +13,6 @@
 namespace {
 
 using automation::Text;
-using automation::TextView;
 using automation::Value;
 namespace status = host::registry_status;
 namespace type = host::registry_type;

@@ -10,7 +10,6 @@
 namespace desk {
 
 using automation::Text;
-using automation::TextView;
 using automation::Value;
 
 namespace {

@@ -11,10 +11,7 @@ namespace {
 using acceptance::add_contact;
 using acceptance::count_in;
 using acceptance::Lines;
-using acceptance::shown;
 using automation::Object;
-using automation::Text;
-using automation::TextView;
 using automation::Value;
 using host::outlook::Folder;
 using host::outlook::Item;
@@ -101,14 +98,14 @@ TEST(DistributionLists, ThatArriveAmongTheContactsStayWhatTheyAre) {
     EXPECT_EQ(own.UserProperties().Count(), 0);
 }
 
-const acceptance::Fields keys{
+const acceptance::Fields keys_of_list{
     {u"AccountID", u"A-100"}, {u"ContactID", u"C-200"}, {u"Account Name", u"North Mill Ltd"}};
 
 TEST(DistributionLists, ThatBearAKeyAreFoundByThePanel) {
     NativeWorld world{acceptance::WorldSetup{}};
     acceptance::install_panel(world);
     const Item contact = acceptance::add_full_contact(world);
-    add_list_of_ann(world, contacts_of(world), keys);
+    add_list_of_ann(world, contacts_of(world), keys_of_list);
     const acceptance::SearchPanel panel(world);
     panel.open_new(contact);
     EXPECT_EQ(panel.column(2), (Lines{"Ann Lee", "Ann Lee"}));
