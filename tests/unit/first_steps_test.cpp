@@ -13,9 +13,9 @@ using host::outlook::Item;
 
 constexpr std::size_t private_mail = 3;  // the place of its step
 
-class FirstSteps : public ::testing::Test {
+class ThingsToTry : public ::testing::Test {
   protected:
-    FirstSteps() { world.family(u"EmailAutoFile", u"1"); }
+    ThingsToTry() { world.family(u"EmailAutoFile", u"1"); }
 
     native::NativeWorld world{{.database = "sample"}};
     desk::FirstStepsDone steps{world.model(), u""};
@@ -40,7 +40,7 @@ class FirstSteps : public ::testing::Test {
     }
 };
 
-TEST_F(FirstSteps, AreAllOpenAtFirst) {
+TEST_F(ThingsToTry, AreAllOpenAtFirst) {
     EXPECT_EQ(done(), "0000000000");
     for (const char* const file :
          {"01-outlook-express-apostrophe", "23-unknown-winmail", "25-lead-text-attachment", "17-private",
@@ -51,7 +51,7 @@ TEST_F(FirstSteps, AreAllOpenAtFirst) {
     EXPECT_EQ(done(), "0000000000") << "a mail that has only arrived is no step";
 }
 
-TEST_F(FirstSteps, CountByWhatReadingTheMailsDoes) {
+TEST_F(ThingsToTry, CountByWhatReadingTheMailsDoes) {
     acceptance::World::read(deliver("01-outlook-express-apostrophe"));
     EXPECT_EQ(done(), "1000000000");
     acceptance::World::read(deliver("25-lead-text-attachment"));
@@ -62,7 +62,7 @@ TEST_F(FirstSteps, CountByWhatReadingTheMailsDoes) {
     EXPECT_EQ(done(), "1011000000") << "its own note belongs to no opportunity";
 }
 
-TEST_F(FirstSteps, CountByTheRecordsThatAreMade) {
+TEST_F(ThingsToTry, CountByTheRecordsThatAreMade) {
     const Item note = add(u"Email", u"Etikety na ležák – změna");
     note.UserProperties().Add(u"OppID", 1, false).put(u"Value", u"");
     note.Save();
@@ -78,7 +78,7 @@ TEST_F(FirstSteps, CountByTheRecordsThatAreMade) {
     EXPECT_EQ(done(), "0100010001");
 }
 
-TEST_F(FirstSteps, CountAContactThatWasDraggedAndACopyThatIsNew) {
+TEST_F(ThingsToTry, CountAContactThatWasDraggedAndACopyThatIsNew) {
     const host::outlook::Items own_contacts = world.name_space().GetDefaultFolder(10).Items();
     const Item own_one(own_contacts.call(u"Find", {u"[FullName] = \"Bridget O'Keeffe\""}).to_object());
     ASSERT_TRUE(own_one);
@@ -96,7 +96,7 @@ TEST_F(FirstSteps, CountAContactThatWasDraggedAndACopyThatIsNew) {
     EXPECT_EQ(done(), "0000000110");
 }
 
-TEST_F(FirstSteps, HaveTemplatesOfWhichAMailCanBeMade) {
+TEST_F(ThingsToTry, HaveTemplatesOfWhichAMailCanBeMade) {
     const Item mail(world.application().call(u"CreateItem", {0}).to_object());
     mail.call(u"Display");
     const automation::Object bars =
@@ -117,7 +117,7 @@ TEST_F(FirstSteps, HaveTemplatesOfWhichAMailCanBeMade) {
         << "not empty";
 }
 
-TEST_F(FirstSteps, StayDoneAndAreRemembered) {
+TEST_F(ThingsToTry, StayDoneAndAreRemembered) {
     const Item mail = deliver("17-private");
     acceptance::World::read(mail);
     EXPECT_EQ(done(), "0001000000");
