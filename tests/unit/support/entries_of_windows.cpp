@@ -92,7 +92,7 @@ Deed view_of_ann(int folder) {
         if (folder >= 0) use(quick_view, u"cmbFolders", chooses(folder))(scene);
     };
 }
-Deed uses_view(TextView control, Use what) { return use(quick_view, control, std::move(what)); }
+Deed uses_view(TextView control, const Use& what) { return use(quick_view, control, what); }
 
 // The Search Panel
 
