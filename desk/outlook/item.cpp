@@ -73,9 +73,15 @@ void Item::check_there() const {
 }
 
 void Item::tell_loaded() {
-    loading_ = true;
+    struct Loading {
+        bool& now;
+        explicit Loading(bool& loading) : now(loading) { now = true; }
+        ~Loading() { now = false; }
+        Loading(const Loading&) = delete;
+        Loading& operator=(const Loading&) = delete;
+    };
+    const Loading loading(loading_);
     desk().application()->raise(u"ItemLoad", {Value(self())});
-    loading_ = false;
 }
 
 Value Item::invoke(Request& request) {
@@ -165,15 +171,7 @@ void Item::mark_read(bool read) { change().fields[u"UnRead"] = !read; }
 void Item::save() {
     check_there();
     if (id_ != 0 && !changed_) return;
-    if (outdated_) {
-        throw Failure(result::changed_meanwhile,
-                      u"The operation cannot be performed because the message has been changed.");
-    }
-    std::vector<Value> cancel{false};
-    raise_with_answer(u"Write", cancel);
-    if (cancel[0].to_boolean()) return;
-    check_there();  // who was asked may have moved or deleted it
-    if (attachments_changed_ && !may_save_attachments(shared_from_this())) return;
+    if (!may_store()) return;
 
     const bool is_new = id_ == 0;
     write();
@@ -186,6 +184,19 @@ void Item::save() {
     } else {
         desk().tell_item_changed(folder_, shared_from_this());
     }
+}
+
+bool Item::may_store() {
+    if (outdated_) {
+        throw Failure(result::changed_meanwhile,
+                      u"The operation cannot be performed because the message has been changed.");
+    }
+    std::vector<Value> cancel{false};
+    raise_with_answer(u"Write", cancel);
+    if (cancel[0].to_boolean()) return false;
+    check_there();  // who was asked may have moved or deleted it
+    const bool has_new_attachments = id_ == 0 || attachments_changed_;
+    return !has_new_attachments || may_save_attachments(shared_from_this());
 }
 
 /// What is in the file is what the item holds from then on; where that fails it is as it was.

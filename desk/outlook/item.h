@@ -105,8 +105,11 @@ class Item : public ModelObject<Item> {
     void set_people_line(automation::TextView line, automation::TextView names);
     std::shared_ptr<Item> answer_of(ItemData data, automation::TextView event);
     void leave_folder();
-    void leave_for(RowId target);
+    void send_off(bool kept);
+    void mark_sent();
     bool check_names();
+    /// Asks those who listen. Throws if somebody else has changed it, or has moved or deleted it meanwhile.
+    bool may_store();
     void write();
 
     RowId id_ = 0;

@@ -104,6 +104,44 @@ void Item::send() {
     desk().application()->raise_with_answer(u"ItemSend", arguments);
     if (arguments[1].to_boolean()) return;
 
+    const bool kept =
+        !data_.fields.contains(u"DeleteAfterSubmit") || !field(u"DeleteAfterSubmit").to_boolean();
+    if (kept && !may_store()) return;
+    send_off(kept);
+}
+
+/// What can't be stored stays as it was written, in its window.
+void Item::send_off(bool kept) {
+    const bool is_new = id_ == 0;
+    const RowId former_folder = folder_, target = desk().default_folder(sent_items);
+    const auto written = data_.fields;
+    mark_sent();
+    if (kept) {
+        if (is_new) folder_ = target;
+        try {
+            write();
+        } catch (...) {
+            folder_ = former_folder;
+            data_.fields = written;
+            throw;
+        }
+        changed_ = false;
+        attachments_changed_ = false;
+        if (is_new) desk().item_added(folder_, id_);
+    }
+    if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
+    if (gone_) return;  // who was told of that has deleted it
+    if (!kept) return remove_for_good();
+    if (!is_new) {
+        desk().tell_item_changed(folder_, shared_from_this());
+        move_to(target);
+        return;
+    }
+    gone_ = true;  // this object is good for nothing more
+    desk().tell_item_added(folder_, id_);
+}
+
+void Item::mark_sent() {
     const automation::Date now = desk().surroundings().now();
     ItemData& sent = change();
     sent.fields[u"Sent"] = true;
@@ -114,28 +152,6 @@ void Item::send() {
     sent.fields[u"SenderEmailAddress"] = Text(NameSpace::user_address);
     sent.fields[u"SenderEmailType"] = u"SMTP";
     sent.fields[u"UnRead"] = false;
-    if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
-    const bool kept =
-        !data_.fields.contains(u"DeleteAfterSubmit") || !field(u"DeleteAfterSubmit").to_boolean();
-    const RowId target = desk().default_folder(sent_items);
-    if (!kept) return remove_for_good();
-    if (id_ == 0) return leave_for(target);
-    save();
-    move_to(target);
-}
-
-/// A mail that lies nowhere yet is stored where sent mail lies, and this object is good for nothing more.
-void Item::leave_for(RowId target) {
-    std::vector<Value> cancel{false};
-    raise_with_answer(u"Write", cancel);
-    if (cancel[0].to_boolean()) return;
-    check_there();  // who was asked may have deleted it
-    if (!may_save_attachments(shared_from_this())) return;
-    folder_ = target;
-    write();
-    gone_ = true;
-    desk().item_added(folder_, id_);
-    desk().tell_item_added(folder_, id_);
 }
 
 std::shared_ptr<Item> Item::reply(bool to_all) {

@@ -3,6 +3,7 @@
 
 #include <csignal>
 
+#include "desk/base/host_event_tables.h"
 #include "tests/unit/support/model_support.h"
 
 namespace model_tests {
@@ -51,6 +52,42 @@ TEST_F(Losses, AnItemThatCouldNotBeWrittenHasNoPlaceYet) {
     EXPECT_EQ(inbox().Items().Count(), 0);
     mail.Save();
     EXPECT_EQ(subjects(inbox().Items()), std::vector<Text>{u"Lost?"});
+}
+
+TEST_F(Losses, AMailThatCouldNotBeStoredWhenItWasSentStaysOpenAndUnsent) {
+    const Item fresh = create(item_type::mail), draft = create(item_type::mail);
+    for (const Item& mail : {fresh, draft}) {
+        mail.Subject(u"Lost?");
+        mail.put(u"To", u"ann@north.example");
+    }
+    draft.Save();
+    const auto expect_unsent = [&](const Item& mail, TextView why) {
+        SCOPED_TRACE(shown(why));
+        EXPECT_FALSE(mail.get(u"Sent").to_boolean());
+        EXPECT_EQ(mail.Subject(), u"Lost?");
+        EXPECT_EQ(world.application().get(u"Inspectors").to_object().get(u"Count"), Value(1));
+        EXPECT_EQ(default_folder(folder_number::sent).Items().Count(), 0);
+    };
+    for (const Item& mail : {fresh, draft}) {
+        mail.call(u"Display");
+        {
+            const FullDisk disk;
+            EXPECT_EQ(failure_of([&] { mail.call(u"Send"); }), result::fail);
+        }
+        expect_unsent(mail, u"the disk is full");
+        {
+            automation::Sink refusing;
+            refusing.connect(desk::events::item_10, mail,
+                             {{u"Write", [](std::span<Value> arguments) { arguments[0] = true; }}});
+            mail.call(u"Send");
+            expect_unsent(mail, u"somebody does not want it stored");
+        }
+        constexpr std::int32_t discard = 1;
+        mail.call(u"Close", {discard});
+    }
+    EXPECT_EQ(subjects(default_folder(folder_number::drafts).Items()), std::vector<Text>{u"Lost?"});
+    for (const Item& mail : {fresh, draft}) mail.call(u"Send");
+    EXPECT_EQ(subjects(default_folder(folder_number::sent).Items()), (std::vector<Text>{u"Lost?", u"Lost?"}));
 }
 
 TEST_F(Losses, AFolderThatCouldNotBeWrittenIsAsItWas) {
