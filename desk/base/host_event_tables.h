@@ -1,6 +1,9 @@
 // The events that the desk sends, as the published type libraries number them.
 #pragma once
 
+#include <algorithm>
+#include <array>
+
 #include "desk/base/events.h"
 
 namespace desk::events {
@@ -10,6 +13,15 @@ using automation::EventInterface;
 
 inline constexpr std::uint32_t first_out = 1U << 0, second_out = 1U << 1, third_out = 1U << 2;
 
+/// The events of a later interface: those of the one before it, and its own.
+template <std::size_t earlier_count, std::size_t own_count>
+constexpr std::array<Event, earlier_count + own_count> followed_by(const Event (&earlier)[earlier_count],
+                                                                   const std::array<Event, own_count>& own) {
+    std::array<Event, earlier_count + own_count> all{};
+    std::ranges::copy(own, std::ranges::copy(earlier, all.begin()).out);
+    return all;
+}
+
 inline constexpr Event application_events[] = {
     {u"ItemSend", 0xF002, second_out}, {u"NewMail", 0xF003}, {u"Reminder", 0xF004},
     {u"OptionsPagesAdd", 0xF005},      {u"Startup", 0xF006}, {u"Quit", 0xF007}};
@@ -17,14 +29,8 @@ inline constexpr EventInterface application_9{
     "ApplicationEvents", automation::guid("{0006304E-0000-0000-C000-000000000046}"), application_events};
 inline constexpr EventInterface application_10{
     "ApplicationEvents_10", automation::guid("{0006300E-0000-0000-C000-000000000046}"), application_events};
-inline constexpr Event application_11_events[] = {{u"ItemSend", 0xF002, second_out},
-                                                  {u"NewMail", 0xF003},
-                                                  {u"Reminder", 0xF004},
-                                                  {u"OptionsPagesAdd", 0xF005},
-                                                  {u"Startup", 0xF006},
-                                                  {u"Quit", 0xF007},
-                                                  {u"NewMailEx", 0xFAB5},
-                                                  {u"ItemLoad", 0xFBA7}};
+inline constexpr auto application_11_events =
+    followed_by(application_events, std::to_array<Event>({{u"NewMailEx", 0xFAB5}, {u"ItemLoad", 0xFBA7}}));
 inline constexpr EventInterface application_11{"ApplicationEvents_11",
                                                automation::guid("{0006302C-0000-0000-C000-000000000046}"),
                                                application_11_events};
@@ -87,20 +93,8 @@ inline constexpr Event item_events[] = {{u"Read", 0xF001},
                                         {u"Reply", 0xF466, second_out},
                                         {u"ReplyAll", 0xF467, second_out},
                                         {u"Forward", 0xF468, second_out}};
-inline constexpr Event item_10_events[] = {{u"Read", 0xF001},
-                                           {u"Write", 0xF002, first_out},
-                                           {u"Open", 0xF003, first_out},
-                                           {u"Close", 0xF004, first_out},
-                                           {u"Send", 0xF005, first_out},
-                                           {u"CustomPropertyChange", 0xF008},
-                                           {u"PropertyChange", 0xF009},
-                                           {u"BeforeCheckNames", 0xF00A, first_out},
-                                           {u"AttachmentAdd", 0xF00B},
-                                           {u"BeforeAttachmentSave", 0xF00D, second_out},
-                                           {u"Reply", 0xF466, second_out},
-                                           {u"ReplyAll", 0xF467, second_out},
-                                           {u"Forward", 0xF468, second_out},
-                                           {u"BeforeDelete", 0xFA75, second_out}};
+inline constexpr auto item_10_events =
+    followed_by(item_events, std::to_array<Event>({{u"BeforeDelete", 0xFA75, second_out}}));
 inline constexpr EventInterface item_9{
     "ItemEvents", automation::guid("{0006303A-0000-0000-C000-000000000046}"), item_events};
 inline constexpr EventInterface item_10{

@@ -177,6 +177,12 @@ const automation::Members<CommandBarControl>& CommandBarControl::members() {
     return table;
 }
 
+Object control_at(const std::vector<std::shared_ptr<CommandBarControl>>& controls, const Value& index) {
+    return named_or_numbered(
+               controls, index, [](const CommandBarControl& control) { return control.caption; }, u"control")
+        ->self();
+}
+
 Object CommandBarControls::parent() const { return bar_->self(); }
 
 Value CommandBarControls::invoke(automation::Request& request) {
@@ -192,12 +198,7 @@ const automation::Members<CommandBarControls>& CommandBarControls::members() {
          0x0,
          Use::get,
          {u"Index"},
-         [](Self& self, const Value& index) {
-             return named_or_numbered(
-                        self.bar().controls, index, [](const auto& control) { return control.caption; },
-                        u"control")
-                 ->self();
-         }},
+         [](Self& self, const Value& index) { return control_at(self.bar().controls, index); }},
         {u"Add",
          0x60030000,
          Use::method,

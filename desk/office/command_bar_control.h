@@ -58,6 +58,10 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     bool deleted_ = false;
 };
 
+/// The control of a list that a number from 1 or a caption names. Throws if there is none.
+automation::Object control_at(const std::vector<std::shared_ptr<CommandBarControl>>& controls,
+                              const automation::Value& index);
+
 class CommandBarControls : public ModelObject<CommandBarControls> {
   public:
     static constexpr std::string_view name = "CommandBarControls";

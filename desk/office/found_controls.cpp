@@ -1,7 +1,5 @@
 #include "desk/office/found_controls.h"
 
-#include "desk/base/kept.h"
-
 namespace desk {
 
 using automation::Use;
@@ -15,12 +13,7 @@ const automation::Members<FoundControls>& FoundControls::members() {
          0x0,
          Use::get,
          {u"Index"},
-         [](Self& self, const Value& index) {
-             return named_or_numbered(
-                        self.controls(), index, [](const auto& control) { return control.caption; },
-                        u"control")
-                 ->self();
-         }},
+         [](Self& self, const Value& index) { return control_at(self.controls(), index); }},
     };
     return table;
 }

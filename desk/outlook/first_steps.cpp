@@ -19,57 +19,47 @@ constexpr TextView mailbox_name = u"Mailbox - Tarnwell", profiles_name = u"Accou
 constexpr std::array<FirstStep, first_step_count> first_step_rows{{
     {u"A known contact's mail becomes a note",
      u"Double-click \"Loaves per hour, line 3\" of Siobhán O'Brien in the Inbox. It is marked, and a note "
-     u"with the mail "
-     u"in it stands in Account Profiles, Email.",
+     u"with the mail in it stands in Account Profiles, Email.",
      mailbox_name, u"Inbox",
      u"[Subject] = 'Loaves per hour, line 3' And [FlagRequest] = 'TW-Received eMail Auto Filed'"},
     {u"A stranger's mail: you are asked",
      u"Select \"Second-hand sealer\" of Dora Oldham. Answer Yes, then No: she becomes a contact, whose "
-     u"window opens, and "
-     u"the mail is filed.",
+     u"window opens, and the mail is filed.",
      profiles_name, u"Account Contacts", u"[Email1Address] = 'dora.oldham@oldmill.example'"},
     {u"A lead's mail is not filed by itself",
      u"Select \"Honiggläser: Mengen\" of Katrin Schäfer: the lead's window opens. Then double-click the "
-     u"mail: it is read "
-     u"and gets no mark.",
+     u"mail: it is read and gets no mark.",
      mailbox_name, u"Inbox",
      u"[Subject] = 'Honiggläser: Mengen' And [UnRead] = False And [FlagRequest] = ''"},
     {u"A private mail is left alone",
      u"Double-click \"Una pregunta personal\" of Lucía Núñez. She is a known contact, but the mail is "
-     u"private: no mark, no "
-     u"note.",
+     u"private: no mark, no note.",
      mailbox_name, u"Inbox",
      u"[Subject] = 'Una pregunta personal' And [UnRead] = False And [FlagRequest] = ''"},
     {u"A mail that you send becomes a note, too",
      u"Write a mail (File, New, Mail) to hannah.weatherby@bellweather.example and send it. A small window "
-     u"tells what is "
-     u"done; the mail in Sent Items is marked.",
+     u"tells what is done; the mail in Sent Items is marked.",
      mailbox_name, u"Sent Items", u"[FlagRequest] = 'TW-Sent Email Auto Filed'"},
     {u"Create Note files a mail for an opportunity",
      u"Open \"Etikety na ležák\" of Jiří Dvořák and press Create Tarnwell Note. Under \"Create note for\" "
-     u"choose "
-     u"Opportunities, search for b, take a row and press Create.",
+     u"choose Opportunities, search for b, take a row and press Create.",
      profiles_name, u"Email", u"[Subject] = 'Etikety na ležák – změna'", u"OppID"},
     {u"A mail is dropped on Quick View",
      u"Select \"Purchase order HV-20317\" of Rachel Tannenbaum: Quick View comes up. List her Opportunities "
-     u"there and drag "
-     u"the mail onto \"Multihead weigher\".",
+     u"there and drag the mail onto \"Multihead weigher\".",
      profiles_name, u"Notes", u"[Subject] = 'Purchase order HV-20317'", u"OppID"},
     {u"A linked appointment, and the team's copy",
      u"Select \"Checkweigher handover\" of Hannah Weatherby. In Quick View choose My Calendar, press the "
-     u"button for a new "
-     u"one and save it: Global Calendar has a copy.",
+     u"button for a new one and save it: Global Calendar has a copy.",
      database_name, u"Global Calendar", u"[Subject] <> ''", u"", true},
     {u"A contact of your own becomes a record",
      u"Drag Bridget O'Keeffe from your Contacts onto Account Contacts. She becomes a record there, with an "
-     u"id "
-     u"of her own, yours as account manager, and her company's name.",
+     u"id of her own, yours as account manager, and her company's name.",
      profiles_name, u"Account Contacts",
      u"[FullName] = \"Bridget O'Keeffe\" And [MessageClass] = 'IPM.Contact.Account Contact'", u"ContactID"},
     {u"A mail becomes a template",
      u"Open \"Langoustine boxes\" and press Save as Email Template. Answer Yes: it stands in Drop Downs, "
-     u"among the "
-     u"templates.",
+     u"among the templates.",
      profiles_name, u"Drop Downs", u"[Subject] = 'Langoustine boxes'"},
 }};
 

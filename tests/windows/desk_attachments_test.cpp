@@ -271,14 +271,7 @@ TEST_F(DeskAttachments, AreDraggedOutAsFiles) {
         {.takes = [] { return true; }, .take = [&](const std::vector<Text>& paths) { taken = paths; }});
     ASSERT_EQ(RegisterDragDrop(other, target.get()), S_OK);
     open({attached_mail(u"The inner one"), attached_file(u"..\\Offer.doc", "twelve")});
-    const POINT from = point_at(1), to{950, 200};
-    const Hand hand({{from},
-                     {from, MOUSEEVENTF_LEFTDOWN},
-                     {{from.x + 6, from.y + 6}},
-                     {{from.x + 20, from.y + 12}},
-                     {to},
-                     {{to.x + 1, to.y}},
-                     {{to.x + 1, to.y}, MOUSEEVENTF_LEFTUP}});
+    const Hand hand(Hand::dragging(point_at(1), {950, 200}));
     ASSERT_TRUE(wait_until([&] { return hand.done() && !taken.empty(); }));
     const std::filesystem::path path(windows::wide(taken.front()));
     EXPECT_EQ(path.filename(), L"Offer.doc");

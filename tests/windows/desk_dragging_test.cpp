@@ -64,13 +64,7 @@ class DeskDragging : public DeskWindowsTest {
 
     /// Drags from one point of the screen to another, and waits for what comes of it.
     bool drag(POINT from, POINT to, const std::function<bool()>& done) {
-        Hand hand({{from},
-                   {from, MOUSEEVENTF_LEFTDOWN},
-                   {{from.x + 6, from.y + 6}},
-                   {{from.x + 20, from.y + 12}},
-                   {to},
-                   {{to.x + 1, to.y}},
-                   {{to.x + 1, to.y}, MOUSEEVENTF_LEFTUP}});
+        const Hand hand(Hand::dragging(from, to));
         return wait_until([&] { return hand.done() && done(); });
     }
 };

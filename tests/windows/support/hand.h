@@ -31,6 +31,18 @@ class Hand {
         KillTimer(nullptr, timer_);
         self() = nullptr;
     }
+    /// From one point of the screen to another with the left button held: a little way first, by which a drag
+    /// is known.
+    static std::vector<Step> dragging(POINT from, POINT to) {
+        return {{from},
+                {from, MOUSEEVENTF_LEFTDOWN},
+                {{from.x + 6, from.y + 6}},
+                {{from.x + 20, from.y + 12}},
+                {to},
+                {{to.x + 1, to.y}},
+                {{to.x + 1, to.y}, MOUSEEVENTF_LEFTUP}};
+    }
+
     Hand(const Hand&) = delete;
     Hand& operator=(const Hand&) = delete;
 
