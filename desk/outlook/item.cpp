@@ -175,8 +175,6 @@ void Item::save() {
 
     const bool is_new = id_ == 0;
     write();
-    changed_ = false;
-    attachments_changed_ = false;
     if (is_new) {
         desk().remember_open(id_, shared_from_this());
         desk().item_added(folder_, id_);
@@ -220,6 +218,8 @@ void Item::write() {
     id_ = id;
     folder_ = folder;
     data_ = std::move(saved);
+    changed_ = false;
+    attachments_changed_ = false;
 }
 
 void Item::revert() {

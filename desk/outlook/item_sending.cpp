@@ -125,8 +125,6 @@ void Item::send_off(bool kept) {
             data_.fields = written;
             throw;
         }
-        changed_ = false;
-        attachments_changed_ = false;
         if (is_new) desk().item_added(folder_, id_);
     }
     if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();

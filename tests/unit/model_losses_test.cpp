@@ -90,6 +90,19 @@ TEST_F(Losses, AMailThatCouldNotBeStoredWhenItWasSentStaysOpenAndUnsent) {
     EXPECT_EQ(subjects(default_folder(folder_number::sent).Items()), (std::vector<Text>{u"Lost?", u"Lost?"}));
 }
 
+TEST_F(Losses, AMailThatCouldNotBeStoredWhenItWasSentIsKeptAmongTheDrafts) {
+    const Item mail = create(item_type::mail);
+    mail.Subject(u"Lost?");
+    mail.put(u"To", u"ann@north.example");
+    {
+        const FullDisk disk;
+        EXPECT_EQ(failure_of([&] { mail.call(u"Send"); }), result::fail);
+    }
+    mail.Save();
+    EXPECT_EQ(subjects(default_folder(folder_number::drafts).Items()), std::vector<Text>{u"Lost?"});
+    EXPECT_EQ(default_folder(folder_number::sent).Items().Count(), 0);
+}
+
 TEST_F(Losses, AFolderThatCouldNotBeWrittenIsAsItWas) {
     const Folder folder = add_folder(u"Old");
     const Folder target = add_folder(u"Target");

@@ -132,7 +132,12 @@ TEST(RecurrenceRules, EndAfterACountOrByADate) {
 
 TEST(RecurrenceRules, EndWithTheCalendar) {
     const Rule rule{.type = Type::yearly, .day_of_month = 31, .month = 12, .start = on(4499, 1, 1)};
-    EXPECT_EQ(first_days(rule, 9), (std::vector<std::string>{"4499-12-31", "4500-12-31"}));
+    const std::vector<std::string> days{"4499-12-31", "4500-12-31"};
+    EXPECT_EQ(first_days(rule, 9), days);
+    Rule beyond = rule;
+    beyond.end = End::by_date;
+    beyond.last = on(4600, 1, 1);
+    EXPECT_EQ(first_days(beyond, 9), days);
 }
 
 TEST(RecurrenceRules, TellWhichDaysAreTheirs) {
@@ -166,6 +171,21 @@ TEST(RecurrenceRules, BeginWithTheDayOfTheirStart) {
     }
 }
 
+TEST(RecurrenceRules, BeginWithTheInstanceThatTheirStartIs) {
+    constexpr std::int32_t instances[] = {1, 2, 2, 3, 3, 4, 4, 5, 5};
+    constexpr unsigned days[] = {7, 8, 14, 15, 21, 22, 28, 29, 31};
+    for (std::size_t i = 0; i < std::size(days); ++i) {
+        const Day start = on(2006, 7, days[i]);
+        EXPECT_EQ(usual(Type::month_nth, start).instance, instances[i]) << days[i];
+        EXPECT_EQ(first_day(usual(Type::month_nth, start)), start);
+    }
+}
+
+TEST(RecurrenceRules, AreOfSixTypes) {
+    for (const std::int32_t number : {0, 1, 2, 3, 5, 6}) EXPECT_TRUE(is_type(number)) << number;
+    for (const std::int32_t number : {-1, 4, 7}) EXPECT_FALSE(is_type(number)) << number;
+}
+
 TEST(RecurrenceRules, HaveFaults) {
     const Rule daily{.type = Type::daily, .start = on(2006, 7, 10)};
     const Rule month_nth = usual(Type::month_nth, daily.start), yearly = usual(Type::yearly, daily.start);
@@ -186,6 +206,18 @@ TEST(RecurrenceRules, HaveFaults) {
         {"day 32", yearly, [](Rule& r) { r.day_of_month = 32; }, true},
         {"month 13", yearly, [](Rule& r) { r.month = 13; }, true},
         {"no occurrences", daily, [](Rule& r) { r.end = End::after_count; }, true},
+        {"the most occurrences", daily,
+         [](Rule& r) {
+             r.end = End::after_count;
+             r.count = 999;
+         },
+         false},
+        {"more of them", daily,
+         [](Rule& r) {
+             r.end = End::after_count;
+             r.count = 1000;
+         },
+         true},
         {"an end before the start", daily,
          [](Rule& r) {
              r.end = End::by_date;
