@@ -8,6 +8,7 @@
 #include <span>
 
 #include "automation/object.h"
+#include "family/menu.h"
 #include "family/named_properties.h"
 #include "forms/view.h"
 
@@ -22,6 +23,8 @@ inline constexpr automation::TextView email_auto_file = u"EmailAutoFile";
 inline constexpr automation::TextView special_folder = u"SpecialFolder";
 inline constexpr automation::TextView program_folder = u"ProgramFolder";
 inline constexpr automation::TextView store_id = u"StoreID";
+/// "1": the family's menu is put into the host's main windows when the family is first asked for.
+inline constexpr automation::TextView menu = u"Menu";
 /// Members that fail, separated by ";": "GetFolderId;SafeMailItem.Fields".
 inline constexpr automation::TextView fail = u"Fail";
 }  // namespace setting
@@ -63,6 +66,9 @@ class Context {
     /// What makes windows. It is there as long as somebody holds it, and is to outlive its windows.
     virtual std::shared_ptr<forms::Engine> engine() = 0;
 
+    /// Tells a person something, in a box that waits until it was read.
+    virtual void tell(automation::TextView text) = 0;
+
     /// Notes a call that would open a window, or change one, of the family.
     virtual void record(automation::Text call) = 0;
 
@@ -86,10 +92,12 @@ class Context {
     /// The windows that stay after the call that has shown them, by the kind of what they list.
     std::map<automation::Text, ShownTemplates>& shown_templates() { return shown_templates_; }
     bool shows_windows() const;
+    Menu& menu() { return menu_; }
     void close_windows();  ///< at the latest before the engine ends
 
   private:
     Memory memory_;
+    Menu menu_{*this};
     std::map<automation::Text, ShownTemplates> shown_templates_;
 };
 

@@ -11,7 +11,6 @@ namespace desk {
 
 using automation::calls;
 using automation::Failure;
-using automation::Ignored;
 using automation::Object;
 using automation::Text;
 using automation::TextView;
@@ -53,6 +52,15 @@ void CommandBar::check_may_change() const {
     }
 }
 
+void CommandBar::check_may_take(const CommandBarControl& control) const {
+    check_may_change();
+    if (control.type != CommandBarControl::popup_type) return;
+    if (bar_type != menu_bar && index() != 0) {
+        throw Failure(result::invalid_argument, u"The desk's command bars take popups in their menus only.");
+    }
+    if (control.holds(*this)) throw Failure(result::invalid_argument, u"A popup can't stand in itself.");
+}
+
 void CommandBar::check_place(const std::optional<Value>& before) const {
     if (!before) return;
     const std::int32_t wanted = before->to_integer();
@@ -69,7 +77,7 @@ std::int32_t CommandBar::index() const {
     const auto bars = owner();
     if (!bars) return 0;
     const auto own = std::ranges::find(bars->all, this, &std::shared_ptr<CommandBar>::get);
-    return static_cast<std::int32_t>(own - bars->all.begin()) + 1;
+    return own == bars->all.end() ? 0 : static_cast<std::int32_t>(own - bars->all.begin()) + 1;
 }
 
 void CommandBar::end() {
@@ -95,6 +103,7 @@ void CommandBar::remove() {
     if (built_in) {
         throw Failure(result::fail, u"The host's own command bar \"" + bar_name + u"\" can't be deleted.");
     }
+    if (index() == 0) throw Failure(result::fail, u"A popup's menu goes with the popup.");
     const auto alive = shared_from_this();
     if (const auto bars = owner()) {
         std::erase(bars->all, alive);
@@ -103,16 +112,21 @@ void CommandBar::remove() {
     end();
 }
 
-std::shared_ptr<CommandBarControl> CommandBar::find(const ControlWish& wish) const {
-    const auto found =
-        std::ranges::find_if(controls, [&](const auto& control) { return fits(*control, wish); });
-    return found == controls.end() ? nullptr : *found;
+std::shared_ptr<CommandBarControl> CommandBar::find(const ControlWish& wish, bool in_menus) const {
+    for (const auto& control : controls) {
+        if (fits(*control, wish)) return control;
+        if (!in_menus || !control->menu) continue;
+        if (auto found = control->menu->find(wish, in_menus)) return found;
+    }
+    return nullptr;
 }
 
 std::vector<std::shared_ptr<CommandBarControl>> CommandBar::find_all(const ControlWish& wish) const {
     std::vector<std::shared_ptr<CommandBarControl>> found;
-    std::ranges::copy_if(controls, std::back_inserter(found),
-                         [&](const auto& control) { return fits(*control, wish); });
+    for (const auto& control : controls) {
+        if (fits(*control, wish)) found.push_back(control);
+        if (control->menu) std::ranges::copy(control->menu->find_all(wish), std::back_inserter(found));
+    }
     return found;
 }
 
@@ -128,14 +142,16 @@ std::shared_ptr<CommandBarControl> CommandBar::add(const std::optional<Value>& t
                                                    const std::optional<Value>& control_id,
                                                    const std::optional<Value>& parameter,
                                                    const std::optional<Value>& before, bool is_temporary) {
-    if (type && type->to_integer() != CommandBarControl::button_type) {
-        throw Failure(result::invalid_argument, u"The desk's command bars take buttons only.");
+    const std::int32_t wanted = type ? type->to_integer() : CommandBarControl::button_type;
+    if (wanted != CommandBarControl::button_type && wanted != CommandBarControl::popup_type) {
+        throw Failure(result::invalid_argument, u"The desk's command bars take buttons and popups only.");
     }
     if (control_id && control_id->to_integer() != CommandBarControl::custom_id) {
         throw Failure(result::invalid_argument, u"The desk has no built-in control with that number to add.");
     }
-    check_may_change();
     auto control = std::make_shared<CommandBarControl>(desk(), weak_from_this(), is_temporary);
+    if (wanted == CommandBarControl::popup_type) control->become_popup();
+    check_may_take(*control);
     if (parameter) control->parameter = parameter->to_text();
     insert(control, before);
     return control;
@@ -181,7 +197,11 @@ const automation::Members<CommandBar>& CommandBar::members() {
          0x60040007,
          Use::method,
          {u"Type", u"Id", u"Tag", u"Visible", u"Recursive"},
-         find_control<Self, Ignored>},
+         [](Self& self, const std::optional<Value>& type, const std::optional<Value>& id,
+            const std::optional<Value>& tag, const std::optional<Value>& visible,
+            std::optional<bool> recursive) {
+             return answer_of(self.find({type, id, tag, visible}, recursive.value_or(false)));
+         }},
         {u"Delete", 0x60040004, Use::method, calls<&Self::remove>},
         {u"Reset", 0x60040019, Use::method, [](Self&) {}},
     };

@@ -31,12 +31,17 @@ class CommandBar : public ModelObject<CommandBar> {
 
     void check_there() const;
     void check_may_change() const;  ///< throws `result::fail` for a protected bar
+    /// Throws for a protected bar; for a popup, unless this is a menu bar or a popup's menu that it does not
+    /// hold itself.
+    void check_may_take(const CommandBarControl& control) const;
     void check_place(const std::optional<automation::Value>& before) const;  ///< throws `result::bad_index`
-    void remove();  ///< refused for a bar that is the host's own
+    void remove();  ///< refused for a bar that is the host's own, and for a popup's menu
     void end();     ///< it is gone, and its controls with it
     void
     end_window();  ///< its window has closed: of the host's own bars what isn't temporary can still be read
-    std::shared_ptr<CommandBarControl> find(const ControlWish& wish) const;
+    /// The first control that fits; in its popups' menus as well, if that is wanted.
+    std::shared_ptr<CommandBarControl> find(const ControlWish& wish, bool in_menus = false) const;
+    /// All that fit, in the popups' menus as well.
     std::vector<std::shared_ptr<CommandBarControl>> find_all(const ControlWish& wish) const;
     std::shared_ptr<CommandBarControl> add(const std::optional<automation::Value>& type,
                                            const std::optional<automation::Value>& id,
@@ -46,7 +51,7 @@ class CommandBar : public ModelObject<CommandBar> {
                                                std::function<void()> action);
     void insert(std::shared_ptr<CommandBarControl> control, const std::optional<automation::Value>& before);
     std::shared_ptr<CommandBars> owner() const { return owner_.lock(); }
-    std::int32_t index() const;  ///< its place among the window's bars, from 1
+    std::int32_t index() const;  ///< its place among the window's bars, from 1; 0 for a popup's menu
     void kept_changed();
 
     automation::Text bar_name;
@@ -66,15 +71,6 @@ class CommandBar : public ModelObject<CommandBar> {
 /// A control as it is answered; Nothing for none.
 inline automation::Value answer_of(const std::shared_ptr<CommandBarControl>& control) {
     return control ? automation::Value(control->self()) : automation::Value(automation::Object());
-}
-
-/// `FindControl` of whatever can find one.
-template <class Self, class... More>
-automation::Value find_control(Self& self, const std::optional<automation::Value>& type,
-                               const std::optional<automation::Value>& id,
-                               const std::optional<automation::Value>& tag,
-                               const std::optional<automation::Value>& visible, More...) {
-    return answer_of(self.find({type, id, tag, visible}));
 }
 
 }  // namespace desk

@@ -40,14 +40,31 @@ std::int32_t CommandBarControl::index() const {
     return static_cast<std::int32_t>(own - owner->controls.begin()) + 1;
 }
 
+void CommandBarControl::become_popup() {
+    type = popup_type;
+    const auto owner = bar();
+    menu = std::make_shared<CommandBar>(desk(), owner ? owner->owner() : nullptr, u"Custom Popup", false);
+    menu->bar_type = CommandBar::popup;
+    menu->position = CommandBar::popup_position;
+    menu->visible = false;  // a menu is seen only while it is open
+}
+
+bool CommandBarControl::holds(const CommandBar& target) const {
+    return menu && (menu.get() == &target ||
+                    std::ranges::any_of(menu->controls, [&](const auto& each) { return each->holds(target); }));
+}
+
 void CommandBarControl::end() {
     deleted_ = true;
     end_window();
+    if (menu) menu->end();
 }
 
 void CommandBarControl::end_window() {
     action = nullptr;
     subscriptions().clear();
+    if (!menu) return;
+    for (const auto& entry : menu->controls) entry->end_window();
 }
 
 void CommandBarControl::remove() {
@@ -61,7 +78,7 @@ void CommandBarControl::remove() {
 
 void CommandBarControl::move_to(CommandBar& target, const std::optional<Value>& before) {
     const auto alive = shared_from_this();
-    target.check_may_change();
+    target.check_may_take(*this);
     target.check_place(before);
     if (const auto owner = bar()) {
         std::erase(owner->controls, alive);
@@ -89,14 +106,19 @@ std::shared_ptr<CommandBarControl> CommandBarControl::copy_to(CommandBar& target
     twin->enabled = enabled;
     twin->begin_group = begin_group;
     twin->action = action;
-    target.check_may_change();
+    target.check_may_take(*this);
+    target.check_place(before);
+    if (menu) {
+        twin->become_popup();
+        for (const auto& entry : menu->controls) entry->copy_to(*twin->menu, std::nullopt);
+    }
     target.insert(twin, before);
     return twin;
 }
 
 bool CommandBarControl::press() {
     if (deleted_) throw Failure(result::object_deleted, u"The control was deleted.");
-    if (!enabled || !visible) return false;
+    if (!enabled || !visible || menu) return false;
     const auto alive = shared_from_this();
     const auto own_bar = bar();
     const auto bars = own_bar ? own_bar->owner() : nullptr;
@@ -113,6 +135,12 @@ bool CommandBarControl::press() {
 }
 
 namespace {
+
+/// What a popup alone has.
+CommandBar& menu_of(const CommandBarControl& control) {
+    if (!control.menu) throw Failure(result::member_not_found, u"Only a popup has a menu.");
+    return *control.menu;
+}
 
 /// The bar that `Copy` and `Move` lead to: the one given, or the control's own.
 CommandBar& target_of(const CommandBarControl& control, const std::optional<Value>& given) {
@@ -150,6 +178,12 @@ const automation::Members<CommandBarControl>& CommandBarControl::members() {
         {u"Enabled", 0x6004000A, kept<&Self::enabled>},
         {u"BeginGroup", 0x60040000, kept<&Self::begin_group>},
         {u"IsPriorityDropped", 0x6004002D, Use::get, shown<&Self::is_priority_dropped>},
+        {u"CommandBar", 0x60050000, Use::get, [](Self& self) { return menu_of(self).self(); }},
+        {u"Controls", 0x60050001, Use::get,
+         [](Self& self) {
+             menu_of(self);
+             return std::make_shared<CommandBarControls>(self.desk(), self.menu)->self();
+         }},
         {u"Id", 0x60040013, Use::get, shown<&Self::id>},
         {u"Type", 0x60040028, Use::get, shown<&Self::type>},
         {u"Index", 0x60040014, Use::get, calls<&Self::index>},

@@ -1,4 +1,4 @@
-// The controls of command bars. Bars take buttons; other kinds of controls are refused.
+// The controls of command bars. Bars take buttons, menu bars popups as well; other kinds of controls are refused.
 #pragma once
 
 #include <functional>
@@ -15,7 +15,7 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     static constexpr std::string_view name = "CommandBarButton";
     static constexpr automation::TextView default_name = u"Caption";
 
-    static constexpr std::int32_t button_type = 1;  // MsoControlType
+    static constexpr std::int32_t button_type = 1, popup_type = 10;  // MsoControlType
     static constexpr std::int32_t custom_id = 1;    ///< of all controls that are not built in
 
     CommandBarControl(Desk& desk, std::weak_ptr<CommandBar> bar, bool temporary)
@@ -27,6 +27,10 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     /// Fails with `result::object_deleted` for a control that was deleted.
     automation::Value invoke(automation::Request& request) override;
 
+    /// Makes the new control a popup: it opens a menu, which it owns.
+    void become_popup();
+    bool holds(const CommandBar& bar) const;  ///< whether the bar is the popup's menu, or one in it
+
     void remove();
     void end();         ///< it goes with its bar
     void end_window();  ///< its window has closed: it does nothing any more
@@ -34,7 +38,7 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     std::shared_ptr<CommandBarControl> copy_to(CommandBar& bar,
                                                const std::optional<automation::Value>& before) const;
 
-    /// As a click on it: nothing for one that is disabled or hidden. Answers whether a listener cancelled
+    /// As a click on it: nothing for one that is disabled or hidden, and for a popup. Answers whether a listener cancelled
     /// what the control does by itself; what a custom one names as its action is text and nothing more here.
     bool press();
 
@@ -52,6 +56,7 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     std::int32_t width = 24, height = 22;
     bool visible = true, enabled = true, begin_group = false, is_priority_dropped = false;
     std::function<void()> action;  ///< what a built-in one does by itself
+    std::shared_ptr<CommandBar> menu;  ///< of a popup; null for a button
 
   private:
     std::weak_ptr<CommandBar> bar_;

@@ -67,7 +67,7 @@ std::shared_ptr<CommandBar> CommandBars::add(const std::optional<Value>& bar_nam
 
 std::shared_ptr<CommandBarControl> CommandBars::find(const ControlWish& wish) const {
     for (const auto& bar : all) {
-        if (auto found = bar->find(wish)) return found;
+        if (auto found = bar->find(wish, true)) return found;
     }
     return nullptr;
 }
@@ -131,7 +131,14 @@ const automation::Members<CommandBars>& CommandBars::members() {
                       temporary && temporary->to_boolean())
                  ->self();
          }},
-        {u"FindControl", 0x60030008, Use::method, {u"Type", u"Id", u"Tag", u"Visible"}, find_control<Self>},
+        {u"FindControl",
+         0x60030008,
+         Use::method,
+         {u"Type", u"Id", u"Tag", u"Visible"},
+         [](Self& self, const std::optional<Value>& type, const std::optional<Value>& id,
+            const std::optional<Value>& tag, const std::optional<Value>& visible) {
+             return answer_of(self.find({type, id, tag, visible}));
+         }},
         {u"FindControls",
          0x60030015,
          Use::method,

@@ -52,7 +52,7 @@ std::vector<BarStrip::ShownBar> BarStrip::wanted() const {
         if (!bar->visible || !bar->enabled || bar->bar_type == CommandBar::popup) continue;
         ShownBar shown{bar->bar_name, bar->position, bar->row_index, {}};
         for (const auto& control : bar->controls) {
-            if (!control->visible) continue;
+            if (!control->visible || control->menu) continue;  // popups are menus of the window
             shown.buttons.push_back(
                 {control, control->caption, control->tool_tip.empty() ? control->caption : control->tool_tip,
                  control->style, control->face_id, control->state, control->enabled, control->begin_group});

@@ -25,12 +25,14 @@ HostFrame::HostFrame(FrameContext& context, const wchar_t* class_name, HostWindo
       context_(context),
       window_(window),
       bars_(handle(), window.bars(), context.faces),
+      bar_menus_(window.bars()),
       times_brought_up_(window.times_brought_up()) {}
 
 void HostFrame::open() {
     const HMENU menu = make_menu();
     add_menus(menu);
     SetMenu(handle(), menu);  // tells the window a new size, so not before it is whole
+    follow_menus();
     bars_.follow();
     lay_out_again();
     const auto& order = context_.desk.window_order;
@@ -44,12 +46,17 @@ void HostFrame::open() {
 
 void HostFrame::refresh() {
     caption(window_.caption());
+    follow_menus();
     if (bars_.follow()) lay_out_again();
     show_contents();
     if (times_brought_up_ != window_.times_brought_up()) {
         times_brought_up_ = window_.times_brought_up();
         SetForegroundWindow(handle());
     }
+}
+
+void HostFrame::follow_menus() {
+    if (bar_menus_.follow(GetMenu(handle()))) DrawMenuBar(handle());
 }
 
 void HostFrame::lay_out_again() {
@@ -90,7 +97,9 @@ void HostFrame::on_activate() {
 
 void HostFrame::on_command(int command, int code) {
     if (command == close_command) return on_close();
-    if (const auto control = bars_.control(command)) {
+    auto control = bars_.control(command);
+    if (!control) control = bar_menus_.control(command);
+    if (control) {
         if (!may_press(*control)) return;
         // not here: the click may lead to the end of the toolbar, which still has work to do with it
         context_.desk.surroundings().post([control] {

@@ -7,6 +7,7 @@
 
 #include "desk/outlook/host_window.h"
 #include "desk/windows/attachment_actions.h"
+#include "desk/windows/bar_menus.h"
 #include "desk/windows/bar_strip.h"
 #include "desk/windows/explorer_layout.h"
 #include "desk/windows/item_drag.h"
@@ -56,12 +57,15 @@ class HostFrame : public DeskWindow {
     void on_activate() final;
     void on_command(int command, int code) final;
 
+    void follow_menus();
+
     /// Has the model told of something at the next turn, if its window is still there.
     void later(void (HostWindow::*what)());
 
     FrameContext& context_;
     HostWindow& window_;
     BarStrip bars_;
+    BarMenus bar_menus_;
     std::int32_t times_brought_up_;
 };
 

@@ -1,5 +1,6 @@
 #include "family/windows/windows_context.h"
 
+#include "addin/ground/product.h"
 #include "addin/server/desktop/windows_desktop.h"
 #include "automation/com/failure.h"
 #include "automation/com/variant.h"
@@ -61,6 +62,11 @@ std::shared_ptr<forms::Engine> WindowsContext::engine() {
         engine_ = engine;
     }
     return engine;
+}
+
+void WindowsContext::tell(TextView text) {
+    MessageBoxW(GetActiveWindow(), windows::wide(Text(text)), windows::wide(Text(addin::product_title)),
+                MB_OK | MB_ICONINFORMATION);
 }
 
 void WindowsContext::record(Text call) {

@@ -19,6 +19,7 @@ class WindowsContext : public Context {
     std::optional<automation::Text> read_setting(automation::TextView name) override;
     automation::Object application() override;
     std::shared_ptr<forms::Engine> engine() override;
+    void tell(automation::TextView text) override;
     void record(automation::Text call) override;
     automation::Text number_text(double number) override;
 

@@ -158,6 +158,7 @@ family_rows() {
     row "$key" EmailAutoFile 1
     row "$key" SpecialFolder "$(windows_path "$2")"
     row "$key" ProgramFolder "$(windows_path "$1")"
+    [[ ${unattended:-1} == 1 ]] || row "$key" Menu 1 # nobody would choose anything there
 }
 
 # A crashed program ends at once, without a box that waits for somebody.

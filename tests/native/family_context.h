@@ -16,17 +16,22 @@ class FamilyContext final : public family::Context {
   public:
     /// The engine lives longer than the windows that are made by it.
     FamilyContext(host::Registry& registry, std::function<automation::Object()> application,
-                  forms::Engine& engine)
-        : registry_(registry), application_(std::move(application)), engine_(engine) {}
+                  std::function<void(automation::TextView)> tell, forms::Engine& engine)
+        : registry_(registry),
+          application_(std::move(application)),
+          tell_(std::move(tell)),
+          engine_(engine) {}
 
     std::optional<automation::Text> read_setting(automation::TextView name) override;
     automation::Object application() override { return application_(); }
     std::shared_ptr<forms::Engine> engine() override { return {std::shared_ptr<void>(), &engine_}; }
+    void tell(automation::TextView text) override { tell_(text); }
     void record(automation::Text call) override;
 
   private:
     host::Registry& registry_;
     std::function<automation::Object()> application_;
+    std::function<void(automation::TextView)> tell_;
     forms::Engine& engine_;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "addin/ground/product.h"
 #include "addin/host/shell.h"
 #include "desk/cdo/cdo.h"
 #include "desk/outlook/application.h"
@@ -51,7 +52,9 @@ NativeDesktop::NativeDesktop(std::shared_ptr<Boundary> boundary, MemoryRegistry&
       own_folder_(std::move(own_folder)),
       without_(std::move(without)),
       family_(std::make_shared<FamilyContext>(
-          registry, [this] { return make(outlook_prog_id); }, engine)) {}
+          registry, [this] { return make(outlook_prog_id); },
+          [this](TextView text) { message_box(text, addin::product_title, host::box::information); },
+          engine)) {}
 
 void NativeDesktop::attach(desk::Desk* desk) {
     if (!desk) family_->close_windows();

@@ -171,6 +171,35 @@ TEST_F(CommandBarsOf, WindowsFindControlsByWhatIsAsked) {
     EXPECT_FALSE(find(menu, {{u"Tag", u"TAG TWO"}})) << "tags are compared exactly";
 }
 
+TEST_F(CommandBarsOf, WindowsHavePopupsWithEntriesInTheirMenuBars) {
+    const Object menu_bar = bar(u"Menu Bar");
+    const Object opened = controls(menu_bar).call(u"Add", {popup}).to_object();
+    opened.put(u"Caption", u"&Mill");
+    EXPECT_EQ(integer(opened, u"Type"), popup);
+    const Object menu = opened.get(u"CommandBar").to_object();
+    EXPECT_EQ(integer(menu, u"Type"), 2);
+    EXPECT_EQ(integer(menu, u"Index"), 0) << "it is none of the window's bars";
+    const Object entry = add(opened, u"Grind", u"grind");
+    const Object inner = controls(opened).call(u"Add", {popup}).to_object();
+    const Object deep = add(inner, u"Bake", u"bake");
+    EXPECT_EQ(captions(opened), (std::vector<Text>{u"Grind", u""}));
+    EXPECT_EQ(find(bars, {{u"Tag", u"bake"}}), deep) << "a search through all bars looks into menus";
+    EXPECT_FALSE(find(menu_bar, {{u"Tag", u"bake"}}));
+    EXPECT_EQ(find(menu_bar, {{u"Tag", u"bake"}, {u"Recursive", true}}), deep);
+    const Object twin = opened.call(u"Copy", {Value(menu_bar)}).to_object();
+    EXPECT_EQ(captions(twin), (std::vector<Text>{u"Grind", u""})) << "with its entries";
+
+    EXPECT_EQ(failure_of([&] { entry.get(u"Controls"); }), result::member_not_found) << "a button has none";
+    EXPECT_EQ(failure_of([&] { controls(bar(u"Standard")).call(u"Add", {popup}); }), result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { opened.call(u"Move", {Value(bar(u"Standard"))}); }), result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { opened.call(u"Move", {inner.get(u"CommandBar")}); }), result::invalid_argument)
+        << "it would stand in itself";
+    EXPECT_EQ(failure_of([&] { menu.call(u"Delete"); }), result::fail) << "it goes with its popup";
+    opened.call(u"Delete");
+    EXPECT_EQ(failure_of([&] { text(deep, u"Caption"); }), result::object_deleted);
+    EXPECT_EQ(find(bars, {{u"Tag", u"bake"}}).get(u"Caption"), Value(u"Bake")) << "the copy stays";
+}
+
 TEST_F(CommandBarsOf, WindowsThatAreProtectedTakeNoControls) {
     const Object menu = bar(u"Context Menu");
     menu.put(u"Protection", no_customize);
