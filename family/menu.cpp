@@ -109,14 +109,13 @@ void Menu::add_to(const Explorer& explorer) {
         const CommandBarControl entry = entries.AddTemporary(host::office::control_button);
         entry.Caption(row.caption);
         entry.BeginGroup(row.begins_group);
-        shown->entries.at(i).connect(
-            events::button, entry, {{u"Click", [&row, &context = context_, explorer](std::span<Value>) {
-                                         run(row, {context, explorer});
-                                     }}});
+        shown->entries.at(i).connect(events::button, entry,
+                                     {{u"Click", [&row, &context = context_, explorer](std::span<Value>) {
+                                           run(row, {context, explorer});
+                                       }}});
     }
-    shown->window.connect(
-        events::explorer, explorer,
-        {{u"Close", [this, closed = shown.get()](std::span<Value>) { forget(closed); }}});
+    shown->window.connect(events::explorer, explorer,
+                          {{u"Close", [this, closed = shown.get()](std::span<Value>) { forget(closed); }}});
     windows_.push_back(shown);
 }
 

@@ -50,8 +50,9 @@ void CommandBarControl::become_popup() {
 }
 
 bool CommandBarControl::holds(const CommandBar& target) const {
-    return menu && (menu.get() == &target ||
-                    std::ranges::any_of(menu->controls, [&](const auto& each) { return each->holds(target); }));
+    return menu && (menu.get() == &target || std::ranges::any_of(menu->controls, [&](const auto& each) {
+                        return each->holds(target);
+                    }));
 }
 
 void CommandBarControl::end() {

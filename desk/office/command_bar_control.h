@@ -1,4 +1,5 @@
-// The controls of command bars. Bars take buttons, menu bars popups as well; other kinds of controls are refused.
+// The controls of command bars. Bars take buttons, menu bars popups as well; other kinds of controls are
+// refused.
 #pragma once
 
 #include <functional>
@@ -16,7 +17,7 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     static constexpr automation::TextView default_name = u"Caption";
 
     static constexpr std::int32_t button_type = 1, popup_type = 10;  // MsoControlType
-    static constexpr std::int32_t custom_id = 1;    ///< of all controls that are not built in
+    static constexpr std::int32_t custom_id = 1;  ///< of all controls that are not built in
 
     CommandBarControl(Desk& desk, std::weak_ptr<CommandBar> bar, bool temporary)
         : ModelObject(desk), temporary(temporary), bar_(std::move(bar)) {}
@@ -38,8 +39,9 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     std::shared_ptr<CommandBarControl> copy_to(CommandBar& bar,
                                                const std::optional<automation::Value>& before) const;
 
-    /// As a click on it: nothing for one that is disabled or hidden, and for a popup. Answers whether a listener cancelled
-    /// what the control does by itself; what a custom one names as its action is text and nothing more here.
+    /// As a click on it: nothing for one that is disabled or hidden, and for a popup. Answers whether a
+    /// listener cancelled what the control does by itself; what a custom one names as its action is text and
+    /// nothing more here.
     bool press();
 
     std::shared_ptr<CommandBar> bar() const { return bar_.lock(); }
@@ -55,7 +57,7 @@ class CommandBarControl : public ModelObject<CommandBarControl> {
     std::int32_t style = 0, face_id = 0, priority = 3, state = 0, help_context = 0, ole_usage = 1;
     std::int32_t width = 24, height = 22;
     bool visible = true, enabled = true, begin_group = false, is_priority_dropped = false;
-    std::function<void()> action;  ///< what a built-in one does by itself
+    std::function<void()> action;      ///< what a built-in one does by itself
     std::shared_ptr<CommandBar> menu;  ///< of a popup; null for a button
 
   private:

@@ -5,7 +5,6 @@ namespace acceptance {
 namespace {
 
 using automation::Object;
-using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
@@ -27,9 +26,7 @@ class FamilyMenu : public Acceptance {
 
     Object first_window() { return world().application().ActiveExplorer(); }
     static Object menu_of(const Object& window) { return find_control(window, u"Menu Bar", menu_tag); }
-    static Object entries_of(const Object& window) {
-        return menu_of(window).get(u"Controls").to_object();
-    }
+    static Object entries_of(const Object& window) { return menu_of(window).get(u"Controls").to_object(); }
     void choose(const Object& window, TextView entry) {
         entries_of(window).get(u"Item", {Value(entry)}).to_object().call(u"Execute");
         world().settle();

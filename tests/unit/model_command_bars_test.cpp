@@ -190,7 +190,8 @@ TEST_F(CommandBarsOf, WindowsHavePopupsWithEntriesInTheirMenuBars) {
     EXPECT_EQ(captions(twin), (std::vector<Text>{u"Grind", u""})) << "with its entries";
 
     EXPECT_EQ(failure_of([&] { entry.get(u"Controls"); }), result::member_not_found) << "a button has none";
-    EXPECT_EQ(failure_of([&] { controls(bar(u"Standard")).call(u"Add", {popup}); }), result::invalid_argument);
+    EXPECT_EQ(failure_of([&] { controls(bar(u"Standard")).call(u"Add", {popup}); }),
+              result::invalid_argument);
     EXPECT_EQ(failure_of([&] { opened.call(u"Move", {Value(bar(u"Standard"))}); }), result::invalid_argument);
     EXPECT_EQ(failure_of([&] { opened.call(u"Move", {inner.get(u"CommandBar")}); }), result::invalid_argument)
         << "it would stand in itself";

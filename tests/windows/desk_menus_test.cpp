@@ -123,6 +123,46 @@ TEST_F(DeskMenus, HaveAnAccessKeyEachAndNoneTwice) {
     for (int i = 0; i < menus; ++i) access_keys(GetSubMenu(bar, i));
 }
 
+TEST_F(DeskMenus, EndWithThePopupsOfTheMenuBarAsTheyAreNow) {
+    const auto bar = desk.explorers()->open.front()->bars()->named(desk::CommandBars::menu_bar);
+    const auto last_menu = [] {
+        const HMENU menus = GetMenu(explorer_window());
+        return GetSubMenu(menus, GetMenuItemCount(menus) - 1);
+    };
+    const int own_menus = GetMenuItemCount(GetMenu(explorer_window()));
+    const auto popup = bar->add(Value(desk::CommandBarControl::popup_type), {}, {}, {}, true);
+    popup->caption = u"&Mill";
+    const auto add_entry = [](desk::CommandBar& menu, TextView caption) {
+        auto entry = menu.add({}, {}, {}, {}, true);
+        entry->caption = Text(caption);
+        return entry;
+    };
+    int ground = 0, baked = 0;
+    add_entry(*popup->menu, u"&Grind")->action = [&] { ++ground; };
+    const auto inner = popup->menu->add(Value(desk::CommandBarControl::popup_type), {}, {}, {}, true);
+    inner->caption = u"&Oven";
+    const auto bake = add_entry(*inner->menu, u"&Bake");
+    bake->action = [&] { ++baked; };
+    add_entry(*popup->menu, u"&Close")->enabled = false;
+    popup->kept_changed();
+    run_messages();
+
+    ASSERT_EQ(GetMenuItemCount(GetMenu(explorer_window())), own_menus + 1);
+    ASSERT_EQ(GetMenuItemCount(last_menu()), 3);
+    choose(static_cast<int>(GetMenuItemID(last_menu(), 0)));
+    choose(static_cast<int>(GetMenuItemID(GetSubMenu(last_menu(), 1), 0)));
+    EXPECT_EQ(ground, 1);
+    EXPECT_EQ(baked, 1);
+    EXPECT_TRUE(GetMenuState(last_menu(), 2, MF_BYPOSITION) & MF_GRAYED);
+
+    bake->remove();
+    run_messages();
+    EXPECT_EQ(GetMenuItemCount(GetSubMenu(last_menu(), 1)), 0);
+    popup->remove();
+    run_messages();
+    EXPECT_EQ(GetMenuItemCount(GetMenu(explorer_window())), own_menus);
+}
+
 TEST_F(DeskMenus, DoWhatTheySayWithWhatIsSelected) {
     struct Case {
         const char* name;
