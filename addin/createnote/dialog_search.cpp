@@ -212,7 +212,7 @@ void dlgSend::add_row(const Presence& here, const SafeRecordItem& safe_record, c
     });
     cells[column::key] = key;
     steps.set(cells[column::entry_id], [&] { return items.Item(place).EntryID(); });
-    if (here.lasts()) list().add(cells);
+    if (here.lasts()) steps.run([&] { list().add(cells); });
 }
 
 }  // namespace addin::createnote

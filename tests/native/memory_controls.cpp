@@ -16,10 +16,20 @@ using forms::ControlRow;
 using forms::Events;
 namespace result = automation::result;
 
+bool goes_through(const BeforeCall& before_call, const char* call) {
+    try {
+        before_call(call);
+    } catch (const Failure&) {
+        return false;
+    }
+    return true;
+}
+
 // A choice
 
-MemoryChoice::MemoryChoice(const ControlRow& row)
-    : entries_only_(row.kind == ControlKind::drop_down_list),
+MemoryChoice::MemoryChoice(const ControlRow& row, BeforeCall before_call)
+    : before_call_(std::move(before_call)),
+      entries_only_(row.kind == ControlKind::drop_down_list),
       entries_(row.entries.begin(), row.entries.end()) {
     text(row.text);
 }
@@ -30,7 +40,9 @@ void MemoryChoice::clear() {
     chosen_ = -1;
 }
 
-void MemoryChoice::add(TextView entry) { entries_.emplace_back(entry); }
+void MemoryChoice::add(TextView entry) {
+    if (goes_through(before_call_, "choice_add")) entries_.emplace_back(entry);
+}
 
 Text MemoryChoice::entry(int index) const {
     if (index < 0 || index >= count()) throw Failure(result::bad_index, u"There is no such entry.");
@@ -62,8 +74,9 @@ MemoryControl::MemoryControl(MemoryWindow& window, const ControlRow& row)
       enabled_(row.enabled),
       selected_(row.selected),
       place_(row.place) {
-    if (row.kind == ControlKind::report_list) list_.emplace(row, window.dots_per_inch());
-    if (row.kind == ControlKind::combo_box || row.kind == ControlKind::drop_down_list) choice_.emplace(row);
+    if (row.kind == ControlKind::report_list) list_.emplace(row, window.dots_per_inch(), window.before_call_);
+    if (row.kind == ControlKind::combo_box || row.kind == ControlKind::drop_down_list)
+        choice_.emplace(row, window.before_call_);
 }
 
 Text MemoryControl::text() const { return choice_ ? choice_->text() : text_; }

@@ -1,6 +1,7 @@
 // The controls of a window that is kept in memory: what the logic sees, and what a person does with them.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -10,9 +11,16 @@ namespace native {
 
 class MemoryWindow;
 
+/// Comes before a call that the system may refuse, with the call's name. What it throws is the refusal; where
+/// the system refuses without a word, nothing is done.
+using BeforeCall = std::function<void(const char* call)>;
+
+/// Whether a call isn't refused, for the calls of which nobody is told.
+bool goes_through(const BeforeCall& before_call, const char* call);
+
 class MemoryChoice final : public forms::Choice {
   public:
-    explicit MemoryChoice(const forms::ControlRow& row);
+    MemoryChoice(const forms::ControlRow& row, BeforeCall before_call);
 
     void clear() override;
     void add(automation::TextView entry) override;
@@ -25,6 +33,7 @@ class MemoryChoice final : public forms::Choice {
     void text(automation::TextView text);  ///< of a drop-down list: only if it is one of the entries
 
   private:
+    BeforeCall before_call_;
     bool entries_only_;
     std::vector<automation::Text> entries_;
     automation::Text text_;
@@ -33,7 +42,7 @@ class MemoryChoice final : public forms::Choice {
 
 class MemoryList final : public forms::List {
   public:
-    MemoryList(const forms::ControlRow& row, int dots_per_inch);
+    MemoryList(const forms::ControlRow& row, int dots_per_inch, BeforeCall before_call);
 
     int count() const override { return static_cast<int>(rows_.size()); }
     void clear() override;
@@ -60,7 +69,7 @@ class MemoryList final : public forms::List {
 
     void extended_style(std::uint32_t mask, std::uint32_t value) override;
     forms::Hit hit(int x, int y) const override;
-    void takes_drops(bool takes) override { takes_drops_ = takes; }
+    void takes_drops(bool takes) override;
 
     // what a test looks at
 
@@ -96,6 +105,7 @@ class MemoryList final : public forms::List {
     void sort();
     int scaled(int pixels_at_96) const;
 
+    BeforeCall before_call_;
     int dots_per_inch_;
     std::vector<Column> columns_;
     std::vector<Row> rows_;

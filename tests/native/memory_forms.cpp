@@ -46,8 +46,9 @@ char16_t character_of(int code) {
 
 // The engine
 
-std::unique_ptr<forms::View> MemoryEngine::make(const FormTable& table, std::weak_ptr<Events> events) {
-    return std::make_unique<MemoryWindow>(*this, table, std::move(events));
+std::unique_ptr<forms::View> MemoryEngine::make(const FormTable& table, std::weak_ptr<Events> events,
+                                                BeforeCall before_call) {
+    return std::make_unique<MemoryWindow>(*this, table, std::move(events), std::move(before_call));
 }
 
 MemoryWindow* MemoryEngine::find(TextView caption) const {
@@ -64,10 +65,12 @@ MemoryWindow* MemoryEngine::find(TextView caption) const {
 
 // What the logic sees of a window
 
-MemoryWindow::MemoryWindow(MemoryEngine& engine, const FormTable& table, std::weak_ptr<Events> events)
+MemoryWindow::MemoryWindow(MemoryEngine& engine, const FormTable& table, std::weak_ptr<Events> events,
+                           BeforeCall before_call)
     : engine_(engine),
       table_(table),
       events_(std::move(events)),
+      before_call_(std::move(before_call)),
       caption_(table.caption),
       dots_per_inch_(engine.dots_per_inch),
       width_(to_pixels(table.width + frame_width, dots_per_inch_)),

@@ -18,7 +18,8 @@ class MemoryEngine;
 /// whether it could be done. The window may have ended when a deed comes back.
 class MemoryWindow final : public forms::View {
   public:
-    MemoryWindow(MemoryEngine& engine, const forms::FormTable& table, std::weak_ptr<forms::Events> events);
+    MemoryWindow(MemoryEngine& engine, const forms::FormTable& table, std::weak_ptr<forms::Events> events,
+                 BeforeCall before_call);
     ~MemoryWindow() override;
 
     MemoryControl& control(automation::TextView name) override;
@@ -82,6 +83,7 @@ class MemoryWindow final : public forms::View {
     MemoryEngine& engine_;
     const forms::FormTable& table_;
     std::weak_ptr<forms::Events> events_;
+    BeforeCall before_call_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     automation::Text caption_;
     std::vector<std::unique_ptr<MemoryControl>> controls_;
@@ -101,7 +103,12 @@ class MemoryEngine final : public forms::Engine {
     explicit MemoryEngine(Strands& strands) : strands_(strands) {}
 
     std::unique_ptr<forms::View> make(const forms::FormTable& table,
-                                      std::weak_ptr<forms::Events> events) override;
+                                      std::weak_ptr<forms::Events> events) override {
+        return make(table, std::move(events), [](const char*) {});
+    }
+    /// The same with something that comes before each call of the window that the system may refuse.
+    std::unique_ptr<forms::View> make(const forms::FormTable& table, std::weak_ptr<forms::Events> events,
+                                      BeforeCall before_call);
 
     /// What an event keeps alive while it runs.
     void keep_during_events(std::weak_ptr<void> owner) { owner_ = std::move(owner); }

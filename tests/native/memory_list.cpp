@@ -40,7 +40,8 @@ void merge_sort(std::vector<Value>& values, const Compare& compare) {
 
 }  // namespace
 
-MemoryList::MemoryList(const forms::ControlRow& row, int dots_per_inch) : dots_per_inch_(dots_per_inch) {
+MemoryList::MemoryList(const forms::ControlRow& row, int dots_per_inch, BeforeCall before_call)
+    : before_call_(std::move(before_call)), dots_per_inch_(dots_per_inch) {
     for (const forms::Column& column : row.columns) {
         columns_.push_back({Text(column.heading), forms::to_pixels(column.width, dots_per_inch_), {}});
     }
@@ -78,6 +79,7 @@ void MemoryList::sort() {
 
 int MemoryList::add(std::span<const Text> cells) {
     if (!cells.empty()) column_at(static_cast<int>(cells.size()) - 1);
+    before_call_("list_add");
     Row row{++made_, {cells.begin(), cells.end()}};
     row.texts.resize(columns_.size());
     auto place = rows_.end();
@@ -97,9 +99,15 @@ Text MemoryList::text(int row, int column) const {
 int MemoryList::text(int row, int column, TextView text) {
     const std::intptr_t changed = at(row).parameter;
     column_at(column);
+    if (!goes_through(before_call_, "list_text")) return row;
     rows_[static_cast<std::size_t>(row)].texts[static_cast<std::size_t>(column)] = text;
     if (column == key_) sort();
     return find(changed);
+}
+
+void MemoryList::takes_drops(bool takes) {
+    if (takes != takes_drops_) before_call_("takes_drops");
+    takes_drops_ = takes;
 }
 
 int MemoryList::selected() const { return selected_ == 0 ? -1 : find(selected_); }

@@ -110,6 +110,11 @@ Object NativeDesktop::application() {
 }
 
 int NativeDesktop::message_box(TextView text, TextView title, std::uint32_t style) {
+    constexpr int not_shown = 0;
+    return passes("message_box") ? ask(text, title, style) : not_shown;
+}
+
+int NativeDesktop::ask(TextView text, TextView title, std::uint32_t style) {
     on_message_box();
     const int answer = running().take_answer(title, text);
     running().messages.push_back({Text(title), Text(text), style, answer});
@@ -139,23 +144,43 @@ std::intptr_t NativeDesktop::shell_execute(const host::ShellRequest& request) {
 }
 
 Text NativeDesktop::section_names(TextView path, std::uint32_t size) {
+    if (!passes("section_names")) return {};
     return ini_section_names(local_path(path), size);
 }
 
 Text NativeDesktop::profile_text(TextView path, TextView section, TextView key, std::uint32_t size) {
+    if (!passes("profile_text")) return {};
     return ini_text(local_path(path), section, key, size);
 }
 
-Text NativeDesktop::text_of(const automation::Value& value) { return written(value); }
+Text NativeDesktop::text_of(const automation::Value& value) {
+    boundary_->pass("text_of");
+    return written(value);
+}
 
-automation::Date NativeDesktop::date_of(TextView text) { return date_or_time(text); }
+automation::Date NativeDesktop::date_of(TextView text) {
+    boundary_->pass("date_of");
+    return date_or_time(text);
+}
 
-Text NativeDesktop::format(TextView value, TextView named_format) { return formatted(value, named_format); }
+Text NativeDesktop::format(TextView value, TextView named_format) {
+    boundary_->pass("format");
+    return formatted(value, named_format);
+}
 
 // the 8-bit form is UTF-8 here
 
 std::string NativeDesktop::narrow(TextView text) { return automation::to_utf8(text); }
 Text NativeDesktop::widen(const std::string& bytes) { return automation::from_utf8(bytes); }
+
+bool NativeDesktop::passes(const char* call) {
+    try {
+        boundary_->pass(call);
+    } catch (const Failure&) {
+        return false;
+    }
+    return true;
+}
 
 std::int32_t NativeDesktop::WatchedRegistry::passed(const char* call) {
     constexpr std::int32_t access_denied = 5;

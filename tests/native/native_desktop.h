@@ -10,9 +10,9 @@
 
 namespace native {
 
-/// All that it hands out lies beyond the boundary, and so do its own calls that may fail: create,
-/// application, the registry's, the search and the deletion of files. It stays while the host comes and goes.
-/// The engine makes the family's windows.
+/// All that it hands out lies beyond the boundary, and so do its own calls that may fail, each in the
+/// system's way: a box that can't be shown answers 0, an ini file that can't be read has nothing. It stays
+/// while the host comes and goes. The engine makes the family's windows.
 class NativeDesktop final : public host::Desktop {
   public:
     NativeDesktop(std::shared_ptr<Boundary> boundary, MemoryRegistry& registry, Programs& programs,
@@ -43,8 +43,10 @@ class NativeDesktop final : public host::Desktop {
     std::string narrow(automation::TextView text) override;
     automation::Text widen(const std::string& bytes) override;
 
-    /// The same without the boundary, for the host's own use.
+    // the same without the boundary, for the host's own use
+
     automation::Object make(automation::TextView prog_id);
+    int ask(automation::TextView text, automation::TextView title, std::uint32_t style);
 
     /// Whether an object isn't there in this world.
     bool left_out(automation::TextView prog_id) const;
@@ -81,6 +83,7 @@ class NativeDesktop final : public host::Desktop {
     };
 
     desk::Desk& running() const;
+    bool passes(const char* call);  ///< false if it is made to fail
     template <class T>
     automation::Object object_of_the_desk() const;
 

@@ -119,7 +119,7 @@ void NativeWorld::start() {
     watch_status();
     NativeSurroundings& surroundings = host_->surroundings;
     surroundings.ask_person = [this](TextView text, TextView title, std::uint32_t style) {
-        return desktop_.message_box(text, title, style);
+        return desktop_.ask(text, title, style);
     };
     surroundings.indexed_folder = folder_ / "documents";
     surroundings.is_registered = [this](TextView prog_id) { return !desktop_.left_out(prog_id); };
@@ -169,7 +169,7 @@ void NativeWorld::end_host() {
 }
 
 std::shared_ptr<addin::Connect> NativeWorld::make_connect() {
-    return addin::make_connect(load_.get(desktop_, engine_));
+    return addin::make_connect(load_.get(desktop_, engine_, engine_across_));
 }
 
 void NativeWorld::load_add_in(std::int32_t connect_mode) {

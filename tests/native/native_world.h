@@ -3,7 +3,7 @@
 #pragma once
 
 #include "addin/connect/load.h"
-#include "tests/native/memory_forms.h"
+#include "tests/native/engine_across.h"
 #include "tests/native/native_desktop.h"
 #include "tests/native/native_surroundings.h"
 #include "tests/native/temporary_folder.h"
@@ -13,7 +13,8 @@ namespace native {
 
 /// What a load is made of here: the world's own desktop and windows outlive it.
 struct NativeLoad {
-    NativeLoad(host::Desktop& desktop, MemoryEngine& windows) : engine(windows), rooms(desktop, windows) {}
+    NativeLoad(host::Desktop& desktop, MemoryEngine& windows, forms::Engine& windows_of_rooms)
+        : engine(windows), rooms(desktop, windows_of_rooms) {}
 
     MemoryEngine& engine;
     addin::Rooms rooms;
@@ -43,7 +44,8 @@ class NativeWorld final : public acceptance::World {
     MemoryRegistry& memory_registry() { return registry_; }
     Boundary& boundary() { return *boundary_; }
     MemoryEngine& engine() { return engine_; }  ///< the windows of the add-in and the family
-    addin::Connect* add_in();                   ///< the add-in as it is loaded; null if it isn't
+    const forms::Engine& engine_of_add_in() const { return engine_across_; }
+    addin::Connect* add_in();  ///< the add-in as it is loaded; null if it isn't
 
     /// Does something at each yield of an action, with its number from 1. Answers how many there were.
     int follow_yields(const std::function<void(int)>& at_each, const std::function<void()>& action);
@@ -76,6 +78,7 @@ class NativeWorld final : public acceptance::World {
     std::unique_ptr<Host> host_;
     Strands strands_;
     MemoryEngine engine_{strands_};
+    EngineAcross engine_across_{*boundary_, engine_};
     std::shared_ptr<addin::Connect> connect_;  ///< the add-in, with the load that it keeps
     addin::CurrentLoad<NativeLoad> load_;
 };

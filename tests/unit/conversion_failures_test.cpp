@@ -329,8 +329,10 @@ TEST_F(Conversions, OfAMailToATemplateLeaveTheMailAloneWhateverFails) {
             EXPECT_EQ(changes(before, state_of(mail)), Lines{});
             EXPECT_LE(drop_downs.Items().Count(), 1);
             const Lines texts = acceptance::message_texts(world());
-            ASSERT_FALSE(texts.empty());
-            EXPECT_EQ(texts.back().substr(0, 16), "Email Template '") << "in any case";
+            if (failed != "message_box") {
+                ASSERT_FALSE(texts.empty());
+                EXPECT_EQ(texts.back().substr(0, 16), "Email Template '") << "in any case";
+            }
             if (failed.empty()) {
                 ASSERT_EQ(drop_downs.Items().Count(), 1);
                 EXPECT_EQ(NativeWorld::property(drop_downs.Items().Item(1), u"RecordType"), u"Email Blast");

@@ -181,6 +181,20 @@ TEST(DialogSearchInside, AsksForTheFoldersKindBeforeItSearchesAndAtEachItem) {
     EXPECT_EQ(order, (Lines{"kind", "search", "kind", "wrapper", "kind", "wrapper", "kind", "wrapper"}));
 }
 
+TEST(DialogSearch, GoesOnBehindARowThatCantBeAdded) {
+    Searching searching;
+    NativeWorld& world = searching.world;
+    NoteDialog& dialog = searching.looking_for(u"Ann");
+    world.boundary().before_call = [rows = 0](const std::string& member) mutable {
+        if (member == "list_add" && ++rows == 2) throw automation::Failure(automation::result::fail);
+    };
+    dialog.control(u"cmdSearch").call(u"Click");
+    world.boundary().before_call = nullptr;
+    EXPECT_EQ(dialog.column(1), (Lines{"Ann One", "Ann Three"}));
+    EXPECT_EQ(dialog.text(u"lblHeader"), "Search Complete for Ann");
+    EXPECT_EQ(world.system().shown_pointer, forms::Pointer::standard);
+}
+
 // a row that goes while the note is made
 
 /// Clears the list at the first yield of a creation.

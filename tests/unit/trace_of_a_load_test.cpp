@@ -62,7 +62,7 @@ TEST(TraceOfALoad, IsNotThereWithoutAFileForIt) {
     EXPECT_EQ(rooms.trace, nullptr);
     EXPECT_EQ(rooms.session.step_observer, nullptr);
     EXPECT_EQ(&rooms.session.desktop, &plain.world.desktop()) << "nothing stands before the system";
-    EXPECT_EQ(&rooms.session.engine, &plain.world.engine());
+    EXPECT_EQ(&rooms.session.engine, &plain.world.engine_of_add_in());
     calls_of_mails(plain.world);
     EXPECT_EQ(plain.trace(), "");
 }

@@ -1,4 +1,7 @@
 // What the host tells the add-in, what the user does in the host's own windows, and what the family calls.
+#include <filesystem>
+#include <fstream>
+
 #include "addin/ground/settings.h"
 #include "tests/unit/support/entries.h"
 #include "tests/world/host_numbers.h"
@@ -147,6 +150,13 @@ void writes_option(Scene& scene) {
                                                 u"1", static_cast<std::int32_t>(host::registry_type::text)});
 }
 
+void loads_add_in(Scene& scene) { scene.world.load_add_in(0); }
+void unloads_add_in(Scene& scene) { scene.world.unload_add_in(1); }
+void before_first_run(Scene& scene) {
+    unloads_add_in(scene);
+    scene.world.family(u"StoreID", u"-");
+}
+
 std::vector<Entry> made_host_entries() {
     const std::vector<std::string> linked{"CustomerID"};
     const std::vector<std::string> written_subject{"Subject", "ConversationTopic", "NormalizedSubject"};
@@ -193,6 +203,10 @@ std::vector<Entry> made_host_entries() {
         {"goOutlook.Quit", "", nothing, [](Scene& scene) { scene.leave(); }},
 
         {"button Create Tarnwell Note", "", shows(&Scene::mail), presses(u"CreateNoteButton")},
+        {"button Create Tarnwell Note", "with a target of searches",
+         then([](Scene& scene) { acceptance::install(scene.world, {acceptance::SearchTarget{}}); },
+              shows(&Scene::mail)),
+         presses(u"CreateNoteButton")},
         {"button Open Contact", "a contact", shows(&Scene::mail), presses(u"OpenContactButton")},
         {"button Open Contact", "a stranger",
          then(shows(&Scene::strange), answers({{create_question, yes}, {account_question, no}})),
@@ -254,7 +268,7 @@ std::vector<Entry> made_host_entries() {
          presses(u"SaveAsTemplateButton")},
         {"button Save as Email Template", "with the name of an entry of another list",
          then(shows(&Scene::strange), answers({{u"Are you sure", yes}})), presses(u"SaveAsTemplateButton")},
-        quiet_entry("button Tarnwell", shows(&Scene::mail), presses(u"ApptButton1")),
+        {"button Tarnwell", "", shows(&Scene::mail), presses(u"ApptButton1")},
         {"entry Tarnwell Quick View", "", selects(&Scene::mail), presses_entry(u"Tarnwell Quick View")},
         {"entry Tarnwell Create Note", "", selects(&Scene::mail), presses_entry(u"Tarnwell Create Note")},
 
@@ -283,19 +297,24 @@ std::vector<Entry> made_host_entries() {
         {"operation SetKeyValue", "", nothing, writes_option},
         {"operation FileExists", "", nothing,
          [](Scene& scene) { scene.world.connect().call(u"FileExists", {scene.world.add_in_folder()}); }},
-        quiet_entry("operation ShowMessage", nothing,
-                    [](Scene& scene) { scene.world.connect().call(u"ShowMessage", {u"Text"}); }),
-        quiet_entry("operation ShowImportMessage", nothing,
-                    [](Scene& scene) {
-                        const Object connect = scene.world.connect();
-                        connect.call(u"ShowImportMessage", {u"Text", 10});
-                        connect.call(u"ShowImportMessage", {u"", 0});  // as each caller owes it
-                    }),
+        {"operation ShowMessage", "", nothing,
+         [](Scene& scene) { scene.world.connect().call(u"ShowMessage", {u"Text"}); }},
+        {"operation ShowImportMessage", "", nothing,
+         [](Scene& scene) {
+             const Object connect = scene.world.connect();
+             connect.call(u"ShowImportMessage", {u"Text", 10});
+             connect.call(u"ShowImportMessage", {u"", 0});  // as each caller owes it
+         }},
 
-        {"IDTExtensibility2.OnConnection", "", [](Scene& scene) { scene.world.unload_add_in(1); },
-         [](Scene& scene) { scene.world.load_add_in(0); }},
-        {"IDTExtensibility2.OnDisconnection", "", shows(&Scene::mail),
-         [](Scene& scene) { scene.world.unload_add_in(1); }},
+        {"IDTExtensibility2.OnConnection", "", unloads_add_in, loads_add_in},
+        {"IDTExtensibility2.OnConnection", "a first run", before_first_run, loads_add_in},
+        {"IDTExtensibility2.OnConnection", "a first run with its marker",
+         then(before_first_run,
+              [](Scene& scene) {
+                  std::ofstream(std::filesystem::path(scene.world.add_in_folder() + u"/initial.txt")) << "1";
+              }),
+         loads_add_in},
+        {"IDTExtensibility2.OnDisconnection", "", shows(&Scene::mail), unloads_add_in},
         {"IDTExtensibility2.OnBeginShutdown", "", shows(&Scene::mail),
          [](Scene& scene) { scene.world.add_in()->IDTExtensibility2_OnBeginShutdown(); }},
     };

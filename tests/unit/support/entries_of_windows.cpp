@@ -92,6 +92,13 @@ Deed view_of_ann(int folder) {
         if (folder >= 0) use(quick_view, u"cmbFolders", chooses(folder))(scene);
     };
 }
+void notes_of_ann(Scene& scene) {
+    for (const automation::Text subject : {u"First", u"Second"}) {
+        acceptance::add_note(scene.world, subject,
+                             {{u"ContactID", u"C-200"}, {u"Account Name", u"North Mill Ltd"}});
+    }
+    view_of_ann(0)(scene);
+}
 Deed uses_view(TextView control, const Use& what) { return use(quick_view, control, what); }
 
 // The Search Panel
@@ -109,6 +116,14 @@ void panel_of_ann(Scene& scene) {
 void searched_panel_of_ann(Scene& scene) {
     panel_of_ann(scene);
     use(panel, u"SearchMe", chooses(0))(scene);
+}
+/// The panel with a row of a file of the index.
+void panel_with_file(Scene& scene) {
+    panel_of_ann(scene);
+    const automation::Text file = scene.world.write_document("offer.txt", "An offer");
+    const automation::Text folder = file.substr(0, file.rfind(u'\\'));
+    native::MemoryList& rows = scene.control(panel, u"lstItems")->memory_list();
+    rows.add(std::vector<automation::Text>{u"File Search", u"offer.txt", folder, u"", u"", folder});
 }
 void empty_panel(Scene& scene) {
     acceptance::install_panel(scene.world);
@@ -164,6 +179,8 @@ std::vector<Entry> made_window_entries() {
         {"ShowItems.lstItems", "double click", searched_panel_of_ann,
          use(panel, u"lstItems", double_clicks(0))},
         quiet_entry("ShowItems.lstItems", searched_panel_of_ann, use(panel, u"lstItems", clicks_column(3))),
+        {"ShowItems.lstItems", "double click on a file", panel_with_file,
+         use(panel, u"lstItems", double_clicks(0))},
         {"ShowItems.Contactname", "", searched_panel_of_ann, use(panel, u"Contactname", clicks)},
         {"ShowItems.CompanyName", "", searched_panel_of_ann, use(panel, u"CompanyName", clicks)},
 
@@ -172,6 +189,7 @@ std::vector<Entry> made_window_entries() {
         {"QuickView.CompanyName", "", view_of_ann(-1), uses_view(u"CompanyName", clicks)},
         {"QuickView.lstItems", "double click", view_of_ann(0), uses_view(u"lstItems", double_clicks(0))},
         quiet_entry("QuickView.lstItems", view_of_ann(0), uses_view(u"lstItems", clicks_column(1))),
+        {"QuickView.lstItems", "sort by date", notes_of_ann, uses_view(u"lstItems", clicks_column(1))},
         {"QuickView.lstItems", "drop", view_of_ann(1),
          uses_view(u"lstItems", [](MemoryControl& list) { list.drop(0); }), mark},
 
