@@ -27,12 +27,14 @@ tidy_batch=8
 # build/tidy/units. A command is that of a build that compiles each file by itself, up to its file.
 tidy_units() {
     local build units=$BUILD/tidy/units
-    with_progress "configuring for clang-tidy" "$BUILD/logs/configure-tidy.log" \
-        cmake --preset x64 -S "$ROOT" -B "$BUILD/tidy/x64" -DCMAKE_UNITY_BUILD=OFF || fail "clang-tidy's build could not be configured"
+    for build in native x64; do
+        with_progress "configuring for clang-tidy" "$BUILD/logs/configure-tidy.log" cmake --preset "$build" -S "$ROOT" \
+            -B "$BUILD/tidy/$build" -DCMAKE_UNITY_BUILD=OFF -DTARNWELL_TESTS_IN_UNIT=0 || fail "clang-tidy's build could not be configured"
+    done
     rm -rf "$units"
     mkdir -p "$units"
-    for build in native tidy/x64; do
-        cmake -DFILE="$BUILD/$build/compile_commands.json" -DOUTPUT="$BUILD/tidy/commands" -P "$ROOT/packaging/compile-commands.cmake"
+    for build in native x64; do
+        cmake -DFILE="$BUILD/tidy/$build/compile_commands.json" -DOUTPUT="$BUILD/tidy/commands" -P "$ROOT/packaging/compile-commands.cmake"
         sed "s,^,$build\t," "$BUILD/tidy/commands"
     done | awk -F '\t' -v OFS='\t' -v root="$ROOT/" -v units="$units" -v batch="$tidy_batch" '
         index($3, root) != 1 || $3 !~ /\.cpp$/ || $3 ~ /\/(build|node_modules)\// || seen[$3]++ { next }
@@ -69,7 +71,7 @@ tidy_one() {
         printf 'known\t%s\t%s\n' "$count" "$log"
         return
     fi
-    if [[ $build == tidy/x64 ]]; then # Clang needs to be told where MinGW's library is
+    if [[ $build == x64 ]]; then # Clang needs to be told where MinGW's library is
         extra=--target=x86_64-w64-mingw32
         for headers in /usr/lib/gcc/x86_64-w64-mingw32/*-posix/include/c++{,/x86_64-w64-mingw32}; do
             extra+=" -isystem $headers"
