@@ -132,8 +132,9 @@ class Desk {
     void yield();
     [[nodiscard]] bool anything_waits() const { return !waiting_.empty(); }
 
-    /// Has a delivered mail lie in the Inbox, unread, and tells of it.
+    /// Has a mail lie in the Inbox, unread, and tells of it: one of a file, or one that came otherwise.
     std::shared_ptr<Item> deliver(automation::TextView path);
+    std::shared_ptr<Item> receive(ItemData mail);
 
     // the windows
     std::vector<HostWindow*> window_order;  ///< all that are open, the active one last

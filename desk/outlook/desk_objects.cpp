@@ -105,14 +105,15 @@ void Desk::rewrite_item(RowId item, RowId folder, const ItemData& data) {
     tell_item_rewritten(folder, item);
 }
 
-std::shared_ptr<Item> Desk::deliver(TextView path) {
-    ItemData data = surroundings_.read_mail(path);
-    data.fields[u"UnRead"] = true;
-    data.fields[u"ReceivedByName"] = name_space_->user_name();
-    data.fields[u"ReceivedByEntryID"] = NameSpace::person_id(name_space_->user());
+std::shared_ptr<Item> Desk::deliver(TextView path) { return receive(surroundings_.read_mail(path)); }
+
+std::shared_ptr<Item> Desk::receive(ItemData mail) {
+    mail.fields[u"UnRead"] = true;
+    mail.fields[u"ReceivedByName"] = name_space_->user_name();
+    mail.fields[u"ReceivedByEntryID"] = NameSpace::person_id(name_space_->user());
     const RowId folder = default_folder(inbox);
     if (folder == 0) throw Failure(result::not_found, u"The profile has no Inbox.");
-    auto item = std::make_shared<Item>(*this, folder, std::move(data));
+    auto item = std::make_shared<Item>(*this, folder, std::move(mail));
     item->save();
     now_or_later(options_.at_once.adds, [this, id = item->entry_id()] {
         application_->raise(u"NewMail");

@@ -106,6 +106,8 @@ class Item : public ModelObject<Item> {
     std::shared_ptr<Item> answer_of(ItemData data, automation::TextView event);
     void leave_folder();
     void send_off(bool kept);
+    void put_away(bool kept, bool is_new);
+    void arrive(const ItemData& mail);
     void mark_sent();
     bool check_names();
     /// Asks those who listen. Throws if somebody else has changed it, or has moved or deleted it meanwhile.

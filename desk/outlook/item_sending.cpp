@@ -7,6 +7,7 @@
 #include "desk/outlook/inspectors.h"
 #include "desk/outlook/item.h"
 #include "desk/outlook/name_space.h"
+#include "desk/outlook/own_mail.h"
 #include "desk/outlook/quoted_mail.h"
 #include "desk/outlook/recipients.h"
 
@@ -21,6 +22,7 @@ namespace result = automation::result;
 namespace {
 
 constexpr std::int32_t sent_items = 5;
+constexpr std::uint32_t arrival_warning = 0x30;  // MB_ICONWARNING
 
 /// The lines of a mail that name its recipients.
 struct PeopleLine {
@@ -112,31 +114,49 @@ void Item::send() {
 
 /// What can't be stored stays as it was written, in its window.
 void Item::send_off(bool kept) {
+    load_attachments();  // what can't be read any more fails here, before anything is sent
     const bool is_new = id_ == 0;
-    const RowId former_folder = folder_, target = desk().default_folder(sent_items);
+    const RowId former_folder = folder_;
     const auto written = data_.fields;
     mark_sent();
-    if (kept) {
-        if (is_new) folder_ = target;
-        try {
-            write();
-        } catch (...) {
-            folder_ = former_folder;
-            data_.fields = written;
-            throw;
-        }
-        if (is_new) desk().item_added(folder_, id_);
+    std::optional<ItemData> arriving;
+    try {
+        arriving = arriving_mail(desk(), data_);  // as yet, nobody who is told of it has changed it
+        if (kept && is_new) folder_ = desk().default_folder(sent_items);
+        if (kept) write();
+    } catch (...) {
+        folder_ = former_folder;
+        data_.fields = written;
+        throw;
     }
+    if (kept && is_new) desk().item_added(folder_, id_);
+    put_away(kept, is_new);
+    if (arriving) arrive(*arriving);
+}
+
+void Item::put_away(bool kept, bool is_new) {
     if (const std::shared_ptr<Inspector> shown = shown_by.lock()) shown->close_window();
     if (gone_) return;  // who was told of that has deleted it
     if (!kept) return remove_for_good();
     if (!is_new) {
         desk().tell_item_changed(folder_, shared_from_this());
-        move_to(target);
+        move_to(desk().default_folder(sent_items));
         return;
     }
     gone_ = true;  // this object is good for nothing more
     desk().tell_item_added(folder_, id_);
+}
+
+/// The mail has been sent by now: what goes wrong with its arrival is told, and no failure of sending.
+void Item::arrive(const ItemData& mail) {
+    try {
+        desk().receive(mail);
+    } catch (const Failure& failure) {
+        const Text told = u"\"" + subject() + u"\" was sent, but could not be put into your Inbox.\n\n" +
+                          failure.description();
+        desk().surroundings().post(
+            [&desk = desk(), told] { desk.surroundings().ask(told, u"Outlook", arrival_warning); });
+    }
 }
 
 void Item::mark_sent() {

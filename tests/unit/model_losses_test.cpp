@@ -1,33 +1,10 @@
 // What can't be written changes nothing, and what has gone fails with the host's number.
-#include <sys/resource.h>
-
-#include <csignal>
-
 #include "desk/base/host_event_tables.h"
+#include "tests/unit/support/full_disk.h"
 #include "tests/unit/support/model_support.h"
 
 namespace model_tests {
 namespace {
-
-/// No file can be written while this lives, as on a disk that is full.
-class FullDisk {
-  public:
-    FullDisk() : former_handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit none{0, former_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &former_);
-        std::signal(SIGXFSZ, former_handler_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    rlimit former_{};
-    void (*former_handler_)(int);
-};
 
 class Losses : public ModelTest {
   protected:
