@@ -338,8 +338,6 @@ const automation::Members<Items>& Items::members() {
          [](Items& self, const Text& property, std::optional<bool> descending) {
              self.sort(property, descending.value_or(false));
          }},
-        {u"IncludeRecurrences", 0xCE, [](Items& self) { return self.include_recurrences; },
-         [](Items& self, bool given) { self.include_recurrences = given; }},
         {u"SetColumns", 0x5C, Use::method, {u"Columns"}, [](Items&, const Text&) {}},
         {u"ResetColumns", 0x5D, Use::method, [](Items&) {}},
     };

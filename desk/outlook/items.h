@@ -34,7 +34,6 @@ class Items : public ModelObject<Items> {
     automation::Object step(std::int32_t to);
     void sort(const automation::Text& property, bool descending);
     std::int32_t place = 0;  ///< of the last one that GetFirst and so on gave
-    bool include_recurrences = false;
 
   private:
     filter::Filter read(const automation::Text& text, bool for_find) const;

@@ -83,6 +83,18 @@ TEST_F(DocumentedMembers, AreWhereTheListSaysThatTheyAreNot) {
     EXPECT_EQ(rows, objects.size());
 }
 
+// False and olApptNotRecurring for what is no series. A collection that can't include occurrences doesn't
+// take the wish for them: learn.microsoft.com/office/vba/api/outlook.items.includerecurrences
+TEST_F(DocumentedMembers, SayThatNothingRecurs) {
+    const Object appointment = create(item_type::appointment);
+    EXPECT_FALSE(appointment.get(u"IsRecurring").to_boolean());
+    EXPECT_EQ(integer(appointment, u"RecurrenceState"), 0);
+    EXPECT_FALSE(create(item_type::task).get(u"IsRecurring").to_boolean());
+    const Object items = inbox().Items();
+    EXPECT_EQ(failure_of([&] { items.put(u"IncludeRecurrences", true); }), result::unknown_name);
+    EXPECT_EQ(failure_of([&] { items.get(u"IncludeRecurrences"); }), result::unknown_name);
+}
+
 // CurrentUser is a Recipient: learn.microsoft.com/office/vba/api/outlook.namespace.currentuser
 TEST_F(DocumentedMembers, TellWhoTheUserIs) {
     const Object user = name_space.get(u"CurrentUser").to_object();
