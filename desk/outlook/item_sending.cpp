@@ -123,7 +123,13 @@ void Item::send_off(bool kept) {
     try {
         arriving = arriving_mail(desk(), data_);  // as yet, nobody who is told of it has changed it
         if (kept && is_new) folder_ = desk().default_folder(sent_items);
-        if (kept) write();
+        if (kept) {
+            write();
+        } else if (arriving) {
+            desk().receive(
+                *arriving);  // there may be no other copy, so it has to lie there before this one goes
+            arriving.reset();
+        }
     } catch (...) {
         folder_ = former_folder;
         data_.fields = written;
@@ -140,6 +146,7 @@ void Item::put_away(bool kept, bool is_new) {
     if (!kept) return remove_for_good();
     if (!is_new) {
         desk().tell_item_changed(folder_, shared_from_this());
+        if (gone_) return;  // or of this
         move_to(desk().default_folder(sent_items));
         return;
     }

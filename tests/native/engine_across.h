@@ -1,10 +1,20 @@
 // The system's windows as the add-in sees them in a native test.
 #pragma once
 
+#include <algorithm>
+#include <string_view>
+
 #include "tests/native/boundary.h"
 #include "tests/native/memory_forms.h"
 
 namespace native {
+
+/// Whether a call is one of a window: the system lets nothing come between while it carries it out.
+inline bool is_of_window(std::string_view call) {
+    constexpr std::string_view calls[] = {"make_window", "list_add", "list_text", "takes_drops",
+                                          "choice_add"};
+    return std::ranges::find(calls, call) != std::end(calls);
+}
 
 /// Makes windows whose calls that the system may refuse pass the boundary.
 class EngineAcross final : public forms::Engine {

@@ -22,11 +22,30 @@ class NthCall {
     bool came() const { return !member_.empty(); }  ///< whether the routine made so many
     const std::string& member() const { return member_; }
 
-    /// Runs a routine; just before the call, something else is done.
+    /// Runs a routine; just before the call, something else is done. Those of windows don't count.
     template <class Deed, class Routine>
     void with(NativeWorld& world, Deed deed, Routine routine) {
+        run(
+            world, [](const std::string& member) { return !is_of_window(member); }, deed, routine);
+    }
+
+    /// Runs a routine whose call fails. It goes through all the same, and leaves no key of the registry open.
+    /// Answers the call's member; nothing if the routine made fewer.
+    template <class Routine>
+    const std::string& failing(NativeWorld& world, Routine routine) {
+        run(
+            world, [](const std::string&) { return true; },
+            [] { throw automation::Failure(automation::result::fail, u"made to fail"); }, routine);
+        EXPECT_EQ(world.memory_registry().open_keys(), 0U);
+        return member_;
+    }
+
+  private:
+    /// `counts` tells by a call's name whether it is one of those that are counted.
+    template <class Counts, class Deed, class Routine>
+    void run(NativeWorld& world, Counts counts, Deed deed, Routine routine) {
         world.boundary().before_call = [&, left = number_](const std::string& member) mutable {
-            if (--left != 0) return;
+            if (!counts(member) || --left != 0) return;
             member_ = member;
             deed();
         };
@@ -35,17 +54,6 @@ class NthCall {
         trace_.emplace(__FILE__, __LINE__, "call " + std::to_string(number_) + ", " + member_);
     }
 
-    /// Runs a routine whose call fails. It goes through all the same, and leaves no key of the registry open.
-    /// Answers the call's member; nothing if the routine made fewer.
-    template <class Routine>
-    const std::string& failing(NativeWorld& world, Routine routine) {
-        with(
-            world, [] { throw automation::Failure(automation::result::fail, u"made to fail"); }, routine);
-        EXPECT_EQ(world.memory_registry().open_keys(), 0U);
-        return member_;
-    }
-
-  private:
     int number_;
     std::string member_;
     std::optional<testing::ScopedTrace> trace_;  ///< for what is expected afterwards

@@ -153,6 +153,28 @@ TEST_F(MailToOneself, ThatWasADraftOrIsNotKeptArrivesToo) {
     EXPECT_EQ(default_folder(folder_number::drafts).Items().Count(), 0);
 }
 
+TEST_F(MailToOneself, ThatIsNotKeptStaysOpenAndUnsentWhereItCannotArrive) {
+    for (const bool saved_before : {false, true}) {
+        SCOPED_TRACE(saved_before);
+        const Item mail = written(user);
+        mail.put(u"DeleteAfterSubmit", true);
+        if (saved_before) mail.Save();
+        mail.call(u"Display");
+        {
+            const FullDisk disk;
+            EXPECT_EQ(failure_of([&] { mail.call(u"Send"); }), result::fail);
+        }
+        EXPECT_FALSE(mail.get(u"Sent").to_boolean());
+        EXPECT_EQ(mail.Subject(), u"Note to self");
+        EXPECT_EQ(world.application().get(u"Inspectors").to_object().get(u"Count"), Value(1));
+        EXPECT_EQ(inbox().Items().Count(), saved_before ? 1 : 0);
+        mail.call(u"Send");
+        EXPECT_EQ(inbox().Items().Count(), saved_before ? 2 : 1) << "it arrives once there is room";
+        EXPECT_EQ(world.application().get(u"Inspectors").to_object().get(u"Count"), Value(0));
+        EXPECT_EQ(default_folder(folder_number::drafts).Items().Count(), 0);
+    }
+}
+
 TEST_F(MailToOneself, IsNoMeetingAndNoTask) {
     for (const std::int32_t type : {item_type::appointment, item_type::task}) {
         const Item item = create(type);
@@ -196,6 +218,26 @@ TEST(MailToOneselfTells, ThatItWasSentAndThenThatItCame) {
         EXPECT_EQ(told_of_own_mail(order, [](Told& told) { EXPECT_EQ(told, Told{}); }), whole);
     EXPECT_EQ(told_of_own_mail(desk::EventOrder::at_once, [&](Told& told) { EXPECT_EQ(told, whole); }),
               whole);
+}
+
+TEST(MailToOneselfTells, ThatItCameThoughTheSentOneIsDeletedMeanwhile) {
+    native::NativeWorld world({.event_order = desk::EventOrder::at_once, .add_in = false});
+    const auto items_of = [&](std::int32_t folder) {
+        return Items(world.name_space().GetDefaultFolder(folder).Items());
+    };
+    const Items drafts = items_of(folder_number::drafts);
+    constexpr std::int32_t mail_item = 0;
+    const Item mail(world.application().call(u"CreateItem", {mail_item}).to_object());
+    mail.put(u"To", Value(user));
+    mail.Save();
+    automation::Sink sink;
+    sink.connect(
+        host::events::items, drafts,
+        {{u"ItemChange", [](std::span<Value> arguments) { arguments[0].to_object().call(u"Delete"); }}});
+    mail.call(u"Send");
+    EXPECT_EQ(items_of(folder_number::sent).Count(), 0);
+    EXPECT_EQ(items_of(folder_number::deleted).Count(), 1);
+    EXPECT_EQ(world.inbox().Items().Count(), 1);
 }
 
 TEST(MailToOneselfStays, SentWhereItCannotArriveAndThatIsTold) {
