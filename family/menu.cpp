@@ -59,12 +59,11 @@ void open_panel_on_selected(const Chosen& chosen) {
 
 struct EntryRow {
     TextView caption;
-    bool begins_group;
     void (*run)(const Chosen& chosen);
 };
 constexpr std::array<EntryRow, Menu::entry_count> rows = {{
-    {u"Search &Panel", false, open_panel},
-    {u"Search Panel on the &Selected Item", false, open_panel_on_selected},
+    {u"Search &Panel", open_panel},
+    {u"Search Panel on the &Selected Item", open_panel_on_selected},
 }};
 
 /// Whatever fails is told to the person who has chosen the entry.
@@ -108,7 +107,6 @@ void Menu::add_to(const Explorer& explorer) {
         const EntryRow& row = rows.at(i);
         const CommandBarControl entry = entries.AddTemporary(host::office::control_button);
         entry.Caption(row.caption);
-        entry.BeginGroup(row.begins_group);
         shown->entries.at(i).connect(events::button, entry,
                                      {{u"Click", [&row, &context = context_, explorer](std::span<Value>) {
                                            run(row, {context, explorer});

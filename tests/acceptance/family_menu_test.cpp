@@ -1,4 +1,5 @@
 // The family's menu "Tarnwell" in the host's main windows.
+#include "tests/world/note_dialog.h"
 #include "tests/world/search_panel.h"
 
 namespace acceptance {
@@ -33,15 +34,6 @@ class FamilyMenu : public Acceptance {
     }
     void choose(TextView entry) { choose(first_window(), entry); }
 
-    Lines messages() {
-        Lines all;
-        const Object list = world().desk().get(u"Messages").to_object();
-        for (std::int32_t i = 1; i <= list.get(u"Count").to_integer(); ++i) {
-            all.push_back(shown(world().text(list.get(u"Item", {i}).to_object(), u"Text")));
-        }
-        return all;
-    }
-
   private:
     std::unique_ptr<SearchPanel> panel_;
 };
@@ -71,7 +63,7 @@ TEST_F(FamilyMenu, OpensTheSearchPanelOnNothing) {
     choose(open_panel);
     EXPECT_TRUE(panel().is_open());
     EXPECT_EQ(panel().ids(), "AccountID|ContactID") << "what was searched for before is forgotten";
-    EXPECT_EQ(messages(), Lines{});
+    EXPECT_EQ(message_texts(world()), Lines{});
 }
 
 TEST_F(FamilyMenu, OpensTheSearchPanelOnTheSelectedRecord) {
@@ -82,14 +74,15 @@ TEST_F(FamilyMenu, OpensTheSearchPanelOnTheSelectedRecord) {
     choose(open_on_selected);
     EXPECT_TRUE(panel().is_open());
     EXPECT_EQ(panel().ids(), "A-100|C-200");
-    EXPECT_EQ(messages(), Lines{});
+    EXPECT_EQ(message_texts(world()), Lines{});
 }
 
 TEST_F(FamilyMenu, TellsThatAnItemIsToBeSelectedFirst) {
     start_with_menu();
     show_folder(world(), world().inbox());
     choose(open_on_selected);
-    EXPECT_EQ(messages(), Lines{"Select one item of the list first: the Search Panel opens on it."});
+    EXPECT_EQ(message_texts(world()),
+              Lines{"Select one item of the list first: the Search Panel opens on it."});
     EXPECT_FALSE(panel().is_open());
 }
 
@@ -97,7 +90,7 @@ TEST_F(FamilyMenu, TellsThatTheAddInIsNotLoaded) {
     start_with_menu();
     world().application().COMAddIns().Item(u"CreateNote.Connect").put(u"Connect", false);
     choose(open_panel);
-    EXPECT_EQ(messages(), Lines{"The Create Note add-in is not loaded."});
+    EXPECT_EQ(message_texts(world()), Lines{"The Create Note add-in is not loaded."});
 }
 
 TEST_F(FamilyMenu, ComesBackWithTheNextStartOfTheHost) {

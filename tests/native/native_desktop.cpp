@@ -11,6 +11,7 @@
 #include "family/create.h"
 #include "tests/native/formats.h"
 #include "tests/native/ini_file.h"
+#include "tests/native/memory_controls.h"
 #include "tests/native/temporary_folder.h"
 
 namespace native {
@@ -174,12 +175,7 @@ std::string NativeDesktop::narrow(TextView text) { return automation::to_utf8(te
 Text NativeDesktop::widen(const std::string& bytes) { return automation::from_utf8(bytes); }
 
 bool NativeDesktop::passes(const char* call) {
-    try {
-        boundary_->pass(call);
-    } catch (const Failure&) {
-        return false;
-    }
-    return true;
+    return goes_through([this](const char* name) { boundary_->pass(name); }, call);
 }
 
 std::int32_t NativeDesktop::WatchedRegistry::passed(const char* call) {

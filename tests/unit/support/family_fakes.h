@@ -186,12 +186,11 @@ class FakeContext : public family::Context {
     Text number_text(double number) override {
         return automation::replaced(Value(number).to_text(), u".", TextView(&decimal_sign, 1));
     }
-    void tell(TextView text) override { told.emplace_back(text); }
+    void tell(TextView text) override { ADD_FAILURE() << automation::to_utf8(text); }
     void record(Text call) override { calls.push_back(std::move(call)); }
 
     std::map<Text, Text> settings;
     std::vector<Text> calls;
-    std::vector<Text> told;
     native::Strands strands;
     native::MemoryEngine windows{strands};
     Profile profile;
