@@ -92,6 +92,21 @@ TEST_F(CommandBarsOf, WindowsGoWithThem) {
     EXPECT_EQ(failure_of([&] { own_bars.call(u"Add", {u"Another"}); }), result::object_deleted);
 }
 
+TEST_F(CommandBarsOf, WindowsLetGoOfWhoeverListensToTheirMenus) {
+    const Object inspector = new_mail_window();
+    const Object opened = controls(named(bars_of(inspector), u"Menu Bar")).call(u"Add", {popup}).to_object();
+    const Object entry = add(opened, u"Grind");
+    int clicks = 0;
+    automation::Sink sink;
+    sink.connect(host::events::button, entry, {{u"Click", [&](std::span<Value>) { ++clicks; }}});
+    entry.call(u"Execute");
+    EXPECT_EQ(clicks, 1);
+    constexpr std::int32_t discard = 1;
+    inspector.call(u"Close", {discard});
+    entry.call(u"Execute");
+    EXPECT_EQ(clicks, 1) << "what isn't temporary can still be read, and does nothing any more";
+}
+
 TEST_F(CommandBarsOf, WordAreSharedByItsWindowsAndStay) {
     automation::Request word{
         .access = automation::Access::put, .member = u"Options", .arguments = {u"WordMail", true}};
@@ -188,6 +203,13 @@ TEST_F(CommandBarsOf, WindowsHavePopupsWithEntriesInTheirMenuBars) {
     EXPECT_EQ(find(menu_bar, {{u"Tag", u"bake"}, {u"Recursive", true}}), deep);
     const Object twin = opened.call(u"Copy", {Value(menu_bar)}).to_object();
     EXPECT_EQ(captions(twin), (std::vector<Text>{u"Grind", u""})) << "with its entries";
+    automation::Request all{.member = u"FindControls", .named = {{u"Tag", Value(u"bake")}}};
+    EXPECT_EQ(integer(bars.invoke(all).to_object(), u"Count"), 2);
+    int clicks = 0;
+    automation::Sink sink;
+    sink.connect(host::events::button, opened, {{u"Click", [&](std::span<Value>) { ++clicks; }}});
+    opened.call(u"Execute");
+    EXPECT_EQ(clicks, 0) << "it opens its menu, and does nothing else";
 
     EXPECT_EQ(failure_of([&] { entry.get(u"Controls"); }), result::member_not_found) << "a button has none";
     EXPECT_EQ(failure_of([&] { controls(bar(u"Standard")).call(u"Add", {popup}); }),

@@ -139,10 +139,12 @@ TEST_F(MailToOneself, BringsWhatEverybodyGetsOfIt) {
 }
 
 TEST_F(MailToOneself, ThatWasADraftOrIsNotKeptArrivesToo) {
-    const Item draft = written(user, u"Draft");
-    draft.Attachments().call(u"Add", {Value(world.write_file("list.txt", "milk"))});
-    draft.Save();
-    const Text id = draft.EntryID();
+    const Text id = [&] {
+        const Item draft = written(user, u"Draft");
+        draft.Attachments().call(u"Add", {Value(world.write_file("list.txt", "milk"))});
+        draft.Save();
+        return draft.EntryID();
+    }();  // nobody has it open any more
     name_space.call(u"GetItemFromID", {Value(id)}).to_object().call(u"Send");
     const Item unkept = written(user, u"Not kept");
     unkept.put(u"DeleteAfterSubmit", true);
