@@ -197,21 +197,23 @@ bool Item::may_store() {
     return !has_new_attachments || may_save_attachments(shared_from_this());
 }
 
-/// What is in the file is what the item holds from then on; where that fails it is as it was.
-void Item::write() {
+void Item::write(RowId target) {
     ItemData saved = data_;
     const automation::Date now = desk().surroundings().now();
     complete_for_saving(saved);
     saved.fields[u"LastModificationTime"] = now;
     if (!saved.fields.contains(u"CreationTime")) saved.fields[u"CreationTime"] = now;
-    const RowId folder = folder_ != 0 ? folder_ : desk().default_folder(kind().default_folder);
+    const bool is_new = id_ == 0;
+    const RowId own = folder_ != 0 ? folder_ : desk().default_folder(kind().default_folder);
+    const RowId folder = is_new && target != 0 ? target : own;
     RowId id = id_;
     {
         Store::Transaction transaction(desk().store());
-        if (id == 0) {
+        if (is_new) {
             id = desk().store().add_item(folder, saved);
         } else {
             desk().store().update_item(id, saved, attachments_changed_);
+            if (target != 0) desk().store().move_item(id, target);
         }
         transaction.keep();
     }

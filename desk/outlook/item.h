@@ -105,6 +105,8 @@ class Item : public ModelObject<Item> {
     void set_people_line(automation::TextView line, automation::TextView names);
     std::shared_ptr<Item> answer_of(ItemData data, automation::TextView event);
     void leave_folder();
+    /// Tells of the move to a folder in which the store has the item by now; this object ends with it.
+    void settle_in(RowId target);
     void send_off(bool kept);
     void put_away(bool kept, bool is_new);
     void arrive(const ItemData& mail);
@@ -112,7 +114,9 @@ class Item : public ModelObject<Item> {
     bool check_names();
     /// Asks those who listen. Throws if somebody else has changed it, or has moved or deleted it meanwhile.
     bool may_store();
-    void write();
+    /// What is in the file is what the item holds from then on; where that fails it is as it was. With a
+    /// target it lies there afterwards; of one that lay elsewhere nobody has been told so yet.
+    void write(RowId target = 0);
 
     RowId id_ = 0;
     RowId folder_ = 0;

@@ -41,10 +41,14 @@ std::shared_ptr<Item> Item::move_to(RowId target) {
     if (changed_) save();
     check_there();  // who was told of the change may have moved or deleted it
     desk().store().move_item(id_, target);
+    settle_in(target);
+    return desk().open_item(id_);
+}
+
+void Item::settle_in(RowId target) {
     leave_folder();
     desk().item_added(target, id_);
     desk().tell_item_added(target, id_);
-    return desk().open_item(id_);
 }
 
 void Item::remove_for_good() {

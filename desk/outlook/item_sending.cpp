@@ -116,22 +116,19 @@ void Item::send() {
 void Item::send_off(bool kept) {
     load_attachments();  // what can't be read any more fails here, before anything is sent
     const bool is_new = id_ == 0;
-    const RowId former_folder = folder_;
     const auto written = data_.fields;
     mark_sent();
     std::optional<ItemData> arriving;
     try {
         arriving = arriving_mail(desk(), data_);  // as yet, nobody who is told of it has changed it
-        if (kept && is_new) folder_ = desk().default_folder(sent_items);
         if (kept) {
-            write();
+            write(desk().default_folder(sent_items));
         } else if (arriving) {
             desk().receive(
                 *arriving);  // there may be no other copy, so it has to lie there before this one goes
             arriving.reset();
         }
     } catch (...) {
-        folder_ = former_folder;
         data_.fields = written;
         throw;
     }
@@ -146,8 +143,7 @@ void Item::put_away(bool kept, bool is_new) {
     if (!kept) return remove_for_good();
     if (!is_new) {
         desk().tell_item_changed(folder_, shared_from_this());
-        if (gone_) return;  // or of this
-        move_to(desk().default_folder(sent_items));
+        if (!gone_) settle_in(desk().default_folder(sent_items));
         return;
     }
     gone_ = true;  // this object is good for nothing more

@@ -75,7 +75,8 @@ prepare() {
         quick) build_preset native ;;
         all) for preset in native x64 x86; do build_preset "$preset"; done ;;
         tests)
-            for preset in native x64 x86 sanitized; do build_preset "$preset"; done
+            build_preset native "${native_tools[@]}"
+            for preset in sanitized x64 x86; do build_preset "$preset"; done
             build_preset fuzz fuzzers
             ;;
     esac

@@ -19,8 +19,9 @@ check_format() {
     count_checks "formatting" "$((${#files[@]} - ${#wrong[@]}))" "${#wrong[@]}"
 }
 
-# How many files clang-tidy reads at a time: a file takes two seconds for the library's headers and one for itself.
-tidy_batch=8
+# How many files clang-tidy reads at a time, as many as the sanitized build compiles: of the 18 seconds for eight files most
+# are the library's headers'.
+tidy_batch=20
 
 # tidy_units: what there is to look at: the native build's files, then those that only the Windows build has, those of one
 # target in batches. As lines of build, folder, command and number of files, and of the file that includes them, in

@@ -5,14 +5,21 @@ passed=0
 failed=0
 checked=0
 
+# part NAME: what begins now, for the person who waits; count says how long it took.
+part() {
+    say "$1"
+    part_begin=$SECONDS
+}
+part_begin=$SECONDS
+
 # count NAME PASSED FAILED: one suite's result.
 count() {
-    printf '%-44s %5d passed, %d failed\n' "$1" "$2" "$3"
+    printf '%-36s %5d passed, %d failed, %d s\n' "$1" "$2" "$3" $((SECONDS - part_begin))
     passed=$((passed + $2))
     failed=$((failed + $3))
 }
 
-# count_checks NAME PASSED FAILED: the same of what is no test, or a test that is counted already. A failure is one all the same.
+# count_checks NAME PASSED FAILED: the same of what is no test. A failure is one all the same.
 count_checks() {
     count "$@"
     passed=$((passed - $2))
@@ -48,11 +55,11 @@ run_ctest() {
 
 native_programs=(unit_tests acceptance_tests)
 
-# run_native COUNT NAME FOLDER [FILTER]: the native tests of one build, all or those that a filter of the test programs names,
-# counted by COUNT. CTest runs the programs in shares, so what is counted is the programs' own lines: a test has passed if it
-# says so itself. A share that ends badly fails though all its tests have passed, and so does a program without tests.
+# run_native BUILD [FILTER]: the native tests of one build, all or those that a filter of the test programs names. CTest runs
+# the programs in shares, so what is counted is the programs' own lines: a test has passed if it says so itself. A share that
+# ends badly fails though all its tests have passed, and so does a program without tests.
 run_native() {
-    local count=$1 name=$2 folder=$3 filter=${4:-} log=$BUILD/logs/ctest-$2.log program listed all=0 good bad ended=0
+    local name=$1 folder=$BUILD/$1 filter=${2:-} log=$BUILD/logs/ctest-$1.log program listed all=0 good bad ended=0
     export GTEST_FILTER=${filter:-*}
     for program in "${native_programs[@]}"; do
         listed=$("$folder/bin/$program" --gtest_list_tests | grep -c '^  ') || {
@@ -68,7 +75,7 @@ run_native() {
     bad=$((all - good))
     ((bad > 0 || ended == 0)) || bad=1
     ((bad == 0)) || show_failed_tests "$log"
-    "$count" "$name" "$good" "$bad"
+    count "$name" "$good" "$bad"
 }
 
 # show_failed_tests LOG: what the tests said that have failed, and the one in which a share broke off. Each line bears the
@@ -257,7 +264,7 @@ test_by_name() {
     prepare_programs "$(sed -n 's,^native/,,p' <<<"$programs")" "$(sed -n 's,^x64/,,p' <<<"$programs")" "$(grep -xE 'script|shell' <<<"$programs" || true)"
 
     mapfile -t native_programs < <(sed -n 's,^native/,,p' <<<"$programs")
-    ((${#native_programs[@]} == 0)) || run_native count native "$BUILD/native" "$filter"
+    ((${#native_programs[@]} == 0)) || run_native "${TARNWELL_NATIVE_BUILD:-native}" "$filter"
     if grep -q '^x64/' <<<"$programs"; then
         # the programs of single pieces are one test of CTest's each, and choose by themselves
         local pieces
@@ -275,34 +282,36 @@ test_by_name() {
 # What can be known within two minutes after a change: the native tests and the formatting.
 test_quickly() {
     prepare quick
-    run_native count native "$BUILD/native"
+    part "native tests"
+    run_native native
+    part "formatting"
     check_format
 }
 
 test_everything() {
     local tidy=$1 files
     prepare tests
-    say "native tests"
-    run_native count native "$BUILD/native"
-    say "the same with address and undefined-behaviour sanitizers"
-    run_native count_checks sanitized "$BUILD/sanitized"
-    say "formatting"
+    # One build of them is enough here: the same tests without sanitizers would see less.
+    export TARNWELL_NATIVE_BUILD=sanitized
+    part "native tests, with address and undefined-behaviour sanitizers"
+    run_native sanitized
+    part "formatting"
     check_format
     check_unused_names
     if [[ -n $tidy ]]; then
-        say "clang-tidy"
+        part "clang-tidy"
         check_tidy
     else
         say "clang-tidy is left out, as you asked"
     fi
-    say "fuzzers"
+    part "fuzzers"
     run_fuzz_tests
-    say "tests below Wine"
+    part "tests below Wine"
     run_wine_tests
-    say "scripts"
+    part "scripts"
     mapfile -t files < <(script_tests)
     run_script_tests "${files[@]}"
-    say "the command line"
+    part "the command line"
     mapfile -t files < <(shell_tests)
     run_shell_tests "${files[@]}"
 }

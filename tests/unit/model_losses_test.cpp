@@ -80,6 +80,23 @@ TEST_F(Losses, AMailThatCouldNotBeStoredWhenItWasSentIsKeptAmongTheDrafts) {
     EXPECT_EQ(default_folder(folder_number::sent).Items().Count(), 0);
 }
 
+TEST_F(Losses, ADraftThatIsSentIsMarkedAndMovedByOneWrite) {
+    const Item draft = create(item_type::mail);
+    draft.Subject(u"Sent once");
+    draft.put(u"To", u"ann@north.example");
+    draft.Save();
+    draft.call(u"Display");
+    std::optional<FullDisk> disk;
+    automation::Sink last_words;
+    last_words.connect(desk::events::inspector_10, draft.get(u"GetInspector").to_object(),
+                       {{u"Close", [&](std::span<Value>) { disk.emplace(); }}});
+    draft.call(u"Send");
+    EXPECT_TRUE(disk.has_value()) << "the window was not closed";
+    disk.reset();
+    EXPECT_EQ(subjects(default_folder(folder_number::sent).Items()), std::vector<Text>{u"Sent once"});
+    EXPECT_EQ(default_folder(folder_number::drafts).Items().Count(), 0);
+}
+
 TEST_F(Losses, AFolderThatCouldNotBeWrittenIsAsItWas) {
     const Folder folder = add_folder(u"Old");
     const Folder target = add_folder(u"Target");
