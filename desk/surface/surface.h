@@ -24,6 +24,8 @@ class Surface : public ModelObject<Surface> {
     automation::Object filters();
     automation::Object displayed();
     automation::Object opened();
+    /// Lets go of what was kept for whoever watches: the statuses, the filters and the items that were shown.
+    void forget();
     automation::Value live(const std::optional<automation::Text>& kind);
     automation::Value option(const automation::Text& option_name) const;
     void option(const automation::Text& option_name, const automation::Value& value);

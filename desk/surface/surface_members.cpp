@@ -119,6 +119,7 @@ const automation::Members<Surface>& Surface::members() {
              self.desk().application()->raise(event);  // one of the application's, alone
          }},
         {u"Calls", automation::no_id, Use::get, automation::calls<&Surface::calls>},
+        {u"Forget", automation::no_id, Use::method, [](Surface& self) { self.forget(); }},
         {u"Telling", automation::no_id, Use::get, [](Surface& self) { return self.desk().telling(); }},
         {u"ResetCalls", automation::no_id, Use::method,
          [](Surface& self) { self.desk().surroundings().reset_calls(); }},

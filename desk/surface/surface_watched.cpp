@@ -87,6 +87,12 @@ Object Surface::opened() {
         all, [&all] { return all.surroundings().opened(); }, as_it_is);
 }
 
+void Surface::forget() {
+    desk().statuses.clear();
+    desk().filters.clear();
+    desk().displayed.clear();
+}
+
 Value Surface::live(const std::optional<Text>& kind) {
     const auto counts = std::make_shared<const std::vector<LiveCount>>(desk().surroundings().live());
     std::int32_t all = 0;
