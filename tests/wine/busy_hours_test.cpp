@@ -26,7 +26,7 @@ TEST_F(BusyHours, LeaveNothingBehind) {
         return measured(same);
     };
     const DeskMeasures before = after_an_hour(), now = after_an_hour();
-    EXPECT_EQ(now.held, before.held);
+    EXPECT_LE(now.held, before.held + spread);
     EXPECT_LE(now.handles, before.handles + spread);
     EXPECT_LE(now.drawing_objects, before.drawing_objects + spread);
     EXPECT_LE(now.user_objects, before.user_objects + spread);
