@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <random>
 
+#include "family/settings_form.h"
 #include "family/template_list.h"
 
 namespace family {
@@ -17,13 +18,17 @@ void Context::random_bytes(std::span<std::uint8_t> bytes) {
 }
 
 bool Context::shows_windows() const {
-    return std::ranges::any_of(shown_templates_,
-                               [](const auto& entry) { return entry.second.window->loaded(); });
+    const bool shows_settings = shown_settings_.window && shown_settings_.window->loaded();
+    return shows_settings || std::ranges::any_of(shown_templates_, [](const auto& entry) {
+               return entry.second.window->loaded();
+           });
 }
 
 void Context::close_windows() {
     for (const auto& [kind, shown] : shown_templates_) shown.window->unload();
     shown_templates_.clear();
+    if (shown_settings_.window) shown_settings_.window->unload();
+    shown_settings_ = {};
 }
 
 void Context::check(TextView object, TextView member) {

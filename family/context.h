@@ -51,6 +51,16 @@ struct ShownTemplates {
     std::shared_ptr<TemplateList> window;
 };
 
+class SettingsForm;
+class SettingsLayout;
+
+/// The window of the settings, with what it is made of and what makes it.
+struct ShownSettings {
+    std::shared_ptr<forms::Engine> engine;  // outlive the window
+    std::shared_ptr<const SettingsLayout> layout;
+    std::shared_ptr<SettingsForm> window;
+};
+
 class Context {
   public:
     Context() = default;
@@ -91,6 +101,7 @@ class Context {
 
     /// The windows that stay after the call that has shown them, by the kind of what they list.
     std::map<automation::Text, ShownTemplates>& shown_templates() { return shown_templates_; }
+    ShownSettings& shown_settings() { return shown_settings_; }
     bool shows_windows() const;
     Menu& menu() { return menu_; }
     void close_windows();  ///< at the latest before the engine ends
@@ -99,6 +110,7 @@ class Context {
     Memory memory_;
     Menu menu_{*this};
     std::map<automation::Text, ShownTemplates> shown_templates_;
+    ShownSettings shown_settings_;
 };
 
 }  // namespace family

@@ -1,9 +1,10 @@
 #include "family/menu.h"
 
-#include "addin/ground/product.h"
 #include "addin/host/host_events.h"
 #include "addin/host/office.h"
 #include "family/context.h"
+#include "family/note_add_in.h"
+#include "family/settings_form.h"
 
 namespace family {
 
@@ -28,22 +29,8 @@ struct Chosen {
     const Explorer& explorer;
 };
 
-/// The object that the add-in publishes. Throws a sentence for a person if there is none.
-Object note_add_in(const Chosen& chosen) {
-    constexpr TextView not_there = u"The Create Note add-in is not loaded.";
-    Object published;
-    try {
-        const host::outlook::Application application(chosen.context.application());
-        published = application.COMAddIns().Item(addin::connect_prog_id).get(u"Object").to_object();
-    } catch (const Failure&) {
-        throw Failure(automation::result::not_found, Text(not_there));
-    }
-    if (!published) throw Failure(automation::result::not_found, Text(not_there));
-    return published;
-}
-
 void open_panel_on(const Chosen& chosen, const host::outlook::Item& item) {
-    note_add_in(chosen).call(u"ShowItemsMenu", {Value(item)});
+    note_add_in(chosen.context).call(u"ShowItemsMenu", {Value(item)});
 }
 
 void open_panel(const Chosen& chosen) { open_panel_on(chosen, {}); }
@@ -57,6 +44,8 @@ void open_panel_on_selected(const Chosen& chosen) {
     open_panel_on(chosen, selection.Item(1));
 }
 
+void open_settings(const Chosen& chosen) { show_settings(chosen.context); }
+
 struct EntryRow {
     TextView caption;
     void (*run)(const Chosen& chosen);
@@ -64,6 +53,7 @@ struct EntryRow {
 constexpr std::array<EntryRow, Menu::entry_count> rows = {{
     {u"Search &Panel", open_panel},
     {u"Search Panel on the &Selected Item", open_panel_on_selected},
+    {u"Se&ttings...", open_settings},
 }};
 
 /// Whatever fails is told to the person who has chosen the entry.

@@ -1,17 +1,21 @@
 // The family's menu "Tarnwell" in the host's main windows.
+#include "addin/ground/settings.h"
 #include "tests/world/note_dialog.h"
+#include "tests/world/people.h"
 #include "tests/world/search_panel.h"
 
 namespace acceptance {
 namespace {
 
 using automation::Object;
+using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::outlook::Item;
 
 constexpr TextView menu_tag = u"TarnwellMenu", open_panel = u"Search &Panel",
-                   open_on_selected = u"Search Panel on the &Selected Item";
+                   open_on_selected = u"Search Panel on the &Selected Item", open_settings = u"Se&ttings...",
+                   settings_window = u"Settings of Create Note";
 
 class FamilyMenu : public Acceptance {
   protected:
@@ -33,6 +37,23 @@ class FamilyMenu : public Acceptance {
         world().settle();
     }
     void choose(TextView entry) { choose(first_window(), entry); }
+
+    bool settings_are_shown() { return is_shown(window_of(world(), settings_window)); }
+    Object setting(TextView control) {
+        return window_of(world(), settings_window).call(u"Control", {Value(control)}).to_object();
+    }
+    void press(TextView control) {
+        setting(control).call(u"Click");
+        world().settle();
+    }
+    void write(TextView control, TextView text) { setting(control).put(u"Text", Value(text)); }
+    bool is_on(TextView control) { return setting(control).get(u"Selected").to_integer() == 1; }
+    /// "(none)" if it is not there.
+    std::string stored(TextView name) {
+        const Value value = world().connect().call(
+            u"GetKeyValueEx", {host::current_user, Value(addin::Settings::key_name), Value(name)});
+        return value.is(Value::Type::empty) ? "(none)" : shown(value.to_text());
+    }
 
   private:
     std::unique_ptr<SearchPanel> panel_;
@@ -90,7 +111,79 @@ TEST_F(FamilyMenu, TellsThatTheAddInIsNotLoaded) {
     start_with_menu();
     world().application().COMAddIns().Item(u"CreateNote.Connect").put(u"Connect", false);
     choose(open_panel);
-    EXPECT_EQ(message_texts(world()), Lines{"The Create Note add-in is not loaded."});
+    choose(open_settings);
+    EXPECT_EQ(message_texts(world()),
+              (Lines{"The Create Note add-in is not loaded.", "The Create Note add-in is not loaded."}));
+    EXPECT_FALSE(settings_are_shown());
+}
+
+TEST_F(FamilyMenu, ShowsTheSettingsAndStoresWhatWasChanged) {
+    start_with_menu();
+    world().option(u"AutoFileSentEmails", u"1");
+    world().option(u"EnableQuickView", u"yes");
+    choose(open_settings);
+    ASSERT_TRUE(settings_are_shown());
+    EXPECT_TRUE(is_on(u"chkAutoFileSentEmails"));
+    EXPECT_TRUE(is_on(u"chkEnableGlobalCalendar")) << "it is on as long as nobody has switched it off";
+    EXPECT_FALSE(is_on(u"chkEnableQuickView")) << "the add-in takes it for off";
+    EXPECT_FALSE(is_on(u"chkNoContactButtons"));
+
+    press(u"chkEnableGlobalCalendar");
+    press(u"chkNoContactButtons");
+    write(u"txtSavedEmailFolder", u" Letters ");
+    press(u"cmdOK");
+    EXPECT_FALSE(settings_are_shown());
+    EXPECT_EQ(stored(u"EnableGlobalCalendar"), "0");
+    EXPECT_EQ(stored(u"NoContactButtons"), "1");
+    EXPECT_EQ(stored(u"SavedEmailFolder"), "Letters");
+    EXPECT_EQ(stored(u"AutoFileSentEmails"), "1");
+    EXPECT_EQ(stored(u"EnableQuickView"), "yes") << "nobody has touched it";
+    EXPECT_EQ(stored(u"EnableGlobalTasks"), "(none)");
+    EXPECT_EQ(stored(u"GlobalCalendar"), "(none)");
+
+    choose(open_settings);
+    EXPECT_FALSE(is_on(u"chkEnableGlobalCalendar")) << "it is read anew";
+    write(u"txtSavedEmailFolder", u"");
+    press(u"cmdOK");
+    EXPECT_EQ(stored(u"SavedEmailFolder"), "") << "as if it were not there";
+    EXPECT_EQ(message_texts(world()), Lines{});
+}
+
+TEST_F(FamilyMenu, ForgetsChangedSettingsThatAreCancelled) {
+    start_with_menu();
+    choose(open_settings);
+    press(u"chkNoContactButtons");
+    write(u"txtGlobalTasks", u"Elsewhere");
+    press(u"cmdCancel");
+    EXPECT_FALSE(settings_are_shown());
+    EXPECT_EQ(stored(u"NoContactButtons"), "(none)");
+    EXPECT_EQ(stored(u"GlobalTasks"), "(none)");
+}
+
+TEST_F(FamilyMenu, NamesTheSettingThatWasNotStoredAndKeepsItInTheWindow) {
+    start_with_menu();
+    choose(open_settings);
+    press(u"chkNoContactButtons");
+    const Text half{u'W', char16_t{0xD83D}};  // of a character: nothing that a code page has
+    write(u"txtGlobalTasks", half);
+    press(u"cmdOK");
+    ASSERT_TRUE(settings_are_shown());
+    EXPECT_EQ(message_texts(world()),
+              Lines{"Windows did not store this as it stands here: \"Shared task folder\"."});
+    EXPECT_EQ(setting(u"txtGlobalTasks").get(u"Text").to_text(), half);
+    EXPECT_EQ(stored(u"NoContactButtons"), "1") << "the others are";
+    write(u"txtGlobalTasks", u"Work");
+    press(u"cmdOK");
+    EXPECT_FALSE(settings_are_shown());
+    EXPECT_EQ(stored(u"GlobalTasks"), "Work");
+}
+
+TEST_F(FamilyMenu, LeavesToTheDatabaseWhatIsItsOwn) {
+    start_with_menu();
+    choose(open_settings);
+    EXPECT_FALSE(setting(u"txtTarnwellStoreID").get(u"Enabled").to_boolean());
+    EXPECT_TRUE(setting(u"txtTraceFile").get(u"Enabled").to_boolean());
+    EXPECT_TRUE(setting(u"chkPDAContactSync").get(u"Enabled").to_boolean());
 }
 
 TEST_F(FamilyMenu, ComesBackWithTheNextStartOfTheHost) {
