@@ -9,8 +9,6 @@
 namespace family {
 
 using automation::Failure;
-using automation::Object;
-using automation::Text;
 using automation::TextView;
 using automation::Value;
 using host::office::CommandBarControl;

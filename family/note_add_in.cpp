@@ -8,7 +8,6 @@ namespace family {
 
 using automation::Failure;
 using automation::Object;
-using automation::Text;
 
 Object note_add_in(Context& context) {
     const Failure not_there(automation::result::not_found, u"The Create Note add-in is not loaded.");
