@@ -2,6 +2,7 @@
 # `./tarnwell run` opens the desk for a person; `./tarnwell deliver` hands it mails.
 
 run_folder=$BUILD/run
+tour_folder=$BUILD/tour
 
 display_usable() { [[ -n ${DISPLAY:-} ]] && timeout 10 xdotool getdisplaygeometry >/dev/null 2>&1; }
 
@@ -70,23 +71,80 @@ deliver_samples() {
     }
 }
 
-# Without a display: the sample mails, delivered and read, and what the add-in made of each.
+# Without a display: the sample mails, delivered and read, and what the add-in made of each; then the ten steps of the first
+# page. Both stand in one page with pictures.
 show_tour() {
-    local folder=$BUILD/script file mails=() trace_file=$BUILD/logs/tour-trace.txt trace_content=1
+    local place=${TARNWELL_PLACE:-script} status=0
     say "there is no display, so this is a tour of the sample mails on a virtual one (with DISPLAY set, the desk opens)"
-    lock "$BUILD/script.lock" "a script runs; waiting for it"
-    mkdir -p "${trace_file%/*}"
-    rm -f "$trace_file"
+    lock "$BUILD/$place.lock" "a script runs; waiting for it"
     start_display
-    use_prefix script
-    prepare_desk "$folder" sample
+    use_prefix "$place"
+    begin_tour
+    tour_mails "$BUILD/$place" >"$tour_folder/mails.txt" || status=1
+    cat "$tour_folder/mails.txt"
+    say "going the ten steps of the first page"
+    tour_steps "$BUILD/$place" || status=1
+    make_tour_page
+    exit "$status"
+}
+
+# begin_tour: an empty folder for what the tour leaves, and the sample mails in `mails`.
+begin_tour() {
+    local file
+    rm -rf "$tour_folder"
+    mkdir -p "$tour_folder/raw" "$BUILD/logs"
+    mails=()
     for file in "$ROOT"/data/sample/mails/*.eml; do mails+=("$(windows_path "$file")"); done
+}
+
+# tour_mails FOLDER: prints what became of each mail in `mails`. Fails if one could not be delivered.
+tour_mails() {
+    local folder=$1 trace_file=$BUILD/logs/tour-trace.txt trace_content=1
+    rm -f "$trace_file"
+    prepare_desk "$folder" sample
     start_desk "$folder/program" "$folder/state"
     run_script 300 "$folder" "$ROOT/desk/scripts/tour.js" "${mails[@]}"
     watch_end "$folder"
     stop_wine
     rm -rf "$folder"
-    exit "$script_status"
+    return "$script_status"
+}
+
+# tour_steps FOLDER: goes the steps with `mails`; what they tell is in steps.txt of the tour's folder. Says which of them failed.
+tour_steps() {
+    local folder=$1 first_page=1 number state title what result gone=0 failed=0
+    prepare_desk "$folder" sample
+    friendly_rows | import_rows "$folder/friendly.reg"
+    start_desk "$folder/program" "$folder/state"
+    run_script 120 "$folder" "$ROOT/desk/scripts/first_steps.js" "$(windows_path "$tour_folder/raw")" "${mails[@]}" \
+        >"$tour_folder/steps.txt"
+    watch_end "$folder"
+    stop_wine
+    rm -rf "$folder"
+    while IFS=$'\t' read -r number state title what result; do
+        [[ $state != done ]] || gone=$((gone + 1))
+        [[ $state != failed ]] || {
+            say "step $number did not do what it says: $title ($result)"
+            failed=1
+        }
+    done <"$tour_folder/steps.txt"
+    say "$gone of 10 steps did what they say"
+    ((script_status == 0 && failed == 0 && gone == 10))
+}
+
+# make_tour_page: the page index.html of the tour, made of what both parts of the tour have left.
+make_tour_page() {
+    local file
+    for file in "$tour_folder"/raw/*.png; do
+        [[ -f $file ]] || continue
+        convert "$file" -trim +repage -strip -define png:exclude-chunks=date,time "$tour_folder/${file##*/}" ||
+            fail "the picture ${file##*/} could not be cut"
+    done
+    perl "$ROOT/packaging/tour/page.pl" "$tour_folder/steps.txt" "$tour_folder/mails.txt" "$tour_folder" >"$tour_folder/index.new" ||
+        fail "the page of the tour could not be written"
+    mv "$tour_folder/index.new" "$tour_folder/index.html"
+    rm -rf "$tour_folder/raw"
+    say "the page with the pictures: $tour_folder/index.html"
 }
 
 # deliver_command FILE...: one line for each file; one that fails does not keep the others back.
