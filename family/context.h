@@ -51,6 +51,13 @@ struct ShownTemplates {
     std::shared_ptr<TemplateList> window;
 };
 
+class FiledToday;
+
+struct ShownFiledToday {
+    std::shared_ptr<forms::Engine> engine;  // outlives the window
+    std::shared_ptr<FiledToday> window;
+};
+
 class SettingsForm;
 class SettingsLayout;
 
@@ -97,11 +104,19 @@ class Context {
     /// Throws `Failure` if the setting `Fail` lists the member, alone or behind its object's name and a dot.
     void check(automation::TextView object, automation::TextView member);
 
+    /// The time of a day as text, as the user's regional settings write it.
+    virtual automation::Text time_text(automation::Date date);
+
+    /// Starts `TarnwellAdmin.exe check` in a window of its own, and comes back at once. Throws `Failure` with
+    /// a sentence for a person if that program isn't there.
+    virtual void start_check();
+
     Memory& memory() { return memory_; }
 
     /// The windows that stay after the call that has shown them, by the kind of what they list.
     std::map<automation::Text, ShownTemplates>& shown_templates() { return shown_templates_; }
     ShownSettings& shown_settings() { return shown_settings_; }
+    ShownFiledToday& shown_filed_today() { return shown_filed_today_; }
     bool shows_windows() const;
     Menu& menu() { return menu_; }
     void close_windows();  ///< at the latest before the engine ends
@@ -111,6 +126,7 @@ class Context {
     Menu menu_{*this};
     std::map<automation::Text, ShownTemplates> shown_templates_;
     ShownSettings shown_settings_;
+    ShownFiledToday shown_filed_today_;
 };
 
 }  // namespace family

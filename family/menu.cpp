@@ -3,6 +3,7 @@
 #include "addin/host/host_events.h"
 #include "addin/host/office.h"
 #include "family/context.h"
+#include "family/filed_today.h"
 #include "family/note_add_in.h"
 #include "family/settings_form.h"
 
@@ -44,6 +45,10 @@ void open_panel_on_selected(const Chosen& chosen) {
 
 void open_settings(const Chosen& chosen) { show_settings(chosen.context); }
 
+void open_filed_today(const Chosen& chosen) { show_filed_today(chosen.context); }
+
+void check_set_up(const Chosen& chosen) { chosen.context.start_check(); }
+
 struct EntryRow {
     TextView caption;
     void (*run)(const Chosen& chosen);
@@ -51,7 +56,9 @@ struct EntryRow {
 constexpr std::array<EntryRow, Menu::entry_count> rows = {{
     {u"Search &Panel", open_panel},
     {u"Search Panel on the &Selected Item", open_panel_on_selected},
+    {u"What Was &Filed Today", open_filed_today},
     {u"Se&ttings...", open_settings},
+    {u"&Check This Set-up", check_set_up},
 }};
 
 /// Whatever fails is told to the person who has chosen the entry.
@@ -69,7 +76,11 @@ void Menu::put_up() {
     if (is_up()) return;
     const host::outlook::Application application(context_.application());
     application_.connect(events::application, application,
-                         {{u"Quit", [this](std::span<Value>) { let_go(); }}});
+                         {{u"Quit", [this](std::span<Value>) {
+                               Context& context = context_;  // what is captured ends with the connection
+                               let_go();
+                               context.close_windows();
+                           }}});
     const host::outlook::Explorers explorers = application.Explorers();
     explorers_.connect(events::explorers, explorers, {{u"NewExplorer", [this](std::span<Value> arguments) {
                                                            add_to(Explorer(arguments[0].to_object()));

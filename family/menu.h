@@ -26,7 +26,7 @@ class Menu {
 
     bool is_up() const { return static_cast<bool>(application_.source()); }
 
-    static constexpr std::size_t entry_count = 3;
+    static constexpr std::size_t entry_count = 5;
 
   private:
     struct InWindow {

@@ -40,6 +40,18 @@ Text shown_value(const SettingRow& row, const Text& stored) {
     return Text(stored == on ? on : off);
 }
 
+/// Stores a value. The add-in doesn't tell of every failure, so it is asked for what is there then.
+bool is_kept(const Object& add_in, const SettingRow& row, const Text& value) {
+    constexpr std::int32_t text_type = host::registry_type::text;
+    try {
+        add_in.call(u"SetKeyValue",
+                    {host::current_user, Value(row.key), Value(row.name), Value(value), text_type});
+        return stored_value(add_in, row) == value;
+    } catch (const automation::Failure&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 SettingsLayout::SettingsLayout() {
@@ -140,16 +152,13 @@ Text SettingsForm::shown(const SettingRow& row) {
 
 /// What was not touched stays as it is stored, whatever that is.
 void SettingsForm::store() {
-    constexpr std::int32_t text_type = host::registry_type::text;
     const Object add_in = note_add_in(context_);
     Text refused;
     for (std::size_t i = 0; i < before_.size(); ++i) {
         const SettingRow& row = setting_rows()[i];
         const Text value = shown(row);
         if (value == automation::trimmed(before_[i])) continue;
-        add_in.call(u"SetKeyValue",
-                    {host::current_user, Value(row.key), Value(row.name), Value(value), text_type});
-        if (stored_value(add_in, row) == value) {  // the add-in doesn't tell of a failure
+        if (is_kept(add_in, row, value)) {
             before_[i] = value;
         } else {
             refused += (refused.empty() ? u"\"" : u", \"") + Text(row.title) + u"\"";

@@ -3,6 +3,7 @@
 #include "addin/ground/product.h"
 #include "addin/server/desktop/windows_desktop.h"
 #include "automation/com/failure.h"
+#include "automation/com/module_file.h"
 #include "automation/com/variant.h"
 #include "family/windows/registry_list.h"
 
@@ -79,6 +80,33 @@ Text WindowsContext::number_text(double number) {
     windows::Bstr text;
     windows::check(VarBstrFromR8(number, LOCALE_USER_DEFAULT, 0, text.put()), u"VarBstrFromR8");
     return Text(text.view());
+}
+
+Text WindowsContext::time_text(automation::Date date) {
+    windows::Bstr text;
+    windows::check(VarBstrFromDate(date.days, LOCALE_USER_DEFAULT, VAR_TIMEVALUEONLY, text.put()),
+                   u"VarBstrFromDate");
+    return Text(text.view());
+}
+
+/// The program stands beside this library. It writes to a console, which stays for its reader.
+void WindowsContext::start_check() {
+    const Text library = windows::module_file();
+    const Text program = library.substr(0, library.rfind(u'\\') + 1) + u"TarnwellAdmin.exe";
+    if (GetFileAttributesW(windows::wide(program)) == INVALID_FILE_ATTRIBUTES) return Context::start_check();
+    Text shell(MAX_PATH, u'\0');
+    shell.resize(GetSystemDirectoryW(reinterpret_cast<wchar_t*>(shell.data()), MAX_PATH));
+    shell += u"\\cmd.exe";
+    std::wstring line(windows::wide(u"cmd.exe /k \"\"" + program + u"\" check\""));
+    STARTUPINFOW how{};
+    how.cb = sizeof how;
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(windows::wide(shell), line.data(), nullptr, nullptr, FALSE, CREATE_NEW_CONSOLE,
+                        nullptr, nullptr, &how, &started)) {
+        throw automation::Failure(automation::result::fail, u"TarnwellAdmin.exe could not be started.");
+    }
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
 }
 
 }  // namespace family

@@ -22,6 +22,8 @@ class WindowsContext : public Context {
     void tell(automation::TextView text) override;
     void record(automation::Text call) override;
     automation::Text number_text(double number) override;
+    automation::Text time_text(automation::Date date) override;
+    void start_check() override;
 
   private:
     struct CloseKey {

@@ -203,7 +203,7 @@ install_programs() {
     shift
     rm -rf "$folder"
     mkdir -p "$folder"
-    for file in desk.exe DocumentViewer.exe TarnwellNote.dll TarnwellFamily.dll "${desk_programs[@]}"; do
+    for file in desk.exe DocumentViewer.exe TarnwellNote.dll TarnwellFamily.dll TarnwellAdmin.exe "${desk_programs[@]}"; do
         for name in "$@"; do [[ ${name,,} != "${file,,}" ]] || continue 2; done
         [[ -f $BUILD/x64/bin/$file ]] || fail "$BUILD/x64/bin/$file is not there; the build is not complete"
         cp "$BUILD/x64/bin/$file" "$folder/"

@@ -15,15 +15,16 @@ using host::outlook::Item;
 
 constexpr TextView menu_tag = u"TarnwellMenu", open_panel = u"Search &Panel",
                    open_on_selected = u"Search Panel on the &Selected Item", open_settings = u"Se&ttings...",
-                   settings_window = u"Settings of Create Note";
+                   settings_window = u"Settings of Create Note", open_filed_today = u"What Was &Filed Today",
+                   filed_window = u"What Was Filed Today";
 
 class FamilyMenu : public Acceptance {
   protected:
     void TearDown() override { panel_.reset(); }
 
     /// A desk that was started with the menu wanted.
-    void start_with_menu(bool add_in = true) {
-        with({.add_in = add_in, .started = false}).family(u"Menu", u"1");
+    void start_with_menu(const std::string& database = "empty") {
+        with({.database = database, .started = false}).family(u"Menu", u"1");
         world().start();
         panel_ = std::make_unique<SearchPanel>(world());
     }
@@ -37,6 +38,25 @@ class FamilyMenu : public Acceptance {
         world().settle();
     }
     void choose(TextView entry) { choose(first_window(), entry); }
+
+    Object in_filed(TextView control) {
+        return window_of(world(), filed_window).call(u"Control", {Value(control)}).to_object();
+    }
+    /// What the window of today's notes says of their number, and each of them.
+    Lines filed_today() {
+        Lines lines{shown(in_filed(u"lblCount").get(u"Text").to_text())};
+        const Object list = in_filed(u"lstNotes");
+        constexpr std::int32_t first_after_time = 1, last = 4;
+        for (std::int32_t row = 1; row <= list.get(u"Count").to_integer(); ++row) {
+            std::string line;
+            for (std::int32_t column = first_after_time; column <= last; ++column) {
+                const Object cells = list.call(u"Item", {row}).to_object();
+                line += (line.empty() ? "" : "|") + shown(cells.get(u"SubItems", {column}).to_text());
+            }
+            lines.push_back(line);
+        }
+        return lines;
+    }
 
     bool settings_are_shown() { return is_shown(window_of(world(), settings_window)); }
     Object setting(TextView control) {
@@ -178,12 +198,57 @@ TEST_F(FamilyMenu, NamesTheSettingThatWasNotStoredAndKeepsItInTheWindow) {
     EXPECT_EQ(stored(u"GlobalTasks"), "Work");
 }
 
+TEST_F(FamilyMenu, ListsWhatWasFiledToday) {
+    start_with_menu("sample");  // its own notes are older
+    choose(open_filed_today);
+    EXPECT_EQ(filed_today(), Lines{"Nothing was filed today."});
+    add_note(world(), u"Call back", {{u"Account Name", u"North Mill Ltd"}, {u"Contact Name", u"Ann North"}});
+    in_filed(u"cmdRefresh").call(u"Click");
+    world().settle();
+    EXPECT_EQ(filed_today(), (Lines{"One note was made today.", "Call back|North Mill Ltd|Ann North|"}));
+
+    in_filed(u"lstNotes").call(u"Select", {1});
+    in_filed(u"cmdOpen").call(u"Click");
+    world().settle();
+    const Object opened = world().application().call(u"ActiveInspector").to_object();
+    EXPECT_EQ(shown(Item(opened.get(u"CurrentItem").to_object()).Subject()), "Call back");
+    opened.call(u"Close", {1});
+    in_filed(u"cmdClose").call(u"Click");
+    world().settle();
+    EXPECT_FALSE(is_shown(window_of(world(), filed_window)));
+    EXPECT_EQ(message_texts(world()), Lines{});
+}
+
+TEST_F(FamilyMenu, TellsThatANoteOfTheListWasDeletedMeanwhile) {
+    start_with_menu();
+    const Item note = add_note(world(), u"Call back", {});
+    choose(open_filed_today);
+    note.call(u"Delete");
+    in_filed(u"lstNotes").call(u"Select", {1});
+    in_filed(u"cmdOpen").call(u"Click");
+    world().settle();
+    EXPECT_EQ(message_texts(world()).size(), 1U);
+}
+
 TEST_F(FamilyMenu, LeavesToTheDatabaseWhatIsItsOwn) {
     start_with_menu();
     choose(open_settings);
     EXPECT_FALSE(setting(u"txtTarnwellStoreID").get(u"Enabled").to_boolean());
     EXPECT_TRUE(setting(u"txtTraceFile").get(u"Enabled").to_boolean());
     EXPECT_TRUE(setting(u"chkPDAContactSync").get(u"Enabled").to_boolean());
+}
+
+TEST_F(FamilyMenu, ClosesItsWindowsWithTheHost) {
+    start_with_menu();
+    choose(open_settings);
+    write(u"txtGlobalTasks", u"Elsewhere");
+    choose(open_filed_today);
+    world().quit();
+    world().start();
+    EXPECT_FALSE(settings_are_shown());
+    EXPECT_EQ(stored(u"GlobalTasks"), "(none)");
+    choose(open_settings);
+    EXPECT_TRUE(settings_are_shown());
 }
 
 TEST_F(FamilyMenu, ComesBackWithTheNextStartOfTheHost) {

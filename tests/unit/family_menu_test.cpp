@@ -1,6 +1,7 @@
 // The family's menu, asked for in one process with the host.
 #include "tests/native/native_world.h"
 #include "tests/world/bars.h"
+#include "tests/world/note_dialog.h"
 
 namespace {
 
@@ -16,6 +17,21 @@ TEST(MenuOfTheFamily, IsPutUpOnceHoweverOftenTheFamilyIsAskedFor) {
     EXPECT_EQ(menus(), 1);
     world.system().make(u"Tarnwell.connect");
     EXPECT_EQ(menus(), 1);
+}
+
+TEST(MenuOfTheFamily, TellsThatTheProgramThatChecksASetUpIsNotThere) {
+    native::NativeWorld world({.add_in = false, .started = false});
+    world.family(u"Menu", u"1");
+    world.start();
+    world.system().make(u"Tarnwell.connect");
+    acceptance::find_control(world.application().ActiveExplorer(), u"Menu Bar", u"TarnwellMenu")
+        .get(u"Controls")
+        .to_object()
+        .get(u"Item", {automation::Value(u"&Check This Set-up")})
+        .to_object()
+        .call(u"Execute");
+    EXPECT_EQ(acceptance::message_texts(world),
+              acceptance::Lines{"TarnwellAdmin.exe, which checks a set-up, is not there."});
 }
 
 }  // namespace

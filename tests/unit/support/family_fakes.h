@@ -70,7 +70,7 @@ inline std::shared_ptr<Fake> fake(std::map<Text, Value> properties = {}) {
     return made;
 }
 
-/// A collection, counted from 1.
+/// A collection, counted from 1; every condition holds for all of it.
 inline std::shared_ptr<Fake> collection(const std::vector<Object>& elements) {
     auto made = fake({{u"Count", static_cast<std::int32_t>(elements.size())}});
     made->functions[u"Item"] = [elements](std::vector<Value>& arguments) -> Value {
@@ -78,6 +78,9 @@ inline std::shared_ptr<Fake> collection(const std::vector<Object>& elements) {
         if (index < 1 || index > static_cast<std::int32_t>(elements.size()))
             throw Failure(automation::result::bad_index);
         return elements[static_cast<std::size_t>(index) - 1];
+    };
+    made->functions[u"Restrict"] = [elements](std::vector<Value>&) -> Value {
+        return Object(collection(elements));
     };
     return made;
 }
